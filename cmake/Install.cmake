@@ -1,0 +1,24 @@
+# The installed package: find_package(qrtVistrelClasses4), then link qrtVistrelClasses4::qrtVistrelClasses4.
+include(CMakePackageConfigHelpers)
+
+install(TARGETS qrtVistrelClasses4 EXPORT qrtVistrelClasses4Targets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+foreach(room ${QRT_INSTALLED_ROOMS})
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/${room}
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/qrtVistrelClasses4
+        FILES_MATCHING PATTERN "*.h"
+        PATTERN memory EXCLUDE PATTERN posix EXCLUDE PATTERN windows EXCLUDE)
+endforeach()
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/qrtVistrelClasses4)
+install(EXPORT qrtVistrelClasses4Targets NAMESPACE qrtVistrelClasses4:: DESTINATION ${package_dir})
+file(WRITE ${PROJECT_BINARY_DIR}/qrtVistrelClasses4Config.cmake
+    "include(\"\${CMAKE_CURRENT_LIST_DIR}/qrtVistrelClasses4Targets.cmake\")\n")
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/qrtVistrelClasses4ConfigVersion.cmake
+    COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/qrtVistrelClasses4Config.cmake
+    ${PROJECT_BINARY_DIR}/qrtVistrelClasses4ConfigVersion.cmake DESTINATION ${package_dir})
+if(TARGET vistrel)
+    install(TARGETS vistrel RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()
+if(TARGET qrtVistrelClasses4_server)
+    install(TARGETS qrtVistrelClasses4_server RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+endif()

@@ -1,0 +1,91 @@
+// Everything the library asks of the machine it runs on.
+#pragma once
+
+#include "platform/FileSystem.h"
+#include "platform/MessageBoxes.h"
+#include "platform/ProfileFile.h"
+#include "platform/RegistryStore.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace qrtVistrelClasses4 {
+
+/// Shell number of the user's documents folder.
+inline constexpr int kDocumentsFolder = 5;
+
+/// A moment in the user's time zone.
+struct LocalTime {
+    int year = 0;    ///< With the century.
+    int month = 0;   ///< 1 to 12.
+    int day = 0;     ///< 1 to 31.
+    int hour = 0;    ///< 0 to 23.
+    int minute = 0;  ///< 0 to 59.
+    int second = 0;  ///< 0 to 60.
+    int weekday = 0; ///< 0 (Sunday) to 6.
+};
+
+/// Services are owned by the platform and live as long as it does.
+class Platform {
+public:
+    virtual ~Platform() = default;
+
+    virtual FileSystem& files() = 0;
+    virtual RegistryStore& registry() = 0;
+    virtual MessageBoxes& messageBoxes() = 0;
+
+    virtual std::unique_ptr<ProfileFile> openProfile(const std::string& path) = 0;
+    /// The INI file that belongs to the system itself ("win.ini").
+    virtual std::string systemProfilePath() = 0;
+
+    /// Folder that the library was loaded from; it ends in a separator only when it is a root.
+    virtual std::string libraryFolder() = 0;
+    /// Path of a shell special folder, as the system gives it; none for a number it does not know.
+    virtual std::optional<std::string> specialFolder(int number) = 0;
+
+    virtual LocalTime localTime() = 0;
+};
+
+struct PlatformOptions {
+    /// One folder that stands for the library's folder and the user's documents and holds the settings store,
+    /// so that nothing outside it is touched. Empty for the machine's own places. Not supported on Windows.
+    std::string home;
+};
+
+/// The machine's own services.
+std::unique_ptr<Platform> makePlatform(const PlatformOptions& options = {});
+
+/// The platform that the library uses now: the one installed last, else the machine's own, made on first use.
+Platform& platform();
+
+/// Puts another platform in place for as long as this object lives. `replacement` must outlive it.
+class ScopedPlatform {
+public:
+    explicit ScopedPlatform(Platform& replacement);
+    ~ScopedPlatform();
+    ScopedPlatform(const ScopedPlatform&) = delete;
+    ScopedPlatform& operator=(const ScopedPlatform&) = delete;
+
+private:
+    Platform* previous_;
+};
+
+/// Shows `message` in the boxes installed last, else in the platform's own.
+MessageAnswer showMessage(const Message& message);
+/// The boxes that `showMessage` uses now.
+MessageBoxes& messageBoxes();
+
+/// Puts other message boxes in place for as long as this object lives. `replacement` must outlive it.
+class ScopedMessageBoxes {
+public:
+    explicit ScopedMessageBoxes(MessageBoxes& replacement);
+    ~ScopedMessageBoxes();
+    ScopedMessageBoxes(const ScopedMessageBoxes&) = delete;
+    ScopedMessageBoxes& operator=(const ScopedMessageBoxes&) = delete;
+
+private:
+    MessageBoxes* previous_;
+};
+
+} // namespace qrtVistrelClasses4

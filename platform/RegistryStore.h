@@ -1,0 +1,56 @@
+// String values in a tree of keys: the Windows registry, or a file that stands in for it.
+#pragma once
+
+#include "platform/SystemError.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+
+/// The predefined root keys, by the numbers that Windows gives them.
+enum class RegistryHive : std::uint32_t {
+    classesRoot = 0x80000000,
+    currentUser = 0x80000001,
+    localMachine = 0x80000002,
+    users = 0x80000003,
+};
+
+struct RegistryKey {
+    RegistryHive hive = RegistryHive::localMachine;
+    /// Parts separated by "\" on every machine, compared without regard to case.
+    std::string path;
+};
+
+class RegistryStore {
+public:
+    virtual ~RegistryStore() = default;
+
+    virtual bool keyExists(const RegistryKey& key) = 0;
+    /// Makes the key with the keys above it; an existing key is left alone.
+    virtual SystemError createKey(const RegistryKey& key) = 0;
+    /// Removes the key and all below it. A missing key is `fileNotFound`.
+    virtual SystemError deleteKey(const RegistryKey& key) = 0;
+    virtual SystemError deleteValue(const RegistryKey& key, std::string_view name) = 0;
+
+    /// `fileNotFound` when key or value is missing or the value is not a string.
+    virtual Result<std::string> readString(const RegistryKey& key, std::string_view name) = 0;
+    /// Makes the key when it is missing.
+    virtual SystemError writeString(const RegistryKey& key, std::string_view name,
+                                    std::string_view value) = 0;
+
+    /// Names of the keys directly below, in the store's order.
+    virtual Result<std::vector<std::string>> subkeys(const RegistryKey& key) = 0;
+    /// Names of the values of the key, in the store's order.
+    virtual Result<std::vector<std::string>> valueNames(const RegistryKey& key) = 0;
+
+    /// The same on another machine of the network; `unsupported` where there is no such service.
+    virtual Result<std::string> readRemoteString(const std::string& machine, const RegistryKey& key,
+                                                 std::string_view name) = 0;
+    virtual SystemError writeRemoteString(const std::string& machine, const RegistryKey& key,
+                                          std::string_view name, std::string_view value) = 0;
+};
+
+} // namespace qrtVistrelClasses4

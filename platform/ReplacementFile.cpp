@@ -1,0 +1,59 @@
+#include "platform/ReplacementFile.h"
+
+#include "platform/Path.h"
+
+#include <utility>
+
+namespace qrtVistrelClasses4 {
+
+ReplacementFile::ReplacementFile(FileSystem& files, const std::string& path)
+    : files_(files), path_(files.resolveLinks(path)) {
+    // A rename would also replace a file that its owner has protected, so ask first.
+    if (note(files_.mayWrite(path_)) != SystemError::none)
+        return;
+    if (auto beside = files_.createBeside(path_)) {
+        temporaryPath_ = std::move(beside.value.path);
+        file_ = std::move(beside.value.file);
+    } else if (beside.error == SystemError::accessDenied && files_.kindOf(path_) == EntryKind::file) {
+        auto inPlace = files_.open(path_, OpenMode::replace);
+        file_ = std::move(inPlace.value);
+        error_ = inPlace.error;
+    } else {
+        error_ = beside.error;
+    }
+}
+
+ReplacementFile::~ReplacementFile() {
+    file_.reset();
+    if (!temporaryPath_.empty())
+        (void)files_.remove(temporaryPath_); // nothing better can be done about a failure here
+}
+
+SystemError ReplacementFile::write(std::string_view bytes) {
+    return error_ == SystemError::none ? note(file_->write(bytes)) : error_;
+}
+
+SystemError ReplacementFile::commit() {
+    if (error_ != SystemError::none)
+        return error_;
+    // The new bytes must be on the disk before the name points to them.
+    if (note(file_->flush()) != SystemError::none || note(file_->close()) != SystemError::none)
+        return error_;
+    file_.reset();
+    if (temporaryPath_.empty())
+        return error_;
+    if (note(files_.moveOver(temporaryPath_, path_)) != SystemError::none)
+        return error_;
+    temporaryPath_.clear();
+    // The new file is in place whatever becomes of this: some file systems cannot flush a folder.
+    (void)files_.flushFolder(std::string(SplitPath(path_).folder));
+    return error_;
+}
+
+SystemError ReplacementFile::note(SystemError result) {
+    if (error_ == SystemError::none)
+        error_ = result;
+    return result;
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,39 @@
+// Saving without ever losing what was there.
+#pragma once
+
+#include "platform/FileSystem.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace qrtVistrelClasses4 {
+
+/// A new version of a file. It is written beside the old one and takes its place in `commit`, so that a save
+/// cut short at any moment leaves the complete old file or the complete new one. Only where the folder takes
+/// no new file but the old one may be written is it written in place. Unless committed, the new version is
+/// removed.
+class ReplacementFile {
+public:
+    /// `files` must outlive this object.
+    ReplacementFile(FileSystem& files, const std::string& path);
+    ~ReplacementFile();
+    ReplacementFile(const ReplacementFile&) = delete;
+    ReplacementFile& operator=(const ReplacementFile&) = delete;
+
+    /// The first failure so far, opening included. After one, writing does nothing more.
+    SystemError error() const { return error_; }
+    SystemError write(std::string_view bytes);
+    SystemError commit();
+
+private:
+    SystemError note(SystemError result);
+
+    FileSystem& files_;
+    std::string path_;
+    std::string temporaryPath_; ///< Empty when writing in place.
+    std::unique_ptr<OutputFile> file_;
+    SystemError error_ = SystemError::none;
+};
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,142 @@
+// A machine that exists in memory only: the same on every run, and every failure can be had.
+#pragma once
+
+#include "platform/IniProfileFile.h"
+#include "platform/Path.h"
+#include "platform/Platform.h"
+#include "platform/TreeRegistryStore.h"
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+
+/// What is asked of a `MemoryFileSystem`, told before it happens.
+struct FileOperation {
+    enum Kind {
+        look, ///< Kind, size, right to write, spelling.
+        read,
+        open,
+        write,
+        flush,
+        close,
+        rename,
+        flushFolder,
+        remove,
+        createFolder,
+    };
+    Kind kind = look;
+    std::string path;
+    std::string target;     ///< Of a `rename`.
+    std::string_view bytes; ///< Of a `write`.
+};
+
+/// Files and folders of one machine. Both separators are understood. The roots exist from the
+/// start, and one of them is the current folder.
+class MemoryFileSystem final : public FileSystem {
+public:
+    EntryKind kindOf(const std::string& path) override;
+    Result<std::uint64_t> sizeOf(const std::string& path) override;
+    Result<FileBytes> read(const std::string& path) override;
+    Result<std::unique_ptr<OutputFile>> open(const std::string& path, OpenMode mode) override;
+    Result<TemporaryFile> createBeside(const std::string& path) override;
+    SystemError mayWrite(const std::string& path) override;
+    SystemError moveOver(const std::string& from, const std::string& to) override;
+    SystemError flushFolder(const std::string& folder) override;
+    SystemError remove(const std::string& path) override;
+    SystemError createFolder(const std::string& path) override;
+    SystemError copy(const std::string& from, const std::string& to) override;
+    std::string resolveLinks(const std::string& path) override { return path; }
+    std::string fullName(const std::string& path) override;
+    std::string existingName(const std::string& path) override;
+    bool isFixedDrive(const std::string& path) override;
+
+    /// Puts a file, with the folders above it, asking nobody.
+    void put(const std::string& path, std::string_view content);
+    /// The content of a file; none when there is no such file.
+    std::optional<std::string> content(const std::string& path) const;
+    void makeFolders(const std::string& path);
+    /// Names of all files, in order.
+    std::vector<std::string> fileNames() const;
+    /// A read-only file takes no new bytes; a read-only folder takes and gives up no entries.
+    void setReadOnly(const std::string& path, bool readOnly = true);
+    /// Paths that start so do not lie on a fixed drive.
+    void addLooseDrive(const std::string& prefix) { looseDrives_.insert(normal(prefix)); }
+
+    /// Bytes that may still be written; none when the disk is endless.
+    std::optional<std::uint64_t> bytesLeft;
+    /// Sees every operation first; anything but `none` makes it fail so.
+    std::function<SystemError(const FileOperation&)> observer;
+
+private:
+    friend class MemoryOutputFile;
+    struct Entry {
+        std::shared_ptr<std::string> content; ///< None for a folder.
+        bool readOnly = false;
+    };
+
+    SystemError perform(const FileOperation& operation);
+    SystemError append(const std::string& path, std::string& content, std::string_view bytes);
+    SystemError mayAdd(const std::string& path) const;
+    EntryKind kind(const std::string& path) const;
+    const Entry* find(const std::string& path) const;
+    static std::string normal(std::string_view path);
+
+    std::map<std::string, Entry> entries_; ///< By path without a separator at its end.
+    std::set<std::string> looseDrives_;
+    unsigned temporaryFiles_ = 0;
+};
+
+class MemoryRegistryStore final : public TreeRegistryStore {
+private:
+    const RegistryTree& tree() override { return tree_; }
+    SystemError change(const Edit& edit) override { return edit(tree_); }
+
+    RegistryTree tree_;
+};
+
+/// Notes what is shown and answers as told beforehand; else `no`, or `ok` where that is the only button.
+class MemoryMessageBoxes final : public MessageBoxes {
+public:
+    MessageAnswer show(const Message& message) override;
+    bool attended() override { return isAttended; }
+
+    std::vector<Message> shown;
+    std::deque<MessageAnswer> answers;
+    bool isAttended = true;
+};
+
+class MemoryPlatform final : public Platform {
+public:
+    MemoryPlatform();
+
+    MemoryFileSystem& files() override { return files_; }
+    MemoryRegistryStore& registry() override { return registry_; }
+    MemoryMessageBoxes& messageBoxes() override { return boxes_; }
+    std::unique_ptr<ProfileFile> openProfile(const std::string& path) override {
+        return std::make_unique<IniProfileFile>(files_, path);
+    }
+    std::string systemProfilePath() override { return JoinPath(library, "win.ini"); }
+    std::string libraryFolder() override { return library; }
+    std::optional<std::string> specialFolder(int number) override;
+    LocalTime localTime() override { return time; }
+
+    std::string library; ///< Folder that the library claims to be loaded from; exists from the start.
+    std::map<int, std::string>
+        specialFolders; ///< By shell number; the documents folder exists from the start.
+    LocalTime time{2001, 2, 3, 4, 5, 6, 6};
+
+private:
+    MemoryFileSystem files_;
+    MemoryRegistryStore registry_;
+    MemoryMessageBoxes boxes_;
+};
+
+} // namespace qrtVistrelClasses4

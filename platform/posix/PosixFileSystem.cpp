@@ -1,0 +1,263 @@
+#include "platform/posix/PosixFileSystem.h"
+
+#include "platform/LetterCase.h"
+#include "platform/Path.h"
+#include "platform/ReplacementFile.h"
+#include "platform/TemporaryName.h"
+#include "platform/posix/PosixSystem.h"
+
+#include <algorithm>
+#include <array>
+#include <dirent.h>
+#include <fcntl.h>
+#include <limits.h>
+#include <stdlib.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr std::size_t kLargestFile = std::size_t{1} << 31;
+/// Rights of a new file, before the user's mask.
+constexpr unsigned kNewFileMode = 0666;
+
+class PosixOutputFile final : public OutputFile {
+public:
+    PosixOutputFile(Descriptor file, std::string path) : file_(std::move(file)), path_(std::move(path)) {}
+
+    SystemError write(std::string_view bytes) override;
+    SystemError flush() override;
+    SystemError close() override { return file_.close() == 0 ? SystemError::none : errorOn(path_); }
+
+private:
+    Descriptor file_;
+    std::string path_;
+};
+
+SystemError PosixOutputFile::write(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written =
+            uninterrupted([&] { return ::write(file_.number(), bytes.data(), bytes.size()); });
+        if (written == -1)
+            return errorOn(path_);
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return SystemError::none;
+}
+
+SystemError PosixOutputFile::flush() {
+    if (uninterrupted([&] { return ::fsync(file_.number()); }) == 0)
+        return SystemError::none;
+    // Some file systems have nothing to flush.
+    return errno == EINVAL || errno == ENOTSUP ? SystemError::none : errorOn(path_);
+}
+
+std::unique_ptr<OutputFile> outputFile(Descriptor file, const std::string& path) {
+    return std::make_unique<PosixOutputFile>(std::move(file), path);
+}
+
+/// The file `path` opened for reading, when it is a plain one.
+struct Source {
+    Descriptor file;
+    struct stat status {};
+};
+
+Result<Source> openSource(const std::string& path) {
+    Source source;
+    // Without O_NONBLOCK, opening a pipe would wait for somebody to write to it.
+    source.file = openDescriptor(path, O_RDONLY | O_NONBLOCK);
+    if (!source.file || ::fstat(source.file.number(), &source.status) != 0)
+        return errorOn(path);
+    if (!S_ISREG(source.status.st_mode))
+        return SystemError::accessDenied;
+    return source;
+}
+
+bool isSameFile(const struct stat& one, const struct stat& other) {
+    return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+FileBytes makeBytes(std::size_t capacity) { return {std::make_unique_for_overwrite<char[]>(capacity), 0}; }
+
+/// Reads to the end of the file, which may have grown or shrunk since its size was asked for.
+Result<FileBytes> readToEnd(int file, std::size_t expectedSize, const std::string& path) {
+    std::size_t capacity = expectedSize + 1; // the end shows without more room
+    FileBytes bytes = makeBytes(capacity);
+    for (;;) {
+        const ssize_t count =
+            uninterrupted([&] { return ::read(file, bytes.data.get() + bytes.size, capacity - bytes.size); });
+        if (count == -1)
+            return errorOn(path);
+        if (count == 0)
+            return bytes;
+        bytes.size += static_cast<std::size_t>(count);
+        if (bytes.size > kLargestFile)
+            return SystemError::tooLarge;
+        if (bytes.size == capacity) {
+            capacity *= 2;
+            FileBytes larger = makeBytes(capacity);
+            larger.size = bytes.text().copy(larger.data.get(), bytes.size);
+            bytes = std::move(larger);
+        }
+    }
+}
+
+/// Gives a new file the rights of the one it will replace, as far as this user may.
+void takeOverRights(int file, const struct stat& old) {
+    struct stat now {};
+    if (::fstat(file, &now) != 0)
+        return;
+    if (now.st_uid != old.st_uid || now.st_gid != old.st_gid)
+        if (::fchown(file, old.st_uid, old.st_gid) != 0)
+            (void)!::fchown(file, static_cast<uid_t>(-1), old.st_gid);
+    (void)::fchmod(file, old.st_mode & 0777);
+}
+
+SystemError copyBytes(const Source& source, const std::string& from, ReplacementFile& target) {
+    std::array<char, 64 * 1024> buffer;
+    for (;;) {
+        const ssize_t count =
+            uninterrupted([&] { return ::read(source.file.number(), buffer.data(), buffer.size()); });
+        if (count == -1)
+            return errorOn(from);
+        if (count == 0)
+            return SystemError::none;
+        if (const auto error = target.write({buffer.data(), static_cast<std::size_t>(count)});
+            error != SystemError::none)
+            return error;
+    }
+}
+
+} // namespace
+
+EntryKind PosixFileSystem::kindOf(const std::string& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0)
+        return EntryKind::missing;
+    if (S_ISREG(status.st_mode))
+        return EntryKind::file;
+    return S_ISDIR(status.st_mode) ? EntryKind::folder : EntryKind::other;
+}
+
+Result<std::uint64_t> PosixFileSystem::sizeOf(const std::string& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0)
+        return errorOn(path);
+    if (!S_ISREG(status.st_mode))
+        return SystemError::accessDenied;
+    return static_cast<std::uint64_t>(status.st_size);
+}
+
+Result<FileBytes> PosixFileSystem::read(const std::string& path) {
+    const auto source = openSource(path);
+    if (!source)
+        return source.error;
+    const auto size = static_cast<std::size_t>(source.value.status.st_size);
+    if (size > kLargestFile)
+        return SystemError::tooLarge;
+    return readToEnd(source.value.file.number(), size, path);
+}
+
+Result<std::unique_ptr<OutputFile>> PosixFileSystem::open(const std::string& path, OpenMode mode) {
+    const int flags = O_WRONLY | O_CREAT | (mode == OpenMode::append ? O_APPEND : O_TRUNC);
+    Descriptor file = openDescriptor(path, flags, kNewFileMode);
+    if (!file)
+        return errorOn(path);
+    return outputFile(std::move(file), path);
+}
+
+Result<TemporaryFile> PosixFileSystem::createBeside(const std::string& path) {
+    const std::string folder = path.substr(0, path.rfind('/') + 1); // "" without one
+    struct stat old {};
+    const bool replaces = ::stat(path.c_str(), &old) == 0;
+    for (;;) {
+        std::string name = folder + TemporaryName();
+        // Nobody may read the new version of a private file, not even while it is made.
+        Descriptor file = openDescriptor(name, O_WRONLY | O_CREAT | O_EXCL, replaces ? 0600 : kNewFileMode);
+        if (!file && errno == EEXIST)
+            continue;
+        if (!file)
+            return errorOn(name);
+        if (replaces)
+            takeOverRights(file.number(), old);
+        auto output = outputFile(std::move(file), name);
+        return TemporaryFile{std::move(name), std::move(output)};
+    }
+}
+
+SystemError PosixFileSystem::mayWrite(const std::string& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) {
+        const SystemError error = errorOn(path);
+        return error == SystemError::fileNotFound ? SystemError::none : error;
+    }
+    if (!S_ISREG(status.st_mode))
+        return SystemError::accessDenied;
+    return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 ? SystemError::none : errorOn(path);
+}
+
+SystemError PosixFileSystem::moveOver(const std::string& from, const std::string& to) {
+    return ::rename(from.c_str(), to.c_str()) == 0 ? SystemError::none : errorOn(from);
+}
+
+SystemError PosixFileSystem::flushFolder(const std::string& folder) {
+    const Descriptor opened = openDescriptor(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
+    if (!opened)
+        return errorOn(folder);
+    return uninterrupted([&] { return ::fsync(opened.number()); }) == 0 ? SystemError::none : errorOn(folder);
+}
+
+SystemError PosixFileSystem::remove(const std::string& path) {
+    return ::unlink(path.c_str()) == 0 ? SystemError::none : errorOn(path);
+}
+
+SystemError PosixFileSystem::createFolder(const std::string& path) {
+    return ::mkdir(path.c_str(), 0777) == 0 ? SystemError::none : errorOn(path);
+}
+
+SystemError PosixFileSystem::copy(const std::string& from, const std::string& to) {
+    const auto source = openSource(from);
+    if (!source)
+        return source.error;
+    struct stat target {};
+    if (::stat(to.c_str(), &target) == 0 && isSameFile(source.value.status, target))
+        return SystemError::none;
+    ReplacementFile file(*this, to);
+    if (const auto error = copyBytes(source.value, from, file); error != SystemError::none)
+        return error;
+    return file.commit();
+}
+
+std::string PosixFileSystem::resolveLinks(const std::string& path) {
+    struct stat status {};
+    if (::lstat(path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode))
+        return path;
+    std::array<char, PATH_MAX> resolved;
+    return ::realpath(path.c_str(), resolved.data()) ? resolved.data() : path;
+}
+
+std::string PosixFileSystem::fullName(const std::string& path) {
+    std::array<char, PATH_MAX> folder;
+    if (IsRootedPath(path) || !::getcwd(folder.data(), folder.size()))
+        return path;
+    return JoinPath(folder.data(), path);
+}
+
+std::string PosixFileSystem::existingName(const std::string& path) {
+    struct stat status {};
+    if (::lstat(path.c_str(), &status) == 0)
+        return path;
+    const std::size_t nameStart = path.rfind('/') + 1; // 0 without one
+    const std::string wanted = AnsiUpper(std::string_view(path).substr(nameStart));
+    const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(folderOf(path).c_str()), &::closedir);
+    std::string found; // of several, the first by its letters, whatever the order in the folder
+    while (const dirent* entry = folder ? ::readdir(folder.get()) : nullptr) {
+        std::string name = entry->d_name;
+        if (AnsiUpper(name) == wanted && (found.empty() || name < found))
+            found = std::move(name);
+    }
+    return found.empty() ? path : path.substr(0, nameStart) + found;
+}
+
+} // namespace qrtVistrelClasses4

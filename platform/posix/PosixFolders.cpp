@@ -1,0 +1,115 @@
+#include "platform/posix/PosixFolders.h"
+
+#include "platform/Path.h"
+#include "platform/Platform.h"
+#include "platform/posix/PosixSystem.h"
+
+#include <array>
+#include <dlfcn.h>
+#include <limits.h>
+#include <link.h>
+#include <pwd.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+struct UserFolder {
+    int shellNumber;
+    std::string_view variable;
+    std::string_view usualName;
+};
+
+constexpr std::array<UserFolder, 6> kUserFolders{{
+    {0, "XDG_DESKTOP_DIR", "Desktop"},
+    {kDocumentsFolder, "XDG_DOCUMENTS_DIR", "Documents"},
+    {13, "XDG_MUSIC_DIR", "Music"},
+    {14, "XDG_VIDEOS_DIR", "Videos"},
+    {16, "XDG_DESKTOP_DIR", "Desktop"},
+    {39, "XDG_PICTURES_DIR", "Pictures"},
+}};
+
+std::string environment(const char* name) {
+    const char* value = ::getenv(name);
+    return value ? value : "";
+}
+
+/// `text` starts behind a quote: what stands before the next one that no "\" makes part of the text.
+std::string upToQuote(std::string_view text) {
+    std::string result;
+    for (std::size_t i = 0; i < text.size() && text[i] != '"'; ++i) {
+        if (text[i] == '\\' && i + 1 < text.size())
+            ++i;
+        result += text[i];
+    }
+    return result;
+}
+
+} // namespace
+
+std::string userHome() {
+    if (std::string home = environment("HOME"); !home.empty())
+        return home;
+    const passwd* user = ::getpwuid(::geteuid());
+    return user && user->pw_dir ? user->pw_dir : "/";
+}
+
+std::string configurationFolder() {
+    std::string folder = environment("XDG_CONFIG_HOME");
+    return IsRootedPath(folder) ? folder : JoinPath(userHome(), ".config");
+}
+
+std::string userDirectory(std::string_view text, std::string_view variable, std::string_view home) {
+    const std::string assignment = std::string(variable) + "=\"";
+    for (std::string_view rest = text; !rest.empty();) {
+        std::string_view line = rest.substr(0, rest.find('\n'));
+        rest.remove_prefix(std::min(rest.size(), line.size() + 1));
+        if (!line.starts_with(assignment))
+            continue;
+        constexpr std::string_view homeVariable = "$HOME";
+        line.remove_prefix(assignment.size());
+        const bool isBelowHome = line.starts_with(homeVariable);
+        if (isBelowHome)
+            line.remove_prefix(homeVariable.size());
+        std::string folder = std::string(isBelowHome ? home : "") + upToQuote(line);
+        return IsRootedPath(folder) ? folder : std::string();
+    }
+    return {};
+}
+
+std::optional<std::string> userFolder(FileSystem& files, int shellNumber) {
+    for (const UserFolder& folder : kUserFolders) {
+        if (folder.shellNumber != shellNumber)
+            continue;
+        const auto directories = files.read(JoinPath(configurationFolder(), "user-dirs.dirs"));
+        std::string path = userDirectory(directories.value.text(), folder.variable, userHome());
+        return path.empty() ? JoinPath(userHome(), folder.usualName) : path;
+    }
+    return {};
+}
+
+SystemError makeFolders(FileSystem& files, const std::string& folder) {
+    if (files.kindOf(folder) == EntryKind::folder)
+        return SystemError::none;
+    if (const std::string above = folderOf(folder); above.size() < folder.size())
+        if (const auto error = makeFolders(files, above); error != SystemError::none)
+            return error;
+    const SystemError error = files.createFolder(folder);
+    // Another process may have been faster.
+    return error == SystemError::alreadyExists ? SystemError::none : error;
+}
+
+std::string moduleFolder() {
+    Dl_info info{};
+    link_map* module = nullptr;
+    const auto here = reinterpret_cast<const void*>(&moduleFolder);
+    const bool isKnown =
+        ::dladdr1(here, &info, reinterpret_cast<void**>(&module), RTLD_DL_LINKMAP) != 0 && module;
+    // The program itself has no name in the list of modules.
+    const char* name = isKnown && module->l_name[0] != '\0' ? module->l_name : "/proc/self/exe";
+    std::array<char, PATH_MAX> resolved;
+    return folderOf(::realpath(name, resolved.data()) ? resolved.data() : name);
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,91 @@
+// The services of a POSIX system.
+#include "platform/IniProfileFile.h"
+#include "platform/Path.h"
+#include "platform/Platform.h"
+#include "platform/posix/PosixFileSystem.h"
+#include "platform/posix/PosixFolders.h"
+#include "platform/posix/PosixRegistryStore.h"
+#include "platform/posix/PosixSystem.h"
+#include "platform/posix/TerminalMessageBoxes.h"
+
+#include <ctime>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+/// Commits under a lock, so that two programs that save at the same time keep each other's keys.
+class LockedProfileFile final : public IniProfileFile {
+public:
+    /// `isOwn`: the file is the library's own, so that its folder is made when it is missing.
+    LockedProfileFile(FileSystem& machineFiles, const std::string& name, bool isOwn)
+        : IniProfileFile(machineFiles, name), isOwn_(isOwn) {}
+
+    SystemError commit() override {
+        if (isOwn_)
+            (void)makeFolders(files(), folderOf(path())); // a missing folder is told by the commit
+        const FolderLock lock(folderOf(files().resolveLinks(path())));
+        return IniProfileFile::commit();
+    }
+
+private:
+    bool isOwn_;
+};
+
+std::string withoutTrailingSeparators(std::string folder) {
+    while (folder.size() > 1 && folder.back() == kPathSeparator)
+        folder.pop_back();
+    return folder;
+}
+
+class PosixPlatform final : public Platform {
+public:
+    explicit PosixPlatform(const PlatformOptions& options)
+        : home_(withoutTrailingSeparators(options.home)), library_(home_.empty() ? moduleFolder() : home_),
+          settings_(settingsFolder(home_)), registry_(files_, JoinPath(settings_, "registry")) {}
+
+    FileSystem& files() override { return files_; }
+    RegistryStore& registry() override { return registry_; }
+    MessageBoxes& messageBoxes() override { return boxes_; }
+
+    std::unique_ptr<ProfileFile> openProfile(const std::string& path) override {
+        return std::make_unique<LockedProfileFile>(files_, path, path == systemProfilePath());
+    }
+    std::string systemProfilePath() override { return JoinPath(settings_, "win.ini"); }
+
+    std::string libraryFolder() override { return library_; }
+    std::optional<std::string> specialFolder(int number) override;
+    LocalTime localTime() override;
+
+private:
+    static std::string settingsFolder(const std::string& home) {
+        return home.empty() ? JoinPath(configurationFolder(), "qrtVistrelClasses4") : home;
+    }
+
+    std::string home_; ///< As in `PlatformOptions`.
+    std::string library_;
+    std::string settings_; ///< Folder of the settings store.
+    PosixFileSystem files_;
+    PosixRegistryStore registry_;
+    TerminalMessageBoxes boxes_;
+};
+
+std::optional<std::string> PosixPlatform::specialFolder(int number) {
+    std::optional<std::string> folder = userFolder(files_, number);
+    return folder && !home_.empty() ? home_ : folder;
+}
+
+LocalTime PosixPlatform::localTime() {
+    const std::time_t now = std::time(nullptr);
+    std::tm parts{};
+    ::localtime_r(&now, &parts);
+    return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday, parts.tm_hour,
+            parts.tm_min,         parts.tm_sec,     parts.tm_wday};
+}
+
+} // namespace
+
+std::unique_ptr<Platform> makePlatform(const PlatformOptions& options) {
+    return std::make_unique<PosixPlatform>(options);
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,74 @@
+#include "platform/posix/PosixSystem.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace qrtVistrelClasses4 {
+
+int Descriptor::close() {
+    // Never made again: an interrupted close has closed.
+    const int result = number_ == -1 ? 0 : ::close(std::exchange(number_, -1));
+    return result == -1 && errno != EINTR ? -1 : 0;
+}
+
+Descriptor openDescriptor(const std::string& path, int flags, unsigned mode) {
+    return Descriptor(uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); }));
+}
+
+std::string folderOf(const std::string& path) {
+    const std::size_t slash = path.rfind('/');
+    if (slash == path.npos)
+        return ".";
+    return path.substr(0, slash == 0 ? 1 : slash);
+}
+
+namespace {
+
+SystemError missing(const std::string& path) {
+    struct stat status {};
+    const bool hasFolder = ::stat(folderOf(path).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+    return hasFolder ? SystemError::fileNotFound : SystemError::folderNotFound;
+}
+
+} // namespace
+
+SystemError errorOn(const std::string& path, int code) {
+    switch (code) {
+    case ENOENT:
+    case ELOOP:
+        return missing(path);
+    case ENOTDIR:
+    case ENAMETOOLONG:
+        return SystemError::folderNotFound;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+    case EISDIR:
+        return SystemError::accessDenied;
+    case EBUSY:
+    case ETXTBSY:
+    case EAGAIN:
+        return SystemError::inUse;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return SystemError::diskFull;
+    case EEXIST:
+    case ENOTEMPTY:
+        return SystemError::alreadyExists;
+    case EOVERFLOW:
+    case ENOMEM:
+        return SystemError::tooLarge;
+    default:
+        return SystemError::deviceFailure;
+    }
+}
+
+FolderLock::FolderLock(const std::string& folder) : folder_(openDescriptor(folder, O_RDONLY | O_DIRECTORY)) {
+    if (folder_)
+        (void)uninterrupted([&] { return ::flock(folder_.number(), LOCK_EX); });
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,61 @@
+// Small tools over the system's calls.
+#pragma once
+
+#include "platform/SystemError.h"
+
+#include <cerrno>
+#include <string>
+#include <utility>
+
+namespace qrtVistrelClasses4 {
+
+/// Makes a system call again for as long as signals interrupt it.
+template <class Call>
+auto uninterrupted(Call call) {
+    auto result = call();
+    while (result == -1 && errno == EINTR)
+        result = call();
+    return result;
+}
+
+/// An open file or folder, closed with the object; -1 is none.
+class Descriptor {
+public:
+    Descriptor() = default;
+    explicit Descriptor(int number) : number_(number) {}
+    ~Descriptor() { (void)close(); }
+    Descriptor(Descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    Descriptor& operator=(Descriptor&& other) noexcept {
+        std::swap(number_, other.number_);
+        return *this;
+    }
+
+    int number() const { return number_; }
+    explicit operator bool() const { return number_ != -1; }
+    /// 0, or -1 with `errno` set.
+    int close();
+
+private:
+    int number_ = -1;
+};
+
+/// Opens with close-on-exec set. `errno` tells why there is no descriptor.
+Descriptor openDescriptor(const std::string& path, int flags, unsigned mode = 0);
+
+/// Folder that the entry `path` is in: up to the last "/", "." without one.
+std::string folderOf(const std::string& path);
+
+/// What `errno` means for an operation on `path`.
+SystemError errorOn(const std::string& path, int code = errno);
+
+/// Keeps other processes that lock the same folder waiting. Does nothing where the file system knows no
+/// locks: a setting is better saved without than not at all.
+class FolderLock {
+public:
+    explicit FolderLock(const std::string& folder);
+
+private:
+    Descriptor folder_; // closing it gives the lock back
+};
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/MessageBoxes.h"
+
+namespace qrtVistrelClasses4 {
+
+/// Messages go to standard error, questions to the terminal. Without a terminal nobody is asked.
+class TerminalMessageBoxes final : public MessageBoxes {
+public:
+    MessageAnswer show(const Message& message) override;
+    bool attended() override;
+};
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,246 @@
+#include "platform/windows/WindowsFileSystem.h"
+
+#include "platform/Path.h"
+#include "platform/TemporaryName.h"
+#include "platform/windows/WindowsSystem.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr std::uint64_t kLargestFile = std::uint64_t{1} << 31;
+constexpr std::size_t kLongestPath = 32768;
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+FileHandle openHandle(const std::string& path, DWORD access, DWORD share, DWORD disposition) {
+    return FileHandle(
+        ::CreateFileA(path.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+FileHandle openForWriting(const std::string& path, DWORD disposition) {
+    return openHandle(path, GENERIC_WRITE, FILE_SHARE_READ, disposition);
+}
+
+/// `path` opened for reading when it is a file on a disk.
+Result<FileHandle> openSource(const std::string& path) {
+    FileHandle file = openHandle(path, GENERIC_READ, kShareAll, OPEN_EXISTING);
+    if (!file)
+        return lastSystemError();
+    if (::GetFileType(file.get()) != FILE_TYPE_DISK)
+        return SystemError::accessDenied;
+    return file;
+}
+
+class WindowsOutputFile final : public OutputFile {
+public:
+    explicit WindowsOutputFile(FileHandle file) : file_(std::move(file)) {}
+
+    SystemError write(std::string_view bytes) override;
+    SystemError flush() override { return told(::FlushFileBuffers(file_.get()) != FALSE); }
+    SystemError close() override { return told(file_.close()); }
+
+private:
+    static SystemError told(bool success) { return success ? SystemError::none : lastSystemError(); }
+
+    FileHandle file_;
+};
+
+SystemError WindowsOutputFile::write(std::string_view bytes) {
+    constexpr std::size_t largestPiece = std::size_t{1} << 30;
+    while (!bytes.empty()) {
+        DWORD written = 0;
+        const auto size = static_cast<DWORD>(std::min(bytes.size(), largestPiece));
+        if (!::WriteFile(file_.get(), bytes.data(), size, &written, nullptr))
+            return lastSystemError();
+        if (written == 0)
+            return SystemError::diskFull;
+        bytes.remove_prefix(written);
+    }
+    return SystemError::none;
+}
+
+/// Fills `bytes`, or less of it when the file has shrunk.
+SystemError fill(HANDLE file, FileBytes& bytes) {
+    constexpr std::size_t largestPiece = std::size_t{1} << 30;
+    std::size_t used = 0;
+    while (used < bytes.size) {
+        DWORD count = 0;
+        const auto wanted = static_cast<DWORD>(std::min(bytes.size - used, largestPiece));
+        if (!::ReadFile(file, bytes.data.get() + used, wanted, &count, nullptr))
+            return lastSystemError();
+        if (count == 0)
+            break;
+        used += count;
+    }
+    bytes.size = used;
+    return SystemError::none;
+}
+
+/// What tells one file from another on this machine.
+std::optional<std::array<DWORD, 3>> identity(const std::string& path) {
+    const FileHandle file = openHandle(path, 0, kShareAll, OPEN_EXISTING);
+    BY_HANDLE_FILE_INFORMATION information{};
+    if (!file || !::GetFileInformationByHandle(file.get(), &information))
+        return {};
+    return std::array{information.dwVolumeSerialNumber, information.nFileIndexHigh,
+                      information.nFileIndexLow};
+}
+
+} // namespace
+
+EntryKind WindowsFileSystem::kindOf(const std::string& path) {
+    const DWORD attributes = ::GetFileAttributesA(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES)
+        return EntryKind::missing;
+    if (attributes & FILE_ATTRIBUTE_DIRECTORY)
+        return EntryKind::folder;
+    return attributes & FILE_ATTRIBUTE_DEVICE ? EntryKind::other : EntryKind::file;
+}
+
+Result<std::uint64_t> WindowsFileSystem::sizeOf(const std::string& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (!::GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data))
+        return lastSystemError();
+    if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
+        return SystemError::accessDenied;
+    return (std::uint64_t{data.nFileSizeHigh} << 32) | data.nFileSizeLow;
+}
+
+Result<FileBytes> WindowsFileSystem::read(const std::string& path) {
+    const auto file = openSource(path);
+    if (!file)
+        return file.error;
+    LARGE_INTEGER size{};
+    if (!::GetFileSizeEx(file.value.get(), &size))
+        return lastSystemError();
+    if (static_cast<std::uint64_t>(size.QuadPart) > kLargestFile)
+        return SystemError::tooLarge;
+    FileBytes bytes;
+    bytes.size = static_cast<std::size_t>(size.QuadPart);
+    bytes.data = std::make_unique_for_overwrite<char[]>(bytes.size);
+    if (const auto error = fill(file.value.get(), bytes); error != SystemError::none)
+        return error;
+    return bytes;
+}
+
+Result<std::unique_ptr<OutputFile>> WindowsFileSystem::open(const std::string& path, OpenMode mode) {
+    FileHandle file = openForWriting(path, mode == OpenMode::append ? OPEN_ALWAYS : CREATE_ALWAYS);
+    if (!file)
+        return lastSystemError();
+    if (mode == OpenMode::append && !::SetFilePointerEx(file.get(), {}, nullptr, FILE_END))
+        return lastSystemError();
+    return std::unique_ptr<OutputFile>(std::make_unique<WindowsOutputFile>(std::move(file)));
+}
+
+Result<TemporaryFile> WindowsFileSystem::createBeside(const std::string& path) {
+    const std::string folder(SplitPath(path).folder);
+    for (;;) {
+        std::string name = folder + TemporaryName();
+        FileHandle file = openForWriting(name, CREATE_NEW);
+        if (!file && ::GetLastError() == ERROR_FILE_EXISTS)
+            continue;
+        if (!file)
+            return lastSystemError();
+        return TemporaryFile{std::move(name), std::make_unique<WindowsOutputFile>(std::move(file))};
+    }
+}
+
+SystemError WindowsFileSystem::mayWrite(const std::string& path) {
+    const DWORD attributes = ::GetFileAttributesA(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) {
+        const SystemError error = lastSystemError();
+        return error == SystemError::fileNotFound ? SystemError::none : error;
+    }
+    if (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY))
+        return SystemError::accessDenied;
+    return openForWriting(path, OPEN_EXISTING) ? SystemError::none : lastSystemError();
+}
+
+SystemError WindowsFileSystem::moveOver(const std::string& from, const std::string& to) {
+    constexpr DWORD flags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
+    return ::MoveFileExA(from.c_str(), to.c_str(), flags) ? SystemError::none : lastSystemError();
+}
+
+SystemError WindowsFileSystem::remove(const std::string& path) {
+    return ::DeleteFileA(path.c_str()) ? SystemError::none : lastSystemError();
+}
+
+SystemError WindowsFileSystem::createFolder(const std::string& path) {
+    return ::CreateDirectoryA(path.c_str(), nullptr) ? SystemError::none : lastSystemError();
+}
+
+SystemError WindowsFileSystem::copy(const std::string& from, const std::string& to) {
+    const auto source = identity(from);
+    if (source && source == identity(to))
+        return SystemError::none;
+    if (const auto error = mayWrite(to); error != SystemError::none)
+        return error;
+    auto temporary = createBeside(to);
+    if (!temporary)
+        return temporary.error;
+    temporary.value.file.reset();
+    const std::string& copied = temporary.value.path;
+    SystemError error =
+        ::CopyFileA(from.c_str(), copied.c_str(), FALSE) ? SystemError::none : lastSystemError();
+    if (error == SystemError::none)
+        error = moveOver(copied, to);
+    if (error != SystemError::none) {
+        ::SetFileAttributesA(copied.c_str(), FILE_ATTRIBUTE_NORMAL); // it may have become read-only
+        (void)remove(copied);
+    }
+    return error;
+}
+
+std::string WindowsFileSystem::resolveLinks(const std::string& path) {
+    const DWORD attributes = ::GetFileAttributesA(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_REPARSE_POINT))
+        return path;
+    const FileHandle file = openHandle(path, 0, kShareAll, OPEN_EXISTING);
+    std::string target(kLongestPath, '\0');
+    const DWORD length = file
+                             ? ::GetFinalPathNameByHandleA(file.get(), target.data(),
+                                                           static_cast<DWORD>(target.size()), VOLUME_NAME_DOS)
+                             : 0;
+    if (length == 0 || length >= target.size())
+        return path;
+    target.resize(length);
+    return target;
+}
+
+std::string WindowsFileSystem::fullName(const std::string& path) {
+    std::string full(kLongestPath, '\0');
+    const DWORD length =
+        ::GetFullPathNameA(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+    if (length == 0 || length >= full.size())
+        return path;
+    full.resize(length);
+    return full;
+}
+
+std::string WindowsFileSystem::existingName(const std::string& path) {
+    // A name with wildcards would find some other file.
+    if (path.find_first_of("*?") != path.npos)
+        return path;
+    WIN32_FIND_DATAA data{};
+    const HANDLE search = ::FindFirstFileA(path.c_str(), &data);
+    if (search == INVALID_HANDLE_VALUE)
+        return path;
+    ::FindClose(search);
+    const SplitPathResult parts = SplitPath(path);
+    // Found by its short name, it differs in more than case.
+    return ::lstrcmpiA(data.cFileName, std::string(parts.name).c_str()) == 0
+               ? std::string(parts.folder) + data.cFileName
+               : path;
+}
+
+bool WindowsFileSystem::isFixedDrive(const std::string& path) {
+    if (path.empty())
+        return false;
+    const std::string root = path.substr(0, 1) + ":\\";
+    return ::GetDriveTypeA(root.c_str()) == DRIVE_FIXED;
+}
+
+} // namespace qrtVistrelClasses4

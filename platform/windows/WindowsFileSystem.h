@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/FileSystem.h"
+
+namespace qrtVistrelClasses4 {
+
+class WindowsFileSystem final : public FileSystem {
+public:
+    EntryKind kindOf(const std::string& path) override;
+    Result<std::uint64_t> sizeOf(const std::string& path) override;
+    Result<FileBytes> read(const std::string& path) override;
+    Result<std::unique_ptr<OutputFile>> open(const std::string& path, OpenMode mode) override;
+    Result<TemporaryFile> createBeside(const std::string& path) override;
+    SystemError mayWrite(const std::string& path) override;
+    SystemError moveOver(const std::string& from, const std::string& to) override;
+    /// Renames are written through, so there is nothing left to do.
+    SystemError flushFolder(const std::string&) override { return SystemError::none; }
+    SystemError remove(const std::string& path) override;
+    SystemError createFolder(const std::string& path) override;
+    SystemError copy(const std::string& from, const std::string& to) override;
+    std::string resolveLinks(const std::string& path) override;
+    std::string fullName(const std::string& path) override;
+    std::string existingName(const std::string& path) override;
+    bool isFixedDrive(const std::string& path) override;
+};
+
+} // namespace qrtVistrelClasses4

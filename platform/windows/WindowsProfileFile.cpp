@@ -1,0 +1,26 @@
+#include "platform/windows/WindowsProfileFile.h"
+
+#include "platform/windows/WindowsSystem.h"
+
+namespace qrtVistrelClasses4 {
+
+std::string WindowsProfileFile::read(std::string_view section, std::string_view key,
+                                     std::string_view defaultValue, std::size_t bufferSize) {
+    std::string buffer(bufferSize, '\0');
+    const DWORD length = ::GetPrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(),
+                                                    std::string(defaultValue).c_str(), buffer.data(),
+                                                    static_cast<DWORD>(buffer.size()), path_.c_str());
+    buffer.resize(length);
+    return buffer;
+}
+
+void WindowsProfileFile::write(std::string_view section, std::string_view key, std::string_view value) {
+    const BOOL written = ::WritePrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(),
+                                                      std::string(value).c_str(), path_.c_str());
+    if (!written && error_ == SystemError::none)
+        error_ = lastSystemError();
+}
+
+SystemError WindowsProfileFile::commit() { return std::exchange(error_, SystemError::none); }
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,52 @@
+#include "platform/Path.h"
+
+#include <gtest/gtest.h>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+#ifdef _WIN32
+constexpr bool kOnWindows = true;
+#else
+constexpr bool kOnWindows = false;
+#endif
+const std::string kSeparator(1, kPathSeparator);
+
+TEST(Path, JoinsWithExactlyOneSeparator) {
+    EXPECT_EQ(JoinPath("folder", "name"), "folder" + kSeparator + "name");
+    EXPECT_EQ(JoinPath("folder" + kSeparator, "name"), "folder" + kSeparator + "name");
+    EXPECT_EQ(JoinPath("C:\\folder\\", "name"), "C:\\folder\\name");
+    EXPECT_EQ(JoinPath("", "name"), "name");
+    EXPECT_EQ(JoinPath("folder", ""), "folder" + kSeparator);
+}
+
+TEST(Path, SplitsBehindTheLastSeparator) {
+    struct Case {
+        const char* why;
+        std::string path, folder, name;
+    };
+    const Case cases[] = {
+        {"of Windows, on every machine", "C:\\a\\b.bmp", "C:\\a\\", "b.bmp"},
+        {"of this machine", "a" + kSeparator + "b.bmp", "a" + kSeparator, "b.bmp"},
+        {"slash is a separator only where it is the machine's own", "a/b", kOnWindows ? "" : "a/",
+         kOnWindows ? "a/b" : "b"},
+        {"no folder", "b.bmp", "", "b.bmp"},
+        {"no name", "a\\", "a\\", ""},
+        {"nothing", "", "", ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.why);
+        EXPECT_EQ(SplitPath(c.path).folder, c.folder);
+        EXPECT_EQ(SplitPath(c.path).name, c.name);
+    }
+}
+
+TEST(Path, KnowsARootedPath) {
+    EXPECT_EQ(IsRootedPath("C:\\a"), kOnWindows);
+    EXPECT_EQ(IsRootedPath("/a"), !kOnWindows);
+    for (const char* relative : {"", "a", "a\\b", "C:a", "\\\\host\\share"})
+        EXPECT_FALSE(IsRootedPath(relative)) << relative;
+}
+
+} // namespace
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,190 @@
+// What only a POSIX system has: links, rights, and processes that save at the same time.
+#include "Machines.h"
+#include "platform/ReplacementFile.h"
+#include "platform/posix/PosixFolders.h"
+
+#include <fcntl.h>
+#include <sys/wait.h>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+using PosixPlatformTest = OnEveryMachine<SystemMachine>;
+
+unsigned modeOf(const std::string& path) {
+    struct stat status {};
+    return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 0777 : 0;
+}
+
+TEST_F(PosixPlatformTest, SavingThroughALinkKeepsTheLink) {
+    const std::string target = machine.file("target");
+    const std::string link = machine.file("link");
+    put(target, "old");
+    ASSERT_EQ(::symlink(target.c_str(), link.c_str()), 0);
+    ReplacementFile file(files(), link);
+    ASSERT_EQ(file.write("new"), SystemError::none);
+    ASSERT_EQ(file.commit(), SystemError::none);
+    EXPECT_TRUE(std::filesystem::is_symlink(link));
+    EXPECT_EQ(textOf(target), "new");
+}
+
+TEST_F(PosixPlatformTest, CopyingThroughLinksToTheFileItselfLeavesItAlone) {
+    const std::string target = machine.file("target");
+    put(target, "content");
+    for (const bool isHard : {false, true}) {
+        const std::string link = machine.file(isHard ? "hard" : "soft");
+        ASSERT_EQ(isHard ? ::link(target.c_str(), link.c_str()) : ::symlink(target.c_str(), link.c_str()), 0);
+        EXPECT_EQ(files().copy(link, target), SystemError::none);
+        EXPECT_EQ(textOf(target), "content");
+    }
+}
+
+TEST_F(PosixPlatformTest, SavingKeepsTheRightsOfAFileAndGivesANewOneTheUsualOnes) {
+    const mode_t mask = ::umask(027);
+    const std::string path = machine.file("a");
+    for (const unsigned mode : {0640u, 0600u, 0755u, 0666u}) {
+        ReplacementFile file(files(), path);
+        ASSERT_EQ(file.commit(), SystemError::none);
+        EXPECT_EQ(modeOf(path), mode);
+        const unsigned next = mode == 0640 ? 0600 : mode == 0600 ? 0755 : 0666;
+        ASSERT_EQ(::chmod(path.c_str(), next), 0);
+    }
+    ::umask(mask);
+}
+
+TEST_F(PosixPlatformTest, NeitherReadsNorReplacesWhatIsNoPlainFile) {
+    const std::string pipe = machine.file("pipe");
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+    for (const std::string& path : {pipe, std::string("/dev/null")}) {
+        EXPECT_EQ(files().kindOf(path), EntryKind::other);
+        EXPECT_EQ(files().read(path).error, SystemError::accessDenied);
+        EXPECT_EQ(ReplacementFile(files(), path).error(), SystemError::accessDenied);
+    }
+}
+
+TEST_F(PosixPlatformTest, ReadsAFileThatHidesItsSize) {
+    EXPECT_NE(textOf("/proc/self/status").find("Name:"), std::string::npos);
+}
+
+/// Runs `work` in two processes at the same time and waits for both.
+template <class Work>
+void inTwoProcesses(Work work) {
+    pid_t children[2];
+    for (int number = 0; number < 2; ++number) {
+        children[number] = ::fork();
+        ASSERT_NE(children[number], -1);
+        if (children[number] == 0)
+            ::_exit(work(std::to_string(number)) ? 0 : 1);
+    }
+    for (const pid_t child : children) {
+        int status = -1;
+        EXPECT_EQ(::waitpid(child, &status, 0), child);
+        EXPECT_EQ(status, 0);
+    }
+}
+
+constexpr int kWrites = 200;
+
+TEST_F(PosixPlatformTest, TwoProcessesLoseNoneOfEachOthersRegistryValues) {
+    RegistryStore& store = platform().registry();
+    const RegistryKey key{RegistryHive::localMachine, "Software\\test"};
+    inTwoProcesses([&](const std::string& process) {
+        for (int i = 0; i < kWrites; ++i)
+            if (store.writeString(key, process + "-" + std::to_string(i), "v") != SystemError::none)
+                return false;
+        return true;
+    });
+    EXPECT_EQ(store.valueNames(key).value.size(), 2u * kWrites);
+    EXPECT_EQ(machine.fileCount(), 1u) << "no lock or temporary file stays";
+}
+
+TEST_F(PosixPlatformTest, TwoProcessesLoseNoneOfEachOthersProfileKeys) {
+    const std::string path = machine.file("a.ini");
+    inTwoProcesses([&](const std::string& process) {
+        const auto profile = platform().openProfile(path);
+        for (int i = 0; i < kWrites; ++i) {
+            profile->write("S", process + "-" + std::to_string(i), "v");
+            if (profile->commit() != SystemError::none)
+                return false;
+        }
+        return true;
+    });
+    const auto profile = platform().openProfile(path);
+    for (const std::string process : {"0-", "1-"})
+        for (int i = 0; i < kWrites; ++i)
+            EXPECT_EQ(profile->read("S", process + std::to_string(i), "lost", 255), "v") << process << i;
+}
+
+TEST_F(PosixPlatformTest, SeesWhatAnotherPlatformObjectWroteToTheRegistry) {
+    const auto other = makePlatform({machine.file("")});
+    const RegistryKey key{RegistryHive::localMachine, "Software\\test"};
+    for (const char* value : {"a", "b", "c", "d"}) {
+        ASSERT_EQ(other->registry().writeString(key, "v", value), SystemError::none);
+        EXPECT_EQ(platform().registry().readString(key, "v").value, value);
+    }
+    std::filesystem::remove(machine.file("registry"));
+    EXPECT_EQ(platform().registry().readString(key, "v").error, SystemError::fileNotFound);
+}
+
+TEST_F(PosixPlatformTest, ReadingTheRegistryMakesNothing) {
+    EXPECT_EQ(platform().registry().readString({RegistryHive::users, "a"}, "v").error,
+              SystemError::fileNotFound);
+    EXPECT_EQ(machine.fileCount(), 0u);
+}
+
+TEST_F(PosixPlatformTest, TheFirstSettingMakesTheFoldersAboveTheStore) {
+    const std::string home = machine.file("a/b/c");
+    const auto fresh = makePlatform({home});
+    EXPECT_EQ(machine.fileCount(), 0u);
+    const auto profile = fresh->openProfile(fresh->systemProfilePath());
+    profile->write("S", "k", "v");
+    EXPECT_EQ(profile->commit(), SystemError::none);
+    EXPECT_EQ(textOf(JoinPath(home, "win.ini")), "[S]\r\nk=v\r\n");
+    const auto other = makePlatform({machine.file("d/e")});
+    EXPECT_EQ(other->registry().createKey({RegistryHive::users, "a"}), SystemError::none);
+    EXPECT_EQ(textOf(machine.file("d/e/registry")), "[HKEY_USERS\\a]\n");
+}
+
+TEST_F(PosixPlatformTest, ADamagedRegistryIsNeverOverwrittenUnread) {
+    const std::string path = machine.file("registry");
+    ASSERT_EQ(files().createFolder(path), SystemError::none);
+    EXPECT_EQ(platform().registry().writeString({RegistryHive::users, "a"}, "v", "x"),
+              SystemError::accessDenied);
+    EXPECT_EQ(files().kindOf(path), EntryKind::folder);
+}
+
+TEST_F(PosixPlatformTest, OneHomeFolderStandsForAllPlaces) {
+    const std::string home = std::filesystem::path(machine.file("a")).parent_path().string();
+    const auto slashed = makePlatform({home + "/"});
+    EXPECT_EQ(slashed->libraryFolder(), home);
+    EXPECT_EQ(slashed->specialFolder(kDocumentsFolder), home);
+    EXPECT_EQ(slashed->specialFolder(-1), std::nullopt);
+    EXPECT_EQ(slashed->systemProfilePath(), JoinPath(home, "win.ini"));
+}
+
+TEST(PosixFolders, ReadTheDocumentsFolderFromTheDesktopsFile) {
+    struct Case {
+        const char* why;
+        std::string text, expected;
+    };
+    const Case cases[] = {
+        {"below the home folder", "XDG_DOCUMENTS_DIR=\"$HOME/Dokumente\"\n", "/home/me/Dokumente"},
+        {"the home folder itself", "XDG_DOCUMENTS_DIR=\"$HOME\"\n", "/home/me"},
+        {"elsewhere", "XDG_DOCUMENTS_DIR=\"/data/docs\"", "/data/docs"},
+        {"escaped quote", "XDG_DOCUMENTS_DIR=\"/a\\\"b\"", "/a\"b"},
+        {"not the first line", "# note\nXDG_MUSIC_DIR=\"/m\"\nXDG_DOCUMENTS_DIR=\"/d\"\n", "/d"},
+        {"relative", "XDG_DOCUMENTS_DIR=\"docs\"\n", ""},
+        {"commented out", "#XDG_DOCUMENTS_DIR=\"/d\"\n", ""},
+        {"cut short", "XDG_DOCUMENTS_DIR=", ""},
+        {"empty", "", ""},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(userDirectory(c.text, "XDG_DOCUMENTS_DIR", "/home/me"), c.expected) << c.why;
+}
+
+TEST(PosixFolders, TheLibraryLiesWhereTheTestProgramDoes) {
+    EXPECT_EQ(makePlatform()->libraryFolder(), std::filesystem::read_symlink("/proc/self/exe").parent_path());
+}
+
+} // namespace
+} // namespace qrtVistrelClasses4
