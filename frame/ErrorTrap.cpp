@@ -1,0 +1,38 @@
+#include "frame/ErrorTrap.h"
+
+#include <new>
+#include <utility>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+ErrorReporter* installedReporter = nullptr;
+
+} // namespace
+
+ScopedErrorReporter::ScopedErrorReporter(ErrorReporter& reporter)
+    : previous_(std::exchange(installedReporter, &reporter)) {}
+ScopedErrorReporter::~ScopedErrorReporter() { installedReporter = previous_; }
+
+RuntimeError CurrentError() {
+    try {
+        throw;
+    } catch (const RuntimeError& error) {
+        return error;
+    } catch (const std::bad_alloc&) {
+        return RuntimeError(ErrorNumber::outOfMemory);
+    } catch (...) {
+        return RuntimeError(ErrorNumber::internalError);
+    }
+}
+
+void TrapCurrentError(const TraceRecord& record, TraceRecord* outer) noexcept {
+    try {
+        ErrorReporter& reporter = installedReporter ? *installedReporter : defaultErrorReporter();
+        reporter.report({CurrentError(), record.atEntry(), RunningProcedures()});
+    } catch (...) { // NOLINT(bugprone-empty-catch): a failing report never makes another error
+    }
+    traceState.unwindTo(outer);
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,51 @@
+// Where errors of traced procedures end: reported once, with the trace, to whoever is in charge of reports.
+#pragma once
+
+#include "frame/CallTrace.h"
+#include "frame/RuntimeError.h"
+
+#include <string>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+
+struct ErrorReport {
+    RuntimeError error;
+    /// The procedure that trapped the error.
+    TraceLine procedure;
+    /// The procedures running at the time, outermost first, the trapping one last; empty while tracing is
+    /// off.
+    std::vector<TraceLine> stack;
+};
+
+class ErrorReporter {
+public:
+    virtual ~ErrorReporter() = default;
+    /// May call the library. What it throws is dropped: a failing report never makes another error.
+    virtual void report(const ErrorReport& report) = 0;
+};
+
+/// The reporter used while no other is installed. The library's settings room supplies it, because it writes
+/// a log into a folder that only settings tell.
+ErrorReporter& defaultErrorReporter();
+
+/// Installs a reporter for the whole process as long as this object lives. `reporter` must outlive it.
+class ScopedErrorReporter {
+public:
+    explicit ScopedErrorReporter(ErrorReporter& reporter);
+    ~ScopedErrorReporter();
+    ScopedErrorReporter(const ScopedErrorReporter&) = delete;
+    ScopedErrorReporter& operator=(const ScopedErrorReporter&) = delete;
+
+private:
+    ErrorReporter* previous_;
+};
+
+/// To be called while handling an exception of the procedure that `record` stands for: reports it, then takes
+/// the trace back to `outer`, the procedure that called.
+void TrapCurrentError(const TraceRecord& record, TraceRecord* outer) noexcept;
+
+/// The exception being handled as a `RuntimeError`: out of memory is error 7, anything unknown error 51.
+RuntimeError CurrentError();
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,191 @@
+#include "frame/QuotedLines.h"
+
+#include "frame/RuntimeError.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstring>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr char kQuote = '"';
+constexpr std::string_view kQuotedLineEnd = "\"\r\n";
+
+struct Line {
+    std::string_view text; ///< Without its end.
+    std::size_t size;      ///< With its end.
+};
+
+Line firstLine(std::string_view text) {
+    const std::size_t feed = text.find('\n');
+    if (feed == text.npos)
+        return {text, text.size()};
+    const std::size_t end = feed > 0 && text[feed - 1] == '\r' ? feed - 1 : feed;
+    return {text.substr(0, end), feed + 1};
+}
+
+/// `text` starts behind a quote that its line does not close. The value when a later line closes it:
+/// everything up to that quote. `size` is then all that the value takes, its last line end included.
+struct LongValue {
+    std::string_view value;
+    std::size_t size = 0;
+};
+LongValue findLongValue(std::string_view text, std::size_t firstLineSize) {
+    const std::size_t quote = text.find(kQuote, firstLineSize);
+    if (quote == text.npos)
+        return {};
+    const bool opensLine = text[quote - 1] == '\n';
+    const Line behind = firstLine(text.substr(quote));
+    if (opensLine && behind.text.size() > 1)
+        return {};
+    const std::size_t closing = quote + behind.text.rfind(kQuote);
+    return {text.substr(0, closing), quote + behind.size};
+}
+
+} // namespace
+
+std::string_view QuotedLineReader::value() {
+    if (atEnd())
+        throw RuntimeError(ErrorNumber::inputPastEnd);
+    const Line line = firstLine(rest_);
+    const std::size_t start = line.text.find_first_not_of(' ');
+    std::string_view result = line.text;
+    std::size_t size = line.size;
+    if (start != line.text.npos && line.text[start] == kQuote) {
+        result.remove_prefix(start + 1);
+        const std::size_t closing = result.rfind(kQuote);
+        if (closing != result.npos) {
+            result = result.substr(0, closing);
+        } else {
+            const LongValue longer = findLongValue(rest_.substr(start + 1), line.size - start - 1);
+            if (longer.size > 0) {
+                result = longer.value;
+                size = start + 1 + longer.size;
+            }
+        }
+    }
+    rest_.remove_prefix(size);
+    return result;
+}
+
+/// Takes the next line when it is this one, its end included.
+template <std::size_t size>
+bool QuotedLineReader::takeLine(const char (&line)[size]) {
+    constexpr std::size_t length = size - 1;
+    if (rest_.size() < length || std::memcmp(rest_.data(), line, length) != 0)
+        return false;
+    rest_.remove_prefix(length);
+    return true;
+}
+
+/// Takes a line that holds a quoted integer in its usual form; leaves any other to the conversions.
+template <class Integer>
+bool QuotedLineReader::takePlainInteger(Integer& number) {
+    const char* const end = rest_.data() + rest_.size();
+    if (rest_.empty() || rest_.front() != kQuote)
+        return false;
+    Integer parsed{};
+    const auto [digitsEnd, error] = std::from_chars(rest_.data() + 1, end, parsed);
+    const std::string_view behind(digitsEnd, static_cast<std::size_t>(end - digitsEnd));
+    if (error != std::errc() || !behind.starts_with(kQuotedLineEnd))
+        return false;
+    number = parsed;
+    rest_ = behind.substr(kQuotedLineEnd.size());
+    return true;
+}
+
+void QuotedLineReader::get(std::string& text) {
+    if (takeLine("\"\"\r\n")) {
+        text.clear();
+        return;
+    }
+    text.assign(value());
+    if (text.find(kStoredQuote) != text.npos)
+        std::replace(text.begin(), text.end(), kStoredQuote, kQuote);
+}
+
+void QuotedLineReader::get(std::int16_t& number) {
+    if (!takePlainInteger(number))
+        number = TextToInt16(value());
+}
+
+void QuotedLineReader::get(std::int32_t& number) {
+    if (!takePlainInteger(number))
+        number = TextToInt32(value());
+}
+
+void QuotedLineReader::get(double& number) {
+    std::int32_t whole = 0;
+    number = takePlainInteger(whole) ? whole : TextToDouble(value());
+}
+
+void QuotedLineReader::get(bool& flag) {
+    if (takeLine("\"False\"\r\n"))
+        flag = false;
+    else if (takeLine("\"True\"\r\n"))
+        flag = true;
+    else
+        flag = TextToBoolean(value());
+}
+
+void QuotedLineWriter::putPlainLine(std::string_view line) {
+    appendStored(line);
+    append("\r\n");
+}
+
+void QuotedLineWriter::put(std::string_view text) {
+    append("\"");
+    appendStored(text);
+    append("\"\r\n");
+}
+
+void QuotedLineWriter::put(std::int32_t number) {
+    append("\"");
+    char* const place = room(kNumberTextSize);
+    used_ += static_cast<std::size_t>(std::to_chars(place, place + kNumberTextSize, number).ptr - place);
+    append("\"\r\n");
+}
+
+void QuotedLineWriter::put(double number) {
+    NumberBuffer digits;
+    put(FormatNumber(number, digits));
+}
+
+void QuotedLineWriter::putFlag(bool flag) {
+    if (flag)
+        append("\"True\"\r\n");
+    else
+        append("\"False\"\r\n");
+}
+
+void QuotedLineWriter::finish() {
+    Check(file_.write({buffer_.get(), used_}));
+    used_ = 0;
+}
+
+template <std::size_t size>
+void QuotedLineWriter::append(const char (&literal)[size]) {
+    constexpr std::size_t length = size - 1;
+    std::memcpy(room(length), literal, length);
+    used_ += length;
+}
+
+/// The text as it is stored; a long one in pieces.
+void QuotedLineWriter::appendStored(std::string_view text) {
+    while (!text.empty()) {
+        const std::string_view piece = text.substr(0, kBufferSize);
+        std::replace_copy(piece.begin(), piece.end(), room(piece.size()), kQuote, kStoredQuote);
+        used_ += piece.size();
+        text.remove_prefix(piece.size());
+    }
+}
+
+/// Where the next bytes go; at least `size` of them fit, which is no more than the buffer.
+char* QuotedLineWriter::room(std::size_t size) {
+    if (size > kBufferSize - used_)
+        finish();
+    return buffer_.get() + used_;
+}
+
+} // namespace qrtVistrelClasses4

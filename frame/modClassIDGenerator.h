@@ -1,0 +1,16 @@
+// Identity numbers of the library's objects.
+#pragma once
+
+#include <cstdint>
+
+namespace qrtVistrelClasses4 {
+
+/// The next identity number of this thread, counting from 1. Past 2,147,483,647 there is none: the overflow
+/// is trapped and the result is 0.
+std::int32_t GetNextClassDebugID();
+
+/// The number drawn last on this thread. Setting it is for hosts that continue an earlier numbering.
+std::int32_t LastClassDebugID();
+void LastClassDebugID(std::int32_t last);
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,17 @@
+// The two folders in which the application keeps its files.
+#pragma once
+
+#include <string>
+
+namespace qrtVistrelClasses4 {
+
+/// The application data folder, ending in a separator: the setting "Vistrel3" / "Settings" / "AppPath", or
+/// else the library's own folder. "VistrelLite.ini", "NewEffects.ini", the fonts and the copies of pictures
+/// live there.
+std::string GetAppFolder();
+
+/// The folder that the library was loaded from; it ends in a separator only when it is a root. The list of
+/// signs and the recent files live there.
+std::string LibraryFolder();
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,54 @@
+// One key of the registry, and what can be done with it.
+#pragma once
+
+#include "platform/RegistryStore.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+
+/// The key `Subkey` under the hive `hKey`. Nothing is held open between calls; two objects may name the same
+/// key. Every operation but the two accessors is traced. A refusal of the system is the operation's failure
+/// result, not an error.
+class RegistryRoutines {
+public:
+    static constexpr std::string_view ClassName() { return "RegistryRoutines"; }
+
+    RegistryHive hKey() const { return key_.hive; }
+    void hKey(RegistryHive vData) { key_.hive = vData; }
+    /// Parts separated by "\".
+    const std::string& Subkey() const { return key_.path; }
+    void Subkey(const std::string& vData) { key_.path = vData; }
+
+    bool KeyExists();
+    /// Makes the key and those above it; an existing one is left alone. False when it is refused.
+    bool CreateKey();
+    /// Removes the key and all below it. False when it is missing or refused.
+    bool DeleteKey();
+    bool DeleteValue(const std::string& ValueName);
+    /// Names of the keys directly below; none when the key is missing.
+    std::vector<std::string> EnumRegistryKeys();
+    /// Names of the key's values; none when the key is missing.
+    std::vector<std::string> EnumRegistryValues();
+    /// The string value, or `DefaultValue` unchanged when key or value is missing.
+    std::string GetRegistryValue(const std::string& ValueName, const std::string& DefaultValue);
+    /// Stores a string value, making the key when needed.
+    bool SetRegistryValue(const std::string& ValueName, const std::string& Value);
+
+    /// The same on another machine of the network. Where there is no such service: the default, and false.
+    std::string ReadRemoteRegistryValue(const std::string& MachineName, const std::string& ValueName,
+                                        const std::string& DefaultValue);
+    bool WriteRemoteRegistryValue(const std::string& MachineName, const std::string& ValueName,
+                                  const std::string& Value);
+
+    /// `Text` before its first NUL character.
+    static std::string TrimNull(const std::string& Text);
+
+private:
+    RegistryKey key_;
+};
+
+} // namespace qrtVistrelClasses4

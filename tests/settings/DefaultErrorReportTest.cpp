@@ -1,0 +1,81 @@
+#include "settings/DefaultErrorReport.h"
+
+#include "TestHost.h"
+#include "frame/Traced.h"
+#include "settings/RegistrySettings.h"
+
+#include <gtest/gtest.h>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+class DefaultErrorReport : public testing::Test {
+protected:
+    void fail(bool quiet = false) {
+        const std::int16_t number = 7;
+        const ScopedErrorReporter scope(defaultErrorReporter());
+        traced(
+            {"Signs.cls", ProcedureKind::Sub, "Send"},
+            [&] {
+                const RuntimeError error(ErrorNumber::overflow);
+                throw quiet ? error.quietly() : error;
+            },
+            Arg{"number", number});
+    }
+    std::string log() {
+        return host_.machine.files().content(host_.inLibrary("VistrelErrors.log")).value_or("");
+    }
+    std::vector<Message>& shown() { return host_.machine.messageBoxes().shown; }
+
+    TestHost host_;
+};
+
+constexpr const char* kReport = "Error 6: Overflow\r\nIn Signs.cls, Sub Send (number=7)\r\n"
+                                "Running procedures:\r\n    Signs.cls, Sub Send (number=7)\r\n";
+
+TEST_F(DefaultErrorReport, GoesToTheLogAndToTheOperator) {
+    fail();
+    EXPECT_EQ(log(), std::string("2001-02-03 04:05:06  ") + kReport);
+    ASSERT_EQ(shown().size(), 1u);
+    EXPECT_EQ(shown()[0].text, kReport);
+    EXPECT_EQ(shown()[0].icon, MessageIcon::critical);
+}
+
+TEST_F(DefaultErrorReport, ShowsNoBoxForQuietErrorsOrWhenSwitchedOff) {
+    fail(true);
+    WriteSetting("Vistrel3", "Settings", "ShowErrorReports", "False");
+    fail();
+    EXPECT_TRUE(shown().empty());
+    const std::size_t oneReport = std::string(kReport).size();
+    EXPECT_GT(log().size(), 2 * oneReport) << "both are logged";
+    WriteSetting("Vistrel3", "Settings", "ShowErrorReports", "neither yes nor no");
+    fail();
+    EXPECT_EQ(shown().size(), 1u);
+}
+
+TEST_F(DefaultErrorReport, GoesToStandardErrorWhereNobodySeesBoxes) {
+    host_.machine.messageBoxes().isAttended = false;
+    testing::internal::CaptureStderr();
+    fail();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), kReport);
+    EXPECT_TRUE(shown().empty());
+}
+
+TEST_F(DefaultErrorReport, StartsANewLogPastOneMegabyte) {
+    const std::string full(kErrorLogLimitBytes + 1, 'x');
+    host_.machine.files().put(host_.inLibrary("VistrelErrors.log"), full);
+    fail();
+    EXPECT_EQ(host_.machine.files().content(host_.inLibrary("VistrelErrors.old.log")), full);
+    EXPECT_EQ(log(), std::string("2001-02-03 04:05:06  ") + kReport);
+}
+
+TEST_F(DefaultErrorReport, NeverMakesAnotherError) {
+    host_.machine.files().setReadOnly(host_.machine.library);
+    host_.machine.files().bytesLeft = 0;
+    fail();
+    EXPECT_EQ(shown().size(), 1u);
+    EXPECT_EQ(log(), "");
+}
+
+} // namespace
+} // namespace qrtVistrelClasses4
