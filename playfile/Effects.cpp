@@ -1,0 +1,126 @@
+#include "playfile/Effects.h"
+
+#include "frame/Conversions.h"
+#include "frame/RuntimeError.h"
+
+#include <optional>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+/// Effects that no list offers: they only come with a playfile.
+struct UnlistedEffect {
+    std::int16_t code;
+    std::string_view name;
+    bool convertsBack;
+};
+constexpr std::array kUnlistedPrefixes{
+    UnlistedEffect{15, "Overlay Frame with Text", true},
+    UnlistedEffect{kPhotoRealistic, "PhotoRealistic", false},
+};
+constexpr std::array kUnlistedSuffixes{
+    UnlistedEffect{kEndLoop, kEndLoopText, true},
+    UnlistedEffect{kPhotoRealistic, "PhotoRealistic", false},
+};
+
+struct Keyword {
+    std::string_view text;
+    std::int16_t code;
+};
+/// Both sides of the older format share these. Revealing has the prefix number on both, unlike the effect
+/// names.
+constexpr std::array kKeywords{
+    Keyword{"LR", 5001},  Keyword{"RL", 5000}, Keyword{"TB", 5003},  Keyword{"BT", 5002},
+    Keyword{"TW", 12005}, Keyword{"RM", 5},    Keyword{"FD", 11006}, Keyword{"LD", 10000},
+    Keyword{"LW", kWipe}, Keyword{"JO", 1000},
+};
+
+template <class Unlisted>
+std::string_view nameOf(std::int16_t code, std::int16_t FixedEffect::*fixedCode,
+                        std::string_view FixedEffect::*fixedName,
+                        std::string_view OptionalEffect::*optionalName, const Unlisted& unlisted) {
+    for (const FixedEffect& effect : kFixedEffects)
+        if (effect.*fixedCode == code)
+            return effect.*fixedName;
+    for (const OptionalEffect& effect : kOptionalEffects)
+        if (effect.code == code)
+            return effect.*optionalName;
+    for (const UnlistedEffect& effect : unlisted)
+        if (effect.code == code)
+            return effect.name;
+    return {};
+}
+
+template <class Unlisted>
+std::optional<std::int16_t> codeOf(std::string_view text, std::int16_t FixedEffect::*fixedCode,
+                                   std::string_view FixedEffect::*fixedName, const Unlisted& unlisted) {
+    for (const FixedEffect& effect : kFixedEffects)
+        if (effect.*fixedName == text)
+            return effect.*fixedCode;
+    for (const UnlistedEffect& effect : unlisted)
+        if (effect.convertsBack && effect.name == text)
+            return effect.code;
+    for (const OptionalEffect& effect : kOptionalEffects)
+        if (effect.bareName == text)
+            return effect.code;
+    return std::nullopt;
+}
+
+std::optional<std::int16_t> codeOfSharedKeyword(std::string_view keyword) {
+    for (const Keyword& row : kKeywords)
+        if (row.text == keyword)
+            return row.code;
+    return std::nullopt;
+}
+
+std::string loopName(double rounds) { return "Start Loop [" + NumberToText(rounds) + "] times"; }
+
+/// What stands between the first brackets of `text`, the closing one included. A missing bracket counts as
+/// standing before the text.
+std::string_view bracketedText(std::string_view text) {
+    const std::size_t opening = text.find('[') + 1; // both count from 1
+    const std::size_t closing = text.find(']') + 1;
+    if (closing < opening)
+        throw RuntimeError(ErrorNumber::invalidProcedureCall);
+    return text.substr(opening, closing - opening);
+}
+
+} // namespace
+
+std::string PrefixName(std::int16_t code) {
+    if (code > kLoopBase && code < kLoopLimit)
+        return loopName(code - kLoopBase);
+    return std::string(nameOf(code, &FixedEffect::prefixCode, &FixedEffect::prefixName,
+                              &OptionalEffect::prefixName, kUnlistedPrefixes));
+}
+
+std::string SuffixName(std::int16_t code) {
+    return std::string(nameOf(code, &FixedEffect::suffixCode, &FixedEffect::suffixName,
+                              &OptionalEffect::suffixName, kUnlistedSuffixes));
+}
+
+std::int16_t PrefixCodeOf(std::string_view text) {
+    if (const auto code = codeOf(text, &FixedEffect::prefixCode, &FixedEffect::prefixName, kUnlistedPrefixes))
+        return *code;
+    const double rounds = LeadingNumber(bracketedText(text));
+    // The whole name is converted, not the count in it, and never is a number: loops are chosen by a list's
+    // item data.
+    return rounds > 0 ? TextToInt16(loopName(rounds)) : std::int16_t{0};
+}
+
+std::int16_t SuffixCodeOf(std::string_view text) {
+    return codeOf(text, &FixedEffect::suffixCode, &FixedEffect::suffixName, kUnlistedSuffixes).value_or(0);
+}
+
+std::int16_t PrefixCodeOfKeyword(std::string_view keyword) {
+    if (const auto code = codeOfSharedKeyword(keyword))
+        return *code;
+    const double rounds = LeadingNumber(keyword);
+    return rounds > 0 ? RoundToInt16(kLoopBase + rounds) : std::int16_t{0};
+}
+
+std::int16_t SuffixCodeOfKeyword(std::string_view keyword) {
+    return keyword == "LP" ? kEndLoop : codeOfSharedKeyword(keyword).value_or(0);
+}
+
+} // namespace qrtVistrelClasses4

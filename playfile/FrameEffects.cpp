@@ -1,0 +1,129 @@
+// Effects as `FrameInfoClass` offers them: names and codes, and the effect lists of the host's screens.
+#include "frame/Traced.h"
+#include "platform/Path.h"
+#include "platform/Platform.h"
+#include "playfile/Effects.h"
+#include "playfile/FrameInfoClass.h"
+#include "playfile/FrameProcedures.h"
+#include "playfile/ListControl.h"
+#include "settings/AppFolder.h"
+#include "settings/IniFile.h"
+
+namespace qrtVistrelClasses4 {
+
+bool NewEffectsLoaded = false;
+
+namespace {
+
+std::string newEffectsPath() {
+    return platform().files().existingName(JoinPath(GetAppFolder(), "NewEffects.ini"));
+}
+
+/// Which optional effects the file offers now. One that it does not name is offered; only "TRUE", in
+/// capitals, is on.
+class OptionalEffectSwitches {
+public:
+    OptionalEffectSwitches() { ini_.Register("Effects", newEffectsPath()); }
+    bool isOn(const OptionalEffect& effect) {
+        return ini_.Read(std::string(effect.iniKey), "TRUE") == "TRUE";
+    }
+
+private:
+    PrivateIni ini_;
+};
+
+void addItem(ListControl& list, std::string_view text, std::int16_t code) {
+    list.AddItem(std::string(text));
+    list.ItemData(list.NewIndex(), code);
+}
+
+void fillList(ListControl& list, std::int16_t FixedEffect::*code, std::string_view FixedEffect::*name,
+              std::string_view OptionalEffect::*optionalText, std::string_view loopText,
+              std::int16_t loopCode) {
+    list.Clear();
+    for (const FixedEffect& effect : kFixedEffects)
+        addItem(list, effect.*name, effect.*code);
+    if (NewEffectsLoaded) {
+        OptionalEffectSwitches switches;
+        for (const OptionalEffect& effect : kOptionalEffects)
+            if (!(effect.*optionalText).empty() && switches.isOn(effect))
+                addItem(list, effect.*optionalText, effect.code);
+    }
+    addItem(list, loopText, loopCode);
+}
+
+void removeLastItem(ListControl* list) {
+    if (list)
+        list->RemoveItem(list->ListCount() - 1);
+}
+
+} // namespace
+
+std::string FrameInfoClass::ConvertPrefixCodeToString(std::int16_t code) {
+    return traced(
+        FrameFunction("ConvertPrefixCodeToString"), [&] { return PrefixName(code); }, Arg{"code", code});
+}
+
+std::string FrameInfoClass::ConvertSuffixCodeToString(std::int16_t code) {
+    return traced(
+        FrameFunction("ConvertSuffixCodeToString"), [&] { return SuffixName(code); }, Arg{"code", code});
+}
+
+std::int16_t FrameInfoClass::ConvertPrefixStringToCode(const std::string& CodeString) {
+    return traced(
+        FrameFunction("ConvertPrefixStringToCode"), [&] { return PrefixCodeOf(CodeString); },
+        Arg{"CodeString", CodeString});
+}
+
+std::int16_t FrameInfoClass::ConvertSuffixStringToCode(const std::string& CodeString) {
+    return traced(
+        FrameFunction("ConvertSuffixStringToCode"), [&] { return SuffixCodeOf(CodeString); },
+        Arg{"CodeString", CodeString});
+}
+
+void FrameInfoClass::FillEffectList(ListControl* prefixList, ListControl* suffixList) {
+    traced(
+        FrameSub("FillEffectList"),
+        [&] {
+            if (prefixList)
+                fillList(*prefixList, &FixedEffect::prefixCode, &FixedEffect::prefixName,
+                         &OptionalEffect::prefixListText, kStartLoopText, kLoopBase);
+            if (suffixList)
+                fillList(*suffixList, &FixedEffect::suffixCode, &FixedEffect::suffixName,
+                         &OptionalEffect::suffixListText, kEndLoopText, kEndLoop);
+        },
+        Arg{"prefixList", prefixList}, Arg{"suffixList", suffixList});
+}
+
+bool FrameInfoClass::LoadNewEffectLists(ListControl* prefixList1, ListControl* suffixList1,
+                                        ListControl* prefixList2, ListControl* suffixList2) {
+    return traced(
+        FrameFunction("LoadNewEffectLists"),
+        [&] {
+            if (NewEffectsLoaded || platform().files().kindOf(newEffectsPath()) != EntryKind::file)
+                return false;
+            NewEffectsLoaded = true;
+            FillEffectList(prefixList1, suffixList1);
+            FillEffectList(prefixList2, suffixList2);
+            removeLastItem(prefixList2);
+            removeLastItem(suffixList2);
+            return true;
+        },
+        Arg{"prefixList1", prefixList1}, Arg{"suffixList1", suffixList1}, Arg{"prefixList2", prefixList2},
+        Arg{"suffixList2", suffixList2});
+}
+
+void FrameInfoClass::RefreshEffectLists(ListControl* prefixList, ListControl* suffixList) {
+    traced(
+        FrameSub("RefreshEffectLists"),
+        [&] {
+            if (LoadNewEffectLists(prefixList, suffixList, prefixList, suffixList))
+                return;
+            FillEffectList(prefixList, suffixList);
+            removeLastItem(prefixList);
+            removeLastItem(suffixList);
+        },
+        Arg{"prefixList", prefixList}, Arg{"suffixList", suffixList});
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,25 @@
+// A list box of the host's screen.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace qrtVistrelClasses4 {
+
+/// Items are numbered from 0. What the host's control refuses arrives as a `RuntimeError`.
+class ListControl {
+public:
+    virtual ~ListControl() = default;
+    /// Name of the control's class, for the call trace.
+    virtual std::string ClassName() const = 0;
+    virtual void Clear() = 0;
+    virtual void AddItem(const std::string& text) = 0;
+    /// Index of the item added last.
+    virtual std::int32_t NewIndex() = 0;
+    /// Keeps `data` with item `index`.
+    virtual void ItemData(std::int32_t index, std::int32_t data) = 0;
+    virtual std::int32_t ListCount() = 0;
+    virtual void RemoveItem(std::int32_t index) = 0;
+};
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,47 @@
+// Playfiles as text, value by value, so that tests can change any of them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+
+/// Places of values among the lines of a playfile whose first frame has one line: line 0 is the count.
+enum PlayfilePlace {
+    kCommandFile = 1,
+    kDelay = 2,
+    kFontHeightPlace = 3,
+    kName = 4,
+    kPicture = 6,
+    kPrefix = 7,
+    kSuffix = 8,
+    kSendAsIs = 13,
+    kOverlay = 14,
+    kFastScrollPlace = 16,
+    kFixedLines = 23,
+    kLineCount = 27,
+    kText = 28,
+    kFont = 29,
+    kScrolling = 30,
+    kCustomFontPlace = 33,
+    kLastSpareFlag = 44,
+    kValuesOfOneFrame = 45,
+};
+
+/// One frame named "Welcome" with one line "HELLO", every spare field with a value of its own.
+inline std::vector<std::string> onePlayfileFrame() {
+    return {" 1 ", "",   "3", "16", "Welcome", "2",  "",      "5001",  "5000", "0", "0", "1",
+            "40",  "0",  "0", "0",  "0",       "",   "s",     "t",     "u",    "v", "0", "0",
+            "1",   "-2", "3", "1",  "HELLO",   "6",  "False", "False", "True", "",  "7", "-8",
+            "x",   "",   "z", "4",  "5",       "-6", "False", "True",  "False"};
+}
+
+/// The file of those values.
+inline std::string playfileText(const std::vector<std::string>& values) {
+    std::string text = values.at(0) + "\r\n";
+    for (std::size_t index = 1; index < values.size(); ++index)
+        text += "\"" + values[index] + "\"\r\n";
+    return text;
+}
+
+} // namespace qrtVistrelClasses4
