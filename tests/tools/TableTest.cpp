@@ -1,0 +1,29 @@
+#include "tools/Table.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+TEST(Table, ColumnsAreAsWideAsTheirWidestCellInCharacters) {
+    Table table({{"No.", Table::Align::right}, {"Name"}, {"Text"}});
+    table.addRow({"1", "Caf\u00e9", "open"});
+    table.addRow({"1000", "Bar", ""});
+    std::ostringstream out;
+    out << table;
+    EXPECT_EQ(out.str(), " No.  Name  Text\n"
+                         "----  ----  ----\n"
+                         "   1  Caf\u00e9  open\n"
+                         "1000  Bar\n");
+}
+
+TEST(Table, WithoutRowsItShowsItsHeadings) {
+    std::ostringstream out;
+    out << Table({{"Code"}, {"Name"}});
+    EXPECT_EQ(out.str(), "Code  Name\n----  ----\n");
+}
+
+} // namespace
+} // namespace qrtVistrelClasses4

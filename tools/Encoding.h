@@ -1,0 +1,20 @@
+// Texts between the library (8-bit, Windows-1252) and the terminal (UTF-8).
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace qrtVistrelClasses4 {
+
+/// Every byte is one character; the five that the code page leaves undefined (81, 8D, 8F, 90, 9D) become the
+/// control characters of the same number, so that nothing is lost.
+std::string Utf8FromAnsi(std::string_view ansi);
+
+/// The way back; none when `utf8` is not UTF-8 or has a character that the code page lacks.
+std::optional<std::string> AnsiFromUtf8(std::string_view utf8);
+
+/// `utf8` with a visible sign in place of every control character, for the terminal.
+std::string Visible(std::string_view utf8);
+
+} // namespace qrtVistrelClasses4

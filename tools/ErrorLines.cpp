@@ -1,0 +1,14 @@
+#include "tools/ErrorLines.h"
+
+namespace qrtVistrelClasses4 {
+
+void ErrorLines::add(std::string_view text) {
+    lines_.push_back("vistrel: " + (subject_.empty() ? "" : subject_ + ": ") + std::string(text));
+}
+
+void ErrorLines::add(const RuntimeError& error) {
+    if (!error.isQuiet())
+        add(error.description() + " (error " + std::to_string(error.number()) + ")");
+}
+
+} // namespace qrtVistrelClasses4

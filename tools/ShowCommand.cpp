@@ -1,0 +1,158 @@
+// vistrel show: the frames of a playfile.
+#include "frame/Conversions.h"
+#include "playfile/FrameInfoClass.h"
+#include "tools/Commands.h"
+#include "tools/Encoding.h"
+#include "tools/FrameJson.h"
+#include "tools/Table.h"
+
+#include <array>
+#include <limits>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+using nlohmann::ordered_json;
+
+struct ShowOptions {
+    std::string file;
+    std::int16_t frame = 0; ///< 0: all of them.
+    bool json = false;
+};
+
+std::string text(const ordered_json& value) {
+    if (value.is_string())
+        return Visible(value.get<std::string>());
+    return value.is_number_float() ? NumberToText(value.get<double>()) : value.dump();
+}
+
+std::string kindName(const ordered_json& frame) {
+    constexpr std::array names{"Blank", "Graphic", "Text", "Graphic/Text", "Command"};
+    static_assert(static_cast<std::size_t>(NEW_FRAME_TYPES::FRAME_CMD) == names.size() - 1);
+    const auto kind = frame["FrameType"].get<std::int32_t>();
+    return kind >= 0 && kind < static_cast<std::int32_t>(names.size()) ? names[static_cast<std::size_t>(kind)]
+                                                                       : std::to_string(kind);
+}
+
+/// `name`, or the code where it has none.
+std::string effectName(const std::string& name, std::int16_t code) {
+    return name.empty() ? std::to_string(code) : name;
+}
+std::string appearName(FrameInfoClass& names, const ordered_json& frame) {
+    const auto code = frame["PrefixCode"].get<std::int16_t>();
+    return effectName(names.ConvertPrefixCodeToString(code), code);
+}
+std::string disappearName(FrameInfoClass& names, const ordered_json& frame) {
+    const auto code = frame["SuffixCode"].get<std::int16_t>();
+    return effectName(names.ConvertSuffixCodeToString(code), code);
+}
+
+std::string flags(const ordered_json& line) {
+    std::string result;
+    for (const char* flag : {"Scrolling", "Blinking", "Inverse", "Merge"})
+        if (line[flag].get<bool>())
+            (result += result.empty() ? "" : ", ") += flag;
+    return result;
+}
+
+void printFrames(std::ostream& out, FrameInfoClass& playfile, const std::vector<ordered_json>& frames) {
+    constexpr auto right = Table::Align::right;
+    Table table({{"No.", right},
+                 {"Name"},
+                 {"Kind"},
+                 {"Appears"},
+                 {"Disappears"},
+                 {"Seconds", right},
+                 {"Lines", right}});
+    for (std::size_t i = 0; i < frames.size(); ++i) {
+        const ordered_json& frame = frames[i];
+        table.addRow({std::to_string(i + 1), text(frame["FrameName"]), kindName(frame),
+                      appearName(playfile, frame), disappearName(playfile, frame), text(frame["DelayTime"]),
+                      text(frame["TotalLinesAllowed"])});
+    }
+    out << table;
+}
+
+void printFrame(std::ostream& out, FrameInfoClass& playfile, const ordered_json& frame) {
+    Table properties({{"Property"}, {"Value"}});
+    for (const auto& [name, value] : frame.items()) {
+        if (name == "Lines")
+            continue;
+        const std::string meaning = name == "FrameType"    ? kindName(frame)
+                                    : name == "PrefixCode" ? appearName(playfile, frame)
+                                    : name == "SuffixCode" ? disappearName(playfile, frame)
+                                                           : "";
+        properties.addRow({name, text(value) + (meaning.empty() ? "" : " (" + meaning + ")")});
+    }
+    Table lines(
+        {{"Line", Table::Align::right}, {"Font", Table::Align::right}, {"Custom font"}, {"Flags"}, {"Text"}});
+    for (std::size_t i = 0; i < frame["Lines"].size(); ++i) {
+        const ordered_json& line = frame["Lines"][i];
+        lines.addRow({std::to_string(i + 1), text(line["LineFontSize"]), text(line["LineCustomFont"]),
+                      flags(line), text(line["CurrentLineText"])});
+    }
+    out << properties << '\n' << lines;
+}
+
+/// Drops the frames behind the last one that was read: those of a file that could not be read to its end are
+/// like a frame without lines that nothing was ever stored in.
+void dropUnreadFrames(std::vector<ordered_json>& frames, ErrorLines& errors) {
+    FrameInfoClass untouched;
+    untouched.TotalFrames(1);
+    untouched.CurrentFrame(1);
+    untouched.TotalLinesAllowed(0);
+    const ordered_json unread = FrameJson(untouched, 1, errors);
+    while (!frames.empty() && frames.back() == unread)
+        frames.pop_back();
+}
+
+ExitCode show(const ShowOptions& options, Session& session) {
+    session.errors.about(options.file);
+    FrameInfoClass playfile;
+    playfile.TotalFrames(0); // else its first twenty frames would stand for a file that cannot be read at all
+    const bool complete = playfile.GetPlayfileFromDisk(options.file);
+    std::vector<ordered_json> frames;
+    for (std::int32_t number = 1; number <= playfile.TotalFrames(); ++number)
+        frames.push_back(FrameJson(playfile, static_cast<std::int16_t>(number), session.errors));
+    if (!complete) {
+        const std::size_t expected = frames.size();
+        dropUnreadFrames(frames, session.errors);
+        if (expected > 0)
+            session.errors.add("only the first " + std::to_string(frames.size()) + " of " +
+                               std::to_string(expected) +
+                               " frames could be read, the last of them perhaps in part");
+    }
+    const auto count = static_cast<std::int32_t>(frames.size());
+    if (options.frame > count) {
+        session.errors.add("there is no frame " + std::to_string(options.frame) + ", the last one is " +
+                           std::to_string(count));
+        return ExitCode::failed;
+    }
+    if (options.frame > 0)
+        frames = {frames[static_cast<std::size_t>(options.frame) - 1]};
+    if (options.json)
+        session.out << ordered_json(frames).dump(2) << '\n';
+    else if (options.frame > 0)
+        printFrame(session.out, playfile, frames.front());
+    else if (complete || count > 0)
+        printFrames(session.out, playfile, frames);
+    return ExitCode::done;
+}
+
+} // namespace
+
+void AddShowCommand(CLI::App& program, Session& session) {
+    CLI::App& command = AddCommand(program, "show", "Shows the frames of a playfile",
+                                   "vistrel show harbour.playfile --frame 2");
+    const auto options = std::make_shared<ShowOptions>();
+    command.add_option("FILE", options->file, "The playfile")->required();
+    command
+        .add_option("--frame", options->frame, "Shows one frame with all its properties and lines; from 1")
+        ->check(CLI::Range(1, int{std::numeric_limits<std::int16_t>::max()}));
+    command.add_flag("--json", options->json, "Prints an array of frames with every property");
+    command.callback(
+        [options, &session] { session.command = [options, &session] { return show(*options, session); }; });
+}
+
+} // namespace qrtVistrelClasses4
