@@ -1,0 +1,28 @@
+# qrt_compile_idl(NAME) compiles the interface definition NAME.idl of this folder. Linking NAME_interfaces gives a
+# program the header NAME.h; linking NAME_type_library puts the type library into it, where LoadTypeLib looks for it.
+find_path(QRT_IDL_INCLUDES oaidl.idl NO_CMAKE_FIND_ROOT_PATH REQUIRED
+    PATHS /usr/include/wine/wine/windows /usr/include/wine/windows /usr/include/wine-development/wine/windows
+    DOC "Folder of the system's interface definitions")
+find_path(QRT_TYPE_LIBRARIES stdole2.tlb NO_CMAKE_FIND_ROOT_PATH REQUIRED
+    PATHS /usr/lib/x86_64-linux-gnu/wine/x86_64-windows /usr/lib/i386-linux-gnu/wine/i386-windows
+        /usr/lib/wine/x86_64-windows /usr/lib64/wine/x86_64-windows
+    DOC "Folder of the system's type libraries")
+
+function(qrt_compile_idl name)
+    set(definition ${CMAKE_CURRENT_SOURCE_DIR}/${name}.idl)
+    set(output ${CMAKE_CURRENT_BINARY_DIR}/${name})
+    add_custom_command(OUTPUT ${output}.h ${output}.tlb
+        COMMAND ${QRT_IDL_COMPILER} -I ${QRT_IDL_INCLUDES} -h -o ${output}.h ${definition}
+        COMMAND ${QRT_IDL_COMPILER} -I ${QRT_IDL_INCLUDES} -L ${QRT_TYPE_LIBRARIES} -t -o ${output}.tlb ${definition}
+        DEPENDS ${definition} VERBATIM)
+    add_custom_target(${name}_compiled DEPENDS ${output}.h ${output}.tlb)
+
+    add_library(${name}_interfaces INTERFACE)
+    target_include_directories(${name}_interfaces SYSTEM INTERFACE ${CMAKE_CURRENT_BINARY_DIR})
+    add_dependencies(${name}_interfaces ${name}_compiled)
+
+    file(CONFIGURE OUTPUT ${output}.rc CONTENT "1 TYPELIB \"${output}.tlb\"\n")
+    set_source_files_properties(${output}.rc PROPERTIES OBJECT_DEPENDS ${output}.tlb)
+    add_library(${name}_type_library OBJECT ${output}.rc)
+    add_dependencies(${name}_type_library ${name}_compiled)
+endfunction()

@@ -1,0 +1,110 @@
+#include "automation/LateBoundCall.h"
+
+#include "automation/LateBoundArgument.h"
+#include "automation/Module.h"
+
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+/// The interface of `type` as it lies in memory, which is what member indexes count in.
+ComPtr<ITypeInfo> functionTableOf(ITypeInfo& type) {
+    HREFTYPE reference = 0;
+    ComPtr<ITypeInfo> table;
+    if (FAILED(type.GetRefTypeOfImplType(static_cast<UINT>(-1), &reference)) ||
+        FAILED(type.GetRefTypeInfo(reference, &table)))
+        table = &type;
+    return table;
+}
+
+/// A member of a type, or none.
+class Member {
+public:
+    Member(ITypeInfo& type, DISPID id, WORD flags) : type_(functionTableOf(type)) {
+        ComPtr<ITypeInfo2> search;
+        if (FAILED(type_.As(&search)))
+            return;
+        for (const INVOKEKIND kind :
+             {INVOKE_FUNC, INVOKE_PROPERTYGET, INVOKE_PROPERTYPUT, INVOKE_PROPERTYPUTREF}) {
+            UINT index = 0;
+            if ((flags & kind) && SUCCEEDED(search->GetFuncIndexOfMemId(id, kind, &index))) {
+                type_->GetFuncDesc(index, &description_);
+                return;
+            }
+        }
+    }
+    ~Member() {
+        if (description_)
+            type_->ReleaseFuncDesc(description_);
+    }
+    Member(const Member&) = delete;
+    Member& operator=(const Member&) = delete;
+
+    bool exists() const { return description_ != nullptr; }
+    /// Without the result.
+    int argumentCount() const {
+        const int count = exists() ? description_->cParams : 0;
+        return count > 0 && isResult(description_->lprgelemdescParam[count - 1]) ? count - 1 : count;
+    }
+    DeclaredArgument argument(int number) const {
+        if (number < 0 || number >= argumentCount())
+            return {};
+        return Declared(*type_.Get(), description_->lprgelemdescParam[number].tdesc);
+    }
+
+private:
+    static bool isResult(const ELEMDESC& argument) {
+        return (argument.paramdesc.wParamFlags & PARAMFLAG_FRETVAL) != 0;
+    }
+
+    ComPtr<ITypeInfo> type_;
+    FUNCDESC* description_ = nullptr;
+};
+
+/// Number, from 0, of the member's argument that stands at `position` of `arguments`: named ones first, then
+/// the others from last to first.
+int argumentAt(UINT position, const DISPPARAMS& arguments, const Member& member) {
+    if (position >= arguments.cNamedArgs)
+        return static_cast<int>(arguments.cArgs - 1 - position);
+    const DISPID name = arguments.rgdispidNamedArgs[position];
+    return name == DISPID_PROPERTYPUT ? member.argumentCount() - 1 : static_cast<int>(name);
+}
+
+/// Whether `call` sets a property that is in truth a method of one argument.
+bool isMethodSetAsProperty(ITypeInfo& type, const MemberCall& call) {
+    return (call.flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) &&
+           !Member(type, call.member, call.flags).exists() &&
+           Member(type, call.member, DISPATCH_METHOD).argumentCount() == 1;
+}
+
+} // namespace
+
+HRESULT CallLateBound(ITypeInfo& type, void* object, MemberCall call, const DISPPARAMS& arguments,
+                      VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument) {
+    DISPPARAMS passed = arguments;
+    if (isMethodSetAsProperty(type, call)) {
+        call.flags = DISPATCH_METHOD;
+        passed.cNamedArgs = 0;
+    }
+    const Member member(type, call.member, call.flags);
+    std::vector<LateBoundArgument> converted(arguments.cArgs);
+    std::vector<VARIANT> values(arguments.cArgs);
+    passed.rgvarg = values.data();
+    HRESULT done = S_OK;
+    for (UINT position = 0; position < arguments.cArgs && SUCCEEDED(done); ++position) {
+        const DeclaredArgument declared = member.argument(argumentAt(position, passed, member));
+        done =
+            converted[position].convert(declared, arguments.rgvarg[position], call.locale, values[position]);
+        if (FAILED(done) && wrongArgument)
+            *wrongArgument = position;
+    }
+    if (SUCCEEDED(done))
+        done = type.Invoke(object, call.member, call.flags, &passed, result, exception, wrongArgument);
+    for (LateBoundArgument& argument : converted)
+        if (SUCCEEDED(done))
+            done = argument.writeBack(call.locale);
+    return done;
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,19 @@
+#include "automation/PublicClasses.h"
+
+// Puts the identifiers that qrtVistrelClasses4.h declares into this file.
+#include <initguid.h>
+#include <qrtVistrelClasses4.h>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+const PublicClass publicClasses[] = {
+    {CLSID_FrameInfoClass, L"FrameInfoClass", MakeFrameInfoObject},
+    {CLSID_SettingsInfoClass, L"SettingsInfoClass", MakeSettingsInfoObject},
+};
+
+} // namespace
+
+std::span<const PublicClass> PublicClasses() { return publicClasses; }
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,58 @@
+// The module's exports, and the class objects that they hand out.
+#include "automation/ComObject.h"
+#include "automation/ErrorResults.h"
+#include "automation/PublicClasses.h"
+#include "automation/Registration.h"
+
+#include <olectl.h>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+class ClassObject : public ComObject<IClassFactory> {
+public:
+    explicit ClassObject(const PublicClass& type) : type_(type) {}
+
+    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** result) override {
+        if (outer)
+            return CLASS_E_NOAGGREGATION;
+        return ResultOf(IID_IClassFactory, [&] { return type_.make()->QueryInterface(iid, result); });
+    }
+    STDMETHODIMP LockServer(BOOL lock) override {
+        lock ? ModuleUse::begin() : ModuleUse::end();
+        return S_OK;
+    }
+
+private:
+    const PublicClass& type_;
+};
+
+} // namespace
+} // namespace qrtVistrelClasses4
+
+using namespace qrtVistrelClasses4;
+
+STDAPI DllGetClassObject(REFCLSID id, REFIID iid, void** result) {
+    return ResultOf(IID_IClassFactory, [&]() -> HRESULT {
+        for (const PublicClass& type : PublicClasses())
+            if (type.id == id)
+                return MakeObject<ClassObject>(type)->QueryInterface(iid, result);
+        *result = nullptr;
+        return CLASS_E_CLASSNOTAVAILABLE;
+    });
+}
+
+STDAPI DllCanUnloadNow() { return ModuleUse::isOver() ? S_OK : S_FALSE; }
+
+STDAPI DllRegisterServer() {
+    return ResultOf(IID_IUnknown, [] {
+        const HRESULT done = RegisterClasses();
+        if (FAILED(done))
+            UnregisterClasses();
+        return done;
+    });
+}
+
+STDAPI DllUnregisterServer() {
+    return ResultOf(IID_IUnknown, [] { return UnregisterClasses(); });
+}

@@ -1,0 +1,40 @@
+#include "automation/Values.h"
+
+#include "frame/RuntimeError.h"
+
+#include <ole2.h>
+
+#include <new>
+
+namespace qrtVistrelClasses4 {
+
+OwnedBstr WideText(std::string_view text) {
+    const int length = static_cast<int>(text.size());
+    const int wideLength = MultiByteToWideChar(CP_ACP, 0, text.data(), length, nullptr, 0);
+    OwnedBstr wide(SysAllocStringLen(nullptr, static_cast<UINT>(wideLength)));
+    if (!wide)
+        throw std::bad_alloc();
+    MultiByteToWideChar(CP_ACP, 0, text.data(), length, wide.get(), wideLength);
+    return wide;
+}
+
+std::string NarrowText(BSTR text) {
+    const int length = static_cast<int>(SysStringLen(text));
+    std::string narrow;
+    narrow.resize(
+        static_cast<std::size_t>(WideCharToMultiByte(CP_ACP, 0, text, length, nullptr, 0, nullptr, nullptr)));
+    WideCharToMultiByte(CP_ACP, 0, text, length, narrow.data(), static_cast<int>(narrow.size()), nullptr,
+                        nullptr);
+    return narrow;
+}
+
+std::optional<std::string> OptionalText(const VARIANT& value) {
+    if (IsOmitted(value))
+        return std::nullopt;
+    OwnedVariant text;
+    if (FAILED(VariantChangeType(&text, const_cast<VARIANT*>(&value), VARIANT_ALPHABOOL, VT_BSTR)))
+        throw RuntimeError(ErrorNumber::typeMismatch);
+    return NarrowText(V_BSTR(&text));
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,123 @@
+#!/usr/bin/env bash
+# Tests the core and the built server under Wine: run.sh BUILD_DIR [32_BIT_BUILD_DIR]
+#
+# Everything happens in a Wine prefix of its own, $WINEPREFIX or else BUILD_DIR/wine. The 32-bit build is checked
+# from outside only: what its server exports and needs, and what its type library promises.
+# Prints one line a test, "N passed, N failed" in the end, and fails when a test did.
+set -u
+here=$(cd "$(dirname "$0")" && pwd)
+build=$(cd "$1" && pwd) || exit 2
+build32=${2:+$(cd "$2" && pwd)}
+export WINEPREFIX=${WINEPREFIX:-$build/wine} WINEDEBUG=-all
+work=$build/automation-test
+data=$work/data
+passed=0
+failed=0
+
+report() { # STATUS NAME
+    if [ "$1" = 0 ]; then
+        passed=$((passed + 1))
+        echo "ok $2"
+    else
+        failed=$((failed + 1))
+        echo "FAILED $2"
+    fi
+}
+
+windows_path() { printf 'Z:%s' "${1//\//\\}"; }
+
+# Runs a Windows program with its output in FILE; a program that hangs is stopped.
+windows() { # FILE PROGRAM ARGUMENTS...
+    local output=$1
+    shift
+    timeout -k 5 120 wine "$@" >"$output.raw" 2>&1
+    local status=$?
+    tr -d '\r' <"$output.raw" >"$output"
+    rm "$output.raw"
+    return $status
+}
+
+set_up() {
+    rm -rf "$work"
+    mkdir -p "$data" "$WINEPREFIX"
+    wineboot -i >"$work/wineboot.txt" 2>&1
+    # Windows and message boxes work without a display; what runs already has looked for one, and must start anew.
+    windows "$work/setup.txt" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f
+    wineserver -k
+    wineserver -w
+    wineserver -p10 # Stays between the programs, ends by itself.
+    windows "$work/setup.txt" reg add 'HKLM\Software\Brivox\Vistrel3\Settings' /v ShowErrorReports /d False /f
+    windows "$work/setup.txt" reg add 'HKLM\Software\Brivox\Vistrel3\Settings' /v AppPath /d "$(windows_path "$data")" /f
+    windows "$work/register.txt" regsvr32 /s "$(windows_path "$build/qrtVistrelClasses4.dll")"
+    report $? "the server registers itself"
+}
+
+# Adds the counts of a "N passed, N failed" line, without which the script stopped early.
+run_script() { # FILE
+    local name output summary
+    name=$(basename "$1" .vbs)
+    output=$work/$name.txt
+    cat "$here/checks.vbs" "$1" >"$work/$name.vbs"
+    windows "$output" cscript //nologo "$(windows_path "$work/$name.vbs")" "$(windows_path "$data/")"
+    sed "s/^/$name: /" "$output"
+    summary=$(grep -E '^[0-9]+ passed, [0-9]+ failed$' "$output" | tail -1)
+    if [ -z "$summary" ]; then
+        report 1 "$name runs to its end"
+        return
+    fi
+    passed=$((passed + ${summary%% *}))
+    summary=${summary#*, }
+    failed=$((failed + ${summary%% *}))
+}
+
+# Tests in a program of their own print their names themselves.
+run_test_program() { # FILE
+    local output
+    output=$work/$(basename "$1" .exe).txt
+    windows "$output" "$1" --gtest_print_time=0
+    local status=$?
+    grep -vE '^(\[ RUN|\[-------|$)' "$output"
+    passed=$((passed + $(grep -c '^\[       OK \]' "$output")))
+    failed=$((failed + $(grep -c '^\[  FAILED  \] [^ ]*$' "$output")))
+    report $status "$(basename "$1") runs to its end"
+}
+
+check_contract() { # TYPE_LIBRARY NAME
+    local output=$work/contract.txt
+    windows "$output" "$build/tests/automation/dump_typelib.exe" "$(windows_path "$1")"
+    diff -u "$here/contract.txt" "$output"
+    report $? "$2 keeps its promises"
+}
+
+# Nothing but the four functions goes out of a server, and nothing but the system's libraries comes in.
+check_server() { # FILE
+    local headers
+    headers=$(x86_64-w64-mingw32-objdump -p "$1")
+    diff <(sed -n '/Name Pointer\] Table/,/^$/s/^\t\[.*\] //p' <<<"$headers") - <<-'EXPORTS'
+	DllCanUnloadNow
+	DllGetClassObject
+	DllRegisterServer
+	DllUnregisterServer
+	EXPORTS
+    report $? "$1 exports the four functions"
+    ! grep 'DLL Name:' <<<"$headers" |
+        grep -viE ' (advapi32|kernel32|msvcrt|ole32|oleaut32|shell32|user32)\.dll$'
+    report $? "$1 needs no libraries but the system's"
+}
+
+set_up
+check_server "$build/qrtVistrelClasses4.dll"
+check_contract "$build/qrtVistrelClasses4.dll" "the type library"
+if [ -n "$build32" ]; then
+    check_server "$build32/qrtVistrelClasses4.dll"
+    check_contract "$build32/automation/qrtVistrelClasses4.tlb" "the 32-bit type library"
+fi
+for script in "$here"/*_test.vbs; do
+    run_script "$script"
+done
+run_test_program "$build/tests/automation/automation_tests.exe"
+run_test_program "$build/tests/core_tests.exe"
+windows "$work/register.txt" regsvr32 /s /u "$(windows_path "$build/qrtVistrelClasses4.dll")"
+report $? "the server unregisters itself"
+echo "$passed passed, $failed failed"
+[ "$failed" = 0 ]
