@@ -121,6 +121,8 @@ struct TraceState {
     }
     /// Drops the records above `record`, which then is the innermost one.
     void unwindTo(TraceRecord* record);
+    /// Replaces `record`, whose procedure lets an error through, by one that stays until its caller is left.
+    void abandon(TraceRecord& record);
 
 private:
     void tellEntered(const TraceRecord& record);

@@ -1,7 +1,7 @@
 #include "frame/Conversions.h"
 
 #include "frame/RuntimeError.h"
-#include "frame/Text.h"
+#include "platform/LetterCase.h"
 
 #include <algorithm>
 #include <charconv>
@@ -12,6 +12,9 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 constexpr int kSignificantDigits = 15;
+/// Beyond this a number is written with all its digits: rounded, it could be too large to be read back.
+constexpr double kLargestRounded = 1.79769313486231e308;
+constexpr int kAllDigits = 17;
 constexpr std::string_view kBlanks = " \t\r\n\v\f";
 
 std::string_view withoutLeadingBlanks(std::string_view text) {
@@ -24,37 +27,48 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(0, text.find_last_not_of(kBlanks) + 1);
 }
 
-struct ParsedNumber {
+struct LeadingPart {
     double value = 0;
     std::string_view rest; ///< What follows the number; the whole text when there is none.
 };
 
+bool isDigit(char character) { return character >= '0' && character <= '9'; }
+
+/// Whether a number that does not fit is too small rather than too large. `number` is unsigned.
+bool isTooSmall(std::string_view number) {
+    const std::size_t exponentMark = std::min(number.find_first_of("eE"), number.size());
+    const std::string_view digits = number.substr(0, exponentMark);
+    const auto point = static_cast<std::int64_t>(std::min(digits.find('.'), digits.size()));
+    const auto firstDigit = static_cast<std::int64_t>(digits.find_first_of("123456789"));
+    std::int64_t exponent = 0;
+    if (exponentMark < number.size()) {
+        std::string_view text = number.substr(exponentMark + 1);
+        text.remove_prefix(text.starts_with('+') ? 1 : 0);
+        if (std::from_chars(text.data(), text.data() + text.size(), exponent).ec != std::errc())
+            return text.starts_with('-');
+    }
+    constexpr std::int64_t farOut = std::int64_t{1} << 40; // beyond the length of any text
+    return point - firstDigit + std::clamp(exponent, -farOut, farOut) < 0;
+}
+
 /// Reads sign, digits, "." and exponent. Too large a number is error 6, too small a one 0.
-ParsedNumber parseNumber(std::string_view text) {
-    std::string_view digits = text;
-    if (digits.starts_with('+'))
-        digits.remove_prefix(1);
-    const bool negative = digits.starts_with('-');
-    const std::string_view magnitude = digits.substr(negative ? 1 : 0);
-    // Not every text that the standard reader takes for a number is one here ("inf", "+-5").
-    if (magnitude.empty() || !(magnitude[0] == '.' || (magnitude[0] >= '0' && magnitude[0] <= '9')) ||
-        (negative && digits.data() != text.data()))
+LeadingPart readLeadingNumber(std::string_view text) {
+    const bool negative = text.starts_with('-');
+    const std::string_view number = text.substr(negative || text.starts_with('+') ? 1 : 0);
+    // Not every text that the standard reader takes for a number is one here ("inf", "--5").
+    if (number.empty() || !(number[0] == '.' || isDigit(number[0])))
         return {0, text};
-    ParsedNumber result;
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), result.value);
+    double value = 0;
+    const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
     if (error == std::errc::invalid_argument)
         return {0, text};
-    result.rest = digits.substr(static_cast<std::size_t>(end - digits.data()));
+    const auto size = static_cast<std::size_t>(end - number.data());
     if (error == std::errc::result_out_of_range) {
-        const std::string_view number = digits.substr(0, digits.size() - result.rest.size());
-        const std::size_t exponent = number.find_first_of("eE");
-        const bool tiny = exponent == number.npos ? number.find_first_of("123456789") > number.find('.')
-                                                  : number.substr(exponent + 1).starts_with('-');
-        if (!tiny)
+        if (!isTooSmall(number.substr(0, size)))
             throw RuntimeError(ErrorNumber::overflow);
-        result.value = 0;
+        value = 0;
     }
-    return result;
+    return {negative ? -value : value, number.substr(size)};
 }
 
 template <class Integer>
@@ -67,32 +81,36 @@ Integer roundTo(double value) {
 
 } // namespace
 
-double TextToDouble(std::string_view text) {
-    const std::string_view number = trimmed(text);
+std::optional<double> ParseNumber(std::string_view text) {
+    std::string_view number = trimmed(text);
     std::string withPoint;
-    ParsedNumber parsed = parseNumber(number);
-    if (parsed.rest.starts_with(',') || number.starts_with(',')) {
+    if (const std::size_t comma = number.find(','); comma != number.npos && number.find('.') == number.npos) {
         withPoint = number;
-        withPoint[withPoint.find(',')] = '.';
-        parsed = parseNumber(withPoint);
+        withPoint[comma] = '.';
+        number = withPoint;
     }
-    if (number.empty() || !parsed.rest.empty())
-        throw RuntimeError(ErrorNumber::typeMismatch);
-    return parsed.value;
+    const LeadingPart parsed = readLeadingNumber(number);
+    return number.empty() || !parsed.rest.empty() ? std::nullopt : std::optional(parsed.value);
+}
+
+double TextToDouble(std::string_view text) {
+    if (const auto number = ParseNumber(text))
+        return *number;
+    throw RuntimeError(ErrorNumber::typeMismatch);
 }
 
 std::int16_t TextToInt16(std::string_view text) { return RoundToInt16(TextToDouble(text)); }
 std::int32_t TextToInt32(std::string_view text) { return RoundToInt32(TextToDouble(text)); }
 
 bool TextToBoolean(std::string_view text) {
-    if (EqualIgnoringCase(text, "true"))
+    if (EqualIgnoringAsciiCase(text, "true"))
         return true;
-    if (EqualIgnoringCase(text, "false"))
+    if (EqualIgnoringAsciiCase(text, "false"))
         return false;
     return TextToDouble(text) != 0;
 }
 
-double LeadingNumber(std::string_view text) { return parseNumber(withoutLeadingBlanks(text)).value; }
+double LeadingNumber(std::string_view text) { return readLeadingNumber(withoutLeadingBlanks(text)).value; }
 
 std::int16_t RoundToInt16(double value) { return roundTo<std::int16_t>(value); }
 std::int32_t RoundToInt32(double value) { return roundTo<std::int32_t>(value); }
@@ -111,8 +129,9 @@ std::string_view FormatNumber(std::int32_t value, NumberBuffer& buffer) {
 std::string_view FormatNumber(double value, NumberBuffer& buffer) {
     if (value == 0)
         value = 0; // a negative zero has no sign in text
+    const int digits = std::abs(value) > kLargestRounded ? kAllDigits : kSignificantDigits;
     const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                      std::chars_format::general, kSignificantDigits);
+                                      std::chars_format::general, digits);
     std::replace(buffer.data(), result.ptr, 'e', 'E');
     return {buffer.data(), result.ptr};
 }

@@ -4,11 +4,14 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace qrtVistrelClasses4 {
 
+/// Text as a number, none when it is not one. Otherwise as `TextToDouble`.
+std::optional<double> ParseNumber(std::string_view text);
 /// Text as a number. Blanks around it, a sign, "." or "," as decimal separator and an exponent are
 /// understood; anything else is error 13, too large a number error 6.
 double TextToDouble(std::string_view text);

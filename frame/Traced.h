@@ -38,6 +38,21 @@ std::invoke_result_t<Body&> traced(Procedure where, Body body, Arg<Ts>... argume
     }
 }
 
+/// As `traced`, but lets an error through to the caller. The procedure then has not been left, and the report
+/// of the caller's trap shows it as the innermost one.
+template <class Body, class... Ts>
+std::invoke_result_t<Body&> tracedThrowing(Procedure where, Body body, Arg<Ts>... arguments) {
+    ProcedureRecord<Ts...> record(where, std::move(arguments)...);
+    const bool entered = traceState.on;
+    try {
+        return entered ? onTrace(record, body) : body();
+    } catch (...) {
+        if (entered)
+            traceState.abandon(record);
+        throw CurrentError();
+    }
+}
+
 /// Runs the body of an untraced accessor: errors go to the caller, as `RuntimeError` whatever they were.
 template <class Body>
 std::invoke_result_t<Body&> untraced(Body body) {

@@ -12,7 +12,7 @@ constinit thread_local std::int32_t lastNumber = 0;
 } // namespace
 
 std::int32_t GetNextClassDebugID() {
-    return traced({"modClassIDGenerator.bas", ProcedureKind::Function, "GetNextClassDebugID"}, [] {
+    return tracedThrowing({"modClassIDGenerator.bas", ProcedureKind::Function, "GetNextClassDebugID"}, [] {
         if (lastNumber == std::numeric_limits<std::int32_t>::max())
             throw RuntimeError(ErrorNumber::overflow);
         return ++lastNumber;

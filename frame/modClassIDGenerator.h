@@ -5,11 +5,11 @@
 
 namespace qrtVistrelClasses4 {
 
-/// The next identity number of this thread, counting from 1. Past 2,147,483,647 there is none: the overflow
-/// is trapped and the result is 0.
+/// The next identity number of this thread, counting from 1. Past 2,147,483,647 there is none: error 6, to the
+/// caller.
 std::int32_t GetNextClassDebugID();
 
-/// The number drawn last on this thread. Setting it is for hosts that continue an earlier numbering.
+/// The number drawn last on this thread. Setting it lets a test stand at the end of the numbers.
 std::int32_t LastClassDebugID();
 void LastClassDebugID(std::int32_t last);
 

@@ -96,13 +96,13 @@ void IniIndex::collect(std::string_view text) {
 std::optional<std::string_view> IniIndex::find(std::string_view section, std::string_view key) const {
     section = trimmed(section);
     const auto inSection = std::ranges::lower_bound(sections_, section, byName, &Section::name);
-    if (inSection == sections_.end() || CompareIgnoringAsciiCase(inSection->name, section) != 0)
+    if (inSection == sections_.end() || !EqualIgnoringAsciiCase(inSection->name, section))
         return {};
     key = trimmed(key);
     const auto entries =
         std::span(entries_).subspan(inSection->firstEntry, inSection->endEntry - inSection->firstEntry);
     const auto entry = std::ranges::lower_bound(entries, key, byName, &Entry::key);
-    if (entry == entries.end() || CompareIgnoringAsciiCase(entry->key, key) != 0)
+    if (entry == entries.end() || !EqualIgnoringAsciiCase(entry->key, key))
         return {};
     return entry->value;
 }
@@ -175,12 +175,12 @@ void IniEditor::collect(std::span<const IniChange> changes) {
     });
     // Changes to one key now stand side by side; the first gets the value of the last.
     std::size_t kept = 0;
-    for (std::size_t i = 0; i < pending_.size(); ++i) {
-        if (kept > 0 && CompareIgnoringAsciiCase(pending_[kept - 1].section, pending_[i].section) == 0 &&
-            CompareIgnoringAsciiCase(pending_[kept - 1].key, pending_[i].key) == 0)
-            pending_[kept - 1].value = pending_[i].value;
+    for (const Pending& change : pending_) {
+        if (kept > 0 && EqualIgnoringAsciiCase(pending_[kept - 1].section, change.section) &&
+            EqualIgnoringAsciiCase(pending_[kept - 1].key, change.key))
+            pending_[kept - 1].value = change.value;
         else
-            pending_[kept++] = pending_[i];
+            pending_[kept++] = change;
     }
     pending_.resize(kept);
 }
@@ -189,7 +189,7 @@ void IniEditor::group() {
     const std::span<Pending> all = pending_;
     for (std::size_t first = 0; first < all.size();) {
         std::size_t end = first + 1;
-        while (end < all.size() && CompareIgnoringAsciiCase(all[end].section, all[first].section) == 0)
+        while (end < all.size() && EqualIgnoringAsciiCase(all[end].section, all[first].section))
             ++end;
         groups_.push_back({all[first].section, all.subspan(first, end - first), false});
         first = end;
@@ -221,7 +221,7 @@ void IniEditor::enterSection(std::string_view name) {
     current_ = nullptr;
     insertAt_ = out_.size();
     const auto found = std::ranges::lower_bound(groups_, name, byName, &Group::section);
-    if (found == groups_.end() || CompareIgnoringAsciiCase(found->section, name) != 0 || found->visited)
+    if (found == groups_.end() || !EqualIgnoringAsciiCase(found->section, name) || found->visited)
         return;
     found->visited = true;
     current_ = &*found;
@@ -231,7 +231,7 @@ void IniEditor::copyKey(std::string_view line, const IniLine& parsed) {
     if (current_ && parsed.kind == IniLine::key) {
         const auto change = std::ranges::lower_bound(current_->changes, parsed.name, byName, &Pending::key);
         const bool isMeant = change != current_->changes.end() && !change->done &&
-                             CompareIgnoringAsciiCase(change->key, parsed.name) == 0;
+                             EqualIgnoringAsciiCase(change->key, parsed.name);
         if (isMeant) {
             change->done = true;
             if (parsed.value != change->value) {

@@ -32,6 +32,11 @@ constexpr char AnsiUpper(char character) {
 /// case. Shorter texts stand before longer ones: this is an order to search by, not one to show.
 int CompareIgnoringAsciiCase(std::string_view left, std::string_view right);
 
+/// Whether the texts differ in nothing but the case of ASCII letters.
+inline bool EqualIgnoringAsciiCase(std::string_view left, std::string_view right) {
+    return CompareIgnoringAsciiCase(left, right) == 0;
+}
+
 std::string AnsiUpper(std::string_view text);
 
 } // namespace qrtVistrelClasses4

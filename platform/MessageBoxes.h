@@ -5,7 +5,7 @@
 
 namespace qrtVistrelClasses4 {
 
-enum class MessageIcon { none, critical, question, warning };
+enum class MessageIcon { none, critical, question };
 enum class MessageButtons { ok, yesNo };
 enum class MessageAnswer { ok, yes, no };
 

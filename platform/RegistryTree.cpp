@@ -146,7 +146,7 @@ bool RegistryTree::Parser::takeKey(std::string_view line) {
         return false;
     const std::string_view hive = std::string_view(*path).substr(0, path->find('\\'));
     for (const auto& [number, name] : kHives) {
-        if (CompareIgnoringAsciiCase(name, hive) != 0)
+        if (!EqualIgnoringAsciiCase(name, hive))
             continue;
         node_ = &tree_.nodeAt(fullPath({number, path->substr(hive.size())}));
         node_->above += std::exchange(above_, {});

@@ -75,14 +75,12 @@ std::optional<std::int16_t> codeOfSharedKeyword(std::string_view keyword) {
 
 std::string loopName(double rounds) { return "Start Loop [" + NumberToText(rounds) + "] times"; }
 
-/// What stands between the first brackets of `text`, the closing one included. A missing bracket counts as
-/// standing before the text.
+/// What stands between the first brackets of `text`, the closing one included; nothing when they stand the
+/// wrong way round. A missing bracket counts as standing before the text.
 std::string_view bracketedText(std::string_view text) {
     const std::size_t opening = text.find('[') + 1; // both count from 1
     const std::size_t closing = text.find(']') + 1;
-    if (closing < opening)
-        throw RuntimeError(ErrorNumber::invalidProcedureCall);
-    return text.substr(opening, closing - opening);
+    return closing < opening ? std::string_view() : text.substr(opening, closing - opening);
 }
 
 } // namespace
@@ -115,7 +113,7 @@ std::int16_t SuffixCodeOf(std::string_view text) {
 std::int16_t PrefixCodeOfKeyword(std::string_view keyword) {
     if (const auto code = codeOfSharedKeyword(keyword))
         return *code;
-    const double rounds = LeadingNumber(keyword);
+    const double rounds = ParseNumber(keyword).value_or(0);
     return rounds > 0 ? RoundToInt16(kLoopBase + rounds) : std::int16_t{0};
 }
 

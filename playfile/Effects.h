@@ -99,7 +99,7 @@ std::string PrefixName(std::int16_t code);
 std::string SuffixName(std::int16_t code);
 
 /// The code of an effect text, 0 for any text that is none. The text of a loop's start is error 13, as files
-/// and screens have learnt to live with; one whose brackets stand the wrong way round is error 5.
+/// and screens have learnt to live with.
 std::int16_t PrefixCodeOf(std::string_view text);
 std::int16_t SuffixCodeOf(std::string_view text);
 
@@ -107,5 +107,9 @@ std::int16_t SuffixCodeOf(std::string_view text);
 /// which is error 6 when the code would not fit. 0 for any other keyword.
 std::int16_t PrefixCodeOfKeyword(std::string_view keyword);
 std::int16_t SuffixCodeOfKeyword(std::string_view keyword);
+
+/// The same as traced procedures: the error is trapped, and the result is 0.
+std::int16_t ConvertPrefixKeywordToCode(const std::string& Keyword);
+std::int16_t ConvertSuffixKeywordToCode(const std::string& Keyword);
 
 } // namespace qrtVistrelClasses4

@@ -5,6 +5,7 @@
 #include "playfile/FrameProcedures.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -193,7 +194,16 @@ void FrameInfoClass::SuffixCode(std::int16_t vData) {
 }
 
 double FrameInfoClass::DelayTime() { return readFrame("DelayTime", &FrameRecord::DelayTime); }
-void FrameInfoClass::DelayTime(double vData) { writeFrame("DelayTime", &FrameRecord::DelayTime, vData); }
+void FrameInfoClass::DelayTime(double vData) {
+    traced(
+        propertyLet("DelayTime"),
+        [&] {
+            if (!std::isfinite(vData)) // no file could hold it
+                throw RuntimeError(ErrorNumber::overflow);
+            currentFrame().DelayTime = vData;
+        },
+        Arg{"vData", vData});
+}
 
 std::string FrameInfoClass::PicturefileName() {
     return readFrame("PicturefileName", &FrameRecord::PicturefileName);

@@ -17,7 +17,8 @@ class ListControl;
 /// at 1. Texts are 8-bit characters of the ANSI code page, passed through unchanged. One thread at a time.
 ///
 /// Traced members trap their errors: the error is reported, and the result is 0, "" or false. Members marked
-/// "untraced" throw `RuntimeError` to their caller instead. Either way the playfile is left as it was.
+/// "untraced" throw `RuntimeError` to their caller instead. Either way a property that fails leaves the
+/// playfile as it was.
 class FrameInfoClass {
 public:
     /// Twenty empty frames of one line each, no current frame.
@@ -81,7 +82,7 @@ public:
     /// Disappear effect, coupled the same way.
     std::int16_t SuffixCode();
     void SuffixCode(std::int16_t vData);
-    /// Seconds that the frame stays on the sign.
+    /// Seconds that the frame stays on the sign. Infinity, or no number at all, is error 6.
     double DelayTime();
     void DelayTime(double vData);
     std::string PicturefileName();
@@ -127,7 +128,7 @@ public:
     // The line under `CurrentLineNumber`. A frame without lines reads 0, "" or false and stores nothing; else
     // outside the lines: error 9.
 
-    /// Outside frames or lines it reads "", and outside the lines it stores nothing, without an error.
+    /// Outside frames or lines it reads "", and behind the last line it stores nothing, without an error.
     std::string CurrentLineText();
     void CurrentLineText(const std::string& vData);
     bool Scrolling();
@@ -169,9 +170,9 @@ public:
 
     // The file.
 
-    /// Replaces the frames by those of the file and remembers its name. Missing picture and command files are
-    /// looked for beside the playfile. False when the file cannot be read to its end; the frames read until
-    /// then stay. Names ending in "PL2" (the older format) are refused.
+    /// Fills the frames from the file, resized to its number, and remembers its name. Missing picture and
+    /// command files are looked for beside the playfile. False when the file cannot be read to its end; the
+    /// frames read until then stay. Names ending in "PL2" (the older format) are refused.
     bool GetPlayfileFromDisk(const std::string& sFileName);
     /// Saves all frames and remembers the name. Asks once, unless suppressed, whether files on drives that
     /// may go away are to be copied into the application's data folder. False after telling the operator that

@@ -1,6 +1,6 @@
 // Loading and saving the playfile, with the corrections and questions that belong to it.
-#include "frame/Text.h"
 #include "frame/Traced.h"
+#include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "playfile/Effects.h"
@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <unordered_map>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -25,24 +26,43 @@ constexpr std::int16_t kCustomFont = 12;
 constexpr std::string_view kFont4x8File = "FNT4X8.CFF";
 
 bool isLegacyName(const std::string& fileName) {
-    return UpperCaseAscii(fileName.substr(fileName.size() -
-                                          std::min(fileName.size(), kLegacyEnding.size()))) == kLegacyEnding;
+    return AnsiUpper(fileName.substr(fileName.size() - std::min(fileName.size(), kLegacyEnding.size()))) ==
+           kLegacyEnding;
 }
 
-/// The reference, or the file of that name beside the playfile when only that one exists.
-void findBesidePlayfile(std::string& reference, const std::string& playfile) {
-    if (reference.empty() || FileExists(reference))
-        return;
-    FileSystem& files = platform().files();
-    const std::string beside =
-        files.existingName(JoinPath(SplitPath(playfile).folder, SplitPath(reference).name));
-    if (files.kindOf(beside) == EntryKind::file)
-        reference = files.fullName(beside);
-}
+/// Finds the files that a playfile refers to, while it is being read.
+class ReferenceFinder {
+public:
+    explicit ReferenceFinder(const std::string& playfile) : folder_(SplitPath(playfile).folder) {}
 
-void correctFrame(FrameRecord& frame, const std::string& playfile) {
-    findBesidePlayfile(frame.commandfile, playfile);
-    findBesidePlayfile(frame.PicturefileName, playfile);
+    /// Makes the reference name the file beside the playfile when only that one exists.
+    void find(std::string& reference) {
+        if (reference.empty() || FileExists(reference))
+            return;
+        if (const std::string& beside = besidePlayfile(reference); !beside.empty())
+            reference = beside;
+    }
+
+private:
+    /// Full name of the file; "" when there is none. Looked for once, since frames often share a picture.
+    const std::string& besidePlayfile(const std::string& reference) {
+        const auto [known, isNew] = known_.try_emplace(std::string(SplitPath(reference).name));
+        if (isNew) {
+            FileSystem& files = platform().files();
+            const std::string beside = files.existingName(JoinPath(folder_, known->first));
+            if (files.kindOf(beside) == EntryKind::file)
+                known->second = files.fullName(beside);
+        }
+        return known->second;
+    }
+
+    std::string folder_;
+    std::unordered_map<std::string, std::string> known_; ///< By file name.
+};
+
+void correctFrame(FrameRecord& frame, ReferenceFinder& finder) {
+    finder.find(frame.commandfile);
+    finder.find(frame.PicturefileName);
     if (frame.PrefixCode == kOldWipe)
         frame.PrefixCode = kWipe;
     if (frame.SuffixCode == kOldWipe)
@@ -108,13 +128,14 @@ void FrameInfoClass::readPlayfile(const std::string& sFileName) {
     const FileBytes bytes = ValueOf(platform().files().read(sFileName));
     isLegacy_ = false;
     QuotedLineReader in(bytes.text());
+    ReferenceFinder finder(sFileName);
     resizeFrames(ReadFrameCount(in));
     for (std::int32_t number = 1; number <= frames_.upperBound(); ++number) {
         FrameRecord& frame = frames_.at(number);
         ReadFrameValues(in, frame);
         if (frame.lines.empty())
             firstFrameToCheck_ = std::min(firstFrameToCheck_, number);
-        correctFrame(frame, sFileName);
+        correctFrame(frame, finder);
         for (LineRecord& line : frame.lines) {
             ReadLineValues(in, line);
             correctLine(line, appFolder);

@@ -9,8 +9,10 @@ namespace qrtVistrelClasses4 {
 
 std::string GetAppFolder() {
     return traced({"modAppFolder.bas", ProcedureKind::Function, "GetAppFolder"}, [] {
-        return WithTrailingSeparator(
-            ReadSetting(std::string(kVistrel3), std::string(kSettingsSection), "AppPath", LibraryFolder()));
+        const std::string folder =
+            ReadSetting(std::string(kVistrel3), std::string(kSettingsSection), "AppPath", LibraryFolder());
+        // An empty setting would lead to whatever folder happens to be the current one.
+        return WithTrailingSeparator(folder.empty() ? LibraryFolder() : folder);
     });
 }
 

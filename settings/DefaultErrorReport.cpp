@@ -7,6 +7,7 @@
 
 #include <cstdio>
 #include <string>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -63,24 +64,40 @@ void showToOperator(const std::string& text) {
         std::fputs(text.c_str(), stderr);
 }
 
-/// True while a report is being made: errors of its own making are dropped.
-constinit thread_local bool reporting = false;
-struct ReportingScope {
-    ReportingScope() { reporting = true; }
-    ~ReportingScope() { reporting = false; }
-    ReportingScope(const ReportingScope&) = delete;
-    ReportingScope& operator=(const ReportingScope&) = delete;
+/// Notes for its lifetime, once at a time, that this thread is in one step of a report.
+class StepScope {
+public:
+    explicit StepScope(bool& inStep) : inStep_(inStep), entered_(!std::exchange(inStep, true)) {}
+    ~StepScope() {
+        if (entered_)
+            inStep_ = false;
+    }
+    StepScope(const StepScope&) = delete;
+    StepScope& operator=(const StepScope&) = delete;
+    bool entered() const { return entered_; }
+
+private:
+    bool& inStep_;
+    bool entered_;
 };
+
+constinit thread_local bool inLog = false;
+constinit thread_local bool inMessage = false;
 
 } // namespace
 
 void DefaultErrorReporter::report(const ErrorReport& report) {
-    if (reporting)
-        return;
-    const ReportingScope scope;
     const std::string text = reportText(report);
-    appendToLog(timeText(platform().localTime()) + "  " + text);
-    if (!report.error.isQuiet() && operatorWantsReports())
+    {
+        const StepScope scope(inLog);
+        if (!scope.entered())
+            return; // an error of the report's own making
+        appendToLog(timeText(platform().localTime()) + "  " + text);
+        if (report.error.isQuiet() || !operatorWantsReports())
+            return;
+    }
+    // While a message is open the host may go on and fail again: that is logged, but makes no second message.
+    if (const StepScope scope(inMessage); scope.entered())
         showToOperator(text);
 }
 

@@ -6,9 +6,8 @@
 
 namespace qrtVistrelClasses4 {
 
-/// The application names in use.
+/// Application and section of the settings that several rooms read.
 inline constexpr std::string_view kVistrel3 = "Vistrel3";
-inline constexpr std::string_view kVistrelLite = "VistrelLite";
 inline constexpr std::string_view kSettingsSection = "Settings";
 
 /// The stored string, or `DefaultValue` unchanged when it was never written.

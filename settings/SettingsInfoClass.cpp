@@ -52,11 +52,11 @@ std::string toText(bool value) { return std::string(BooleanToText(value)); }
 std::string toText(double value) { return NumberToText(value); }
 std::string toText(std::int16_t value) { return NumberToText(std::int32_t{value}); }
 
-/// Sets every preference from the text that `textFor(key, default)` gives for it.
+/// Sets every preference from the text that `textFor(key, default)` gives for it. `playfiles` is the default
+/// of the folder for playfiles.
 template <class TextFor>
-void setAll(SettingsRecord& settings, TextFor textFor) {
+void setAll(SettingsRecord& settings, const std::string& playfiles, TextFor textFor) {
     const std::string graphics = graphicsFolder();
-    const std::string playfiles = playfileFolder();
     ForEachSetting(
         settings, [&](const std::string& key, auto& value, std::string_view defaultText, const auto&) {
             const void* const place = &value;
@@ -76,7 +76,8 @@ void setAll(SettingsRecord& settings, TextFor textFor) {
 SettingsInfoClass::SettingsInfoClass() {
     traced(procedure(ProcedureKind::Sub, "Class_Initialize"), [&] {
         classDebugID_ = GetNextClassDebugID();
-        setAll(settings_, [](const std::string&, const std::string& defaultValue) { return defaultValue; });
+        setAll(settings_, playfileFolder(),
+               [](const std::string&, const std::string& defaultValue) { return defaultValue; });
     });
 }
 
@@ -122,9 +123,10 @@ void SettingsInfoClass::GetSettingsFromDisk(const std::optional<std::string>& sF
     traced(
         procedure(ProcedureKind::Sub, "GetSettingsFromDisk"),
         [&] {
-            makePlayfileFolder(playfileFolder());
+            const std::string playfiles = playfileFolder();
+            makePlayfileFolder(playfiles);
             const auto profile = platform().openProfile(iniPath());
-            setAll(settings_, [&](const std::string& key, const std::string& defaultValue) {
+            setAll(settings_, playfiles, [&](const std::string& key, const std::string& defaultValue) {
                 return readSetting(profile.get(), key, defaultValue);
             });
         },
@@ -180,6 +182,29 @@ std::int16_t SettingsInfoClass::BrightnessScheduleBrightnessLevel() {
 void SettingsInfoClass::BrightnessScheduleBrightnessLevel(std::int16_t vData) {
     writeSchedule("BrightnessScheduleBrightnessLevel",
                   &BrightnessScheduleSettings::BrightnessScheduleBrightnessLevel, vData);
+}
+
+// Texts may need memory; the other accessors stand in the header.
+
+std::string SettingsInfoClass::LastGraphicFilePath() const {
+    return untraced([&] { return settings_.LastGraphicFilePath; });
+}
+void SettingsInfoClass::LastGraphicFilePath(const std::string& vData) {
+    untraced([&] { settings_.LastGraphicFilePath = vData; });
+}
+
+std::string SettingsInfoClass::DisplayID() const {
+    return untraced([&] { return settings_.DisplayID; });
+}
+void SettingsInfoClass::DisplayID(const std::string& vData) {
+    untraced([&] { settings_.DisplayID = vData; });
+}
+
+std::string SettingsInfoClass::LastPlayfilePath() const {
+    return untraced([&] { return settings_.LastPlayfilePath; });
+}
+void SettingsInfoClass::LastPlayfilePath(const std::string& vData) {
+    untraced([&] { settings_.LastPlayfilePath = vData; });
 }
 
 } // namespace qrtVistrelClasses4

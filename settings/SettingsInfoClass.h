@@ -17,7 +17,7 @@ class ProfileFile;
 /// accessors are untraced.
 class SettingsInfoClass {
 public:
-    /// The defaults, with schedule 1 selected; reads no file.
+    /// The defaults, with schedule 1 selected; the preferences on the disk are left alone.
     SettingsInfoClass();
     ~SettingsInfoClass();
     SettingsInfoClass(const SettingsInfoClass&) = delete;
@@ -58,8 +58,8 @@ public:
     bool ShowFullPath() const { return showFullPath_; }
     void ShowFullPath(bool vData) { showFullPath_ = vData; }
 
-    std::string LastGraphicFilePath() const { return settings_.LastGraphicFilePath; }
-    void LastGraphicFilePath(const std::string& vData) { settings_.LastGraphicFilePath = vData; }
+    std::string LastGraphicFilePath() const;
+    void LastGraphicFilePath(const std::string& vData);
     std::int16_t DisplayHeight() const { return settings_.DisplayHeight; }
     void DisplayHeight(std::int16_t vData) { settings_.DisplayHeight = vData; }
     std::int16_t DisplayWidth() const { return settings_.DisplayWidth; }
@@ -74,8 +74,8 @@ public:
     void WizardMode(bool vData) { settings_.WizardMode = vData; }
     bool SwitchOperated() const { return settings_.SwitchOperated; }
     void SwitchOperated(bool vData) { settings_.SwitchOperated = vData; }
-    std::string DisplayID() const { return settings_.DisplayID; }
-    void DisplayID(const std::string& vData) { settings_.DisplayID = vData; }
+    std::string DisplayID() const;
+    void DisplayID(const std::string& vData);
     std::int16_t ScrollPauseDelay() const { return settings_.ScrollPauseDelay; }
     void ScrollPauseDelay(std::int16_t vData) { settings_.ScrollPauseDelay = vData; }
     std::int16_t TemperatureProbeAdjust() const { return settings_.TemperatureProbeAdjust; }
@@ -98,8 +98,8 @@ public:
     void ScheduleDefaultBrightness(std::int16_t vData) { settings_.ScheduleDefaultBrightness = vData; }
     bool DoesDisplaySupportColor() const { return settings_.DoesDisplaySupportColor; }
     void DoesDisplaySupportColor(bool vData) { settings_.DoesDisplaySupportColor = vData; }
-    std::string LastPlayfilePath() const { return settings_.LastPlayfilePath; }
-    void LastPlayfilePath(const std::string& vData) { settings_.LastPlayfilePath = vData; }
+    std::string LastPlayfilePath() const;
+    void LastPlayfilePath(const std::string& vData);
     bool SupportOldFirmware() const { return settings_.SupportOldFirmware; }
     void SupportOldFirmware(bool vData) { settings_.SupportOldFirmware = vData; }
     bool PlayAutoEnable() const { return settings_.PlayAutoEnable; }

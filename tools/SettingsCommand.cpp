@@ -1,6 +1,6 @@
 // vistrel settings: the application's preferences.
 #include "frame/Conversions.h"
-#include "frame/Text.h"
+#include "platform/LetterCase.h"
 #include "settings/SettingsInfoClass.h"
 #include "tools/Commands.h"
 #include "tools/Encoding.h"
@@ -104,7 +104,7 @@ std::size_t distance(const std::string& one, const std::string& other) {
     for (std::size_t i = 0; i < one.size(); ++i) {
         std::size_t diagonal = std::exchange(row[0], i + 1);
         for (std::size_t j = 0; j < other.size(); ++j) {
-            const bool same = EqualIgnoringCase({&one[i], 1}, {&other[j], 1});
+            const bool same = EqualIgnoringAsciiCase({&one[i], 1}, {&other[j], 1});
             const std::size_t changed = diagonal + (same ? 0 : 1);
             diagonal = std::exchange(row[j + 1], std::min({row[j] + 1, row[j + 1] + 1, changed}));
         }
@@ -116,7 +116,7 @@ std::size_t distance(const std::string& one, const std::string& other) {
 const NamedSetting* find(const std::vector<NamedSetting>& settings, const std::string& name,
                          Session& session) {
     for (const NamedSetting& setting : settings)
-        if (EqualIgnoringCase(setting.property, name) || EqualIgnoringCase(setting.key, name))
+        if (EqualIgnoringAsciiCase(setting.property, name) || EqualIgnoringAsciiCase(setting.key, name))
             return &setting;
     const auto nearest = std::ranges::min_element(settings, {}, [&](const NamedSetting& setting) {
         return std::min(distance(setting.property, name), distance(setting.key, name));

@@ -115,7 +115,7 @@ void takeOverRights(int file, const struct stat& old) {
 }
 
 SystemError copyBytes(const Source& source, const std::string& from, ReplacementFile& target) {
-    std::array<char, 64 * 1024> buffer;
+    std::array<char, 65536> buffer;
     for (;;) {
         const ssize_t count =
             uninterrupted([&] { return ::read(source.file.number(), buffer.data(), buffer.size()); });

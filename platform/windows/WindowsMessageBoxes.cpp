@@ -12,8 +12,6 @@ UINT flagsOf(const Message& message) {
         return buttons | MB_ICONERROR;
     case MessageIcon::question:
         return buttons | MB_ICONQUESTION;
-    case MessageIcon::warning:
-        return buttons | MB_ICONWARNING;
     case MessageIcon::none:
         break;
     }

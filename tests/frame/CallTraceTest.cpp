@@ -3,6 +3,7 @@
 #include "TestHost.h"
 #include "frame/Traced.h"
 #include "frame/modClassIDGenerator.h"
+#include "settings/SettingsInfoClass.h"
 
 #include <gtest/gtest.h>
 
@@ -109,6 +110,27 @@ TEST_F(CallTrace, ForgetsEntriesWhoseLeaveIsMissing) {
     EXPECT_TRUE(RunningProcedures().empty());
 }
 
+TEST_F(CallTrace, LeavesWhatItEnteredBeforeItWasSwitchedOff) {
+    TraceEnter("Host.frm", "Sub Load", "()");
+    SwitchTrace(false);
+    TraceLeave("Host.frm", "Sub Load", "()");
+    SwitchTrace(true);
+    EXPECT_TRUE(RunningProcedures().empty());
+}
+
+TEST(TraceRecorder, CannotMakeAProcedureFail) {
+    class Failing final : public TraceRecorder {
+        void entered(const TraceLine&) override { throw std::bad_alloc(); }
+        void left(const TraceLine&) override { throw std::runtime_error("no room"); }
+    } failing;
+    const TestHost host;
+    const ScopedTraceRecorder scope(failing);
+    EXPECT_EQ(traced(sub("Work"), [] { return 7; }), 7);
+    TraceEnter("Host.frm", "Sub Load", "()");
+    TraceLeave("Host.frm", "Sub Load", "()");
+    EXPECT_TRUE(host.reports.all.empty());
+}
+
 TEST_F(CallTrace, LeavesOnlyWhatTheHostEntered) {
     TraceEnter("Host.frm", "Sub Load", "()");
     traced(sub("Inside"), [] {
@@ -154,7 +176,12 @@ TEST(ClassDebugID, CountsUpAndStopsAtItsEnd) {
     const std::int32_t first = GetNextClassDebugID();
     EXPECT_EQ(GetNextClassDebugID(), first + 1);
     LastClassDebugID(std::numeric_limits<std::int32_t>::max());
-    EXPECT_EQ(GetNextClassDebugID(), 0);
+    EXPECT_THROW(GetNextClassDebugID(), RuntimeError);
+    EXPECT_TRUE(RunningProcedures().empty());
+    EXPECT_EQ(SettingsInfoClass().ClassDebugID(), 0);
+    ASSERT_EQ(host.reports.all.size(), 1u) << "trapped by the creator of the object";
+    EXPECT_EQ(host.reports.all[0].procedure.procedure, "Sub Class_Initialize");
+    EXPECT_EQ(host.reports.all[0].stack.back().procedure, "Function GetNextClassDebugID");
     EXPECT_EQ(host.reports.takeNumbers(), Numbers{6});
     EXPECT_EQ(LastClassDebugID(), std::numeric_limits<std::int32_t>::max());
     LastClassDebugID(first);

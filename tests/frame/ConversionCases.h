@@ -58,6 +58,7 @@ inline constexpr std::array kDoubleCases{
     DoubleCase{"5.", 5},
     DoubleCase{"-1.25E2", -125},
     DoubleCase{"1e-400", 0}, // too small to matter
+    DoubleCase{"-0.000e-999", 0},
     DoubleCase{"0.1", 0.1},
     DoubleCase{"1e309", 0, kOverflow},
     DoubleCase{".", 0, kTypeMismatch},

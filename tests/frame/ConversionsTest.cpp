@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace qrtVistrelClasses4 {
 namespace {
 
@@ -38,7 +40,7 @@ TEST(Conversions, ReadDoublesFromText) {
 
 TEST(Conversions, ReadFilesOfPlacesThatWriteADecimalComma) {
     const DoubleCase cases[] = {{"1,25", 1.25},
-                                {",5", 0.5},
+                                {",5", 0.5}, {"-,5", -0.5},
                                 {"-0,75", -0.75},
                                 {"1,2,3", 0, kTypeMismatch},
                                 {"1,2.3", 0, kTypeMismatch}};
@@ -52,19 +54,13 @@ TEST(Conversions, ReadBooleansFromText) {
 }
 
 TEST(Conversions, ReadTheNumberAtTheStartOfAText) {
-    const DoubleCase cases[] = {{"12", 12},
-                                {"  7 days", 7},
-                                {"-3.5x", -3.5},
-                                {"5] times", 5},
-                                {"1e2]", 100},
-                                {"1e", 1},
-                                {"", 0},
-                                {"x1", 0},
-                                {"+4", 4},
-                                {"1,5", 1},
-                                {"infinity", 0},
-                                {"- 1", 0},
-                                {"1e999", 0, kOverflow}};
+    const DoubleCase cases[] = {{"12", 12},      {"  7 days", 7},
+                                {"-3.5x", -3.5}, {"5] times", 5},
+                                {"1e2]", 100},   {"1e", 1},
+                                {"", 0},         {"x1", 0},
+                                {"+4", 4},       {"1,5", 1},
+                                {"infinity", 0}, {"--1", 0},
+                                {"- 1", 0},      {"1e999", 0, kOverflow}};
     for (const DoubleCase& row : cases)
         expectConversion(row, LeadingNumber);
 }
@@ -73,6 +69,8 @@ TEST(Conversions, WriteNumbersShortly) {
     for (const NumberTextCase& row : kNumberTextCases)
         EXPECT_EQ(NumberToText(row.value), row.text);
     EXPECT_EQ(NumberToText(std::int32_t{-2147483647 - 1}), "-2147483648");
+    constexpr double largest = std::numeric_limits<double>::max();
+    EXPECT_EQ(TextToDouble(NumberToText(-largest)), -largest) << "rounding must not make it too large";
 }
 
 } // namespace

@@ -15,7 +15,9 @@ const std::string kSeparator(1, kPathSeparator);
 TEST(Path, JoinsWithExactlyOneSeparator) {
     EXPECT_EQ(JoinPath("folder", "name"), "folder" + kSeparator + "name");
     EXPECT_EQ(JoinPath("folder" + kSeparator, "name"), "folder" + kSeparator + "name");
-    EXPECT_EQ(JoinPath("C:\\folder\\", "name"), "C:\\folder\\name");
+    EXPECT_EQ(JoinPath("folder\\", "name"), kOnWindows ? "folder\\name" : "folder\\/name")
+        << "elsewhere a backslash is part of a folder's name";
+    EXPECT_EQ(JoinPath("folder/", "name"), "folder/name");
     EXPECT_EQ(JoinPath("", "name"), "name");
     EXPECT_EQ(JoinPath("folder", ""), "folder" + kSeparator);
 }
@@ -28,8 +30,8 @@ TEST(Path, SplitsBehindTheLastSeparator) {
     const Case cases[] = {
         {"of Windows, on every machine", "C:\\a\\b.bmp", "C:\\a\\", "b.bmp"},
         {"of this machine", "a" + kSeparator + "b.bmp", "a" + kSeparator, "b.bmp"},
-        {"slash is a separator only where it is the machine's own", "a/b", kOnWindows ? "" : "a/",
-         kOnWindows ? "a/b" : "b"},
+        {"slash", "C:/a/b", "C:/a/", "b"},
+        {"a drive without a folder", "C:b.bmp", kOnWindows ? "C:" : "", kOnWindows ? "b.bmp" : "C:b.bmp"},
         {"no folder", "b.bmp", "", "b.bmp"},
         {"no name", "a\\", "a\\", ""},
         {"nothing", "", "", ""},
@@ -42,9 +44,10 @@ TEST(Path, SplitsBehindTheLastSeparator) {
 }
 
 TEST(Path, KnowsARootedPath) {
-    EXPECT_EQ(IsRootedPath("C:\\a"), kOnWindows);
+    for (const char* onDrive : {"C:\\a", "C:/a", "C:a"})
+        EXPECT_EQ(IsRootedPath(onDrive), kOnWindows) << onDrive;
     EXPECT_EQ(IsRootedPath("/a"), !kOnWindows);
-    for (const char* relative : {"", "a", "a\\b", "C:a", "\\\\host\\share"})
+    for (const char* relative : {"", "a", "a\\b", "\\\\host\\share"})
         EXPECT_FALSE(IsRootedPath(relative)) << relative;
 }
 

@@ -105,8 +105,12 @@ TEST(Effects, TrapTheTextOfALoopInsteadOfConvertingIt) {
         const char* text;
         Numbers errors;
     };
-    const Case cases[] = {
-        {"Start Loop [5] times", {13}}, {"[0.5", {5}}, {"7]", {13}}, {"]5[", {5}}, {"[5", {5}}};
+    const Case cases[] = {{"Start Loop [5] times", {13}},
+                          {"7]", {13}},
+                          {"[0.5]", {13}},
+                          {"[0.5", {}},
+                          {"]5[", {}},
+                          {"a [ b", {}}};
     for (const Case& row : cases) {
         SCOPED_TRACE(row.text);
         EXPECT_EQ(playfile.ConvertPrefixStringToCode(row.text), 0);
@@ -131,8 +135,12 @@ TEST(Effects, HaveKeywordsInTheOlderFormat) {
         EXPECT_EQ(PrefixCodeOfKeyword(row.keyword), row.prefix) << row.keyword;
         EXPECT_EQ(SuffixCodeOfKeyword(row.keyword), row.suffix) << row.keyword;
     }
+    EXPECT_EQ(PrefixCodeOfKeyword("7X"), 0);
     EXPECT_EQ(PrefixCodeOfKeyword("12767"), 32767);
-    EXPECT_THROW(PrefixCodeOfKeyword("12768"), RuntimeError);
+    TestHost host;
+    EXPECT_EQ(ConvertPrefixKeywordToCode("12768"), 0);
+    EXPECT_EQ(host.reports.takeNumbers(), Numbers{6});
+    EXPECT_EQ(ConvertSuffixKeywordToCode("LP"), 20001);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <limits>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -259,6 +260,10 @@ TEST_F(FrameInfo, RefusesNumbersThatDoNotFit) {
     EXPECT_EQ(thrownBy([&] { playfile_.FixedNumberOfLines(); }), 6);
     playfile_.FixedNumberOfLines(-7);
     EXPECT_EQ(playfile_.FixedNumberOfLines(), -7);
+    playfile_.DelayTime(std::numeric_limits<double>::infinity());
+    playfile_.DelayTime(std::numeric_limits<double>::quiet_NaN());
+    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{6, 6}));
+    EXPECT_EQ(playfile_.DelayTime(), 0);
 }
 
 TEST_F(FrameInfo, AppearsOnTheTraceWithKindNameAndValue) {

@@ -10,7 +10,7 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 class DefaultErrorReport : public testing::Test {
-protected:
+public:
     void fail(bool quiet = false) {
         const std::int16_t number = 7;
         const ScopedErrorReporter scope(defaultErrorReporter());
@@ -67,6 +67,28 @@ TEST_F(DefaultErrorReport, StartsANewLogPastOneMegabyte) {
     fail();
     EXPECT_EQ(host_.machine.files().content(host_.inLibrary("VistrelErrors.old.log")), full);
     EXPECT_EQ(log(), std::string("2001-02-03 04:05:06  ") + kReport);
+}
+
+TEST_F(DefaultErrorReport, LogsWhatFailsWhileAMessageIsOpen) {
+    /// A box during which the host goes on and fails again.
+    class BusyBox final : public MessageBoxes {
+    public:
+        explicit BusyBox(DefaultErrorReport& test) : test_(test) {}
+        MessageAnswer show(const Message&) override {
+            ++shown;
+            test_.fail();
+            return MessageAnswer::ok;
+        }
+        bool attended() override { return true; }
+        int shown = 0;
+
+    private:
+        DefaultErrorReport& test_;
+    } box(*this);
+    const ScopedMessageBoxes scope(box);
+    fail();
+    EXPECT_EQ(box.shown, 1);
+    EXPECT_GT(log().size(), 2 * std::string(kReport).size());
 }
 
 TEST_F(DefaultErrorReport, NeverMakesAnotherError) {

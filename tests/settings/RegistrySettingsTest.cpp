@@ -85,6 +85,8 @@ TEST(SystemFolders, ComeTrimmed) {
 TEST(AppFolder, EndsInASeparatorWhereverItComesFrom) {
     TestHost host;
     EXPECT_EQ(GetAppFolder(), host.machine.library + kPathSeparator);
+    WriteSetting("Vistrel3", "Settings", "AppPath", "");
+    EXPECT_EQ(GetAppFolder(), host.machine.library + kPathSeparator) << "an empty setting names no folder";
     for (const std::string& folder : {std::string("D") + kPathSeparator + "Data",
                                       std::string("D") + kPathSeparator + "Data" + kPathSeparator}) {
         WriteSetting("Vistrel3", "Settings", "AppPath", folder);
