@@ -101,8 +101,7 @@ void QuotedLineReader::get(std::string& text) {
         return;
     }
     text.assign(value());
-    if (text.find(kStoredQuote) != text.npos)
-        std::replace(text.begin(), text.end(), kStoredQuote, kQuote);
+    std::replace(text.begin(), text.end(), kStoredQuote, kQuote);
 }
 
 void QuotedLineReader::get(std::int16_t& number) {
@@ -179,13 +178,6 @@ void QuotedLineWriter::appendStored(std::string_view text) {
         used_ += piece.size();
         text.remove_prefix(piece.size());
     }
-}
-
-/// Where the next bytes go; at least `size` of them fit, which is no more than the buffer.
-char* QuotedLineWriter::room(std::size_t size) {
-    if (size > kBufferSize - used_)
-        finish();
-    return buffer_.get() + used_;
 }
 
 } // namespace qrtVistrelClasses4

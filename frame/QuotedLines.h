@@ -52,7 +52,7 @@ public:
     /// `file` must outlive the writer. Nothing is written by destroying it; call `finish`.
     explicit QuotedLineWriter(ReplacementFile& file) : file_(file) {}
 
-    /// A line without quotes.
+    /// A line without quotes around it.
     void putPlainLine(std::string_view line);
     void put(std::string_view text);
     void put(std::int32_t number);
@@ -68,7 +68,12 @@ private:
     template <std::size_t size>
     void append(const char (&literal)[size]);
     void appendStored(std::string_view text);
-    char* room(std::size_t size);
+    /// Where the next bytes go; `size` of them fit, which is at most what the buffer holds.
+    char* room(std::size_t size) {
+        if (size > kBufferSize - used_) [[unlikely]]
+            finish();
+        return buffer_.get() + used_;
+    }
 
     static constexpr std::size_t kBufferSize = 65536;
 

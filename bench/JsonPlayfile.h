@@ -1,0 +1,37 @@
+// The playfile's data as JSON, for the parser that it is measured against.
+#pragma once
+
+#include "bench/SamplePlayfile.h"
+#include "bench/WholeFile.h"
+
+#include <rapidjson/document.h>
+
+#include <cstddef>
+#include <string>
+
+namespace qrtVistrelClasses4::bench {
+
+/// An array of frames, each an object with its values by name, "Lines" being an array of such objects.
+std::string MakeJson(const Frames& frames);
+
+/// What was read, as far as it takes to see that it is all there.
+struct JsonContents {
+    std::size_t frames = 0;
+    std::size_t lines = 0;
+    std::size_t textSize = 0; ///< Of the texts of all lines.
+    double delaySeconds = 0;  ///< Of all frames.
+
+    bool operator==(const JsonContents&) const = default;
+};
+
+/// A file read whole and parsed in place.
+struct ParsedJson {
+    explicit ParsedJson(const std::string& path);
+
+    WholeFile file; ///< Holds the texts of `document`.
+    rapidjson::Document document;
+};
+
+JsonContents ReadJson(const std::string& path);
+
+} // namespace qrtVistrelClasses4::bench

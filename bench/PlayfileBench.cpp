@@ -1,0 +1,193 @@
+// Playfiles: load and save, against a parser, a formatter, and the least that reading and writing can cost.
+#include "bench/FmtPlayfile.h"
+#include "bench/JsonPlayfile.h"
+#include "bench/SamplePlayfile.h"
+#include "bench/Subjects.h"
+#include "bench/WholeFile.h"
+#include "playfile/FrameInfoClass.h"
+
+#include <cstring>
+
+namespace qrtVistrelClasses4::bench {
+namespace {
+
+constexpr PlayfileSize kUsual{1048, 8};
+constexpr PlayfileSize kQuarter{7500, 4};
+constexpr PlayfileSize kLarge{30000, 4};
+/// Four times the data may take this many times as long.
+constexpr double kGrowth = 4.8;
+
+/// One playfile on disk in every form that the contestants read or write.
+struct Sample {
+    PlayfileSize size;
+    std::string playfile;
+    std::string json;
+    std::string saved;
+};
+
+std::size_t countLineEnds(std::string_view text) {
+    std::size_t count = 0;
+    const char* const end = text.data() + text.size();
+    for (const char* at = text.data(); at != end; ++count) {
+        const void* const feed = std::memchr(at, '\n', static_cast<std::size_t>(end - at));
+        if (!feed)
+            break;
+        at = static_cast<const char*>(feed) + 1;
+    }
+    return count;
+}
+
+void load(FrameInfoClass& frames, const std::string& path) {
+    Require(frames.GetPlayfileFromDisk(path), "cannot load " + path);
+}
+void save(FrameInfoClass& frames, const std::string& path) {
+    Require(frames.WritePlayfileToDisk(path), "cannot save " + path);
+}
+void saveWithFmt(const Frames& frames, const std::string& path) {
+    fmt::memory_buffer file;
+    FormatPlayfile(frames, file);
+    WriteNewFile(path, {file.data(), file.size()});
+}
+
+JsonContents contentsOf(const Frames& frames) {
+    JsonContents contents;
+    for (const FrameRecord& frame : frames) {
+        ++contents.frames;
+        contents.delaySeconds += frame.DelayTime;
+        for (const LineRecord& line : frame.lines) {
+            ++contents.lines;
+            contents.textSize += line.CurrentLineText.size();
+        }
+    }
+    return contents;
+}
+
+/// Makes the files. Loading and saving must give back what the formatter made of the frames, byte for byte.
+Sample makeSample(const BenchFolder& folder, PlayfileSize size) {
+    const std::string picture = folder.file("anchor.bmp");
+    WriteNewFile(picture, "BM");
+    const Frames frames = MakeFrames(size, picture);
+    Sample sample{size, folder.file(size.name() + ".playfile"), folder.file(size.name() + ".json"),
+                  folder.file(size.name() + ".saved")};
+    saveWithFmt(frames, sample.playfile);
+    WriteNewFile(sample.json, MakeJson(frames));
+
+    FrameInfoClass loaded;
+    load(loaded, sample.playfile);
+    save(loaded, sample.saved);
+    const WholeFile playfile = ReadWholeFile(sample.playfile);
+    Require(ReadWholeFile(sample.saved).text() == playfile.text(), "a loaded playfile is saved differently");
+    Require(ReadJson(sample.json) == contentsOf(frames), "the JSON holds other data");
+    const std::size_t values =
+        1 + static_cast<std::size_t>(size.frames) * (27 + 17 * static_cast<std::size_t>(size.lines));
+    Require(countLineEnds(playfile.text()) == values, "the playfile holds other lines");
+    return sample;
+}
+
+template <class Work>
+void registerWork(const std::string& name, Work work) {
+    benchmark::RegisterBenchmark(name.c_str(), [work](benchmark::State& state) {
+        work(state);
+    })->Unit(benchmark::kMillisecond);
+}
+
+/// Times `make`, which gives a pointer to what it has made. Letting go of that does not count.
+template <class Make>
+void timeMaking(benchmark::State& state, Make make) {
+    for (auto _ : state) {
+        auto made = make();
+        state.PauseTiming();
+        made.reset();
+        state.ResumeTiming();
+    }
+}
+
+void registerOwn(const Sample& sample) {
+    registerWork("load/" + sample.size.name(), [sample](benchmark::State& state) {
+        timeMaking(state, [&] {
+            auto frames = std::make_unique<FrameInfoClass>();
+            load(*frames, sample.playfile);
+            return frames;
+        });
+    });
+    registerWork("save/" + sample.size.name(), [sample](benchmark::State& state) {
+        FrameInfoClass frames;
+        load(frames, sample.playfile);
+        for (auto _ : state)
+            save(frames, sample.saved);
+    });
+}
+
+void registerOthers(const Sample& sample, const BenchFolder& folder) {
+    registerWork("load/RapidJSON/" + sample.size.name(), [sample](benchmark::State& state) {
+        timeMaking(state, [&] { return std::make_unique<ParsedJson>(sample.json); });
+    });
+    registerWork("load/limit/" + sample.size.name(), [sample](benchmark::State& state) {
+        for (auto _ : state)
+            benchmark::DoNotOptimize(countLineEnds(ReadWholeFile(sample.playfile).text()));
+    });
+    registerWork("save/fmt/" + sample.size.name(), [sample, &folder](benchmark::State& state) {
+        const Frames frames = MakeFrames(sample.size, folder.file("anchor.bmp"));
+        for (auto _ : state)
+            saveWithFmt(frames, sample.saved);
+    });
+    registerWork("save/limit/" + sample.size.name(), [sample](benchmark::State& state) {
+        const WholeFile finished = ReadWholeFile(sample.playfile);
+        for (auto _ : state)
+            WriteNewFile(sample.saved, finished.text());
+    });
+}
+
+void compareContestants(std::vector<Ratio>& ratios, PlayfileSize size) {
+    const std::string name = size.name();
+    ratios.push_back({"load " + name, "load/" + name, "load/RapidJSON/" + name, Bound::must, 0.6});
+    ratios.push_back({"load " + name, "load/" + name, "load/limit/" + name, Bound::aim, 1.6});
+    ratios.push_back({"save " + name, "save/" + name, "save/fmt/" + name, Bound::must, 1.0});
+    ratios.push_back({"save " + name, "save/" + name, "save/limit/" + name, Bound::aim, 7.0});
+}
+
+std::unique_ptr<FrameInfoClass> addFramesOneByOne(std::int16_t count) {
+    auto frames = std::make_unique<FrameInfoClass>();
+    for (std::int16_t number = 1; number <= count; ++number)
+        frames->TotalFrames(number);
+    Require(frames->TotalFrames() == count, "frames are missing");
+    return frames;
+}
+
+std::string registerGrowingByOne(std::int16_t count) {
+    std::string size = std::to_string(count);
+    registerWork("TotalFrames one by one/" + size, [count](benchmark::State& state) {
+        timeMaking(state, [&] { return addFramesOneByOne(count); });
+    });
+    return size;
+}
+
+/// What four times the frames cost. Memory that no longer fits the processor's caches costs more, whoever
+/// uses it: the limit's own growth tells how much.
+void compareGrowth(std::vector<Ratio>& ratios) {
+    const auto add = [&](const std::string& work, const std::string& small, const std::string& large) {
+        ratios.push_back({work + large, work + large, work + small, Bound::aim, kGrowth});
+    };
+    add("load/", kQuarter.name(), kLarge.name());
+    add("load/limit/", kQuarter.name(), kLarge.name());
+    add("save/", kQuarter.name(), kLarge.name());
+    add("TotalFrames one by one/", registerGrowingByOne(kQuarter.frames),
+        registerGrowingByOne(kLarge.frames));
+}
+
+} // namespace
+
+std::vector<Ratio> PlayfileSubject(const BenchFolder& folder) {
+    std::vector<Ratio> ratios;
+    for (const PlayfileSize size : {kUsual, kQuarter, kLarge}) {
+        const Sample sample = makeSample(folder, size);
+        registerOwn(sample);
+        registerOthers(sample, folder);
+    }
+    for (const PlayfileSize size : {kUsual, kLarge})
+        compareContestants(ratios, size);
+    compareGrowth(ratios);
+    return ratios;
+}
+
+} // namespace qrtVistrelClasses4::bench

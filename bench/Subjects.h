@@ -1,0 +1,17 @@
+// What is measured. Each function makes its files, checks that all contestants do the same work, registers
+// the benchmarks, and tells how they are to compare. The folder must stay as long as benchmarks run.
+#pragma once
+
+#include "bench/BenchFolder.h"
+#include "bench/Ratio.h"
+
+namespace qrtVistrelClasses4::bench {
+
+/// Loading and saving playfiles, and how both grow with the number of frames.
+std::vector<Ratio> PlayfileSubject(const BenchFolder& folder);
+/// Loading and saving all preferences. The library's home must be the folder.
+std::vector<Ratio> SettingsSubject(const BenchFolder& folder);
+/// Properties with and without the call trace.
+std::vector<Ratio> TraceSubject();
+
+} // namespace qrtVistrelClasses4::bench
