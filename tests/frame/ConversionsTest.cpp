@@ -40,7 +40,8 @@ TEST(Conversions, ReadDoublesFromText) {
 
 TEST(Conversions, ReadFilesOfPlacesThatWriteADecimalComma) {
     const DoubleCase cases[] = {{"1,25", 1.25},
-                                {",5", 0.5}, {"-,5", -0.5},
+                                {",5", 0.5},
+                                {"-,5", -0.5},
                                 {"-0,75", -0.75},
                                 {"1,2,3", 0, kTypeMismatch},
                                 {"1,2.3", 0, kTypeMismatch}};
