@@ -60,7 +60,10 @@ protected:
     /// Runs the body of a member that has a result.
     template <class Result, class Body>
     static HRESULT give(Result* result, Body body) {
-        return result ? run([&] { ToAutomation(body(), result); }) : E_POINTER;
+        if (!result)
+            return E_POINTER;
+        *result = Result{}; // what a caller finds there after an error
+        return run([&] { ToAutomation(body(), result); });
     }
 
     template <class Value, class Result>

@@ -115,8 +115,9 @@ void HostListControl::invoke(const wchar_t* name, WORD flags, std::initializer_l
     DISPPARAMS passed{values.data(), puts ? &newValue : nullptr, static_cast<UINT>(values.size()),
                       puts ? 1u : 0u};
     ControlException exception;
-    done =
-        control_->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &passed, result, &exception, nullptr);
+    UINT wrongArgument = 0;
+    done = control_->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &passed, result, &exception,
+                            &wrongArgument);
     if (done == DISP_E_EXCEPTION)
         throw exception.error();
     if (FAILED(done))
@@ -125,7 +126,7 @@ void HostListControl::invoke(const wchar_t* name, WORD flags, std::initializer_l
 
 std::int32_t HostListControl::readNumber(const wchar_t* name) {
     OwnedVariant result;
-    invoke(name, DISPATCH_PROPERTYGET, {}, &result);
+    invoke(name, DISPATCH_PROPERTYGET | DISPATCH_METHOD, {}, &result);
     const HRESULT done = VariantChangeType(&result, &result, 0, VT_I4);
     if (FAILED(done))
         throw errorFor(done);

@@ -101,9 +101,12 @@ HRESULT CallLateBound(ITypeInfo& type, void* object, MemberCall call, const DISP
     }
     if (SUCCEEDED(done))
         done = type.Invoke(object, call.member, call.flags, &passed, result, exception, wrongArgument);
+    const bool called = SUCCEEDED(done);
     for (LateBoundArgument& argument : converted)
         if (SUCCEEDED(done))
             done = argument.writeBack(call.locale);
+    if (called && FAILED(done) && result)
+        VariantClear(result); // a caller does not look at the result of a call that failed
     return done;
 }
 

@@ -34,6 +34,17 @@ bool remove(const std::wstring& key) {
     return done == ERROR_SUCCESS || done == ERROR_FILE_NOT_FOUND;
 }
 
+/// Whether a server of the other bitness is registered: programs of both kinds find it by the same name.
+bool isRegisteredForOthers(const PublicClass& type) {
+    const REGSAM otherView = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+    HKEY key = nullptr;
+    const std::wstring name = classKey(type) + L"\\InprocServer32";
+    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, name.c_str(), 0, KEY_READ | otherView, &key) != ERROR_SUCCESS)
+        return false;
+    RegCloseKey(key);
+    return true;
+}
+
 bool registerClass(const PublicClass& type) {
     const std::wstring key = classKey(type);
     const std::wstring name = programName(type);
@@ -79,7 +90,8 @@ HRESULT UnregisterClasses() {
     bool done = unregisterTypeLibrary();
     for (const PublicClass& type : PublicClasses()) {
         done = remove(classKey(type)) && done;
-        done = remove(programName(type)) && done;
+        if (!isRegisteredForOthers(type))
+            done = remove(programName(type)) && done;
     }
     return done ? S_OK : SELFREG_E_CLASS;
 }

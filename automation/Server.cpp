@@ -14,6 +14,9 @@ public:
     explicit ClassObject(const PublicClass& type) : type_(type) {}
 
     STDMETHODIMP CreateInstance(IUnknown* outer, REFIID iid, void** result) override {
+        if (!result)
+            return E_POINTER;
+        *result = nullptr;
         if (outer)
             return CLASS_E_NOAGGREGATION;
         return ResultOf(IID_IClassFactory, [&] { return type_.make()->QueryInterface(iid, result); });
@@ -33,11 +36,13 @@ private:
 using namespace qrtVistrelClasses4;
 
 STDAPI DllGetClassObject(REFCLSID id, REFIID iid, void** result) {
+    if (!result)
+        return E_POINTER;
+    *result = nullptr;
     return ResultOf(IID_IClassFactory, [&]() -> HRESULT {
         for (const PublicClass& type : PublicClasses())
             if (type.id == id)
                 return MakeObject<ClassObject>(type)->QueryInterface(iid, result);
-        *result = nullptr;
         return CLASS_E_CLASSNOTAVAILABLE;
     });
 }

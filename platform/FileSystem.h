@@ -55,7 +55,7 @@ public:
 
     virtual Result<std::unique_ptr<OutputFile>> open(const std::string& path, OpenMode mode) = 0;
     /// Makes an empty file under a fresh name in the folder of `path`, with the rights that the file `path`
-    /// has when there is one.
+    /// has when there is one (on Windows: those of the folder).
     virtual Result<TemporaryFile> createBeside(const std::string& path) = 0;
     /// Whether `open` with `replace` would be let: `none` for a writable file, and for a missing one whose
     /// folder exists. Changes nothing.

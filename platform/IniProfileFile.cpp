@@ -5,11 +5,30 @@
 #include <utility>
 
 namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr std::string_view kWideMark = "\xff\xfe";
+
+/// Whether a file is in 16-bit characters, as some editors on Windows save.
+bool isWideText(std::string_view bytes) { return bytes.starts_with(kWideMark); }
+
+/// The text in 8-bit characters, "?" for what has none.
+FileBytes narrowedText(std::string_view bytes) {
+    bytes.remove_prefix(kWideMark.size());
+    FileBytes narrow{std::make_unique_for_overwrite<char[]>(bytes.size() / 2), bytes.size() / 2};
+    for (std::size_t i = 0; i < narrow.size; ++i)
+        narrow.data[i] = bytes[2 * i + 1] == '\0' ? bytes[2 * i] : '?';
+    return narrow;
+}
+
+} // namespace
 
 std::string IniProfileFile::read(std::string_view section, std::string_view key,
                                  std::string_view defaultValue, std::size_t bufferSize) {
     if (!index_) {
         bytes_ = readFile().value;
+        if (isWideText(bytes_.text()))
+            bytes_ = narrowedText(bytes_.text());
         index_.emplace(bytes_.text());
     }
     return ProfileString(index_->find(section, key), defaultValue, bufferSize);
@@ -27,6 +46,8 @@ SystemError IniProfileFile::commit() {
     const Result<FileBytes> old = readFile();
     if (!old && old.error != SystemError::fileNotFound)
         return old.error;
+    if (isWideText(old.value.text()))
+        return SystemError::unsupported; // better than a mixture of wide and narrow lines
     const std::optional<std::string> text = ApplyIniChanges(old.value.text(), changes);
     if (!text)
         return SystemError::none;

@@ -15,9 +15,7 @@ ReplacementFile::ReplacementFile(FileSystem& files, const std::string& path)
         temporaryPath_ = std::move(beside.value.path);
         file_ = std::move(beside.value.file);
     } else if (beside.error == SystemError::accessDenied && files_.kindOf(path_) == EntryKind::file) {
-        auto inPlace = files_.open(path_, OpenMode::replace);
-        file_ = std::move(inPlace.value);
-        error_ = inPlace.error;
+        inPlace_ = true;
     } else {
         error_ = beside.error;
     }
@@ -30,23 +28,37 @@ ReplacementFile::~ReplacementFile() {
 }
 
 SystemError ReplacementFile::write(std::string_view bytes) {
-    return error_ == SystemError::none ? note(file_->write(bytes)) : error_;
+    if (error_ != SystemError::none)
+        return error_;
+    if (!inPlace_)
+        return note(file_->write(bytes));
+    bytesInPlace_ += bytes;
+    return SystemError::none;
 }
 
 SystemError ReplacementFile::commit() {
     if (error_ != SystemError::none)
         return error_;
+    if (inPlace_)
+        return writeInPlace();
     // The new bytes must be on the disk before the name points to them.
     if (note(file_->flush()) != SystemError::none || note(file_->close()) != SystemError::none)
         return error_;
     file_.reset();
-    if (temporaryPath_.empty())
-        return error_;
     if (note(files_.moveOver(temporaryPath_, path_)) != SystemError::none)
         return error_;
     temporaryPath_.clear();
     // The new file is in place whatever becomes of this: some file systems cannot flush a folder.
     (void)files_.flushFolder(std::string(SplitPath(path_).folder));
+    return error_;
+}
+
+SystemError ReplacementFile::writeInPlace() {
+    const auto file = files_.open(path_, OpenMode::replace);
+    if (note(file.error) == SystemError::none &&
+        note(file.value->write(bytesInPlace_)) == SystemError::none &&
+        note(file.value->flush()) == SystemError::none)
+        (void)note(file.value->close());
     return error_;
 }
 

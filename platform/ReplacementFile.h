@@ -28,11 +28,14 @@ public:
 
 private:
     SystemError note(SystemError result);
+    SystemError writeInPlace();
 
     FileSystem& files_;
     std::string path_;
-    std::string temporaryPath_; ///< Empty when writing in place.
+    std::string temporaryPath_;
     std::unique_ptr<OutputFile> file_;
+    bool inPlace_ = false;
+    std::string bytesInPlace_; ///< Kept until they are complete: the old file lives until then.
     SystemError error_ = SystemError::none;
 };
 

@@ -3,6 +3,7 @@
 #include "playfile/FrameInfoClass.h"
 #include "playfile/ListControl.h"
 #include "tools/Commands.h"
+#include "tools/JsonText.h"
 #include "tools/Table.h"
 
 #include <nlohmann/json.hpp>
@@ -118,7 +119,7 @@ ExitCode showEffects(bool json, Session& session) {
         auto array = nlohmann::ordered_json::array();
         for (const Effect& effect : effects)
             array.push_back(jsonOf(effect));
-        session.out << array.dump(2) << '\n';
+        session.out << JsonText(array) << '\n';
     } else {
         printTable(session.out, effects);
     }

@@ -1,9 +1,11 @@
 #include "tools/ErrorLines.h"
 
+#include "tools/Encoding.h"
+
 namespace qrtVistrelClasses4 {
 
 void ErrorLines::add(std::string_view text) {
-    lines_.push_back("vistrel: " + (subject_.empty() ? "" : subject_ + ": ") + std::string(text));
+    lines_.push_back("vistrel: " + Visible((subject_.empty() ? "" : subject_ + ": ") + std::string(text)));
 }
 
 void ErrorLines::add(const RuntimeError& error) {

@@ -4,9 +4,8 @@
 #include "settings/SettingsInfoClass.h"
 #include "tools/Commands.h"
 #include "tools/Encoding.h"
+#include "tools/JsonText.h"
 #include "tools/Table.h"
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 #include <numeric>
@@ -135,7 +134,7 @@ ExitCode list(bool json, Session& session) {
                              {"key", setting.key},
                              {"value", std::visit(JsonOf(), setting.value)},
                              {"isDefault", setting.value == setting.defaultValue}});
-        session.out << array.dump(2) << '\n';
+        session.out << JsonText(array) << '\n';
         return ExitCode::done;
     }
     Table table({{"Property"}, {"Key"}, {"Value"}, {"Default"}});
@@ -151,7 +150,7 @@ ExitCode get(const std::string& name, Session& session) {
     const NamedSetting* setting = find(settings, name, session);
     if (!setting)
         return ExitCode::wrongUsage;
-    session.out << text(setting->value) << '\n';
+    session.out << Visible(text(setting->value)) << '\n';
     return ExitCode::done;
 }
 
@@ -173,6 +172,11 @@ ExitCode set(const std::string& name, const std::string& typed, Session& session
     const std::optional<std::string> ansi = AnsiFromUtf8(typed);
     if (!ansi) {
         session.errors.add("a character of the value is not in Windows-1252");
+        return ExitCode::wrongUsage;
+    }
+    if (std::ranges::any_of(*ansi,
+                            [](char character) { return static_cast<unsigned char>(character) < ' '; })) {
+        session.errors.add("a value has no line breaks or other control characters");
         return ExitCode::wrongUsage;
     }
     try {

@@ -4,6 +4,7 @@
 #include "tools/Commands.h"
 #include "tools/Encoding.h"
 #include "tools/FrameJson.h"
+#include "tools/JsonText.h"
 #include "tools/Table.h"
 
 #include <array>
@@ -132,7 +133,7 @@ ExitCode show(const ShowOptions& options, Session& session) {
     if (options.frame > 0)
         frames = {frames[static_cast<std::size_t>(options.frame) - 1]};
     if (options.json)
-        session.out << ordered_json(frames).dump(2) << '\n';
+        session.out << JsonText(frames) << '\n';
     else if (options.frame > 0)
         printFrame(session.out, playfile, frames.front());
     else if (complete || count > 0)

@@ -4,6 +4,7 @@
 #include "platform/Platform.h"
 #include "platform/posix/PosixSystem.h"
 
+#include <algorithm>
 #include <array>
 #include <dlfcn.h>
 #include <limits.h>
@@ -29,6 +30,11 @@ constexpr std::array<UserFolder, 6> kUserFolders{{
     {16, "XDG_DESKTOP_DIR", "Desktop"},
     {39, "XDG_PICTURES_DIR", "Pictures"},
 }};
+
+const UserFolder* find(int shellNumber) {
+    const auto* folder = std::ranges::find(kUserFolders, shellNumber, &UserFolder::shellNumber);
+    return folder == kUserFolders.end() ? nullptr : folder;
+}
 
 std::string environment(const char* name) {
     const char* value = ::getenv(name);
@@ -78,15 +84,15 @@ std::string userDirectory(std::string_view text, std::string_view variable, std:
     return {};
 }
 
+bool isUserFolder(int shellNumber) { return find(shellNumber) != nullptr; }
+
 std::optional<std::string> userFolder(FileSystem& files, int shellNumber) {
-    for (const UserFolder& folder : kUserFolders) {
-        if (folder.shellNumber != shellNumber)
-            continue;
-        const auto directories = files.read(JoinPath(configurationFolder(), "user-dirs.dirs"));
-        std::string path = userDirectory(directories.value.text(), folder.variable, userHome());
-        return path.empty() ? JoinPath(userHome(), folder.usualName) : path;
-    }
-    return {};
+    const UserFolder* folder = find(shellNumber);
+    if (!folder)
+        return {};
+    const auto directories = files.read(JoinPath(configurationFolder(), "user-dirs.dirs"));
+    std::string path = userDirectory(directories.value.text(), folder->variable, userHome());
+    return path.empty() ? JoinPath(userHome(), folder->usualName) : path;
 }
 
 SystemError makeFolders(FileSystem& files, const std::string& folder) {

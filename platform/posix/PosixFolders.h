@@ -12,6 +12,8 @@ namespace qrtVistrelClasses4 {
 std::string userHome();
 /// Folder for settings: $XDG_CONFIG_HOME, else ".config" in the user's own folder.
 std::string configurationFolder();
+/// Whether a shell number stands for a folder that users have here.
+bool isUserFolder(int shellNumber);
 /// The folder that a shell number stands for, as the desktop has it in "user-dirs.dirs", else by its usual
 /// English name in the user's own folder; none for a number that has no counterpart.
 std::optional<std::string> userFolder(FileSystem& files, int shellNumber);

@@ -40,8 +40,9 @@ std::string withoutTrailingSeparators(std::string folder) {
 class PosixPlatform final : public Platform {
 public:
     explicit PosixPlatform(const PlatformOptions& options)
-        : home_(withoutTrailingSeparators(options.home)), library_(home_.empty() ? moduleFolder() : home_),
-          settings_(settingsFolder(home_)), registry_(files_, JoinPath(settings_, "registry")) {}
+        : home_(options.home.empty() ? "" : withoutTrailingSeparators(files_.fullName(options.home))),
+          library_(home_.empty() ? moduleFolder() : home_), settings_(settingsFolder(home_)),
+          registry_(files_, JoinPath(settings_, "registry")) {}
 
     FileSystem& files() override { return files_; }
     RegistryStore& registry() override { return registry_; }
@@ -61,17 +62,18 @@ private:
         return home.empty() ? JoinPath(configurationFolder(), "qrtVistrelClasses4") : home;
     }
 
-    std::string home_; ///< As in `PlatformOptions`.
+    PosixFileSystem files_;
+    std::string home_; ///< Full name of the one in `PlatformOptions`.
     std::string library_;
     std::string settings_; ///< Folder of the settings store.
-    PosixFileSystem files_;
     PosixRegistryStore registry_;
     TerminalMessageBoxes boxes_;
 };
 
 std::optional<std::string> PosixPlatform::specialFolder(int number) {
-    std::optional<std::string> folder = userFolder(files_, number);
-    return folder && !home_.empty() ? home_ : folder;
+    if (home_.empty())
+        return userFolder(files_, number);
+    return isUserFolder(number) ? std::optional(home_) : std::nullopt;
 }
 
 LocalTime PosixPlatform::localTime() {

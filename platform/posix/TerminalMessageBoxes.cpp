@@ -28,7 +28,11 @@ std::string asLines(const Message& message) {
     std::string lines;
     for (const char character : message.title + "\n" + message.text) {
         const auto code = static_cast<unsigned char>(character);
-        if (code >= 0x20 || character == '\n' || character == '\t')
+        const bool isControl = (code < 0x20 && character != '\n' && character != '\t') || code == 0x7f;
+        const bool isLateControl = code >= 0x80 && code < 0xa0 && lines.ends_with('\xc2'); // in UTF-8
+        if (isLateControl)
+            lines.pop_back();
+        else if (!isControl)
             lines += character;
     }
     return lines;

@@ -16,6 +16,7 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 constexpr Procedure sub(std::string_view name) { return {"Signs.cls", ProcedureKind::Sub, name}; }
+void fail() { throw RuntimeError(ErrorNumber::overflow); }
 
 struct Sign {
     static constexpr std::string_view ClassName() { return "Sign"; }
@@ -23,6 +24,9 @@ struct Sign {
 
 class CallTrace : public testing::Test {
 protected:
+    static void enterHost() { TraceEnter("Host.frm", "Sub Load", "(Index=1)"); }
+    static void leaveHost() { TraceLeave("Host.frm", "Sub Load", "(Index=1)"); }
+
     TestHost host_;
     KeptTrace trace_;
     ScopedTraceRecorder recorderScope_{trace_};
@@ -39,48 +43,38 @@ TEST_F(CallTrace, ShowsEachKindOfArgument) {
     const std::optional<std::string> missing;
     trace_.withModules = true;
     traced(
-        sub("Show"), [] {}, Arg{"vData", text}, Arg{"n", number}, Arg{"s", seconds}, Arg{"b", flag});
-    traced(
-        {"Signs.bas", ProcedureKind::PropertyGet, "Sign"}, [] {}, Arg{"sign", present}, Arg{"other", absent},
+        {"Signs.bas", ProcedureKind::PropertyGet, "Sign"}, [] {}, Arg{"vData", text}, Arg{"n", number},
+        Arg{"s", seconds}, Arg{"b", flag}, Arg{"sign", present}, Arg{"other", absent},
         Arg{"sFileName", missing});
-    EXPECT_EQ(trace_.lines,
-              (Texts{
-                  "> Signs.cls Sub Show (vData=PIER 1, n=5, s=1.5, b=True)",
-                  "< Signs.cls Sub Show (vData=PIER 1, n=5, s=1.5, b=True)",
-                  "> Signs.bas Property (Get) Sign (sign=<Sign>, other=<Nothing>, sFileName=<Missing>)",
-                  "< Signs.bas Property (Get) Sign (sign=<Sign>, other=<Nothing>, sFileName=<Missing>)",
-              }));
+    const std::string line = "Signs.bas Property (Get) Sign (vData=PIER 1, n=5, s=1.5, b=True, sign=<Sign>, "
+                             "other=<Nothing>, sFileName=<Missing>)";
+    EXPECT_EQ(trace_.lines, (Texts{"> " + line, "< " + line}));
 }
 
 TEST_F(CallTrace, ShowsChangedArgumentsAtExitAndKeepsThoseOfTheEntryForReports) {
-    std::int16_t number = 2;
-    std::string name = "a";
-    const auto change = [&] {
-        number = 7;
-        name = "b";
-    };
-    traced(sub("Change"), change, Arg{"number", number}, Arg{"name", name});
-    EXPECT_EQ(trace_.lines, (Texts{"> Sub Change (number=2, name=a)", "< Sub Change (number=7, name=b)"}));
-
-    number = 2;
-    name = "a";
-    traced(
-        sub("Fail"),
-        [&] {
-            change();
-            throw RuntimeError(ErrorNumber::overflow);
-        },
-        Arg{"number", number}, Arg{"name", name});
+    for (const bool fails : {false, true}) {
+        std::int16_t number = 2;
+        std::string name = "a";
+        const auto change = [&] {
+            number = 7;
+            name = "b";
+            if (fails)
+                fail();
+        };
+        traced(sub("Change"), change, Arg{"number", number}, Arg{"name", name});
+    }
+    EXPECT_EQ(trace_.lines, (Texts{"> Sub Change (number=2, name=a)", "< Sub Change (number=7, name=b)",
+                                   "> Sub Change (number=2, name=a)"}))
+        << "an error skips the exit";
     EXPECT_EQ(host_.reports.all.at(0).procedure.arguments, "(number=2, name=a)");
-    EXPECT_EQ(trace_.lines.size(), 3u) << "an error skips the exit";
 }
 
 TEST_F(CallTrace, IsSkippedWhileSwitchedOff) {
     SwitchTrace(false);
-    TraceEnter("Host.frm", "Sub Load", "()");
+    enterHost();
     traced(sub("Quiet"), [] { EXPECT_TRUE(RunningProcedures().empty()); });
-    traced(sub("Fail"), [] { throw RuntimeError(ErrorNumber::overflow); });
-    TraceLeave("Host.frm", "Sub Load", "()");
+    traced(sub("Fail"), fail);
+    leaveHost();
     SwitchTrace(true);
     EXPECT_TRUE(trace_.lines.empty());
     EXPECT_EQ(host_.reports.all.at(0).procedure.procedure, "Sub Fail");
@@ -88,9 +82,9 @@ TEST_F(CallTrace, IsSkippedWhileSwitchedOff) {
 }
 
 TEST_F(CallTrace, ReportsTheRunningProceduresInnermostLast) {
-    TraceEnter("Host.frm", "Sub Load", "(Index=1)");
-    traced(sub("Outer"), [] { traced(sub("Inner"), [] { throw RuntimeError(ErrorNumber::typeMismatch); }); });
-    TraceLeave("Host.frm", "Sub Load", "(Index=1)");
+    enterHost();
+    traced(sub("Outer"), [] { traced(sub("Inner"), fail); });
+    leaveHost();
     ASSERT_EQ(host_.reports.all.size(), 1u) << "reported once, by the procedure that failed";
     Texts stack;
     for (const TraceLine& line : host_.reports.all[0].stack)
@@ -101,44 +95,37 @@ TEST_F(CallTrace, ReportsTheRunningProceduresInnermostLast) {
 
 TEST_F(CallTrace, ForgetsEntriesWhoseLeaveIsMissing) {
     traced(sub("Outer"), [] {
-        TraceEnter("Host.frm", "Sub Forgetful", "()");
-        throw RuntimeError(ErrorNumber::overflow);
+        enterHost();
+        fail();
     });
     EXPECT_EQ(host_.reports.all.at(0).stack.size(), 2u);
-    traced(sub("Outer"), [] { TraceEnter("Host.frm", "Sub Forgetful", "()"); });
-    TraceLeave("Host.frm", "Sub NeverEntered", "()");
+    traced(sub("Outer"), enterHost);
     EXPECT_TRUE(RunningProcedures().empty());
 }
 
-TEST_F(CallTrace, LeavesWhatItEnteredBeforeItWasSwitchedOff) {
-    TraceEnter("Host.frm", "Sub Load", "()");
+TEST_F(CallTrace, LeavesOnlyWhatTheHostEnteredEvenWhenSwitchedOffMeanwhile) {
+    enterHost();
+    TraceLeave("Host.frm", "Sub NeverEntered", "()");
+    traced(sub("Inside"), [] {
+        leaveHost();
+        EXPECT_EQ(RunningProcedures().size(), 2u);
+    });
     SwitchTrace(false);
-    TraceLeave("Host.frm", "Sub Load", "()");
+    leaveHost();
     SwitchTrace(true);
     EXPECT_TRUE(RunningProcedures().empty());
 }
 
-TEST(TraceRecorder, CannotMakeAProcedureFail) {
+TEST_F(CallTrace, CannotMakeAProcedureFail) {
     class Failing final : public TraceRecorder {
         void entered(const TraceLine&) override { throw std::bad_alloc(); }
         void left(const TraceLine&) override { throw std::runtime_error("no room"); }
     } failing;
-    const TestHost host;
     const ScopedTraceRecorder scope(failing);
     EXPECT_EQ(traced(sub("Work"), [] { return 7; }), 7);
-    TraceEnter("Host.frm", "Sub Load", "()");
-    TraceLeave("Host.frm", "Sub Load", "()");
-    EXPECT_TRUE(host.reports.all.empty());
-}
-
-TEST_F(CallTrace, LeavesOnlyWhatTheHostEntered) {
-    TraceEnter("Host.frm", "Sub Load", "()");
-    traced(sub("Inside"), [] {
-        TraceLeave("Host.frm", "Sub Load", "()");
-        EXPECT_EQ(RunningProcedures().size(), 2u);
-    });
-    TraceLeave("Host.frm", "Sub Load", "()");
-    EXPECT_TRUE(RunningProcedures().empty());
+    enterHost();
+    leaveHost();
+    EXPECT_TRUE(host_.reports.all.empty());
 }
 
 TEST(ErrorTrap, TurnsEveryExceptionIntoANumberAndTheFailureValue) {
@@ -156,19 +143,16 @@ TEST(ErrorTrap, SurvivesAReporterThatFails) {
         void report(const ErrorReport&) override { throw std::runtime_error("log full"); }
     } failing;
     const ScopedErrorReporter scope(failing);
-    EXPECT_EQ(traced(sub("A"), []() -> int { throw RuntimeError(ErrorNumber::overflow); }), 0);
+    traced(sub("A"), fail);
     EXPECT_TRUE(RunningProcedures().empty());
 }
 
 TEST(ErrorTrap, KnowsTheErrorsOfTheFileSystem) {
-    struct Case {
-        SystemError error;
-        int number;
-    };
-    for (const Case& row : {Case{SystemError::fileNotFound, 53}, Case{SystemError::folderNotFound, 76},
-                            Case{SystemError::accessDenied, 75}, Case{SystemError::inUse, 70},
-                            Case{SystemError::diskFull, 61}, Case{SystemError::tooLarge, 7}})
-        EXPECT_EQ(ErrorFor(row.error).number(), row.number);
+    for (const auto& [error, number] :
+         {std::pair(SystemError::fileNotFound, 53), std::pair(SystemError::folderNotFound, 76),
+          std::pair(SystemError::accessDenied, 75), std::pair(SystemError::inUse, 70),
+          std::pair(SystemError::diskFull, 61), std::pair(SystemError::tooLarge, 7)})
+        EXPECT_EQ(ErrorFor(error).number(), number);
 }
 
 TEST(ClassDebugID, CountsUpAndStopsAtItsEnd) {
@@ -176,13 +160,13 @@ TEST(ClassDebugID, CountsUpAndStopsAtItsEnd) {
     const std::int32_t first = GetNextClassDebugID();
     EXPECT_EQ(GetNextClassDebugID(), first + 1);
     LastClassDebugID(std::numeric_limits<std::int32_t>::max());
-    EXPECT_THROW(GetNextClassDebugID(), RuntimeError);
-    EXPECT_TRUE(RunningProcedures().empty());
     EXPECT_EQ(SettingsInfoClass().ClassDebugID(), 0);
     ASSERT_EQ(host.reports.all.size(), 1u) << "trapped by the creator of the object";
     EXPECT_EQ(host.reports.all[0].procedure.procedure, "Sub Class_Initialize");
     EXPECT_EQ(host.reports.all[0].stack.back().procedure, "Function GetNextClassDebugID");
     EXPECT_EQ(host.reports.takeNumbers(), Numbers{6});
+    EXPECT_THROW(GetNextClassDebugID(), RuntimeError);
+    EXPECT_TRUE(RunningProcedures().empty());
     EXPECT_EQ(LastClassDebugID(), std::numeric_limits<std::int32_t>::max());
     LastClassDebugID(first);
 }

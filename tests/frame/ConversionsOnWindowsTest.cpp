@@ -27,25 +27,22 @@ int errorNumber(HRESULT result) {
     }
 }
 
+/// Compares the system's conversion of each row's text to `SystemValue` with value and error of the row.
+template <class SystemValue, std::size_t size, class Case, class Convert>
+void expectConversions(const Case (&rows)[size], Convert convert) {
+    for (const Case& row : rows) {
+        SCOPED_TRACE(row.text);
+        SystemValue value{};
+        EXPECT_EQ(errorNumber(convert(wide(row.text).data(), LOCALE_INVARIANT, 0, &value)), row.error);
+        EXPECT_EQ(row.error ? decltype(row.value){} : static_cast<decltype(row.value)>(value), row.value);
+    }
+}
+
 TEST(SystemConversions, AgreeWithOurTables) {
-    for (const IntegerCase& row : kInt16Cases) {
-        SCOPED_TRACE(row.text);
-        SHORT value = 0;
-        EXPECT_EQ(errorNumber(VarI2FromStr(wide(row.text).data(), LOCALE_INVARIANT, 0, &value)), row.error);
-        EXPECT_EQ(row.error ? 0 : value, row.value);
-    }
-    for (const DoubleCase& row : kDoubleCases) {
-        SCOPED_TRACE(row.text);
-        double value = 0;
-        EXPECT_EQ(errorNumber(VarR8FromStr(wide(row.text).data(), LOCALE_INVARIANT, 0, &value)), row.error);
-        EXPECT_DOUBLE_EQ(row.error ? 0 : value, row.value);
-    }
-    for (const BooleanCase& row : kBooleanCases) {
-        SCOPED_TRACE(row.text);
-        VARIANT_BOOL value = VARIANT_FALSE;
-        EXPECT_EQ(errorNumber(VarBoolFromStr(wide(row.text).data(), LOCALE_INVARIANT, 0, &value)), row.error);
-        EXPECT_EQ(row.error ? false : value != VARIANT_FALSE, row.value);
-    }
+    expectConversions<SHORT>(kInt16Cases, VarI2FromStr);
+    expectConversions<SHORT>(kNoInt16Cases, VarI2FromStr);
+    expectConversions<double>(kDoubleCases, VarR8FromStr);
+    expectConversions<VARIANT_BOOL>(kBooleanCases, VarBoolFromStr);
     for (const NumberTextCase& row : kNumberTextCases) {
         BSTR text = nullptr;
         ASSERT_EQ(VarBstrFromR8(row.value, LOCALE_INVARIANT, 0, &text), S_OK);

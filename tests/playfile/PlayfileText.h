@@ -9,23 +9,17 @@ namespace qrtVistrelClasses4 {
 /// Places of values among the lines of a playfile whose first frame has one line: line 0 is the count.
 enum PlayfilePlace {
     kCommandFile = 1,
-    kDelay = 2,
-    kFontHeightPlace = 3,
-    kName = 4,
+    kDelay,
+    kFontHeightPlace,
     kPicture = 6,
-    kPrefix = 7,
-    kSuffix = 8,
+    kPrefix,
+    kSuffix,
     kSendAsIs = 13,
-    kOverlay = 14,
+    kOverlay,
     kFastScrollPlace = 16,
-    kFixedLines = 23,
     kLineCount = 27,
-    kText = 28,
     kFont = 29,
-    kScrolling = 30,
-    kCustomFontPlace = 33,
-    kLastSpareFlag = 44,
-    kValuesOfOneFrame = 45,
+    kScrolling,
 };
 
 /// One frame named "Welcome" with one line "HELLO", every spare field with a value of its own.

@@ -30,12 +30,13 @@ public:
     TestHost host_;
 };
 
-constexpr const char* kReport = "Error 6: Overflow\r\nIn Signs.cls, Sub Send (number=7)\r\n"
-                                "Running procedures:\r\n    Signs.cls, Sub Send (number=7)\r\n";
+const std::string kReport = "Error 6: Overflow\r\nIn Signs.cls, Sub Send (number=7)\r\n"
+                            "Running procedures:\r\n    Signs.cls, Sub Send (number=7)\r\n";
+const std::string kEntry = "2001-02-03 04:05:06  " + kReport;
 
 TEST_F(DefaultErrorReport, GoesToTheLogAndToTheOperator) {
     fail();
-    EXPECT_EQ(log(), std::string("2001-02-03 04:05:06  ") + kReport);
+    EXPECT_EQ(log(), kEntry);
     ASSERT_EQ(shown().size(), 1u);
     EXPECT_EQ(shown()[0].text, kReport);
     EXPECT_EQ(shown()[0].icon, MessageIcon::critical);
@@ -46,8 +47,7 @@ TEST_F(DefaultErrorReport, ShowsNoBoxForQuietErrorsOrWhenSwitchedOff) {
     WriteSetting("Vistrel3", "Settings", "ShowErrorReports", "False");
     fail();
     EXPECT_TRUE(shown().empty());
-    const std::size_t oneReport = std::string(kReport).size();
-    EXPECT_GT(log().size(), 2 * oneReport) << "both are logged";
+    EXPECT_EQ(log(), kEntry + kEntry);
     WriteSetting("Vistrel3", "Settings", "ShowErrorReports", "neither yes nor no");
     fail();
     EXPECT_EQ(shown().size(), 1u);
@@ -66,29 +66,26 @@ TEST_F(DefaultErrorReport, StartsANewLogPastOneMegabyte) {
     host_.machine.files().put(host_.inLibrary("VistrelErrors.log"), full);
     fail();
     EXPECT_EQ(host_.machine.files().content(host_.inLibrary("VistrelErrors.old.log")), full);
-    EXPECT_EQ(log(), std::string("2001-02-03 04:05:06  ") + kReport);
+    EXPECT_EQ(log(), kEntry);
 }
 
 TEST_F(DefaultErrorReport, LogsWhatFailsWhileAMessageIsOpen) {
     /// A box during which the host goes on and fails again.
-    class BusyBox final : public MessageBoxes {
-    public:
-        explicit BusyBox(DefaultErrorReport& test) : test_(test) {}
+    struct BusyBox final : MessageBoxes {
+        explicit BusyBox(DefaultErrorReport& host) : test(host) {}
         MessageAnswer show(const Message&) override {
             ++shown;
-            test_.fail();
+            test.fail();
             return MessageAnswer::ok;
         }
         bool attended() override { return true; }
+        DefaultErrorReport& test;
         int shown = 0;
-
-    private:
-        DefaultErrorReport& test_;
     } box(*this);
     const ScopedMessageBoxes scope(box);
     fail();
     EXPECT_EQ(box.shown, 1);
-    EXPECT_GT(log().size(), 2 * std::string(kReport).size());
+    EXPECT_GT(log().size(), 2 * kReport.size());
 }
 
 TEST_F(DefaultErrorReport, NeverMakesAnotherError) {
