@@ -1,5 +1,6 @@
 #include "Machines.h"
 #include "platform/ReplacementFile.h"
+#include "platform/memory/MemoryPlatform.h"
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -229,6 +230,31 @@ TEST(ReplacementFileInMemory, WritesInPlaceWhereTheFolderTakesNoNewFile) {
     EXPECT_EQ(file.write("new"), SystemError::none);
     EXPECT_EQ(file.commit(), SystemError::none);
     EXPECT_EQ(machine.files().content(path), "new");
+}
+
+TEST(ReplacementInPlace, LeavesTheOldFileAloneUntilTheNewOneIsComplete) {
+    MemoryPlatform machine;
+    MemoryFileSystem& files = machine.files();
+    const std::string path = JoinPath(machine.library, "old");
+    files.put(path, "old content");
+    files.setReadOnly(machine.library); // takes no new file
+    {
+        ReplacementFile file(files, path);
+        EXPECT_EQ(file.write("half of the new"), SystemError::none);
+        EXPECT_EQ(files.content(path), "old content");
+    }
+    EXPECT_EQ(files.content(path), "old content") << "given up";
+}
+
+TEST(WideIniFile, IsLeftAsItIs) {
+    MemoryPlatform machine;
+    const std::string path = JoinPath(machine.library, "wide.ini");
+    const std::string text("\xff\xfe[\0S\0]\0", 8);
+    machine.files().put(path, text);
+    const auto profile = machine.openProfile(path);
+    profile->write("S", "k", "v");
+    EXPECT_NE(profile->commit(), SystemError::none);
+    EXPECT_EQ(machine.files().content(path), text);
 }
 
 } // namespace

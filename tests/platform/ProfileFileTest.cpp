@@ -36,6 +36,7 @@ std::vector<ReadCase> findingCases() {
         {"no last line end", "[S]\r\nk=v", "S", "k", "v"},
         {"end-of-text mark of old editors", "[S]\r\nk=v\x1a", "S", "k", "v"},
         {"UTF-8 mark at the start", "\xef\xbb\xbf[S]\r\nk=v\r\n", "S", "k", "v"},
+        {"16-bit characters", std::string("\xff\xfe[\0S\0]\0\n\0k\0=\0v\0\r\0\n\0", 20), "S", "k", "v"},
         {"key is missing", "[S]\r\nk=v\r\n", "S", "j", "default"},
         {"section is missing", "[S]\r\nk=v\r\n", "T", "k", "default"},
         {"key is in another section only", "[S]\r\n[T]\r\nk=v\r\n", "S", "k", "default"},
