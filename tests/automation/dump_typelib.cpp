@@ -1,9 +1,10 @@
-// Prints what a type library promises to programs: names, identifiers, member numbers, arguments, in order.
+// dump_typelib FILE: what a type library promises to programs: names, identifiers, member numbers, arguments.
 #include <ole2.h>
 #include <wrl/client.h>
 
-#include <cstdio>
+#include <algorithm>
 #include <iostream>
+#include <map>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -12,21 +13,20 @@ namespace {
 
 using Microsoft::WRL::ComPtr;
 
+const std::map<VARTYPE, std::string> kTypes = {
+    {VT_I2, "short"},  {VT_I4, "long"},         {VT_R8, "double"},           {VT_BOOL, "VARIANT_BOOL"},
+    {VT_BSTR, "BSTR"}, {VT_VARIANT, "VARIANT"}, {VT_DISPATCH, "IDispatch*"}, {VT_HRESULT, "HRESULT"}};
+const std::map<INVOKEKIND, std::string> kKinds = {
+    {INVOKE_FUNC, ""}, {INVOKE_PROPERTYGET, "get "}, {INVOKE_PROPERTYPUT, "put "}};
+
 void check(HRESULT done) {
     if (FAILED(done))
         throw std::runtime_error("the type library cannot be read");
 }
 
 /// Names in type libraries are plain ASCII.
-std::string narrow(const wchar_t* text) {
-    std::string result;
-    for (; text && *text; ++text)
-        result += static_cast<char>(*text);
-    return result;
-}
-
 std::string take(BSTR text) {
-    const std::string result = narrow(text);
+    const std::string result(text, text + SysStringLen(text));
     SysFreeString(text);
     return result;
 }
@@ -34,12 +34,14 @@ std::string take(BSTR text) {
 std::string textOf(REFGUID id) {
     wchar_t text[39];
     StringFromGUID2(id, text, 39);
-    return narrow(text);
+    return {text, text + 38};
 }
 
-std::string nameOf(ITypeInfo& type) {
+/// Of a type, or of the library.
+template <class Described>
+std::string nameOf(Described& described) {
     BSTR name = nullptr;
-    check(type.GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr));
+    check(described.GetDocumentation(-1, &name, nullptr, nullptr, nullptr));
     return take(name);
 }
 
@@ -48,86 +50,41 @@ std::vector<std::string> namesOf(ITypeInfo& type, MEMBERID member, UINT most) {
     std::vector<BSTR> names(most);
     UINT count = 0;
     check(type.GetNames(member, names.data(), most, &count));
-    std::vector<std::string> result;
-    for (UINT i = 0; i < count; ++i)
-        result.push_back(" " + take(names[i]));
-    result.resize(most);
+    std::vector<std::string> result(most);
+    std::ranges::transform(names, result.begin(), take);
     return result;
 }
 
 std::string typeName(ITypeInfo& type, const TYPEDESC& description) {
-    switch (description.vt) {
-    case VT_PTR:
+    if (description.vt == VT_PTR)
         return typeName(type, *description.lptdesc) + "*";
-    case VT_SAFEARRAY:
+    if (description.vt == VT_SAFEARRAY)
         return "SAFEARRAY(" + typeName(type, *description.lptdesc) + ")";
-    case VT_USERDEFINED: {
+    if (description.vt == VT_USERDEFINED) {
         ComPtr<ITypeInfo> named;
         check(type.GetRefTypeInfo(description.hreftype, &named));
         return nameOf(*named.Get());
     }
-    case VT_I2:
-        return "short";
-    case VT_I4:
-        return "long";
-    case VT_R8:
-        return "double";
-    case VT_BOOL:
-        return "VARIANT_BOOL";
-    case VT_BSTR:
-        return "BSTR";
-    case VT_VARIANT:
-        return "VARIANT";
-    case VT_DISPATCH:
-        return "IDispatch*";
-    case VT_HRESULT:
-        return "HRESULT";
-    default:
-        return "type " + std::to_string(description.vt);
-    }
-}
-
-std::string flagsText(USHORT flags) {
-    struct Flag {
-        USHORT bit;
-        const char* name;
-    };
-    constexpr Flag names[] = {{PARAMFLAG_FIN, "in "},
-                              {PARAMFLAG_FOUT, "out "},
-                              {PARAMFLAG_FRETVAL, "retval "},
-                              {PARAMFLAG_FOPT, "optional "}};
-    std::string text;
-    for (const Flag& flag : names)
-        if (flags & flag.bit)
-            text += flag.name;
-    return text;
-}
-
-const char* kindText(INVOKEKIND kind) {
-    switch (kind) {
-    case INVOKE_PROPERTYGET:
-        return " get";
-    case INVOKE_PROPERTYPUT:
-        return " put";
-    case INVOKE_PROPERTYPUTREF:
-        return " putref";
-    default:
-        return "";
-    }
+    return kTypes.count(description.vt) ? kTypes.at(description.vt)
+                                        : "type " + std::to_string(description.vt);
 }
 
 void printFunction(ITypeInfo& type, UINT index) {
     FUNCDESC* function = nullptr;
     check(type.GetFuncDesc(index, &function));
     const UINT arguments = static_cast<UINT>(function->cParams);
-    // The names that a number gives are those of its method or get.
-    const bool hasNames = !(function->invkind & (INVOKE_PROPERTYPUT | INVOKE_PROPERTYPUTREF));
-    const std::vector<std::string> names = namesOf(type, function->memid, arguments + 1);
-    std::cout << "    " << function->memid << kindText(function->invkind) << names[0] << "(";
+    const auto names = namesOf(type, function->memid, arguments + 1);
+    std::cout << "    " << function->memid << " " << kKinds.at(function->invkind) << names[0] << "(";
     for (UINT i = 0; i < arguments; ++i) {
         const ELEMDESC& argument = function->lprgelemdescParam[i];
-        std::cout << (i ? ", " : "") << flagsText(argument.paramdesc.wParamFlags)
-                  << typeName(type, argument.tdesc) << (hasNames ? names[i + 1] : "");
+        std::cout << (i ? ", " : "");
+        const USHORT flags = argument.paramdesc.wParamFlags;
+        std::cout << (flags & PARAMFLAG_FIN ? "in " : "") << (flags & PARAMFLAG_FOUT ? "out " : "")
+                  << (flags & PARAMFLAG_FRETVAL ? "retval " : "")
+                  << (flags & PARAMFLAG_FOPT ? "optional " : "") << typeName(type, argument.tdesc);
+        // The names that a number gives are those of its method or get.
+        if (function->invkind & (INVOKE_FUNC | INVOKE_PROPERTYGET))
+            std::cout << " " << names[i + 1];
     }
     std::cout << ") " << typeName(type, function->elemdescFunc.tdesc) << "\n";
     type.ReleaseFuncDesc(function);
@@ -136,34 +93,20 @@ void printFunction(ITypeInfo& type, UINT index) {
 void printVariable(ITypeInfo& type, UINT index) {
     VARDESC* variable = nullptr;
     check(type.GetVarDesc(index, &variable));
-    std::cout << "   " << namesOf(type, variable->memid, 1)[0];
-    if (variable->varkind == VAR_CONST)
-        std::cout << " = " << V_I4(variable->lpvarValue) << "\n";
-    else
-        std::cout << " " << typeName(type, variable->elemdescVar.tdesc) << "\n";
+    const bool isConstant = variable->varkind == VAR_CONST;
+    std::cout << "    " << namesOf(type, variable->memid, 1)[0]
+              << (isConstant ? " = " + std::to_string(V_I4(variable->lpvarValue))
+                             : " " + typeName(type, variable->elemdescVar.tdesc))
+              << "\n";
     type.ReleaseVarDesc(variable);
 }
 
-void printInterfacesOfClass(ITypeInfo& type, UINT count) {
-    for (UINT i = 0; i < count; ++i) {
-        HREFTYPE reference = 0;
-        INT flags = 0;
-        ComPtr<ITypeInfo> face;
-        check(type.GetRefTypeOfImplType(i, &reference));
-        check(type.GetImplTypeFlags(i, &flags));
-        check(type.GetRefTypeInfo(reference, &face));
-        std::cout << "    " << ((flags & IMPLTYPEFLAG_FDEFAULT) ? "default " : "") << nameOf(*face.Get())
-                  << "\n";
-    }
-}
-
-/// A dual interface as it lies in memory, so that the order of its functions shows.
-ComPtr<ITypeInfo> functionTableOf(ITypeInfo& type) {
+ComPtr<ITypeInfo> referredType(ITypeInfo& type, UINT index) {
     HREFTYPE reference = 0;
-    ComPtr<ITypeInfo> table;
-    check(type.GetRefTypeOfImplType(static_cast<UINT>(-1), &reference));
-    check(type.GetRefTypeInfo(reference, &table));
-    return table;
+    ComPtr<ITypeInfo> referred;
+    check(type.GetRefTypeOfImplType(index, &reference));
+    check(type.GetRefTypeInfo(reference, &referred));
+    return referred;
 }
 
 void printType(ITypeInfo& type) {
@@ -172,23 +115,25 @@ void printType(ITypeInfo& type) {
     TYPEATTR* attributes = nullptr;
     check(type.GetTypeAttr(&attributes));
     std::cout << "\n"
-              << ((attributes->wTypeFlags & TYPEFLAG_FDUAL) ? "dual " : "") << kinds[attributes->typekind]
+              << (attributes->wTypeFlags & TYPEFLAG_FDUAL ? "dual " : "") << kinds[attributes->typekind]
               << " " << nameOf(type) << " " << textOf(attributes->guid) << "\n";
     for (UINT i = 0; i < attributes->cFuncs; ++i)
         printFunction(type, i);
     for (UINT i = 0; i < attributes->cVars; ++i)
         printVariable(type, i);
-    if (attributes->typekind == TKIND_COCLASS)
-        printInterfacesOfClass(type, attributes->cImplTypes);
+    for (UINT i = 0; attributes->typekind == TKIND_COCLASS && i < attributes->cImplTypes; ++i) {
+        INT flags = 0;
+        check(type.GetImplTypeFlags(i, &flags));
+        std::cout << "    " << (flags & IMPLTYPEFLAG_FDEFAULT ? "default " : "")
+                  << nameOf(*referredType(type, i).Get()) << "\n";
+    }
     type.ReleaseTypeAttr(attributes);
 }
 
 void printLibrary(ITypeLib& library) {
     TLIBATTR* attributes = nullptr;
-    BSTR name = nullptr;
     check(library.GetLibAttr(&attributes));
-    check(library.GetDocumentation(-1, &name, nullptr, nullptr, nullptr));
-    std::cout << "library " << take(name) << " " << textOf(attributes->guid) << " "
+    std::cout << "library " << nameOf(library) << " " << textOf(attributes->guid) << " "
               << attributes->wMajorVerNum << "." << attributes->wMinorVerNum << "\n";
     library.ReleaseTLibAttr(attributes);
     for (UINT i = 0; i < library.GetTypeInfoCount(); ++i) {
@@ -196,25 +141,20 @@ void printLibrary(ITypeLib& library) {
         TYPEKIND kind{};
         check(library.GetTypeInfo(i, &type));
         check(library.GetTypeInfoType(i, &kind));
-        printType(kind == TKIND_DISPATCH ? *functionTableOf(*type.Get()).Get() : *type.Get());
+        if (kind ==
+            TKIND_DISPATCH) // a dual interface: as it lies in memory, where the order of functions shows
+            type = referredType(*type.Get(), static_cast<UINT>(-1));
+        printType(*type.Get());
     }
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc != 2) {
-        std::cerr << "usage: dump_typelib FILE\n";
+    if (argc != 2)
         return 2;
-    }
-    try {
-        const std::string file = argv[1];
-        ComPtr<ITypeLib> library;
-        check(LoadTypeLibEx(std::wstring(file.begin(), file.end()).c_str(), REGKIND_NONE, &library));
-        printLibrary(*library.Get());
-        return 0;
-    } catch (const std::exception& error) {
-        std::cerr << argv[1] << ": " << error.what() << "\n";
-        return 1;
-    }
+    const std::string file = argv[1];
+    ComPtr<ITypeLib> library;
+    check(LoadTypeLibEx(std::wstring(file.begin(), file.end()).c_str(), REGKIND_NONE, &library));
+    printLibrary(*library.Get());
 }

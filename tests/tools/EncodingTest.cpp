@@ -10,34 +10,18 @@ namespace {
 TEST(Encoding, EveryByteIsACharacterOfItsOwnAndComesBack) {
     std::set<std::string> seen;
     for (int code = 0; code < 256; ++code) {
-        SCOPED_TRACE(code);
         const std::string ansi(1, static_cast<char>(code));
         const std::string utf8 = Utf8FromAnsi(ansi);
         EXPECT_EQ(AnsiFromUtf8(utf8), ansi);
-        EXPECT_TRUE(seen.insert(utf8).second);
+        EXPECT_TRUE(seen.insert(utf8).second) << code;
     }
 }
 
 TEST(Encoding, CharactersAreThoseOfTheCodePage) {
-    struct Case {
-        const char* why;
-        std::string ansi, utf8;
-    };
-    const Case cases[] = {
-        {"ASCII", "Pier 1", "Pier 1"},
-        {"Latin 1 range", "Caf\xe9", "Caf\u00e9"},
-        {"first of the own range", "\x80", "\u20ac"},
-        {"last of the own range", "\x9f", "\u0178"},
-        {"first undefined code", "\x81", "\u0081"},
-        {"last undefined code", "\x9d", "\u009d"},
-        {"no-break blank, first behind the own range", "\xa0", "\u00a0"},
-        {"NUL is a character like others", std::string(1, '\0'), std::string(1, '\0')},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.why);
-        EXPECT_EQ(Utf8FromAnsi(c.ansi), c.utf8);
-        EXPECT_EQ(AnsiFromUtf8(c.utf8), c.ansi);
-    }
+    EXPECT_EQ(Utf8FromAnsi("Caf\xe9 1"), "Caf\u00e9 1");
+    EXPECT_EQ(Utf8FromAnsi("\x80\x9f"), "\u20ac\u0178") << "first and last of its own range";
+    EXPECT_EQ(Utf8FromAnsi("\x81\x9d"), "\u0081\u009d") << "undefined codes";
+    EXPECT_EQ(Utf8FromAnsi("\xa0"), "\u00a0") << "first behind its own range";
 }
 
 TEST(Encoding, WhatTheCodePageLacksHasNoWayBack) {
@@ -56,30 +40,16 @@ TEST(Encoding, WhatTheCodePageLacksHasNoWayBack) {
         {"overlong ASCII, three bytes", "\xe0\x81\x81"},
         {"no byte of UTF-8", "\xff"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.why);
-        EXPECT_EQ(AnsiFromUtf8(c.utf8), std::nullopt);
-    }
+    for (const Case& c : cases)
+        EXPECT_EQ(AnsiFromUtf8(c.utf8), std::nullopt) << c.why;
 }
 
 TEST(Encoding, ControlCharactersAreShownBySigns) {
-    struct Case {
-        const char* why;
-        std::string utf8, shown;
-    };
-    const Case cases[] = {
-        {"line end", "a\r\nb", "a\u240d\u240ab"},
-        {"NUL", std::string("a\0b", 3), "a\u2400b"},
-        {"delete", "\x7f", "\u2421"},
-        {"undefined code, no sign of its own", "\u0081", "\\x81"},
-        {"escape cannot reach the terminal", "\x1b[2J", "\u241b[2J"},
-        {"letters stay", "Caf\u00e9 \u20ac", "Caf\u00e9 \u20ac"},
-        {"no UTF-8 stays", "\xff", "\xff"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.why);
-        EXPECT_EQ(Visible(c.utf8), c.shown);
-    }
+    EXPECT_EQ(Visible(std::string("a\0\r\n\x7f", 5)), "a\u2400\u240d\u240a\u2421");
+    EXPECT_EQ(Visible("\x1b[2J"), "\u241b[2J") << "an escape cannot reach the terminal";
+    EXPECT_EQ(Visible("\u0081"), "\\x81") << "an undefined code has no sign";
+    EXPECT_EQ(Visible("Caf\u00e9 \u20ac\xff"), "Caf\u00e9 \u20ac\xff")
+        << "letters stay, and what is no UTF-8";
 }
 
 } // namespace

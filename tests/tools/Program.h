@@ -6,20 +6,15 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <initializer_list>
 #include <iterator>
 #include <string>
 #include <sys/wait.h>
 
 namespace qrtVistrelClasses4 {
 
-inline std::string contentOf(const std::string& path) {
+inline std::string ContentOf(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
-}
-
-inline void writeFile(const std::string& path, const std::string& content) {
-    std::ofstream(path, std::ios::binary) << content;
 }
 
 struct Outcome {
@@ -39,30 +34,21 @@ public:
     std::string usersFolder() const { return folder_.file("user"); }
     std::string inHome(const std::string& name) const { return home() + "/" + name; }
 
-    Outcome run(std::initializer_list<std::string> arguments) const {
-        return runShell(commandLine(arguments) + " > " + quoted(folder_.file("out")));
+    /// Runs it in its home with `arguments` as they are typed.
+    Outcome run(const std::string& arguments) const { return runShell(line(arguments) + " > ../out"); }
+    std::string line(const std::string& arguments) const {
+        return "'" VISTREL_PROGRAM "' --home \"$PWD\" " + arguments;
     }
-
-    /// Runs a shell command; what it leaves in the file "out" counts as output.
+    /// Runs a shell command in its home; what it leaves in the file "out" beside that counts as output.
     Outcome runShell(const std::string& command) const {
-        const std::string environment = "HOME=" + quoted(usersFolder()) + " XDG_CONFIG_HOME= ";
-        const int status = std::system(
-            ("export " + environment + "; " + command + " 2> " + quoted(folder_.file("err")) + " < /dev/null")
-                .c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contentOf(folder_.file("out")),
-                contentOf(folder_.file("err"))};
-    }
-
-    std::string commandLine(std::initializer_list<std::string> arguments) const {
-        std::string line = quoted(VISTREL_PROGRAM) + " --home " + quoted(home());
-        for (const std::string& argument : arguments)
-            line += ' ' + quoted(argument);
-        return line;
+        const std::string setUp =
+            "cd '" + home() + "'; export HOME='" + usersFolder() + "' XDG_CONFIG_HOME= ;";
+        const int status = std::system((setUp + command + " 2> ../err < /dev/null").c_str());
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ContentOf(folder_.file("out")),
+                ContentOf(folder_.file("err"))};
     }
 
 private:
-    static std::string quoted(const std::string& argument) { return "'" + argument + "'"; }
-
     TempFolder folder_;
 };
 

@@ -11,9 +11,9 @@ namespace {
 
 struct SaveQuestion : testing::Test {
     TestHost host;
+    const std::vector<Message>& shown = host.machine.messageBoxes().shown;
     const std::string stick = host.inLibrary("stick");
     const std::string picture = JoinPath(stick, "anchor.bmp");
-    const std::string copiedPicture = JoinPath(host.inLibrary("Data"), "anchor.bmp");
     const std::string playfile = host.inLibrary("harbour.playfile");
     const std::string target = host.inLibrary("pier.playfile");
 
@@ -28,48 +28,46 @@ struct SaveQuestion : testing::Test {
         frames.WritePlayfileToDisk(playfile);
     }
 
-    ExitCode save(std::vector<std::string> options) {
+    ExitCode save(const std::string& option) {
         Session session;
         CLI::App program;
         AddSaveCommand(program, session);
-        options.insert(options.end(), {target, playfile, "save"}); // parsed from the back
-        program.parse(options);
+        program.parse("save " + playfile + " " + target + " " + option);
         return session.command();
-    }
-
-    std::string savedPicture() {
-        FrameInfoClass frames;
-        frames.GetPlayfileFromDisk(target);
-        frames.CurrentFrame(1);
-        return frames.PicturefileName();
     }
 };
 
-TEST_F(SaveQuestion, IsAskedAndTheAnswerHolds) {
-    host.machine.messageBoxes().answers = {MessageAnswer::yes};
-    EXPECT_EQ(save({}), ExitCode::done);
-    EXPECT_EQ(host.machine.messageBoxes().shown.size(), 1U);
-    EXPECT_EQ(savedPicture(), copiedPicture);
-}
-
-TEST_F(SaveQuestion, IsAnsweredYesByItsOption) {
-    EXPECT_EQ(save({"--yes"}), ExitCode::done);
-    EXPECT_TRUE(host.machine.messageBoxes().shown.empty());
-    EXPECT_EQ(savedPicture(), copiedPicture);
-}
-
-TEST_F(SaveQuestion, IsAnsweredNoByItsOption) {
-    host.machine.messageBoxes().answers = {MessageAnswer::yes};
-    EXPECT_EQ(save({"--no"}), ExitCode::done);
-    EXPECT_TRUE(host.machine.messageBoxes().shown.empty());
-    EXPECT_EQ(savedPicture(), picture);
+TEST_F(SaveQuestion, IsAskedOrAnsweredByAnOption) {
+    const std::string copy = JoinPath(host.inLibrary("Data"), "anchor.bmp");
+    struct Case {
+        const char* option;
+        MessageAnswer answer;
+        std::size_t asked;
+        std::string wantedPicture;
+    };
+    const Case cases[] = {
+        {"", MessageAnswer::yes, 1, copy},
+        {"--yes", MessageAnswer::no, 0, copy},
+        {"--no", MessageAnswer::yes, 0, picture},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.option);
+        host.machine.messageBoxes().shown.clear();
+        host.machine.messageBoxes().answers = {c.answer};
+        EXPECT_EQ(save(c.option), ExitCode::done);
+        EXPECT_EQ(shown.size(), c.asked);
+        FrameInfoClass frames;
+        frames.GetPlayfileFromDisk(target);
+        frames.CurrentFrame(1);
+        EXPECT_EQ(frames.PicturefileName(), c.wantedPicture);
+    }
 }
 
 TEST_F(SaveQuestion, AnsweringItBeforehandHidesNoFailure) {
     host.machine.files().setReadOnly(host.machine.library);
-    EXPECT_EQ(save({"--yes"}), ExitCode::failed);
-    ASSERT_EQ(host.machine.messageBoxes().shown.size(), 1U);
-    EXPECT_EQ(host.machine.messageBoxes().shown[0].title, "Unable to save playfile");
+    EXPECT_EQ(save("--yes"), ExitCode::failed);
+    ASSERT_EQ(shown.size(), 1U);
+    EXPECT_EQ(shown[0].title, "Unable to save playfile");
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <map>
+
 namespace qrtVistrelClasses4 {
 namespace {
 
@@ -11,24 +13,17 @@ using testing::HasSubstr;
 
 TEST(Settings, ListTellsValuesAndWhichAreDefaults) {
     const Program vistrel;
-    const Outcome outcome = vistrel.run({"settings", "list", "--json"});
-    EXPECT_EQ(outcome.exitCode, 0);
-    const auto settings = nlohmann::json::parse(outcome.out);
-    const auto settingOf = [&](const std::string& property) {
-        for (const auto& setting : settings)
-            if (setting["property"] == property)
-                return setting;
-        return nlohmann::json();
-    };
-    using nlohmann::json;
-    EXPECT_EQ(
-        settingOf("DisplayHeight"),
-        (json{{"property", "DisplayHeight"}, {"key", "DisplayHeight"}, {"value", 32}, {"isDefault", false}}));
-    EXPECT_EQ(settingOf("DelayMaximum")["value"], 10000) << "a stored 0 counts as the default";
-    EXPECT_EQ(settingOf("BrightnessScheduleStartTime2")["value"], "6:30 PM");
-    EXPECT_EQ(settingOf("DoesDisplaySupportColor")["key"], "DoesDisplaySupporColor");
-    EXPECT_EQ(settingOf("AVIDelay")["isDefault"], true);
-    EXPECT_EQ(settingOf("LastPlayfilePath")["value"], vistrel.inHome("Vistrel Sign Playfiles"));
+    const std::string list = vistrel.run("settings list --json").out;
+    std::map<std::string, nlohmann::json> settings;
+    for (const auto& setting : nlohmann::json::parse(list))
+        settings[setting["property"]] = setting;
+    EXPECT_EQ(settings["DisplayHeight"]["value"], 32);
+    EXPECT_EQ(settings["DisplayHeight"]["isDefault"], false);
+    EXPECT_EQ(settings["AVIDelay"]["isDefault"], true);
+    EXPECT_EQ(settings["DelayMaximum"]["value"], 10000) << "a stored 0 counts as the default";
+    EXPECT_EQ(settings["BrightnessScheduleStartTime2"]["value"], "6:30 PM");
+    EXPECT_EQ(settings["DoesDisplaySupportColor"]["key"], "DoesDisplaySupporColor");
+    EXPECT_EQ(settings["LastPlayfilePath"]["value"], vistrel.inHome("Vistrel Sign Playfiles"));
 }
 
 TEST(Settings, WhatIsSetIsReadBackUnderEitherName) {
@@ -40,8 +35,7 @@ TEST(Settings, WhatIsSetIsReadBackUnderEitherName) {
         {"whole number", "DisplayHeight", "48", "DisplayHeight", "48"},
         {"negative number is no option", "TimeZoneAdjust", "-3", "TimeZoneAdjustment", "-3"},
         {"key in another case", "timezoneadjustment", "4", "TIMEZONEADJUST", "4"},
-        {"flag as a number is stored as the library does", "DoesDisplaySupporColor", "0",
-         "DoesDisplaySupportColor", "False"},
+        {"flag as a number", "DoesDisplaySupporColor", "0", "DoesDisplaySupportColor", "False"},
         {"decimal comma, which the file does not know", "DelayStep", "2,5", "DelayStep", "2.5"},
         {"one of the schedules", "BrightnessScheduleBrightnessLevel4", "9", "ScheduledBrightnessLevel4", "9"},
         {"letter beyond ASCII", "DisplayID", "Caf\u00e9", "DisplayID", "Caf\u00e9"},
@@ -50,15 +44,11 @@ TEST(Settings, WhatIsSetIsReadBackUnderEitherName) {
     const Program vistrel;
     for (const Case& c : cases) {
         SCOPED_TRACE(c.why);
-        EXPECT_EQ(vistrel.run({"settings", "set", c.setName, c.typed}).exitCode, 0);
-        EXPECT_EQ(vistrel.run({"settings", "get", c.getName}).out, c.read + "\n");
+        EXPECT_EQ(vistrel.run("settings set " + c.setName + " '" + c.typed + "'").exitCode, 0);
+        EXPECT_EQ(vistrel.run("settings get " + c.getName).out, c.read + "\n");
     }
-}
-
-TEST(Settings, TextIsStoredInTheCodePageOfTheFile) {
-    const Program vistrel;
-    vistrel.run({"settings", "set", "DisplayID", "Caf\u00e9"});
-    EXPECT_THAT(contentOf(vistrel.inHome("VistrelLite.ini")), HasSubstr("DisplayID=Caf\xe9\r\n"));
+    EXPECT_THAT(ContentOf(vistrel.inHome("VistrelLite.ini")), HasSubstr("DisplayID=Caf\xe9\r\n"))
+        << "stored in the code page of the file";
 }
 
 TEST(Settings, WhatCannotBeSetIsRefusedWithAReason) {
@@ -82,7 +72,7 @@ TEST(Settings, WhatCannotBeSetIsRefusedWithAReason) {
     const Program vistrel;
     for (const Case& c : cases) {
         SCOPED_TRACE(c.why);
-        const Outcome outcome = vistrel.run({"settings", "set", c.name, c.typed});
+        const Outcome outcome = vistrel.run("settings set " + c.name + " '" + c.typed + "'");
         EXPECT_EQ(outcome.exitCode, c.exitCode);
         EXPECT_THAT(outcome.err, HasSubstr(c.reason));
     }
@@ -90,9 +80,9 @@ TEST(Settings, WhatCannotBeSetIsRefusedWithAReason) {
 
 TEST(Settings, AFileThatDoesNotConvertNamesTheKeyAtFault) {
     const Program vistrel;
-    writeFile(vistrel.inHome("VistrelLite.ini"),
-              "[VistrelLite]\r\nDisplayWidth=96\r\nWizardMode=perhaps\r\n");
-    const Outcome outcome = vistrel.run({"settings", "get", "DisplayWidth"});
+    std::ofstream(vistrel.inHome("VistrelLite.ini"))
+        << "[VistrelLite]\nDisplayWidth=96\nWizardMode=perhaps\n";
+    const Outcome outcome = vistrel.run("settings get DisplayWidth");
     EXPECT_EQ(outcome.exitCode, 1);
     EXPECT_EQ(outcome.out, "96\n");
     EXPECT_THAT(outcome.err, HasSubstr("Key=WizardMode"));
@@ -100,10 +90,9 @@ TEST(Settings, AFileThatDoesNotConvertNamesTheKeyAtFault) {
 
 TEST(Settings, AHomeKeepsTheUsersFolderUntouched) {
     const Program vistrel;
-    vistrel.run({"settings", "list"});
-    vistrel.run({"settings", "set", "DisplayID", "7"});
-    vistrel.run({"effects"});
-    vistrel.run({"show", vistrel.inHome("nosuch")});
+    vistrel.run("settings set DisplayID 7");
+    vistrel.run("effects");
+    vistrel.run("show nosuch");
     EXPECT_TRUE(std::filesystem::is_empty(vistrel.usersFolder()));
 }
 

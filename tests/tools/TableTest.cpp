@@ -5,7 +5,6 @@
 #include <sstream>
 
 namespace qrtVistrelClasses4 {
-namespace {
 
 TEST(Table, ColumnsAreAsWideAsTheirWidestCellInCharacters) {
     Table table({{"No.", Table::Align::right}, {"Name"}, {"Text"}});
@@ -19,11 +18,4 @@ TEST(Table, ColumnsAreAsWideAsTheirWidestCellInCharacters) {
                          "1000  Bar\n");
 }
 
-TEST(Table, WithoutRowsItShowsItsHeadings) {
-    std::ostringstream out;
-    out << Table({{"Code"}, {"Name"}});
-    EXPECT_EQ(out.str(), "Code  Name\n----  ----\n");
-}
-
-} // namespace
 } // namespace qrtVistrelClasses4
