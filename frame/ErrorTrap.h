@@ -13,8 +13,8 @@ struct ErrorReport {
     RuntimeError error;
     /// The procedure that trapped the error.
     TraceLine procedure;
-    /// The procedures running at the time, outermost first, the trapping one last; empty while tracing is
-    /// off.
+    /// The procedures on the trace at the time, outermost first. Those entered while tracing is off are not
+    /// on it; one that let the error through stands behind the trapping one.
     std::vector<TraceLine> stack;
 };
 

@@ -234,7 +234,14 @@ std::string PosixFileSystem::resolveLinks(const std::string& path) {
     if (::lstat(path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode))
         return path;
     std::array<char, PATH_MAX> resolved;
-    return ::realpath(path.c_str(), resolved.data()) ? resolved.data() : path;
+    if (::realpath(path.c_str(), resolved.data()))
+        return resolved.data();
+    // A link to a file that is yet to be made; a link to itself fails otherwise.
+    const ssize_t size = errno == ENOENT ? ::readlink(path.c_str(), resolved.data(), resolved.size()) : -1;
+    if (size <= 0)
+        return path;
+    const std::string target(resolved.data(), static_cast<std::size_t>(size));
+    return resolveLinks(IsRootedPath(target) ? target : JoinPath(folderOf(path), target));
 }
 
 std::string PosixFileSystem::fullName(const std::string& path) {

@@ -19,13 +19,19 @@ unsigned modeOf(const std::string& path) {
 TEST_F(PosixPlatformTest, SavingThroughALinkKeepsTheLink) {
     const std::string target = machine.file("target");
     const std::string link = machine.file("link");
-    put(target, "old");
+    const std::string linkToLink = machine.file("second");
     ASSERT_EQ(::symlink(target.c_str(), link.c_str()), 0);
-    ReplacementFile file(files(), link);
-    ASSERT_EQ(file.write("new"), SystemError::none);
-    ASSERT_EQ(file.commit(), SystemError::none);
-    EXPECT_TRUE(std::filesystem::is_symlink(link));
-    EXPECT_EQ(textOf(target), "new");
+    ASSERT_EQ(::symlink("link", linkToLink.c_str()), 0);
+    for (const char* text : {"the file is made", "the file is replaced"}) {
+        ReplacementFile file(files(), linkToLink);
+        ASSERT_EQ(file.write(text), SystemError::none);
+        ASSERT_EQ(file.commit(), SystemError::none);
+        EXPECT_TRUE(std::filesystem::is_symlink(link) && std::filesystem::is_symlink(linkToLink));
+        EXPECT_EQ(textOf(target), text);
+    }
+    const std::string loop = machine.file("loop");
+    ASSERT_EQ(::symlink("loop", loop.c_str()), 0);
+    EXPECT_EQ(files().resolveLinks(loop), loop) << "a link to itself leads nowhere";
 }
 
 TEST_F(PosixPlatformTest, CopyingThroughLinksToTheFileItselfLeavesItAlone) {
