@@ -4,6 +4,7 @@
 #include "frame/Conversions.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -66,6 +67,14 @@ private:
     TraceRecorder* previous_;
 };
 
+/// The class of an object that the procedure may release; its name outlives the object.
+struct ReleasableObject {
+    template <class Class>
+    explicit ReleasableObject(const std::shared_ptr<Class>& object)
+        : className(object ? object->ClassName() : "Nothing") {}
+    std::string_view className;
+};
+
 /// The text of an argument's value. An omitted one is "<Missing>", an object its class's name in angle
 /// brackets.
 template <class T>
@@ -80,6 +89,10 @@ std::string TraceText(const T& value) {
         return std::string(std::string_view(value));
     else if constexpr (std::is_same_v<T, std::optional<std::string>>)
         return value.value_or("<Missing>");
+    else if constexpr (std::is_same_v<T, ReleasableObject>)
+        return "<" + std::string(value.className) + ">";
+    else if constexpr (std::is_constructible_v<ReleasableObject, const T&>)
+        return TraceText(ReleasableObject(value));
     else
         return "<" + std::string(value ? value->ClassName() : "Nothing") + ">";
 }
@@ -136,6 +149,8 @@ template <class T>
 class Arg {
     static constexpr bool keepsCopy = std::is_arithmetic_v<T> || std::is_enum_v<T> || !std::is_const_v<T>;
     using Plain = std::remove_const_t<T>;
+    using Kept = std::conditional_t<std::is_constructible_v<ReleasableObject, const Plain&>, ReleasableObject,
+                                    std::conditional_t<keepsCopy, Plain, const Plain&>>;
 
 public:
     Arg(std::string_view name, T& value) : name_(name), now_(value), entry_(value) {}
@@ -144,13 +159,13 @@ public:
             text += ", ";
         text += name_;
         text += '=';
-        text += TraceText<Plain>(atEntry ? entry_ : now_);
+        text += atEntry ? TraceText(entry_) : TraceText(now_);
     }
 
 private:
     std::string_view name_;
     const Plain& now_;
-    std::conditional_t<keepsCopy, Plain, const Plain&> entry_;
+    Kept entry_;
 };
 
 template <class... Ts>

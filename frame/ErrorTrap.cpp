@@ -7,6 +7,7 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 ErrorReporter* installedReporter = nullptr;
+thread_local std::uint64_t trappedErrors = 0;
 
 } // namespace
 
@@ -26,7 +27,10 @@ RuntimeError CurrentError() {
     }
 }
 
+std::uint64_t TrappedErrors() { return trappedErrors; }
+
 void TrapCurrentError(const TraceRecord& record, TraceRecord* outer) noexcept {
+    ++trappedErrors;
     try {
         ErrorReporter& reporter = installedReporter ? *installedReporter : defaultErrorReporter();
         reporter.report({CurrentError(), record.atEntry(), RunningProcedures()});

@@ -4,6 +4,7 @@
 #include "frame/CallTrace.h"
 #include "frame/RuntimeError.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -40,6 +41,10 @@ public:
 private:
     ErrorReporter* previous_;
 };
+
+/// How many errors this thread has trapped so far. A procedure that calls others, which trap their own
+/// errors, learns from a change that one of them has failed.
+std::uint64_t TrappedErrors();
 
 /// To be called while handling an exception of the procedure that `record` stands for: reports it, then takes
 /// the trace back to `outer`, the procedure that called.

@@ -3,6 +3,7 @@
 
 #include "frame/RuntimeError.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <utility>
 #include <vector>
@@ -38,6 +39,31 @@ public:
         elements_.resize(static_cast<std::size_t>(upperBound));
     }
 
+    /// Moves the elements from `number` to the last but one up by one, over the last. What is left of element
+    /// `number` is valid and to be filled. Error 9 when `number` is outside the array.
+    void moveUp(std::int32_t number) {
+        requireElement(number);
+        std::move_backward(place(number), end() - 1, end());
+    }
+
+    /// Takes element `number` out; those behind it move down. Error 9 when `number` is outside the array.
+    void erase(std::int32_t number) {
+        requireElement(number);
+        elements_.erase(place(number));
+    }
+
+    /// Moves element `from` to the place of element `to`; those between close up. Error 9 when either is
+    /// outside the array, which then stays as it was.
+    void move(std::int32_t from, std::int32_t to) {
+        requireElement(to);
+        T moved = std::move(at(from));
+        if (from < to)
+            std::move(place(from) + 1, place(to) + 1, place(from));
+        else
+            std::move_backward(place(to), place(from), place(from) + 1);
+        at(to) = std::move(moved);
+    }
+
     bool operator==(const OneBasedArray&) const = default;
 
     auto begin() { return elements_.begin(); }
@@ -46,6 +72,7 @@ public:
     auto end() const { return elements_.end(); }
 
 private:
+    auto place(std::int32_t number) { return elements_.begin() + (number - 1); }
     void requireElement(std::int32_t number) const {
         if (!contains(number)) [[unlikely]]
             Raise(ErrorNumber::subscriptOutOfRange);

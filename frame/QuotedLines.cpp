@@ -129,7 +129,7 @@ void QuotedLineReader::get(bool& flag) {
 }
 
 void QuotedLineWriter::putPlainLine(std::string_view line) {
-    appendStored(line);
+    appendPlain(line);
     append("\r\n");
 }
 
@@ -168,6 +168,17 @@ void QuotedLineWriter::append(const char (&literal)[size]) {
     constexpr std::size_t length = size - 1;
     std::memcpy(room(length), literal, length);
     used_ += length;
+}
+
+/// The text as it is; a long one past the buffer.
+void QuotedLineWriter::appendPlain(std::string_view text) {
+    if (text.size() > kBufferSize) [[unlikely]] {
+        finish();
+        Check(file_.write(text));
+        return;
+    }
+    std::memcpy(room(text.size()), text.data(), text.size());
+    used_ += text.size();
 }
 
 /// The text as it is stored; a long one in pieces.

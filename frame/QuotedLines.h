@@ -52,7 +52,7 @@ public:
     /// `file` must outlive the writer. Nothing is written by destroying it; call `finish`.
     explicit QuotedLineWriter(ReplacementFile& file) : file_(file) {}
 
-    /// A line without quotes around it.
+    /// A line as it is, without quotes around it.
     void putPlainLine(std::string_view line);
     void put(std::string_view text);
     void put(std::int32_t number);
@@ -67,6 +67,7 @@ private:
     void putFlag(bool flag);
     template <std::size_t size>
     void append(const char (&literal)[size]);
+    void appendPlain(std::string_view text);
     void appendStored(std::string_view text);
     /// Where the next bytes go; `size` of them fit, which is at most what the buffer holds.
     char* room(std::size_t size) {

@@ -1,8 +1,8 @@
 #include "playfile/FrameInfoClass.h"
 
 #include "frame/Traced.h"
-#include "playfile/Effects.h"
 #include "playfile/FrameProcedures.h"
+#include "playfile/FrameRules.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,15 +18,6 @@ constexpr Procedure propertyGet(std::string_view name) {
 }
 constexpr Procedure propertyLet(std::string_view name) {
     return FrameProcedure(ProcedureKind::PropertyLet, name);
-}
-
-/// 9999 is held by both codes or by none.
-void setCoupledCode(std::int16_t& code, std::int16_t& other, std::int16_t value) {
-    code = value;
-    if (value == kPhotoRealistic)
-        other = kPhotoRealistic;
-    else if (other == kPhotoRealistic)
-        other = 0;
 }
 
 } // namespace
@@ -131,7 +122,11 @@ void FrameInfoClass::TotalFrames(std::int16_t vData) {
 
 void FrameInfoClass::resizeFrames(std::int32_t count) {
     frames_.resize(count);
-    firstFrameToCheck_ = std::min(firstFrameToCheck_, count + 1);
+    checkLinesFrom(count + 1);
+}
+
+void FrameInfoClass::checkLinesFrom(std::int32_t number) {
+    firstFrameToCheck_ = std::min(firstFrameToCheck_, number);
 }
 
 void FrameInfoClass::MakeLineVarsValid() {
@@ -168,29 +163,23 @@ void FrameInfoClass::FrameName(const std::string& vData) {
 }
 
 FRAME_TYPES FrameInfoClass::FrameType() {
-    return static_cast<FRAME_TYPES>(readFrame("FrameType", &FrameRecord::FrameType));
+    return traced(propertyGet("FrameType"), [&] { return FrameTypeOf(currentFrame()); });
 }
 void FrameInfoClass::FrameType(FRAME_TYPES vData) {
     traced(
-        propertyLet("FrameType"),
-        [&] { currentFrame().FrameType = NarrowToInt16(static_cast<std::int32_t>(vData)); },
-        Arg{"vData", vData});
+        propertyLet("FrameType"), [&] { SetFrameType(currentFrame(), vData); }, Arg{"vData", vData});
 }
 
 std::int16_t FrameInfoClass::PrefixCode() { return readFrame("PrefixCode", &FrameRecord::PrefixCode); }
 void FrameInfoClass::PrefixCode(std::int16_t vData) {
     traced(
-        propertyLet("PrefixCode"),
-        [&] { setCoupledCode(currentFrame().PrefixCode, currentFrame().SuffixCode, vData); },
-        Arg{"vData", vData});
+        propertyLet("PrefixCode"), [&] { SetPrefixCode(currentFrame(), vData); }, Arg{"vData", vData});
 }
 
 std::int16_t FrameInfoClass::SuffixCode() { return readFrame("SuffixCode", &FrameRecord::SuffixCode); }
 void FrameInfoClass::SuffixCode(std::int16_t vData) {
     traced(
-        propertyLet("SuffixCode"),
-        [&] { setCoupledCode(currentFrame().SuffixCode, currentFrame().PrefixCode, vData); },
-        Arg{"vData", vData});
+        propertyLet("SuffixCode"), [&] { SetSuffixCode(currentFrame(), vData); }, Arg{"vData", vData});
 }
 
 double FrameInfoClass::DelayTime() { return readFrame("DelayTime", &FrameRecord::DelayTime); }
@@ -258,7 +247,7 @@ void FrameInfoClass::TotalLinesAllowed(std::int16_t vData) {
         [&] {
             currentFrame().lines.resize(vData);
             if (vData == 0)
-                firstFrameToCheck_ = std::min<std::int32_t>(firstFrameToCheck_, currentFrameNumber_);
+                checkLinesFrom(currentFrameNumber_);
         },
         Arg{"vData", vData});
 }
@@ -267,16 +256,16 @@ std::int16_t FrameInfoClass::RowHeightForGrid() { return currentFrame().RowHeigh
 void FrameInfoClass::RowHeightForGrid(std::int16_t vData) { currentFrame().RowHeightForGrid = vData; }
 
 std::int16_t FrameInfoClass::SendCommandFileAsIs() { return currentFrame().SendCommandFileAsIs; }
-void FrameInfoClass::SendCommandFileAsIs(bool vData) { currentFrame().SendCommandFileAsIs = vData ? 1 : 0; }
+void FrameInfoClass::SendCommandFileAsIs(bool vData) { SetSendCommandFileAsIs(currentFrame(), vData); }
 
-bool FrameInfoClass::OverlayFrame() { return currentFrame().OverlayFrame != 0; }
-void FrameInfoClass::OverlayFrame(bool vData) { currentFrame().OverlayFrame = vData ? 1 : 0; }
+bool FrameInfoClass::OverlayFrame() { return IsOverlay(currentFrame()); }
+void FrameInfoClass::OverlayFrame(bool vData) { SetOverlay(currentFrame(), vData); }
 
 std::int16_t FrameInfoClass::AVIFrames() { return currentFrame().AVIFrames; }
 void FrameInfoClass::AVIFrames(std::int16_t vData) { currentFrame().AVIFrames = vData; }
 
-bool FrameInfoClass::FastScroll() { return currentFrame().FastScroll == 1; }
-void FrameInfoClass::FastScroll(bool vData) { currentFrame().FastScroll = vData ? 1 : 0; }
+bool FrameInfoClass::FastScroll() { return ScrollsFast(currentFrame()); }
+void FrameInfoClass::FastScroll(bool vData) { SetScrollsFast(currentFrame(), vData); }
 
 std::string FrameInfoClass::AudioFile() {
     return untraced([&] { return currentFrame().AudioFile; });

@@ -6,6 +6,7 @@
 #include "playfile/FrameTypes.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -149,6 +150,51 @@ public:
     std::string LineCustomFont();
     void LineCustomFont(const std::string& vData);
 
+    // Frames in other places. Nothing here looks at `PlayFileHasChanged`.
+
+    /// Makes room for an empty frame at the cursor, which stays: the frame there and those behind it move up
+    /// by one. The new frame keeps the settings that `InitFrame` leaves alone. With `bLast`, which belongs to
+    /// a cursor on the last frame, the cursor goes to the next frame instead, and no frame moves; were there
+    /// a frame behind the cursor, it would be emptied. `bLast` comes back true when the cursor is on the last
+    /// frame but one. More than 32767 frames are error 6 and change nothing.
+    void InsertFrame(bool& bLast);
+    void InsertFrame();
+    /// Takes out the frame at the cursor, and sets the cursor to the one before. The only frame is emptied
+    /// instead. A cursor outside the frames is error 9 and changes nothing.
+    void DeleteCurrentFrame();
+    /// Moves frame `From` to the place of frame `WhereTo`; those between close up. Equal numbers do nothing,
+    /// whatever they are; else a number outside the frames is error 9 and changes nothing.
+    void MoveFrame(std::int16_t From, std::int16_t WhereTo);
+
+    /// Puts a new playfile into `MyClipboard`, with copies of the frames between the two numbers, which come
+    /// back in rising order. With one of them outside the frames the new playfile has its twenty empty
+    /// frames. `Merge` and `FixedNumberOfLines` are not copied.
+    void CopyInfo(std::int16_t& CopyFromY, std::int16_t& CopyToY,
+                  std::shared_ptr<FrameInfoClass>& MyClipboard);
+    /// The same, and takes the frames out. They stay when they could not be copied.
+    void CutInfo(std::int16_t& CutFromY, std::int16_t& CutToY, std::shared_ptr<FrameInfoClass>& MyClipboard);
+    /// Sets the cursor to `PasteTo` and puts copies of all frames of the clipboard there; the frames from
+    /// `PasteTo` on move up. What would pass `TotalFramesAllowed` is left out, but when nothing more can be
+    /// inserted the copies replace the frames that are there. Uses the clipboard's cursors. A null clipboard
+    /// does nothing.
+    void PasteInfo(std::int16_t PasteTo, FrameInfoClass* MyClipboardInfo);
+
+    /// Whether a frame before this one shows the same picture in the same way, or sends the same command
+    /// file, so that the sign needs no second copy of the file. Names are compared exactly.
+    bool IsThereAPreviousClone(std::int16_t iFrameNum);
+
+    // Counts over all frames, by their kind.
+
+    /// All but blank frames.
+    std::int16_t HowManyUsedFramesAreThere();
+    std::int16_t HowManyGraphicsAreThere();
+    std::int16_t HowManyTextFramesAreThere();
+    std::int16_t HowManyGraphicTextFramesAreThere();
+    std::int16_t HowManyCommandFileFramesAreThere();
+    /// Seconds of all but blank frames, rounded after each frame, halves to the even number: delays of 0.5
+    /// never add up. Beyond 32 bits: error 6.
+    std::int32_t WhatsTheTotalOfAllDelaysForThisFile();
+
     // Effects.
 
     /// Names of effect codes, "" for a code without one.
@@ -178,6 +224,10 @@ public:
     /// may go away are to be copied into the application's data folder. False after telling the operator that
     /// the file cannot be written; the file that was there then stays as it was.
     bool WritePlayfileToDisk(const std::string& sFileName);
+    /// Exports all frames for other tools into `sFileName` + ".xml", and remembers the name without ".xml".
+    /// False after telling the operator that the file cannot be written; the file that was there then stays
+    /// as it was.
+    bool WriteXMLToDisk(const std::string& sFileName);
 
 private:
     FrameRecord& currentFrame() { return frames_.at(currentFrameNumber_); }
@@ -197,7 +247,19 @@ private:
     template <class Value>
     void writeLine(Value LineRecord::*member, const Value& vData);
 
+    void insertFrame(bool& bLast);
+    void copyFrames(std::int16_t& first, std::int16_t& last, std::shared_ptr<FrameInfoClass>& clipboard);
+    void PutInfoFromFrameIntoVariable(std::int32_t FrameNum, std::int32_t VarFrameNum,
+                                      FrameInfoClass* VarToPlaceIn);
+    void PutInfoFromVariableIntoFrame(std::int32_t FrameNum, std::int32_t VarFrameNum,
+                                      FrameInfoClass* VarToPlaceIn);
+    template <class Counts>
+    std::int16_t countFrames(std::string_view name, Counts counts);
+
     void resizeFrames(std::int32_t count);
+    /// Has `MakeLineVarsValid` look again at the frames from `number` on.
+    void checkLinesFrom(std::int32_t number);
+    void writeXml(const std::string& path);
     void readPlayfile(const std::string& sFileName);
     void writePlayfile(const std::string& sFileName);
 

@@ -134,7 +134,7 @@ void FrameInfoClass::readPlayfile(const std::string& sFileName) {
         FrameRecord& frame = frames_.at(number);
         ReadFrameValues(in, frame);
         if (frame.lines.empty())
-            firstFrameToCheck_ = std::min(firstFrameToCheck_, number);
+            checkLinesFrom(number);
         correctFrame(frame, finder);
         for (LineRecord& line : frame.lines) {
             ReadLineValues(in, line);

@@ -96,10 +96,12 @@ TEST(QuotedLineWriter, WritesWhatTheReaderReads) {
     out.put(1.25);
     out.put(true);
     out.put(longText);
+    out.putPlainLine(longText);
     out.finish();
     ASSERT_EQ(file.commit(), SystemError::none);
     EXPECT_EQ(host.machine.files().content(path),
-              " 3 \r\n\"6\x01 sign\"\r\n\"\"\r\n\"-7\"\r\n\"1.25\"\r\n\"True\"\r\n\"" + longText + "\"\r\n");
+              " 3 \r\n\"6\x01 sign\"\r\n\"\"\r\n\"-7\"\r\n\"1.25\"\r\n\"True\"\r\n\"" + longText + "\"\r\n" +
+                  longText + "\r\n");
 }
 
 } // namespace

@@ -14,12 +14,20 @@ enum PlayfilePlace {
     kPicture = 6,
     kPrefix,
     kSuffix,
+    kPictureDisplay,
+    kPictureType,
     kSendAsIs = 13,
     kOverlay,
-    kFastScrollPlace = 16,
+    kAviFrames,
+    kFastScrollPlace,
+    kAudio,
     kLineCount = 27,
-    kFont = 29,
+    kLineText,
+    kFont,
     kScrolling,
+    kInverse,
+    kLineCustomFont = 33,
+    kMerge = 42,
 };
 
 /// One frame named "Welcome" with one line "HELLO", every spare field with a value of its own.

@@ -1,0 +1,77 @@
+// Frames move: inserted, deleted, put in another place.
+#include "frame/Traced.h"
+#include "playfile/FrameInfoClass.h"
+#include "playfile/FrameProcedures.h"
+
+#include <utility>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+/// Makes room at frame `number` below the last frame, which is to be a new one. What is left at `number` are
+/// the settings of the frame that was there.
+void makeRoom(OneBasedArray<FrameRecord>& frames, std::int32_t number) {
+    auto spareTexts = frames.at(number).spareTexts;
+    frames.moveUp(number);
+    frames.at(number).spareTexts = std::move(spareTexts);
+}
+
+} // namespace
+
+void FrameInfoClass::InsertFrame(bool& bLast) {
+    traced(
+        FrameSub("InsertFrame"), [&] { insertFrame(bLast); }, Arg{"bLast", bLast});
+}
+
+void FrameInfoClass::InsertFrame() {
+    bool bLast = false;
+    InsertFrame(bLast);
+}
+
+void FrameInfoClass::insertFrame(bool& bLast) {
+    const std::int16_t upperBound = NarrowToInt16(frames_.upperBound() + 1);
+    frames_.resize(upperBound);
+    if (bLast) {
+        currentFrameNumber_ = NarrowToInt16(currentFrameNumber_ + 1);
+    } else if (currentFrameNumber_ < 1) {
+        // Frames moved up one by one until there was none to move into frame 1, which therefore keeps what it
+        // has got.
+        FrameRecord first = frames_.at(1);
+        frames_.moveUp(1);
+        frames_.at(1) = std::move(first);
+        throw RuntimeError(ErrorNumber::subscriptOutOfRange);
+    } else if (currentFrameNumber_ <= upperBound) {
+        makeRoom(frames_, currentFrameNumber_);
+    }
+    if (currentFrameNumber_ == upperBound - 1)
+        bLast = true;
+    MakeLineVarsValid();
+    InitFrame(currentFrameNumber_);
+}
+
+void FrameInfoClass::DeleteCurrentFrame() {
+    traced(FrameSub("DeleteCurrentFrame"), [&] {
+        frames_.erase(currentFrameNumber_);
+        checkLinesFrom(currentFrameNumber_);
+        if (frames_.empty()) {
+            frames_.resize(1);
+            InitFrame(1);
+        }
+        if (currentFrameNumber_ != 1)
+            --currentFrameNumber_;
+    });
+}
+
+void FrameInfoClass::MoveFrame(std::int16_t From, std::int16_t WhereTo) {
+    traced(
+        FrameSub("MoveFrame"),
+        [&] {
+            if (From == WhereTo)
+                return;
+            frames_.move(From, WhereTo);
+            checkLinesFrom(std::min(From, WhereTo));
+        },
+        Arg{"From", From}, Arg{"WhereTo", WhereTo});
+}
+
+} // namespace qrtVistrelClasses4
