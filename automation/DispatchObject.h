@@ -9,7 +9,9 @@
 #include <ocidl.h>
 #include <ole2.h>
 
+#include <memory>
 #include <type_traits>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 
@@ -18,6 +20,9 @@ namespace qrtVistrelClasses4 {
 template <class Interface, class Coclass, class CoreClass>
 class DispatchObject : public ComObject<Interface, ISupportErrorInfo, IProvideClassInfo> {
 public:
+    DispatchObject() : DispatchObject(std::make_shared<CoreClass>()) {}
+    explicit DispatchObject(std::shared_ptr<CoreClass> core) : core_(std::move(core)) {}
+
     STDMETHODIMP GetTypeInfoCount(UINT* count) override {
         *count = 1;
         return S_OK;
@@ -68,18 +73,18 @@ protected:
 
     template <class Value, class Result>
     HRESULT get(Value (Core::*getter)(), Result* result) {
-        return give(result, [&] { return (core_.*getter)(); });
+        return give(result, [&] { return ((*core_).*getter)(); });
     }
     template <class Value, class Result>
     HRESULT get(Value (Core::*getter)() const, Result* result) {
-        return give(result, [&] { return (core_.*getter)(); });
+        return give(result, [&] { return ((*core_).*getter)(); });
     }
     template <class Value, class Given>
     HRESULT put(void (Core::*setter)(Value), Given vData) {
-        return run([&] { (core_.*setter)(FromAutomation<std::remove_cvref_t<Value>>(vData)); });
+        return run([&] { ((*core_).*setter)(FromAutomation<std::remove_cvref_t<Value>>(vData)); });
     }
 
-    Core core_;
+    std::shared_ptr<Core> core_;
 
 private:
     HRESULT loadTypeInfo(ITypeInfo** result) {

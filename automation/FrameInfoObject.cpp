@@ -8,8 +8,21 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
+/// Asks an object whether it is one of this file; no other answers to it.
+constexpr IID kOwnObject = {0x7d3a6f52, 0x0c1e, 0x4b8d, {0x9e, 0x64, 0x21, 0xf8, 0x5a, 0xc7, 0x30, 0xb6}};
+
 class FrameInfoObject : public DispatchObject<_FrameInfoClass, ::FrameInfoClass, FrameInfoClass> {
 public:
+    using DispatchObject::DispatchObject;
+
+    STDMETHODIMP QueryInterface(REFIID iid, void** result) override {
+        if (iid != kOwnObject || !result)
+            return DispatchObject::QueryInterface(iid, result);
+        *result = this;
+        AddRef();
+        return S_OK;
+    }
+
     // The playfile.
     STDMETHODIMP get_ClassDebugID(VARIANT* result) override { return get(&Core::ClassDebugID, result); }
     QRT_PROPERTY(short, CurrentFrame);
@@ -25,7 +38,7 @@ public:
         return put(&Core::SetSuppressMessages, bNewValue);
     }
     STDMETHODIMP MakeLineVarsValid() override {
-        return run([&] { core_.MakeLineVarsValid(); });
+        return run([&] { core_->MakeLineVarsValid(); });
     }
     STDMETHODIMP InitFrame(short LineToInit) override { return put(&Core::InitFrame, LineToInit); }
 
@@ -72,37 +85,120 @@ public:
 
     // Effects.
     STDMETHODIMP ConvertPrefixCodeToString(short code, BSTR* result) override {
-        return give(result, [&] { return core_.ConvertPrefixCodeToString(code); });
+        return give(result, [&] { return core_->ConvertPrefixCodeToString(code); });
     }
     STDMETHODIMP ConvertSuffixCodeToString(short code, BSTR* result) override {
-        return give(result, [&] { return core_.ConvertSuffixCodeToString(code); });
+        return give(result, [&] { return core_->ConvertSuffixCodeToString(code); });
     }
     STDMETHODIMP ConvertPrefixStringToCode(BSTR CodeString, short* result) override {
-        return give(result, [&] { return core_.ConvertPrefixStringToCode(NarrowText(CodeString)); });
+        return give(result, [&] { return core_->ConvertPrefixStringToCode(NarrowText(CodeString)); });
     }
     STDMETHODIMP ConvertSuffixStringToCode(BSTR CodeString, short* result) override {
-        return give(result, [&] { return core_.ConvertSuffixStringToCode(NarrowText(CodeString)); });
+        return give(result, [&] { return core_->ConvertSuffixStringToCode(NarrowText(CodeString)); });
     }
     STDMETHODIMP FillEffectList(IDispatch* prefixList, IDispatch* suffixList) override {
-        return run([&] { core_.FillEffectList(HostList(prefixList), HostList(suffixList)); });
+        return run([&] { core_->FillEffectList(HostList(prefixList), HostList(suffixList)); });
     }
     STDMETHODIMP LoadNewEffectLists(IDispatch* prefixList1, IDispatch* suffixList1, IDispatch* prefixList2,
                                     IDispatch* suffixList2, VARIANT_BOOL* result) override {
         return give(result, [&] {
-            return core_.LoadNewEffectLists(HostList(prefixList1), HostList(suffixList1),
-                                            HostList(prefixList2), HostList(suffixList2));
+            return core_->LoadNewEffectLists(HostList(prefixList1), HostList(suffixList1),
+                                             HostList(prefixList2), HostList(suffixList2));
         });
     }
     STDMETHODIMP RefreshEffectLists(IDispatch* prefixList, IDispatch* suffixList) override {
-        return run([&] { core_.RefreshEffectLists(HostList(prefixList), HostList(suffixList)); });
+        return run([&] { core_->RefreshEffectLists(HostList(prefixList), HostList(suffixList)); });
     }
 
     // The file.
     STDMETHODIMP GetPlayfileFromDisk(BSTR sFileName, VARIANT_BOOL* result) override {
-        return give(result, [&] { return core_.GetPlayfileFromDisk(NarrowText(sFileName)); });
+        return give(result, [&] { return core_->GetPlayfileFromDisk(NarrowText(sFileName)); });
     }
     STDMETHODIMP WritePlayfileToDisk(BSTR sFileName, VARIANT_BOOL* result) override {
-        return give(result, [&] { return core_.WritePlayfileToDisk(NarrowText(sFileName)); });
+        return give(result, [&] { return core_->WritePlayfileToDisk(NarrowText(sFileName)); });
+    }
+    STDMETHODIMP WriteXMLToDisk(BSTR sFileName, VARIANT_BOOL* result) override {
+        return give(result, [&] { return core_->WriteXMLToDisk(NarrowText(sFileName)); });
+    }
+
+    // Frames in other places.
+    STDMETHODIMP InsertFrame(VARIANT_BOOL* bLast) override {
+        return run([&] {
+            bool isLast = bLast && FromAutomation<bool>(*bLast);
+            core_->InsertFrame(isLast);
+            if (bLast)
+                ToAutomation(isLast, bLast);
+        });
+    }
+    STDMETHODIMP DeleteCurrentFrame() override {
+        return run([&] { core_->DeleteCurrentFrame(); });
+    }
+    STDMETHODIMP MoveFrame(short* From, short* WhereTo) override {
+        if (!From || !WhereTo)
+            return E_POINTER;
+        return run([&] { core_->MoveFrame(*From, *WhereTo); });
+    }
+    STDMETHODIMP CopyInfo(short* CopyFromY, short* CopyToY, _FrameInfoClass** MyClipboard) override {
+        return replaceClipboard(&Core::CopyInfo, CopyFromY, CopyToY, MyClipboard);
+    }
+    STDMETHODIMP CutInfo(short* CutFromY, short* CutToY, _FrameInfoClass** MyClipboard) override {
+        return replaceClipboard(&Core::CutInfo, CutFromY, CutToY, MyClipboard);
+    }
+    STDMETHODIMP PasteInfo(short PasteTo, _FrameInfoClass* MyClipboardInfo) override {
+        return run([&] { core_->PasteInfo(PasteTo, coreOf(MyClipboardInfo).get()); });
+    }
+    STDMETHODIMP IsThereAPreviousClone(short iFrameNum, VARIANT_BOOL* result) override {
+        return give(result, [&] { return core_->IsThereAPreviousClone(iFrameNum); });
+    }
+
+    // Counts.
+    STDMETHODIMP HowManyUsedFramesAreThere(short* result) override {
+        return get(&Core::HowManyUsedFramesAreThere, result);
+    }
+    STDMETHODIMP HowManyGraphicsAreThere(short* result) override {
+        return get(&Core::HowManyGraphicsAreThere, result);
+    }
+    STDMETHODIMP HowManyTextFramesAreThere(short* result) override {
+        return get(&Core::HowManyTextFramesAreThere, result);
+    }
+    STDMETHODIMP HowManyGraphicTextFramesAreThere(short* result) override {
+        return get(&Core::HowManyGraphicTextFramesAreThere, result);
+    }
+    STDMETHODIMP HowManyCommandFileFramesAreThere(short* result) override {
+        return get(&Core::HowManyCommandFileFramesAreThere, result);
+    }
+    STDMETHODIMP WhatsTheTotalOfAllDelaysForThisFile(long* result) override {
+        return get(&Core::WhatsTheTotalOfAllDelaysForThisFile, result);
+    }
+
+private:
+    /// The playfile of an object made here, none for a null one. Any other object is error 13.
+    static std::shared_ptr<Core> coreOf(_FrameInfoClass* object) {
+        if (!object)
+            return nullptr;
+        void* own = nullptr;
+        if (FAILED(object->QueryInterface(kOwnObject, &own)))
+            throw RuntimeError(ErrorNumber::typeMismatch);
+        const ComPtr<FrameInfoObject> holder = static_cast<FrameInfoObject*>(own);
+        holder->Release(); // the reference that came with `own`
+        return holder->core_;
+    }
+
+    using ClipboardOperation = void (Core::*)(std::int16_t&, std::int16_t&, std::shared_ptr<Core>&);
+    /// The object for the new clipboard is made first, so that frames which have been cut cannot be lost.
+    HRESULT replaceClipboard(ClipboardOperation operation, short* first, short* last,
+                             _FrameInfoClass** clipboard) {
+        if (!first || !last || !clipboard)
+            return E_POINTER;
+        return run([&] {
+            const ComPtr<FrameInfoObject> replacement = MakeObject<FrameInfoObject>(coreOf(*clipboard));
+            const std::shared_ptr<Core> core = core_; // lives on when this object is released here
+            if (*clipboard)
+                std::exchange(*clipboard, nullptr)->Release();
+            ((*core).*operation)(*first, *last, replacement->core_);
+            if (replacement->core_)
+                *clipboard = ComPtr<FrameInfoObject>(replacement).Detach();
+        });
     }
 };
 

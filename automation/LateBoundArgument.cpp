@@ -19,7 +19,7 @@ DeclaredArgument declaredByName(ITypeInfo& type, HREFTYPE reference) {
     else if (attributes->typekind == TKIND_ALIAS)
         declared = Declared(*named.Get(), attributes->tdescAlias);
     else if (attributes->typekind == TKIND_DISPATCH || (attributes->wTypeFlags & TYPEFLAG_FDISPATCHABLE))
-        declared = {VT_DISPATCH, false, attributes->guid};
+        declared = {VT_DISPATCH, false, false, attributes->guid};
     named->ReleaseTypeAttr(attributes);
     return declared;
 }
@@ -83,9 +83,9 @@ DeclaredArgument Declared(ITypeInfo& type, const TYPEDESC& declared) {
     if (declared.vt == VT_USERDEFINED)
         return declaredByName(type, declared.hreftype);
     if (declared.vt == VT_DISPATCH)
-        return {VT_DISPATCH, false, IID_IDispatch};
+        return {VT_DISPATCH, false, false, IID_IDispatch};
     if (declared.vt != VT_PTR)
-        return {declared.vt, false, {}};
+        return {declared.vt};
     DeclaredArgument pointedTo = Declared(type, *declared.lptdesc);
     // A pointer to an interface is the object itself.
     pointedTo.byReference = !(pointedTo.type == VT_DISPATCH && declared.lptdesc->vt == VT_USERDEFINED);
@@ -113,6 +113,8 @@ HRESULT LateBoundArgument::convert(const DeclaredArgument& declared, VARIANT& gi
 HRESULT LateBoundArgument::convertValue(const DeclaredArgument& declared, LCID locale) {
     if (declared.type == VT_DISPATCH)
         return convertToObject(value_, declared.interfaceId);
+    if (declared.hasDefault && IsOmitted(value_))
+        VariantClear(&value_); // the default of every type is what an empty value converts to
     if (declared.type == VT_VARIANT || IsOmitted(value_))
         return S_OK;
     return VariantChangeTypeEx(&value_, &value_, locale, VARIANT_ALPHABOOL, declared.type);

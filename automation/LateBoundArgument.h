@@ -11,6 +11,7 @@ namespace qrtVistrelClasses4 {
 struct DeclaredArgument {
     VARTYPE type = VT_EMPTY; ///< `VT_EMPTY` for an argument that is best left to the system.
     bool byReference = false;
+    bool hasDefault = false;
     IID interfaceId{}; ///< Of a `VT_DISPATCH`.
 };
 

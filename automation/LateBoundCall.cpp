@@ -50,7 +50,10 @@ public:
     DeclaredArgument argument(int number) const {
         if (number < 0 || number >= argumentCount())
             return {};
-        return Declared(*type_.Get(), description_->lprgelemdescParam[number].tdesc);
+        const ELEMDESC& element = description_->lprgelemdescParam[number];
+        DeclaredArgument declared = Declared(*type_.Get(), element.tdesc);
+        declared.hasDefault = (element.paramdesc.wParamFlags & PARAMFLAG_FHASDEFAULT) != 0;
+        return declared;
     }
 
 private:

@@ -13,10 +13,10 @@ public:
     STDMETHODIMP get_ClassDebugID(VARIANT* result) override { return get(&Core::ClassDebugID, result); }
     STDMETHODIMP GetPrivateSetting(BSTR Key, BSTR DefaultValue, BSTR* result) override {
         return give(result,
-                    [&] { return core_.GetPrivateSetting(NarrowText(Key), NarrowText(DefaultValue)); });
+                    [&] { return core_->GetPrivateSetting(NarrowText(Key), NarrowText(DefaultValue)); });
     }
     STDMETHODIMP WriteSetting(BSTR Key, BSTR Value) override {
-        return run([&] { core_.WriteSetting(NarrowText(Key), NarrowText(Value)); });
+        return run([&] { core_->WriteSetting(NarrowText(Key), NarrowText(Value)); });
     }
     STDMETHODIMP GetSettingsFromDisk(VARIANT sFileName) override {
         return put(&Core::GetSettingsFromDisk, sFileName);

@@ -126,5 +126,41 @@ TEST_F(Client, MayOmitTheFileOfTheSettings) {
     }
 }
 
+TEST_F(Client, MayOmitWhetherTheCursorIsOnTheLastFrame) {
+    playfile_->put_CurrentFrame(1);
+    EXPECT_EQ(playfile_->InsertFrame(nullptr), S_OK);
+    EXPECT_EQ(Call(playfile_.Get(), L"InsertFrame").code, S_OK);
+    EXPECT_EQ(Call(playfile_.Get(), L"InsertFrame", {Value::omitted()}).code, S_OK);
+    short frames = 0;
+    playfile_->get_TotalFrames(&frames);
+    EXPECT_EQ(frames, 23);
+}
+
+TEST_F(Client, OwnsTheClipboardAndKnowsWhenItIsReplaced) {
+    const auto references = [](_FrameInfoClass* object) {
+        object->AddRef();
+        return object->Release();
+    };
+    short first = 2, last = 1, frames = 0;
+    _FrameInfoClass* clipboard = nullptr;
+    ASSERT_EQ(playfile_->CopyInfo(&first, &last, &clipboard), S_OK);
+    EXPECT_EQ(references(clipboard), 1U);
+    const ComPtr<_FrameInfoClass> previous = clipboard;
+    ASSERT_EQ(playfile_->CutInfo(&first, &last, &clipboard), S_OK);
+    EXPECT_NE(clipboard, previous.Get());
+    EXPECT_EQ(references(previous.Get()), 1U) << "the variable has let go of it";
+    EXPECT_EQ(playfile_->PasteInfo(19, clipboard), S_OK);
+    playfile_->get_TotalFrames(&frames);
+    EXPECT_EQ(frames, 20);
+    EXPECT_EQ(references(clipboard), 1U);
+
+    _FrameInfoClass* itself = playfile_.Detach();
+    ASSERT_EQ(itself->CopyInfo(&first, &last, &itself), S_OK) << "the last reference goes during the call";
+    itself->get_TotalFrames(&frames);
+    EXPECT_EQ(frames, 2);
+    itself->Release();
+    clipboard->Release();
+}
+
 } // namespace
 } // namespace qrtVistrelClasses4
