@@ -48,6 +48,8 @@ inline CLI::App& AddCommand(CLI::App& parent, const std::string& name, const std
 
 void AddShowCommand(CLI::App& program, Session& session);
 void AddSaveCommand(CLI::App& program, Session& session);
+void AddExportCommand(CLI::App& program, Session& session);
+void AddFramesCommand(CLI::App& program, Session& session);
 void AddSettingsCommand(CLI::App& program, Session& session);
 void AddEffectsCommand(CLI::App& program, Session& session);
 

@@ -75,6 +75,15 @@ void printFrames(std::ostream& out, FrameInfoClass& playfile, const std::vector<
     out << table;
 }
 
+void printSummary(std::ostream& out, FrameInfoClass& playfile, std::size_t frameCount) {
+    out << '\n'
+        << playfile.HowManyUsedFramesAreThere() << " of " << frameCount << " frames used ("
+        << playfile.HowManyGraphicsAreThere() << " graphic, " << playfile.HowManyTextFramesAreThere()
+        << " text, " << playfile.HowManyGraphicTextFramesAreThere() << " graphic with text, "
+        << playfile.HowManyCommandFileFramesAreThere() << " command file), "
+        << playfile.WhatsTheTotalOfAllDelaysForThisFile() << " seconds in all\n";
+}
+
 void printFrame(std::ostream& out, FrameInfoClass& playfile, const ordered_json& frame) {
     Table properties({{"Property"}, {"Value"}});
     for (const auto& [name, value] : frame.items()) {
@@ -132,12 +141,14 @@ ExitCode show(const ShowOptions& options, Session& session) {
     }
     if (options.frame > 0)
         frames = {frames[static_cast<std::size_t>(options.frame) - 1]};
-    if (options.json)
+    if (options.json) {
         session.out << JsonText(frames) << '\n';
-    else if (options.frame > 0)
+    } else if (options.frame > 0) {
         printFrame(session.out, playfile, frames.front());
-    else if (complete || count > 0)
+    } else if (complete || count > 0) {
         printFrames(session.out, playfile, frames);
+        printSummary(session.out, playfile, frames.size());
+    }
     return ExitCode::done;
 }
 

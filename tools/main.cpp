@@ -44,7 +44,8 @@ ExitCode finish(Session& session, ExitCode code) {
 ExitCode runProgram(int argumentCount, char** arguments) {
     Session session;
     std::string home;
-    CLI::App program("Opens, shows and saves playfiles and settings of LED message signs", "vistrel");
+    CLI::App program("Shows, edits, saves and exports playfiles and settings of LED message signs",
+                     "vistrel");
     program.formatter(std::make_shared<ExampleFirst>("vistrel show harbour.playfile"));
     program.set_version_flag("--version", "vistrel " VISTREL_VERSION);
     program.require_subcommand(1);
@@ -55,6 +56,8 @@ ExitCode runProgram(int argumentCount, char** arguments) {
         ->check(CLI::ExistingDirectory);
     AddShowCommand(program, session);
     AddSaveCommand(program, session);
+    AddExportCommand(program, session);
+    AddFramesCommand(program, session);
     AddSettingsCommand(program, session);
     AddEffectsCommand(program, session);
     try {

@@ -125,10 +125,26 @@ TEST(Effects, TellWhatListsOfferNow) {
 
 TEST(Usage, WrongUsageIsExitCode2WithAReason) {
     const Program vistrel;
-    for (const char* arguments :
-         {"", "bogus", "show", "show a b", "show a --frame 0", "show a --frame 40000", "show a --frame two",
-          "save a", "save a b --yes --no", "settings", "settings get", "settings set DisplayHeight",
-          "effects --bogus", "--home nosuch effects"}) {
+    for (const char* arguments : {"",
+                                  "bogus",
+                                  "show",
+                                  "show a b",
+                                  "show a --frame 0",
+                                  "show a --frame 40000",
+                                  "show a --frame two",
+                                  "save a",
+                                  "save a b --yes --no",
+                                  "export",
+                                  "frames a",
+                                  "frames a move 1",
+                                  "frames a delete two",
+                                  "frames a delete 3-",
+                                  "frames a insert 1 2",
+                                  "settings",
+                                  "settings get",
+                                  "settings set DisplayHeight",
+                                  "effects --bogus",
+                                  "--home nosuch effects"}) {
         SCOPED_TRACE(arguments);
         const Outcome outcome = vistrel.run(arguments);
         EXPECT_EQ(outcome.exitCode, 2);
@@ -139,8 +155,9 @@ TEST(Usage, WrongUsageIsExitCode2WithAReason) {
 
 TEST(Usage, HelpBeginsWithAnExample) {
     const Program vistrel;
-    for (const char* command :
-         {"", "show", "save", "effects", "settings", "settings list", "settings get", "settings set"}) {
+    for (const char* command : {"", "show", "save", "export", "frames", "frames insert", "frames delete",
+                                "frames move", "frames copy", "frames paste", "effects", "settings",
+                                "settings list", "settings get", "settings set"}) {
         SCOPED_TRACE(command);
         const Outcome outcome = vistrel.run(std::string(command) + " --help");
         EXPECT_EQ(outcome.exitCode, 0);

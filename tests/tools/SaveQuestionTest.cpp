@@ -28,13 +28,15 @@ struct SaveQuestion : testing::Test {
         frames.WritePlayfileToDisk(playfile);
     }
 
-    ExitCode save(const std::string& option) {
+    ExitCode run(const std::string& arguments) {
         Session session;
         CLI::App program;
         AddSaveCommand(program, session);
-        program.parse("save " + playfile + " " + target + " " + option);
+        AddFramesCommand(program, session);
+        program.parse(arguments);
         return session.command();
     }
+    ExitCode save(const std::string& option) { return run("save " + playfile + " " + target + " " + option); }
 };
 
 TEST_F(SaveQuestion, IsAskedOrAnsweredByAnOption) {
@@ -61,6 +63,15 @@ TEST_F(SaveQuestion, IsAskedOrAnsweredByAnOption) {
         frames.CurrentFrame(1);
         EXPECT_EQ(frames.PicturefileName(), c.wantedPicture);
     }
+}
+
+TEST_F(SaveQuestion, IsAnsweredByTheSameOptionBehindAnEdit) {
+    EXPECT_EQ(run("frames " + playfile + " insert 1 --yes"), ExitCode::done);
+    EXPECT_TRUE(shown.empty());
+    FrameInfoClass frames;
+    frames.GetPlayfileFromDisk(playfile);
+    frames.CurrentFrame(2);
+    EXPECT_EQ(frames.PicturefileName(), JoinPath(host.inLibrary("Data"), "anchor.bmp"));
 }
 
 TEST_F(SaveQuestion, AnsweringItBeforehandHidesNoFailure) {
