@@ -1,5 +1,6 @@
 #include "bench/FmtPlayfile.h"
 
+#include "bench/WholeFile.h"
 #include "playfile/PlayfileFormat.h"
 
 #include <fmt/compile.h>
@@ -41,6 +42,12 @@ void FormatPlayfile(const Frames& frames, fmt::memory_buffer& file) {
         for (const LineRecord& line : frame.lines)
             putAll(file, line, kLineFields);
     }
+}
+
+void SaveWithFmt(const Frames& frames, const std::string& path) {
+    fmt::memory_buffer file;
+    FormatPlayfile(frames, file);
+    WriteNewFile(path, {file.data(), file.size()});
 }
 
 } // namespace qrtVistrelClasses4::bench

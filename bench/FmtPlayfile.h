@@ -9,5 +9,7 @@ namespace qrtVistrelClasses4::bench {
 
 /// The whole file, each value by a format string that was compiled with the program.
 void FormatPlayfile(const Frames& frames, fmt::memory_buffer& file);
+/// The same, at once to a new file in place of the old one.
+void SaveWithFmt(const Frames& frames, const std::string& path);
 
 } // namespace qrtVistrelClasses4::bench

@@ -3,6 +3,7 @@
 #include "bench/JsonPlayfile.h"
 #include "bench/SamplePlayfile.h"
 #include "bench/Subjects.h"
+#include "bench/Timing.h"
 #include "bench/WholeFile.h"
 #include "playfile/FrameInfoClass.h"
 
@@ -11,9 +12,7 @@
 namespace qrtVistrelClasses4::bench {
 namespace {
 
-constexpr PlayfileSize kUsual{1048, 8};
 constexpr PlayfileSize kQuarter{7500, 4};
-constexpr PlayfileSize kLarge{30000, 4};
 /// Four times the data may take this many times as long.
 constexpr double kGrowth = 4.8;
 
@@ -43,11 +42,6 @@ void load(FrameInfoClass& frames, const std::string& path) {
 void save(FrameInfoClass& frames, const std::string& path) {
     Require(frames.WritePlayfileToDisk(path), "cannot save " + path);
 }
-void saveWithFmt(const Frames& frames, const std::string& path) {
-    fmt::memory_buffer file;
-    FormatPlayfile(frames, file);
-    WriteNewFile(path, {file.data(), file.size()});
-}
 
 JsonContents contentsOf(const Frames& frames) {
     JsonContents contents;
@@ -64,12 +58,10 @@ JsonContents contentsOf(const Frames& frames) {
 
 /// Makes the files. Loading and saving must give back what the formatter made of the frames, byte for byte.
 Sample makeSample(const BenchFolder& folder, PlayfileSize size) {
-    const std::string picture = folder.file("anchor.bmp");
-    WriteNewFile(picture, "BM");
-    const Frames frames = MakeFrames(size, picture);
+    const Frames frames = MakeFrames(size, folder);
     Sample sample{size, folder.file(size.name() + ".playfile"), folder.file(size.name() + ".json"),
                   folder.file(size.name() + ".saved")};
-    saveWithFmt(frames, sample.playfile);
+    SaveWithFmt(frames, sample.playfile);
     WriteNewFile(sample.json, MakeJson(frames));
 
     FrameInfoClass loaded;
@@ -84,33 +76,15 @@ Sample makeSample(const BenchFolder& folder, PlayfileSize size) {
     return sample;
 }
 
-template <class Work>
-void registerWork(const std::string& name, Work work) {
-    benchmark::RegisterBenchmark(name.c_str(), [work](benchmark::State& state) {
-        work(state);
-    })->Unit(benchmark::kMillisecond);
-}
-
-/// Times `make`, which gives a pointer to what it has made. Letting go of that does not count.
-template <class Make>
-void timeMaking(benchmark::State& state, Make make) {
-    for (auto _ : state) {
-        auto made = make();
-        state.PauseTiming();
-        made.reset();
-        state.ResumeTiming();
-    }
-}
-
 void registerOwn(const Sample& sample) {
-    registerWork("load/" + sample.size.name(), [sample](benchmark::State& state) {
-        timeMaking(state, [&] {
+    RegisterWork("load/" + sample.size.name(), [sample](benchmark::State& state) {
+        TimeMaking(state, [&] {
             auto frames = std::make_unique<FrameInfoClass>();
             load(*frames, sample.playfile);
             return frames;
         });
     });
-    registerWork("save/" + sample.size.name(), [sample](benchmark::State& state) {
+    RegisterWork("save/" + sample.size.name(), [sample](benchmark::State& state) {
         FrameInfoClass frames;
         load(frames, sample.playfile);
         for (auto _ : state)
@@ -119,19 +93,19 @@ void registerOwn(const Sample& sample) {
 }
 
 void registerOthers(const Sample& sample, const BenchFolder& folder) {
-    registerWork("load/RapidJSON/" + sample.size.name(), [sample](benchmark::State& state) {
-        timeMaking(state, [&] { return std::make_unique<ParsedJson>(sample.json); });
+    RegisterWork("load/RapidJSON/" + sample.size.name(), [sample](benchmark::State& state) {
+        TimeMaking(state, [&] { return std::make_unique<ParsedJson>(sample.json); });
     });
-    registerWork("load/limit/" + sample.size.name(), [sample](benchmark::State& state) {
+    RegisterWork("load/limit/" + sample.size.name(), [sample](benchmark::State& state) {
         for (auto _ : state)
             benchmark::DoNotOptimize(countLineEnds(ReadWholeFile(sample.playfile).text()));
     });
-    registerWork("save/fmt/" + sample.size.name(), [sample, &folder](benchmark::State& state) {
-        const Frames frames = MakeFrames(sample.size, folder.file("anchor.bmp"));
+    RegisterWork("save/fmt/" + sample.size.name(), [sample, &folder](benchmark::State& state) {
+        const Frames frames = MakeFrames(sample.size, folder);
         for (auto _ : state)
-            saveWithFmt(frames, sample.saved);
+            SaveWithFmt(frames, sample.saved);
     });
-    registerWork("save/limit/" + sample.size.name(), [sample](benchmark::State& state) {
+    RegisterWork("save/limit/" + sample.size.name(), [sample](benchmark::State& state) {
         const WholeFile finished = ReadWholeFile(sample.playfile);
         for (auto _ : state)
             WriteNewFile(sample.saved, finished.text());
@@ -156,8 +130,8 @@ std::unique_ptr<FrameInfoClass> addFramesOneByOne(std::int16_t count) {
 
 std::string registerGrowingByOne(std::int16_t count) {
     std::string size = std::to_string(count);
-    registerWork("TotalFrames one by one/" + size, [count](benchmark::State& state) {
-        timeMaking(state, [&] { return addFramesOneByOne(count); });
+    RegisterWork("TotalFrames one by one/" + size, [count](benchmark::State& state) {
+        TimeMaking(state, [&] { return addFramesOneByOne(count); });
     });
     return size;
 }

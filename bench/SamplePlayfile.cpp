@@ -1,5 +1,9 @@
 #include "bench/SamplePlayfile.h"
 
+#include "bench/FmtPlayfile.h"
+#include "bench/Ratio.h"
+#include "bench/WholeFile.h"
+
 #include <array>
 #include <random>
 #include <string_view>
@@ -56,7 +60,9 @@ LineRecord makeLine(Dice& dice) {
 
 } // namespace
 
-Frames MakeFrames(PlayfileSize size, const std::string& picture) {
+Frames MakeFrames(PlayfileSize size, const BenchFolder& folder) {
+    const std::string picture = folder.file("anchor.bmp");
+    WriteNewFile(picture, "BM");
     Dice dice;
     Frames frames(size.frames);
     std::int32_t number = 0;
@@ -76,6 +82,14 @@ Frames MakeFrames(PlayfileSize size, const std::string& picture) {
         for (LineRecord& line : frame.lines)
             line = makeLine(dice);
     }
+    return frames;
+}
+
+std::unique_ptr<FrameInfoClass> MakePlayfile(PlayfileSize size, const BenchFolder& folder) {
+    const std::string path = folder.file("sample.playfile");
+    SaveWithFmt(MakeFrames(size, folder), path);
+    auto frames = std::make_unique<FrameInfoClass>();
+    Require(frames->GetPlayfileFromDisk(path), "cannot load " + path);
     return frames;
 }
 

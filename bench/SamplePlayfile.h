@@ -1,9 +1,11 @@
 // Playfiles such as users make, in any size.
 #pragma once
 
-#include "playfile/FrameRecord.h"
+#include "bench/BenchFolder.h"
+#include "playfile/FrameInfoClass.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 namespace qrtVistrelClasses4::bench {
@@ -16,10 +18,16 @@ struct PlayfileSize {
     std::string name() const { return std::to_string(frames) + "x" + std::to_string(lines); }
 };
 
+constexpr PlayfileSize kUsual{1048, 8}; ///< As many frames as the application allows.
+constexpr PlayfileSize kLarge{30000, 4};
+
 using Frames = OneBasedArray<FrameRecord>;
 
 /// Frames with names, effects, whole and broken delays, texts of 5 to 40 characters of which some hold
-/// quotes, and a picture (`picture`) on few. The same at every call.
-Frames MakeFrames(PlayfileSize size, const std::string& picture);
+/// quotes, and a picture, which is in the folder, on few. The same at every call.
+Frames MakeFrames(PlayfileSize size, const BenchFolder& folder);
+
+/// The library's own playfile of these frames, by way of a file in the folder.
+std::unique_ptr<FrameInfoClass> MakePlayfile(PlayfileSize size, const BenchFolder& folder);
 
 } // namespace qrtVistrelClasses4::bench

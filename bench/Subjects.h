@@ -9,6 +9,10 @@ namespace qrtVistrelClasses4::bench {
 
 /// Loading and saving playfiles, and how both grow with the number of frames.
 std::vector<Ratio> PlayfileSubject(const BenchFolder& folder);
+/// Exporting playfiles as XML.
+std::vector<Ratio> XmlSubject(const BenchFolder& folder);
+/// Inserting, deleting and moving frames.
+std::vector<Ratio> EditSubject(const BenchFolder& folder);
 /// Loading and saving all preferences. The library's home must be the folder.
 std::vector<Ratio> SettingsSubject(const BenchFolder& folder);
 /// Properties with and without the call trace.
