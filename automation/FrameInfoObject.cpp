@@ -8,15 +8,22 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// Asks an object whether it is one of this file; no other answers to it.
-constexpr IID kOwnObject = {0x7d3a6f52, 0x0c1e, 0x4b8d, {0x9e, 0x64, 0x21, 0xf8, 0x5a, 0xc7, 0x30, 0xb6}};
+/// Asks an object whether it is one of this module's. Drawn anew by each, so that no other answers to it.
+const IID& ownObject() {
+    static const IID id = [] {
+        IID drawn{};
+        CoCreateGuid(&drawn);
+        return drawn;
+    }();
+    return id;
+}
 
 class FrameInfoObject : public DispatchObject<_FrameInfoClass, ::FrameInfoClass, FrameInfoClass> {
 public:
     using DispatchObject::DispatchObject;
 
     STDMETHODIMP QueryInterface(REFIID iid, void** result) override {
-        if (iid != kOwnObject || !result)
+        if (!result || iid != ownObject())
             return DispatchObject::QueryInterface(iid, result);
         *result = this;
         AddRef();
@@ -177,11 +184,12 @@ private:
         if (!object)
             return nullptr;
         void* own = nullptr;
-        if (FAILED(object->QueryInterface(kOwnObject, &own)))
+        if (FAILED(object->QueryInterface(ownObject(), &own)))
             throw RuntimeError(ErrorNumber::typeMismatch);
-        const ComPtr<FrameInfoObject> holder = static_cast<FrameInfoObject*>(own);
-        holder->Release(); // the reference that came with `own`
-        return holder->core_;
+        auto* const holder = static_cast<FrameInfoObject*>(own);
+        std::shared_ptr<Core> core = holder->core_;
+        holder->Release();
+        return core;
     }
 
     using ClipboardOperation = void (Core::*)(std::int16_t&, std::int16_t&, std::shared_ptr<Core>&);

@@ -19,7 +19,7 @@ DeclaredArgument declaredByName(ITypeInfo& type, HREFTYPE reference) {
     else if (attributes->typekind == TKIND_ALIAS)
         declared = Declared(*named.Get(), attributes->tdescAlias);
     else if (attributes->typekind == TKIND_DISPATCH || (attributes->wTypeFlags & TYPEFLAG_FDISPATCHABLE))
-        declared = {VT_DISPATCH, false, false, attributes->guid};
+        declared = {VT_DISPATCH, false, nullptr, attributes->guid};
     named->ReleaseTypeAttr(attributes);
     return declared;
 }
@@ -76,6 +76,7 @@ HRESULT convertToObject(VARIANT& value, REFIID interfaceId) {
 
 /// The storage of `value`, whatever its type.
 void* contentOf(VARIANT& value) { return &V_I4(&value); }
+const void* contentOf(const VARIANT& value) { return &V_I4(&value); }
 
 } // namespace
 
@@ -83,7 +84,7 @@ DeclaredArgument Declared(ITypeInfo& type, const TYPEDESC& declared) {
     if (declared.vt == VT_USERDEFINED)
         return declaredByName(type, declared.hreftype);
     if (declared.vt == VT_DISPATCH)
-        return {VT_DISPATCH, false, false, IID_IDispatch};
+        return {VT_DISPATCH, false, nullptr, IID_IDispatch};
     if (declared.vt != VT_PTR)
         return {declared.vt};
     DeclaredArgument pointedTo = Declared(type, *declared.lptdesc);
@@ -105,6 +106,7 @@ HRESULT LateBoundArgument::convert(const DeclaredArgument& declared, VARIANT& gi
     if (declared.byReference && (declared.type == VT_VARIANT || !IsOmitted(value_))) {
         V_VT(&passed) = static_cast<VARTYPE>(declared.type | VT_BYREF);
         V_BYREF(&passed) = declared.type == VT_VARIANT ? &value_ : contentOf(value_);
+        std::memcpy(contentOf(passedNumber_), contentOf(value_), sizeof(V_I8(&value_)));
         writesBack_ = (V_VT(&given) & VT_BYREF) != 0;
     }
     return done;
@@ -113,15 +115,28 @@ HRESULT LateBoundArgument::convert(const DeclaredArgument& declared, VARIANT& gi
 HRESULT LateBoundArgument::convertValue(const DeclaredArgument& declared, LCID locale) {
     if (declared.type == VT_DISPATCH)
         return convertToObject(value_, declared.interfaceId);
-    if (declared.hasDefault && IsOmitted(value_))
-        VariantClear(&value_); // the default of every type is what an empty value converts to
+    if (declared.defaultValue && IsOmitted(value_))
+        VariantCopy(&value_, declared.defaultValue);
     if (declared.type == VT_VARIANT || IsOmitted(value_))
         return S_OK;
     return VariantChangeTypeEx(&value_, &value_, locale, VARIANT_ALPHABOOL, declared.type);
 }
 
+/// Objects, texts and variants always may: a new one can lie at the same address.
+bool LateBoundArgument::mayHaveChanged() const {
+    switch (V_VT(&value_)) {
+    case VT_I2:
+    case VT_I4:
+    case VT_BOOL:
+    case VT_R8:
+        return std::memcmp(contentOf(passedNumber_), contentOf(value_), sizeOf(V_VT(&value_))) != 0;
+    default:
+        return true;
+    }
+}
+
 HRESULT LateBoundArgument::writeBack(LCID locale) {
-    if (!writesBack_)
+    if (!writesBack_ || !mayHaveChanged())
         return S_OK;
     const VARTYPE type = static_cast<VARTYPE>(V_VT(given_) & ~VT_BYREF);
     if (type == VT_VARIANT)

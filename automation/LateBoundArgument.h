@@ -11,8 +11,8 @@ namespace qrtVistrelClasses4 {
 struct DeclaredArgument {
     VARTYPE type = VT_EMPTY; ///< `VT_EMPTY` for an argument that is best left to the system.
     bool byReference = false;
-    bool hasDefault = false;
-    IID interfaceId{}; ///< Of a `VT_DISPATCH`.
+    VARIANT* defaultValue = nullptr; ///< Of an argument that is left out; lives as long as the member.
+    IID interfaceId{};               ///< Of a `VT_DISPATCH`.
 };
 
 /// `type` is what `declared` belongs to.
@@ -25,14 +25,18 @@ public:
     /// `given` must outlive this object.
     HRESULT convert(const DeclaredArgument& declared, VARIANT& given, LCID locale, VARIANT& passed);
 
-    /// Puts what the member left into the caller's variable, in the type that the variable has.
+    /// Puts what the member has changed into the caller's variable, in the type that the variable has when it
+    /// has one.
     HRESULT writeBack(LCID locale);
 
 private:
     HRESULT convertValue(const DeclaredArgument& declared, LCID locale);
 
     VARIANT* given_ = nullptr;
+    bool mayHaveChanged() const;
+
     OwnedVariant value_;
+    VARIANT passedNumber_{}; ///< What the member was given, when that is a number.
     bool writesBack_ = false;
 };
 

@@ -52,7 +52,8 @@ public:
             return {};
         const ELEMDESC& element = description_->lprgelemdescParam[number];
         DeclaredArgument declared = Declared(*type_.Get(), element.tdesc);
-        declared.hasDefault = (element.paramdesc.wParamFlags & PARAMFLAG_FHASDEFAULT) != 0;
+        if (element.paramdesc.wParamFlags & PARAMFLAG_FHASDEFAULT)
+            declared.defaultValue = &element.paramdesc.pparamdescex->varDefaultValue;
         return declared;
     }
 

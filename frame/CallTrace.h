@@ -47,7 +47,8 @@ void SwitchTrace(bool on);
 /// Procedures of this thread entered and not yet left, outermost first, with their arguments at entry.
 std::vector<TraceLine> RunningProcedures();
 
-/// Hears of every procedure with its argument text at entry and at exit. An error skips the exit.
+/// Hears of every procedure with its argument text at entry and at exit. An error skips the exit. It must not
+/// change objects whose procedures are running.
 class TraceRecorder {
 public:
     virtual ~TraceRecorder() = default;

@@ -22,7 +22,8 @@ struct ErrorReport {
 class ErrorReporter {
 public:
     virtual ~ErrorReporter() = default;
-    /// May call the library. What it throws is dropped: a failing report never makes another error.
+    /// May call the library, but not change objects whose procedures are running. What it throws is dropped:
+    /// a failing report never makes another error.
     virtual void report(const ErrorReport& report) = 0;
 };
 
@@ -45,6 +46,9 @@ private:
 /// How many errors this thread has trapped so far. A procedure that calls others, which trap their own
 /// errors, learns from a change that one of them has failed.
 std::uint64_t TrappedErrors();
+
+/// Reports an error that does not stop the running procedure: it is logged, and the operator not bothered.
+void ReportQuietly(const RuntimeError& error) noexcept;
 
 /// To be called while handling an exception of the procedure that `record` stands for: reports it, then takes
 /// the trace back to `outer`, the procedure that called.

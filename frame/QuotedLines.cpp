@@ -129,21 +129,20 @@ void QuotedLineReader::get(bool& flag) {
 }
 
 void QuotedLineWriter::putPlainLine(std::string_view line) {
-    appendPlain(line);
-    append("\r\n");
+    text_.append(line);
+    text_.appendLiteral("\r\n");
 }
 
 void QuotedLineWriter::put(std::string_view text) {
-    append("\"");
-    appendStored(text);
-    append("\"\r\n");
+    text_.appendLiteral("\"");
+    text_.appendReplacing(text, kQuote, kStoredQuote);
+    text_.appendLiteral("\"\r\n");
 }
 
 void QuotedLineWriter::put(std::int32_t number) {
-    append("\"");
-    char* const place = room(kNumberTextSize);
-    used_ += static_cast<std::size_t>(std::to_chars(place, place + kNumberTextSize, number).ptr - place);
-    append("\"\r\n");
+    text_.appendLiteral("\"");
+    text_.append(number);
+    text_.appendLiteral("\"\r\n");
 }
 
 void QuotedLineWriter::put(double number) {
@@ -153,42 +152,9 @@ void QuotedLineWriter::put(double number) {
 
 void QuotedLineWriter::putFlag(bool flag) {
     if (flag)
-        append("\"True\"\r\n");
+        text_.appendLiteral("\"True\"\r\n");
     else
-        append("\"False\"\r\n");
-}
-
-void QuotedLineWriter::finish() {
-    Check(file_.write({buffer_.get(), used_}));
-    used_ = 0;
-}
-
-template <std::size_t size>
-void QuotedLineWriter::append(const char (&literal)[size]) {
-    constexpr std::size_t length = size - 1;
-    std::memcpy(room(length), literal, length);
-    used_ += length;
-}
-
-/// The text as it is; a long one past the buffer.
-void QuotedLineWriter::appendPlain(std::string_view text) {
-    if (text.size() > kBufferSize) [[unlikely]] {
-        finish();
-        Check(file_.write(text));
-        return;
-    }
-    std::memcpy(room(text.size()), text.data(), text.size());
-    used_ += text.size();
-}
-
-/// The text as it is stored; a long one in pieces.
-void QuotedLineWriter::appendStored(std::string_view text) {
-    while (!text.empty()) {
-        const std::string_view piece = text.substr(0, kBufferSize);
-        std::replace_copy(piece.begin(), piece.end(), room(piece.size()), kQuote, kStoredQuote);
-        used_ += piece.size();
-        text.remove_prefix(piece.size());
-    }
+        text_.appendLiteral("\"False\"\r\n");
 }
 
 } // namespace qrtVistrelClasses4

@@ -1,12 +1,10 @@
-// Files of one value a line: reading the whole text, writing through a buffer of fixed size.
+// Files of one quoted value a line.
 #pragma once
 
-#include "frame/Conversions.h"
-#include "platform/ReplacementFile.h"
+#include "frame/BufferedText.h"
 
 #include <concepts>
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 
@@ -46,11 +44,11 @@ private:
     std::string_view rest_;
 };
 
-/// Puts values on lines of their own, in quotes, and hands them on in large pieces.
+/// Puts values on lines of their own, in quotes.
 class QuotedLineWriter {
 public:
     /// `file` must outlive the writer. Nothing is written by destroying it; call `finish`.
-    explicit QuotedLineWriter(ReplacementFile& file) : file_(file) {}
+    explicit QuotedLineWriter(ByteSink& file) : text_(file) {}
 
     /// A line as it is, without quotes around it.
     void putPlainLine(std::string_view line);
@@ -61,26 +59,12 @@ public:
     void put(std::same_as<bool> auto flag) { putFlag(flag); }
 
     /// Hands on what is left.
-    void finish();
+    void finish() { text_.finish(); }
 
 private:
     void putFlag(bool flag);
-    template <std::size_t size>
-    void append(const char (&literal)[size]);
-    void appendPlain(std::string_view text);
-    void appendStored(std::string_view text);
-    /// Where the next bytes go; `size` of them fit, which is at most what the buffer holds.
-    char* room(std::size_t size) {
-        if (size > kBufferSize - used_) [[unlikely]]
-            finish();
-        return buffer_.get() + used_;
-    }
 
-    static constexpr std::size_t kBufferSize = 65536;
-
-    ReplacementFile& file_;
-    std::size_t used_ = 0;
-    std::unique_ptr<char[]> buffer_ = std::make_unique_for_overwrite<char[]>(kBufferSize);
+    BufferedText text_;
 };
 
 } // namespace qrtVistrelClasses4

@@ -38,6 +38,20 @@ std::invoke_result_t<Body&> traced(Procedure where, Body body, Arg<Ts>... argume
     }
 }
 
+/// As `traced`, for a procedure that has no place on the trace: only its error is reported.
+template <class Body, class... Ts>
+std::invoke_result_t<Body&> trapped(Procedure where, Body body, Arg<Ts>... arguments) noexcept {
+    using Value = std::invoke_result_t<Body&>;
+    ProcedureRecord<Ts...> record(where, std::move(arguments)...);
+    TraceRecord* const outer = traceState.innermost;
+    try {
+        return body();
+    } catch (...) {
+        TrapCurrentError(record, outer);
+        return Value();
+    }
+}
+
 /// As `traced`, but lets an error through to the caller. The procedure then has not been left, and the report
 /// of the caller's trap shows it as the innermost one.
 template <class Body, class... Ts>

@@ -20,12 +20,17 @@ struct FileBytes {
     std::string_view text() const { return {data.get(), size}; }
 };
 
+/// What takes bytes, one piece after another.
+class ByteSink {
+public:
+    virtual ~ByteSink() = default;
+    virtual SystemError write(std::string_view bytes) = 0;
+};
+
 /// A file being written, from its first byte to its last. Destroying it closes it without a word; `close`
 /// tells of what only closing finds out.
-class OutputFile {
+class OutputFile : public ByteSink {
 public:
-    virtual ~OutputFile() = default;
-    virtual SystemError write(std::string_view bytes) = 0;
     /// Returns when what was written so far would outlive a power cut.
     virtual SystemError flush() = 0;
     /// No other call may follow.

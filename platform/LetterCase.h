@@ -39,4 +39,7 @@ inline bool EqualIgnoringAsciiCase(std::string_view left, std::string_view right
 
 std::string AnsiUpper(std::string_view text);
 
+/// Whether the texts differ in nothing but the case of letters of the Windows-1252 code page.
+bool EqualIgnoringAnsiCase(std::string_view left, std::string_view right);
+
 } // namespace qrtVistrelClasses4

@@ -13,17 +13,17 @@ namespace qrtVistrelClasses4 {
 /// cut short at any moment leaves the complete old file or the complete new one. Only where the folder takes
 /// no new file but the old one may be written is it written in place. Unless committed, the new version is
 /// removed.
-class ReplacementFile {
+class ReplacementFile final : public ByteSink {
 public:
     /// `files` must outlive this object.
     ReplacementFile(FileSystem& files, const std::string& path);
-    ~ReplacementFile();
+    ~ReplacementFile() override;
     ReplacementFile(const ReplacementFile&) = delete;
     ReplacementFile& operator=(const ReplacementFile&) = delete;
 
     /// The first failure so far, opening included. After one, writing does nothing more.
     SystemError error() const { return error_; }
-    SystemError write(std::string_view bytes);
+    SystemError write(std::string_view bytes) override;
     SystemError commit();
 
 private:

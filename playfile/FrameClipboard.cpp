@@ -4,6 +4,7 @@
 #include "playfile/FrameProcedures.h"
 #include "playfile/FrameRules.h"
 
+#include <algorithm>
 #include <tuple>
 #include <utility>
 
@@ -140,7 +141,7 @@ void FrameInfoClass::CutInfo(std::int16_t& CutFromY, std::int16_t& CutToY,
             if (TrappedErrors() != errorsBefore || CutFromY < 1 || CutToY > frames_.upperBound())
                 return;
             for (std::int32_t left = CutToY - CutFromY + 1; left > 0; --left) {
-                currentFrameNumber_ = CutFromY;
+                CurrentFrame(CutFromY);
                 DeleteCurrentFrame();
             }
         },
@@ -153,7 +154,7 @@ void FrameInfoClass::PasteInfo(std::int16_t PasteTo, FrameInfoClass* MyClipboard
         [&] {
             if (!MyClipboardInfo)
                 return;
-            currentFrameNumber_ = PasteTo;
+            CurrentFrame(PasteTo);
             std::int32_t count = MyClipboardInfo->TotalFrames();
             for (std::int32_t left = count; left > 0 && frames_.upperBound() < totalFramesAllowed_; --left)
                 InsertFrame();
@@ -207,7 +208,7 @@ bool FrameInfoClass::IsThereAPreviousClone(std::int16_t iFrameNum) {
     return traced(
         FrameFunction("IsThereAPreviousClone"),
         [&] {
-            if (iFrameNum < 2 || iFrameNum > frames_.upperBound())
+            if (iFrameNum > TotalFrames() || iFrameNum < 2)
                 return false;
             const FrameRecord& frame = frames_.at(iFrameNum);
             const auto showsSamePicture = [&](const FrameRecord& earlier) {

@@ -3,6 +3,7 @@
 #include "playfile/FrameInfoClass.h"
 #include "playfile/FrameProcedures.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
@@ -34,8 +35,7 @@ void FrameInfoClass::insertFrame(bool& bLast) {
     if (bLast) {
         currentFrameNumber_ = NarrowToInt16(currentFrameNumber_ + 1);
     } else if (currentFrameNumber_ < 1) {
-        // Frames moved up one by one until there was none to move into frame 1, which therefore keeps what it
-        // has got.
+        // Frames move up one by one; there is none to move into frame 1, which keeps what it holds.
         FrameRecord first = frames_.at(1);
         frames_.moveUp(1);
         frames_.at(1) = std::move(first);

@@ -49,7 +49,7 @@ public:
     /// Path of the playfile.
     std::string CurrentFileName();
     void CurrentFileName(const std::string& vData);
-    /// The most frames that the playfile may have. Setting `TotalFrames` does not look at it.
+    /// The most frames that the playfile may have. Only pasting looks at it.
     std::int16_t TotalFramesAllowed();
     void TotalFramesAllowed(std::int16_t vData);
     /// Whether there are unsaved changes; kept by the application. Untraced.
@@ -156,7 +156,9 @@ public:
     /// by one. The new frame keeps the settings that `InitFrame` leaves alone. With `bLast`, which belongs to
     /// a cursor on the last frame, the cursor goes to the next frame instead, and no frame moves; were there
     /// a frame behind the cursor, it would be emptied. `bLast` comes back true when the cursor is on the last
-    /// frame but one. More than 32767 frames are error 6 and change nothing.
+    /// frame but one. More than 32767 frames are error 6 and change nothing. A cursor outside the frames is
+    /// error 9 as well as a frame more: below 1 the first frame is there twice then, else an empty one is
+    /// last.
     void InsertFrame(bool& bLast);
     void InsertFrame();
     /// Takes out the frame at the cursor, and sets the cursor to the one before. The only frame is emptied
@@ -171,12 +173,13 @@ public:
     /// frames. `Merge` and `FixedNumberOfLines` are not copied.
     void CopyInfo(std::int16_t& CopyFromY, std::int16_t& CopyToY,
                   std::shared_ptr<FrameInfoClass>& MyClipboard);
-    /// The same, and takes the frames out. They stay when they could not be copied.
+    /// The same, and takes the frames out, as `DeleteCurrentFrame` does one by one. They stay when they could
+    /// not be copied.
     void CutInfo(std::int16_t& CutFromY, std::int16_t& CutToY, std::shared_ptr<FrameInfoClass>& MyClipboard);
     /// Sets the cursor to `PasteTo` and puts copies of all frames of the clipboard there; the frames from
     /// `PasteTo` on move up. What would pass `TotalFramesAllowed` is left out, but when nothing more can be
-    /// inserted the copies replace the frames that are there. Uses the clipboard's cursors. A null clipboard
-    /// does nothing.
+    /// inserted the copies replace the frames that are there. Every insertion and every copy that does not
+    /// find its place is an error of its own. Uses the clipboard's cursors. A null clipboard does nothing.
     void PasteInfo(std::int16_t PasteTo, FrameInfoClass* MyClipboardInfo);
 
     /// Whether a frame before this one shows the same picture in the same way, or sends the same command

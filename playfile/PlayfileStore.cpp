@@ -3,6 +3,7 @@
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
+#include "platform/ReplacementFile.h"
 #include "playfile/Effects.h"
 #include "playfile/FrameInfoClass.h"
 #include "playfile/FrameProcedures.h"

@@ -2,6 +2,7 @@
 // own. No declaration and no root element, which readers of existing exports do not expect.
 #include "frame/Traced.h"
 #include "platform/Platform.h"
+#include "platform/ReplacementFile.h"
 #include "playfile/FrameInfoClass.h"
 #include "playfile/FrameProcedures.h"
 #include "playfile/PlayfileFormat.h"

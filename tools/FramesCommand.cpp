@@ -7,10 +7,21 @@
 #include "tools/Saving.h"
 
 #include <istream>
+#include <memory>
 #include <optional>
+#include <string>
 
 namespace qrtVistrelClasses4 {
 namespace {
+
+/// A frame number in decimal. Options that are plain integers take octal and hexadecimal ones, too.
+struct FrameNumber {
+    FrameNumber() = default;
+    explicit FrameNumber(std::int32_t number) : value(number) {}
+    std::int32_t value = 0;
+};
+
+std::istream& operator>>(std::istream& in, FrameNumber& number) { return in >> number.value; }
 
 /// Frame numbers as they were typed, from the first to the last one meant.
 struct FrameRange {
@@ -43,7 +54,7 @@ struct FramesOptions {
     AnswerOptions answers;
     bool json = false;
 
-    std::int32_t at = 0, from = 0, to = 0;
+    FrameNumber at, from, to;
     FrameRange frames;
     std::string other;
     std::optional<FrameRange> framesOfOther; ///< None: all.
@@ -94,12 +105,12 @@ std::shared_ptr<FrameInfoClass> copyOf(const FrameRange& range, FrameInfoClass& 
 // The edits. Each tells what it has done, or adds an error.
 
 std::string insertFrame(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
-    if (!isRoomAt(options.at, 1, playfile, errors))
+    if (!isRoomAt(options.at.value, 1, playfile, errors))
         return {};
-    bool behindLast = options.at > playfile.TotalFrames();
-    playfile.CurrentFrame(behindLast ? playfile.TotalFrames() : NarrowToInt16(options.at));
+    bool behindLast = options.at.value > playfile.TotalFrames();
+    playfile.CurrentFrame(behindLast ? playfile.TotalFrames() : NarrowToInt16(options.at.value));
     playfile.InsertFrame(behindLast);
-    return "inserted frame " + std::to_string(options.at);
+    return "inserted frame " + std::to_string(options.at.value);
 }
 
 std::string deleteFrames(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
@@ -114,18 +125,19 @@ std::string deleteFrames(FrameInfoClass& playfile, const FramesOptions& options,
 
 std::string moveFrame(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
     const std::int32_t last = playfile.TotalFrames();
-    if (!isWithin("FROM", options.from, last, errors) || !isWithin("TO", options.to, last, errors))
+    if (!isWithin("FROM", options.from.value, last, errors) ||
+        !isWithin("TO", options.to.value, last, errors))
         return {};
-    playfile.MoveFrame(NarrowToInt16(options.from), NarrowToInt16(options.to));
-    return "moved frame " + std::to_string(options.from) + " to " + std::to_string(options.to);
+    playfile.MoveFrame(NarrowToInt16(options.from.value), NarrowToInt16(options.to.value));
+    return "moved frame " + std::to_string(options.from.value) + " to " + std::to_string(options.to.value);
 }
 
 std::string copyFrames(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
     if (!isWithin("FRAMES", options.frames, playfile, errors) ||
-        !isRoomAt(options.at, options.frames.count(), playfile, errors))
+        !isRoomAt(options.at.value, options.frames.count(), playfile, errors))
         return {};
-    playfile.PasteInfo(NarrowToInt16(options.at), copyOf(options.frames, playfile).get());
-    return "copied " + text(options.frames) + " to " + std::to_string(options.at);
+    playfile.PasteInfo(NarrowToInt16(options.at.value), copyOf(options.frames, playfile).get());
+    return "copied " + text(options.frames) + " to " + std::to_string(options.at.value);
 }
 
 std::string pasteFrames(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
@@ -138,10 +150,10 @@ std::string pasteFrames(FrameInfoClass& playfile, const FramesOptions& options, 
         return {};
     const std::shared_ptr<FrameInfoClass> clipboard = copyOf(range, other);
     errors.about(options.file);
-    if (!isRoomAt(options.at, range.count(), playfile, errors))
+    if (!isRoomAt(options.at.value, range.count(), playfile, errors))
         return {};
-    playfile.PasteInfo(NarrowToInt16(options.at), clipboard.get());
-    return "pasted " + text(range) + " of " + options.other + " at " + std::to_string(options.at);
+    playfile.PasteInfo(NarrowToInt16(options.at.value), clipboard.get());
+    return "pasted " + text(range) + " of " + options.other + " at " + std::to_string(options.at.value);
 }
 
 using Edit = decltype(&insertFrame);
@@ -175,7 +187,11 @@ void AddFramesCommand(CLI::App& program, Session& session) {
         AddCommand(program, "frames", "Inserts, deletes, moves and copies frames of a playfile",
                    "vistrel frames harbour.playfile move 2 5 --out new.playfile");
     frames.require_subcommand(1);
-    frames.add_option("FILE", options->file, "The playfile; saved in place unless --out names another file")
+    frames
+        .add_option(
+            "FILE", options->file,
+            "The playfile; saved in place unless --out names another file. Files that it names and that "
+            "are found only beside it are saved under that place")
         ->required();
     frames.add_option("--out", options->out, "The file to save; one that is there is replaced");
     AddAnswerOptions(frames, options->answers);
@@ -206,12 +222,16 @@ void AddFramesCommand(CLI::App& program, Session& session) {
                          "vistrel frames harbour.playfile move 2 5");
     move->add_option("FROM", options->from, "Number of the frame, from 1")->required();
     move->add_option("TO", options->to, "Number that it has then")->required();
-    CLI::App* copy = add("copy", &copyFrames, "Puts copies of frames elsewhere; their lines are not merged",
-                         "vistrel frames harbour.playfile copy 3-5 10");
+    CLI::App* copy =
+        add("copy", &copyFrames,
+            "Puts copies of frames elsewhere; merging of lines and their fixed number are not copied",
+            "vistrel frames harbour.playfile copy 3-5 10");
     takeFrames(copy);
     takeAt(copy);
-    CLI::App* paste = add("paste", &pasteFrames, "Copies frames of another playfile",
-                          "vistrel frames harbour.playfile paste plant.playfile 1 --frames 3-5");
+    CLI::App* paste = add(
+        "paste", &pasteFrames,
+        "Puts copies of another playfile's frames in; merging of lines and their fixed number are not copied",
+        "vistrel frames harbour.playfile paste plant.playfile 1 --frames 3-5");
     paste->add_option("OTHER", options->other, "The other playfile")->required();
     takeAt(paste);
     paste->add_option("--frames", options->framesOfOther,

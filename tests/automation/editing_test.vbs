@@ -28,6 +28,10 @@ first = 5 : last = 2
 playfile.MoveFrame first, last
 CheckEqual "and up again, told by variables", Names(playfile), "[A][B][C][D][E][F]"
 
+first = "2" : last = 2.4
+playfile.MoveFrame first, last
+CheckEqual "numbers that are not changed stay what they were", VarType(first) & VarType(last), "85"
+
 first = 5 : last = 3 : Set clip = Nothing
 playfile.CopyInfo first, last, clip
 CheckEqual "copying orders the variables", first & "-" & last, "3-5"

@@ -2,6 +2,7 @@
 
 #include "TestHost.h"
 #include "frame/RuntimeError.h"
+#include "platform/ReplacementFile.h"
 
 #include <gtest/gtest.h>
 

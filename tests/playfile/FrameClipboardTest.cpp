@@ -285,13 +285,14 @@ TEST_F(FrameClipboard, AppearsOnTheTraceCallByCall) {
             " TotalLinesAllowed (vData=1) CurrentLineNumber (vData=1) CurrentLineText (vData=text 427)"
             " Scrolling (vData=False) LineFontSize (vData=428)",
             "< Sub PutInfoFromFrameIntoVariable (FrameNum=2, VarFrameNum=1, VarToPlaceIn=<FrameInfoClass>)",
-            "< Sub CopyInfo (CopyFromY=2, CopyToY=2, MyClipboard=<FrameInfoClass>)",
+            "< Sub CopyInfo (CopyFromY=2, CopyToY=2, MyClipboard=<FrameInfoClass>) CurrentFrame (vData=2)",
             "> Sub DeleteCurrentFrame ()", "< Sub DeleteCurrentFrame ()",
             "< Sub CutInfo (CutFromY=2, CutToY=2, MyClipboard=<FrameInfoClass>)"}));
     EXPECT_EQ(
         traceOf([&] { playfile_.PasteInfo(1, clipboard_.get()); }),
         (Texts{
-            "> Sub PasteInfo (PasteTo=1, MyClipboardInfo=<FrameInfoClass>) TotalFrames ()",
+            "> Sub PasteInfo (PasteTo=1, MyClipboardInfo=<FrameInfoClass>) CurrentFrame (vData=1) "
+            "TotalFrames ()",
             "> Sub InsertFrame (bLast=False)", "> Sub MakeLineVarsValid ()", "< Sub MakeLineVarsValid ()",
             "> Sub InitFrame (LineToInit=1)", "< Sub InitFrame (LineToInit=1)",
             "< Sub InsertFrame (bLast=True)",

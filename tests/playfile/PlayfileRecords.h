@@ -4,6 +4,7 @@
 #include "frame/RuntimeError.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
+#include "platform/ReplacementFile.h"
 #include "playfile/FrameInfoClass.h"
 #include "playfile/PlayfileFormat.h"
 

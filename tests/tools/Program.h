@@ -17,6 +17,9 @@ inline std::string ContentOf(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+/// What a file of `expected/` holds.
+inline std::string Expected(const std::string& name) { return ContentOf(VISTREL_EXPECTED_FOLDER "/" + name); }
+
 struct Outcome {
     int exitCode = -1; ///< -1: ended by a signal.
     std::string out, err;

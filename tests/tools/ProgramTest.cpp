@@ -15,24 +15,22 @@ using testing::IsEmpty;
 using testing::Not;
 using testing::StartsWith;
 
-std::string expected(const std::string& name) { return ContentOf(VISTREL_EXPECTED_FOLDER "/" + name); }
-
 TEST(Show, PrintsTables) {
     const Program vistrel;
     const auto show = [&](const std::string& arguments) { return vistrel.run("show " + arguments).out; };
-    EXPECT_EQ(show("harbour.playfile"), expected("harbour.txt"));
-    EXPECT_EQ(show("plant.playfile"), expected("plant.txt")) << "numbers of several lengths";
-    EXPECT_EQ(show("plant.playfile --frame 3"), expected("plant-frame.txt")) << "line break in a text";
+    EXPECT_EQ(show("harbour.playfile"), Expected("harbour.txt"));
+    EXPECT_EQ(show("plant.playfile"), Expected("plant.txt")) << "numbers of several lengths";
+    EXPECT_EQ(show("plant.playfile --frame 3"), Expected("plant-frame.txt")) << "line break in a text";
     std::string frames;
     for (const char* frame : {"1", "4", "5"})
         frames += show(std::string("harbour.playfile --frame ") + frame);
-    EXPECT_EQ(frames, expected("harbour-frames.txt")) << "flags, quotes, a letter beyond ASCII";
+    EXPECT_EQ(frames, Expected("harbour-frames.txt")) << "flags, quotes, a letter beyond ASCII";
 }
 
 TEST(Show, AFileCutShortShowsWhatWasReadAndFails) {
     const Outcome outcome = Program().run("show cut-short.playfile");
     EXPECT_EQ(outcome.exitCode, 1);
-    EXPECT_EQ(outcome.out, expected("cut-short.txt"));
+    EXPECT_EQ(outcome.out, Expected("cut-short.txt"));
     EXPECT_THAT(outcome.err, HasSubstr("cut-short.playfile: Input past end of file (error 62)"));
     EXPECT_THAT(outcome.err, HasSubstr("first 3 of 9 frames"));
 }
