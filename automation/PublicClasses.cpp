@@ -10,6 +10,7 @@ namespace {
 const PublicClass publicClasses[] = {
     {CLSID_FrameInfoClass, L"FrameInfoClass", MakeFrameInfoObject},
     {CLSID_SettingsInfoClass, L"SettingsInfoClass", MakeSettingsInfoObject},
+    {CLSID_DisplayDatabaseClass, L"DisplayDatabaseClass", MakeDisplayDatabaseObject},
 };
 
 } // namespace

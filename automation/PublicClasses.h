@@ -18,5 +18,6 @@ std::span<const PublicClass> PublicClasses();
 // Defined beside the adaptor of each class.
 ComPtr<IDispatch> MakeFrameInfoObject();
 ComPtr<IDispatch> MakeSettingsInfoObject();
+ComPtr<IDispatch> MakeDisplayDatabaseObject();
 
 } // namespace qrtVistrelClasses4

@@ -37,4 +37,16 @@ std::optional<std::string> OptionalText(const VARIANT& value) {
     return NarrowText(V_BSTR(&text));
 }
 
+void PutText(OwnedBstr text, VARIANT& variable) {
+    if (V_VT(&variable) == (VT_BYREF | VT_BSTR)) {
+        SysFreeString(*V_BSTRREF(&variable));
+        *V_BSTRREF(&variable) = text.release();
+        return;
+    }
+    VARIANT& target = V_VT(&variable) == (VT_BYREF | VT_VARIANT) ? *V_VARIANTREF(&variable) : variable;
+    VariantClear(&target);
+    V_VT(&target) = VT_BSTR;
+    V_BSTR(&target) = text.release();
+}
+
 } // namespace qrtVistrelClasses4

@@ -31,6 +31,9 @@ std::string NarrowText(BSTR text);
 /// The text of `value`, none for an omitted argument. Error 13 when it is no text.
 std::optional<std::string> OptionalText(const VARIANT& value);
 
+/// Puts a text into the caller's variable, which keeps its type when it has one.
+void PutText(OwnedBstr text, VARIANT& variable);
+
 inline bool IsOmitted(const VARIANT& value) {
     return V_VT(&value) == VT_ERROR && V_ERROR(&value) == DISP_E_PARAMNOTFOUND;
 }

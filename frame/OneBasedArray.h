@@ -39,6 +39,9 @@ public:
         elements_.resize(static_cast<std::size_t>(upperBound));
     }
 
+    /// Sees to it that growing to `upperBound` moves no element. Keeps the bound.
+    void reserve(std::int32_t upperBound) { elements_.reserve(static_cast<std::size_t>(upperBound)); }
+
     /// Moves the elements from `number` to the last but one up by one, over the last. What is left of element
     /// `number` is valid and to be filled. Error 9 when `number` is outside the array.
     void moveUp(std::int32_t number) {

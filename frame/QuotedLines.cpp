@@ -1,6 +1,7 @@
 #include "frame/QuotedLines.h"
 
 #include "frame/RuntimeError.h"
+#include "frame/TextLines.h"
 
 #include <algorithm>
 #include <charconv>
@@ -11,19 +12,6 @@ namespace {
 
 constexpr char kQuote = '"';
 constexpr std::string_view kQuotedLineEnd = "\"\r\n";
-
-struct Line {
-    std::string_view text; ///< Without its end.
-    std::size_t size;      ///< With its end.
-};
-
-Line firstLine(std::string_view text) {
-    const std::size_t feed = text.find('\n');
-    if (feed == text.npos)
-        return {text, text.size()};
-    const std::size_t end = feed > 0 && text[feed - 1] == '\r' ? feed - 1 : feed;
-    return {text.substr(0, end), feed + 1};
-}
 
 /// `text` starts behind a quote that its line does not close. The value when a later line closes it:
 /// everything up to that quote. `size` is then all that the value takes, its last line end included.
@@ -36,7 +24,7 @@ LongValue findLongValue(std::string_view text, std::size_t firstLineSize) {
     if (quote == text.npos)
         return {};
     const bool opensLine = text[quote - 1] == '\n';
-    const Line behind = firstLine(text.substr(quote));
+    const TextLine behind = FirstLine(text.substr(quote));
     if (opensLine && behind.text.size() > 1)
         return {};
     const std::size_t closing = quote + behind.text.rfind(kQuote);
@@ -48,7 +36,7 @@ LongValue findLongValue(std::string_view text, std::size_t firstLineSize) {
 std::string_view QuotedLineReader::value() {
     if (atEnd())
         throw RuntimeError(ErrorNumber::inputPastEnd);
-    const Line line = firstLine(rest_);
+    const TextLine line = FirstLine(rest_);
     const std::size_t start = line.text.find_first_not_of(' ');
     std::string_view result = line.text;
     std::size_t size = line.size;

@@ -6,8 +6,9 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Application and section of the settings that several rooms read.
+/// Applications and the section of the settings that several rooms read.
 inline constexpr std::string_view kVistrel3 = "Vistrel3";
+inline constexpr std::string_view kVistrelLite = "VistrelLite";
 inline constexpr std::string_view kSettingsSection = "Settings";
 
 /// The stored string, or `DefaultValue` unchanged when it was never written.

@@ -1,0 +1,31 @@
+// The host's own database of signs, kept equal to the list.
+#pragma once
+
+namespace qrtVistrelClasses4 {
+
+class DisplayDatabaseClass;
+
+/// Copies a list of signs into the sign-list database that several computers share. The library has none of
+/// its own.
+class SignListSynchronisation {
+public:
+    virtual ~SignListSynchronisation() = default;
+    /// Called when `displays` has been saved and the setting "SyncPCScheduler" wants it. An error thrown here
+    /// is trapped as one of the save.
+    virtual void synchronise(DisplayDatabaseClass& displays) = 0;
+};
+
+/// Installs a synchronisation for the whole process as long as this object lives. `synchronisation` must
+/// outlive it.
+class ScopedSignListSynchronisation {
+public:
+    explicit ScopedSignListSynchronisation(SignListSynchronisation& synchronisation);
+    ~ScopedSignListSynchronisation();
+    ScopedSignListSynchronisation(const ScopedSignListSynchronisation&) = delete;
+    ScopedSignListSynchronisation& operator=(const ScopedSignListSynchronisation&) = delete;
+
+private:
+    SignListSynchronisation* previous_;
+};
+
+} // namespace qrtVistrelClasses4
