@@ -50,6 +50,7 @@ void AddShowCommand(CLI::App& program, Session& session);
 void AddSaveCommand(CLI::App& program, Session& session);
 void AddExportCommand(CLI::App& program, Session& session);
 void AddFramesCommand(CLI::App& program, Session& session);
+void AddSignsCommand(CLI::App& program, Session& session);
 void AddSettingsCommand(CLI::App& program, Session& session);
 void AddEffectsCommand(CLI::App& program, Session& session);
 

@@ -1,6 +1,6 @@
 #include "tools/FrameJson.h"
 
-#include "tools/Encoding.h"
+#include "tools/PropertyValues.h"
 
 #include <string>
 #include <string_view>
@@ -54,23 +54,13 @@ constexpr std::tuple kLineProperties{
     Text{"LineCustomFont", &FrameInfoClass::LineCustomFont},
 };
 
-template <class Value>
-ordered_json jsonOf(const Value& value) {
-    if constexpr (std::is_same_v<Value, std::string>)
-        return Utf8FromAnsi(value);
-    else if constexpr (std::is_enum_v<Value>)
-        return static_cast<std::int32_t>(value);
-    else
-        return value;
-}
-
 template <class Properties>
 ordered_json readAll(FrameInfoClass& playfile, const Properties& properties, ErrorLines& errors) {
     ordered_json object = ordered_json::object();
     const auto read = [&](const auto& property) {
         ordered_json& value = object[std::string(property.name)];
         try {
-            value = jsonOf((playfile.*property.get)());
+            value = JsonOf((playfile.*property.get)());
         } catch (const RuntimeError& error) {
             errors.add("frame " + std::to_string(playfile.CurrentFrame()) + ", " +
                        std::string(property.name) + ": " + error.description() + " (error " +

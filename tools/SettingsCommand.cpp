@@ -3,12 +3,12 @@
 #include "platform/LetterCase.h"
 #include "settings/SettingsInfoClass.h"
 #include "tools/Commands.h"
-#include "tools/Encoding.h"
 #include "tools/JsonText.h"
+#include "tools/NameDistance.h"
+#include "tools/PropertyValues.h"
 #include "tools/Table.h"
 
 #include <algorithm>
-#include <numeric>
 #include <optional>
 #include <variant>
 #include <vector>
@@ -60,55 +60,27 @@ std::vector<NamedSetting> loadSettings(Session& session) {
     return namedSettings(settings.Settings(), defaults);
 }
 
-struct TextOf {
-    std::string operator()(const std::string& text) const { return Utf8FromAnsi(text); }
+/// A value as the library saves it.
+struct StoredText {
+    std::string operator()(const std::string& text) const { return text; }
     std::string operator()(std::int16_t number) const { return NumberToText(std::int32_t{number}); }
     std::string operator()(double number) const { return NumberToText(number); }
     std::string operator()(bool flag) const { return std::string(BooleanToText(flag)); }
 };
 
-struct JsonOf {
-    nlohmann::ordered_json operator()(const std::string& text) const { return Utf8FromAnsi(text); }
-    template <class Value>
-    nlohmann::ordered_json operator()(Value value) const {
-        return value;
-    }
-};
-
-std::string text(const SettingValue& value) { return std::visit(TextOf(), value); }
-
-/// A typed-in text as the library would save a value of the same type; throws when it is none.
-struct StoredTextOf {
-    const std::string& typed;
-    std::string operator()(const std::string&) const { return typed; }
-    std::string operator()(std::int16_t) const { return NumberToText(std::int32_t{TextToInt16(typed)}); }
-    std::string operator()(double) const { return NumberToText(TextToDouble(typed)); }
-    std::string operator()(bool) const { return std::string(BooleanToText(TextToBoolean(typed))); }
-};
-
-std::string wantedType(const SettingValue& value) {
-    struct Name {
-        const char* operator()(const std::string&) const { return "a text"; }
-        const char* operator()(std::int16_t) const { return "a whole number from -32768 to 32767"; }
-        const char* operator()(double) const { return "a number"; }
-        const char* operator()(bool) const { return "True or False"; }
-    };
-    return std::visit(Name(), value);
+std::string cellText(const SettingValue& value) {
+    return Visible(Utf8FromAnsi(std::visit(StoredText(), value)));
 }
 
-/// Number of letters to put in, take out or change to make one name of the other, taken without case.
-std::size_t distance(const std::string& one, const std::string& other) {
-    std::vector<std::size_t> row(other.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 0; i < one.size(); ++i) {
-        std::size_t diagonal = std::exchange(row[0], i + 1);
-        for (std::size_t j = 0; j < other.size(); ++j) {
-            const bool same = EqualIgnoringAsciiCase({&one[i], 1}, {&other[j], 1});
-            const std::size_t changed = diagonal + (same ? 0 : 1);
-            diagonal = std::exchange(row[j + 1], std::min({row[j] + 1, row[j + 1] + 1, changed}));
-        }
-    }
-    return row.back();
+/// What was typed, as the library saves values of the type of `value`; none after telling what is wanted.
+std::optional<std::string> storedText(const SettingValue& value, const std::string& typed,
+                                      ErrorLines& errors) {
+    return std::visit(
+        [&]<class Value>(const Value&) -> std::optional<std::string> {
+            const std::optional<Value> parsed = ValueFromTyped<Value>(typed, errors);
+            return parsed ? std::optional(StoredText()(*parsed)) : std::nullopt;
+        },
+        value);
 }
 
 /// The setting of that property name or key; none after telling which names come near.
@@ -118,7 +90,7 @@ const NamedSetting* find(const std::vector<NamedSetting>& settings, const std::s
         if (EqualIgnoringAsciiCase(setting.property, name) || EqualIgnoringAsciiCase(setting.key, name))
             return &setting;
     const auto nearest = std::ranges::min_element(settings, {}, [&](const NamedSetting& setting) {
-        return std::min(distance(setting.property, name), distance(setting.key, name));
+        return std::min(NameDistance(setting.property, name), NameDistance(setting.key, name));
     });
     session.errors.about(name);
     session.errors.add("no such setting; the nearest name is " + nearest->property);
@@ -130,16 +102,17 @@ ExitCode list(bool json, Session& session) {
     if (json) {
         auto array = nlohmann::ordered_json::array();
         for (const NamedSetting& setting : settings)
-            array.push_back({{"property", setting.property},
-                             {"key", setting.key},
-                             {"value", std::visit(JsonOf(), setting.value)},
-                             {"isDefault", setting.value == setting.defaultValue}});
+            array.push_back(
+                {{"property", setting.property},
+                 {"key", setting.key},
+                 {"value", std::visit([](const auto& value) { return JsonOf(value); }, setting.value)},
+                 {"isDefault", setting.value == setting.defaultValue}});
         session.out << JsonText(array) << '\n';
         return ExitCode::done;
     }
     Table table({{"Property"}, {"Key"}, {"Value"}, {"Default"}});
     for (const NamedSetting& setting : settings)
-        table.addRow({setting.property, setting.key, Visible(text(setting.value)),
+        table.addRow({setting.property, setting.key, cellText(setting.value),
                       setting.value == setting.defaultValue ? "yes" : ""});
     session.out << table;
     return ExitCode::done;
@@ -150,7 +123,7 @@ ExitCode get(const std::string& name, Session& session) {
     const NamedSetting* setting = find(settings, name, session);
     if (!setting)
         return ExitCode::wrongUsage;
-    session.out << Visible(text(setting->value)) << '\n';
+    session.out << cellText(setting->value) << '\n';
     return ExitCode::done;
 }
 
@@ -169,23 +142,11 @@ ExitCode set(const std::string& name, const std::string& typed, Session& session
     if (!setting)
         return ExitCode::wrongUsage;
     session.errors.about(setting->property);
-    const std::optional<std::string> ansi = AnsiFromUtf8(typed);
-    if (!ansi) {
-        session.errors.add("a character of the value is not in Windows-1252");
+    const std::optional<std::string> stored = storedText(setting->value, typed, session.errors);
+    if (!stored)
         return ExitCode::wrongUsage;
-    }
-    if (std::ranges::any_of(*ansi,
-                            [](char character) { return static_cast<unsigned char>(character) < ' '; })) {
-        session.errors.add("a value has no line breaks or other control characters");
-        return ExitCode::wrongUsage;
-    }
-    try {
-        if (!store(setting->key, std::visit(StoredTextOf{*ansi}, setting->value)))
-            session.errors.add("the value was not stored, or does not read back as it is");
-    } catch (const RuntimeError&) {
-        session.errors.add("takes " + wantedType(setting->value) + ", not \"" + typed + "\"");
-        return ExitCode::wrongUsage;
-    }
+    if (!store(setting->key, *stored))
+        session.errors.add("the value was not stored, or does not read back as it is");
     return ExitCode::done;
 }
 

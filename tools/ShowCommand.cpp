@@ -1,10 +1,9 @@
 // vistrel show: the frames of a playfile.
-#include "frame/Conversions.h"
 #include "playfile/FrameInfoClass.h"
 #include "tools/Commands.h"
-#include "tools/Encoding.h"
 #include "tools/FrameJson.h"
 #include "tools/JsonText.h"
+#include "tools/PropertyValues.h"
 #include "tools/Table.h"
 
 #include <array>
@@ -21,12 +20,6 @@ struct ShowOptions {
     std::int16_t frame = 0; ///< 0: all of them.
     bool json = false;
 };
-
-std::string text(const ordered_json& value) {
-    if (value.is_string())
-        return Visible(value.get<std::string>());
-    return value.is_number_float() ? NumberToText(value.get<double>()) : value.dump();
-}
 
 std::string kindName(const ordered_json& frame) {
     constexpr std::array names{"Blank", "Graphic", "Text", "Graphic/Text", "Command"};
@@ -68,9 +61,9 @@ void printFrames(std::ostream& out, FrameInfoClass& playfile, const std::vector<
                  {"Lines", right}});
     for (std::size_t i = 0; i < frames.size(); ++i) {
         const ordered_json& frame = frames[i];
-        table.addRow({std::to_string(i + 1), text(frame["FrameName"]), kindName(frame),
-                      appearName(playfile, frame), disappearName(playfile, frame), text(frame["DelayTime"]),
-                      text(frame["TotalLinesAllowed"])});
+        table.addRow({std::to_string(i + 1), CellText(frame["FrameName"]), kindName(frame),
+                      appearName(playfile, frame), disappearName(playfile, frame),
+                      CellText(frame["DelayTime"]), CellText(frame["TotalLinesAllowed"])});
     }
     out << table;
 }
@@ -93,14 +86,14 @@ void printFrame(std::ostream& out, FrameInfoClass& playfile, const ordered_json&
                                     : name == "PrefixCode" ? appearName(playfile, frame)
                                     : name == "SuffixCode" ? disappearName(playfile, frame)
                                                            : "";
-        properties.addRow({name, text(value) + (meaning.empty() ? "" : " (" + meaning + ")")});
+        properties.addRow({name, CellText(value) + (meaning.empty() ? "" : " (" + meaning + ")")});
     }
     Table lines(
         {{"Line", Table::Align::right}, {"Font", Table::Align::right}, {"Custom font"}, {"Flags"}, {"Text"}});
     for (std::size_t i = 0; i < frame["Lines"].size(); ++i) {
         const ordered_json& line = frame["Lines"][i];
-        lines.addRow({std::to_string(i + 1), text(line["LineFontSize"]), text(line["LineCustomFont"]),
-                      flags(line), text(line["CurrentLineText"])});
+        lines.addRow({std::to_string(i + 1), CellText(line["LineFontSize"]), CellText(line["LineCustomFont"]),
+                      flags(line), CellText(line["CurrentLineText"])});
     }
     out << properties << '\n' << lines;
 }

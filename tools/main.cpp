@@ -44,7 +44,7 @@ ExitCode finish(Session& session, ExitCode code) {
 ExitCode runProgram(int argumentCount, char** arguments) {
     Session session;
     std::string home;
-    CLI::App program("Shows, edits, saves and exports playfiles and settings of LED message signs",
+    CLI::App program("Shows and changes playfiles, the list of signs and the settings of LED message signs",
                      "vistrel");
     program.formatter(std::make_shared<ExampleFirst>("vistrel show harbour.playfile"));
     program.set_version_flag("--version", "vistrel " VISTREL_VERSION);
@@ -58,6 +58,7 @@ ExitCode runProgram(int argumentCount, char** arguments) {
     AddSaveCommand(program, session);
     AddExportCommand(program, session);
     AddFramesCommand(program, session);
+    AddSignsCommand(program, session);
     AddSettingsCommand(program, session);
     AddEffectsCommand(program, session);
     try {

@@ -138,6 +138,10 @@ TEST(Usage, WrongUsageIsExitCode2WithAReason) {
                                   "frames a delete two",
                                   "frames a delete 3-",
                                   "frames a insert 1 2",
+                                  "signs",
+                                  "signs show",
+                                  "signs duplicate Gate",
+                                  "signs set Gate",
                                   "settings",
                                   "settings get",
                                   "settings set DisplayHeight",
@@ -153,9 +157,28 @@ TEST(Usage, WrongUsageIsExitCode2WithAReason) {
 
 TEST(Usage, HelpBeginsWithAnExample) {
     const Program vistrel;
-    for (const char* command : {"", "show", "save", "export", "frames", "frames insert", "frames delete",
-                                "frames move", "frames copy", "frames paste", "effects", "settings",
-                                "settings list", "settings get", "settings set"}) {
+    for (const char* command : {"",
+                                "show",
+                                "save",
+                                "export",
+                                "frames",
+                                "frames insert",
+                                "frames delete",
+                                "frames move",
+                                "frames copy",
+                                "frames paste",
+                                "effects",
+                                "settings",
+                                "settings list",
+                                "settings get",
+                                "settings set",
+                                "signs",
+                                "signs list",
+                                "signs show",
+                                "signs add",
+                                "signs remove",
+                                "signs duplicate",
+                                "signs set"}) {
         SCOPED_TRACE(command);
         const Outcome outcome = vistrel.run(std::string(command) + " --help");
         EXPECT_EQ(outcome.exitCode, 0);

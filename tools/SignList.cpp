@@ -1,0 +1,142 @@
+#include "tools/SignList.h"
+
+#include "platform/Path.h"
+#include "platform/Platform.h"
+#include "settings/AppFolder.h"
+#include "tools/SignProperties.h"
+
+#include <limits>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+using nlohmann::ordered_json;
+
+constexpr const char* kFileName = "Displays.dat";
+
+/// Keeps the last error that an operator would see.
+class LastError final : public ErrorReporter {
+public:
+    void report(const ErrorReport& report) override {
+        if (!report.error.isQuiet())
+            error = report.error;
+    }
+    std::optional<RuntimeError> error;
+};
+
+/// Tells the library's messages on, and notes that there was one.
+class NotingBoxes final : public MessageBoxes {
+public:
+    explicit NotingBoxes(MessageBoxes& boxes) : boxes_(boxes) {}
+    MessageAnswer show(const Message& message) override {
+        wasShown = true;
+        return boxes_.show(message);
+    }
+    bool attended() override { return boxes_.attended(); }
+    bool wasShown = false;
+
+private:
+    MessageBoxes& boxes_;
+};
+
+/// Whether sign `number` is there, counted or not.
+bool exists(DisplayDatabaseClass& signs, std::int16_t number) {
+    LastError reporter;
+    const ScopedErrorReporter scope(reporter);
+    signs.CurrentDisplayNumber(number);
+    (void)signs.FrameSize();
+    return !reporter.error;
+}
+
+bool endsNameless(const std::vector<ordered_json>& records) {
+    return !records.empty() && records.back()["DisplayName"].get_ref<const std::string&>().empty();
+}
+
+std::string count(std::size_t number, const char* what) {
+    return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
+}
+
+} // namespace
+
+SignList::SignList() : path_(kFileName) {
+    LastError reporter;
+    const ScopedErrorReporter scope(reporter);
+    signs.RetrieveAllDisplayInfoFromDisk(path_);
+    error_ = reporter.error;
+}
+
+bool SignList::isMissing() const {
+    return error_ && error_->number() == static_cast<int>(ErrorNumber::fileNotFound);
+}
+
+std::vector<ordered_json> SignList::records() {
+    std::vector<ordered_json> records;
+    constexpr std::int32_t most = std::numeric_limits<std::int16_t>::max();
+    for (std::int32_t number = 1; number <= most && exists(signs, static_cast<std::int16_t>(number));
+         ++number)
+        records.push_back(SignJson(signs, static_cast<std::int16_t>(number)));
+    // A blank record stands for an empty list, and for what a damaged list ends with.
+    DisplayDatabaseClass untouched;
+    if (!records.empty() && records.back() == SignJson(untouched, 1))
+        records.pop_back();
+    return records;
+}
+
+void SignList::tellFaults(ErrorLines& errors) {
+    const std::vector<ordered_json> found = records();
+    errors.about(path_);
+    if (error_ && !isMissing()) {
+        errors.add(*error_);
+        if (!found.empty())
+            errors.add("only " + count(found.size(), "sign") +
+                       " could be read, the last of them perhaps in part");
+    } else if (endsNameless(found)) {
+        errors.add("the last sign has no name, so that the list counts as empty and hides " +
+                   count(found.size(), "record"));
+    }
+}
+
+bool SignList::mayBeChanged(ErrorLines& errors) {
+    tellFaults(errors);
+    const std::string written = JoinPath(LibraryFolder(), kFileName);
+    if (isMissing() && platform().files().kindOf(written) != EntryKind::missing) {
+        errors.add(*error_);
+        errors.add("saving would put the change into another list, " + written);
+    }
+    if (!errors.empty())
+        errors.add("not saved, since signs could be lost");
+    return errors.empty();
+}
+
+bool SignList::canBeSaved(ErrorLines& errors) {
+    const std::vector<ordered_json> all = records();
+    errors.about(path_);
+    if (endsNameless(all))
+        errors.add("the list would end with a sign without a name, and count as empty");
+    for (const ordered_json& sign : all) {
+        const ordered_json properties = sign.flatten();
+        for (const auto& [pointer, value] : properties.items())
+            if (value.is_string() && value.get_ref<const std::string&>().find('"') != std::string::npos) {
+                errors.about(sign["DisplayName"].get<std::string>());
+                errors.add(pointer.substr(1) + ": a list of signs cannot hold quotes");
+            }
+    }
+    return errors.empty();
+}
+
+bool SignList::save(ErrorLines& errors) {
+    if (!canBeSaved(errors)) {
+        errors.add("not saved");
+        return false;
+    }
+    NotingBoxes boxes(messageBoxes());
+    const ScopedMessageBoxes scope(boxes);
+    path_ = kFileName;
+    signs.WriteAllDisplaysToDisk(path_);
+    errors.about(path_);
+    if (boxes.wasShown)
+        errors.add("not saved");
+    return !boxes.wasShown;
+}
+
+} // namespace qrtVistrelClasses4

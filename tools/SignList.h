@@ -1,0 +1,48 @@
+// The list of signs as the program reads and saves it.
+#pragma once
+
+#include "displays/DisplayDatabaseClass.h"
+#include "tools/ErrorLines.h"
+
+#include <nlohmann/json.hpp>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+
+/// The list is read where it was saved last, and saved in the library's folder. It is not saved where signs
+/// would be lost by it.
+class SignList {
+public:
+    /// Reads the list, as far as it can be read.
+    SignList();
+
+    DisplayDatabaseClass signs;
+
+    /// The file that was read or, after saving, written.
+    const std::string& path() const { return path_; }
+    bool isComplete() const { return !error_; }
+    /// A list that is not there yet is empty.
+    bool isMissing() const;
+
+    /// Every record as JSON, also those that do not count because the last one has no name. Moves the
+    /// cursors.
+    std::vector<nlohmann::ordered_json> records();
+
+    /// Tells why the list is not what it should be.
+    void tellFaults(ErrorLines& errors);
+    /// False, after telling why, when saving would lose signs.
+    bool mayBeChanged(ErrorLines& errors);
+    /// False, after telling why, when nothing was saved or saving failed.
+    bool save(ErrorLines& errors);
+
+private:
+    bool canBeSaved(ErrorLines& errors);
+
+    std::string path_;
+    std::optional<RuntimeError> error_; ///< Of reading.
+};
+
+} // namespace qrtVistrelClasses4

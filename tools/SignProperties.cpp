@@ -1,0 +1,161 @@
+#include "tools/SignProperties.h"
+
+#include "frame/Conversions.h"
+#include "platform/LetterCase.h"
+#include "tools/NameDistance.h"
+#include "tools/PropertyValues.h"
+
+#include <limits>
+#include <optional>
+#include <string>
+#include <tuple>
+#include <type_traits>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+using nlohmann::ordered_json;
+using Signs = DisplayDatabaseClass;
+
+template <class Type>
+struct Property {
+    using Value = Type;
+    using Argument = std::conditional_t<std::is_class_v<Type>, const Type&, Type>;
+
+    std::string_view name;
+    Value (Signs::*getter)();
+    void (Signs::*setter)(Argument);
+
+    Value get(Signs& signs) const { return (signs.*getter)(); }
+    void set(Signs& signs, Argument value) const { (signs.*setter)(value); }
+};
+using Text = Property<std::string>;
+using Number = Property<std::int16_t>;
+using Long = Property<std::int32_t>;
+using Flag = Property<bool>;
+
+/// A number that the library hands out as text.
+struct SignType {
+    using Value = std::int16_t;
+    std::string_view name = "DisplayType";
+    static Value get(Signs& signs) { return TextToInt16(signs.DisplayType()); }
+    static void set(Signs& signs, Value value) { signs.DisplayType(NumberToText(std::int32_t{value})); }
+};
+
+constexpr std::tuple kSignProperties{
+    Text{"DisplayName", &Signs::DisplayName, &Signs::DisplayName},
+    SignType{},
+    Number{"DisplayHeight", &Signs::DisplayHeight, &Signs::DisplayHeight},
+    Number{"DisplayWidth", &Signs::DisplayWidth, &Signs::DisplayWidth},
+    Long{"FrameSize", &Signs::FrameSize, &Signs::FrameSize},
+    Text{"AppDesc", &Signs::AppDesc, &Signs::AppDesc},
+    Flag{"IsDisplayColor", &Signs::IsDisplayColor, &Signs::IsDisplayColor},
+    Text{"DefaultColor", &Signs::DefaultColor, &Signs::DefaultColor},
+    Text{"ColorsSupported", &Signs::ColorsSupported, &Signs::ColorsSupported},
+    Number{"ConnectionMethod", &Signs::ConnectionMethod, &Signs::ConnectionMethod},
+    Text{"CommPort", &Signs::CommPort, &Signs::CommPort},
+    Text{"BaudRate", &Signs::BaudRate, &Signs::BaudRate},
+    Text{"PhoneNumber", &Signs::PhoneNumber, &Signs::PhoneNumber},
+    Text{"IPAddress", &Signs::IPAddress, &Signs::IPAddress},
+    Text{"DisplayIDs", &Signs::DisplayIDs, &Signs::DisplayIDs},
+    Flag{"SwitchOperated", &Signs::SwitchOperated, &Signs::SwitchOperated},
+    Number{"Switch1", &Signs::Switch1, &Signs::Switch1},
+    Number{"Switch2", &Signs::Switch2, &Signs::Switch2},
+    Flag{"DaylightSavingsTime", &Signs::DaylightSavingsTime, &Signs::DaylightSavingsTime},
+    Number{"TimeZoneAdjustment", &Signs::TimeZoneAdjustment, &Signs::TimeZoneAdjustment},
+    Long{"ScrollPauseDelay", &Signs::ScrollPauseDelay, &Signs::ScrollPauseDelay},
+    Number{"ScrollingTextSpeed", &Signs::ScrollingTextSpeed, &Signs::ScrollingTextSpeed},
+    Flag{"ResetOnGetParameters", &Signs::ResetOnGetParameters, &Signs::ResetOnGetParameters},
+    Flag{"TempProbeInstalled", &Signs::TempProbeInstalled, &Signs::TempProbeInstalled},
+    Number{"TempProbeAdjust", &Signs::TempProbeAdjust, &Signs::TempProbeAdjust},
+    Number{"BlinkRateShow", &Signs::BlinkRateShow, &Signs::BlinkRateShow},
+    Number{"BlinkRateClear", &Signs::BlinkRateClear, &Signs::BlinkRateClear},
+    Text{"BlinkBehavior", &Signs::BlinkBehavior, &Signs::BlinkBehavior},
+    Text{"BlinkTimes", &Signs::BlinkTimes, &Signs::BlinkTimes},
+    Number{"BrightnessLevel", &Signs::BrightnessLevel, &Signs::BrightnessLevel},
+    Flag{"LightSensorInstalled", &Signs::LightSensorInstalled, &Signs::LightSensorInstalled},
+    Number{"LightSensorMinimum", &Signs::LightSensorMinimum, &Signs::LightSensorMinimum},
+    Number{"LightSensorMaximum", &Signs::LightSensorMaximum, &Signs::LightSensorMaximum},
+    Number{"BrightnessScheduleDefaultBrightness", &Signs::BrightnessScheduleDefaultBrightness,
+           &Signs::BrightnessScheduleDefaultBrightness},
+};
+
+/// Of the schedule under the cursor.
+constexpr std::tuple kScheduleProperties{
+    Text{"StartTime", &Signs::BrightnessScheduleXStartTime, &Signs::BrightnessScheduleXStartTime},
+    Text{"StopTime", &Signs::BrightnessScheduleXStopTime, &Signs::BrightnessScheduleXStopTime},
+    Number{"BrightnessLevel", &Signs::BrightnessScheduleXBrightnessLevel,
+           &Signs::BrightnessScheduleXBrightnessLevel},
+};
+
+template <class Properties>
+ordered_json readAll(Signs& signs, const Properties& properties) {
+    ordered_json object = ordered_json::object();
+    std::apply(
+        [&](const auto&... property) {
+            ((object[std::string(property.name)] = JsonOf(property.get(signs))), ...);
+        },
+        properties);
+    return object;
+}
+
+/// Hands every property to `action`, with its full name. The cursor is on its schedule then.
+template <class Action>
+void forEachProperty(Signs& signs, const Action& action) {
+    const auto withPrefix = [&](const std::string& prefix, const auto& properties) {
+        std::apply(
+            [&](const auto&... property) { (action(prefix + std::string(property.name), property), ...); },
+            properties);
+    };
+    withPrefix("", kSignProperties);
+    for (std::int16_t number = 1; number <= kSchedulesOfADisplay; ++number) {
+        signs.CurrentBrightnessScheduleNumber(number);
+        withPrefix("Schedule" + std::to_string(number) + ".", kScheduleProperties);
+    }
+}
+
+std::string nearestProperty(Signs& signs, std::string_view name) {
+    std::string nearest;
+    std::size_t shortest = std::numeric_limits<std::size_t>::max();
+    forEachProperty(signs, [&](const std::string& candidate, const auto&) {
+        if (const std::size_t distance = NameDistance(candidate, name); distance < shortest) {
+            shortest = distance;
+            nearest = candidate;
+        }
+    });
+    return nearest;
+}
+
+} // namespace
+
+ordered_json SignJson(Signs& signs, std::int16_t number) {
+    signs.CurrentDisplayNumber(number);
+    ordered_json sign = readAll(signs, kSignProperties);
+    ordered_json& schedules = sign["Schedules"] = ordered_json::array();
+    for (std::int16_t schedule = 1; schedule <= kSchedulesOfADisplay; ++schedule) {
+        signs.CurrentBrightnessScheduleNumber(schedule);
+        schedules.push_back(readAll(signs, kScheduleProperties));
+    }
+    return sign;
+}
+
+bool SetSignProperty(Signs& signs, std::string_view name, std::string_view typed, ErrorLines& errors) {
+    std::optional<bool> done; // none as long as the property is not found
+    forEachProperty(signs, [&](const std::string& fullName, const auto& property) {
+        if (!EqualIgnoringAsciiCase(fullName, name))
+            return;
+        errors.about(fullName);
+        const auto value =
+            ValueFromTyped<typename std::remove_cvref_t<decltype(property)>::Value>(typed, errors);
+        if (value)
+            property.set(signs, *value);
+        done = value.has_value();
+    });
+    if (!done) {
+        errors.about(name);
+        errors.add("no such property; the nearest name is " + nearestProperty(signs, name));
+    }
+    return done.value_or(false);
+}
+
+} // namespace qrtVistrelClasses4
