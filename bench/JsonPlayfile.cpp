@@ -1,38 +1,20 @@
 #include "bench/JsonPlayfile.h"
 
+#include "bench/Json.h"
 #include "bench/Ratio.h"
 #include "playfile/PlayfileFormat.h"
-
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
 
 namespace qrtVistrelClasses4::bench {
 namespace {
 
-using Writer = rapidjson::Writer<rapidjson::StringBuffer>;
-
-void put(Writer& out, bool flag) { out.Bool(flag); }
-void put(Writer& out, std::int32_t number) { out.Int(number); }
-void put(Writer& out, double number) { out.Double(number); }
-void put(Writer& out, const std::string& text) {
-    out.String(text.data(), static_cast<rapidjson::SizeType>(text.size()));
-}
-template <class Value, std::size_t count>
-void put(Writer& out, const std::array<Value, count>& values) {
-    out.StartArray();
-    for (const Value& value : values)
-        put(out, value);
-    out.EndArray();
-}
-
 template <class Record, class Fields>
-void putAll(Writer& out, const Record& record, const Fields& fields) {
+void putAll(JsonWriter& out, const Record& record, const Fields& fields) {
     int spares = 0;
     const auto putField = [&](const auto& field) {
         const std::string name =
             field.name.empty() ? "Spare" + std::to_string(++spares) : std::string(field.name);
-        out.Key(name.c_str());
-        put(out, record.*field.member);
+        PutKey(out, name);
+        PutJson(out, record.*field.member);
     };
     std::apply([&](const auto&... field) { (putField(field), ...); }, fields);
 }
@@ -41,7 +23,7 @@ void putAll(Writer& out, const Record& record, const Fields& fields) {
 
 std::string MakeJson(const Frames& frames) {
     rapidjson::StringBuffer text;
-    Writer out(text);
+    JsonWriter out(text);
     out.StartArray();
     for (const FrameRecord& frame : frames) {
         out.StartObject();
@@ -57,11 +39,7 @@ std::string MakeJson(const Frames& frames) {
         out.EndObject();
     }
     out.EndArray();
-    return {text.GetString(), text.GetSize()};
-}
-
-ParsedJson::ParsedJson(const std::string& path) : file(ReadWholeFile(path)) {
-    document.ParseInsitu(file.bytes.get());
+    return std::string(TextOf(text));
 }
 
 JsonContents ReadJson(const std::string& path) {

@@ -2,9 +2,6 @@
 #pragma once
 
 #include "bench/SamplePlayfile.h"
-#include "bench/WholeFile.h"
-
-#include <rapidjson/document.h>
 
 #include <cstddef>
 #include <string>
@@ -22,14 +19,6 @@ struct JsonContents {
     double delaySeconds = 0;  ///< Of all frames.
 
     bool operator==(const JsonContents&) const = default;
-};
-
-/// A file read whole and parsed in place.
-struct ParsedJson {
-    explicit ParsedJson(const std::string& path);
-
-    WholeFile file; ///< Holds the texts of `document`.
-    rapidjson::Document document;
 };
 
 JsonContents ReadJson(const std::string& path);

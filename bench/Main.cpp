@@ -28,7 +28,7 @@ bool measure() {
     const ScopedPlatform use(*machine);
     std::vector<Ratio> ratios;
     for (const auto& subject : {PlayfileSubject(folder), XmlSubject(folder), EditSubject(folder),
-                                SettingsSubject(folder), TraceSubject()})
+                                DisplaysSubject(folder), SettingsSubject(folder), TraceSubject()})
         ratios.insert(ratios.end(), subject.begin(), subject.end());
     MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

@@ -1,5 +1,6 @@
 // Playfiles: load and save, against a parser, a formatter, and the least that reading and writing can cost.
 #include "bench/FmtPlayfile.h"
+#include "bench/Json.h"
 #include "bench/JsonPlayfile.h"
 #include "bench/SamplePlayfile.h"
 #include "bench/Subjects.h"
@@ -7,14 +8,10 @@
 #include "bench/WholeFile.h"
 #include "playfile/FrameInfoClass.h"
 
-#include <cstring>
-
 namespace qrtVistrelClasses4::bench {
 namespace {
 
 constexpr PlayfileSize kQuarter{7500, 4};
-/// Four times the data may take this many times as long.
-constexpr double kGrowth = 4.8;
 
 /// One playfile on disk in every form that the contestants read or write.
 struct Sample {
@@ -23,18 +20,6 @@ struct Sample {
     std::string json;
     std::string saved;
 };
-
-std::size_t countLineEnds(std::string_view text) {
-    std::size_t count = 0;
-    const char* const end = text.data() + text.size();
-    for (const char* at = text.data(); at != end; ++count) {
-        const void* const feed = std::memchr(at, '\n', static_cast<std::size_t>(end - at));
-        if (!feed)
-            break;
-        at = static_cast<const char*>(feed) + 1;
-    }
-    return count;
-}
 
 void load(FrameInfoClass& frames, const std::string& path) {
     Require(frames.GetPlayfileFromDisk(path), "cannot load " + path);
@@ -72,7 +57,7 @@ Sample makeSample(const BenchFolder& folder, PlayfileSize size) {
     Require(ReadJson(sample.json) == contentsOf(frames), "the JSON holds other data");
     const std::size_t values =
         1 + static_cast<std::size_t>(size.frames) * (27 + 17 * static_cast<std::size_t>(size.lines));
-    Require(countLineEnds(playfile.text()) == values, "the playfile holds other lines");
+    Require(CountLineEnds(playfile.text()) == values, "the playfile holds other lines");
     return sample;
 }
 
@@ -98,7 +83,7 @@ void registerOthers(const Sample& sample, const BenchFolder& folder) {
     });
     RegisterWork("load/limit/" + sample.size.name(), [sample](benchmark::State& state) {
         for (auto _ : state)
-            benchmark::DoNotOptimize(countLineEnds(ReadWholeFile(sample.playfile).text()));
+            benchmark::DoNotOptimize(CountLineEnds(ReadWholeFile(sample.playfile).text()));
     });
     RegisterWork("save/fmt/" + sample.size.name(), [sample, &folder](benchmark::State& state) {
         const Frames frames = MakeFrames(sample.size, folder);
@@ -140,7 +125,7 @@ std::string registerGrowingByOne(std::int16_t count) {
 /// uses it: the limit's own growth tells how much.
 void compareGrowth(std::vector<Ratio>& ratios) {
     const auto add = [&](const std::string& work, const std::string& small, const std::string& large) {
-        ratios.push_back({work + large, work + large, work + small, Bound::aim, kGrowth});
+        ratios.push_back({work + large, work + large, work + small, Bound::aim, kMostForFourTimes});
     };
     add("load/", kQuarter.name(), kLarge.name());
     add("load/limit/", kQuarter.name(), kLarge.name());

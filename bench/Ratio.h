@@ -11,6 +11,9 @@ namespace qrtVistrelClasses4::bench {
 
 enum class Bound { must, aim };
 
+/// Four times the data may take this many times as long.
+inline constexpr double kMostForFourTimes = 4.8;
+
 /// Two benchmarks, by name. The time of the first, divided by the time of the second, is `most` at the most.
 struct Ratio {
     std::string subject;

@@ -1,11 +1,11 @@
 #include "bench/SamplePlayfile.h"
 
+#include "bench/Dice.h"
 #include "bench/FmtPlayfile.h"
 #include "bench/Ratio.h"
 #include "bench/WholeFile.h"
 
 #include <array>
-#include <random>
 #include <string_view>
 
 namespace qrtVistrelClasses4::bench {
@@ -21,20 +21,6 @@ constexpr std::int16_t kCustomFont = 12;
 constexpr unsigned kShortestText = 5;
 constexpr unsigned kTextLengths = 36;
 constexpr unsigned kFramesToOnePicture = 32;
-
-/// Numbers below a limit. The library's distributions differ from system to system; this does not.
-class Dice {
-public:
-    unsigned below(std::size_t limit) { return static_cast<unsigned>(engine_() % limit); }
-    bool once(unsigned in) { return below(in) == 0; }
-    template <class Values>
-    auto oneOf(const Values& values) {
-        return values[below(values.size())];
-    }
-
-private:
-    std::minstd_rand engine_;
-};
 
 std::string makeText(Dice& dice) {
     const std::size_t length = kShortestText + dice.below(kTextLengths);

@@ -13,6 +13,8 @@ std::vector<Ratio> PlayfileSubject(const BenchFolder& folder);
 std::vector<Ratio> XmlSubject(const BenchFolder& folder);
 /// Inserting, deleting and moving frames.
 std::vector<Ratio> EditSubject(const BenchFolder& folder);
+/// Loading, saving and searching lists of signs. The library's home must be the folder.
+std::vector<Ratio> DisplaysSubject(const BenchFolder& folder);
 /// Loading and saving all preferences. The library's home must be the folder.
 std::vector<Ratio> SettingsSubject(const BenchFolder& folder);
 /// Properties with and without the call trace.

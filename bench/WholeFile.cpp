@@ -2,6 +2,7 @@
 
 #include "bench/Ratio.h"
 
+#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -28,6 +29,18 @@ void WriteNewFile(const std::string& path, std::string_view bytes) {
     Require(::write(file, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size()),
             "cannot write " + path);
     ::close(file);
+}
+
+std::size_t CountLineEnds(std::string_view text) {
+    std::size_t count = 0;
+    const char* const end = text.data() + text.size();
+    for (const char* at = text.data(); at != end; ++count) {
+        const void* const feed = std::memchr(at, '\n', static_cast<std::size_t>(end - at));
+        if (!feed)
+            break;
+        at = static_cast<const char*>(feed) + 1;
+    }
+    return count;
 }
 
 } // namespace qrtVistrelClasses4::bench

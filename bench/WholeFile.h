@@ -20,4 +20,7 @@ WholeFile ReadWholeFile(const std::string& path);
 /// Makes a new file, in place of the one that is there, with one `write`.
 void WriteNewFile(const std::string& path, std::string_view bytes);
 
+/// Looks for each with `memchr`.
+std::size_t CountLineEnds(std::string_view text);
+
 } // namespace qrtVistrelClasses4::bench

@@ -1,0 +1,192 @@
+// Lists of signs: load and save, against a parser, a writer, and the least that reading and writing can cost;
+// search, against a plain loop.
+#include "bench/Json.h"
+#include "bench/JsonDisplays.h"
+#include "bench/SampleDisplays.h"
+#include "bench/Subjects.h"
+#include "bench/Timing.h"
+#include "bench/WholeFile.h"
+#include "displays/DisplayDatabaseClass.h"
+#include "platform/LetterCase.h"
+#include "settings/RegistrySettings.h"
+
+#include <algorithm>
+#include <strings.h>
+
+namespace qrtVistrelClasses4::bench {
+namespace {
+
+constexpr double kMostOfParser = 0.4;
+constexpr double kMostOfReading = 2.7;
+constexpr double kMostOfWriter = 0.5;
+constexpr double kMostOfWriting = 11;
+constexpr double kMostOfLoop = 1.3;
+
+constexpr std::int16_t kSigns = 10000;
+constexpr std::int16_t kMany = 30000; ///< Nearly as many as can be numbered.
+/// With a quarter of either, for growth.
+constexpr std::int16_t kSizes[] = {kSigns / 4, kSigns, kMany / 4, kMany};
+
+constexpr std::size_t kLinesOfASign = 48;
+
+/// One list on disk in every form that the contestants read or write.
+struct Sample {
+    std::int16_t signs;
+    std::string list;
+    std::string json;
+    std::string savedName; ///< As the library takes it, which puts its own folder in front.
+    std::string saved;
+
+    std::string size() const { return std::to_string(signs); }
+};
+
+/// The library reads where it is told to have written last.
+void load(DisplayDatabaseClass& displays, const Sample& sample) {
+    displays.RetrieveAllDisplayInfoFromDisk();
+    Require(displays.TotalDisplays() == sample.signs, "cannot load " + sample.list);
+}
+void rememberFile(const std::string& path) {
+    WriteSetting("VistrelLite", "Preview", "DisplayDataFile", path);
+}
+std::unique_ptr<DisplayDatabaseClass> loaded(const Sample& sample) {
+    rememberFile(sample.list);
+    auto displays = std::make_unique<DisplayDatabaseClass>();
+    load(*displays, sample);
+    return displays;
+}
+
+void save(DisplayDatabaseClass& displays, const Sample& sample) {
+    std::string name = sample.savedName;
+    displays.WriteAllDisplaysToDisk(name);
+}
+
+/// Makes the files. Loading and saving must give back what the formatter made of the signs, byte for byte,
+/// and keep the list that was there before.
+Sample makeSample(const BenchFolder& folder, std::int16_t signs) {
+    const std::string name = std::to_string(signs);
+    const std::string savedName = name + ".saved";
+    Sample sample{signs, folder.file(name + ".dat"), folder.file(name + ".json"), savedName,
+                  folder.file(savedName)};
+    const Displays displays = MakeDisplays(signs);
+    SaveWithFmt(displays, sample.list);
+    SaveAsJson(displays, sample.json);
+
+    WriteNewFile(sample.saved, "the list before");
+    save(*loaded(sample), sample);
+    const WholeFile list = ReadWholeFile(sample.list);
+    Require(ReadWholeFile(sample.saved).text() == list.text(), "a loaded list is saved differently");
+    Require(ReadWholeFile(sample.saved + ".bak").text() == "the list before", "a list was lost");
+    Require(ContentsOfJson(sample.json) == ContentsOf(displays), "the JSON holds other data");
+    Require(CountLineEnds(list.text()) == kLinesOfASign * displays.size(), "the list holds other lines");
+    return sample;
+}
+
+void registerOwn(const Sample& sample) {
+    RegisterWork("displays/load/" + sample.size(), [sample](benchmark::State& state) {
+        rememberFile(sample.list);
+        TimeMaking(state, [&] {
+            auto displays = std::make_unique<DisplayDatabaseClass>();
+            load(*displays, sample);
+            return displays;
+        });
+    });
+    RegisterWork("displays/save/" + sample.size(), [sample](benchmark::State& state) {
+        const auto displays = loaded(sample);
+        for (auto _ : state)
+            save(*displays, sample);
+    });
+}
+
+void registerLimits(const Sample& sample) {
+    RegisterWork("displays/load/limit/" + sample.size(), [sample](benchmark::State& state) {
+        for (auto _ : state)
+            benchmark::DoNotOptimize(CountLineEnds(ReadWholeFile(sample.list).text()));
+    });
+    RegisterWork("displays/save/limit/" + sample.size(), [sample](benchmark::State& state) {
+        const WholeFile finished = ReadWholeFile(sample.list);
+        for (auto _ : state)
+            WriteNewFile(sample.list, finished.text());
+    });
+}
+
+void registerJson(const Sample& sample) {
+    RegisterWork("displays/load/RapidJSON/" + sample.size(), [sample](benchmark::State& state) {
+        TimeMaking(state, [&] { return std::make_unique<ParsedJson>(sample.json); });
+    });
+    RegisterWork("displays/save/RapidJSON/" + sample.size(), [sample](benchmark::State& state) {
+        const Displays displays = MakeDisplays(sample.signs);
+        for (auto _ : state)
+            SaveAsJson(displays, sample.json);
+    });
+}
+
+std::int16_t findWithLoop(const Displays& displays, const std::string& name) {
+    const auto found = std::find_if(displays.begin(), displays.end(), [&](const DisplayRecord& display) {
+        return strcasecmp(display.DisplayName.c_str(), name.c_str()) == 0;
+    });
+    return found == displays.end() ? std::int16_t{-1}
+                                   : static_cast<std::int16_t>(found - displays.begin() + 1);
+}
+
+/// The last sign, asked for in other letters.
+void registerFind(const Sample& sample) {
+    const Displays records = MakeDisplays(sample.signs);
+    std::string name = records.back().DisplayName;
+    std::transform(name.begin(), name.end(), name.begin(), [](char letter) { return AsciiUpper(letter); });
+    Require(loaded(sample)->FindDisplayByName(name) == sample.signs, "the library finds another sign");
+    Require(findWithLoop(records, name) == sample.signs, "the loop finds another sign");
+    RegisterWork("displays/find/" + sample.size(), [sample, name](benchmark::State& state) {
+        const auto displays = loaded(sample);
+        for (auto _ : state)
+            benchmark::DoNotOptimize(displays->FindDisplayByName(name));
+    });
+    RegisterWork("displays/find/loop/" + sample.size(), [sample, name](benchmark::State& state) {
+        const Displays displays = MakeDisplays(sample.signs);
+        for (auto _ : state)
+            benchmark::DoNotOptimize(findWithLoop(displays, name));
+    });
+}
+
+void compareContestants(std::vector<Ratio>& ratios) {
+    const auto add = [&](const std::string& kind, const std::string& against, Bound bound, double most) {
+        const std::string size = std::to_string(kSigns);
+        const std::string work = "displays/" + kind + "/";
+        ratios.push_back(
+            {kind + " " + size + " signs", work + size, work + against + "/" + size, bound, most});
+    };
+    add("load", "RapidJSON", Bound::must, kMostOfParser);
+    add("load", "limit", Bound::aim, kMostOfReading);
+    add("save", "RapidJSON", Bound::must, kMostOfWriter);
+    add("save", "limit", Bound::aim, kMostOfWriting);
+    add("find", "loop", Bound::aim, kMostOfLoop);
+}
+
+/// The limits' own growth tells what memory costs that no longer fits the processor's caches.
+void compareGrowth(std::vector<Ratio>& ratios) {
+    for (const std::string kind : {"load/", "load/limit/", "save/", "save/limit/"})
+        for (const std::int16_t signs : {kSigns, kMany}) {
+            const std::string work = "displays/" + kind;
+            const std::string large = work + std::to_string(signs);
+            ratios.push_back({large, large, work + std::to_string(signs / 4), Bound::aim, kMostForFourTimes});
+        }
+}
+
+} // namespace
+
+std::vector<Ratio> DisplaysSubject(const BenchFolder& folder) {
+    for (const std::int16_t signs : kSizes) {
+        const Sample sample = makeSample(folder, signs);
+        registerOwn(sample);
+        registerLimits(sample);
+        if (signs == kSigns) {
+            registerJson(sample);
+            registerFind(sample);
+        }
+    }
+    std::vector<Ratio> ratios;
+    compareContestants(ratios);
+    compareGrowth(ratios);
+    return ratios;
+}
+
+} // namespace qrtVistrelClasses4::bench
