@@ -28,8 +28,17 @@ std::string NarrowText(BSTR text) {
     return narrow;
 }
 
+namespace {
+
+/// The variable that `value` refers to, else `value` itself.
+VARIANT& variableOf(VARIANT& value) {
+    return V_VT(&value) == (VT_BYREF | VT_VARIANT) ? *V_VARIANTREF(&value) : value;
+}
+
+} // namespace
+
 std::optional<std::string> OptionalText(const VARIANT& value) {
-    if (IsOmitted(value))
+    if (IsOmitted(variableOf(const_cast<VARIANT&>(value))))
         return std::nullopt;
     OwnedVariant text;
     if (FAILED(VariantChangeType(&text, const_cast<VARIANT*>(&value), VARIANT_ALPHABOOL, VT_BSTR)))
@@ -38,15 +47,15 @@ std::optional<std::string> OptionalText(const VARIANT& value) {
 }
 
 void PutText(OwnedBstr text, VARIANT& variable) {
-    if (V_VT(&variable) == (VT_BYREF | VT_BSTR)) {
-        SysFreeString(*V_BSTRREF(&variable));
-        *V_BSTRREF(&variable) = text.release();
-        return;
+    VARIANT& target = variableOf(variable);
+    if (V_VT(&target) == (VT_BYREF | VT_BSTR)) {
+        SysFreeString(*V_BSTRREF(&target));
+        *V_BSTRREF(&target) = text.release();
+    } else if (!(V_VT(&target) & VT_BYREF)) {
+        VariantClear(&target);
+        V_VT(&target) = VT_BSTR;
+        V_BSTR(&target) = text.release();
     }
-    VARIANT& target = V_VT(&variable) == (VT_BYREF | VT_VARIANT) ? *V_VARIANTREF(&variable) : variable;
-    VariantClear(&target);
-    V_VT(&target) = VT_BSTR;
-    V_BSTR(&target) = text.release();
 }
 
 } // namespace qrtVistrelClasses4

@@ -28,10 +28,11 @@ struct OwnedVariant : VARIANT {
 OwnedBstr WideText(std::string_view text);
 std::string NarrowText(BSTR text);
 
-/// The text of `value`, none for an omitted argument. Error 13 when it is no text.
+/// The text of `value`, or of the variable that it refers to; none for an omitted argument. Error 13 when it
+/// is no text.
 std::optional<std::string> OptionalText(const VARIANT& value);
 
-/// Puts a text into the caller's variable, which keeps its type when it has one.
+/// Puts a text into the caller's variable. One of a type that holds no text stays as it is.
 void PutText(OwnedBstr text, VARIANT& variable);
 
 inline bool IsOmitted(const VARIANT& value) {

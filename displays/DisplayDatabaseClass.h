@@ -7,15 +7,18 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
+
+class OutputFile;
 
 /// The signs that the application knows, and the cursor that its properties address. Signs and brightness
 /// schedules are numbered from 1. Texts are 8-bit characters of the ANSI code page, passed through unchanged.
 /// One thread at a time.
 ///
 /// Every member traps its errors: the error is reported, the result is 0, "" or false, and the list stays as
-/// it was.
+/// it was, unless told otherwise.
 class DisplayDatabaseClass {
 public:
     /// One sign without a name, which does not count, under the cursor; no schedule selected.
@@ -34,10 +37,10 @@ public:
     /// Number of the last sign; 0 when that one has no name, however many have one before it.
     std::int16_t TotalDisplays();
     /// Number of the first sign of that name, letters taken without case; -1 for none. Names are compared as
-    /// stored, so that a sign named "12" is found as "#12" only.
+    /// stored, so that a sign named "12" is found as "#12" only. Letters are those of Windows-1252.
     std::int16_t FindDisplayByName(const std::string& theName);
     /// Number of a new sign behind the last; -1 when the name is empty or taken. A last record without a name
-    /// counts as no list: the new name then goes to sign 1, and the others go.
+    /// counts as no list: the new name then goes to sign 1, which keeps all else, and the others go.
     std::int16_t AddNewDisplay(const std::string& DisplayName);
     /// Takes a sign out; the only one is emptied instead. A number outside the list does nothing. Always
     /// false: callers look at `TotalDisplays`.
@@ -165,7 +168,7 @@ public:
     void LightSensorInstalled(bool vData);
     std::int16_t LightSensorMinimum();
     void LightSensorMinimum(std::int16_t vData);
-    /// Reading makes an unset one, 0, the highest there is: 9.
+    /// Reading makes an unset one, 0, into 9.
     std::int16_t LightSensorMaximum();
     void LightSensorMaximum(std::int16_t vData);
     /// Outside every schedule.
@@ -202,13 +205,14 @@ private:
     /// The record behind the last sign; a new one, unless the last record has no name.
     DisplayRecord& append();
     void writeDisplays(std::string& sFileName);
-    void writeFile(const std::string& path);
+    void writeTo(OutputFile& file);
     void readDisplays(std::string& sFileName);
 
     OneBasedArray<DisplayRecord> displays_;
     std::int16_t currentDisplayNumber_ = 0;
     std::int16_t currentScheduleNumber_ = 0;
-    std::string halfWrittenPath_; ///< The file of a save that failed, which may hold any part of the list.
+    /// Name of the file that the last save did not finish, and the size that it was left with.
+    std::optional<std::pair<std::string, std::uint64_t>> halfWritten_;
 };
 
 } // namespace qrtVistrelClasses4

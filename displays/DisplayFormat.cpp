@@ -9,6 +9,14 @@ constexpr std::string_view kUnsetNetworkPort = "3001";
 constexpr std::int16_t kUnsetBlinkRateShow = 600;
 constexpr std::int16_t kUnsetBlinkRateClear = 400;
 
+bool isUnset(const std::string& port) {
+    try {
+        return LeadingNumber(port) <= 0;
+    } catch (const RuntimeError&) { // too large a number is one
+        return false;
+    }
+}
+
 template <class Record, class Value>
 void getField(DelimitedReader& in, Record& record, Value Record::*member) {
     in.get(record.*member);
@@ -46,7 +54,7 @@ void MendLightSensorMaximum(DisplayRecord& display) {
 }
 
 void MendNetworkPort(DisplayRecord& display) {
-    if (display.ConnectionMethod == kNetworkConnection && LeadingNumber(display.CommPort) <= 0)
+    if (display.ConnectionMethod == kNetworkConnection && isUnset(display.CommPort))
         display.CommPort = kUnsetNetworkPort;
 }
 

@@ -34,7 +34,7 @@ std::string defaultPath(const std::string& fileName) { return JoinPath(LibraryFo
 void keepPrevious(const std::string& path) {
     try {
         FileSystem& files = platform().files();
-        if (files.kindOf(path) == EntryKind::missing)
+        if (files.kindOf(path) != EntryKind::file)
             return;
         const FileBytes previous = ValueOf(files.read(path));
         if (previous.size == 0)
@@ -101,28 +101,33 @@ void DisplayDatabaseClass::writeDisplays(std::string& sFileName) {
     const DataFileSetting setting;
     sFileName = defaultPath(sFileName);
     WriteSetting(setting.application, setting.section, setting.valueName, sFileName);
-    if (sFileName != halfWrittenPath_) // else the copy is the last whole list
-        keepPrevious(sFileName);
+    FileSystem& files = platform().files();
+    if (!halfWritten_ || *halfWritten_ != std::pair(sFileName, files.sizeOf(sFileName).value))
+        keepPrevious(sFileName); // else the copy is the last whole list
+    halfWritten_.reset();
+    bool isOpened = false;
     try {
-        writeFile(sFileName);
+        const auto file = ValueOf(files.open(sFileName, OpenMode::replace));
+        isOpened = true;
+        writeTo(*file);
     } catch (...) {
-        showWriteFailure(CurrentError(), sFileName);
+        const RuntimeError error = CurrentError();
+        if (isOpened)
+            halfWritten_.emplace(sFileName, files.sizeOf(sFileName).value);
+        showWriteFailure(error, sFileName);
         return;
     }
     synchronise(*this);
 }
 
-void DisplayDatabaseClass::writeFile(const std::string& path) {
-    const auto file = ValueOf(platform().files().open(path, OpenMode::replace));
-    halfWrittenPath_ = path;
-    DelimitedWriter out(*file);
+void DisplayDatabaseClass::writeTo(OutputFile& file) {
+    DelimitedWriter out(file);
     const std::int16_t total = TotalDisplays();
     for (std::int32_t number = 1; number <= total; ++number)
         WriteDisplay(out, displays_.at(number));
     out.finish();
-    Check(file->flush());
-    Check(file->close());
-    halfWrittenPath_.clear();
+    Check(file.flush());
+    Check(file.close());
 }
 
 void DisplayDatabaseClass::RetrieveAllDisplayInfoFromDisk(std::string& sFileName) {

@@ -3,7 +3,10 @@
 #include "frame/Text.h"
 #include "platform/LetterCase.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cstring>
+#include <system_error>
 
 namespace qrtVistrelClasses4 {
 namespace {

@@ -136,6 +136,25 @@ TEST_F(Client, MayOmitWhetherTheCursorIsOnTheLastFrame) {
     EXPECT_EQ(frames, 23);
 }
 
+TEST_F(Client, GetsTheFullNameInAnyVariableForATextAndInNoOther) {
+    const auto displays = Create<IDispatch>(CLSID_DisplayDatabaseClass);
+    ComPtr<_DisplayDatabaseClass> signs;
+    ASSERT_EQ(displays.As(&signs), S_OK);
+    BSTR text = WideText("Client.dat").release();
+    Value variant("Client.dat");
+    Value references[] = {Value::reference(&text, VT_BSTR), Value::reference(&variant)};
+    for (Value& reference : references)
+        EXPECT_EQ(signs->WriteAllDisplaysToDisk(&reference), S_OK);
+    const OwnedBstr full(text);
+    EXPECT_EQ(variant.text(), NarrowText(text));
+    EXPECT_GT(variant.text().size(), std::string("Client.dat").size());
+    short number = 7;
+    Value other = Value::reference(&number, VT_I2);
+    EXPECT_EQ(signs->RetrieveAllDisplayInfoFromDisk(&other), S_OK);
+    EXPECT_EQ(number, 7);
+    EXPECT_EQ(signs->RetrieveAllDisplayInfoFromDisk(nullptr), S_OK);
+}
+
 TEST_F(Client, OwnsTheClipboardAndKnowsWhenItIsReplaced) {
     const auto references = [](_FrameInfoClass* object) {
         object->AddRef();

@@ -36,7 +36,10 @@ CheckEqual "but the others have moved up", signs.FindDisplayByName("PIER"), 2
 fileName = "Displays.dat"
 signs.WriteAllDisplaysToDisk fileName
 Check "the variable tells the full name", Right(fileName, 13) = "\Displays.dat" And Len(fileName) > 13
-read.RetrieveAllDisplayInfoFromDisk "Displays.dat"
+fileName = "Other.dat"
+read.RetrieveAllDisplayInfoFromDisk fileName
+Check "reading goes where the last list was written", Right(fileName, 13) = "\Displays.dat"
+read.RetrieveAllDisplayInfoFromDisk
 CheckEqual "the signs are read", read.TotalDisplays, 2
 read.CurrentDisplayNumber = 2
 read.CurrentBrightnessScheduleNumber = 4
