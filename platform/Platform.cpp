@@ -10,6 +10,17 @@ MessageBoxes* installedBoxes = nullptr;
 
 } // namespace
 
+CalendarNames EnglishCalendarNames() {
+    return {{"January", "February", "March", "April", "May", "June", "July", "August", "September", "October",
+             "November", "December"},
+            {"Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"},
+            {"Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"},
+            "AM",
+            "PM",
+            "/",
+            ":"};
+}
+
 Platform& platform() {
     if (installedPlatform)
         return *installedPlatform;

@@ -6,6 +6,7 @@
 #include "platform/ProfileFile.h"
 #include "platform/RegistryStore.h"
 
+#include <array>
 #include <memory>
 #include <optional>
 #include <string>
@@ -26,6 +27,20 @@ struct LocalTime {
     int weekday = 0; ///< 0 (Sunday) to 6.
 };
 
+/// How the user's locale writes dates and times; 8-bit texts of the ANSI code page.
+struct CalendarNames {
+    std::array<std::string, 12> months;      ///< From January.
+    std::array<std::string, 12> shortMonths; ///< From January.
+    std::array<std::string, 7> weekdays;     ///< From Sunday.
+    std::string morning;                     ///< Marks hours before noon; empty where there is no marker.
+    std::string afternoon;
+    std::string dateSeparator;
+    std::string timeSeparator;
+};
+
+/// Those of English.
+CalendarNames EnglishCalendarNames();
+
 /// Services are owned by the platform and live as long as it does.
 class Platform {
 public:
@@ -45,6 +60,7 @@ public:
     virtual std::optional<std::string> specialFolder(int number) = 0;
 
     virtual LocalTime localTime() = 0;
+    virtual CalendarNames calendarNames() = 0;
 };
 
 struct PlatformOptions {

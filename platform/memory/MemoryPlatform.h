@@ -127,11 +127,13 @@ public:
     std::string libraryFolder() override { return library; }
     std::optional<std::string> specialFolder(int number) override;
     LocalTime localTime() override { return time; }
+    CalendarNames calendarNames() override { return calendar; }
 
     std::string library; ///< Folder that the library claims to be loaded from; exists from the start.
     std::map<int, std::string>
         specialFolders; ///< By shell number; the documents folder exists from the start.
     LocalTime time{2001, 2, 3, 4, 5, 6, 6};
+    CalendarNames calendar = EnglishCalendarNames();
 
 private:
     MemoryFileSystem files_;

@@ -2,6 +2,7 @@
 #include "platform/IniProfileFile.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
+#include "platform/posix/PosixCalendar.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixFolders.h"
 #include "platform/posix/PosixRegistryStore.h"
@@ -56,6 +57,7 @@ public:
     std::string libraryFolder() override { return library_; }
     std::optional<std::string> specialFolder(int number) override;
     LocalTime localTime() override;
+    CalendarNames calendarNames() override { return PosixCalendarNames(""); }
 
 private:
     static std::string settingsFolder(const std::string& home) {

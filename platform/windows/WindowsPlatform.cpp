@@ -1,6 +1,7 @@
 // The services of Windows.
 #include "platform/Path.h"
 #include "platform/Platform.h"
+#include "platform/windows/WindowsCalendar.h"
 #include "platform/windows/WindowsFileSystem.h"
 #include "platform/windows/WindowsMessageBoxes.h"
 #include "platform/windows/WindowsProfileFile.h"
@@ -50,6 +51,7 @@ public:
     std::string libraryFolder() override;
     std::optional<std::string> specialFolder(int number) override;
     LocalTime localTime() override;
+    CalendarNames calendarNames() override { return WindowsCalendarNames(LOCALE_USER_DEFAULT); }
 
 private:
     WindowsFileSystem files_;

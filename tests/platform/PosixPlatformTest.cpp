@@ -1,10 +1,13 @@
 // What only a POSIX system has: links, rights, and processes that save at the same time.
 #include "Machines.h"
 #include "platform/ReplacementFile.h"
+#include "platform/posix/PosixCalendar.h"
 #include "platform/posix/PosixFolders.h"
 
 #include <fcntl.h>
 #include <sys/wait.h>
+
+#include <tuple>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -190,6 +193,17 @@ TEST(PosixFolders, ReadTheDocumentsFolderFromTheDesktopsFile) {
 
 TEST(PosixFolders, TheLibraryLiesWhereTheTestProgramDoes) {
     EXPECT_EQ(makePlatform()->libraryFolder(), std::filesystem::read_symlink("/proc/self/exe").parent_path());
+}
+
+TEST(PosixCalendar, IsEnglishUnlessTheLocaleHasNamesOfItsOwn) {
+    const auto fields = [](const CalendarNames& names) {
+        return std::tuple(names.months, names.shortMonths, names.weekdays, names.morning, names.afternoon,
+                          names.dateSeparator, names.timeSeparator);
+    };
+    for (const char* name : {"C", "POSIX", "no such locale"})
+        EXPECT_EQ(fields(PosixCalendarNames(name)), fields(EnglishCalendarNames())) << name;
+    const CalendarNames german = PosixCalendarNames("de_DE.utf8"); // not on every machine
+    EXPECT_TRUE(german.months[2] == "March" || german.months[2] == "M\344rz") << german.months[2];
 }
 
 } // namespace
