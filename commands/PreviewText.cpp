@@ -1,0 +1,161 @@
+#include "commands/PreviewText.h"
+
+#include "commands/DateText.h"
+#include "commands/NumberedCodes.h"
+#include "commands/TextCodes.h"
+#include "commands/VariableProcedures.h"
+#include "commands/clsCommandInterface.h"
+#include "frame/Traced.h"
+#include "platform/LetterCase.h"
+#include "platform/Platform.h"
+#include "settings/RegistrySettings.h"
+
+#include <algorithm>
+#include <charconv>
+#include <iterator>
+#include <map>
+#include <utility>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr int kHoursOfADay = 24;
+
+/// The thirteenth is listed as "CR013", so that "CR13" is looked up like a command.
+constexpr std::string_view kCounters[] = {"CR01", "CR02", "CR03", "CR04", "CR05",  "CR06", "CR07", "CR08",
+                                          "CR09", "CR10", "CR11", "CR12", "CR013", "CR14", "CR15", "CR16"};
+
+bool isCounter(std::string_view code) {
+    return std::find(std::begin(kCounters), std::end(kCounters), code) != std::end(kCounters);
+}
+
+/// What a command shows, by its bytes as one decimal number.
+struct CommandPreview {
+    std::int32_t decimal;
+    enum { text, date, capitalDate, clock, militaryClock } kind;
+    std::string_view pattern; ///< Of a date or a time; else the text itself.
+};
+
+constexpr CommandPreview kCommandPreviews[] = {
+    {20, CommandPreview::clock, "hh:mm AMPM"},
+    {3020, CommandPreview::militaryClock, "hmm"},
+    {449, CommandPreview::date, "mm/dd/yy"},
+    {450, CommandPreview::date, "mmm dd yyyy"},
+    {451, CommandPreview::date, "dddd mmmm dd, yyyy"},
+    {452, CommandPreview::date, "mmm dd"},
+    {453, CommandPreview::date, "dddd"},
+    {454, CommandPreview::capitalDate, "mmm dd yyyy"},
+    {455, CommandPreview::capitalDate, "dddd mmmm dd, yyyy"},
+    {456, CommandPreview::capitalDate, "mmm dd"},
+    {457, CommandPreview::capitalDate, "dddd"},
+    {3, CommandPreview::text, "##C"},
+    {6, CommandPreview::text, "##F"},
+};
+
+LocalTime shifted(LocalTime time, std::int16_t hours) {
+    time.hour = ((time.hour + hours) % kHoursOfADay + kHoursOfADay) % kHoursOfADay;
+    return time;
+}
+
+std::string without(std::string text, std::string_view part) {
+    for (std::size_t found = text.find(part); found != text.npos; found = text.find(part, found))
+        text.erase(found, part.size());
+    return text;
+}
+
+std::string show(const CommandPreview& preview, std::int16_t hourOffset) {
+    const LocalTime now = platform().localTime();
+    const auto format = [&](const LocalTime& time) {
+        return FormatDate(preview.pattern, time, platform().calendarNames());
+    };
+    switch (preview.kind) {
+    case CommandPreview::clock:
+        return without(without(format(shifted(now, hourOffset)), "AM"), "PM");
+    case CommandPreview::militaryClock: {
+        const std::string time = format(shifted(now, hourOffset));
+        return time.size() == 3 ? "0" + time : time;
+    }
+    case CommandPreview::date:
+        return format(now);
+    case CommandPreview::capitalDate:
+        return AnsiUpper(format(now));
+    default:
+        return std::string(preview.pattern);
+    }
+}
+
+/// The bytes in decimal, one behind the other.
+std::string decimalForm(const std::string& bytes) {
+    std::string decimal;
+    for (const char byte : bytes)
+        decimal += std::to_string(static_cast<unsigned char>(byte));
+    return decimal;
+}
+
+const CommandPreview* findPreview(const std::string& decimal) {
+    std::int32_t value = 0;
+    const char* const end = decimal.data() + decimal.size();
+    if (const auto [last, error] = std::from_chars(decimal.data(), end, value);
+        last != end || error != std::errc())
+        return nullptr;
+    const auto* const found =
+        std::find_if(std::begin(kCommandPreviews), std::end(kCommandPreviews),
+                     [&](const CommandPreview& preview) { return preview.decimal == value; });
+    return found == std::end(kCommandPreviews) ? nullptr : found;
+}
+
+std::string previewCommand(const std::string& code, std::int16_t hourOffset) {
+    std::string decimal = decimalForm(clsCommandInterface().sCommandBytesByKey(code));
+    if (decimal == code)
+        decimal.clear();
+    if (const CommandPreview* const preview = findPreview(decimal))
+        return show(*preview, hourOffset);
+    return decimal.empty() ? code : decimal;
+}
+
+std::vector<std::string> commandKeys() {
+    std::vector<std::string> keys;
+    clsCommandInterface commands;
+    const std::int32_t total = commands.iTotalCommands();
+    for (std::int32_t number = 1; number <= total; ++number)
+        keys.push_back(commands.sCommandKeyByNum(static_cast<std::int16_t>(number)));
+    return keys;
+}
+
+} // namespace
+
+std::string PreviewCommandText(const std::string& Code, std::int16_t HourOffset) {
+    return traced(
+        VariableFunction("PreviewCommandText"),
+        [&] {
+            if (isCounter(Code))
+                return Code;
+            if (Code.starts_with(kVariableCode.letters))
+                return ReadSetting(std::string(kVistrel3), "Variables", Code, "");
+            return previewCommand(Code, HourOffset);
+        },
+        Arg{"Code", Code}, Arg{"HourOffset", HourOffset});
+}
+
+std::string PreviewText(std::string_view text, std::int16_t hourOffset) {
+    const TextCodes codes(commandKeys());
+    std::map<std::string, std::string> previews;
+    std::string result;
+    while (!text.empty()) {
+        const std::size_t size = codes.sizeAtStart(text);
+        if (size == 0) {
+            result += text.front();
+            text.remove_prefix(1);
+            continue;
+        }
+        const auto [code, isNew] = previews.try_emplace(std::string(text.substr(0, size)));
+        if (isNew)
+            code->second = PreviewCommandText(code->first, hourOffset);
+        result += code->second;
+        text.remove_prefix(size);
+    }
+    return result;
+}
+
+} // namespace qrtVistrelClasses4

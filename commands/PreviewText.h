@@ -1,0 +1,21 @@
+// What the preview shows in place of a code.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace qrtVistrelClasses4 {
+
+/// The text that stands for one code of a sign text: the time `HourOffset` hours from now, today's date in
+/// one of its forms, the stored value of a variable ("VBL012"), or a counter's own code. Commands are told by
+/// their bytes in decimal, taken as one number; any other command shows these digits, a code that is none
+/// those of its own characters. Never fails. Each call that has to look a command up reads the command table
+/// and writes it anew.
+std::string PreviewCommandText(const std::string& Code, std::int16_t HourOffset);
+
+/// `text` as it is shown: from its start on, the longest code (see `TextCodes`) at each place is replaced by
+/// its preview, which is not looked at again.
+std::string PreviewText(std::string_view text, std::int16_t hourOffset);
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,26 @@
+// Where a sign text holds codes.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+
+/// Finds codes in sign texts: keys of commands, user variables ("VBL001" to "VBL416") and counters ("CR01" to
+/// "CR16").
+class TextCodes {
+public:
+    /// `keys` are those of the commands. An empty one is no code, nor is the character with code 166, which
+    /// fonts draw.
+    explicit TextCodes(std::vector<std::string> keys);
+
+    /// Size of the longest code that `text` starts with; 0 where it starts with none.
+    std::size_t sizeAtStart(std::string_view text) const;
+
+private:
+    std::vector<std::string> keys_; ///< Longest first.
+};
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,57 @@
+// The table of the sign's commands, with the rows that the user has added.
+#pragma once
+
+#include "commands/CommandTable.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace qrtVistrelClasses4 {
+
+/// Translates command keys of sign texts into the bytes for the sign. Making an object reads the table file,
+/// and its end writes the file anew. Keys and byte strings are bytes, one a character; keys are compared
+/// exactly. Rows are numbered from 1: the built-in ones, then those of the file, then new ones. One thread at
+/// a time.
+///
+/// Members are traced. They trap their errors as quiet ones: nobody is shown a message. But an index above
+/// the number of rows is error 9 to the caller.
+class clsCommandInterface {
+public:
+    clsCommandInterface();
+    ~clsCommandInterface();
+    clsCommandInterface(const clsCommandInterface&) = delete;
+    clsCommandInterface& operator=(const clsCommandInterface&) = delete;
+
+    static constexpr std::string_view ClassName() { return "clsCommandInterface"; }
+
+    /// Number of rows.
+    std::int16_t iTotalCommands();
+    /// Key of row `iCommand`; "" below 1.
+    std::string sCommandKeyByNum(std::int16_t iCommand);
+    /// Byte string of the first row with that key; the key itself when there is none.
+    std::string sCommandBytesByKey(const std::string& sKey);
+    /// Sets the byte string of the first row with that key, or adds a row. Without a key or without bytes it
+    /// does nothing. A built-in row changes in memory only. More than 32767 rows are error 6.
+    void sCommandBytesByKey(const std::string& sKey, const std::string& vData);
+    /// The same for the key of row `iCommand`; another row with that key may stand before it.
+    std::string sCommandBytesByNum(std::int16_t iCommand);
+    void sCommandBytesByNum(std::int16_t iCommand, const std::string& vData);
+    /// Keeps the order as it is: rows are known by their numbers.
+    void SortCommandByLargestFirst();
+
+private:
+    void LoadCommandTable();
+    void SaveCommandTable();
+    void BuildBuiltInCommands();
+    /// -1 for none.
+    std::int32_t FindCommandIndex(const std::string& sKey);
+    void setBytes(const std::string& key, const std::string& bytes);
+    void readFile(const std::string& path);
+    void writeFile(const std::string& path);
+
+    CommandTable commands_;
+    std::string readPath_; ///< The file whose rows are all here.
+};
+
+} // namespace qrtVistrelClasses4
