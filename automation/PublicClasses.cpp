@@ -11,6 +11,8 @@ const PublicClass publicClasses[] = {
     {CLSID_FrameInfoClass, L"FrameInfoClass", MakeFrameInfoObject},
     {CLSID_SettingsInfoClass, L"SettingsInfoClass", MakeSettingsInfoObject},
     {CLSID_DisplayDatabaseClass, L"DisplayDatabaseClass", MakeDisplayDatabaseObject},
+    {CLSID_MostRecentlyUsed, L"MostRecentlyUsed", MakeMostRecentlyUsedObject},
+    {CLSID_clsCommandInterface, L"clsCommandInterface", MakeCommandInterfaceObject},
 };
 
 } // namespace

@@ -19,5 +19,7 @@ std::span<const PublicClass> PublicClasses();
 ComPtr<IDispatch> MakeFrameInfoObject();
 ComPtr<IDispatch> MakeSettingsInfoObject();
 ComPtr<IDispatch> MakeDisplayDatabaseObject();
+ComPtr<IDispatch> MakeMostRecentlyUsedObject();
+ComPtr<IDispatch> MakeCommandInterfaceObject();
 
 } // namespace qrtVistrelClasses4

@@ -85,6 +85,27 @@ TEST_F(Client, GetsTextsUnchanged) {
     EXPECT_EQ(playfile_->put_FrameName(nullptr), S_OK) << "no text at all is an empty one";
 }
 
+TEST_F(Client, GetsTheBytesOfCommandsOneToOne) {
+    const auto commands = Create<_clsCommandInterface>(CLSID_clsCommandInterface);
+    std::wstring all(256, L' ');
+    for (std::size_t i = 0; i < all.size(); ++i)
+        all[i] = static_cast<wchar_t>(i);
+    const auto bstr = [](const std::wstring& text) {
+        return OwnedBstr(SysAllocStringLen(text.data(), static_cast<UINT>(text.size())));
+    };
+    const auto bytesOf = [&](const std::wstring& key) {
+        BSTR bytes = nullptr;
+        EXPECT_EQ(commands->get_sCommandBytesByKey(bstr(key).get(), &bytes), S_OK);
+        const OwnedBstr owned(bytes);
+        return std::wstring(bytes, SysStringLen(bytes));
+    };
+    EXPECT_EQ(commands->put_sCommandBytesByKey(bstr(L"all").get(), bstr(all).get()), S_OK);
+    EXPECT_EQ(bytesOf(L"all"), all);
+    EXPECT_EQ(bytesOf(L"\u6f22"), L"\u6f22") << "unknown, and no byte";
+    EXPECT_EQ(commands->put_sCommandBytesByKey(bstr(L"\u6f22").get(), bstr(L"x").get()),
+              static_cast<HRESULT>(0x800A0005));
+}
+
 TEST_F(Client, MayCallAMethodBySettingItsName) {
     EXPECT_EQ(SetProperty(playfile_.Get(), L"SetSuppressMessages", true), S_OK);
     EXPECT_EQ(SetProperty(playfile_.Get(), L"SetSuppressMessages", "perhaps"), DISP_E_TYPEMISMATCH);
