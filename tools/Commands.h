@@ -51,6 +51,9 @@ void AddSaveCommand(CLI::App& program, Session& session);
 void AddExportCommand(CLI::App& program, Session& session);
 void AddFramesCommand(CLI::App& program, Session& session);
 void AddSignsCommand(CLI::App& program, Session& session);
+void AddCommandsCommand(CLI::App& program, Session& session);
+void AddTextCommand(CLI::App& program, Session& session);
+void AddRecentCommand(CLI::App& program, Session& session);
 void AddSettingsCommand(CLI::App& program, Session& session);
 void AddEffectsCommand(CLI::App& program, Session& session);
 

@@ -15,6 +15,7 @@ public:
     /// What the errors that follow are about: a file name, say, or a setting.
     void about(std::string_view subject) { subject_ = subject; }
 
+    /// Told once, however often it is added.
     void add(std::string_view text);
     /// An error of the library's. Quiet ones are passed over.
     void add(const RuntimeError& error);
@@ -27,6 +28,20 @@ public:
 private:
     std::string subject_;
     std::vector<std::string> lines_;
+};
+
+/// Reports quiet errors, too, as lines: where the library goes on without a word, the program's user wants to
+/// know.
+class EveryErrorReporter final : public ErrorReporter {
+public:
+    /// `errors` must outlive the reporter.
+    explicit EveryErrorReporter(ErrorLines& errors) : errors_(errors) {}
+    void report(const ErrorReport& report) override {
+        errors_.add(RuntimeError(report.error.number(), report.error.description()));
+    }
+
+private:
+    ErrorLines& errors_;
 };
 
 } // namespace qrtVistrelClasses4

@@ -2,6 +2,7 @@
 #include "frame/Conversions.h"
 #include "playfile/FrameInfoClass.h"
 #include "tools/Commands.h"
+#include "tools/Decimal.h"
 #include "tools/Encoding.h"
 #include "tools/JsonText.h"
 #include "tools/Saving.h"
@@ -14,14 +15,7 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// A frame number in decimal. Options that are plain integers take octal and hexadecimal ones, too.
-struct FrameNumber {
-    FrameNumber() = default;
-    explicit FrameNumber(std::int32_t number) : value(number) {}
-    std::int32_t value = 0;
-};
-
-std::istream& operator>>(std::istream& in, FrameNumber& number) { return in >> number.value; }
+using FrameNumber = Decimal<std::int32_t>;
 
 /// Frame numbers as they were typed, from the first to the last one meant.
 struct FrameRange {

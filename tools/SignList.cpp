@@ -48,6 +48,9 @@ bool exists(DisplayDatabaseClass& signs, std::int16_t number) {
     return !reporter.error;
 }
 
+/// Where the list is saved, wherever it was read.
+std::string writtenPath() { return JoinPath(LibraryFolder(), kFileName); }
+
 bool endsNameless(const std::vector<ordered_json>& records) {
     return !records.empty() && records.back()["DisplayName"].get_ref<const std::string&>().empty();
 }
@@ -98,10 +101,9 @@ void SignList::tellFaults(ErrorLines& errors) {
 
 bool SignList::mayBeChanged(ErrorLines& errors) {
     tellFaults(errors);
-    const std::string written = JoinPath(LibraryFolder(), kFileName);
-    if (isMissing() && platform().files().kindOf(written) != EntryKind::missing) {
+    if (isMissing() && platform().files().kindOf(writtenPath()) != EntryKind::missing) {
         errors.add(*error_);
-        errors.add("saving would put the change into another list, " + written);
+        errors.add("saving would put the change into another list, " + writtenPath());
     }
     if (!errors.empty())
         errors.add("not saved, since signs could be lost");
@@ -113,24 +115,26 @@ bool SignList::canBeSaved(ErrorLines& errors) {
     errors.about(path_);
     if (endsNameless(all))
         errors.add("the list would end with a sign without a name, and count as empty");
-    for (const ordered_json& sign : all) {
-        const ordered_json properties = sign.flatten();
-        for (const auto& [pointer, value] : properties.items())
-            if (value.is_string() && value.get_ref<const std::string&>().find('"') != std::string::npos) {
-                errors.about(sign["DisplayName"].get<std::string>());
-                errors.add(pointer.substr(1) + ": a list of signs cannot hold quotes");
-            }
+    for (std::size_t number = 1; number <= all.size(); ++number) {
+        signs.CurrentDisplayNumber(static_cast<std::int16_t>(number));
+        errors.about(all[number - 1]["DisplayName"].get<std::string>());
+        for (const std::string& property : PropertiesHolding(signs, '"'))
+            errors.add(property + ": a list of signs cannot hold quotes");
     }
     return errors.empty();
 }
 
 bool SignList::save(ErrorLines& errors) {
     if (!canBeSaved(errors)) {
+        errors.about(path_);
         errors.add("not saved");
         return false;
     }
     NotingBoxes boxes(messageBoxes());
-    const ScopedMessageBoxes scope(boxes);
+    const ScopedMessageBoxes boxesScope(boxes);
+    EveryErrorReporter reporter(errors);
+    const ScopedErrorReporter reporterScope(reporter);
+    errors.about("the previous list could not be kept as " + writtenPath() + ".bak");
     path_ = kFileName;
     signs.WriteAllDisplaysToDisk(path_);
     errors.about(path_);

@@ -13,7 +13,8 @@
 namespace qrtVistrelClasses4 {
 
 /// The list is read where it was saved last, and saved in the library's folder. It is not saved where signs
-/// would be lost by it.
+/// would be lost by it. One loss is not seen: the two spare texts of a record cannot be looked at, so that a
+/// quote in them, which a file with texts outside quotes may hold, gets into the file.
 class SignList {
 public:
     /// Reads the list, as far as it can be read.

@@ -158,4 +158,14 @@ bool SetSignProperty(Signs& signs, std::string_view name, std::string_view typed
     return done.value_or(false);
 }
 
+std::vector<std::string> PropertiesHolding(Signs& signs, char character) {
+    std::vector<std::string> names;
+    forEachProperty(signs, [&](const std::string& fullName, const auto& property) {
+        const ordered_json value = property.get(signs);
+        if (value.is_string() && value.get_ref<const std::string&>().find(character) != std::string::npos)
+            names.push_back(fullName);
+    });
+    return names;
+}
+
 } // namespace qrtVistrelClasses4

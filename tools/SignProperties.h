@@ -7,7 +7,9 @@
 #include <nlohmann/json.hpp>
 
 #include <cstdint>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 
@@ -20,5 +22,8 @@ nlohmann::ordered_json SignJson(DisplayDatabaseClass& signs, std::int16_t number
 /// property or the value is not of its type.
 bool SetSignProperty(DisplayDatabaseClass& signs, std::string_view name, std::string_view typed,
                      ErrorLines& errors);
+
+/// Names of the properties of the sign under the cursor whose text holds `character`.
+std::vector<std::string> PropertiesHolding(DisplayDatabaseClass& signs, char character);
 
 } // namespace qrtVistrelClasses4

@@ -136,7 +136,7 @@ ExitCode showSign(const SignsOptions& options, Session& session) {
 ExitCode assign(DisplayDatabaseClass& signs, const SignsOptions& options, ErrorLines& errors) {
     for (const std::string& assignment : options.assignments) {
         const std::size_t equals = assignment.find('=');
-        if (equals == assignment.npos) {
+        if (equals == assignment.npos || equals == 0) {
             errors.about(assignment);
             errors.add("a property takes the form Property=Value");
             return ExitCode::wrongUsage;
@@ -157,7 +157,13 @@ ExitCode addSign(DisplayDatabaseClass& signs, const SignsOptions& options, Error
     if (!name)
         return ExitCode::failed;
     signs.CurrentDisplayNumber(signs.AddNewDisplay(*name));
-    return assign(signs, options, errors);
+    const std::string added = signs.DisplayName();
+    const ExitCode assigned = assign(signs, options, errors);
+    if (assigned != ExitCode::done || signs.DisplayName() == added)
+        return assigned;
+    errors.about(options.name);
+    errors.add("a new sign cannot be given another name as DisplayName");
+    return ExitCode::wrongUsage;
 }
 
 ExitCode removeSign(DisplayDatabaseClass& signs, const SignsOptions& options, ErrorLines& errors) {

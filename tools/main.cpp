@@ -44,8 +44,9 @@ ExitCode finish(Session& session, ExitCode code) {
 ExitCode runProgram(int argumentCount, char** arguments) {
     Session session;
     std::string home;
-    CLI::App program("Shows and changes playfiles, the list of signs and the settings of LED message signs",
-                     "vistrel");
+    CLI::App program(
+        "Shows and changes playfiles, the list of signs, commands and settings of LED message signs",
+        "vistrel");
     program.formatter(std::make_shared<ExampleFirst>("vistrel show harbour.playfile"));
     program.set_version_flag("--version", "vistrel " VISTREL_VERSION);
     program.require_subcommand(1);
@@ -59,6 +60,9 @@ ExitCode runProgram(int argumentCount, char** arguments) {
     AddExportCommand(program, session);
     AddFramesCommand(program, session);
     AddSignsCommand(program, session);
+    AddCommandsCommand(program, session);
+    AddTextCommand(program, session);
+    AddRecentCommand(program, session);
     AddSettingsCommand(program, session);
     AddEffectsCommand(program, session);
     try {

@@ -45,7 +45,7 @@ public:
     /// Runs a shell command in its home; what it leaves in the file "out" beside that counts as output.
     Outcome runShell(const std::string& command) const {
         const std::string setUp =
-            "cd '" + home() + "'; export HOME='" + usersFolder() + "' XDG_CONFIG_HOME= ;";
+            "cd '" + home() + "'; export HOME='" + usersFolder() + "' XDG_CONFIG_HOME= LC_ALL=C ;";
         const int status = std::system((setUp + command + " 2> ../err < /dev/null").c_str());
         return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ContentOf(folder_.file("out")),
                 ContentOf(folder_.file("err"))};

@@ -80,9 +80,11 @@ TEST(Signs, WhatCannotBeDoneChangesNothing) {
         {"add 'one \"two\"'", 1, "one \"two\": DisplayName: a list of signs cannot hold quotes"},
         {"set Gate DisplayName='Pier 1'", 1, "sign 1 has that name"},
         {"set Gate DisplayName=", 1, "a sign needs a name"},
-        {"set Gate 'Schedule1.StopTime=\"'", 1, "Gate: Schedules/0/StopTime: a list of signs cannot"},
+        {"set Gate 'Schedule1.StopTime=\"'", 1, "Gate: Schedule1.StopTime: a list of signs cannot"},
         {"set Gate Switch1=1 DisplayWidth=wide", 2, "DisplayWidth: takes a whole number from -32768"},
         {"set Gate DisplayWith=1", 2, "DisplayWith: no such property; the nearest name is DisplayWidth"},
+        {"set Gate =1", 2, "=1: a property takes the form Property=Value"},
+        {"add New DisplayName=Newer", 2, "New: a new sign cannot be given another name"},
         {"add New DisplayWidth", 2, "DisplayWidth: a property takes the form Property=Value"},
     };
     const Program vistrel;
@@ -138,6 +140,11 @@ TEST(Signs, AreSavedInTheHomeWhereverTheyWereRead) {
 
 TEST(Signs, AFailedSaveIsTold) {
     const Program vistrel;
+    std::filesystem::create_directories(vistrel.inHome("Displays.dat.bak/taken"));
+    const Outcome saved = vistrel.run("signs remove Gate");
+    EXPECT_EQ(saved.exitCode, 1);
+    EXPECT_THAT(saved.out, HasSubstr("removed Gate; 3 signs now"));
+    EXPECT_THAT(saved.err, HasSubstr("the previous list could not be kept as " + vistrel.home()));
     std::filesystem::remove(vistrel.inHome("Displays.dat"));
     std::filesystem::create_symlink("nosuch/Displays.dat", vistrel.inHome("Displays.dat"));
     const Outcome outcome = vistrel.run("signs add New");
