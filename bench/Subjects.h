@@ -15,6 +15,9 @@ std::vector<Ratio> XmlSubject(const BenchFolder& folder);
 std::vector<Ratio> EditSubject(const BenchFolder& folder);
 /// Loading, saving and searching lists of signs. The library's home must be the folder.
 std::vector<Ratio> DisplaysSubject(const BenchFolder& folder);
+/// Rewriting placeholders of older texts; loading and saving the table of commands. The library's home must
+/// be the folder.
+std::vector<Ratio> CommandsSubject(const BenchFolder& folder);
 /// Loading and saving all preferences. The library's home must be the folder.
 std::vector<Ratio> SettingsSubject(const BenchFolder& folder);
 /// Properties with and without the call trace.
