@@ -10,14 +10,8 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-constexpr std::string_view kBackupEnding = ".bak";
-
-/// The setting that tells where the table is.
-struct TableFileSetting {
-    std::string application{kVistrelLite};
-    std::string section = "Commands";
-    std::string valueName = "KeyByteFile";
-};
+/// Where the table is.
+constexpr RegistrySetting kTableFile{kVistrelLite, "Commands", "KeyByteFile"};
 
 constexpr Procedure procedure(ProcedureKind kind, std::string_view name) {
     return {"clsCommandInterface.cls", kind, name};
@@ -31,11 +25,7 @@ std::string tableBelow(const std::string& folder) {
     return folder + "db" + kPathSeparator + "VistrelLite.dat";
 }
 
-std::string configuredPath() {
-    const TableFileSetting setting;
-    return ReadSetting(setting.application, setting.section, setting.valueName,
-                       tableBelow(WithTrailingSeparator(LibraryFolder())));
-}
+std::string configuredPath() { return kTableFile.read(tableBelow(WithTrailingSeparator(LibraryFolder()))); }
 
 /// Where the table is saved: over the file that there is, else below the library's folder. Behind a root this
 /// has one separator more than loading takes, which existing settings hold so.
@@ -118,8 +108,7 @@ void clsCommandInterface::SaveCommandTable() {
     traced(sub("SaveCommandTable"), [&] {
         quietly([&] {
             const std::string path = pathToSave();
-            const TableFileSetting setting;
-            WriteSetting(setting.application, setting.section, setting.valueName, path);
+            kTableFile.write(path);
             makeFolderOf(path);
             writeFile(path);
         });

@@ -17,16 +17,11 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-constexpr std::string_view kBackupEnding = ".bak";
-
 SignListSynchronisation* installedSynchronisation = nullptr;
 
-/// The setting that tells where the list was written last.
-struct DataFileSetting {
-    std::string application{kVistrelLite};
-    std::string section = "Preview";
-    std::string valueName = "DisplayDataFile";
-};
+/// Where the list was written last.
+constexpr RegistrySetting kDataFile{kVistrelLite, "Preview", "DisplayDataFile"};
+constexpr RegistrySetting kSynchronise{kVistrel3, kSettingsSection, "SyncPCScheduler"};
 
 std::string defaultPath(const std::string& fileName) { return JoinPath(LibraryFolder(), fileName); }
 
@@ -69,9 +64,7 @@ std::int32_t mostDisplays(std::size_t fileSize) {
 }
 
 void synchronise(DisplayDatabaseClass& displays) {
-    const std::string wanted =
-        ReadSetting(std::string(kVistrel3), std::string(kSettingsSection), "SyncPCScheduler", "False");
-    if (wanted == "True" && installedSynchronisation)
+    if (kSynchronise.read("False") == "True" && installedSynchronisation)
         installedSynchronisation->synchronise(displays);
 }
 
@@ -98,18 +91,17 @@ void DisplayDatabaseClass::WriteAllDisplaysToDisk() {
 }
 
 void DisplayDatabaseClass::writeDisplays(std::string& sFileName) {
-    const DataFileSetting setting;
     sFileName = defaultPath(sFileName);
-    WriteSetting(setting.application, setting.section, setting.valueName, sFileName);
+    kDataFile.write(sFileName);
     FileSystem& files = platform().files();
     if (!halfWritten_ || *halfWritten_ != std::pair(sFileName, files.sizeOf(sFileName).value))
         keepPrevious(sFileName); // else the copy is the last whole list
-    halfWritten_.reset();
     bool isOpened = false;
     try {
         const auto file = ValueOf(files.open(sFileName, OpenMode::replace));
         isOpened = true;
         writeTo(*file);
+        halfWritten_.reset();
     } catch (...) {
         const RuntimeError error = CurrentError();
         if (isOpened)
@@ -148,8 +140,7 @@ void DisplayDatabaseClass::RetrieveAllDisplayInfoFromDisk() {
 }
 
 void DisplayDatabaseClass::readDisplays(std::string& sFileName) {
-    const DataFileSetting setting;
-    sFileName = ReadSetting(setting.application, setting.section, setting.valueName, defaultPath(sFileName));
+    sFileName = kDataFile.read(defaultPath(sFileName));
     const FileBytes bytes = ValueOf(platform().files().read(sFileName));
     displays_.reserve(mostDisplays(bytes.size));
     DelimitedReader in(bytes.text());

@@ -1,23 +1,22 @@
 #include "frame/DelimitedValues.h"
 
 #include "frame/Text.h"
+#include "frame/TextLines.h"
 #include "platform/LetterCase.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cstring>
-#include <system_error>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
 constexpr char kQuote = '"';
 constexpr char kSeparator = ',';
+constexpr std::string_view kLineEnd = "\r\n";
 
 /// `text` without the line end, or the separator, that it starts with.
 std::string_view behindSeparator(std::string_view text) {
-    if (text.starts_with("\r\n"))
-        return text.substr(2);
+    if (text.starts_with(kLineEnd))
+        return text.substr(kLineEnd.size());
     const bool separates =
         !text.empty() && (text.front() == kSeparator || text.front() == '\r' || text.front() == '\n');
     return text.substr(separates ? 1 : 0);
@@ -54,30 +53,6 @@ std::string_view DelimitedReader::plainValue() {
     return result;
 }
 
-/// Takes a line that holds an integer in its usual form; leaves any other to the conversions.
-template <class Integer>
-bool DelimitedReader::takePlainInteger(Integer& number) {
-    Integer parsed{};
-    const char* const end = rest_.data() + rest_.size();
-    const auto [digitsEnd, error] = std::from_chars(rest_.data(), end, parsed);
-    const std::string_view behind(digitsEnd, static_cast<std::size_t>(end - digitsEnd));
-    if (error != std::errc() || !behind.starts_with("\r\n"))
-        return false;
-    number = parsed;
-    rest_ = behind.substr(2);
-    return true;
-}
-
-/// Takes the next line when it is this one, its end included.
-template <std::size_t size>
-bool DelimitedReader::takeLine(const char (&line)[size]) {
-    constexpr std::size_t length = size - 1;
-    if (rest_.size() < length || std::memcmp(rest_.data(), line, length) != 0)
-        return false;
-    rest_.remove_prefix(length);
-    return true;
-}
-
 /// Takes a line that holds a quoted text and nothing else.
 bool DelimitedReader::takeQuotedLine(std::string& text) {
     if (!rest_.starts_with(kQuote))
@@ -91,26 +66,26 @@ bool DelimitedReader::takeQuotedLine(std::string& text) {
 }
 
 void DelimitedReader::get(std::string& text) {
-    if (takeLine("\"\"\r\n"))
+    if (TakeLine(rest_, "\"\"\r\n"))
         text.clear();
     else if (!takeQuotedLine(text))
         text.assign(value());
 }
 
 void DelimitedReader::get(std::int16_t& number) {
-    if (!takePlainInteger(number))
+    if (!TakeIntegerLine(rest_, "", kLineEnd, number))
         number = TextToInt16(value());
 }
 
 void DelimitedReader::get(std::int32_t& number) {
-    if (!takePlainInteger(number))
+    if (!TakeIntegerLine(rest_, "", kLineEnd, number))
         number = TextToInt32(value());
 }
 
 void DelimitedReader::get(bool& flag) {
-    if (takeLine("#FALSE#\r\n")) {
+    if (TakeLine(rest_, "#FALSE#\r\n")) {
         flag = false;
-    } else if (takeLine("#TRUE#\r\n")) {
+    } else if (TakeLine(rest_, "#TRUE#\r\n")) {
         flag = true;
     } else {
         const std::string_view text = Trim(value());

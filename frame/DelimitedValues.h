@@ -35,10 +35,6 @@ private:
     std::string_view quotedValue();
     std::string_view plainValue();
     bool takeQuotedLine(std::string& text);
-    template <class Integer>
-    bool takePlainInteger(Integer& number);
-    template <std::size_t size>
-    bool takeLine(const char (&line)[size]);
 
     std::string_view rest_;
 };

@@ -4,8 +4,6 @@
 #include "frame/TextLines.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cstring>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -57,34 +55,8 @@ std::string_view QuotedLineReader::value() {
     return result;
 }
 
-/// Takes the next line when it is this one, its end included.
-template <std::size_t size>
-bool QuotedLineReader::takeLine(const char (&line)[size]) {
-    constexpr std::size_t length = size - 1;
-    if (rest_.size() < length || std::memcmp(rest_.data(), line, length) != 0)
-        return false;
-    rest_.remove_prefix(length);
-    return true;
-}
-
-/// Takes a line that holds a quoted integer in its usual form; leaves any other to the conversions.
-template <class Integer>
-bool QuotedLineReader::takePlainInteger(Integer& number) {
-    const char* const end = rest_.data() + rest_.size();
-    if (rest_.empty() || rest_.front() != kQuote)
-        return false;
-    Integer parsed{};
-    const auto [digitsEnd, error] = std::from_chars(rest_.data() + 1, end, parsed);
-    const std::string_view behind(digitsEnd, static_cast<std::size_t>(end - digitsEnd));
-    if (error != std::errc() || !behind.starts_with(kQuotedLineEnd))
-        return false;
-    number = parsed;
-    rest_ = behind.substr(kQuotedLineEnd.size());
-    return true;
-}
-
 void QuotedLineReader::get(std::string& text) {
-    if (takeLine("\"\"\r\n")) {
+    if (TakeLine(rest_, "\"\"\r\n")) {
         text.clear();
         return;
     }
@@ -93,24 +65,24 @@ void QuotedLineReader::get(std::string& text) {
 }
 
 void QuotedLineReader::get(std::int16_t& number) {
-    if (!takePlainInteger(number))
+    if (!TakeIntegerLine(rest_, "\"", kQuotedLineEnd, number))
         number = TextToInt16(value());
 }
 
 void QuotedLineReader::get(std::int32_t& number) {
-    if (!takePlainInteger(number))
+    if (!TakeIntegerLine(rest_, "\"", kQuotedLineEnd, number))
         number = TextToInt32(value());
 }
 
 void QuotedLineReader::get(double& number) {
     std::int32_t whole = 0;
-    number = takePlainInteger(whole) ? whole : TextToDouble(value());
+    number = TakeIntegerLine(rest_, "\"", kQuotedLineEnd, whole) ? whole : TextToDouble(value());
 }
 
 void QuotedLineReader::get(bool& flag) {
-    if (takeLine("\"False\"\r\n"))
+    if (TakeLine(rest_, "\"False\"\r\n"))
         flag = false;
-    else if (takeLine("\"True\"\r\n"))
+    else if (TakeLine(rest_, "\"True\"\r\n"))
         flag = true;
     else
         flag = TextToBoolean(value());

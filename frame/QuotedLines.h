@@ -36,11 +36,6 @@ public:
     void get(bool& flag);
 
 private:
-    template <std::size_t size>
-    bool takeLine(const char (&line)[size]);
-    template <class Integer>
-    bool takePlainInteger(Integer& number);
-
     std::string_view rest_;
 };
 

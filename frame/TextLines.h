@@ -1,7 +1,10 @@
 // A text cut into its lines.
 #pragma once
 
+#include <charconv>
+#include <cstring>
 #include <string_view>
+#include <system_error>
 
 namespace qrtVistrelClasses4 {
 
@@ -17,6 +20,34 @@ inline TextLine FirstLine(std::string_view text) {
         return {text, text.size()};
     const std::size_t end = feed > 0 && text[feed - 1] == '\r' ? feed - 1 : feed;
     return {text.substr(0, end), feed + 1};
+}
+
+/// Takes the first line off `text` when it is `line`, its end included.
+template <std::size_t size>
+bool TakeLine(std::string_view& text, const char (&line)[size]) {
+    constexpr std::size_t length = size - 1;
+    if (text.size() < length || std::memcmp(text.data(), line, length) != 0)
+        return false;
+    text.remove_prefix(length);
+    return true;
+}
+
+/// Takes the first line off `text` when it is an integer in its usual form, between `opening` and `ending`,
+/// which includes the line's end.
+template <class Integer>
+bool TakeIntegerLine(std::string_view& text, std::string_view opening, std::string_view ending,
+                     Integer& number) {
+    if (!text.starts_with(opening))
+        return false;
+    Integer parsed{};
+    const char* const end = text.data() + text.size();
+    const auto [digitsEnd, error] = std::from_chars(text.data() + opening.size(), end, parsed);
+    const std::string_view behind(digitsEnd, static_cast<std::size_t>(end - digitsEnd));
+    if (error != std::errc() || !behind.starts_with(ending))
+        return false;
+    number = parsed;
+    text = behind.substr(ending.size());
+    return true;
 }
 
 } // namespace qrtVistrelClasses4

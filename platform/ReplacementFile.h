@@ -9,6 +9,9 @@
 
 namespace qrtVistrelClasses4 {
 
+/// What is added to the name of a file that is kept before another takes its place.
+inline constexpr std::string_view kBackupEnding = ".bak";
+
 /// A new version of a file. It is written beside the old one and takes its place in `commit`, so that a save
 /// cut short at any moment leaves the complete old file or the complete new one. Only where the folder takes
 /// no new file but the old one may be written is it written in place. Unless committed, the new version is

@@ -15,12 +15,8 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// The setting that tells where the list was written last.
-struct ListFileSetting {
-    std::string application{kVistrelLite};
-    std::string section{kSettingsSection};
-    std::string valueName = "MRU";
-};
+/// Where the list was written last.
+constexpr RegistrySetting kListFile{kVistrelLite, kSettingsSection, "MRU"};
 
 std::string defaultPath() { return JoinPath(LibraryFolder(), "VistrelLite.MRU"); }
 
@@ -121,31 +117,39 @@ bool MostRecentlyUsed::RemoveEntry(const std::string& sFileName) {
 }
 
 bool MostRecentlyUsed::GetMRUFromDisk() {
-    bool mayBeWritten = true;
+    bool mayBeWritten = false;
     traced(sub("GetMRUFromDisk"), [&] {
         entries_ = OneBasedArray<std::string>(1);
-        const ListFileSetting setting;
-        const std::string path =
-            ReadSetting(setting.application, setting.section, setting.valueName, defaultPath());
-        const auto file = platform().files().read(path);
+        const std::string path = kListFile.read(defaultPath());
+        FileSystem& files = platform().files();
+        const auto file = files.read(path);
+        mayBeWritten = file.error == SystemError::fileNotFound || file.error == SystemError::folderNotFound;
         if (file.error == SystemError::fileNotFound)
             throw ErrorFor(file.error).quietly(); // the list is about to be started
-        mayBeWritten = file.error == SystemError::none || file.error == SystemError::folderNotFound;
         Check(file.error);
-        DelimitedReader in(file.value.text());
-        for (std::int32_t number = 1; !in.atEnd(); ++number) {
-            entries_.resize(number);
-            in.get(entries_.at(number));
+        try {
+            readEntries(file.value.text());
+            mayBeWritten = true;
+        } catch (const RuntimeError&) { // a damaged file, whose names are not all here
+            mayBeWritten = files.copy(path, path + std::string(kBackupEnding)) == SystemError::none;
+            throw;
         }
     });
     return mayBeWritten;
 }
 
+void MostRecentlyUsed::readEntries(std::string_view text) {
+    DelimitedReader in(text);
+    for (std::int32_t number = 1; !in.atEnd(); ++number) {
+        entries_.resize(number);
+        in.get(entries_.at(number));
+    }
+}
+
 void MostRecentlyUsed::WriteMRUToDisk() {
     traced(sub("WriteMRUToDisk"), [&] {
-        const ListFileSetting setting;
         const std::string path = defaultPath();
-        WriteSetting(setting.application, setting.section, setting.valueName, path);
+        kListFile.write(path);
         ReplacementFile file(platform().files(), path);
         Check(file.error());
         DelimitedWriter out(file);

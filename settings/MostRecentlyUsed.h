@@ -11,8 +11,9 @@ namespace qrtVistrelClasses4 {
 
 /// The names of the files opened last, newest first, and their file "VistrelLite.MRU". Every change reads the
 /// file first and writes it at once, so that objects and processes see each other's changes. The list usually
-/// ends with an empty entry, and has no limit. A damaged file is read as far as it goes, and the next change
-/// writes that; a name with a quote in it damages the file. One thread at a time.
+/// ends with an empty entry, and has no limit. A damaged file is copied to name + ".bak" and read as far as
+/// it goes, and the next change writes that; a name with a quote in it damages the file. One thread at a
+/// time.
 ///
 /// Every member but `ClassDebugID` is traced and traps its errors: the result is then 0 or "". A file that
 /// does not exist yet is an error that nobody is bothered with.
@@ -51,8 +52,9 @@ private:
     void AddEntry(const std::string& sFileName);
     /// False when the list could not be read, and was left alone.
     bool RemoveEntry(const std::string& sFileName);
-    /// False when there is a file that cannot be opened: it must not be written over.
+    /// False when there are names that could neither be read nor kept: they must not be written over.
     bool GetMRUFromDisk();
+    void readEntries(std::string_view text);
     void WriteMRUToDisk();
 
     OneBasedArray<std::string> entries_;

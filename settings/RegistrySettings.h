@@ -19,4 +19,19 @@ std::string ReadSetting(const std::string& Application, const std::string& Secti
 void WriteSetting(const std::string& Application, const std::string& Section, const std::string& ValueName,
                   const std::string& Value);
 
+/// One such setting.
+struct RegistrySetting {
+    std::string_view application;
+    std::string_view section;
+    std::string_view valueName;
+
+    std::string read(const std::string& defaultValue) const {
+        return ReadSetting(std::string(application), std::string(section), std::string(valueName),
+                           defaultValue);
+    }
+    void write(const std::string& value) const {
+        WriteSetting(std::string(application), std::string(section), std::string(valueName), value);
+    }
+};
+
 } // namespace qrtVistrelClasses4

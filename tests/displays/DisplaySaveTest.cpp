@@ -109,6 +109,10 @@ TEST_F(DisplaySave, LeavesWhatFittedOnAFullDisk) {
         EXPECT_EQ(files().content(backup_), longer);
     }
     files().bytesLeft.reset();
+    files().setReadOnly(path_);
+    write();
+    expectBox(noRights_);
+    files().setReadOnly(path_, false);
     write();
     EXPECT_EQ(files().content(backup_), longer) << "rather than the half of a list";
     files().observer = [&](const FileOperation& operation) {

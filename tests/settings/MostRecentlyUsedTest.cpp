@@ -74,9 +74,11 @@ TEST_F(MostRecentlyUsedTest, ChangesWhatTheFileHolds) {
     EXPECT_EQ(recent.TotalFilesInList(), 0);
     EXPECT_EQ(content(), lines({"a", "b", ""}));
     EXPECT_TRUE(host_.reports.all.empty());
-    files().put(path_, lines({"a"}) + "\"damaged");
+    const std::string damaged = lines({"a"}) + "\"damaged";
+    files().put(path_, damaged);
     recent.AddFileToMostRecentlyUsedList("c");
     EXPECT_EQ(content(), lines({"c", "a", ""})) << "as far as it can be read";
+    EXPECT_EQ(files().content(path_ + ".bak"), damaged);
     EXPECT_EQ(host_.reports.all.at(0).error.number(), 62);
 }
 
