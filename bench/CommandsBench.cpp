@@ -1,6 +1,7 @@
 // Commands of the sign: placeholders of older texts, against passes over the text; the table of commands,
 // load and save, against the least that reading and writing can cost.
 #include "bench/Dice.h"
+#include "bench/OlderTexts.h"
 #include "bench/Subjects.h"
 #include "bench/Timing.h"
 #include "bench/WholeFile.h"
@@ -9,8 +10,6 @@
 #include "settings/RegistrySettings.h"
 
 #include <algorithm>
-#include <array>
-#include <string_view>
 
 namespace qrtVistrelClasses4::bench {
 namespace {
@@ -20,70 +19,7 @@ constexpr double kMostOfCopying = 18;
 constexpr double kMostOfReading = 15;
 constexpr double kMostOfWriting = 20;
 
-constexpr std::size_t kTexts = 1049;
-constexpr std::size_t kTextSize = 255;
-constexpr std::size_t kPlaceholdersInText = 8;
-
 constexpr std::int16_t kCommands = 20000;
-
-using Texts = std::vector<std::string>;
-
-struct Replacement {
-    std::string placeholder;
-    std::string code;
-};
-
-/// All placeholders, in the order that they are replaced in.
-std::vector<Replacement> makeReplacements() {
-    std::vector<Replacement> replacements{{"{time}", "|h:m|"},
-                                          {"{mtime}", "|hm|"},
-                                          {"{temp_c}", "##C"},
-                                          {"{temp_f}", "##F"},
-                                          {"{tdays}", ""},
-                                          {"{years}", ""},
-                                          {"{months}", ""},
-                                          {"{days}", ""},
-                                          {"{hours}", ""},
-                                          {"{seconds}", ""},
-                                          {"{date1}", "|m/dd/y|"},
-                                          {"{date2}", "|mmmmmmm_dd,_yyy|"},
-                                          {"{date3}", "|dddddddd_mmmmmmmm_dd,_yyy|"},
-                                          {"{date4}", "|mm_d|"},
-                                          {"{date5}", "|ddddddd|"},
-                                          {"{date6}", "|mmmmmmm_dd,_yyy|"},
-                                          {"{date7}", "|dddddddd_mmmmmmmm_dd,_yyy|"},
-                                          {"{date8}", "|mm_d|"},
-                                          {"{date9}", "|mmmmmmm_dd,_yyy|"},
-                                          {"{minutes}", ""}};
-    const auto addNumbered = [&](const std::string& name, const std::string& code, int last,
-                                 std::size_t digits) {
-        for (int number = 1; number <= last; ++number) {
-            const std::string text = std::to_string(number);
-            replacements.push_back(
-                {"{" + name + text + "}", code + std::string(digits - text.size(), '0') + text});
-        }
-    };
-    addNumbered("vbl ", "VBL", 416, 3);
-    addNumbered("cnt ", "CR", 16, 2);
-    return replacements;
-}
-
-/// Any placeholders, evenly spread among words. The same at every call.
-Texts makeTexts(const std::vector<Replacement>& replacements) {
-    constexpr std::array<std::string_view, 6> words{"Platform ", "Train to ", "in ",
-                                                    "WELCOME! ", "Gate ",     "- "};
-    Dice dice;
-    Texts texts(kTexts);
-    for (std::string& text : texts)
-        for (std::size_t made = 0; made < kPlaceholdersInText;) {
-            text += dice.oneOf(replacements).placeholder;
-            const std::size_t end = ++made * kTextSize / kPlaceholdersInText;
-            while (text.size() < end)
-                text += dice.oneOf(words);
-            text.resize(end);
-        }
-    return texts;
-}
 
 std::string replaceInPasses(std::string text, const std::vector<Replacement>& replacements) {
     for (const auto& [placeholder, code] : replacements)
@@ -95,8 +31,8 @@ std::string replaceInPasses(std::string text, const std::vector<Replacement>& re
 }
 
 void registerLegacy() {
-    const auto replacements = makeReplacements();
-    const Texts texts = makeTexts(replacements);
+    const auto replacements = MakeReplacements();
+    const std::vector<std::string> texts = MakeTexts(replacements);
     for (const std::string& text : texts) {
         Require(text.size() == kTextSize, "a text has another size");
         Require(std::count(text.begin(), text.end(), '{') == kPlaceholdersInText,

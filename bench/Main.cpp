@@ -29,7 +29,7 @@ bool measure() {
     std::vector<Ratio> ratios;
     for (const auto& subject :
          {PlayfileSubject(folder), XmlSubject(folder), EditSubject(folder), DisplaysSubject(folder),
-          CommandsSubject(folder), SettingsSubject(folder), TraceSubject()})
+          CommandsSubject(folder), LegacySubject(folder), SettingsSubject(folder), TraceSubject()})
         ratios.insert(ratios.end(), subject.begin(), subject.end());
     MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

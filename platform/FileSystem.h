@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,16 @@ struct FileBytes {
     std::unique_ptr<char[]> data;
     std::size_t size = 0;
     std::string_view text() const { return {data.get(), size}; }
+};
+
+/// A file being read in pieces, from anywhere in it.
+class InputFile {
+public:
+    virtual ~InputFile() = default;
+    /// Bytes that the file held when it was opened.
+    virtual std::uint64_t size() const = 0;
+    /// Fills `bytes` with those from `offset` on. The number of them: less at the end of the file.
+    virtual Result<std::size_t> readAt(std::uint64_t offset, std::span<char> bytes) = 0;
 };
 
 /// What takes bytes, one piece after another.
@@ -57,6 +68,9 @@ public:
     virtual Result<std::uint64_t> sizeOf(const std::string& path) = 0;
     /// The whole file. A folder or a device is `accessDenied`, more than 2 GiB `tooLarge`.
     virtual Result<FileBytes> read(const std::string& path) = 0;
+
+    /// A folder or a device is `accessDenied`.
+    virtual Result<std::unique_ptr<InputFile>> openToRead(const std::string& path) = 0;
 
     virtual Result<std::unique_ptr<OutputFile>> open(const std::string& path, OpenMode mode) = 0;
     /// Makes an empty file under a fresh name in the folder of `path`, with the rights that the file `path`

@@ -221,7 +221,9 @@ public:
 
     /// Fills the frames from the file, resized to its number, and remembers its name. Missing picture and
     /// command files are looked for beside the playfile. False when the file cannot be read to its end; the
-    /// frames read until then stay. Names ending in "PL2" (the older format) are refused.
+    /// frames read until then stay. A name ending in "PL2" is one of the older format: its frames are
+    /// converted, as far as `TotalFramesAllowed` and one more, and then the operator is asked, unless
+    /// suppressed, whether to go on; false for no, too, but the frames stay.
     bool GetPlayfileFromDisk(const std::string& sFileName);
     /// Saves all frames and remembers the name. Asks once, unless suppressed, whether files on drives that
     /// may go away are to be copied into the application's data folder. False after telling the operator that
@@ -264,6 +266,9 @@ private:
     void checkLinesFrom(std::int32_t number);
     void writeXml(const std::string& path);
     void readPlayfile(const std::string& sFileName);
+    bool GetLegacyPlayfileFromDisk(const std::string& sFileName);
+    /// False when the file is not of the older format; the frames then stay as they were.
+    bool readLegacyPlayfile(const std::string& sFileName);
     void writePlayfile(const std::string& sFileName);
 
     OneBasedArray<FrameRecord> frames_;

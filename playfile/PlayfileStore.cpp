@@ -1,35 +1,26 @@
 // Loading and saving the playfile, with the corrections and questions that belong to it.
 #include "frame/Traced.h"
-#include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
 #include "playfile/Effects.h"
 #include "playfile/FrameInfoClass.h"
 #include "playfile/FrameProcedures.h"
+#include "playfile/LegacyFormat.h"
 #include "playfile/MediaFiles.h"
 #include "playfile/PlayfileFormat.h"
 #include "settings/AppFolder.h"
 
-#include <algorithm>
 #include <optional>
 #include <unordered_map>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
-constexpr std::string_view kLegacyEnding = "PL2";
-constexpr int kInvalidFileFormat = 321;
-
 /// Old files number the 4x8 font 2; it has become a custom font since.
 constexpr std::int16_t kOldFont4x8 = 2;
 constexpr std::int16_t kCustomFont = 12;
 constexpr std::string_view kFont4x8File = "FNT4X8.CFF";
-
-bool isLegacyName(const std::string& fileName) {
-    return AnsiUpper(fileName.substr(fileName.size() - std::min(fileName.size(), kLegacyEnding.size()))) ==
-           kLegacyEnding;
-}
 
 /// Finds the files that a playfile refers to, while it is being read.
 class ReferenceFinder {
@@ -115,9 +106,8 @@ bool FrameInfoClass::GetPlayfileFromDisk(const std::string& sFileName) {
         FrameFunction("GetPlayfileFromDisk"),
         [&] {
             currentFileName_ = sFileName;
-            if (isLegacyName(sFileName))
-                throw RuntimeError(kInvalidFileFormat,
-                                   "Playfiles of the older format (PL2) cannot be opened");
+            if (HasLegacyEnding(sFileName))
+                return GetLegacyPlayfileFromDisk(sFileName);
             readPlayfile(sFileName);
             return true;
         },

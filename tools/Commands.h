@@ -50,6 +50,8 @@ void AddShowCommand(CLI::App& program, Session& session);
 void AddSaveCommand(CLI::App& program, Session& session);
 void AddExportCommand(CLI::App& program, Session& session);
 void AddFramesCommand(CLI::App& program, Session& session);
+void AddConvertCommand(CLI::App& program, Session& session);
+void AddInspectCommand(CLI::App& program, Session& session);
 void AddSignsCommand(CLI::App& program, Session& session);
 void AddCommandsCommand(CLI::App& program, Session& session);
 void AddTextCommand(CLI::App& program, Session& session);

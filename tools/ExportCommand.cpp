@@ -2,6 +2,7 @@
 #include "playfile/FrameInfoClass.h"
 #include "tools/Commands.h"
 #include "tools/Encoding.h"
+#include "tools/Opening.h"
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -9,12 +10,12 @@ namespace {
 struct ExportOptions {
     std::string file;
     std::string out; ///< Empty: the name of the playfile.
+    AnswerOptions answers;
 };
 
 ExitCode exportXml(const ExportOptions& options, Session& session) {
     FrameInfoClass playfile;
-    session.errors.about(options.file);
-    if (!playfile.GetPlayfileFromDisk(options.file))
+    if (!OpenPlayfile(playfile, options.file, options.answers, session.errors))
         return ExitCode::failed;
     const std::string& name = options.out.empty() ? options.file : options.out;
     session.errors.about(name + ".xml");
@@ -36,6 +37,7 @@ void AddExportCommand(CLI::App& program, Session& session) {
     command.add_option("FILE", options->file, "The playfile")->required();
     command.add_option("--out", options->out,
                        "Name to write to, without the \".xml\" that is added; else the playfile's own");
+    AddAnswerOptions(command, options->answers);
     command.callback([options, &session] {
         session.command = [options, &session] { return exportXml(*options, session); };
     });

@@ -5,6 +5,7 @@
 #include "tools/Decimal.h"
 #include "tools/Encoding.h"
 #include "tools/JsonText.h"
+#include "tools/Opening.h"
 #include "tools/Saving.h"
 
 #include <istream>
@@ -136,8 +137,7 @@ std::string copyFrames(FrameInfoClass& playfile, const FramesOptions& options, E
 
 std::string pasteFrames(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
     FrameInfoClass other;
-    errors.about(options.other);
-    if (!other.GetPlayfileFromDisk(options.other))
+    if (!OpenPlayfile(other, options.other, options.answers, errors))
         return {};
     const FrameRange range = options.framesOfOther.value_or(FrameRange(1, other.TotalFrames()));
     if (!isWithin("FRAMES", range, other, errors))
@@ -154,8 +154,7 @@ using Edit = decltype(&insertFrame);
 
 ExitCode editFrames(Edit edit, const FramesOptions& options, Session& session) {
     FrameInfoClass playfile;
-    session.errors.about(options.file);
-    if (!playfile.GetPlayfileFromDisk(options.file))
+    if (!OpenPlayfile(playfile, options.file, options.answers, session.errors))
         return ExitCode::failed;
     const std::string done = edit(playfile, options, session.errors);
     if (!session.errors.empty())

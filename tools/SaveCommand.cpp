@@ -1,6 +1,7 @@
 // vistrel save: a playfile under another name.
 #include "playfile/FrameInfoClass.h"
 #include "tools/Commands.h"
+#include "tools/Opening.h"
 #include "tools/Saving.h"
 
 namespace qrtVistrelClasses4 {
@@ -14,8 +15,7 @@ struct SaveOptions {
 
 ExitCode save(const SaveOptions& options, Session& session) {
     FrameInfoClass playfile;
-    session.errors.about(options.from);
-    if (!playfile.GetPlayfileFromDisk(options.from))
+    if (!OpenPlayfile(playfile, options.from, options.answers, session.errors))
         return ExitCode::failed;
     return SavePlayfile(playfile, options.to, options.answers, session);
 }

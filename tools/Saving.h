@@ -2,21 +2,15 @@
 #pragma once
 
 #include "playfile/FrameInfoClass.h"
+#include "tools/Answers.h"
 #include "tools/Commands.h"
 
 #include <string>
 
 namespace qrtVistrelClasses4 {
 
-/// Whether questions are answered beforehand. With neither they are asked.
-struct AnswerOptions {
-    bool yes = false;
-    bool no = false;
-};
-
-void AddAnswerOptions(CLI::App& command, AnswerOptions& options);
-
-/// Saves `playfile` as the file `to`; a failure goes to the session's errors.
+/// Saves `playfile` as the file `to`; a failure goes to the session's errors. What one of the older format
+/// loses by it is printed.
 ExitCode SavePlayfile(FrameInfoClass& playfile, const std::string& to, const AnswerOptions& options,
                       Session& session);
 

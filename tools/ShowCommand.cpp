@@ -3,6 +3,7 @@
 #include "tools/Commands.h"
 #include "tools/FrameJson.h"
 #include "tools/JsonText.h"
+#include "tools/Opening.h"
 #include "tools/PropertyValues.h"
 #include "tools/Table.h"
 
@@ -19,6 +20,7 @@ struct ShowOptions {
     std::string file;
     std::int16_t frame = 0; ///< 0: all of them.
     bool json = false;
+    AnswerOptions answers;
 };
 
 std::string kindName(const ordered_json& frame) {
@@ -111,10 +113,11 @@ void dropUnreadFrames(std::vector<ordered_json>& frames, ErrorLines& errors) {
 }
 
 ExitCode show(const ShowOptions& options, Session& session) {
-    session.errors.about(options.file);
     FrameInfoClass playfile;
     playfile.TotalFrames(0); // else its first twenty frames would stand for a file that cannot be read at all
-    const bool complete = playfile.GetPlayfileFromDisk(options.file);
+    const bool complete = OpenPlayfile(playfile, options.file, options.answers, session.errors);
+    if (!complete && playfile.IsLegacy())
+        return ExitCode::failed;
     std::vector<ordered_json> frames;
     for (std::int32_t number = 1; number <= playfile.TotalFrames(); ++number)
         frames.push_back(FrameJson(playfile, static_cast<std::int16_t>(number), session.errors));
@@ -156,6 +159,7 @@ void AddShowCommand(CLI::App& program, Session& session) {
         .add_option("--frame", options->frame, "Shows one frame with all its properties and lines; from 1")
         ->check(CLI::Range(1, int{std::numeric_limits<std::int16_t>::max()}));
     command.add_flag("--json", options->json, "Prints an array of frames with every property");
+    AddAnswerOptions(command, options->answers);
     command.callback(
         [options, &session] { session.command = [options, &session] { return show(*options, session); }; });
 }

@@ -59,6 +59,8 @@ ExitCode runProgram(int argumentCount, char** arguments) {
     AddSaveCommand(program, session);
     AddExportCommand(program, session);
     AddFramesCommand(program, session);
+    AddConvertCommand(program, session);
+    AddInspectCommand(program, session);
     AddSignsCommand(program, session);
     AddCommandsCommand(program, session);
     AddTextCommand(program, session);

@@ -34,6 +34,27 @@ FileBytes copyOf(std::string_view bytes) {
 
 } // namespace
 
+class MemoryInputFile final : public InputFile {
+public:
+    explicit MemoryInputFile(std::shared_ptr<const std::string> content, MemoryFileSystem& files,
+                             std::string path)
+        : content_(std::move(content)), files_(files), path_(std::move(path)) {}
+
+    std::uint64_t size() const override { return content_->size(); }
+    Result<std::size_t> readAt(std::uint64_t offset, std::span<char> bytes) override {
+        if (const auto error = files_.perform({FileOperation::read, path_, {}, {}});
+            error != SystemError::none)
+            return error;
+        return offset < content_->size() ? content_->copy(bytes.data(), bytes.size(), offset)
+                                         : std::size_t{0};
+    }
+
+private:
+    std::shared_ptr<const std::string> content_;
+    MemoryFileSystem& files_;
+    std::string path_;
+};
+
 /// Writes to the content it was opened on, also after a rename.
 class MemoryOutputFile final : public OutputFile {
 public:
@@ -106,16 +127,31 @@ Result<std::uint64_t> MemoryFileSystem::sizeOf(const std::string& path) {
                                                        : SystemError::fileNotFound;
 }
 
-Result<FileBytes> MemoryFileSystem::read(const std::string& path) {
+Result<std::shared_ptr<std::string>> MemoryFileSystem::contentToRead(const std::string& path) {
     if (const auto error = perform({FileOperation::read, path, {}, {}}); error != SystemError::none)
         return error;
     const Entry* entry = find(path);
     if (entry && entry->content)
-        return copyOf(*entry->content);
+        return entry->content;
     if (kind(path) == EntryKind::folder)
         return SystemError::accessDenied;
     return mayAdd(path) == SystemError::folderNotFound ? SystemError::folderNotFound
                                                        : SystemError::fileNotFound;
+}
+
+Result<FileBytes> MemoryFileSystem::read(const std::string& path) {
+    const auto content = contentToRead(path);
+    if (!content)
+        return content.error;
+    return copyOf(*content.value);
+}
+
+Result<std::unique_ptr<InputFile>> MemoryFileSystem::openToRead(const std::string& path) {
+    auto content = contentToRead(path);
+    if (!content)
+        return content.error;
+    return std::unique_ptr<InputFile>(
+        std::make_unique<MemoryInputFile>(std::move(content.value), *this, path));
 }
 
 SystemError MemoryFileSystem::mayWrite(const std::string& path) {

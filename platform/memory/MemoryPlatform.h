@@ -45,6 +45,7 @@ public:
     EntryKind kindOf(const std::string& path) override;
     Result<std::uint64_t> sizeOf(const std::string& path) override;
     Result<FileBytes> read(const std::string& path) override;
+    Result<std::unique_ptr<InputFile>> openToRead(const std::string& path) override;
     Result<std::unique_ptr<OutputFile>> open(const std::string& path, OpenMode mode) override;
     Result<TemporaryFile> createBeside(const std::string& path) override;
     SystemError mayWrite(const std::string& path) override;
@@ -76,6 +77,7 @@ public:
     std::function<SystemError(const FileOperation&)> observer;
 
 private:
+    friend class MemoryInputFile;
     friend class MemoryOutputFile;
     struct Entry {
         std::shared_ptr<std::string> content; ///< None for a folder.
@@ -83,6 +85,7 @@ private:
     };
 
     SystemError perform(const FileOperation& operation);
+    Result<std::shared_ptr<std::string>> contentToRead(const std::string& path);
     SystemError append(const std::string& path, std::string& content, std::string_view bytes);
     SystemError mayAdd(const std::string& path) const;
     EntryKind kind(const std::string& path) const;

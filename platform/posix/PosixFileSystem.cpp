@@ -74,6 +74,32 @@ Result<Source> openSource(const std::string& path) {
     return source;
 }
 
+class PosixInputFile final : public InputFile {
+public:
+    PosixInputFile(Source source, std::string path) : source_(std::move(source)), path_(std::move(path)) {}
+
+    std::uint64_t size() const override { return static_cast<std::uint64_t>(source_.status.st_size); }
+    Result<std::size_t> readAt(std::uint64_t offset, std::span<char> bytes) override {
+        std::size_t used = 0;
+        while (used < bytes.size()) {
+            const ssize_t count = uninterrupted([&] {
+                return ::pread(source_.file.number(), bytes.data() + used, bytes.size() - used,
+                               static_cast<off_t>(offset + used));
+            });
+            if (count == -1)
+                return errorOn(path_);
+            if (count == 0)
+                break;
+            used += static_cast<std::size_t>(count);
+        }
+        return used;
+    }
+
+private:
+    Source source_;
+    std::string path_;
+};
+
 bool isSameFile(const struct stat& one, const struct stat& other) {
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
 }
@@ -157,6 +183,13 @@ Result<FileBytes> PosixFileSystem::read(const std::string& path) {
     if (size > kLargestFile)
         return SystemError::tooLarge;
     return readToEnd(source.value.file.number(), size, path);
+}
+
+Result<std::unique_ptr<InputFile>> PosixFileSystem::openToRead(const std::string& path) {
+    auto source = openSource(path);
+    if (!source)
+        return source.error;
+    return std::unique_ptr<InputFile>(std::make_unique<PosixInputFile>(std::move(source.value), path));
 }
 
 Result<std::unique_ptr<OutputFile>> PosixFileSystem::open(const std::string& path, OpenMode mode) {

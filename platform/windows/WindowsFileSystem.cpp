@@ -34,6 +34,50 @@ Result<FileHandle> openSource(const std::string& path) {
     return file;
 }
 
+/// Fills `bytes`, or less of it at the end of the file; `used` is how many.
+SystemError fill(HANDLE file, std::span<char> bytes, std::size_t& used) {
+    constexpr std::size_t largestPiece = std::size_t{1} << 30;
+    used = 0;
+    while (used < bytes.size()) {
+        DWORD count = 0;
+        const auto wanted = static_cast<DWORD>(std::min(bytes.size() - used, largestPiece));
+        if (!::ReadFile(file, bytes.data() + used, wanted, &count, nullptr))
+            return lastSystemError();
+        if (count == 0)
+            break;
+        used += count;
+    }
+    return SystemError::none;
+}
+
+Result<std::uint64_t> sizeOfOpened(HANDLE file) {
+    LARGE_INTEGER size{};
+    if (!::GetFileSizeEx(file, &size))
+        return lastSystemError();
+    return static_cast<std::uint64_t>(size.QuadPart);
+}
+
+class WindowsInputFile final : public InputFile {
+public:
+    WindowsInputFile(FileHandle file, std::uint64_t size) : file_(std::move(file)), size_(size) {}
+
+    std::uint64_t size() const override { return size_; }
+    Result<std::size_t> readAt(std::uint64_t offset, std::span<char> bytes) override {
+        LARGE_INTEGER place{};
+        place.QuadPart = static_cast<LONGLONG>(offset);
+        std::size_t used = 0;
+        if (!::SetFilePointerEx(file_.get(), place, nullptr, FILE_BEGIN))
+            return lastSystemError();
+        if (const auto error = fill(file_.get(), bytes, used); error != SystemError::none)
+            return error;
+        return used;
+    }
+
+private:
+    FileHandle file_;
+    std::uint64_t size_;
+};
+
 class WindowsOutputFile final : public OutputFile {
 public:
     explicit WindowsOutputFile(FileHandle file) : file_(std::move(file)) {}
@@ -59,23 +103,6 @@ SystemError WindowsOutputFile::write(std::string_view bytes) {
             return SystemError::diskFull;
         bytes.remove_prefix(written);
     }
-    return SystemError::none;
-}
-
-/// Fills `bytes`, or less of it when the file has shrunk.
-SystemError fill(HANDLE file, FileBytes& bytes) {
-    constexpr std::size_t largestPiece = std::size_t{1} << 30;
-    std::size_t used = 0;
-    while (used < bytes.size) {
-        DWORD count = 0;
-        const auto wanted = static_cast<DWORD>(std::min(bytes.size - used, largestPiece));
-        if (!::ReadFile(file, bytes.data.get() + used, wanted, &count, nullptr))
-            return lastSystemError();
-        if (count == 0)
-            break;
-        used += count;
-    }
-    bytes.size = used;
     return SystemError::none;
 }
 
@@ -113,17 +140,27 @@ Result<FileBytes> WindowsFileSystem::read(const std::string& path) {
     const auto file = openSource(path);
     if (!file)
         return file.error;
-    LARGE_INTEGER size{};
-    if (!::GetFileSizeEx(file.value.get(), &size))
-        return lastSystemError();
-    if (static_cast<std::uint64_t>(size.QuadPart) > kLargestFile)
+    const auto size = sizeOfOpened(file.value.get());
+    if (!size)
+        return size.error;
+    if (size.value > kLargestFile)
         return SystemError::tooLarge;
-    FileBytes bytes;
-    bytes.size = static_cast<std::size_t>(size.QuadPart);
-    bytes.data = std::make_unique_for_overwrite<char[]>(bytes.size);
-    if (const auto error = fill(file.value.get(), bytes); error != SystemError::none)
+    const auto room = static_cast<std::size_t>(size.value);
+    FileBytes bytes{std::make_unique_for_overwrite<char[]>(room), 0};
+    if (const auto error = fill(file.value.get(), {bytes.data.get(), room}, bytes.size);
+        error != SystemError::none)
         return error;
     return bytes;
+}
+
+Result<std::unique_ptr<InputFile>> WindowsFileSystem::openToRead(const std::string& path) {
+    auto file = openSource(path);
+    if (!file)
+        return file.error;
+    const auto size = sizeOfOpened(file.value.get());
+    if (!size)
+        return size.error;
+    return std::unique_ptr<InputFile>(std::make_unique<WindowsInputFile>(std::move(file.value), size.value));
 }
 
 Result<std::unique_ptr<OutputFile>> WindowsFileSystem::open(const std::string& path, OpenMode mode) {

@@ -9,6 +9,7 @@ public:
     EntryKind kindOf(const std::string& path) override;
     Result<std::uint64_t> sizeOf(const std::string& path) override;
     Result<FileBytes> read(const std::string& path) override;
+    Result<std::unique_ptr<InputFile>> openToRead(const std::string& path) override;
     Result<std::unique_ptr<OutputFile>> open(const std::string& path, OpenMode mode) override;
     Result<TemporaryFile> createBeside(const std::string& path) override;
     SystemError mayWrite(const std::string& path) override;

@@ -35,4 +35,12 @@ CheckEqual "effect 9999 is held by both codes", read.SuffixCode, 9999
 CheckEqual "the background comes back", read.WinBackColor, 255
 CheckEqual "a flag reads as the number stored", read.SendCommandFileAsIs, 1
 CheckEqual "a file that is not there is not read", read.GetPlayfileFromDisk(folder & "missing.plw"), False
+
+read.SetSuppressMessages True
+CheckEqual "an older playfile is opened", read.GetPlayfileFromDisk(folder & "lobby.PL2"), True
+CheckEqual "it counts as one", read.IsLegacy, True
+read.CurrentFrame = 3
+read.CurrentLineNumber = 2
+CheckEqual "its placeholders are the codes of now", read.CurrentLineText, "VBL007 left"
+CheckEqual "its keywords are effects", read.SuffixCode, 20001
 Finish

@@ -40,6 +40,7 @@ windows() { # FILE PROGRAM ARGUMENTS...
 set_up() {
     rm -rf "$work" "$build/db" "$build"/Displays.dat* "$build/VistrelLite.MRU" # the server's own files lie beside it
     mkdir -p "$data" "$WINEPREFIX"
+    cp "$here/../../samples/lobby.PL2" "$data"
     wineboot -i >"$work/wineboot.txt" 2>&1
     # Windows and message boxes work without a display; what runs already has looked for one, and must start anew.
     windows "$work/setup.txt" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f

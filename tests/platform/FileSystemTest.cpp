@@ -21,6 +21,31 @@ TYPED_TEST(FileSystemTest, GivesBackEveryByteOfAFile) {
     }
 }
 
+TYPED_TEST(FileSystemTest, ReadsPiecesFromAnywhereInAFile) {
+    const std::string path = this->machine.file("a.txt");
+    this->put(path, "0123456789");
+    const auto file = this->files().openToRead(path);
+    ASSERT_EQ(file.error, SystemError::none);
+    EXPECT_EQ(file.value->size(), 10u);
+    struct Case {
+        const char* why;
+        std::uint64_t offset;
+        std::size_t size;
+        std::string piece;
+    };
+    const Case cases[] = {
+        {"from the start", 0, 4, "0123"}, {"over the end", 8, 4, "89"},         {"back again", 3, 1, "3"},
+        {"at the end", 10, 4, ""},        {"far behind it", 1ULL << 40, 4, ""}, {"nothing wanted", 5, 0, ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.why);
+        std::string piece(c.size, '?');
+        const auto count = file.value->readAt(c.offset, piece);
+        ASSERT_EQ(count.error, SystemError::none);
+        EXPECT_EQ(piece.substr(0, count.value), c.piece);
+    }
+}
+
 TYPED_TEST(FileSystemTest, AppendsBehindTheLastByteAndMakesAMissingFile) {
     const std::string path = this->machine.file("log.txt");
     this->put(path, "first\n", OpenMode::append);
@@ -44,6 +69,7 @@ TYPED_TEST(FileSystemTest, TellsAMissingFileFromAMissingFolder) {
         SCOPED_TRACE(c.why);
         EXPECT_EQ(files.kindOf(c.path), EntryKind::missing);
         EXPECT_EQ(files.read(c.path).error, c.whenRead);
+        EXPECT_EQ(files.openToRead(c.path).error, c.whenRead);
         EXPECT_EQ(files.sizeOf(c.path).error, c.whenRead);
         EXPECT_EQ(files.remove(c.path), c.whenRead);
         EXPECT_EQ(files.copy(c.path, this->machine.file("copy")), c.whenRead);
@@ -60,6 +86,7 @@ TYPED_TEST(FileSystemTest, TreatsAFolderAsNoFile) {
     EXPECT_EQ(files.kindOf(folder), EntryKind::folder);
     EXPECT_EQ(files.kindOf(WithTrailingSeparator(folder)), EntryKind::folder);
     EXPECT_EQ(files.read(folder).error, SystemError::accessDenied);
+    EXPECT_EQ(files.openToRead(folder).error, SystemError::accessDenied);
     EXPECT_EQ(files.sizeOf(folder).error, SystemError::accessDenied);
     EXPECT_EQ(files.mayWrite(folder), SystemError::accessDenied);
     EXPECT_EQ(files.open(folder, OpenMode::replace).error, SystemError::accessDenied);

@@ -153,17 +153,5 @@ TEST_F(PlayfileLoad, RemembersTheNameOfAFileThatCannotBeOpened) {
     EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{53, 76}));
 }
 
-TEST_F(PlayfileLoad, NeverTakesTheOlderFormatForThisOne) {
-    for (const char* name : {"a.PL2", "a.pl2", "pL2"}) {
-        const std::string path = JoinPath(folder_, name);
-        host_.machine.files().put(path, playfileText(onePlayfileFrame()));
-        EXPECT_FALSE(playfile_.GetPlayfileFromDisk(path));
-        EXPECT_EQ(playfile_.CurrentFileName(), path);
-    }
-    EXPECT_EQ(playfile_.TotalFrames(), 20);
-    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{321, 321, 321}));
-    EXPECT_FALSE(playfile_.GetPlayfileFromDisk("")) << "a name shorter than the ending";
-}
-
 } // namespace
 } // namespace qrtVistrelClasses4

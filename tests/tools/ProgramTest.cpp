@@ -57,8 +57,9 @@ TEST(Show, RefusesWhatItCannotShow) {
         const char *file, *reason;
     };
     const Case cases[] = {
-        {"older format", "lobby.PL2", "older format (PL2) cannot be opened"},
-        {"older format, missing", "nosuch.pl2", "older format (PL2) cannot be opened"},
+        {"older format, nobody to ask", "lobby.PL2", "answered with no; --yes"},
+        {"older format, missing", "nosuch.pl2", "File not found (error 53)"},
+        {"older format by its name only", "not-legacy.PL2 --yes", "not a playfile of the older format"},
         {"missing file", "nosuch.playfile", "File not found (error 53)"},
         {"missing folder", "nosuch/nosuch.playfile", "Path not found (error 76)"},
         {"folder", "db", "Path/File access error (error 75)"},
@@ -133,6 +134,9 @@ TEST(Usage, WrongUsageIsExitCode2WithAReason) {
                                   "save a",
                                   "save a b --yes --no",
                                   "export",
+                                  "convert a",
+                                  "convert --to a",
+                                  "inspect",
                                   "frames a",
                                   "frames a move 1",
                                   "frames a delete two",
@@ -157,28 +161,11 @@ TEST(Usage, WrongUsageIsExitCode2WithAReason) {
 
 TEST(Usage, HelpBeginsWithAnExample) {
     const Program vistrel;
-    for (const char* command : {"",
-                                "show",
-                                "save",
-                                "export",
-                                "frames",
-                                "frames insert",
-                                "frames delete",
-                                "frames move",
-                                "frames copy",
-                                "frames paste",
-                                "effects",
-                                "settings",
-                                "settings list",
-                                "settings get",
-                                "settings set",
-                                "signs",
-                                "signs list",
-                                "signs show",
-                                "signs add",
-                                "signs remove",
-                                "signs duplicate",
-                                "signs set"}) {
+    for (const char* command :
+         {"",           "show",          "save",          "export",       "convert",         "inspect",
+          "frames",     "frames insert", "frames delete", "frames move",  "frames copy",     "frames paste",
+          "effects",    "settings",      "settings list", "settings get", "settings set",    "signs",
+          "signs list", "signs show",    "signs add",     "signs remove", "signs duplicate", "signs set"}) {
         SCOPED_TRACE(command);
         const Outcome outcome = vistrel.run(std::string(command) + " --help");
         EXPECT_EQ(outcome.exitCode, 0);

@@ -1,0 +1,76 @@
+// The older generation's playfile: a mark, then records of one size, of which a part is known.
+#pragma once
+
+#include "platform/FileSystem.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+
+inline constexpr std::string_view kLegacyMark = "PLWREV 1.50";
+inline constexpr std::size_t kLegacyRecordSize = 18704;
+/// The known fields lie within so many bytes from the start of a record.
+inline constexpr std::size_t kLegacyUsedSize = 1124;
+inline constexpr std::size_t kLegacyFlagCount = 24;
+
+/// Whether a playfile of that name is taken for one of this format: it ends in "PL2", in any case.
+bool HasLegacyEnding(std::string_view fileName);
+
+/// One frame as the file holds it.
+struct LegacyRecord {
+    std::string prefixKeyword;
+    std::int32_t delay = 0; ///< Seconds.
+    std::string text;       ///< Lines separated by `kLegacyLineEnd`.
+    std::string suffixKeyword;
+    std::uint8_t fontCode = 0; ///< See `FontOfLegacyCode`.
+    std::array<std::uint8_t, kLegacyFlagCount> lineFlags{};
+    std::string specification; ///< Of a command file or a picture, with a width.
+
+    bool operator==(const LegacyRecord&) const = default;
+};
+
+inline constexpr char kLegacyLineEnd = '\x1f';
+
+/// Whether a suffix keyword has the lines of the text scroll as one: "SC", in any case.
+bool IsJoiningKeyword(std::string_view keyword);
+
+/// Number of the font that a record's code stands for; 0 for an unknown code.
+std::int16_t FontOfLegacyCode(std::uint8_t code);
+
+/// The known fields of a record. `bytes` are its first `kLegacyUsedSize` ones.
+LegacyRecord ReadLegacyRecord(std::string_view bytes);
+
+/// Whether the file starts with the mark. A failure of the system is thrown as its run-time error, here and
+/// below.
+bool HasLegacyMark(InputFile& file);
+
+/// Number of records that are whole, and of the bytes behind them, in a file with the mark.
+struct LegacyExtent {
+    std::uint64_t records = 0;
+    std::uint64_t bytesBehind = 0;
+};
+LegacyExtent ExtentOf(const InputFile& file);
+
+/// Place of record `index` (from 0) in the file.
+constexpr std::uint64_t LegacyRecordStart(std::uint64_t index) {
+    return kLegacyMark.size() + index * kLegacyRecordSize;
+}
+
+/// Reads the whole records of a file with the mark, `most` of them at the most.
+std::vector<LegacyRecord> ReadLegacyRecords(InputFile& file, std::size_t most);
+
+enum class LegacyFileKind { none, command, leaveCommand, bitmap, animation };
+
+struct LegacySpecification {
+    std::string fileName;                  ///< Without "Width=" and its number.
+    std::optional<std::string_view> width; ///< What is written for it; lives as long as the specification.
+    LegacyFileKind kind() const;
+};
+LegacySpecification SplitLegacySpecification(std::string_view specification);
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,38 @@
+// What the operator is asked on Windows before a playfile of the older format is opened.
+#include "BoxWatcher.h"
+#include "LegacyBytes.h"
+#include "TestHost.h"
+#include "playfile/FrameInfoClass.h"
+
+#include <gtest/gtest.h>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+TEST(LegacyQuestionBox, DecidesTheResultAndIsNotShownWhenMessagesAreSuppressed) {
+    TestHost host;
+    const auto machine = makePlatform();
+    const ScopedMessageBoxes realBoxes(machine->messageBoxes());
+    const std::string path = host.inLibrary("old.PL2");
+    host.machine.files().put(path, legacyPlayfile({{.text = "A"}}));
+    FrameInfoClass playfile;
+    bool result = false;
+    const auto open = [&] { result = playfile.GetPlayfileFromDisk(path); };
+    const SeenBox box = PressInBox("WARNING! Legacy File", IDYES, open);
+    EXPECT_TRUE(result);
+    EXPECT_EQ(
+        box.text,
+        "The file that was chosen is a legacy file from Vistrel 2000! I can open this file but you must be "
+        "warned that you will not be able to save any changes in this format. You WILL be required to save "
+        "as a Vistrel 3 playfile.\r\nDo you wish to proceed!");
+    playfile.TotalFrames(20);
+    EXPECT_EQ(PressInBox("WARNING! Legacy File", IDNO, open).text, box.text);
+    EXPECT_FALSE(result);
+    EXPECT_EQ(playfile.TotalFrames(), 1) << "the frames are there all the same";
+    playfile.SetSuppressMessages(true);
+    open();
+    EXPECT_TRUE(result);
+}
+
+} // namespace
+} // namespace qrtVistrelClasses4
