@@ -9,7 +9,7 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-constexpr char kQuote = '"';
+constexpr char kValueQuote = '"';
 constexpr char kSeparator = ',';
 constexpr std::string_view kLineEnd = "\r\n";
 
@@ -28,7 +28,7 @@ std::string_view DelimitedReader::value() {
     skipBlanks();
     if (atEnd())
         throw RuntimeError(ErrorNumber::inputPastEnd);
-    return rest_.front() == kQuote ? quotedValue() : plainValue();
+    return rest_.front() == kValueQuote ? quotedValue() : plainValue();
 }
 
 void DelimitedReader::skipBlanks() {
@@ -36,7 +36,7 @@ void DelimitedReader::skipBlanks() {
 }
 
 std::string_view DelimitedReader::quotedValue() {
-    const std::size_t closing = rest_.find(kQuote, 1);
+    const std::size_t closing = rest_.find(kValueQuote, 1);
     if (closing == rest_.npos)
         throw RuntimeError(ErrorNumber::inputPastEnd);
     const std::string_view result = rest_.substr(1, closing - 1);
@@ -55,9 +55,9 @@ std::string_view DelimitedReader::plainValue() {
 
 /// Takes a line that holds a quoted text and nothing else.
 bool DelimitedReader::takeQuotedLine(std::string& text) {
-    if (!rest_.starts_with(kQuote))
+    if (!rest_.starts_with(kValueQuote))
         return false;
-    const std::size_t closing = rest_.find(kQuote, 1);
+    const std::size_t closing = rest_.find(kValueQuote, 1);
     if (closing == rest_.npos || !rest_.substr(closing + 1).starts_with("\r\n"))
         return false;
     text.assign(rest_, 1, closing - 1);

@@ -1,6 +1,7 @@
 #include "platform/IniText.h"
 
 #include "platform/LetterCase.h"
+#include "platform/NulTerminated.h"
 
 #include <algorithm>
 
@@ -27,9 +28,6 @@ std::string_view trimmed(std::string_view text) {
         text.remove_suffix(1);
     return text;
 }
-
-/// Texts end at their first NUL, as they do for the system's own profile functions.
-std::string_view untilNul(std::string_view text) { return text.substr(0, text.find('\0')); }
 
 /// Cuts the first line off `rest`. The line comes without its end.
 std::string_view takeLine(std::string_view& rest) {
@@ -58,7 +56,7 @@ IniLine parseLine(std::string_view line) {
     const std::size_t equals = line.find('=');
     if (equals == line.npos)
         return {IniLine::key, line, {}};
-    return {IniLine::key, trimmed(line.substr(0, equals)), trimmed(untilNul(line.substr(equals + 1)))};
+    return {IniLine::key, trimmed(line.substr(0, equals)), trimmed(UntilNul(line.substr(equals + 1)))};
 }
 
 std::string_view withoutByteOrderMark(std::string_view text) {
@@ -109,7 +107,7 @@ std::optional<std::string_view> IniIndex::find(std::string_view section, std::st
 
 std::string ProfileString(std::optional<std::string_view> value, std::string_view defaultValue,
                           std::size_t bufferSize) {
-    std::string_view text = untilNul(value.value_or(defaultValue));
+    std::string_view text = UntilNul(value.value_or(defaultValue));
     if (!value)
         while (text.ends_with(' '))
             text.remove_suffix(1);
@@ -167,8 +165,8 @@ IniEditor::IniEditor(std::span<const IniChange> changes) {
 void IniEditor::collect(std::span<const IniChange> changes) {
     pending_.reserve(changes.size());
     for (const IniChange& change : changes)
-        pending_.push_back({trimmed(untilNul(change.section)), trimmed(untilNul(change.key)),
-                            withoutLeadingBlanks(untilNul(change.value)), pending_.size(), false});
+        pending_.push_back({trimmed(UntilNul(change.section)), trimmed(UntilNul(change.key)),
+                            withoutLeadingBlanks(UntilNul(change.value)), pending_.size(), false});
     std::ranges::stable_sort(pending_, [](const Pending& left, const Pending& right) {
         const int sections = CompareIgnoringAsciiCase(left.section, right.section);
         return sections < 0 || (sections == 0 && byName(left.key, right.key));

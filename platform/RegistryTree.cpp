@@ -1,6 +1,7 @@
 #include "platform/RegistryTree.h"
 
 #include "platform/LetterCase.h"
+#include "platform/NulTerminated.h"
 
 #include <array>
 #include <charconv>
@@ -26,8 +27,6 @@ std::string_view hiveName(RegistryHive hive) {
 }
 
 /// Names end at their first NUL, as they do for the system's own registry functions.
-std::string_view untilNul(std::string_view text) { return text.substr(0, text.find('\0')); }
-
 /// Appends the parts of `path` that are not empty, each behind a "\".
 void appendParts(std::string& result, std::string_view path) {
     while (!path.empty()) {
@@ -42,7 +41,7 @@ void appendParts(std::string& result, std::string_view path) {
 std::string fullPath(const RegistryKey& key) {
     std::string path(hiveName(key.hive));
     if (!path.empty())
-        appendParts(path, untilNul(key.path));
+        appendParts(path, UntilNul(key.path));
     return path;
 }
 
@@ -56,7 +55,7 @@ std::string foldedPath(std::string_view path) {
     return folded;
 }
 
-std::string_view trimmed(std::string_view line) {
+std::string_view withoutOuterBlanks(std::string_view line) {
     constexpr std::string_view blanks = " \t\r";
     const std::size_t first = line.find_first_not_of(blanks);
     return first == line.npos ? std::string_view()
@@ -124,7 +123,7 @@ private:
 };
 
 void RegistryTree::Parser::take(std::string_view line) {
-    const std::string_view content = trimmed(line);
+    const std::string_view content = withoutOuterBlanks(line);
     if (content.empty())
         return;
     const bool isHeader = content.front() == '[';
@@ -259,7 +258,7 @@ const std::string* RegistryTree::value(const RegistryKey& key, std::string_view 
     const Node* node = find(key);
     if (!node)
         return nullptr;
-    const auto value = node->values.find(AnsiUpper(untilNul(name)));
+    const auto value = node->values.find(AnsiUpper(UntilNul(name)));
     return value == node->values.end() ? nullptr : &value->second.text;
 }
 
@@ -267,11 +266,11 @@ SystemError RegistryTree::setValue(const RegistryKey& key, std::string_view name
     const std::string path = fullPath(key);
     if (path.empty())
         return SystemError::fileNotFound;
-    name = untilNul(name);
+    name = UntilNul(name);
     Value& stored = nodeAt(path).values[AnsiUpper(name)];
     if (stored.name.empty())
         stored.name = name;
-    stored.text = untilNul(value);
+    stored.text = UntilNul(value);
     return SystemError::none;
 }
 
@@ -280,7 +279,7 @@ SystemError RegistryTree::removeValue(const RegistryKey& key, std::string_view n
     if (node == nodes_.end())
         return SystemError::fileNotFound;
     auto& values = node->second.values;
-    const auto value = values.find(AnsiUpper(untilNul(name)));
+    const auto value = values.find(AnsiUpper(UntilNul(name)));
     if (value == values.end())
         return SystemError::fileNotFound;
     tail_ += value->second.above;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t kBufferSize = 255;
 
-constexpr Procedure procedure(ProcedureKind kind, std::string_view name) {
+constexpr Procedure iniProcedure(ProcedureKind kind, std::string_view name) {
     return {"modIniFile.bas", kind, name};
 }
 
@@ -33,7 +33,7 @@ void showLogicError(const char* text) {
 
 void PrivateIni::Register(const std::string& Section, const std::string& FileName) {
     traced(
-        procedure(ProcedureKind::Sub, "PrivateIniRegister"),
+        iniProcedure(ProcedureKind::Sub, "PrivateIniRegister"),
         [&] {
             section_ = Trim(Section);
             fileName_ = Trim(FileName);
@@ -43,14 +43,14 @@ void PrivateIni::Register(const std::string& Section, const std::string& FileNam
 
 std::string PrivateIni::Read(const std::string& Key, const std::string& DefaultValue) {
     return traced(
-        procedure(ProcedureKind::Function, "PrivateIniRead"),
+        iniProcedure(ProcedureKind::Function, "PrivateIniRead"),
         [&] { return isRegistered() ? readKey(fileName_, section_, Key, DefaultValue) : DefaultValue; },
         Arg{"Key", Key}, Arg{"DefaultValue", DefaultValue});
 }
 
 bool PrivateIni::Write(const std::string& Key, const std::string& Value) {
     return traced(
-        procedure(ProcedureKind::Function, "PrivateIniWrite"),
+        iniProcedure(ProcedureKind::Function, "PrivateIniWrite"),
         [&] { return isRegistered() && writeKey(fileName_, section_, Key, Value); }, Arg{"Key", Key},
         Arg{"Value", Value});
 }
@@ -64,13 +64,13 @@ bool PrivateIni::isRegistered() {
 
 void SystemIni::Register(const std::string& Section) {
     traced(
-        procedure(ProcedureKind::Sub, "WinIniRegister"), [&] { section_ = Trim(Section); },
+        iniProcedure(ProcedureKind::Sub, "WinIniRegister"), [&] { section_ = Trim(Section); },
         Arg{"Section", Section});
 }
 
 std::string SystemIni::Read(const std::string& Key, const std::string& DefaultValue) {
     return traced(
-        procedure(ProcedureKind::Function, "WinIniRead"),
+        iniProcedure(ProcedureKind::Function, "WinIniRead"),
         [&] {
             return isRegistered() ? readKey(platform().systemProfilePath(), section_, Key, DefaultValue)
                                   : DefaultValue;
@@ -80,7 +80,7 @@ std::string SystemIni::Read(const std::string& Key, const std::string& DefaultVa
 
 bool SystemIni::Write(const std::string& Key, const std::string& Value) {
     return traced(
-        procedure(ProcedureKind::Function, "WinIniWrite"),
+        iniProcedure(ProcedureKind::Function, "WinIniWrite"),
         [&] { return isRegistered() && writeKey(platform().systemProfilePath(), section_, Key, Value); },
         Arg{"Key", Key}, Arg{"Value", Value});
 }

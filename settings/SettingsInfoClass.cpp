@@ -12,9 +12,9 @@ namespace {
 
 constexpr std::string_view kFileName = "VistrelLite.ini";
 constexpr std::string_view kSection = "VistrelLite";
-constexpr std::size_t kBufferSize = 255;
+constexpr std::size_t kSettingBufferSize = 255;
 
-constexpr Procedure procedure(ProcedureKind kind, std::string_view name) {
+constexpr Procedure settingsProcedure(ProcedureKind kind, std::string_view name) {
     return {"SettingsInfoClass.cls", kind, name};
 }
 
@@ -31,7 +31,7 @@ std::string playfileFolder() {
 /// A folder that cannot be made is only logged: the preferences are loaded all the same.
 void makePlayfileFolder(const std::string& folder) {
     traced(
-        procedure(ProcedureKind::Sub, "MakePlayfileFolder"),
+        settingsProcedure(ProcedureKind::Sub, "MakePlayfileFolder"),
         [&] {
             FileSystem& files = platform().files();
             if (folder.empty() || files.kindOf(folder) == EntryKind::folder)
@@ -74,7 +74,7 @@ void setAll(SettingsRecord& settings, const std::string& playfiles, TextFor text
 } // namespace
 
 SettingsInfoClass::SettingsInfoClass() {
-    traced(procedure(ProcedureKind::Sub, "Class_Initialize"), [&] {
+    traced(settingsProcedure(ProcedureKind::Sub, "Class_Initialize"), [&] {
         classDebugID_ = GetNextClassDebugID();
         setAll(settings_, playfileFolder(),
                [](const std::string&, const std::string& defaultValue) { return defaultValue; });
@@ -82,7 +82,7 @@ SettingsInfoClass::SettingsInfoClass() {
 }
 
 SettingsInfoClass::~SettingsInfoClass() {
-    traced(procedure(ProcedureKind::Sub, "Class_Terminate"), [] {});
+    traced(settingsProcedure(ProcedureKind::Sub, "Class_Terminate"), [] {});
 }
 
 std::string SettingsInfoClass::GetPrivateSetting(const std::string& Key, const std::string& DefaultValue) {
@@ -96,17 +96,17 @@ void SettingsInfoClass::WriteSetting(const std::string& Key, const std::string& 
 std::string SettingsInfoClass::readSetting(ProfileFile* opened, const std::string& Key,
                                            const std::string& DefaultValue) {
     return traced(
-        procedure(ProcedureKind::Function, "GetPrivateSetting"),
+        settingsProcedure(ProcedureKind::Function, "GetPrivateSetting"),
         [&] {
             const auto own = opened ? nullptr : platform().openProfile(iniPath());
-            return (opened ? *opened : *own).read(kSection, Key, DefaultValue, kBufferSize);
+            return (opened ? *opened : *own).read(kSection, Key, DefaultValue, kSettingBufferSize);
         },
         Arg{"Key", Key}, Arg{"DefaultValue", DefaultValue});
 }
 
 void SettingsInfoClass::writeSetting(ProfileFile* opened, const std::string& Key, const std::string& Value) {
     traced(
-        procedure(ProcedureKind::Sub, "WriteSetting"),
+        settingsProcedure(ProcedureKind::Sub, "WriteSetting"),
         [&] {
             if (opened) {
                 opened->write(kSection, Key, Value);
@@ -121,7 +121,7 @@ void SettingsInfoClass::writeSetting(ProfileFile* opened, const std::string& Key
 
 void SettingsInfoClass::GetSettingsFromDisk(const std::optional<std::string>& sFileName) {
     traced(
-        procedure(ProcedureKind::Sub, "GetSettingsFromDisk"),
+        settingsProcedure(ProcedureKind::Sub, "GetSettingsFromDisk"),
         [&] {
             const std::string playfiles = playfileFolder();
             makePlayfileFolder(playfiles);
@@ -135,7 +135,7 @@ void SettingsInfoClass::GetSettingsFromDisk(const std::optional<std::string>& sF
 
 void SettingsInfoClass::SaveSettingsToDisk(const std::optional<std::string>& sFileName) {
     traced(
-        procedure(ProcedureKind::Sub, "SaveSettingsToDisk"),
+        settingsProcedure(ProcedureKind::Sub, "SaveSettingsToDisk"),
         [&] {
             const auto profile = platform().openProfile(iniPath());
             ForEachSetting(settings_, [&](const std::string& key, const auto& value, const auto&,
@@ -147,7 +147,7 @@ void SettingsInfoClass::SaveSettingsToDisk(const std::optional<std::string>& sFi
 
 template <class Value>
 Value SettingsInfoClass::readSchedule(std::string_view name, Value BrightnessScheduleSettings::*member) {
-    return traced(procedure(ProcedureKind::PropertyGet, name),
+    return traced(settingsProcedure(ProcedureKind::PropertyGet, name),
                   [&] { return settings_.schedules.at(scheduleNumber_).*member; });
 }
 
@@ -155,7 +155,7 @@ template <class Value>
 void SettingsInfoClass::writeSchedule(std::string_view name, Value BrightnessScheduleSettings::*member,
                                       const Value& vData) {
     traced(
-        procedure(ProcedureKind::PropertyLet, name),
+        settingsProcedure(ProcedureKind::PropertyLet, name),
         [&] { settings_.schedules.at(scheduleNumber_).*member = vData; }, Arg{"vData", vData});
 }
 

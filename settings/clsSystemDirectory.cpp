@@ -2,6 +2,7 @@
 
 #include "frame/Text.h"
 #include "frame/Traced.h"
+#include "platform/NulTerminated.h"
 #include "platform/Platform.h"
 
 namespace qrtVistrelClasses4 {
@@ -11,7 +12,7 @@ std::string clsSystemDirectory::FindSystemFolder(std::int32_t FolderNumber) {
         [&] {
             const std::string buffer = platform().specialFolder(FolderNumber).value_or("");
             const std::string_view folder = Trim(buffer);
-            return std::string(Trim(folder.substr(0, folder.find('\0'))));
+            return std::string(Trim(UntilNul(folder)));
         },
         Arg{"FolderNumber", FolderNumber});
 }

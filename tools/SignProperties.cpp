@@ -18,7 +18,7 @@ using nlohmann::ordered_json;
 using Signs = DisplayDatabaseClass;
 
 template <class Type>
-struct Property {
+struct SignProperty {
     using Value = Type;
     using Argument = std::conditional_t<std::is_class_v<Type>, const Type&, Type>;
 
@@ -29,10 +29,10 @@ struct Property {
     Value get(Signs& signs) const { return (signs.*getter)(); }
     void set(Signs& signs, Argument value) const { (signs.*setter)(value); }
 };
-using Text = Property<std::string>;
-using Number = Property<std::int16_t>;
-using Long = Property<std::int32_t>;
-using Flag = Property<bool>;
+using SignText = SignProperty<std::string>;
+using SignNumber = SignProperty<std::int16_t>;
+using SignLong = SignProperty<std::int32_t>;
+using SignFlag = SignProperty<bool>;
 
 /// A number that the library hands out as text.
 struct SignType {
@@ -43,49 +43,49 @@ struct SignType {
 };
 
 constexpr std::tuple kSignProperties{
-    Text{"DisplayName", &Signs::DisplayName, &Signs::DisplayName},
+    SignText{"DisplayName", &Signs::DisplayName, &Signs::DisplayName},
     SignType{},
-    Number{"DisplayHeight", &Signs::DisplayHeight, &Signs::DisplayHeight},
-    Number{"DisplayWidth", &Signs::DisplayWidth, &Signs::DisplayWidth},
-    Long{"FrameSize", &Signs::FrameSize, &Signs::FrameSize},
-    Text{"AppDesc", &Signs::AppDesc, &Signs::AppDesc},
-    Flag{"IsDisplayColor", &Signs::IsDisplayColor, &Signs::IsDisplayColor},
-    Text{"DefaultColor", &Signs::DefaultColor, &Signs::DefaultColor},
-    Text{"ColorsSupported", &Signs::ColorsSupported, &Signs::ColorsSupported},
-    Number{"ConnectionMethod", &Signs::ConnectionMethod, &Signs::ConnectionMethod},
-    Text{"CommPort", &Signs::CommPort, &Signs::CommPort},
-    Text{"BaudRate", &Signs::BaudRate, &Signs::BaudRate},
-    Text{"PhoneNumber", &Signs::PhoneNumber, &Signs::PhoneNumber},
-    Text{"IPAddress", &Signs::IPAddress, &Signs::IPAddress},
-    Text{"DisplayIDs", &Signs::DisplayIDs, &Signs::DisplayIDs},
-    Flag{"SwitchOperated", &Signs::SwitchOperated, &Signs::SwitchOperated},
-    Number{"Switch1", &Signs::Switch1, &Signs::Switch1},
-    Number{"Switch2", &Signs::Switch2, &Signs::Switch2},
-    Flag{"DaylightSavingsTime", &Signs::DaylightSavingsTime, &Signs::DaylightSavingsTime},
-    Number{"TimeZoneAdjustment", &Signs::TimeZoneAdjustment, &Signs::TimeZoneAdjustment},
-    Long{"ScrollPauseDelay", &Signs::ScrollPauseDelay, &Signs::ScrollPauseDelay},
-    Number{"ScrollingTextSpeed", &Signs::ScrollingTextSpeed, &Signs::ScrollingTextSpeed},
-    Flag{"ResetOnGetParameters", &Signs::ResetOnGetParameters, &Signs::ResetOnGetParameters},
-    Flag{"TempProbeInstalled", &Signs::TempProbeInstalled, &Signs::TempProbeInstalled},
-    Number{"TempProbeAdjust", &Signs::TempProbeAdjust, &Signs::TempProbeAdjust},
-    Number{"BlinkRateShow", &Signs::BlinkRateShow, &Signs::BlinkRateShow},
-    Number{"BlinkRateClear", &Signs::BlinkRateClear, &Signs::BlinkRateClear},
-    Text{"BlinkBehavior", &Signs::BlinkBehavior, &Signs::BlinkBehavior},
-    Text{"BlinkTimes", &Signs::BlinkTimes, &Signs::BlinkTimes},
-    Number{"BrightnessLevel", &Signs::BrightnessLevel, &Signs::BrightnessLevel},
-    Flag{"LightSensorInstalled", &Signs::LightSensorInstalled, &Signs::LightSensorInstalled},
-    Number{"LightSensorMinimum", &Signs::LightSensorMinimum, &Signs::LightSensorMinimum},
-    Number{"LightSensorMaximum", &Signs::LightSensorMaximum, &Signs::LightSensorMaximum},
-    Number{"BrightnessScheduleDefaultBrightness", &Signs::BrightnessScheduleDefaultBrightness,
-           &Signs::BrightnessScheduleDefaultBrightness},
+    SignNumber{"DisplayHeight", &Signs::DisplayHeight, &Signs::DisplayHeight},
+    SignNumber{"DisplayWidth", &Signs::DisplayWidth, &Signs::DisplayWidth},
+    SignLong{"FrameSize", &Signs::FrameSize, &Signs::FrameSize},
+    SignText{"AppDesc", &Signs::AppDesc, &Signs::AppDesc},
+    SignFlag{"IsDisplayColor", &Signs::IsDisplayColor, &Signs::IsDisplayColor},
+    SignText{"DefaultColor", &Signs::DefaultColor, &Signs::DefaultColor},
+    SignText{"ColorsSupported", &Signs::ColorsSupported, &Signs::ColorsSupported},
+    SignNumber{"ConnectionMethod", &Signs::ConnectionMethod, &Signs::ConnectionMethod},
+    SignText{"CommPort", &Signs::CommPort, &Signs::CommPort},
+    SignText{"BaudRate", &Signs::BaudRate, &Signs::BaudRate},
+    SignText{"PhoneNumber", &Signs::PhoneNumber, &Signs::PhoneNumber},
+    SignText{"IPAddress", &Signs::IPAddress, &Signs::IPAddress},
+    SignText{"DisplayIDs", &Signs::DisplayIDs, &Signs::DisplayIDs},
+    SignFlag{"SwitchOperated", &Signs::SwitchOperated, &Signs::SwitchOperated},
+    SignNumber{"Switch1", &Signs::Switch1, &Signs::Switch1},
+    SignNumber{"Switch2", &Signs::Switch2, &Signs::Switch2},
+    SignFlag{"DaylightSavingsTime", &Signs::DaylightSavingsTime, &Signs::DaylightSavingsTime},
+    SignNumber{"TimeZoneAdjustment", &Signs::TimeZoneAdjustment, &Signs::TimeZoneAdjustment},
+    SignLong{"ScrollPauseDelay", &Signs::ScrollPauseDelay, &Signs::ScrollPauseDelay},
+    SignNumber{"ScrollingTextSpeed", &Signs::ScrollingTextSpeed, &Signs::ScrollingTextSpeed},
+    SignFlag{"ResetOnGetParameters", &Signs::ResetOnGetParameters, &Signs::ResetOnGetParameters},
+    SignFlag{"TempProbeInstalled", &Signs::TempProbeInstalled, &Signs::TempProbeInstalled},
+    SignNumber{"TempProbeAdjust", &Signs::TempProbeAdjust, &Signs::TempProbeAdjust},
+    SignNumber{"BlinkRateShow", &Signs::BlinkRateShow, &Signs::BlinkRateShow},
+    SignNumber{"BlinkRateClear", &Signs::BlinkRateClear, &Signs::BlinkRateClear},
+    SignText{"BlinkBehavior", &Signs::BlinkBehavior, &Signs::BlinkBehavior},
+    SignText{"BlinkTimes", &Signs::BlinkTimes, &Signs::BlinkTimes},
+    SignNumber{"BrightnessLevel", &Signs::BrightnessLevel, &Signs::BrightnessLevel},
+    SignFlag{"LightSensorInstalled", &Signs::LightSensorInstalled, &Signs::LightSensorInstalled},
+    SignNumber{"LightSensorMinimum", &Signs::LightSensorMinimum, &Signs::LightSensorMinimum},
+    SignNumber{"LightSensorMaximum", &Signs::LightSensorMaximum, &Signs::LightSensorMaximum},
+    SignNumber{"BrightnessScheduleDefaultBrightness", &Signs::BrightnessScheduleDefaultBrightness,
+               &Signs::BrightnessScheduleDefaultBrightness},
 };
 
 /// Of the schedule under the cursor.
 constexpr std::tuple kScheduleProperties{
-    Text{"StartTime", &Signs::BrightnessScheduleXStartTime, &Signs::BrightnessScheduleXStartTime},
-    Text{"StopTime", &Signs::BrightnessScheduleXStopTime, &Signs::BrightnessScheduleXStopTime},
-    Number{"BrightnessLevel", &Signs::BrightnessScheduleXBrightnessLevel,
-           &Signs::BrightnessScheduleXBrightnessLevel},
+    SignText{"StartTime", &Signs::BrightnessScheduleXStartTime, &Signs::BrightnessScheduleXStartTime},
+    SignText{"StopTime", &Signs::BrightnessScheduleXStopTime, &Signs::BrightnessScheduleXStopTime},
+    SignNumber{"BrightnessLevel", &Signs::BrightnessScheduleXBrightnessLevel,
+               &Signs::BrightnessScheduleXBrightnessLevel},
 };
 
 template <class Properties>

@@ -80,7 +80,7 @@ struct TextOptions {
     Decimal<std::int16_t> hours;
 };
 
-std::string preview(const std::string& text, const TextOptions& options, ErrorLines& errors) {
+std::string previewOf(const std::string& text, const TextOptions& options, ErrorLines& errors) {
     errors.about("the command table cannot be read or saved");
     EveryErrorReporter reporter(errors);
     const ScopedErrorReporter reporterScope(reporter);
@@ -90,7 +90,7 @@ std::string preview(const std::string& text, const TextOptions& options, ErrorLi
     return PreviewText(text, options.hours.value);
 }
 
-std::string convert(const std::string& text, const TextOptions&, ErrorLines&) {
+std::string converted(const std::string& text, const TextOptions&, ErrorLines&) {
     return ConvertLegacyVariables(text);
 }
 
@@ -117,13 +117,13 @@ void AddTextCommand(CLI::App& program, Session& session) {
         return &command;
     };
     CLI::App* previewCommand = add(
-        "preview", &preview, "Shows a text as the preview does, with times, dates and variables for codes",
+        "preview", &previewOf, "Shows a text as the preview does, with times, dates and variables for codes",
         R"(vistrel text preview "It is |h:m|" --at "2026-11-21 14:30")");
     previewCommand->add_option("--at", options->at, "The moment to show, instead of now")
         ->type_name("\"YYYY-MM-DD HH:MM\"");
     previewCommand->add_option("--hours", options->hours, "Hours that times are ahead of the clock")
         ->type_name("NUMBER");
-    add("convert", &convert, "Puts the codes for placeholders of older playfiles",
+    add("convert", &converted, "Puts the codes for placeholders of older playfiles",
         "vistrel text convert \"It is {time}\"");
 }
 

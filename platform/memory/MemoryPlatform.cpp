@@ -9,7 +9,7 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-std::string folderOf(std::string_view path) {
+std::string parentOf(std::string_view path) {
     std::string_view folder = SplitPath(path).folder;
     while (!folder.empty() && IsPathSeparator(folder.back()))
         folder.remove_suffix(1);
@@ -100,7 +100,7 @@ EntryKind MemoryFileSystem::kind(const std::string& path) const {
 
 /// Whether the folder of `path` takes a new entry.
 SystemError MemoryFileSystem::mayAdd(const std::string& path) const {
-    const std::string folder = folderOf(normal(path));
+    const std::string folder = parentOf(normal(path));
     const Entry* entry = find(folder);
     if (!entry)
         return isRoot(folder) ? SystemError::none : SystemError::folderNotFound;
@@ -265,7 +265,7 @@ std::string MemoryFileSystem::existingName(const std::string& path) {
         return path;
     const std::string wanted = AnsiUpper(normal(path));
     for (const auto& [name, entry] : entries_)
-        if (folderOf(name) == folderOf(normal(path)) && AnsiUpper(name) == wanted)
+        if (parentOf(name) == parentOf(normal(path)) && AnsiUpper(name) == wanted)
             return std::string(SplitPath(path).folder).append(SplitPath(name).name);
     return path;
 }
@@ -276,7 +276,7 @@ bool MemoryFileSystem::isFixedDrive(const std::string& path) {
 }
 
 void MemoryFileSystem::put(const std::string& path, std::string_view content) {
-    makeFolders(folderOf(normal(path)));
+    makeFolders(parentOf(normal(path)));
     entries_[normal(path)] = {std::make_shared<std::string>(content)};
 }
 
@@ -289,7 +289,7 @@ void MemoryFileSystem::makeFolders(const std::string& path) {
     const std::string folder = normal(path);
     if (isRoot(folder))
         return;
-    makeFolders(folderOf(folder));
+    makeFolders(parentOf(folder));
     entries_.try_emplace(folder);
 }
 

@@ -1,5 +1,6 @@
 #include "platform/windows/WindowsRegistryStore.h"
 
+#include "platform/NulTerminated.h"
 #include "platform/windows/WindowsSystem.h"
 
 #include <utility>
@@ -100,7 +101,7 @@ SystemError setStringIn(HKEY root, const std::string& path, std::string_view nam
     const auto key = makeKey(root, path);
     if (!key)
         return key.error;
-    const std::string text(value.substr(0, value.find('\0')));
+    const std::string text(UntilNul(value));
     return told(::RegSetValueExA(key.value.get(), std::string(name).c_str(), 0, REG_SZ,
                                  reinterpret_cast<const BYTE*>(text.c_str()),
                                  static_cast<DWORD>(text.size() + 1)));

@@ -1,0 +1,10 @@
+// Texts whose counterparts on the system's side end at their first NUL.
+#pragma once
+
+#include <string_view>
+
+namespace qrtVistrelClasses4 {
+
+constexpr std::string_view UntilNul(std::string_view text) { return text.substr(0, text.find('\0')); }
+
+} // namespace qrtVistrelClasses4
