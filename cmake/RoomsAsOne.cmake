@@ -1,0 +1,10 @@
+# Lets `target`, built as unity, read the sources of each room as one. All of its sources are absolute paths.
+function(qrt_rooms_as_one target)
+    get_target_property(sources ${target} SOURCES)
+    foreach(source IN LISTS sources)
+        cmake_path(RELATIVE_PATH source BASE_DIRECTORY ${PROJECT_SOURCE_DIR} OUTPUT_VARIABLE room)
+        string(REGEX REPLACE "/.*" "" room ${room})
+        set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${room})
+    endforeach()
+    set_target_properties(${target} PROPERTIES UNITY_BUILD_MODE GROUP)
+endfunction()
