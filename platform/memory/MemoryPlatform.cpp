@@ -166,7 +166,7 @@ SystemError MemoryFileSystem::mayWrite(const std::string& path) {
 }
 
 Result<std::unique_ptr<OutputFile>> MemoryFileSystem::open(const std::string& path, OpenMode mode) {
-    if (const auto error = perform({FileOperation::open, path, {}, {}}); error != SystemError::none)
+    if (const auto error = perform({FileOperation::open, path, {}, {}, mode}); error != SystemError::none)
         return error;
     const Entry* old = find(path);
     if (kind(path) == EntryKind::folder || (old && old->readOnly))
@@ -174,12 +174,13 @@ Result<std::unique_ptr<OutputFile>> MemoryFileSystem::open(const std::string& pa
     if (!old)
         if (const auto error = mayAdd(path); error != SystemError::none)
             return error;
-    Entry& entry = entries_[normal(path)];
-    if (!entry.content)
-        entry.content = std::make_shared<std::string>();
+    const auto content = old ? old->content : std::make_shared<std::string>();
+    std::unique_ptr<OutputFile> file = std::make_unique<MemoryOutputFile>(*this, path, content);
+    if (!old) // as late as this, since it stays
+        entries_[normal(path)].content = content;
     if (mode == OpenMode::replace)
-        entry.content->clear();
-    return std::unique_ptr<OutputFile>(std::make_unique<MemoryOutputFile>(*this, path, entry.content));
+        content->clear();
+    return file;
 }
 
 Result<TemporaryFile> MemoryFileSystem::createBeside(const std::string& path) {

@@ -36,6 +36,7 @@ struct FileOperation {
     std::string path;
     std::string target;     ///< Of a `rename`.
     std::string_view bytes; ///< Of a `write`.
+    OpenMode mode = OpenMode::replace;
 };
 
 /// Files and folders of one machine. Both separators are understood. The roots exist from the
@@ -98,11 +99,26 @@ private:
 };
 
 class MemoryRegistryStore final : public TreeRegistryStore {
+public:
+    /// Asked before every look and every change; anything but `none` makes it fail so. A look then finds
+    /// nothing.
+    std::function<SystemError()> observer;
+
 private:
-    const RegistryTree& tree() override { return tree_; }
-    SystemError change(const Edit& edit) override { return edit(tree_); }
+    SystemError perform() { return observer ? observer() : SystemError::none; }
+    const RegistryTree& tree() override { return perform() == SystemError::none ? tree_ : nothing_; }
+    SystemError change(const Edit& edit) override {
+        RegistryTree changed = tree_;
+        SystemError error = perform();
+        if (error == SystemError::none)
+            error = edit(changed);
+        if (error == SystemError::none)
+            std::swap(tree_, changed);
+        return error;
+    }
 
     RegistryTree tree_;
+    const RegistryTree nothing_;
 };
 
 /// Notes what is shown and answers as told beforehand; else `no`, or `ok` where that is the only button.
