@@ -46,7 +46,8 @@ void MostRecentlyUsed::AddFileToMostRecentlyUsedList(const std::string& sFileNam
 
 void MostRecentlyUsed::RemoveFileFromMostRecentlyUsed(const std::string& sFileName) {
     traced(
-        sub("RemoveFileFromMostRecentlyUsed"), [&] { RemoveEntry(sFileName); }, Arg{"sFileName", sFileName});
+        sub("RemoveFileFromMostRecentlyUsed"), [&] { RemoveEntry(sFileName, true); },
+        Arg{"sFileName", sFileName});
 }
 
 void MostRecentlyUsed::PurgeMRUList() {
@@ -84,7 +85,7 @@ void MostRecentlyUsed::AddEntry(const std::string& sFileName) {
     traced(
         sub("AddEntry"),
         [&] {
-            if (sFileName.empty() || !GetMRUFromDisk() || !RemoveEntry(sFileName))
+            if (sFileName.empty() || !GetMRUFromDisk() || !RemoveEntry(sFileName, false))
                 return;
             const std::int32_t last = entries_.upperBound() + 1;
             entries_.resize(last);
@@ -95,13 +96,12 @@ void MostRecentlyUsed::AddEntry(const std::string& sFileName) {
         Arg{"sFileName", sFileName});
 }
 
-bool MostRecentlyUsed::RemoveEntry(const std::string& sFileName) {
-    bool isListRead = false;
+bool MostRecentlyUsed::RemoveEntry(const std::string& sFileName, bool saves) {
+    bool isDone = false;
     traced(
         sub("RemoveEntry"),
         [&] {
-            isListRead = GetMRUFromDisk();
-            if (!isListRead)
+            if (!GetMRUFromDisk())
                 return;
             OneBasedArray<std::string> kept(entries_.upperBound() + 1);
             std::int32_t last = 1;
@@ -110,20 +110,27 @@ bool MostRecentlyUsed::RemoveEntry(const std::string& sFileName) {
                     kept.at(last++) = std::move(entry);
             kept.resize(last); // an empty entry stands behind the last name
             entries_ = std::move(kept);
-            WriteMRUToDisk();
+            if (saves)
+                WriteMRUToDisk();
+            isDone = true;
         },
         Arg{"sFileName", sFileName});
-    return isListRead;
+    return isDone;
 }
 
 bool MostRecentlyUsed::GetMRUFromDisk() {
     bool mayBeWritten = false;
     traced(sub("GetMRUFromDisk"), [&] {
         entries_ = OneBasedArray<std::string>(1);
+        const std::uint64_t errorsBefore = TrappedErrors();
         const std::string path = kListFile.read(defaultPath());
+        if (TrappedErrors() != errorsBefore)
+            return; // it has been told, and the list is anywhere
         FileSystem& files = platform().files();
         const auto file = files.read(path);
-        mayBeWritten = file.error == SystemError::fileNotFound || file.error == SystemError::folderNotFound;
+        // The list's own folder, once it is there again, holds a list that must not be written over.
+        mayBeWritten = file.error == SystemError::fileNotFound ||
+                       (file.error == SystemError::folderNotFound && path != defaultPath());
         if (file.error == SystemError::fileNotFound)
             throw ErrorFor(file.error).quietly(); // the list is about to be started
         Check(file.error);

@@ -116,30 +116,5 @@ TEST_F(MostRecentlyUsedTest, IsReadFromWhereTheSettingPointsAndWrittenBesideTheL
     EXPECT_EQ(setting(), path_) << "no folder, no names to lose";
 }
 
-TEST_F(MostRecentlyUsedTest, LosesNoNamesToAFileThatCannotBeReadOrWritten) {
-    const std::string before = lines({"a", ""});
-    files().put(path_, before);
-    MostRecentlyUsed recent;
-    for (int failing = 1; failing <= 2; ++failing) {
-        files().observer = [number = failing](const FileOperation& operation) mutable {
-            const bool fails = operation.kind == FileOperation::read && --number == 0;
-            return fails ? SystemError::accessDenied : SystemError::none;
-        };
-        recent.AddFileToMostRecentlyUsedList("b");
-        EXPECT_EQ(content(), before) << "read " << failing;
-        EXPECT_EQ(host_.reports.takeNumbers(), Numbers{75});
-        files().put(path_, before);
-    }
-    files().observer = nullptr;
-    const std::size_t needed = before.size() + lines({"b", "a", ""}).size(); // it is written twice
-    for (std::size_t size = 0; size < needed; ++size) {
-        files().bytesLeft = size;
-        recent.AddFileToMostRecentlyUsedList("b");
-        EXPECT_EQ(content(), before) << size;
-        EXPECT_EQ(host_.reports.takeNumbers().back(), 61);
-        EXPECT_EQ(files().fileNames(), Texts{path_});
-    }
-}
-
 } // namespace
 } // namespace qrtVistrelClasses4
