@@ -71,6 +71,11 @@ inline constexpr std::tuple kScheduleFields{
     &BrightnessSchedule::StopTime,
 };
 
+/// Also how many lines each sign is written in.
+inline constexpr int kValuesOfADisplay =
+    static_cast<int>(std::tuple_size_v<decltype(kDisplayFields)> +
+                     kSchedulesOfADisplay * std::tuple_size_v<decltype(kScheduleFields)>);
+
 /// Reads one sign. At an error the values before the bad one have been read.
 void ReadDisplay(DelimitedReader& in, DisplayRecord& display);
 void WriteDisplay(DelimitedWriter& out, const DisplayRecord& display);

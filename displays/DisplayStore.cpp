@@ -11,6 +11,7 @@
 #include "settings/RegistrySettings.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <limits>
 #include <utility>
 
@@ -25,21 +26,48 @@ constexpr RegistrySetting kSynchronise{kVistrel3, kSettingsSection, "SyncPCSched
 
 std::string defaultPath(const std::string& fileName) { return JoinPath(LibraryFolder(), fileName); }
 
-/// Keeps the list that is about to be overwritten, where it can. An empty file holds none.
-void keepPrevious(const std::string& path) {
+/// Whether a file is a list to its end. One that was cut short between two signs is taken for a shorter list.
+bool isWholeList(std::string_view text) {
+    if (text.find('\0') != text.npos) // where a power cut has left out a piece
+        return false;
+    if (text.ends_with('\n') && std::ranges::count(text, '\n') % kValuesOfADisplay == 0)
+        return true; // without reading it, as nearly all are
     try {
-        FileSystem& files = platform().files();
-        if (files.kindOf(path) != EntryKind::file)
-            return;
-        const FileBytes previous = ValueOf(files.read(path));
-        if (previous.size == 0)
-            return;
-        ReplacementFile backup(files, path + std::string(kBackupEnding));
-        (void)backup.write(previous.text()); // a failure is kept, and told by `commit`
-        Check(backup.commit());
-    } catch (...) {
-        ReportQuietly(CurrentError());
+        DelimitedReader in(text);
+        for (DisplayRecord display; !in.atEnd();)
+            ReadDisplay(in, display);
+        return true;
+    } catch (const RuntimeError&) {
+        return false;
     }
+}
+
+/// Copies the list that is about to be overwritten. An empty file holds none, and half a list never takes the
+/// place of a whole one.
+SystemError copyPrevious(FileSystem& files, const std::string& path) {
+    if (files.kindOf(path) == EntryKind::folder)
+        return SystemError::none;
+    const auto previous = files.read(path);
+    if (previous.error == SystemError::fileNotFound || (previous && previous.value.size == 0))
+        return SystemError::none;
+    if (!previous)
+        return previous.error;
+    const std::string copy = path + std::string(kBackupEnding);
+    if (!isWholeList(previous.value.text()) && files.kindOf(copy) == EntryKind::file)
+        return SystemError::none;
+    ReplacementFile backup(files, copy);
+    (void)backup.write(previous.value.text()); // a failure is kept, and told by `commit`
+    return backup.commit();
+}
+
+/// A copy that may not be made does not stop the save. Every other failure does: it would strike the save as
+/// well, and with the copy not made both lists would be lost.
+void keepPrevious(FileSystem& files, const std::string& path) {
+    const SystemError error = copyPrevious(files, path);
+    if (error == SystemError::accessDenied || error == SystemError::inUse)
+        ReportQuietly(ErrorFor(error));
+    else
+        Check(error);
 }
 
 void showWriteFailure(const RuntimeError& error, const std::string& path) {
@@ -94,14 +122,19 @@ void DisplayDatabaseClass::writeDisplays(std::string& sFileName) {
     sFileName = defaultPath(sFileName);
     kDataFile.write(sFileName);
     FileSystem& files = platform().files();
-    if (!halfWritten_ || *halfWritten_ != std::pair(sFileName, files.sizeOf(sFileName).value))
-        keepPrevious(sFileName); // else the copy is the last whole list
+    const std::string folder(SplitPath(sFileName).folder);
     bool isOpened = false;
     try {
+        if (!halfWritten_ || *halfWritten_ != std::pair(sFileName, files.sizeOf(sFileName).value))
+            keepPrevious(files, sFileName); // else the copy is the last whole list
+        const bool isNew = files.kindOf(sFileName) == EntryKind::missing;
         const auto file = ValueOf(files.open(sFileName, OpenMode::replace));
         isOpened = true;
+        Check(file->flush()); // empty for certain: no power cut leaves a mixture of both lists
         writeTo(*file);
         halfWritten_.reset();
+        if (isNew) // its name must outlive a power cut, too, where the file system can see to it
+            (void)files.flushFolder(folder);
     } catch (...) {
         const RuntimeError error = CurrentError();
         if (isOpened)
@@ -140,7 +173,11 @@ void DisplayDatabaseClass::RetrieveAllDisplayInfoFromDisk() {
 }
 
 void DisplayDatabaseClass::readDisplays(std::string& sFileName) {
-    sFileName = kDataFile.read(defaultPath(sFileName));
+    const std::uint64_t errorsBefore = TrappedErrors();
+    const std::string path = kDataFile.read(defaultPath(sFileName));
+    if (TrappedErrors() != errorsBefore)
+        return; // it has been told, and the list is anywhere
+    sFileName = path;
     const FileBytes bytes = ValueOf(platform().files().read(sFileName));
     displays_.reserve(mostDisplays(bytes.size));
     DelimitedReader in(bytes.text());
