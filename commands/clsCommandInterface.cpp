@@ -82,9 +82,11 @@ clsCommandInterface::~clsCommandInterface() {
 void clsCommandInterface::LoadCommandTable() {
     traced(sub("LoadCommandTable"), [&] {
         quietly([&] {
+            BuildBuiltInCommands();
+            if (!hasBuiltInCommands())
+                return; // it has been told
             const std::string path = configuredPath();
             makeFolderOf(path);
-            BuildBuiltInCommands();
             readFile(path);
         });
     });
@@ -116,6 +118,8 @@ void clsCommandInterface::SaveCommandTable() {
 }
 
 void clsCommandInterface::writeFile(const std::string& path) {
+    if (!hasBuiltInCommands())
+        throw RuntimeError(ErrorNumber::outOfMemory); // no row would stand where reading looks for it
     FileSystem& files = platform().files();
     if (path != readPath_ && files.kindOf(path) != EntryKind::missing)
         keep(files, path);

@@ -44,6 +44,7 @@ private:
     void LoadCommandTable();
     void SaveCommandTable();
     void BuildBuiltInCommands();
+    bool hasBuiltInCommands() const { return commands_.upperBound() >= BuiltInCommandCount(); }
     /// -1 for none.
     std::int32_t FindCommandIndex(const std::string& sKey);
     void setBytes(const std::string& key, const std::string& bytes);
