@@ -21,7 +21,10 @@ const RegistryTree& PosixRegistryStore::tree() {
     file_ = openDescriptor(path_, O_RDONLY | O_NONBLOCK);
     if (file_ && ::fstat(file_.number(), &status_) != 0)
         file_ = Descriptor();
-    tree_ = RegistryTree(files_.read(path_).value.text());
+    const auto bytes = files_.read(path_);
+    if (!bytes)
+        file_ = Descriptor(); // the next look tries again
+    tree_ = RegistryTree(bytes.value.text());
     return tree_;
 }
 

@@ -1,11 +1,9 @@
-// What only a POSIX system has: links, rights, and processes that save at the same time.
+// What only a POSIX system has, as links and rights.
 #include "Machines.h"
 #include "platform/ReplacementFile.h"
 #include "platform/posix/PosixCalendar.h"
 #include "platform/posix/PosixFolders.h"
-
-#include <fcntl.h>
-#include <sys/wait.h>
+#include "platform/posix/PosixRegistryStore.h"
 
 #include <tuple>
 
@@ -75,53 +73,17 @@ TEST_F(PosixPlatformTest, ReadsAFileThatHidesItsSize) {
     EXPECT_NE(textOf("/proc/self/status").find("Name:"), std::string::npos);
 }
 
-/// Runs `work` in two processes at the same time and waits for both.
-template <class Work>
-void inTwoProcesses(Work work) {
-    pid_t children[2];
-    for (int number = 0; number < 2; ++number) {
-        children[number] = ::fork();
-        ASSERT_NE(children[number], -1);
-        if (children[number] == 0)
-            ::_exit(work(std::to_string(number)) ? 0 : 1);
-    }
-    for (const pid_t child : children) {
-        int status = -1;
-        EXPECT_EQ(::waitpid(child, &status, 0), child);
-        EXPECT_EQ(status, 0);
-    }
-}
-
-constexpr int kWrites = 200;
-
-TEST_F(PosixPlatformTest, TwoProcessesLoseNoneOfEachOthersRegistryValues) {
-    RegistryStore& store = platform().registry();
+TEST_F(PosixPlatformTest, ARegistryThatCouldNotBeReadIsReadAgain) {
+    const std::string path = machine.file("registry");
     const RegistryKey key{RegistryHive::localMachine, "Software\\test"};
-    inTwoProcesses([&](const std::string& process) {
-        for (int i = 0; i < kWrites; ++i)
-            if (store.writeString(key, process + "-" + std::to_string(i), "v") != SystemError::none)
-                return false;
-        return true;
-    });
-    EXPECT_EQ(store.valueNames(key).value.size(), 2u * kWrites);
-    EXPECT_EQ(machine.fileCount(), 1u) << "no lock or temporary file stays";
-}
-
-TEST_F(PosixPlatformTest, TwoProcessesLoseNoneOfEachOthersProfileKeys) {
-    const std::string path = machine.file("a.ini");
-    inTwoProcesses([&](const std::string& process) {
-        const auto profile = platform().openProfile(path);
-        for (int i = 0; i < kWrites; ++i) {
-            profile->write("S", process + "-" + std::to_string(i), "v");
-            if (profile->commit() != SystemError::none)
-                return false;
-        }
-        return true;
-    });
-    const auto profile = platform().openProfile(path);
-    for (const std::string process : {"0-", "1-"})
-        for (int i = 0; i < kWrites; ++i)
-            EXPECT_EQ(profile->read("S", process + std::to_string(i), "lost", 255), "v") << process << i;
+    ASSERT_EQ(platform().registry().writeString(key, "name", "value"), SystemError::none);
+    MemoryFileSystem failing; // its files lie where the system has them, too
+    failing.put(path, textOf(path));
+    failing.observer = [](const FileOperation&) { return SystemError::deviceFailure; };
+    PosixRegistryStore store(failing, path);
+    EXPECT_FALSE(store.readString(key, "name"));
+    failing.observer = nullptr;
+    EXPECT_EQ(store.readString(key, "name").value, "value");
 }
 
 TEST_F(PosixPlatformTest, SeesWhatAnotherPlatformObjectWroteToTheRegistry) {
