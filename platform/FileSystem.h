@@ -54,7 +54,7 @@ struct TemporaryFile {
 };
 
 enum class OpenMode {
-    replace, ///< Makes the file, or empties it.
+    replace, ///< Makes the file, or empties it. One at a time: others wait, and fail with `inUse` in the end.
     append,  ///< Makes the file, or writes behind its last byte.
 };
 
@@ -66,7 +66,8 @@ public:
     virtual EntryKind kindOf(const std::string& path) = 0;
     /// Size in bytes of the file `path`.
     virtual Result<std::uint64_t> sizeOf(const std::string& path) = 0;
-    /// The whole file. A folder or a device is `accessDenied`, more than 2 GiB `tooLarge`.
+    /// The whole file, never while an `open` to replace it is writing. A folder or a device is
+    /// `accessDenied`, more than 2 GiB `tooLarge`.
     virtual Result<FileBytes> read(const std::string& path) = 0;
 
     /// A folder or a device is `accessDenied`.

@@ -12,6 +12,7 @@
 #include <fcntl.h>
 #include <limits.h>
 #include <stdlib.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -24,7 +25,14 @@ constexpr unsigned kNewFileMode = 0666;
 
 class PosixOutputFile final : public OutputFile {
 public:
-    PosixOutputFile(Descriptor file, std::string path) : file_(std::move(file)), path_(std::move(path)) {}
+    explicit PosixOutputFile(std::string path) : path_(std::move(path)) {}
+
+    /// False with `errno` set.
+    bool open(int flags, unsigned mode) {
+        file_ = openDescriptor(path_, flags, mode);
+        return static_cast<bool>(file_);
+    }
+    int descriptor() const { return file_.number(); }
 
     SystemError write(std::string_view bytes) override;
     SystemError flush() override;
@@ -51,10 +59,6 @@ SystemError PosixOutputFile::flush() {
         return SystemError::none;
     // Some file systems have nothing to flush.
     return errno == EINVAL || errno == ENOTSUP ? SystemError::none : errorOn(path_);
-}
-
-std::unique_ptr<OutputFile> outputFile(Descriptor file, const std::string& path) {
-    return std::make_unique<PosixOutputFile>(std::move(file), path);
 }
 
 /// The file `path` opened for reading, when it is a plain one.
@@ -179,10 +183,13 @@ Result<FileBytes> PosixFileSystem::read(const std::string& path) {
     const auto source = openSource(path);
     if (!source)
         return source.error;
+    const int file = source.value.file.number();
+    if (!lockFile(file, LOCK_SH))
+        return SystemError::inUse;
     const auto size = static_cast<std::size_t>(source.value.status.st_size);
     if (size > kLargestFile)
         return SystemError::tooLarge;
-    return readToEnd(source.value.file.number(), size, path);
+    return readToEnd(file, size, path);
 }
 
 Result<std::unique_ptr<InputFile>> PosixFileSystem::openToRead(const std::string& path) {
@@ -193,11 +200,16 @@ Result<std::unique_ptr<InputFile>> PosixFileSystem::openToRead(const std::string
 }
 
 Result<std::unique_ptr<OutputFile>> PosixFileSystem::open(const std::string& path, OpenMode mode) {
-    const int flags = O_WRONLY | O_CREAT | (mode == OpenMode::append ? O_APPEND : O_TRUNC);
-    Descriptor file = openDescriptor(path, flags, kNewFileMode);
-    if (!file)
+    auto file = std::make_unique<PosixOutputFile>(path);
+    if (!file->open(O_WRONLY | O_CREAT | (mode == OpenMode::append ? O_APPEND : 0), kNewFileMode))
         return errorOn(path);
-    return outputFile(std::move(file), path);
+    if (mode == OpenMode::replace) {
+        if (!lockFile(file->descriptor(), LOCK_EX))
+            return SystemError::inUse;
+        if (::ftruncate(file->descriptor(), 0) != 0 && errno != EINVAL) // what is no plain file has no size
+            return errorOn(path);
+    }
+    return std::unique_ptr<OutputFile>(std::move(file));
 }
 
 Result<TemporaryFile> PosixFileSystem::createBeside(const std::string& path) {
@@ -206,16 +218,16 @@ Result<TemporaryFile> PosixFileSystem::createBeside(const std::string& path) {
     const bool replaces = ::stat(path.c_str(), &old) == 0;
     for (;;) {
         std::string name = folder + TemporaryName();
+        auto file = std::make_unique<PosixOutputFile>(name);
         // Nobody may read the new version of a private file, not even while it is made.
-        Descriptor file = openDescriptor(name, O_WRONLY | O_CREAT | O_EXCL, replaces ? 0600 : kNewFileMode);
-        if (!file && errno == EEXIST)
+        const bool isOpen = file->open(O_WRONLY | O_CREAT | O_EXCL, replaces ? 0600 : kNewFileMode);
+        if (!isOpen && errno == EEXIST)
             continue;
-        if (!file)
+        if (!isOpen)
             return errorOn(name);
         if (replaces)
-            takeOverRights(file.number(), old);
-        auto output = outputFile(std::move(file), name);
-        return TemporaryFile{std::move(name), std::move(output)};
+            takeOverRights(file->descriptor(), old);
+        return TemporaryFile{std::move(name), std::move(file)};
     }
 }
 
@@ -246,7 +258,10 @@ SystemError PosixFileSystem::remove(const std::string& path) {
 }
 
 SystemError PosixFileSystem::createFolder(const std::string& path) {
-    return ::mkdir(path.c_str(), 0777) == 0 ? SystemError::none : errorOn(path);
+    if (::mkdir(path.c_str(), 0777) != 0)
+        return errorOn(path);
+    (void)flushFolder(folderOf(path)); // what is saved below must not go with it in a power cut
+    return SystemError::none;
 }
 
 SystemError PosixFileSystem::copy(const std::string& from, const std::string& to) {

@@ -66,6 +66,18 @@ SystemError errorOn(const std::string& path, int code) {
     }
 }
 
+bool lockFile(int file, int operation) {
+    constexpr int mostTries = 5000; // about as many milliseconds
+    for (int tries = 0; ::flock(file, operation | LOCK_NB) != 0; ++tries) {
+        if (errno != EWOULDBLOCK && errno != EINTR)
+            return true;
+        if (tries == mostTries)
+            return false;
+        (void)::usleep(1000);
+    }
+    return true;
+}
+
 FolderLock::FolderLock(const std::string& folder) : folder_(openDescriptor(folder, O_RDONLY | O_DIRECTORY)) {
     if (folder_)
         (void)uninterrupted([&] { return ::flock(folder_.number(), LOCK_EX); });

@@ -42,6 +42,10 @@ private:
 /// Opens with close-on-exec set. `errno` tells why there is no descriptor.
 Descriptor openDescriptor(const std::string& path, int flags, unsigned mode = 0);
 
+/// Locks an open file for reading (`LOCK_SH`) or writing (`LOCK_EX`) until it is closed; waits for others,
+/// but not for ever. True also where the file system knows no locks.
+bool lockFile(int file, int operation);
+
 /// Folder that the entry `path` is in: up to the last "/", "." without one.
 std::string folderOf(const std::string& path);
 

@@ -34,6 +34,22 @@ Result<FileHandle> openSource(const std::string& path) {
     return file;
 }
 
+/// Locks an open file until it is closed, for writing or else for reading; waits for others, but not for
+/// ever. True also where the file system knows no locks.
+bool lockFile(HANDLE file, bool forWriting) {
+    constexpr int mostTries = 500;
+    constexpr DWORD pause = 10; // milliseconds
+    const DWORD flags = LOCKFILE_FAIL_IMMEDIATELY | (forWriting ? LOCKFILE_EXCLUSIVE_LOCK : 0);
+    for (int tries = 0; tries < mostTries; ++tries, ::Sleep(pause)) {
+        OVERLAPPED fromTheStart{};
+        if (::LockFileEx(file, flags, 0, MAXDWORD, MAXDWORD, &fromTheStart))
+            return true;
+        if (const DWORD code = ::GetLastError(); code != ERROR_LOCK_VIOLATION && code != ERROR_IO_PENDING)
+            return true;
+    }
+    return false;
+}
+
 /// Fills `bytes`, or less of it at the end of the file; `used` is how many.
 SystemError fill(HANDLE file, std::span<char> bytes, std::size_t& used) {
     constexpr std::size_t largestPiece = std::size_t{1} << 30;
@@ -80,7 +96,12 @@ private:
 
 class WindowsOutputFile final : public OutputFile {
 public:
-    explicit WindowsOutputFile(FileHandle file) : file_(std::move(file)) {}
+    /// False when there is no such handle, with the reason as the thread's last error.
+    bool open(const std::string& path, DWORD disposition) {
+        file_ = openForWriting(path, disposition);
+        return static_cast<bool>(file_);
+    }
+    HANDLE handle() const { return file_.get(); }
 
     SystemError write(std::string_view bytes) override;
     SystemError flush() override { return told(::FlushFileBuffers(file_.get()) != FALSE); }
@@ -104,6 +125,19 @@ SystemError WindowsOutputFile::write(std::string_view bytes) {
         bytes.remove_prefix(written);
     }
     return SystemError::none;
+}
+
+/// Returns when the file `path`, read-only or not, would outlive a power cut.
+SystemError flushFile(const std::string& path) {
+    const DWORD attributes = ::GetFileAttributesA(path.c_str());
+    const bool isReadOnly = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY);
+    if (isReadOnly)
+        ::SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+    const FileHandle file = openForWriting(path, OPEN_EXISTING);
+    const SystemError error = file && ::FlushFileBuffers(file.get()) ? SystemError::none : lastSystemError();
+    if (isReadOnly)
+        ::SetFileAttributesA(path.c_str(), attributes);
+    return error;
 }
 
 /// What tells one file from another on this machine.
@@ -140,6 +174,8 @@ Result<FileBytes> WindowsFileSystem::read(const std::string& path) {
     const auto file = openSource(path);
     if (!file)
         return file.error;
+    if (!lockFile(file.value.get(), false))
+        return SystemError::inUse;
     const auto size = sizeOfOpened(file.value.get());
     if (!size)
         return size.error;
@@ -164,24 +200,29 @@ Result<std::unique_ptr<InputFile>> WindowsFileSystem::openToRead(const std::stri
 }
 
 Result<std::unique_ptr<OutputFile>> WindowsFileSystem::open(const std::string& path, OpenMode mode) {
-    FileHandle file = openForWriting(path, mode == OpenMode::append ? OPEN_ALWAYS : CREATE_ALWAYS);
-    if (!file)
+    auto file = std::make_unique<WindowsOutputFile>();
+    if (!file->open(path, OPEN_ALWAYS))
         return lastSystemError();
-    if (mode == OpenMode::append && !::SetFilePointerEx(file.get(), {}, nullptr, FILE_END))
+    if (mode == OpenMode::append && !::SetFilePointerEx(file->handle(), {}, nullptr, FILE_END))
         return lastSystemError();
-    return std::unique_ptr<OutputFile>(std::make_unique<WindowsOutputFile>(std::move(file)));
+    if (mode == OpenMode::replace && ::GetFileType(file->handle()) == FILE_TYPE_DISK) {
+        if (!lockFile(file->handle(), true))
+            return SystemError::inUse;
+        if (!::SetEndOfFile(file->handle()))
+            return lastSystemError();
+    }
+    return std::unique_ptr<OutputFile>(std::move(file));
 }
 
 Result<TemporaryFile> WindowsFileSystem::createBeside(const std::string& path) {
     const std::string folder(SplitPath(path).folder);
     for (;;) {
         std::string name = folder + TemporaryName();
-        FileHandle file = openForWriting(name, CREATE_NEW);
-        if (!file && ::GetLastError() == ERROR_FILE_EXISTS)
-            continue;
-        if (!file)
+        auto file = std::make_unique<WindowsOutputFile>();
+        if (file->open(name, CREATE_NEW))
+            return TemporaryFile{std::move(name), std::move(file)};
+        if (::GetLastError() != ERROR_FILE_EXISTS)
             return lastSystemError();
-        return TemporaryFile{std::move(name), std::make_unique<WindowsOutputFile>(std::move(file))};
     }
 }
 
@@ -222,6 +263,8 @@ SystemError WindowsFileSystem::copy(const std::string& from, const std::string& 
     const std::string& copied = temporary.value.path;
     SystemError error =
         ::CopyFileA(from.c_str(), copied.c_str(), FALSE) ? SystemError::none : lastSystemError();
+    if (error == SystemError::none)
+        error = flushFile(copied);
     if (error == SystemError::none)
         error = moveOver(copied, to);
     if (error != SystemError::none) {
