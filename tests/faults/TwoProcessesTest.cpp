@@ -1,0 +1,159 @@
+// Two processes that change the same files at once. QRT_ROUNDS tells how often each does; a hundred times
+// unless it is set.
+#include "TempFolder.h"
+#include "TestHost.h"
+#include "commands/clsCommandInterface.h"
+#include "displays/DisplayDatabaseClass.h"
+#include "settings/IniFile.h"
+#include "settings/MostRecentlyUsed.h"
+#include "settings/RegistrySettings.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <functional>
+#include <iostream>
+#include <set>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr int kProcesses = 2;
+constexpr int kNames = 10; ///< Of each process.
+
+std::string nameOf(int process, int number) {
+    return "##" + std::to_string(process) + "-" + std::to_string(number % kNames);
+}
+std::set<std::string> allNames() {
+    std::set<std::string> names;
+    for (int number = 0; number < kProcesses * kNames; ++number)
+        names.insert(nameOf(number / kNames, number));
+    return names;
+}
+
+/// The library on the system's own files, below one folder.
+struct Host {
+    explicit Host(const std::string& folder) : machine(makePlatform({folder})) {}
+    bool isQuiet() const { return reports.all.empty() && boxes.shown.empty(); }
+
+    std::unique_ptr<Platform> machine;
+    KeptReports reports;
+    MemoryMessageBoxes boxes;
+    ScopedPlatform platformScope{*machine};
+    ScopedErrorReporter reporterScope{reports};
+    ScopedMessageBoxes boxesScope{boxes};
+};
+
+/// A registry setting and a key of an INI file: what this process wrote last is still there.
+bool changeSettings(int process, int round) {
+    const std::string name = nameOf(process, round), next = nameOf(process, round + 1);
+    const std::string value = std::to_string(round), valueBefore = std::to_string(round + 1 - kNames);
+    PrivateIni ini;
+    ini.Register("Section", JoinPath(platform().libraryFolder(), "shared.ini"));
+    WriteSetting("Application", "Section", name, value);
+    return ini.Write(name, value) && ini.Read(name, "") == value &&
+           ReadSetting("Application", "Section", name, "") == value &&
+           (round < kNames || (ini.Read(next, "") == valueBefore &&
+                               ReadSetting("Application", "Section", next, "") == valueBefore));
+}
+
+bool changeRecentFiles(int process, int round) {
+    MostRecentlyUsed recent;
+    recent.AddFileToMostRecentlyUsedList(nameOf(process, round));
+    std::set<std::string> known = allNames();
+    for (std::int16_t number = 1; number < recent.TotalFilesInList(); ++number)
+        if (known.erase(recent.GetFileName(number)) != 1)
+            return false;
+    return true;
+}
+
+bool changeCommands(int process, int round) {
+    clsCommandInterface table;
+    table.sCommandBytesByKey(nameOf(process, round), "bytes");
+    std::set<std::string> known = allNames();
+    for (std::int16_t number = 1; number <= table.iTotalCommands(); ++number)
+        if (number > BuiltInCommandCount() &&
+            (known.erase(table.sCommandKeyByNum(number)) != 1 || table.sCommandBytesByNum(number) != "bytes"))
+            return false;
+    return true;
+}
+
+/// Every sign of a list says who wrote the list, and the writers have lists of different lengths.
+bool changeSigns(int process, int round) {
+    const auto signsOf = [](int writer) { return writer == 0 ? 40 : 25; };
+    DisplayDatabaseClass written;
+    for (int sign = 1; sign <= signsOf(process); ++sign) {
+        written.CurrentDisplayNumber(written.AddNewDisplay("Sign " + std::to_string(sign)));
+        written.PhoneNumber(std::to_string(process));
+        written.AppDesc(std::to_string(round));
+    }
+    std::string fileName = "Displays.dat";
+    written.WriteAllDisplaysToDisk(fileName);
+    DisplayDatabaseClass read;
+    read.RetrieveAllDisplayInfoFromDisk(fileName);
+    read.CurrentDisplayNumber(1);
+    const std::string writer = read.PhoneNumber(), when = read.AppDesc();
+    for (std::int16_t sign = 1; sign <= read.TotalDisplays(); ++sign) {
+        read.CurrentDisplayNumber(sign);
+        if (read.PhoneNumber() != writer || read.AppDesc() != when)
+            return false;
+    }
+    return read.TotalDisplays() == signsOf(writer == "0" ? 0 : 1);
+}
+
+struct Change {
+    const char* name;
+    bool (*change)(int process, int round);
+};
+
+class TwoProcesses : public testing::TestWithParam<Change> {
+protected:
+    /// Whether every round of this process went well.
+    bool run(int process, int rounds) {
+        for (int round = 0; round < rounds; ++round) {
+            Host host(folder_.path());
+            if (!GetParam().change(process, round) || !host.isQuiet()) {
+                std::cerr << "process " << process << ", round " << round << '\n';
+                for (const ErrorReport& report : host.reports.all)
+                    std::cerr << report.error.number() << ' ' << report.procedure.procedure << '\n';
+                return false;
+            }
+        }
+        return true;
+    }
+
+    TempFolder folder_;
+};
+
+TEST_P(TwoProcesses, ChangeTheSameFileWithoutMixingItOrLosingAKey) {
+    const char* given = std::getenv("QRT_ROUNDS");
+    const int rounds = given ? std::atoi(given) : 100;
+    {
+        Host first(folder_.path()); // which only starts the files
+        (void)GetParam().change(0, 0);
+    }
+    pid_t children[kProcesses] = {};
+    for (int process = 0; process < kProcesses; ++process)
+        if ((children[process] = ::fork()) == 0)
+            ::_exit(run(process, rounds) ? 0 : 1);
+    for (const pid_t child : children) {
+        int status = 1;
+        EXPECT_EQ(::waitpid(child, &status, 0), child);
+        EXPECT_EQ(status, 0);
+    }
+    EXPECT_TRUE(run(0, kNames) && run(1, kNames)) << "afterwards";
+    for (const auto& entry : std::filesystem::directory_iterator(folder_.path()))
+        EXPECT_NE(entry.path().extension(), ".tmp");
+}
+
+constexpr Change kChanges[] = {{"Settings", changeSettings},
+                               {"RecentFiles", changeRecentFiles},
+                               {"CommandTable", changeCommands},
+                               {"Signs", changeSigns}};
+INSTANTIATE_TEST_SUITE_P(Stores, TwoProcesses, testing::ValuesIn(kChanges),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+} // namespace
+} // namespace qrtVistrelClasses4
