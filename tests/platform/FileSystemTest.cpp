@@ -2,6 +2,10 @@
 #include "platform/ReplacementFile.h"
 #include "platform/memory/MemoryPlatform.h"
 
+#include <chrono>
+#include <future>
+#include <thread>
+
 namespace qrtVistrelClasses4 {
 namespace {
 
@@ -282,6 +286,20 @@ TEST(WideIniFile, IsLeftAsItIs) {
     profile->write("S", "k", "v");
     EXPECT_NE(profile->commit(), SystemError::none);
     EXPECT_EQ(machine.files().content(path), text);
+}
+
+TEST(SystemFiles, AReaderWaitsForTheWriterOfAFile) {
+    SystemMachine machine;
+    FileSystem& files = machine.platform().files();
+    const std::string path = machine.file("a");
+    auto writer = files.open(path, OpenMode::replace);
+    ASSERT_TRUE(writer);
+    EXPECT_EQ(writer.value->write("one half"), SystemError::none);
+    auto read = std::async(std::launch::async, [&] { return std::string(files.read(path).value.text()); });
+    std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    EXPECT_EQ(writer.value->write(", and the other"), SystemError::none);
+    EXPECT_EQ(writer.value->close(), SystemError::none);
+    EXPECT_EQ(read.get(), "one half, and the other");
 }
 
 } // namespace
