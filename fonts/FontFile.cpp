@@ -1,0 +1,93 @@
+#include "fonts/FontFile.h"
+
+#include "frame/RuntimeError.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr unsigned char kFirstCharacter = 32;
+constexpr unsigned char kLastCharacter = 127;
+
+/// Two codes of one glyph: keyboards and playfiles have the first, fonts the second.
+constexpr unsigned char kBrokenBar = 166;
+
+constexpr std::size_t kHeaderSize = 4; ///< An unused byte, the number of characters, width and height.
+constexpr int kLargestByte = 255;
+
+std::string sizedFontCharacters() {
+    std::string characters;
+    for (unsigned code = kFirstCharacter; code <= kLastCharacter; ++code)
+        characters += static_cast<char>(code);
+    return characters;
+}
+
+std::int16_t byteAt(std::string_view bytes, std::size_t index) {
+    return static_cast<unsigned char>(bytes[index]);
+}
+
+void fillStore(Font& font, std::string_view bytes) {
+    std::ranges::copy(bytes.substr(0, kGlyphStoreSize), font.store.begin());
+}
+
+std::optional<Font> parseHeaderFont(std::string_view bytes) {
+    if (bytes.size() < kHeaderSize)
+        return std::nullopt;
+    const auto count = static_cast<std::size_t>(byteAt(bytes, 1));
+    const std::int16_t width = byteAt(bytes, 2);
+    const std::int16_t height = byteAt(bytes, 3);
+    bytes.remove_prefix(kHeaderSize);
+    if (bytes.size() < count)
+        return std::nullopt;
+    Font font{width, height, std::string(bytes.substr(0, count))};
+    fillStore(font, bytes.substr(count));
+    return font;
+}
+
+char asByte(int number) {
+    if (number < 0 || number > kLargestByte)
+        Raise(ErrorNumber::overflow);
+    return static_cast<char>(number);
+}
+
+} // namespace
+
+std::int32_t Font::glyphOffset(char character) const {
+    auto code = static_cast<unsigned char>(character);
+    if (code == kBrokenBar)
+        code = kLastCharacter;
+    std::int64_t glyph = code - kFirstCharacter;
+    if (!characters.empty()) {
+        const std::size_t found = characters.find(static_cast<char>(code));
+        if (found == characters.npos)
+            return -1;
+        glyph = static_cast<std::int64_t>(found);
+    }
+    using Limits = std::numeric_limits<std::int32_t>;
+    return static_cast<std::int32_t>(
+        std::clamp<std::int64_t>(glyph * recordSize(), Limits::min(), Limits::max()));
+}
+
+std::optional<Font> ParseFont(std::string_view bytes, std::int16_t width, std::int16_t height) {
+    if (width == kSizeFromFile && height == kSizeFromFile)
+        return parseHeaderFont(bytes);
+    Font font{width, height, sizedFontCharacters()};
+    fillStore(font, bytes);
+    return font;
+}
+
+std::string SizedFontBytes(const Font& font) {
+    const auto used = static_cast<std::size_t>(std::max(font.recordSize(), 0)) * font.characters.size();
+    return {font.store.begin(),
+            font.store.begin() + static_cast<std::ptrdiff_t>(std::min(used, kGlyphStoreSize))};
+}
+
+std::string HeaderFontBytes(const Font& font) {
+    const int count = static_cast<int>(std::min<std::size_t>(font.characters.size(), kLargestByte + 1));
+    return std::string{'\0', asByte(count), asByte(font.width), asByte(font.height)} + font.characters +
+           SizedFontBytes(font);
+}
+
+} // namespace qrtVistrelClasses4

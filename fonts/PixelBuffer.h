@@ -1,0 +1,43 @@
+// A picture in memory.
+#pragma once
+
+#include "fonts/DrawingTarget.h"
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+
+/// Pixels are numbered from 0, from the left and from the top. Drawing outside does nothing.
+class PixelBuffer final : public DrawingTarget, private DeviceContext {
+public:
+    /// All pixels start in the background's colour. A size below 0 counts as 0.
+    PixelBuffer(std::int32_t width, std::int32_t height, Color backColor = 0);
+
+    std::int32_t width() const { return width_; }
+    std::int32_t height() const { return height_; }
+    /// `y` lies inside.
+    std::span<Color> row(std::int32_t y);
+    std::span<const Color> row(std::int32_t y) const;
+    /// The colour that `BackColor` tells from now on; pixels stay as they are.
+    void setBackColor(Color color) { backColor_ = color; }
+    void fill(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height, Color color);
+
+    std::string ClassName() const override { return "PixelBuffer"; }
+    DeviceContext& GetBitmapDC() override { return *this; }
+    void ReleaseBitmapDC() override {}
+    DeviceContext& hdc() override { return *this; }
+    Color BackColor() override { return backColor_; }
+    PixelBuffer* Pixels() override { return this; }
+
+private:
+    void SetPixel(std::int32_t x, std::int32_t y, Color color) override { fill(x, y, 1, 1, color); }
+
+    std::int32_t width_;
+    std::int32_t height_;
+    Color backColor_;
+    std::vector<Color> pixels_; ///< Row by row.
+};
+
+} // namespace qrtVistrelClasses4
