@@ -30,7 +30,8 @@ public:
     virtual std::string ClassName() const = 0;
     /// The context of the target's bitmap, the caller's until `ReleaseBitmapDC`.
     virtual DeviceContext& GetBitmapDC() = 0;
-    virtual void ReleaseBitmapDC() = 0;
+    /// What the host refuses of this is dropped: it follows errors as well.
+    virtual void ReleaseBitmapDC() noexcept = 0;
     /// The target's own context.
     virtual DeviceContext& hdc() = 0;
     virtual Color BackColor() = 0;

@@ -12,6 +12,9 @@ namespace qrtVistrelClasses4 {
 
 inline constexpr std::size_t kGlyphStoreSize = 16301;
 
+/// Bytes of a file that matter at the most: four of sizes, the characters, the store.
+inline constexpr std::size_t kLargestFontFile = 4 + 255 + kGlyphStoreSize;
+
 /// In the place of width and height: the file tells them.
 inline constexpr std::int16_t kSizeFromFile = -1;
 

@@ -26,7 +26,7 @@ public:
 
     std::string ClassName() const override { return "PixelBuffer"; }
     DeviceContext& GetBitmapDC() override { return *this; }
-    void ReleaseBitmapDC() override {}
+    void ReleaseBitmapDC() noexcept override {}
     DeviceContext& hdc() override { return *this; }
     Color BackColor() override { return backColor_; }
     PixelBuffer* Pixels() override { return this; }

@@ -1,8 +1,9 @@
 // The font of a sign, and text drawn in it, dot by dot.
 #pragma once
 
-#include "fonts/DrawingTarget.h"
+#include "fonts/DotPainter.h"
 #include "fonts/FontFile.h"
+#include "fonts/Letter.h"
 
 #include <cstdint>
 #include <functional>
@@ -12,7 +13,8 @@
 namespace qrtVistrelClasses4 {
 
 /// One loaded font. Texts are 8-bit characters; letters in them are numbered from 1. Sizes of fonts are in
-/// dots, positions and widths on a target in pixels. One thread at a time.
+/// dots, positions and widths on a target in pixels; a position's fraction is cut off downwards. One thread
+/// at a time.
 ///
 /// All members but the accessors of properties are traced, and trap their errors: the result is then 0 or
 /// false. A load that fails leaves the font as it was.
@@ -47,48 +49,64 @@ public:
     /// Hears what `LoadFont` and `LoadFontByNum` have to tell the operator.
     void OnMessage(MessageHandler handler) { onMessage_ = std::move(handler); }
 
-    /// Loads the file `sPath`, or one of its name in "Extended" or "CustomFonts" of the application folder; a
+    /// Loads the file `path`, or one of its name in "Extended" or "CustomFonts" of the application folder; a
     /// standard font that is nowhere is replaced by font 0. With both sizes `kSizeFromFile` the file tells
     /// them. False when there is none, or when it ends before its glyphs start.
-    bool LoadFont(const std::string& sPath, std::int16_t iWidth, std::int16_t iHeight);
+    bool LoadFont(const std::string& path, std::int16_t width, std::int16_t height);
     /// Loads a numbered font from "bin" of the application folder. False for a number without a font.
-    bool LoadFontByNum(std::int16_t FontNumber, std::int16_t SignType);
-    /// Loads `sPath` itself, without a message: a file that is missing or ends too early is an error. An
+    bool LoadFontByNum(std::int16_t fontNumber, std::int16_t signType);
+    /// Loads `path` itself, without a message: a file that is missing or ends too early is an error. An
     /// empty path loads nothing.
-    bool LoadExistingFont(const std::string& sPath, std::int16_t iWidth, std::int16_t iHeight);
+    bool LoadExistingFont(const std::string& path, std::int16_t width, std::int16_t height);
     /// Sets the size alone; a number without a font changes nothing.
-    void FontSizeByNum(std::int16_t FontNumber);
+    void FontSizeByNum(std::int16_t fontNumber);
 
     // Letters. A text stands for its first character. One without a glyph is not drawn and has no width.
 
     /// Index of the glyph in the font's store; below 0 or beyond the store when there is none.
-    std::int32_t GlyphOffset(const std::string& sLetter);
-    /// Draws a letter. Its dots start one dot right of `X`. `DrawBackground` other than 0: dark dots are
-    /// drawn in the target's background colour. `UseBitmapDC` other than 0: on the target's bitmap. `Advance`
+    std::int32_t GlyphOffset(const std::string& letter);
+    /// Draws a letter. Its dots start one dot right of `x`. `drawBackground` other than 0: dark dots are
+    /// drawn in the target's background colour. `useBitmapDC` other than 0: on the target's bitmap. `advance`
     /// becomes the letter's width, where the next one is to start.
-    void DrawLetter(const std::string& sLetter, DrawingTarget& Target, float X, float Y,
-                    std::int16_t DrawBackground, std::int16_t UseBitmapDC, std::int32_t& Advance);
+    void DrawLetter(const std::string& letter, DrawingTarget& target, float x, float y,
+                    std::int16_t drawBackground, std::int16_t useBitmapDC, std::int32_t& advance);
     /// Width of a letter with the gap behind it.
-    std::int32_t LetterWidth(const std::string& sLetter);
+    std::int32_t LetterWidth(const std::string& letter);
 
     // Texts.
 
     /// Width of all letters.
-    std::int32_t TextWidth(const std::string& sText);
-    /// Draws all letters, each where the one before ends. `Advance` becomes the text's width.
-    void DrawText(const std::string& sText, DrawingTarget& Target, float X, float Y,
-                  std::int16_t DrawBackground, std::int16_t UseBitmapDC, std::int32_t& Advance);
-    /// Draws the cells of the letters `FirstLetter` to `LastLetter` of a text at `X`, `Y` with lit dots in
+    std::int32_t TextWidth(const std::string& text);
+    /// Draws all letters, each where the one before ends, with the device context taken once. `advance`
+    /// becomes the text's width.
+    void DrawText(const std::string& text, DrawingTarget& target, float x, float y,
+                  std::int16_t drawBackground, std::int16_t useBitmapDC, std::int32_t& advance);
+    /// Draws the cells of the letters `firstLetter` to `lastLetter` of a text at `x`, `y` with lit dots in
     /// the background colour and all others in `FontColor`, gaps included. Letters outside the text are none.
-    void HilightSelection(const std::string& sText, DrawingTarget& Target, float X, float Y,
-                          std::int16_t FirstLetter, std::int16_t LastLetter, std::int16_t UseBitmapDC);
-    /// Shows a mark before letter `Index` of a text at `X`, `Y`, and hides it at the next call. An index
+    void HilightSelection(const std::string& text, DrawingTarget& target, float x, float y,
+                          std::int16_t firstLetter, std::int16_t lastLetter, std::int16_t useBitmapDC);
+    /// Shows a mark before letter `index` of a text at `x`, `y`, and hides it at the next call. An index
     /// below 1 is the front of the text, one beyond it its end. The mark is one dot wide and takes the last
     /// column of the letter before, whose dots are drawn again when it goes.
-    void CycleIndexMarker(const std::string& sText, DrawingTarget& Target, float X, float Y,
-                          std::int16_t Index, std::int16_t UseBitmapDC);
+    void CycleIndexMarker(const std::string& text, DrawingTarget& target, float x, float y,
+                          std::int16_t index, std::int16_t useBitmapDC);
 
 private:
+    enum class Fallback { toFont0, none };
+    bool load(const std::string& path, std::int16_t width, std::int16_t height, Fallback fallback);
+    bool loadNumbered(std::int16_t fontNumber, std::int16_t signType, Fallback fallback);
+    /// The file at `path`, or one of its name where fonts are kept. "" when there is none.
+    std::string findFont(const std::string& path);
+    void tell(const std::string& message);
+
+    std::int64_t widthOf(const Letter& letter) const;
+    /// Letters without a glyph have no width.
+    std::int64_t widthOf(std::string_view text) const;
+    /// The text's width, which has been drawn.
+    std::int32_t drawLetters(std::string_view text, DrawingTarget& target, Corner corner, bool background,
+                             bool useBitmapDC);
+    DotStyle dotStyle(Ink lit, Ink dark) const { return {magTimes_, fontColor_, lit, dark}; }
+
     Font font_;
     bool useNewFont_ = false;
     bool useNew16x16_ = false;

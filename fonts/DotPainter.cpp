@@ -1,0 +1,97 @@
+#include "fonts/DotPainter.h"
+
+#include "fonts/PixelBuffer.h"
+#include "frame/Conversions.h"
+#include "frame/RuntimeError.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <limits>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr std::uint8_t kLeftmostDot = 0x80;
+
+/// Pixel by pixel, on what the host has.
+class ContextPainter final : public DotPainter {
+public:
+    ContextPainter(DrawingTarget& target, bool useBitmapDC, Corner corner, const DotStyle& style)
+        : DotPainter(corner, style), target_(target), useBitmapDC_(useBitmapDC),
+          context_(useBitmapDC ? target.GetBitmapDC() : target.hdc()) {}
+    ~ContextPainter() override {
+        if (useBitmapDC_)
+            target_.ReleaseBitmapDC();
+    }
+    ContextPainter(const ContextPainter&) = delete;
+    ContextPainter& operator=(const ContextPainter&) = delete;
+
+private:
+    void drawDots(std::uint8_t dots, int count, std::int32_t x, std::int32_t y) override {
+        for (int dot = 0; dot < count; ++dot) {
+            const Ink ink = dots & kLeftmostDot >> dot ? style().lit : style().dark;
+            if (ink != Ink::none)
+                drawBlock(x + dot * style().size, y, ink);
+        }
+    }
+
+    void drawBlock(std::int32_t x, std::int32_t y, Ink ink) {
+        for (std::int32_t line = y; line < y + style().size; ++line)
+            for (std::int32_t column = x; column < x + style().size; ++column)
+                context_.SetPixel(column, line, ink == Ink::font ? style().fontColor : target_.BackColor());
+    }
+
+    DrawingTarget& target_;
+    bool useBitmapDC_;
+    DeviceContext& context_;
+};
+
+/// Runs of equal dots at once, on pixels in memory.
+class BufferPainter final : public DotPainter {
+public:
+    BufferPainter(PixelBuffer& pixels, Corner corner, const DotStyle& style)
+        : DotPainter(corner, style), pixels_(pixels), backColor_(pixels.BackColor()) {}
+
+private:
+    void drawDots(std::uint8_t dots, int count, std::int32_t x, std::int32_t y) override {
+        for (int dot = 0; dot < count;) {
+            const auto rest = static_cast<std::uint8_t>(dots << dot);
+            const bool isLit = rest & kLeftmostDot;
+            const int run = std::min(isLit ? std::countl_one(rest) : std::countl_zero(rest), count - dot);
+            const Ink ink = isLit ? style().lit : style().dark;
+            if (ink != Ink::none)
+                pixels_.fill(x + dot * style().size, y, run * style().size, style().size,
+                             ink == Ink::font ? style().fontColor : backColor_);
+            dot += run;
+        }
+    }
+
+    PixelBuffer& pixels_;
+    Color backColor_;
+};
+
+} // namespace
+
+Corner::Corner(float left, float top) : x(RoundToInt32(std::floor(left))), y(RoundToInt32(std::floor(top))) {}
+
+std::unique_ptr<DotPainter> DotPainter::on(DrawingTarget& target, bool useBitmapDC, Corner corner,
+                                           const DotStyle& style) {
+    if (PixelBuffer* pixels = target.Pixels())
+        return std::make_unique<BufferPainter>(*pixels, corner, style);
+    return std::make_unique<ContextPainter>(target, useBitmapDC, corner, style);
+}
+
+void DotPainter::draw(std::uint8_t dots, int count, int column, int row) {
+    const std::int64_t size = style_.size;
+    if (size < 1)
+        return;
+    const std::int64_t x = corner_.x + column * size;
+    const std::int64_t y = corner_.y + row * size;
+    constexpr std::int64_t last = std::numeric_limits<std::int32_t>::max();
+    if (x + count * size > last || y + size > last)
+        Raise(ErrorNumber::overflow);
+    drawDots(dots, count, static_cast<std::int32_t>(x), static_cast<std::int32_t>(y));
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,39 @@
+#include "fonts/Letter.h"
+
+#include <algorithm>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr int kLargestHeightWithoutGap = 8;
+constexpr int kGap = 3;
+
+constexpr int kMostColumns = 100; ///< Cells that are wider have no dots.
+constexpr int kMostGroups = 3;
+
+} // namespace
+
+std::optional<Letter> Letter::find(const Font& font, char character) {
+    const std::int32_t offset = font.glyphOffset(character);
+    if (offset < 0 || static_cast<std::size_t>(offset) >= kGlyphStoreSize)
+        return std::nullopt;
+    return Letter(font, static_cast<std::size_t>(offset));
+}
+
+Letter::Letter(const Font& font, std::size_t glyph)
+    : font_(&font), bitmap_(glyph + 1),
+      cellWidth_(font.store[glyph] + (font.height > kLargestHeightWithoutGap ? kGap : 0)) {}
+
+int Letter::groups() const {
+    const int columns = std::min<int>(font_->width, cellWidth_);
+    if (columns < 0 || columns > kMostColumns)
+        return 0;
+    return std::clamp((columns + kDotsInByte - 1) / kDotsInByte, 1, kMostGroups);
+}
+
+std::optional<std::uint8_t> Letter::dots(int group, int row) const {
+    const std::size_t index = bitmap_ + static_cast<std::size_t>(group * font_->height + row);
+    return index < kGlyphStoreSize ? std::optional(font_->store[index]) : std::nullopt;
+}
+
+} // namespace qrtVistrelClasses4
