@@ -1,0 +1,102 @@
+// Fonts drawn as text, and targets whose pixels are text.
+#pragma once
+
+#include "TestHost.h"
+#include "fonts/FontFile.h"
+#include "fonts/PixelBuffer.h"
+#include "fonts/classFontMaster.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+
+inline constexpr Color kFontColor = Rgb(255, 176, 0);
+inline constexpr Color kBackColor = Rgb(0, 0, 64);
+inline constexpr Color kUntouched = Rgb(1, 2, 3);
+
+/// Gives the font one more letter, whose dots are "#". `ownWidth`: none for that of the rows.
+inline void AddLetter(Font& font, char character, const Texts& rows, std::optional<int> ownWidth = {}) {
+    const auto start = static_cast<std::size_t>(font.recordSize()) * font.characters.size();
+    font.characters += character;
+    font.store.at(start) = static_cast<std::uint8_t>(ownWidth.value_or(static_cast<int>(rows[0].size())));
+    for (std::size_t row = 0; row < rows.size(); ++row)
+        for (std::size_t column = 0; column < rows[row].size(); ++column)
+            if (rows[row][column] == '#')
+                font.store.at(start + 1 + column / 8 * rows.size() + row) |=
+                    static_cast<std::uint8_t>(128 >> column % 8);
+}
+
+inline Font FontOf(std::int16_t width, const Texts& rowsOfA, std::optional<int> ownWidth = {}) {
+    Font font{width, static_cast<std::int16_t>(rowsOfA.size()), {}};
+    AddLetter(font, 'A', rowsOfA, ownWidth);
+    return font;
+}
+
+/// Puts the font into place, and the colour of the tests.
+inline void Load(TestHost& host, classFontMaster& fonts, const Font& font) {
+    host.machine.files().put(host.inLibrary("test.cmd"), HeaderFontBytes(font));
+    ASSERT_TRUE(fonts.LoadExistingFont(host.inLibrary("test.cmd"), kSizeFromFile, kSizeFromFile));
+    fonts.FontColor(kFontColor);
+}
+
+/// "#" for the colour of the font, "." for that of the background, "-" for a pixel that was not drawn.
+inline Texts PictureOf(const PixelBuffer& pixels) {
+    Texts rows;
+    for (std::int32_t y = 0; y < pixels.height(); ++y) {
+        rows.emplace_back();
+        for (const Color pixel : pixels.row(y))
+            rows.back() += pixel == kFontColor   ? '#'
+                           : pixel == kBackColor ? '.'
+                           : pixel == kUntouched ? '-'
+                                                 : '?';
+    }
+    return rows;
+}
+
+/// Pixels that nothing was drawn on.
+inline PixelBuffer UntouchedPixels(std::int32_t width, std::int32_t height) {
+    PixelBuffer pixels(width, height, kUntouched);
+    pixels.setBackColor(kBackColor);
+    return pixels;
+}
+
+/// A target that can only set pixels, and notes how it is used.
+class ForeignTarget final : public DrawingTarget, private DeviceContext {
+public:
+    explicit ForeignTarget(PixelBuffer& pixels) : pixels_(pixels) {}
+
+    std::string ClassName() const override { return "PictureBox"; }
+    DeviceContext& GetBitmapDC() override {
+        calls.emplace_back("GetBitmapDC");
+        return *this;
+    }
+    void ReleaseBitmapDC() noexcept override { calls.emplace_back("ReleaseBitmapDC"); }
+    DeviceContext& hdc() override {
+        calls.emplace_back("hdc");
+        return *this;
+    }
+    Color BackColor() override {
+        calls.emplace_back("BackColor");
+        return kBackColor;
+    }
+
+    Texts calls;
+    std::size_t mostCalls = 1000000; ///< What comes after them is refused.
+
+private:
+    void SetPixel(std::int32_t x, std::int32_t y, Color color) override {
+        if (calls.size() >= mostCalls)
+            throw RuntimeError(438, "Object doesn't support this property or method");
+        calls.push_back("SetPixel " + std::to_string(x) + " " + std::to_string(y) +
+                        (color == kFontColor ? " font" : " back"));
+        pixels_.fill(x, y, 1, 1, color);
+    }
+
+    PixelBuffer& pixels_;
+};
+
+} // namespace qrtVistrelClasses4
