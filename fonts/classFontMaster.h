@@ -9,6 +9,9 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
+
+#undef DrawText // the name of a macro where the headers of Windows have been included
 
 namespace qrtVistrelClasses4 {
 

@@ -37,7 +37,7 @@ TEST_F(DrawnLetter, ShowsItsDots) {
         {"on a background", small, 1, 0, 0, true, {"-#.#", "-...", "-##."}},
         {"magnified", FontOf(6, {"#."}), 3, 0, 0, true, {"---###...", "---###...", "---###..."}},
         {"fractions cut off", FontOf(6, {"#"}), 1, 1.9F, 1.9F, false, {"----", "--#-"}},
-        {"fractions cut off downwards", FontOf(6, {"##", "#."}), 1, -1.1F, -0.1F, true, {"#-", "--"}},
+        {"fractions cut off downwards", FontOf(6, {"##", ".#"}), 1, -1.1F, -0.1F, true, {"#-", "--"}},
         {"nothing at no size", small, 0, 0, 0, true, {"----"}},
         {"nothing at a size below", small, -2, 0, 0, true, {"----"}},
         {"columns in groups of eight", nine, 1, 0, 0, false, {"-#-------#", "----------"}},

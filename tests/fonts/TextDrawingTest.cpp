@@ -124,7 +124,7 @@ TEST_F(DrawnText, IsTheSameOnEveryTarget) {
     const auto random = [&](int least, int most) {
         return least + static_cast<int>(dice() % static_cast<unsigned>(most - least + 1));
     };
-    for (int turn = 0; turn < 300; ++turn) {
+    for (int turn = 0; turn < 60; ++turn) {
         SCOPED_TRACE(turn);
         Font font{static_cast<std::int16_t>(random(4, 33)), static_cast<std::int16_t>(random(5, 12)), "AB"};
         for (int i = 0; i < 2 * font.recordSize(); ++i)
