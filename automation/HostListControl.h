@@ -1,22 +1,18 @@
 // A list box of the caller's screen, used by the names of its members.
 #pragma once
 
-#include "automation/Module.h"
+#include "automation/HostObject.h"
 #include "playfile/ListControl.h"
-
-#include <ole2.h>
-
-#include <initializer_list>
 
 namespace qrtVistrelClasses4 {
 
 class HostListControl : public ListControl {
 public:
-    explicit HostListControl(IDispatch* control) : control_(control) {}
+    explicit HostListControl(IDispatch* control) : list_(control) {}
 
-    bool isNothing() const { return !control_; }
+    bool isNothing() const { return list_.isNothing(); }
 
-    std::string ClassName() const override;
+    std::string ClassName() const override { return list_.className(); }
     void Clear() override;
     void AddItem(const std::string& text) override;
     std::int32_t NewIndex() override;
@@ -25,11 +21,9 @@ public:
     void RemoveItem(std::int32_t index) override;
 
 private:
-    /// Arguments stand from last to first.
-    void invoke(const wchar_t* name, WORD flags, std::initializer_list<VARIANT> arguments, VARIANT* result);
     std::int32_t readNumber(const wchar_t* name);
 
-    ComPtr<IDispatch> control_;
+    HostObject list_;
 };
 
 /// The list control that an argument gives; none for no object.

@@ -17,20 +17,24 @@ public:
     explicit HostObject(IDispatch* object) : object_(object) {}
 
     bool isNothing() const { return !object_; }
-
-    /// That of its class where it tells, else that of its interface.
+    /// That of its class where it tells, else of its interface.
     std::string className() const;
 
     /// Arguments stand from last to first.
-    void invoke(const wchar_t* name, WORD flags, std::initializer_list<VARIANT> arguments, VARIANT* result) const;
-    void call(const wchar_t* name, std::initializer_list<VARIANT> arguments = {}) const {
-        invoke(name, DISPATCH_METHOD, arguments, nullptr);
+    void call(const wchar_t* method, std::initializer_list<VARIANT> arguments = {}) const {
+        invoke(method, DISPATCH_METHOD, arguments, nullptr);
     }
-    /// What a property without arguments, or a method, gives: a number that takes `T`, VT_I4 or VT_I8.
-    std::int32_t readNumber(const wchar_t* name) const;
-    std::int64_t readLargeNumber(const wchar_t* name) const;
+    /// The new value stands first.
+    void put(const wchar_t* property, std::initializer_list<VARIANT> arguments) const {
+        invoke(property, DISPATCH_PROPERTYPUT, arguments, nullptr);
+    }
+    /// What a property or a method gives that takes no arguments.
+    std::int64_t readNumber(const wchar_t* name) const;
 
 private:
+    void invoke(const wchar_t* name, WORD flags, std::initializer_list<VARIANT> arguments,
+                VARIANT* result) const;
+
     ComPtr<IDispatch> object_;
 };
 

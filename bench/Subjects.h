@@ -20,6 +20,8 @@ std::vector<Ratio> DisplaysSubject(const BenchFolder& folder);
 std::vector<Ratio> CommandsSubject(const BenchFolder& folder);
 /// Opening a playfile of the older format. The library's home must be the folder.
 std::vector<Ratio> LegacySubject(const BenchFolder& folder);
+/// Drawing texts on pixels in memory.
+std::vector<Ratio> FontsSubject(const BenchFolder& folder);
 /// Loading and saving all preferences. The library's home must be the folder.
 std::vector<Ratio> SettingsSubject(const BenchFolder& folder);
 /// Properties with and without the call trace.

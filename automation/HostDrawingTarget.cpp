@@ -1,0 +1,38 @@
+#include "automation/HostDrawingTarget.h"
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+/// Colours of the system are told by their numbers, with this bit.
+constexpr std::uint32_t kSystemColor = 0x80000000;
+
+} // namespace
+
+DeviceContext& HostDrawingTarget::GetBitmapDC() { return contextFrom(L"GetBitmapDC"); }
+
+void HostDrawingTarget::ReleaseBitmapDC() noexcept {
+    context_ = nullptr;
+    try {
+        target_.call(L"ReleaseBitmapDC");
+    } catch (...) {
+        return; // it follows errors as well, one of which is reported already
+    }
+}
+
+DeviceContext& HostDrawingTarget::hdc() { return contextFrom(L"hdc"); }
+
+Color HostDrawingTarget::BackColor() {
+    const auto color = static_cast<std::uint32_t>(target_.readNumber(L"BackColor"));
+    return color & kSystemColor ? GetSysColor(static_cast<int>(color & ~kSystemColor)) : color;
+}
+
+void HostDrawingTarget::SetPixel(std::int32_t x, std::int32_t y, Color color) {
+    ::SetPixel(context_, x, y, color);
+}
+
+DeviceContext& HostDrawingTarget::contextFrom(const wchar_t* member) {
+    context_ = reinterpret_cast<HDC>(static_cast<std::intptr_t>(target_.readNumber(member)));
+    return *this;
+}
+
+} // namespace qrtVistrelClasses4

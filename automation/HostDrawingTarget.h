@@ -1,0 +1,29 @@
+// A surface of the caller's screen, used by the names of its members.
+#pragma once
+
+#include "automation/HostObject.h"
+#include "fonts/DrawingTarget.h"
+
+namespace qrtVistrelClasses4 {
+
+/// Draws on the device contexts that the object gives: "GetBitmapDC", which "ReleaseBitmapDC" gives back, and
+/// "hdc". "BackColor" is a colour, or the number of one of the system's with its highest bit set.
+class HostDrawingTarget final : public DrawingTarget, private DeviceContext {
+public:
+    explicit HostDrawingTarget(IDispatch* target) : target_(target) {}
+
+    std::string ClassName() const override { return target_.className(); }
+    DeviceContext& GetBitmapDC() override;
+    void ReleaseBitmapDC() noexcept override;
+    DeviceContext& hdc() override;
+    Color BackColor() override;
+
+private:
+    void SetPixel(std::int32_t x, std::int32_t y, Color color) override;
+    DeviceContext& contextFrom(const wchar_t* member);
+
+    HostObject target_;
+    HDC context_ = nullptr;
+};
+
+} // namespace qrtVistrelClasses4
