@@ -47,7 +47,8 @@ private:
     DeviceContext& context_;
 };
 
-/// Runs of equal dots at once, on pixels in memory.
+/// Runs of lit dots at once, on pixels in memory; where dark ones are drawn too, one row of pixels, and the
+/// others of the dots as copies of it.
 class BufferPainter final : public DotPainter {
 public:
     BufferPainter(PixelBuffer& pixels, Corner corner, const DotStyle& style)
@@ -55,17 +56,29 @@ public:
 
 private:
     void drawDots(std::uint8_t dots, int count, std::int32_t x, std::int32_t y) override {
-        for (int dot = 0; dot < count;) {
-            const auto rest = static_cast<std::uint8_t>(dots << dot);
-            const bool isLit = rest & kLeftmostDot;
-            const int run = std::min(isLit ? std::countl_one(rest) : std::countl_zero(rest), count - dot);
-            const Ink ink = isLit ? style().lit : style().dark;
-            if (ink != Ink::none)
-                pixels_.fill(x + dot * style().size, y, run * style().size, style().size,
-                             ink == Ink::font ? style().fontColor : backColor_);
-            dot += run;
+        const std::int32_t top = std::max(y, 0);
+        const std::int32_t height = y + style().size - top;
+        if (style().dark == Ink::none) {
+            drawLitDots(dots, count, x, top, height);
+        } else if (height > 0) {
+            pixels_.fill(x, top, count * style().size, 1, colorOf(style().dark));
+            drawLitDots(dots, count, x, top, 1);
+            pixels_.repeatRow(x, top, count * style().size, height);
         }
     }
+
+    void drawLitDots(std::uint8_t dots, int count, std::int32_t x, std::int32_t y, std::int32_t height) {
+        for (auto rest = static_cast<std::uint8_t>(dots & ~(0xff >> count)); rest != 0;) {
+            const int dark = std::countl_zero(rest);
+            const int run = std::countl_one(static_cast<std::uint8_t>(rest << dark));
+            x += dark * style().size;
+            pixels_.fill(x, y, run * style().size, height, colorOf(style().lit));
+            x += run * style().size;
+            rest = static_cast<std::uint8_t>(rest << (dark + run));
+        }
+    }
+
+    Color colorOf(Ink ink) const { return ink == Ink::font ? style().fontColor : backColor_; }
 
     PixelBuffer& pixels_;
     Color backColor_;

@@ -19,13 +19,29 @@ std::span<const Color> PixelBuffer::row(std::int32_t y) const {
 }
 
 void PixelBuffer::fill(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height, Color color) {
-    const auto right = std::min(static_cast<std::int64_t>(x) + width, static_cast<std::int64_t>(width_));
-    const auto bottom = std::min(static_cast<std::int64_t>(y) + height, static_cast<std::int64_t>(height_));
-    const std::int64_t left = std::max(x, 0);
-    if (left >= right)
+    const Area area = inside(x, y, width, height);
+    if (area.isEmpty())
         return;
-    for (std::int64_t line = std::max(y, 0); line < bottom; ++line)
-        std::fill_n(pixels_.begin() + line * width_ + left, right - left, color);
+    Color* row = pixel(area.left, area.top);
+    for (std::int32_t line = area.top; line < area.bottom; ++line, row += width_)
+        std::fill_n(row, area.right - area.left, color);
+}
+
+void PixelBuffer::repeatRow(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height) {
+    const Area area = inside(x, y, width, height);
+    if (area.isEmpty())
+        return;
+    const Color* const first = pixel(area.left, area.top);
+    for (std::int32_t line = area.top + 1; line < area.bottom; ++line)
+        std::copy_n(first, area.right - area.left, pixel(area.left, line));
+}
+
+PixelBuffer::Area PixelBuffer::inside(std::int32_t x, std::int32_t y, std::int32_t width,
+                                      std::int32_t height) const {
+    const auto end = [](std::int32_t start, std::int32_t size, std::int32_t limit) {
+        return static_cast<std::int32_t>(std::min<std::int64_t>(std::int64_t{start} + size, limit));
+    };
+    return {std::max(x, 0), std::max(y, 0), end(x, width, width_), end(y, height, height_)};
 }
 
 } // namespace qrtVistrelClasses4

@@ -23,6 +23,9 @@ public:
     /// The colour that `BackColor` tells from now on; pixels stay as they are.
     void setBackColor(Color color) { backColor_ = color; }
     void fill(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height, Color color);
+    /// Copies `width` pixels of row `y`, which lies inside, to the rows below it, so that `height` rows are
+    /// equal.
+    void repeatRow(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height);
 
     std::string ClassName() const override { return "PixelBuffer"; }
     DeviceContext& GetBitmapDC() override { return *this; }
@@ -33,6 +36,14 @@ public:
 
 private:
     void SetPixel(std::int32_t x, std::int32_t y, Color color) override { fill(x, y, 1, 1, color); }
+
+    /// Columns and rows inside, up to and without the last.
+    struct Area {
+        std::int32_t left, top, right, bottom;
+        bool isEmpty() const { return left >= right || top >= bottom; }
+    };
+    Area inside(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height) const;
+    Color* pixel(std::int32_t x, std::int32_t y) { return pixels_.data() + std::ptrdiff_t{y} * width_ + x; }
 
     std::int32_t width_;
     std::int32_t height_;
