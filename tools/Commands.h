@@ -58,5 +58,6 @@ void AddTextCommand(CLI::App& program, Session& session);
 void AddRecentCommand(CLI::App& program, Session& session);
 void AddSettingsCommand(CLI::App& program, Session& session);
 void AddEffectsCommand(CLI::App& program, Session& session);
+void AddFontCommand(CLI::App& program, Session& session);
 
 } // namespace qrtVistrelClasses4

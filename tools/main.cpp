@@ -67,6 +67,7 @@ ExitCode runProgram(int argumentCount, char** arguments) {
     AddRecentCommand(program, session);
     AddSettingsCommand(program, session);
     AddEffectsCommand(program, session);
+    AddFontCommand(program, session);
     try {
         program.parse(argumentCount, arguments);
     } catch (const CLI::ParseError& error) {

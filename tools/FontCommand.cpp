@@ -1,0 +1,299 @@
+// vistrel font: fonts of signs, shown, made from pictures, and checked against playfiles.
+#include "commands/PreviewText.h"
+#include "frame/RuntimeError.h"
+#include "platform/Path.h"
+#include "platform/ReplacementFile.h"
+#include "playfile/FrameInfoClass.h"
+#include "tools/Commands.h"
+#include "tools/Encoding.h"
+#include "tools/FontPictures.h"
+#include "tools/FontScaling.h"
+#include "tools/JsonText.h"
+#include "tools/Opening.h"
+#include "tools/Table.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <map>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+using nlohmann::ordered_json;
+
+struct FontOptions {
+    std::string file;
+    std::string size; ///< Empty: that of the font.
+    std::string source;
+    std::string playfile;
+    AnswerOptions answers;
+    bool json = false;
+    bool asSource = false;
+    bool header = false;
+};
+
+/// That of the numbered font whose file has this name.
+std::optional<CellSize> sizeOfNumberedFont(std::string_view name) {
+    constexpr std::array<std::int16_t, 2> signTypes{0, 16}; // of which the second has a font of its own
+    const auto isName = [name](std::string_view other) {
+        return std::ranges::equal(
+            name, other, {}, [](unsigned char c) { return std::tolower(c); },
+            [](unsigned char c) { return std::tolower(c); });
+    };
+    for (std::int16_t number = 0; number < kNumberedFonts; ++number)
+        for (const std::int16_t signType : signTypes)
+            for (const bool isNew : {false, true})
+                if (isName(clsFontSizes::FontFile(number, signType, isNew)))
+                    return clsFontSizes::FontSize(number);
+    return std::nullopt;
+}
+
+/// None after telling why.
+std::optional<Font> loadFont(const FontOptions& options, ErrorLines& errors) {
+    errors.about(options.file);
+    const FileBytes file = ValueOf(platform().files().read(options.file));
+    const std::optional<CellSize> size = options.size.empty()
+                                             ? sizeOfNumberedFont(SplitPath(options.file).name)
+                                             : CellSizeFromText(options.size);
+    std::optional<Font> font = size ? ParseFont(file.text(), size->width, size->height)
+                                    : ParseFont(file.text(), kSizeFromFile, kSizeFromFile);
+    if (!font)
+        errors.add("ends before its letters start; a font without a header needs --size");
+    return font;
+}
+
+std::string characterName(unsigned char code) {
+    return Visible(Utf8FromAnsi(std::string_view(reinterpret_cast<const char*>(&code), 1)));
+}
+
+ordered_json jsonOf(const std::string& file, const FontPictures& font) {
+    ordered_json letters = ordered_json::array();
+    for (const LetterPicture& letter : font.letters)
+        letters.push_back({{"code", letter.code},
+                           {"character", Utf8FromAnsi(std::string(1, static_cast<char>(letter.code)))},
+                           {"width", letter.rows.front().size()},
+                           {"rows", letter.rows}});
+    return {{"file", file},
+            {"width", font.cell.width},
+            {"height", font.cell.height},
+            {"letters", std::move(letters)}};
+}
+
+/// Letters side by side, two rows of dots in one of text, under their characters.
+class Gallery {
+public:
+    explicit Gallery(int height)
+        : gap_(height > kHighestWithGap ? kGapOfHighFonts : 0),
+          lines_((static_cast<std::size_t>(height) + 1) / 2) {}
+
+    std::size_t width() const { return WidthOf(characters_); }
+    std::size_t widthWith(const LetterPicture& letter) const { return width() + advance(letter); }
+
+    void add(const LetterPicture& letter) {
+        const std::size_t columns = advance(letter);
+        characters_ += characterName(letter.code) + std::string(columns - 1, ' ');
+        for (std::size_t line = 0; line < lines_.size(); ++line)
+            for (std::size_t column = 0; column < columns; ++column)
+                lines_[line] += halves(isLit(letter, column, 2 * line), isLit(letter, column, 2 * line + 1));
+    }
+
+    friend std::ostream& operator<<(std::ostream& out, const Gallery& gallery) {
+        const auto print = [&out](const std::string& line) {
+            out << line.substr(0, line.find_last_not_of(' ') + 1) << '\n';
+        };
+        out << '\n';
+        print(gallery.characters_);
+        std::ranges::for_each(gallery.lines_, print);
+        return out;
+    }
+
+private:
+    std::size_t advance(const LetterPicture& letter) const { return letter.rows.front().size() + gap_; }
+    static bool isLit(const LetterPicture& letter, std::size_t column, std::size_t row) {
+        return row < letter.rows.size() && column < letter.rows[row].size() &&
+               letter.rows[row][column] == kLitDot;
+    }
+    static const char* halves(bool upper, bool lower) {
+        return upper ? (lower ? "█" : "▀") : (lower ? "▄" : " ");
+    }
+
+    std::size_t gap_;
+    std::string characters_;
+    std::vector<std::string> lines_;
+};
+
+void printGallery(std::ostream& out, const FontPictures& font) {
+    constexpr std::size_t widest = 78;
+    out << font.cell.width << " x " << font.cell.height << " dots, " << font.letters.size() << " letters\n";
+    Gallery gallery(font.cell.height);
+    for (const LetterPicture& letter : font.letters) {
+        if (gallery.width() > 0 && gallery.widthWith(letter) > widest) {
+            out << gallery;
+            gallery = Gallery(font.cell.height);
+        }
+        gallery.add(letter);
+    }
+    if (gallery.width() > 0)
+        out << gallery;
+}
+
+ExitCode show(const FontOptions& options, Session& session) {
+    const std::optional<Font> font = loadFont(options, session.errors);
+    if (!font)
+        return ExitCode::failed;
+    const FontPictures pictures = PicturesOf(*font);
+    if (options.json)
+        session.out << JsonText(jsonOf(options.file, pictures)) << '\n';
+    else if (options.asSource)
+        session.out << FontPicturesText(pictures);
+    else
+        printGallery(session.out, pictures);
+    return ExitCode::done;
+}
+
+ExitCode make(const FontOptions& options, Session& session) {
+    session.errors.about(options.source);
+    FileSystem& files = platform().files();
+    const FileBytes source = ValueOf(files.read(options.source));
+    std::optional<FontPictures> pictures = ReadFontPictures(source.text(), session.errors);
+    if (pictures && !options.size.empty())
+        pictures = Enlarged(*pictures, *CellSizeFromText(options.size), session.errors);
+    if (!pictures)
+        return ExitCode::failed;
+    const FontLayout layout = options.header ? FontLayout::header : FontLayout::sized;
+    const std::optional<Font> font = FontOf(*pictures, layout, session.errors);
+    if (!font)
+        return ExitCode::failed;
+    session.errors.about(options.file);
+    ReplacementFile file(files, options.file);
+    Check(file.write(options.header ? HeaderFontBytes(*font) : SizedFontBytes(*font)));
+    Check(file.commit());
+    session.out << Visible(options.file) << ": " << pictures->letters.size() << " letters of " << font->width
+                << " x " << font->height << " dots\n";
+    return ExitCode::done;
+}
+
+/// How often a playfile shows a character, and where first; numbers from 1.
+struct Need {
+    int times = 0;
+    std::int32_t frame = 0;
+    std::int32_t line = 0;
+};
+using Needs = std::map<unsigned char, Need>;
+
+/// Control characters are not meant to be seen.
+void addNeeds(Needs& needs, std::string_view text, std::int32_t frame, std::int32_t line) {
+    constexpr unsigned char firstVisible = 32;
+    for (const char character : text) {
+        const auto code = static_cast<unsigned char>(character);
+        if (code < firstVisible)
+            continue;
+        Need& need = needs[code];
+        if (need.times++ == 0)
+            need = {1, frame, line};
+    }
+}
+
+Needs needsOf(FrameInfoClass& playfile) {
+    Needs needs;
+    for (std::int32_t frame = 1; frame <= playfile.TotalFrames(); ++frame) {
+        playfile.CurrentFrame(static_cast<std::int16_t>(frame));
+        for (std::int32_t line = 1; line <= playfile.TotalLinesAllowed(); ++line) {
+            playfile.CurrentLineNumber(static_cast<std::int16_t>(line));
+            addNeeds(needs, PreviewText(playfile.CurrentLineText(), 0), frame, line);
+        }
+    }
+    return needs;
+}
+
+bool has(const Font& font, unsigned char code) {
+    const std::int32_t offset = font.glyphOffset(static_cast<char>(code));
+    return offset >= 0 && offset < static_cast<std::int32_t>(font.store.size()) &&
+           font.store[static_cast<std::size_t>(offset)] > 0;
+}
+
+ExitCode check(const FontOptions& options, Session& session) {
+    const std::optional<Font> font = loadFont(options, session.errors);
+    FrameInfoClass playfile;
+    if (!font || !OpenPlayfile(playfile, options.playfile, options.answers, session.errors))
+        return ExitCode::failed;
+    session.errors.about("the command table cannot be read or saved");
+    const Needs needs = [&] {
+        EveryErrorReporter reporter(session.errors);
+        const ScopedErrorReporter scope(reporter);
+        return needsOf(playfile);
+    }();
+    Table lacking(
+        {{"Code", Table::Align::right}, {"Character"}, {"Times", Table::Align::right}, {"First in"}});
+    std::size_t count = 0;
+    for (const auto& [code, need] : needs)
+        if (!has(*font, code)) {
+            ++count;
+            lacking.addRow({std::to_string(code), characterName(code), std::to_string(need.times),
+                            "frame " + std::to_string(need.frame) + ", line " + std::to_string(need.line)});
+        }
+    session.errors.about(options.file);
+    if (count == 0) {
+        session.out << Visible(options.file) << " has all " << needs.size() << " characters of "
+                    << Visible(options.playfile) << '\n';
+        return ExitCode::done;
+    }
+    session.out << lacking;
+    session.errors.add("lacks " + std::to_string(count) + " of " + std::to_string(needs.size()) +
+                       " characters of " + options.playfile);
+    return ExitCode::failed;
+}
+
+} // namespace
+
+void AddFontCommand(CLI::App& program, Session& session) {
+    const auto options = std::make_shared<FontOptions>();
+    CLI::App& font = AddCommand(program, "font", "Shows, makes and checks the fonts of signs",
+                                "vistrel font show bin/6x8.cmd");
+    font.require_subcommand(1);
+    const auto add = [&](const char* name, auto run, const char* description, const char* example) {
+        CLI::App& command = AddCommand(font, name, description, example);
+        command.callback([run, options, &session] {
+            session.command = [run, options, &session] { return run(*options, session); };
+        });
+        return &command;
+    };
+    const auto addSize = [&](CLI::App& command, const char* description) {
+        command.add_option("--size", options->size, description)
+            ->type_name("WxH")
+            ->check([](const std::string& text) {
+                return CellSizeFromText(text) ? "" : "takes width and height from 1 to 255, as in 6x8";
+            });
+    };
+    const char* const sizeOfFont =
+        "Size of the letters, for a font without a header; known for fonts with the name of a numbered one";
+
+    CLI::App* showCommand =
+        add("show", &show, "Shows all letters of a font", "vistrel font show bin/6x8.cmd");
+    showCommand->add_option("FILE", options->file, "The font")->required();
+    addSize(*showCommand, sizeOfFont);
+    CLI::Option* json = showCommand->add_flag("--json", options->json, "Prints the letters' rows of dots");
+    showCommand->add_flag("--source", options->asSource, "Prints pictures that \"make\" takes")
+        ->excludes(json);
+
+    CLI::App* makeCommand = add("make", &make, "Makes a font from the pictures of its letters",
+                                "vistrel font make fonts/6x8.txt bin/16x16.cmd --size 16x16");
+    makeCommand
+        ->add_option("SOURCE", options->source, "The pictures, \"#\" and \".\" under the code of each letter")
+        ->required();
+    makeCommand->add_option("FILE", options->file, "The font to write")->required();
+    addSize(*makeCommand, "Size to enlarge the letters to, a whole number of times higher");
+    makeCommand->add_flag("--header", options->header,
+                          "Writes size and characters, too; else a font holds the characters 32 to 127");
+
+    CLI::App* checkCommand =
+        add("check", &check, "Tells which characters a playfile needs and a font lacks, codes as in previews",
+            "vistrel font check bin/6x8.cmd --for harbour.playfile");
+    checkCommand->add_option("FILE", options->file, "The font")->required();
+    checkCommand->add_option("--for", options->playfile, "The playfile")->required();
+    addSize(*checkCommand, sizeOfFont);
+    AddAnswerOptions(*checkCommand, options->answers);
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,60 @@
+// The letters of a font as pictures in a text, where people draw them.
+#pragma once
+
+#include "fonts/FontFile.h"
+#include "fonts/clsFontSizes.h"
+#include "tools/ErrorLines.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+
+inline constexpr char kLitDot = '#';
+inline constexpr char kDarkDot = '.';
+
+/// Fonts up to this height keep the gap between letters in the letters, as their last column. Drawing adds
+/// `kGapOfHighFonts` dots to the letters of higher ones.
+inline constexpr int kHighestWithGap = 8;
+inline constexpr int kGapOfHighFonts = 3;
+
+/// Drawing takes three bytes of a row, and leaves what follows.
+inline constexpr int kMostColumns = 24;
+
+/// Rows of dots from the top, as many characters each as the letter is wide.
+using Picture = std::vector<std::string>;
+
+struct LetterPicture {
+    unsigned char code = 0;
+    std::size_t line = 0; ///< Of the text that it was read from, from 1.
+    Picture rows;
+};
+
+struct FontPictures {
+    CellSize cell;
+    std::vector<LetterPicture> letters;
+};
+
+/// "6x8" for cells of 6 by 8 dots. None unless both are numbers from 1 to 255.
+std::optional<CellSize> CellSizeFromText(std::string_view text);
+
+/// None after telling of the first line that is wrong.
+std::optional<FontPictures> ReadFontPictures(std::string_view text, ErrorLines& errors);
+/// What reads back as `font`.
+std::string FontPicturesText(const FontPictures& font);
+
+/// Every letter of a font that can be drawn and is at least a dot wide.
+FontPictures PicturesOf(const Font& font);
+
+enum class FontLayout {
+    sized, ///< Characters 32 to 127; those without a picture become letters without a width.
+    header ///< The characters that there are pictures of.
+};
+
+/// None after telling what no font of that layout can hold.
+std::optional<Font> FontOf(const FontPictures& pictures, FontLayout layout, ErrorLines& errors);
+
+} // namespace qrtVistrelClasses4
