@@ -63,15 +63,15 @@ std::optional<Font> loadFont(const FontOptions& options, ErrorLines& errors) {
     return font;
 }
 
-std::string characterName(unsigned char code) {
-    return Visible(Utf8FromAnsi(std::string_view(reinterpret_cast<const char*>(&code), 1)));
+std::string characterText(unsigned char code) {
+    return Utf8FromAnsi(std::string(1, static_cast<char>(code)));
 }
 
 ordered_json jsonOf(const std::string& file, const FontPictures& font) {
     ordered_json letters = ordered_json::array();
     for (const LetterPicture& letter : font.letters)
         letters.push_back({{"code", letter.code},
-                           {"character", Utf8FromAnsi(std::string(1, static_cast<char>(letter.code)))},
+                           {"character", characterText(letter.code)},
                            {"width", letter.rows.front().size()},
                            {"rows", letter.rows}});
     return {{"file", file},
@@ -92,7 +92,7 @@ public:
 
     void add(const LetterPicture& letter) {
         const std::size_t columns = advance(letter);
-        characters_ += characterName(letter.code) + std::string(columns - 1, ' ');
+        characters_ += Visible(characterText(letter.code)) + std::string(columns - 1, ' ');
         for (std::size_t line = 0; line < lines_.size(); ++line)
             for (std::size_t column = 0; column < columns; ++column)
                 lines_[line] += halves(isLit(letter, column, 2 * line), isLit(letter, column, 2 * line + 1));
@@ -230,7 +230,7 @@ ExitCode check(const FontOptions& options, Session& session) {
     for (const auto& [code, need] : needs)
         if (!has(*font, code)) {
             ++count;
-            lacking.addRow({std::to_string(code), characterName(code), std::to_string(need.times),
+            lacking.addRow({std::to_string(code), Visible(characterText(code)), std::to_string(need.times),
                             "frame " + std::to_string(need.frame) + ", line " + std::to_string(need.line)});
         }
     session.errors.about(options.file);
@@ -274,13 +274,13 @@ void AddFontCommand(CLI::App& program, Session& session) {
     showCommand->add_option("FILE", options->file, "The font")->required();
     addSize(*showCommand, sizeOfFont);
     CLI::Option* json = showCommand->add_flag("--json", options->json, "Prints the letters' rows of dots");
-    showCommand->add_flag("--source", options->asSource, "Prints pictures that \"make\" takes")
+    showCommand->add_flag("--source", options->asSource, R"(Prints pictures that "make" takes)")
         ->excludes(json);
 
     CLI::App* makeCommand = add("make", &make, "Makes a font from the pictures of its letters",
                                 "vistrel font make fonts/6x8.txt bin/16x16.cmd --size 16x16");
     makeCommand
-        ->add_option("SOURCE", options->source, "The pictures, \"#\" and \".\" under the code of each letter")
+        ->add_option("SOURCE", options->source, R"(The pictures, "#" and "." under the code of each letter)")
         ->required();
     makeCommand->add_option("FILE", options->file, "The font to write")->required();
     addSize(*makeCommand, "Size to enlarge the letters to, a whole number of times higher");

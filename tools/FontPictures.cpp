@@ -65,7 +65,7 @@ private:
         if (line.starts_with(kSizeKeyword))
             cell = CellSizeFromText(line.substr(kSizeKeyword.size()));
         if (!cell)
-            return tell(number, "has to be \"size\" with width and height, as in \"size 6x8\"");
+            return tell(number, R"(has to be "size" with width and height, as in "size 6x8")");
         font_.cell = *cell;
         return true;
     }
@@ -75,8 +75,7 @@ private:
             return false;
         const std::optional<std::int16_t> code = byteFromText(line.substr(0, line.find(' ')));
         if (!code)
-            return tell(number,
-                        "neither a row of dots (\"#\" and \".\") nor the code of a letter (0 to 255)");
+            return tell(number, R"(neither a row of dots ("#" and ".") nor the code of a letter (0 to 255))");
         const auto index = static_cast<std::size_t>(*code);
         if (seen_[index])
             return tell(number, "a second letter " + std::to_string(*code));
@@ -90,7 +89,7 @@ private:
             return tell(number, "a row of dots before the code of its letter");
         Picture& rows = font_.letters.back().rows;
         if (line.find_first_not_of("#.") != line.npos)
-            return tell(number, "a row holds nothing but \"#\" and \".\"");
+            return tell(number, R"(a row holds nothing but "#" and ".")");
         if (!rows.empty() && line.size() != rows.front().size())
             return tell(number, "the row is " + std::to_string(line.size()) + " dots wide, the first " +
                                     std::to_string(rows.front().size()));

@@ -38,9 +38,11 @@ TEST(FontPictures, BecomeTheBytesOfBothLayouts) {
     const auto sized = FontOf(*pictures, FontLayout::sized, errors);
     ASSERT_TRUE(sized);
     const std::string bytes = SizedFontBytes(*sized);
-    EXPECT_EQ(bytes.size(), 96 * 7U);
-    EXPECT_EQ(bytes.substr(0, 3 * 7), std::string(7, '\0').append(exclamationMark) + std::string(7, '\0'));
-    EXPECT_EQ(bytes.substr((66 - 32) * 7, 7), capitalB);
+    constexpr std::size_t record = 7;
+    const std::string none(record, '\0');
+    EXPECT_EQ(bytes.size(), 96 * record);
+    EXPECT_EQ(bytes.substr(0, 3 * record), none + std::string(exclamationMark) + none);
+    EXPECT_EQ(bytes.substr(('B' - ' ') * record, record), capitalB);
     EXPECT_THAT(errors.lines(), IsEmpty());
 }
 
@@ -92,23 +94,23 @@ TEST(FontPictures, TellTheLineThatIsWrong) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.why);
         ErrorLines errors;
-        if (const auto pictures = ReadFontPictures(c.source, errors))
-            EXPECT_FALSE(FontOf(*pictures, c.layout, errors));
+        const auto pictures = ReadFontPictures(c.source, errors);
+        EXPECT_FALSE(pictures && FontOf(*pictures, c.layout, errors));
         EXPECT_THAT(errors.lines(), ElementsAre("vistrel: " + c.error));
     }
 }
 
 TEST(Enlarged, KeepsStraightStrokesAndSlantsThoseThatTouchByCorners) {
-    EXPECT_THAT(Enlarged({".#.", //
-                          "#.#", //
-                          "###"},
+    EXPECT_THAT(Enlarged({".##.", //
+                          "#..#", //
+                          "####"},
                          2),
-                ElementsAre("..##..", //
-                            ".####.", //
-                            "###.##", //
-                            "##..##", //
-                            "######", //
-                            "######"));
+                ElementsAre("..####..", //
+                            ".######.", //
+                            "###..###", //
+                            "##....##", //
+                            "########", //
+                            "########"));
 }
 
 TEST(Enlarged, TakesTheGapFromLettersThatAreDrawnWithOne) {

@@ -78,7 +78,7 @@ TEST(Font, OfOthersMakingNeverCrashesTheProgram) {
         {"letters that run past the store", "font show anchor.bmp --size 255x255", 0, ""},
         {"bytes of something else as a header", "font show anchor.bmp --json", 0, ""},
         {"no size", "font show empty --size 6", 2, "takes width and height from 1 to 255"},
-        {"no pictures", "font make anchor.bmp new", 1, "anchor.bmp: line 1: has to be \"size\""},
+        {"no pictures", "font make anchor.bmp new", 1, R"(anchor.bmp: line 1: has to be "size")"},
         {"no height to enlarge to", "font make fonts/6x8.txt new --size 16x15", 1,
          "6x8.txt: letters 8 dots high cannot become 15 high"},
         {"letters wider than any that is drawn", "font make fonts/6x8.txt new --size 48x64", 1,
