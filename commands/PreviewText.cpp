@@ -2,7 +2,6 @@
 
 #include "commands/DateText.h"
 #include "commands/NumberedCodes.h"
-#include "commands/TextCodes.h"
 #include "commands/VariableProcedures.h"
 #include "commands/clsCommandInterface.h"
 #include "frame/Traced.h"
@@ -13,7 +12,6 @@
 #include <algorithm>
 #include <charconv>
 #include <iterator>
-#include <map>
 #include <utility>
 #include <vector>
 
@@ -139,19 +137,23 @@ std::string PreviewCommandText(const std::string& Code, std::int16_t HourOffset)
 }
 
 std::string PreviewText(std::string_view text, std::int16_t hourOffset) {
-    const TextCodes codes(commandKeys());
-    std::map<std::string, std::string> previews;
+    return TextPreviews(hourOffset).of(text);
+}
+
+TextPreviews::TextPreviews(std::int16_t hourOffset) : codes_(commandKeys()), hourOffset_(hourOffset) {}
+
+std::string TextPreviews::of(std::string_view text) {
     std::string result;
     while (!text.empty()) {
-        const std::size_t size = codes.sizeAtStart(text);
+        const std::size_t size = codes_.sizeAtStart(text);
         if (size == 0) {
             result += text.front();
             text.remove_prefix(1);
             continue;
         }
-        const auto [code, isNew] = previews.try_emplace(std::string(text.substr(0, size)));
+        const auto [code, isNew] = known_.try_emplace(std::string(text.substr(0, size)));
         if (isNew)
-            code->second = PreviewCommandText(code->first, hourOffset);
+            code->second = PreviewCommandText(code->first, hourOffset_);
         result += code->second;
         text.remove_prefix(size);
     }

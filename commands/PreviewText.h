@@ -1,7 +1,10 @@
 // What the preview shows in place of a code.
 #pragma once
 
+#include "commands/TextCodes.h"
+
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -17,5 +20,17 @@ std::string PreviewCommandText(const std::string& Code, std::int16_t HourOffset)
 /// `text` as it is shown: from its start on, the longest code (see `TextCodes`) at each place is replaced by
 /// its preview, which is not looked at again.
 std::string PreviewText(std::string_view text, std::int16_t hourOffset);
+
+/// The same for many texts, with each code looked up once.
+class TextPreviews {
+public:
+    explicit TextPreviews(std::int16_t hourOffset);
+    std::string of(std::string_view text);
+
+private:
+    TextCodes codes_;
+    std::int16_t hourOffset_;
+    std::map<std::string, std::string> known_; ///< By code.
+};
 
 } // namespace qrtVistrelClasses4

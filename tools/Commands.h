@@ -49,6 +49,7 @@ inline CLI::App& AddCommand(CLI::App& parent, const std::string& name, const std
 void AddShowCommand(CLI::App& program, Session& session);
 void AddSaveCommand(CLI::App& program, Session& session);
 void AddExportCommand(CLI::App& program, Session& session);
+void AddPreviewCommand(CLI::App& program, Session& session);
 void AddFramesCommand(CLI::App& program, Session& session);
 void AddConvertCommand(CLI::App& program, Session& session);
 void AddInspectCommand(CLI::App& program, Session& session);

@@ -1,8 +1,10 @@
 #include "tools/SignList.h"
 
+#include "displays/DisplayNames.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "settings/AppFolder.h"
+#include "tools/Encoding.h"
 #include "tools/SignProperties.h"
 
 #include <limits>
@@ -141,6 +143,23 @@ bool SignList::save(ErrorLines& errors) {
     if (boxes.wasShown)
         errors.add("not saved");
     return !boxes.wasShown;
+}
+
+std::int16_t FindSign(DisplayDatabaseClass& signs, const std::string& name) {
+    const std::int16_t number = signs.FindDisplayByName(name);
+    return number >= 1 ? number : signs.FindDisplayByName(EscapeNumericName(name));
+}
+
+bool SelectSign(DisplayDatabaseClass& signs, const std::string& typed, ErrorLines& errors) {
+    const std::optional<std::string> name = AnsiFromUtf8(typed);
+    const std::int16_t number = name ? FindSign(signs, *name) : std::int16_t{-1};
+    if (number < 1) {
+        errors.about(typed);
+        errors.add("there is no sign of that name");
+        return false;
+    }
+    signs.CurrentDisplayNumber(number);
+    return true;
 }
 
 } // namespace qrtVistrelClasses4

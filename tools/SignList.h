@@ -6,6 +6,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -45,5 +46,12 @@ private:
     std::string path_;
     std::optional<RuntimeError> error_; ///< Of reading.
 };
+
+/// Number of the sign of that name, in Windows-1252; -1 for none. A name that is a number is stored, and
+/// found, with "#" before it.
+std::int16_t FindSign(DisplayDatabaseClass& signs, const std::string& name);
+
+/// Puts the cursor on the sign of the typed name; false after telling that there is none.
+bool SelectSign(DisplayDatabaseClass& signs, const std::string& typed, ErrorLines& errors);
 
 } // namespace qrtVistrelClasses4

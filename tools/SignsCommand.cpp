@@ -1,5 +1,4 @@
 // vistrel signs: the list of signs of a site.
-#include "displays/DisplayNames.h"
 #include "platform/LetterCase.h"
 #include "tools/Commands.h"
 #include "tools/Encoding.h"
@@ -24,26 +23,6 @@ struct SignsOptions {
     std::vector<std::string> assignments; ///< As "DisplayWidth=128".
 };
 
-/// Number of the sign of that name, in Windows-1252; -1 for none. A name that is a number is stored, and
-/// found, with "#" before it.
-std::int16_t find(DisplayDatabaseClass& signs, const std::string& name) {
-    const std::int16_t number = signs.FindDisplayByName(name);
-    return number >= 1 ? number : signs.FindDisplayByName(EscapeNumericName(name));
-}
-
-/// Puts the cursor on the sign of the typed name; false after telling that there is none.
-bool select(DisplayDatabaseClass& signs, const std::string& typed, ErrorLines& errors) {
-    const std::optional<std::string> name = AnsiFromUtf8(typed);
-    const std::int16_t number = name ? find(signs, *name) : std::int16_t{-1};
-    if (number < 1) {
-        errors.about(typed);
-        errors.add("there is no sign of that name");
-        return false;
-    }
-    signs.CurrentDisplayNumber(number);
-    return true;
-}
-
 /// The typed name for a sign, which may be the present one of sign `number`; none, after telling why, when it
 /// cannot be used.
 std::optional<std::string> freeName(DisplayDatabaseClass& signs, const std::string& typed, ErrorLines& errors,
@@ -52,7 +31,7 @@ std::optional<std::string> freeName(DisplayDatabaseClass& signs, const std::stri
     std::optional<std::string> name = AnsiFromTyped(typed, errors);
     if (!name)
         return std::nullopt;
-    const std::int16_t holder = find(signs, *name);
+    const std::int16_t holder = FindSign(signs, *name);
     if (name->empty())
         errors.add("a sign needs a name");
     else if (holder >= 1 && holder != number)
@@ -120,7 +99,7 @@ void printSign(std::ostream& out, DisplayDatabaseClass& signs, const ordered_jso
 ExitCode showSign(const SignsOptions& options, Session& session) {
     SignList list;
     list.tellFaults(session.errors);
-    if (!select(list.signs, options.name, session.errors))
+    if (!SelectSign(list.signs, options.name, session.errors))
         return ExitCode::failed;
     const ordered_json sign = SignJson(list.signs, list.signs.CurrentDisplayNumber());
     if (options.json)
@@ -167,14 +146,14 @@ ExitCode addSign(DisplayDatabaseClass& signs, const SignsOptions& options, Error
 }
 
 ExitCode removeSign(DisplayDatabaseClass& signs, const SignsOptions& options, ErrorLines& errors) {
-    if (!select(signs, options.name, errors))
+    if (!SelectSign(signs, options.name, errors))
         return ExitCode::failed;
     signs.RemoveDisplay(signs.CurrentDisplayNumber());
     return ExitCode::done;
 }
 
 ExitCode duplicateSign(DisplayDatabaseClass& signs, const SignsOptions& options, ErrorLines& errors) {
-    if (!select(signs, options.name, errors))
+    if (!SelectSign(signs, options.name, errors))
         return ExitCode::failed;
     const std::optional<std::string> name = freeName(signs, options.newName, errors);
     if (!name)
@@ -184,7 +163,7 @@ ExitCode duplicateSign(DisplayDatabaseClass& signs, const SignsOptions& options,
 }
 
 ExitCode setProperties(DisplayDatabaseClass& signs, const SignsOptions& options, ErrorLines& errors) {
-    return select(signs, options.name, errors) ? assign(signs, options, errors) : ExitCode::failed;
+    return SelectSign(signs, options.name, errors) ? assign(signs, options, errors) : ExitCode::failed;
 }
 
 struct Change {

@@ -58,6 +58,7 @@ ExitCode runProgram(int argumentCount, char** arguments) {
     AddShowCommand(program, session);
     AddSaveCommand(program, session);
     AddExportCommand(program, session);
+    AddPreviewCommand(program, session);
     AddFramesCommand(program, session);
     AddConvertCommand(program, session);
     AddInspectCommand(program, session);

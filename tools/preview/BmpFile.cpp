@@ -1,0 +1,99 @@
+#include "tools/preview/BmpFile.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr std::size_t kFileHeaderSize = 14;
+constexpr std::size_t kSmallestHeader = 40; ///< Older headers have narrower fields.
+constexpr std::uint32_t kUncompressed = 0;
+
+std::uint8_t byteAt(std::string_view bytes, std::size_t at) { return static_cast<std::uint8_t>(bytes[at]); }
+
+std::uint16_t shortAt(std::string_view bytes, std::size_t at) {
+    return static_cast<std::uint16_t>(byteAt(bytes, at) | byteAt(bytes, at + 1) << 8);
+}
+
+std::uint32_t longAt(std::string_view bytes, std::size_t at) {
+    return shortAt(bytes, at) | static_cast<std::uint32_t>(shortAt(bytes, at + 2)) << 16;
+}
+
+/// Colours stand as blue, green, red.
+Color colorAt(std::string_view bytes, std::size_t at) {
+    return Rgb(byteAt(bytes, at + 2), byteAt(bytes, at + 1), byteAt(bytes, at));
+}
+
+struct Header {
+    std::size_t pixels; ///< Offset of the first row in the file.
+    std::size_t palette;
+    std::size_t colors; ///< Entries of the palette.
+    std::int64_t width;
+    std::int64_t height; ///< Below 0 when the first row is the topmost.
+    unsigned bits;       ///< Of a pixel.
+    std::uint32_t compression;
+
+    bool isReadable() const {
+        const auto fits = [](std::int64_t side) { return side >= 1 && side <= kLargestBmpSide; };
+        const bool hasKnownBits = bits == 1 || bits == 4 || bits == 8 || bits == 24 || bits == 32;
+        return fits(width) && fits(rows()) && hasKnownBits && compression == kUncompressed;
+    }
+    std::int32_t rows() const { return static_cast<std::int32_t>(height < 0 ? -height : height); }
+    /// Bytes of a row, which ends at a multiple of four.
+    std::size_t rowSize() const { return (static_cast<std::size_t>(width) * bits + 31) / 32 * 4; }
+};
+
+std::optional<Header> parseHeader(std::string_view bytes) {
+    if (!bytes.starts_with("BM") || bytes.size() < kFileHeaderSize + kSmallestHeader)
+        return std::nullopt;
+    const std::size_t size = longAt(bytes, 14);
+    const std::size_t palette = kFileHeaderSize + size;
+    if (size < kSmallestHeader || palette > bytes.size())
+        return std::nullopt;
+    Header header{longAt(bytes, 10),
+                  palette,
+                  longAt(bytes, 46),
+                  static_cast<std::int32_t>(longAt(bytes, 18)),
+                  static_cast<std::int32_t>(longAt(bytes, 22)),
+                  shortAt(bytes, 28),
+                  longAt(bytes, 30)};
+    if (!header.isReadable() || header.pixels > bytes.size() ||
+        bytes.size() - header.pixels < header.rowSize() * static_cast<std::size_t>(header.rows()))
+        return std::nullopt;
+    const std::size_t most = header.bits <= 8 ? std::size_t{1} << header.bits : 0;
+    header.colors = std::min({header.colors == 0 ? most : header.colors, most, (bytes.size() - palette) / 4});
+    return header;
+}
+
+/// Pixels with a number in the palette; black for a number beyond it.
+Color paletteColor(const Header& header, std::string_view bytes, std::string_view row, std::size_t x) {
+    const std::size_t bit = x * header.bits;
+    const unsigned shift = 8 - header.bits - bit % 8;
+    const unsigned number = byteAt(row, bit / 8) >> shift & ((1U << header.bits) - 1);
+    return number < header.colors ? colorAt(bytes, header.palette + number * std::size_t{4}) : Color{0};
+}
+
+} // namespace
+
+std::optional<PixelBuffer> ParseBmp(std::string_view bytes) {
+    const auto header = parseHeader(bytes);
+    if (!header)
+        return std::nullopt;
+    const std::int32_t rows = header->rows();
+    PixelBuffer picture(static_cast<std::int32_t>(header->width), rows);
+    for (std::int32_t y = 0; y < rows; ++y) {
+        const std::string_view row =
+            bytes.substr(header->pixels + static_cast<std::size_t>(y) * header->rowSize(), header->rowSize());
+        std::size_t x = 0;
+        for (Color& pixel : picture.row(header->height < 0 ? y : rows - 1 - y)) {
+            pixel = header->bits <= 8 ? paletteColor(*header, bytes, row, x)
+                                      : colorAt(row, x * (header->bits / 8));
+            ++x;
+        }
+    }
+    return picture;
+}
+
+} // namespace qrtVistrelClasses4

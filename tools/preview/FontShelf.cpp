@@ -1,0 +1,44 @@
+#include "tools/preview/FontShelf.h"
+
+#include "fonts/clsFontSizes.h"
+
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+/// Fonts in files of their own share it.
+constexpr std::int16_t kCustomFont = kNumberedFonts;
+
+} // namespace
+
+classFontMaster& FontShelf::find(std::int16_t number, const std::string& customFont) {
+    const Key key = number < kCustomFont ? Key{number, ""} : Key{kCustomFont, customFont};
+    const auto found = fonts_.find(key);
+    return found != fonts_.end() ? *found->second : *(fonts_[key] = load(key));
+}
+
+std::shared_ptr<classFontMaster> FontShelf::load(const Key& key) {
+    const auto& [number, customFont] = key;
+    std::vector<std::string> messages;
+    auto font = std::make_shared<classFontMaster>();
+    font->UseNewFont(true);
+    font->OnMessage([&](const std::string& message) { messages.push_back(message); });
+    const bool isLoaded = number == kCustomFont ? font->LoadFont(customFont, kSizeFromFile, kSizeFromFile)
+                                                : font->LoadFontByNum(number, signType_);
+    font->OnMessage({});
+    if (isLoaded) // perhaps from another folder than the one named first, which is nobody's concern
+        return font;
+    if (number < 0)
+        messages.push_back("there is no font " + std::to_string(number));
+    for (const std::string& message : messages)
+        errors_.add(message);
+    if (number == 0) {
+        font->FontSizeByNum(0);
+        return font;
+    }
+    find(0, {});
+    return fonts_[{std::int16_t{0}, ""}];
+}
+
+} // namespace qrtVistrelClasses4

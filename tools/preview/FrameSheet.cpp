@@ -1,0 +1,53 @@
+#include "tools/preview/FrameSheet.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr Color kPaper = Rgb(30, 33, 38);
+constexpr Color kCaption = Rgb(168, 174, 184);
+
+constexpr std::int32_t kSpace = 12;         ///< Pixels around a frame.
+constexpr std::int32_t kCaptionHeight = 11; ///< Of a caption of scale 1.
+
+/// The width of a good sheet for its height.
+constexpr double kAspect = 1.5;
+
+} // namespace
+
+FrameSheet::FrameSheet(std::int32_t frames, DotSize sign, int scale)
+    : painter_(scale), captionScale_(scale < 4 ? 1 : 2), cellWidth_(painter_.sizeOf(sign.width) + kSpace),
+      cellHeight_(painter_.sizeOf(sign.height) + kSpace + kCaptionHeight * captionScale_) {
+    const double square = std::sqrt(static_cast<double>(frames) * kAspect * static_cast<double>(cellHeight_) /
+                                    static_cast<double>(cellWidth_));
+    columns_ = std::clamp(std::llround(square), 1LL, static_cast<long long>(frames));
+    rows_ = (frames + columns_ - 1) / columns_;
+}
+
+std::int64_t FrameSheet::width() const { return columns_ * cellWidth_ + kSpace; }
+std::int64_t FrameSheet::height() const { return rows_ * cellHeight_ + kSpace; }
+
+PixelBuffer FrameSheet::empty() const {
+    return {static_cast<std::int32_t>(width()), static_cast<std::int32_t>(height()), kPaper};
+}
+
+void FrameSheet::add(const std::string& caption, const PixelBuffer& dots, classFontMaster& captionFont,
+                     PixelBuffer& sheet) {
+    const auto left = static_cast<std::int32_t>(added_ % columns_ * cellWidth_ + kSpace);
+    const auto top = static_cast<std::int32_t>(added_ / columns_ * cellHeight_ + kSpace);
+    const std::int32_t belowCaption = top + kCaptionHeight * captionScale_;
+    ++added_;
+    captionFont.MagTimes(captionScale_);
+    captionFont.FontColor(kCaption);
+    std::int32_t width = 0;
+    captionFont.DrawText(caption, sheet, static_cast<float>(left - captionScale_), static_cast<float>(top), 0,
+                         0, width);
+    captionFont.MagTimes(1);
+    painter_.draw(dots, sheet, left, belowCaption);
+    // A caption ends where its frame does.
+    sheet.fill(left + static_cast<std::int32_t>(cellWidth_) - kSpace, top, width, belowCaption - top, kPaper);
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,74 @@
+#include "tools/preview/SignLook.h"
+
+#include "frame/Conversions.h"
+#include "platform/LetterCase.h"
+#include "tools/SignList.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr unsigned kDarkest = 24; ///< A dot as bright as that is lit.
+
+struct NamedColor {
+    std::string_view name;
+    Color color;
+};
+
+constexpr NamedColor kLedColors[] = {
+    {"Amber", kAmber},
+    {"Red", Rgb(255, 40, 30)},
+    {"Green", Rgb(60, 255, 70)},
+    {"Yellow", Rgb(255, 225, 40)},
+    {"Orange", Rgb(255, 120, 0)},
+    {"Blue", Rgb(60, 120, 255)},
+    {"White", Rgb(255, 250, 240)},
+};
+
+Color ledColor(std::string_view name) {
+    const auto* const found =
+        std::find_if(std::begin(kLedColors), std::end(kLedColors),
+                     [&](const NamedColor& it) { return EqualIgnoringAsciiCase(it.name, name); });
+    return found == std::end(kLedColors) ? kAmber : found->color;
+}
+
+unsigned redOf(Color color) { return color & 0xff; }
+unsigned greenOf(Color color) { return color >> 8 & 0xff; }
+unsigned blueOf(Color color) { return color >> 16 & 0xff; }
+
+/// `brightness` up to 255.
+Color scaled(Color color, unsigned brightness) {
+    const auto part = [&](unsigned channel) { return static_cast<std::uint8_t>(channel * brightness / 255); };
+    return Rgb(part(redOf(color)), part(greenOf(color)), part(blueOf(color)));
+}
+
+} // namespace
+
+Color SignLook::dotFor(Color pixel) const {
+    // A saturated blue is as bright a light as white is.
+    const unsigned brightness = std::max({redOf(pixel), greenOf(pixel), blueOf(pixel)});
+    if (brightness < kDarkest)
+        return 0;
+    return showsColors ? pixel : scaled(color, brightness);
+}
+
+Color SignLook::dimmed() const { return scaled(color, 127); }
+
+std::optional<SignLook> FindSignLook(const std::string& typed, ErrorLines& errors) {
+    SignList list;
+    DisplayDatabaseClass& signs = list.signs;
+    if (!SelectSign(signs, typed, errors))
+        return std::nullopt;
+    SignLook look;
+    look.color = ledColor(signs.DefaultColor());
+    look.showsColors = signs.IsDisplayColor();
+    look.type = TextToInt16(signs.DisplayType());
+    if (const DotSize size{signs.DisplayWidth(), signs.DisplayHeight()}; size.width >= 1 && size.height >= 1)
+        look.size = size;
+    return look;
+}
+
+} // namespace qrtVistrelClasses4
