@@ -27,9 +27,10 @@ bool measure() {
     const auto machine = makePlatform({folder.path()});
     const ScopedPlatform use(*machine);
     std::vector<Ratio> ratios;
-    for (const auto& subject : {PlayfileSubject(folder), XmlSubject(folder), EditSubject(folder),
-                                DisplaysSubject(folder), CommandsSubject(folder), LegacySubject(folder),
-                                FontsSubject(folder), SettingsSubject(folder), TraceSubject()})
+    for (const auto& subject :
+         {PlayfileSubject(folder), XmlSubject(folder), EditSubject(folder), DisplaysSubject(folder),
+          CommandsSubject(folder), LegacySubject(folder), FontsSubject(folder), PreviewSubject(folder),
+          SettingsSubject(folder), TraceSubject()})
         ratios.insert(ratios.end(), subject.begin(), subject.end());
     MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

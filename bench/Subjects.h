@@ -24,6 +24,8 @@ std::vector<Ratio> LegacySubject(const BenchFolder& folder);
 std::vector<Ratio> FontsSubject(const BenchFolder& folder);
 /// Loading and saving all preferences. The library's home must be the folder.
 std::vector<Ratio> SettingsSubject(const BenchFolder& folder);
+/// Drawing all frames of a playfile into one picture. The library's home must be the folder.
+std::vector<Ratio> PreviewSubject(const BenchFolder& folder);
 /// Properties with and without the call trace.
 std::vector<Ratio> TraceSubject();
 

@@ -95,9 +95,12 @@ private:
     }
     int scaleOr(int usual) const { return options_.scale > 0 ? options_.scale : usual; }
 
+    static bool fits(std::int64_t width, std::int64_t height) {
+        return width <= kLargestSide && height <= kLargestSide && width * height <= kMostPixels;
+    }
     /// False after telling that so many pixels are too many.
     bool isDrawable(std::int64_t width, std::int64_t height) {
-        if (width <= kLargestSide && height <= kLargestSide && width * height <= kMostPixels)
+        if (fits(width, height))
             return true;
         session_.errors.add("a picture of " + std::to_string(width) + " x " + std::to_string(height) +
                             " pixels is too large: at most " + std::to_string(kMostPixels) +
@@ -132,6 +135,9 @@ private:
     ExitCode drawSheet() {
         const std::int32_t count = last_;
         FrameSheet sheet(count, size_, scaleOr(kScaleOfSheet));
+        for (int scale = kScaleOfSheet - 1;
+             scale >= 1 && !options_.scale && !fits(sheet.width(), sheet.height()); --scale)
+            sheet = FrameSheet(count, size_, scale);
         if (!isDrawable(sheet.width(), sheet.height()))
             return ExitCode::failed;
         PixelBuffer picture = sheet.empty();
@@ -205,7 +211,9 @@ void AddPreviewCommand(CLI::App& program, Session& session) {
     auto* out = command.add_option("--out", options->out,
                                    "PNG file to write the picture to; else it goes to the terminal, or in "
                                    "plain letters to where output goes");
-    command.add_option("--scale", options->scale, "Pixels from one dot to the next; else 6, in a sheet 3")
+    command
+        .add_option("--scale", options->scale,
+                    "Pixels from one dot to the next; else 6, in a sheet 3 or as many as it allows")
         ->check(CLI::Range(1, kLargestScale))
         ->needs(out);
     AddMomentOption(command, options->at);

@@ -1,0 +1,59 @@
+// A sheet with all frames of a playfile, against the time that its own encoding takes.
+#include "bench/SamplePlayfile.h"
+#include "bench/Subjects.h"
+#include "bench/Timing.h"
+#include "tools/preview/FramePicture.h"
+#include "tools/preview/FrameSheet.h"
+#include "tools/preview/PngFile.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+
+namespace qrtVistrelClasses4::bench {
+namespace {
+
+constexpr DotSize kSign{128, 32};
+constexpr int kScale = 3;
+constexpr double kMostOfEncoding = 1.0;
+
+/// Everything between an open playfile and the bytes of a PNG, from loading the fonts on.
+PixelBuffer drawSheet(FrameInfoClass& playfile) {
+    ErrorLines errors;
+    FramePainter painter({}, errors);
+    const OneBasedArray<FrameRecord> frames = ReadFrames(playfile);
+    FrameSheet sheet(frames.upperBound(), kSign, kScale);
+    PixelBuffer picture = sheet.empty();
+    classFontMaster& captions = painter.fonts().find(0, {});
+    painter.show(frames, 1, frames.upperBound(), kSign, [&](std::int32_t number, const PixelBuffer& dots) {
+        sheet.add(frames.at(number).FrameName, dots, captions, picture);
+    });
+    return picture;
+}
+
+std::int64_t litPixels(const PixelBuffer& picture) {
+    std::int64_t count = 0;
+    for (std::int32_t y = 0; y < picture.height(); ++y)
+        count += std::ranges::count(picture.row(y), kAmber);
+    return count;
+}
+
+} // namespace
+
+std::vector<Ratio> PreviewSubject(const BenchFolder& folder) {
+    std::filesystem::copy(QRT_SAMPLES_FOLDER "/bin", folder.file("bin"));
+    const std::shared_ptr<FrameInfoClass> playfile = MakePlayfile(kUsual, folder);
+    const auto picture = std::make_shared<const PixelBuffer>(drawSheet(*playfile));
+    Require(litPixels(*picture) > std::int64_t{kUsual.frames} * 100, "the frames of the sheet are dark");
+    RegisterWork("preview/draw", [playfile](benchmark::State& state) {
+        for (auto _ : state)
+            benchmark::DoNotOptimize(drawSheet(*playfile));
+    });
+    RegisterWork("preview/encode", [picture](benchmark::State& state) {
+        for (auto _ : state)
+            benchmark::DoNotOptimize(EncodePng(*picture));
+    });
+    return {{"sheet of 1048 frames", "preview/draw", "preview/encode", Bound::aim, kMostOfEncoding}};
+}
+
+} // namespace qrtVistrelClasses4::bench

@@ -1,0 +1,163 @@
+#include "tools/preview/BmpFile.h"
+#include "tools/preview/LedPicture.h"
+#include "tools/preview/PngFile.h"
+
+#include <gtest/gtest.h>
+#include <lodepng.h>
+
+#include <string>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr Color kRed = Rgb(255, 0, 0), kGreen = Rgb(0, 255, 0), kBlue = Rgb(0, 0, 255);
+
+std::string bytesOf(std::uint32_t number, int count) {
+    std::string bytes;
+    for (int byte = 0; byte < count; ++byte, number >>= 8)
+        bytes += static_cast<char>(number & 0xff);
+    return bytes;
+}
+
+/// A file with two rows of three pixels.
+std::string bmp(unsigned bits, const std::string& rows, std::int32_t height = 2, unsigned compression = 0) {
+    const std::string red("\0\0\xff\0", 4), green("\0\xff\0\0", 4), blue("\xff\0\0\0", 4), black(4, '\0');
+    const std::string palette = bits == 1 ? black + red : bits <= 8 ? black + red + green + blue : "";
+    const auto colors = static_cast<std::uint32_t>(palette.size() / 4);
+    const std::uint32_t start = 54 + 4 * colors;
+    return "BM" + bytesOf(0, 8) + bytesOf(start, 4) + bytesOf(40, 4) + bytesOf(3, 4) +
+           bytesOf(static_cast<std::uint32_t>(height), 4) + bytesOf(1, 2) + bytesOf(bits, 2) +
+           bytesOf(compression, 4) + bytesOf(0, 12) + bytesOf(colors, 4) + bytesOf(0, 4) + palette + rows;
+}
+
+using Pixels = std::vector<std::vector<Color>>;
+
+Pixels pixelsOf(const PixelBuffer& picture) {
+    Pixels rows;
+    for (std::int32_t y = 0; y < picture.height(); ++y)
+        rows.emplace_back(picture.row(y).begin(), picture.row(y).end());
+    return rows;
+}
+
+TEST(BmpFile, IsReadInEveryUncompressedForm) {
+    const std::string lower24("\0\0\xff\0\xff\0\xff\0\0\0\0\0", 12), upper24(12, '\0');
+    const std::string lower32("\0\0\xff\x7f\0\xff\0\0\xff\0\0\0", 12), upper32(12, '\0');
+    const Pixels colors{{0, 0, 0}, {kRed, kGreen, kBlue}};
+    const struct {
+        const char* why;
+        std::string file;
+        Pixels pixels;
+    } cases[] = {
+        {"two colours, rows of four bytes",
+         bmp(1, std::string("\xa0\0\0\0\0\0\0\0", 8)),
+         {{0, 0, 0}, {kRed, 0, kRed}}},
+        {"two pixels a byte", bmp(4, std::string("\x12\x30\0\0\0\0\0\0", 8)), colors},
+        {"a pixel a byte", bmp(8, std::string("\1\2\3\0\0\0\0\0", 8)), colors},
+        {"numbers beyond the palette are black", bmp(8, std::string("\1\2\3\0\4\xff\0\0", 8)), colors},
+        {"three bytes a pixel", bmp(24, lower24 + upper24), colors},
+        {"four, one of them unused", bmp(32, lower32 + upper32), colors},
+        {"the topmost row first", bmp(24, upper24 + lower24, -2), colors},
+    };
+    for (const auto& [why, file, pixels] : cases) {
+        SCOPED_TRACE(why);
+        const auto picture = ParseBmp(file);
+        ASSERT_TRUE(picture);
+        EXPECT_EQ(pixelsOf(*picture), pixels);
+        for (std::size_t size = 0; size < file.size(); ++size)
+            EXPECT_FALSE(ParseBmp(file.substr(0, size))) << "cut short at " << size;
+    }
+}
+
+TEST(BmpFile, IsNoPictureInAnyOtherForm) {
+    const std::string rows(24, '\0');
+    const auto changed = [&](std::size_t at, const std::string& bytes) {
+        return bmp(24, rows).replace(at, bytes.size(), bytes);
+    };
+    const struct {
+        const char* why;
+        std::string file;
+    } cases[] = {
+        {"compressed", bmp(8, rows, 2, 1)},
+        {"five bits a colour", bmp(16, rows)},
+        {"no bits at all", bmp(0, rows)},
+        {"no rows", bmp(24, rows, 0)},
+        {"a height without a positive one", bmp(24, rows, INT32_MIN)},
+        {"too many rows", bmp(24, rows, kLargestBmpSide + 1)},
+        {"a width below 0", changed(18, "\xff\xff\xff\xff")},
+        {"an old header", changed(14, std::string("\x0c\0\0\0", 4))},
+        {"a header beyond the end", changed(14, "\xff\xff\xff\xff")},
+        {"pixels beyond the end", changed(10, "\xff\xff\xff\xff")},
+        {"another file", changed(0, "MZ")},
+    };
+    for (const auto& [why, file] : cases)
+        EXPECT_FALSE(ParseBmp(file)) << why;
+}
+
+TEST(Png, HoldsThePixelsForAnyDecoder) {
+    for (const std::uint32_t colors : {1U, 2U, 256U, 257U, 60000U}) {
+        SCOPED_TRACE(colors);
+        PixelBuffer picture(311, 200);
+        std::uint32_t number = 0;
+        for (std::int32_t y = 0; y < picture.height(); ++y)
+            for (Color& pixel : picture.row(y))
+                pixel = number++ % colors * 0x10203 & 0xffffff;
+        const std::string png = EncodePng(picture);
+        std::vector<unsigned char> decoded;
+        unsigned width = 0, height = 0;
+        ASSERT_EQ(lodepng::decode(decoded, width, height, reinterpret_cast<const unsigned char*>(png.data()),
+                                  png.size(), LCT_RGB),
+                  0U);
+        ASSERT_EQ(width, 311U);
+        ASSERT_EQ(height, 200U);
+        std::vector<unsigned char> expected;
+        for (const auto& row : pixelsOf(picture))
+            for (const Color pixel : row)
+                for (const int shift : {0, 8, 16})
+                    expected.push_back(static_cast<unsigned char>(pixel >> shift));
+        EXPECT_EQ(decoded, expected);
+    }
+}
+
+/// "#" for a pixel of a lit dot, "o" for one of a dark dot or of a lit one's glow, "." for a gap, "-" for one
+/// left alone.
+std::vector<std::string> looksOf(const PixelBuffer& picture) {
+    std::vector<std::string> rows;
+    for (const auto& row : pixelsOf(picture)) {
+        rows.emplace_back();
+        for (const Color pixel : row)
+            rows.back() += pixel == 0xffffff       ? '-'
+                           : (pixel & 0xff) >= 128 ? '#'
+                           : (pixel & 0xff) >= 36  ? 'o'
+                                                   : '.';
+    }
+    return rows;
+}
+
+TEST(LedPicture, ShowsLitDotsDarkDotsAndGaps) {
+    PixelBuffer dots(2, 1);
+    dots.row(0)[1] = kRed;
+    const struct {
+        int scale;
+        std::vector<std::string> looks;
+    } cases[] = {
+        {1, {"------", "-....-", "-.o#.-", "-....-"}},
+        {2,
+         {"----------", "-........-", "-........-", "-..oo##..-", "-..oo##..-", "-........-", "-........-"}},
+        {5,
+         {"------------------", "-................-", "-................-", "-................-",
+          "-........o###o...-", "-....ooo.#####...-", "-....ooo.#####...-", "-....ooo.#####...-",
+          "-........o###o...-", "-................-", "-................-", "-................-"}},
+    };
+    for (const auto& [scale, looks] : cases) {
+        SCOPED_TRACE(scale);
+        LedPainter painter(scale);
+        const auto width = static_cast<std::int32_t>(painter.sizeOf(2));
+        PixelBuffer picture(width + 2, static_cast<std::int32_t>(painter.sizeOf(1)) + 1, 0xffffff);
+        painter.draw(dots, picture, 1, 1);
+        EXPECT_EQ(looksOf(picture), looks);
+    }
+}
+
+} // namespace
+} // namespace qrtVistrelClasses4
