@@ -15,7 +15,7 @@ namespace {
 
 constexpr DotSize kSign{128, 32};
 constexpr int kScale = 3;
-constexpr double kMostOfEncoding = 1.0;
+constexpr double kMostOfEncoding = 0.5;
 
 /// Everything between an open playfile and the bytes of a PNG, from loading the fonts on.
 PixelBuffer drawSheet(FrameInfoClass& playfile) {
@@ -34,7 +34,7 @@ PixelBuffer drawSheet(FrameInfoClass& playfile) {
 std::int64_t litPixels(const PixelBuffer& picture) {
     std::int64_t count = 0;
     for (std::int32_t y = 0; y < picture.height(); ++y)
-        count += std::ranges::count(picture.row(y), kAmber);
+        count += std::ranges::count_if(picture.row(y), [](Color pixel) { return (pixel & 0xff) == 0xff; });
     return count;
 }
 
