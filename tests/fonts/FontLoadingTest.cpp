@@ -99,6 +99,9 @@ TEST(FontLoading, SearchesAFontAndTells) {
     };
     const std::string missing = "My.cmd NOT FOUND @ ~/fonts/My.cmd in ~/fonts/";
     const std::string nowhere = "Error Loading Font. Could not find ~/fonts/My.cmd";
+    const std::string noStandard = "6x8.cmd NOT FOUND @ ~/6x8.cmd in ~/";
+    const std::string noNewStandard = "FSTND08.cmd NOT FOUND @ ~/FSTND08.cmd in ~/";
+    const std::string noFont0At = "Error Loading Font. Could not find ~/bin/6x8.cmd";
     const std::string noFont0 = "6x8.cmd NOT FOUND @ ~/bin/6x8.cmd in ~/bin/";
     const Case cases[] = {
         {"at its place", "fonts/My.cmd", {"fonts/My.cmd", "Extended/My.cmd"}, 1, {}},
@@ -107,22 +110,9 @@ TEST(FontLoading, SearchesAFontAndTells) {
         {"not a folder", "fonts/My.cmd", {"fonts/My.cmd/My.cmd"}, 0, {missing, nowhere}},
         {"extended", "fonts/My.cmd", {"CustomFonts/My.cmd", "extended/my.cmd"}, 2, {missing}},
         {"custom", "fonts/My.cmd", {"bin/6x8.cmd", "CustomFonts/My.cmd"}, 2, {missing}},
-        {"a standard font, extended",
-         "6x8.cmd",
-         {"bin/6x8.cmd", "Extended/6x8.cmd"},
-         2,
-         {"6x8.cmd NOT FOUND @ ~/6x8.cmd in ~/"}},
-        {"font 0 for a standard font",
-         "FSTND08.cmd",
-         {"BIN/6X8.CMD"},
-         1,
-         {"FSTND08.cmd NOT FOUND @ ~/FSTND08.cmd in ~/", "FSTND08.cmd NOT FOUND"}},
-        {"no font 0",
-         "6x8.cmd",
-         {},
-         0,
-         {"6x8.cmd NOT FOUND @ ~/6x8.cmd in ~/", "6x8.cmd NOT FOUND", noFont0,
-          "Error Loading Font. Could not find ~/bin/6x8.cmd"}},
+        {"a standard font, extended", "6x8.cmd", {"bin/6x8.cmd", "Extended/6x8.cmd"}, 2, {noStandard}},
+        {"font 0 for it", "FSTND08.cmd", {"BIN/6X8.CMD"}, 1, {noNewStandard, "FSTND08.cmd NOT FOUND"}},
+        {"no font 0", "6x8.cmd", {}, 0, {noStandard, "6x8.cmd NOT FOUND", noFont0, noFont0At}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.why);

@@ -91,8 +91,8 @@ private:
     void SetPixel(std::int32_t x, std::int32_t y, Color color) override {
         if (calls.size() >= mostCalls)
             throw RuntimeError(438, "Object doesn't support this property or method");
-        calls.push_back("SetPixel " + std::to_string(x) + " " + std::to_string(y) +
-                        (color == kFontColor ? " font" : " back"));
+        const std::string ink = color == kFontColor ? "font" : "back";
+        calls.push_back(ink + " " + std::to_string(x) + " " + std::to_string(y));
         pixels_.fill(x, y, 1, 1, color);
     }
 

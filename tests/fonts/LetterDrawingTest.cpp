@@ -32,6 +32,7 @@ TEST_F(DrawnLetter, ShowsItsDots) {
     };
     const Font small = FontOf(6, {"#.#", "...", "##."});
     const Font nine = FontOf(16, {"#.......#", "........."}, 12);
+    const Font wide = FontOf(33, {std::string(33, '#')});
     const Case cases[] = {
         {"one dot right of its place", small, 1, 0, 0, false, {"-#-#", "----", "-##-"}},
         {"on a background", small, 1, 0, 0, true, {"-#.#", "-...", "-##."}},
@@ -41,21 +42,9 @@ TEST_F(DrawnLetter, ShowsItsDots) {
         {"nothing at no size", small, 0, 0, 0, true, {"----"}},
         {"nothing at a size below", small, -2, 0, 0, true, {"----"}},
         {"columns in groups of eight", nine, 1, 0, 0, false, {"-#-------#", "----------"}},
-        {"groups whole, past a cell of 12",
-         nine,
-         1,
-         0,
-         0,
-         true,
-         {"-#.......#.......-", "-................-"}},
+        {"groups whole, past a cell of 12", nine, 1, 0, 0, true, {"-#.......#.......-"}},
         {"no more groups than the cell of the font", FontOf(8, {"#.......#"}), 1, 0, 0, true, {"-#.......-"}},
-        {"not more than 24 columns",
-         FontOf(33, {std::string(33, '#')}),
-         1,
-         0,
-         0,
-         true,
-         {"-########################-"}},
+        {"no more columns than 24", wide, 1, 0, 0, true, {"-########################-"}},
         {"no columns in a cell beyond 100", FontOf(101, {"#"}, 101), 1, 0, 0, true, {"--"}},
         {"columns in a cell of 100", FontOf(100, {"#"}, 101), 1, 0, 0, true, {"-#......................."}},
     };
@@ -90,18 +79,8 @@ TEST_F(DrawnLetter, TellsWhereTheNextOneStarts) {
         EXPECT_EQ(fonts_.LetterWidth("ABC"), c.advance) << "the first alone";
         EXPECT_EQ(draw("B", none), 0) << "no glyph";
         EXPECT_EQ(draw("", none), 0);
+        EXPECT_EQ(fonts_.GlyphOffset(""), -1);
     }
-}
-
-TEST_F(DrawnLetter, HasTheGlyphOf127ForTheBrokenBar) {
-    Font font = FontOf(6, {".."});
-    AddLetter(font, '\x7f', {"#"});
-    load(font);
-    PixelBuffer pixels = UntouchedPixels(3, 1);
-    EXPECT_EQ(draw("\xa6", pixels), 1);
-    EXPECT_EQ(PictureOf(pixels), Texts{"-#-"});
-    EXPECT_EQ(fonts_.GlyphOffset("\xa6"), 2);
-    EXPECT_EQ(fonts_.GlyphOffset(""), -1);
 }
 
 TEST_F(DrawnLetter, EndsWhereTheStoreEnds) {
@@ -132,16 +111,12 @@ TEST_F(DrawnLetter, UsesATargetOfTheHostPixelByPixel) {
         Texts calls;
     };
     const Case cases[] = {
-        {"lit dots",
-         false,
-         false,
-         {"hdc", "SetPixel 4 0 font", "SetPixel 5 0 font", "SetPixel 4 1 font", "SetPixel 5 1 font"}},
+        {"lit dots", false, false, {"hdc", "font 4 0", "font 5 0", "font 4 1", "font 5 1"}},
         {"all dots, on the bitmap",
          true,
          true,
-         {"GetBitmapDC", "BackColor", "SetPixel 2 0 back", "BackColor", "SetPixel 3 0 back", "BackColor",
-          "SetPixel 2 1 back", "BackColor", "SetPixel 3 1 back", "SetPixel 4 0 font", "SetPixel 5 0 font",
-          "SetPixel 4 1 font", "SetPixel 5 1 font", "ReleaseBitmapDC"}},
+         {"GetBitmapDC", "BackColor", "back 2 0", "BackColor", "back 3 0", "BackColor", "back 2 1",
+          "BackColor", "back 3 1", "font 4 0", "font 5 0", "font 4 1", "font 5 1", "ReleaseBitmapDC"}},
     };
     load(FontOf(6, {".#"}));
     fonts_.MagTimes(2);

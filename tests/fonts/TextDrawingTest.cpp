@@ -127,8 +127,11 @@ TEST_F(DrawnText, IsTheSameOnEveryTarget) {
     for (int turn = 0; turn < 60; ++turn) {
         SCOPED_TRACE(turn);
         Font font{static_cast<std::int16_t>(random(4, 33)), static_cast<std::int16_t>(random(5, 12)), "AB"};
-        for (int i = 0; i < 2 * font.recordSize(); ++i)
-            font.store[static_cast<std::size_t>(i)] = static_cast<std::uint8_t>(random(0, 30));
+        for (std::uint8_t& byte : font.store)
+            byte = static_cast<std::uint8_t>(random(0, 255));
+        for (const char letter : {'A', 'B'})
+            font.store[static_cast<std::size_t>(font.glyphOffset(letter))] =
+                static_cast<std::uint8_t>(random(0, 30));
         Load(host_, fonts_, font);
         fonts_.MagTimes(static_cast<std::int16_t>(random(1, 5)));
         const auto x = static_cast<float>(random(-30, 90)), y = static_cast<float>(random(-30, 40));
