@@ -43,6 +43,13 @@ struct TestHost {
     MemoryPlatform machine;
     KeptReports reports;
     std::string inLibrary(const std::string& name) { return JoinPath(machine.library, name); }
+    /// Reads number `first` to `last` from now on fail, counted from 1.
+    void failReads(int first, int last, SystemError error = SystemError::accessDenied) {
+        machine.files().observer = [=, count = 0](const FileOperation& operation) mutable {
+            const bool isRead = operation.kind == FileOperation::read;
+            return isRead && ++count >= first && count <= last ? error : SystemError::none;
+        };
+    }
 
 private:
     ScopedPlatform platformScope_{machine};

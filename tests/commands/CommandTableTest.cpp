@@ -154,10 +154,7 @@ TEST_F(CommandTableTest, LosesNoRowsToAFileThatCannotBeReadOrWritten) {
         files().put(path_, *rows);
         files().setReadOnly(path_, row.readOnly);
         files().bytesLeft = row.bytesLeft;
-        files().observer = [left = row.failingReads](const FileOperation& operation) mutable {
-            const bool fails = operation.kind == FileOperation::read && left-- > 0;
-            return fails ? SystemError::accessDenied : SystemError::none;
-        };
+        host_.failReads(1, row.failingReads);
         loadAndSave();
         EXPECT_EQ(files().content(path_), row.after);
         EXPECT_EQ(files().content(backup_), row.backup);

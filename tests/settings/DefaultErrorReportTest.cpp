@@ -25,9 +25,9 @@ public:
     std::string log() {
         return host_.machine.files().content(host_.inLibrary("VistrelErrors.log")).value_or("");
     }
-    std::vector<Message>& shown() { return host_.machine.messageBoxes().shown; }
 
     TestHost host_;
+    std::vector<Message>& shown_ = host_.machine.messageBoxes().shown;
 };
 
 const std::string kReport = "Error 6: Overflow\r\nIn Signs.cls, Sub Send (number=7)\r\n"
@@ -37,20 +37,20 @@ const std::string kEntry = "2001-02-03 04:05:06  " + kReport;
 TEST_F(DefaultErrorReport, GoesToTheLogAndToTheOperator) {
     fail();
     EXPECT_EQ(log(), kEntry);
-    ASSERT_EQ(shown().size(), 1u);
-    EXPECT_EQ(shown()[0].text, kReport);
-    EXPECT_EQ(shown()[0].icon, MessageIcon::critical);
+    ASSERT_EQ(shown_.size(), 1u);
+    EXPECT_EQ(shown_[0].text, kReport);
+    EXPECT_EQ(shown_[0].icon, MessageIcon::critical);
 }
 
 TEST_F(DefaultErrorReport, ShowsNoBoxForQuietErrorsOrWhenSwitchedOff) {
     fail(true);
     WriteSetting("Vistrel3", "Settings", "ShowErrorReports", "False");
     fail();
-    EXPECT_TRUE(shown().empty());
+    EXPECT_TRUE(shown_.empty());
     EXPECT_EQ(log(), kEntry + kEntry);
     WriteSetting("Vistrel3", "Settings", "ShowErrorReports", "neither yes nor no");
     fail();
-    EXPECT_EQ(shown().size(), 1u);
+    EXPECT_EQ(shown_.size(), 1u);
 }
 
 TEST_F(DefaultErrorReport, GoesToStandardErrorWhereNobodySeesBoxes) {
@@ -58,7 +58,7 @@ TEST_F(DefaultErrorReport, GoesToStandardErrorWhereNobodySeesBoxes) {
     testing::internal::CaptureStderr();
     fail();
     EXPECT_EQ(testing::internal::GetCapturedStderr(), kReport);
-    EXPECT_TRUE(shown().empty());
+    EXPECT_TRUE(shown_.empty());
 }
 
 TEST_F(DefaultErrorReport, StartsANewLogPastOneMegabyte) {
@@ -92,7 +92,7 @@ TEST_F(DefaultErrorReport, NeverMakesAnotherError) {
     host_.machine.files().setReadOnly(host_.machine.library);
     host_.machine.files().bytesLeft = 0;
     fail();
-    EXPECT_EQ(shown().size(), 1u);
+    EXPECT_EQ(shown_.size(), 1u);
     EXPECT_EQ(log(), "");
 }
 
