@@ -4,8 +4,6 @@
 #include "frame/RuntimeError.h"
 #include "settings/RegistrySettings.h"
 
-#include <functional>
-
 namespace qrtVistrelClasses4 {
 namespace {
 
@@ -84,17 +82,9 @@ TEST_F(DisplaySave, TellsOfAFileThatMayNotBeWritten) {
     fileName = JoinPath("nowhere", "new.dat");
     displays_.WriteAllDisplaysToDisk(fileName);
     expectBox("76Path not found while writing Display data to disk");
-}
-
-TEST_F(DisplaySave, TakesTheFolderForTheFileWithoutAName) {
-    KeptTrace trace;
-    const ScopedTraceRecorder scope(trace);
     displays_.WriteAllDisplaysToDisk();
-    EXPECT_EQ(trace.lines.front(), "> Sub WriteAllDisplaysToDisk (sFileName=<Missing>)");
-    EXPECT_EQ(trace.lines.back(), "< Sub WriteAllDisplaysToDisk (sFileName=<Missing>)");
-    EXPECT_TRUE(host_.reports.all.empty());
     expectBox(noRights_);
-    EXPECT_EQ(ReadSetting("VistrelLite", "Preview", "DisplayDataFile", ""), host_.inLibrary(""));
+    EXPECT_EQ(ReadSetting("VistrelLite", "Preview", "DisplayDataFile", ""), host_.inLibrary("")) << "no name";
 }
 
 TEST_F(DisplaySave, LeavesWhatFittedOnAFullDisk) {
@@ -125,18 +115,22 @@ TEST_F(DisplaySave, LeavesWhatFittedOnAFullDisk) {
     expectBox("57Device I/O error while writing Display data to disk");
 }
 
-class KeptSynchronisation final : public SignListSynchronisation {
-public:
-    void synchronise(DisplayDatabaseClass& displays) override {
-        ++calls;
-        act(displays);
-    }
-    int calls = 0;
-    std::function<void(DisplayDatabaseClass&)> act = [](DisplayDatabaseClass&) {};
-};
-
-TEST_F(DisplaySave, SynchronisesOnlyWhereTheSettingIsExactlyTrue) {
-    KeptSynchronisation synchronisation;
+TEST_F(DisplaySave, SynchronisesOnlyWhereTheSettingIsExactlyTrueAndTrapsItsErrors) {
+    struct : SignListSynchronisation {
+        void synchronise(DisplayDatabaseClass& displays) override {
+            ++calls;
+            written = platform().files().read(displaysPath).value.text();
+            synchronised = &displays;
+            if (fails)
+                throw RuntimeError(3024, "no such database");
+        }
+        int calls = 0;
+        bool fails = false;
+        std::string displaysPath, written;
+        DisplayDatabaseClass* synchronised = nullptr;
+    } synchronisation, outer;
+    synchronisation.displaysPath = path_;
+    const ScopedSignListSynchronisation outerScope(outer);
     const ScopedSignListSynchronisation scope(synchronisation);
     write();
     EXPECT_EQ(synchronisation.calls, 0) << "no setting";
@@ -146,32 +140,17 @@ TEST_F(DisplaySave, SynchronisesOnlyWhereTheSettingIsExactlyTrue) {
         write();
         EXPECT_EQ(synchronisation.calls, value == "True" ? 1 : 0) << value;
     }
-    synchronisation.calls = 0;
+    EXPECT_EQ(synchronisation.written.substr(0, 5), "\"A\"\r\n") << "the file is there";
+    EXPECT_EQ(synchronisation.synchronised, &displays_);
+    synchronisation.fails = true;
+    write();
+    EXPECT_EQ(host_.reports.all.at(0).procedure.procedure, "Sub WriteAllDisplaysToDisk");
+    EXPECT_EQ(host_.reports.takeNumbers(), Numbers{3024});
+    EXPECT_TRUE(shown().empty());
     files().setReadOnly(path_);
     write();
-    EXPECT_EQ(synchronisation.calls, 0) << "the save failed";
-}
-
-TEST_F(DisplaySave, TrapsAnErrorOfTheSynchronisation) {
-    WriteSetting("Vistrel3", "Settings", "SyncPCScheduler", "True");
-    KeptSynchronisation outer;
-    const ScopedSignListSynchronisation outerScope(outer);
-    {
-        KeptSynchronisation inner;
-        const ScopedSignListSynchronisation scope(inner);
-        inner.act = [&](DisplayDatabaseClass& displays) {
-            EXPECT_EQ(&displays, &displays_);
-            EXPECT_EQ(files().content(path_)->substr(0, 5), "\"A\"\r\n") << "the file is there";
-            throw RuntimeError(3024, "no such database");
-        };
-        write();
-        EXPECT_EQ(host_.reports.all.at(0).procedure.procedure, "Sub WriteAllDisplaysToDisk");
-        EXPECT_EQ(host_.reports.takeNumbers(), Numbers{3024});
-    }
-    EXPECT_TRUE(shown().empty());
+    EXPECT_EQ(synchronisation.calls, 2) << "the save failed";
     EXPECT_EQ(outer.calls, 0);
-    write();
-    EXPECT_EQ(outer.calls, 1) << "installed again";
 }
 
 } // namespace

@@ -39,7 +39,6 @@ inline constexpr std::tuple kUntracedProperties{
 inline constexpr std::tuple kScheduleProperties{
     P(37, BrightnessScheduleXBrightnessLevel), P(38, BrightnessScheduleXStartTime),
     P(39, BrightnessScheduleXStopTime)};
-inline constexpr std::tuple kCursors{P(0, CurrentDisplayNumber), P(0, CurrentBrightnessScheduleNumber)};
 #undef P
 // clang-format on
 inline constexpr int kReservedLines[] = {34, 35}; // texts without a property

@@ -8,12 +8,11 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 TEST(DelimitedReader, TakesValuesFromLinesAndFromBetweenCommas) {
-    struct Case {
+    const struct {
         const char* why;
         std::string_view text;
         Texts values;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"usual lines", "\"a\"\r\n2\r\n\"\"\r\n", {"a", "2", ""}},
         {"one line", "\"a\",2,\"b c\"", {"a", "2", "b c"}},
         {"half a line end", "1\n\"a\"\r2\n", {"1", "a", "2"}},
@@ -28,7 +27,7 @@ TEST(DelimitedReader, TakesValuesFromLinesAndFromBetweenCommas) {
         {"a comma and a line end are two separators", "\"a\",\r\n2", {"a", "", "2"}},
         {"nothing", "", {}},
     };
-    for (const Case& row : cases) {
+    for (const auto& row : cases) {
         SCOPED_TRACE(row.why);
         DelimitedReader in(row.text);
         Texts values;
@@ -53,34 +52,18 @@ std::string taken(const std::string& text, const std::string& rest = "") {
 }
 
 TEST(DelimitedReader, ConvertsValuesWhateverEndsThem) {
+    // clang-format off
     const struct {
         const char *text, *values; ///< As 16 bits, as 32 bits and as flag.
-    } cases[] = {{"5", "5 5 1"},
-                 {"-5", "-5 -5 1"},
-                 {"+5", "5 5 1"},
-                 {"0", "0 0 0"},
-                 {"007", "7 7 1"},
-                 {"  5", "5 5 1"},
-                 {"5 ", "5 5 1"},
-                 {"\"5\"", "5 5 1"},
-                 {"2.5", "2 2 1"},
-                 {"0.25", "0 0 1"},
-                 {"1e3", "1000 1000 1"},
-                 {"32767", "32767 32767 1"},
-                 {"32768", "E6 32768 1"},
-                 {"-32769", "E6 -32769 1"},
-                 {"2147483647", "E6 2147483647 1"},
-                 {"2147483648", "E6 E6 1"},
-                 {"1e999", "E6 E6 E6"},
-                 {"#TRUE#", "E13 E13 1"},
-                 {"#true#", "E13 E13 1"},
-                 {"#FALSE#", "E13 E13 0"},
-                 {"#False#", "E13 E13 0"},
-                 {"\"#TRUE#\"", "E13 E13 1"},
-                 {"#TRUE", "E13 E13 E13"},
-                 {"True", "E13 E13 E13"},
-                 {"5x", "E13 E13 E13"},
-                 {"\"\"", "E13 E13 E13"}};
+    } cases[] = {
+        {"5", "5 5 1"}, {"-5", "-5 -5 1"}, {"+5", "5 5 1"}, {"0", "0 0 0"}, {"007", "7 7 1"}, {"  5", "5 5 1"},
+        {"5 ", "5 5 1"}, {"\"5\"", "5 5 1"}, {"2.5", "2 2 1"}, {"0.25", "0 0 1"}, {"1e3", "1000 1000 1"},
+        {"32767", "32767 32767 1"}, {"32768", "E6 32768 1"}, {"-32769", "E6 -32769 1"},
+        {"2147483647", "E6 2147483647 1"}, {"2147483648", "E6 E6 1"}, {"1e999", "E6 E6 E6"},
+        {"#TRUE#", "E13 E13 1"}, {"#true#", "E13 E13 1"}, {"#FALSE#", "E13 E13 0"}, {"#False#", "E13 E13 0"},
+        {"\"#TRUE#\"", "E13 E13 1"}, {"#TRUE", "E13 E13 E13"}, {"True", "E13 E13 E13"}, {"5x", "E13 E13 E13"},
+        {"\"\"", "E13 E13 E13"}};
+    // clang-format on
     const std::pair<std::string, std::string> endings[] = {
         {"\r\n9\r\n", "9"}, {"\n9", "9"}, {",9", "9"}, {"\r\n", ""}, {"", ""}};
     for (const auto& row : cases)

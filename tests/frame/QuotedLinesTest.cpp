@@ -9,22 +9,12 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// All values of a text, one after another.
-Texts valuesOf(std::string_view text) {
-    QuotedLineReader in(text);
-    Texts values;
-    while (!in.atEnd())
-        values.emplace_back(in.value());
-    return values;
-}
-
 TEST(QuotedLineReader, TakesOneValueFromEachLine) {
-    struct Case {
+    const struct {
         const char* why;
         std::string_view text;
         Texts values;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"usual lines", "\"a\"\r\n\"\"\r\n\"c d\"\r\n", {"a", "", "c d"}},
         {"line feed alone ends a line", "\"a\"\n\"b\"\n", {"a", "b"}},
         {"the last line may lack its end", "\"a\"\r\n\"b\"", {"a", "b"}},
@@ -42,30 +32,30 @@ TEST(QuotedLineReader, TakesOneValueFromEachLine) {
         {"a carriage return inside a value", "\"a\rb\"\r\n", {"a\rb"}},
         {"nothing", "", {}},
     };
-    for (const Case& row : cases) {
+    for (const auto& row : cases) {
         SCOPED_TRACE(row.why);
-        EXPECT_EQ(valuesOf(row.text), row.values);
+        QuotedLineReader in(row.text);
+        Texts values;
+        while (!in.atEnd())
+            values.emplace_back(in.value());
+        EXPECT_EQ(values, row.values);
     }
 }
 
-template <class Value>
-Value next(QuotedLineReader& in) {
-    Value value{};
-    in.get(value);
-    return value;
-}
-
 TEST(QuotedLineReader, ConvertsValues) {
-    QuotedLineReader in(
-        "\"say \x01hi\x01\"\r\n\"-5\"\r\n\" 2,5 \"\n70000\r\n\"true\"\r\n\"2\"\r\n\"False\"\n\"\"");
-    EXPECT_EQ(next<std::string>(in), "say \"hi\"");
-    EXPECT_EQ(next<std::int16_t>(in), -5);
-    EXPECT_EQ(next<double>(in), 2.5);
-    EXPECT_EQ(next<std::int32_t>(in), 70000);
-    EXPECT_TRUE(next<bool>(in));
-    EXPECT_TRUE(next<bool>(in));
-    EXPECT_FALSE(next<bool>(in));
-    EXPECT_EQ(next<std::string>(in), "");
+    QuotedLineReader in("\"say \x01hi\x01\"\r\n\"-5\"\r\n\" 2,5 \"\n70000\r\n\"true\"\r\n\"2\"\r\n\"False\"");
+    const auto expectNext = [&](auto wanted) {
+        decltype(wanted) value{};
+        in.get(value);
+        EXPECT_EQ(value, wanted);
+    };
+    expectNext(std::string("say \"hi\""));
+    expectNext(std::int16_t{-5});
+    expectNext(2.5);
+    expectNext(std::int32_t{70000});
+    expectNext(true);
+    expectNext(true);
+    expectNext(false);
 }
 
 TEST(QuotedLineReader, TellsWhatIsWrong) {

@@ -115,29 +115,37 @@ public:
 
     /// Does one thing to both, and says what it was.
     std::string step() {
-        const int kind = below(13);
+        const int kind = model_.size() > 9 ? 13 : below(13);
         const int a = anyNumber();
         const int b = anyNumber();
         const std::string what = std::to_string(kind) + " " + std::to_string(a) + " " + std::to_string(b) +
                                  " at " + std::to_string(model_.cursor) + " of " + orderOf(model_.frames);
-        if (model_.size() > 9)
-            resize(below(6));
-        else if (kind < 2)
-            setCursor(a);
-        else if (kind < 4)
+        if (kind < 2) {
+            model_.cursor = a;
+            playfile_.CurrentFrame(toShort(a));
+        } else if (kind < 4) {
             insert(b % 2 == 0);
-        else if (kind < 6)
-            erase();
-        else if (kind < 8)
-            move(a, b);
-        else if (kind < 10)
+        } else if (kind < 6) {
+            model_.erase();
+            playfile_.DeleteCurrentFrame();
+        } else if (kind < 8) {
+            model_.move(a, b);
+            playfile_.MoveFrame(toShort(a), toShort(b));
+        } else if (kind < 10) {
             take(a, b, kind == 8);
-        else if (kind < 11)
-            paste(a);
-        else if (kind < 12)
+        } else if (kind < 11) {
+            if (clipboard_)
+                model_.paste(a);
+            playfile_.PasteInfo(toShort(a), clipboard_.get());
+        } else if (kind < 12) {
             refill(a);
-        else
+        } else if (kind < 13) {
             setAllowed();
+        } else {
+            const int count = below(6);
+            model_.resize(count);
+            playfile_.TotalFrames(toShort(count));
+        }
         return what;
     }
 
@@ -169,17 +177,9 @@ private:
     }
 
     static std::int16_t toShort(int number) { return static_cast<std::int16_t>(number); }
-    void setCursor(int number) {
-        model_.cursor = number;
-        playfile_.CurrentFrame(toShort(number));
-    }
     void setAllowed() {
         model_.allowed = below(10);
         playfile_.TotalFramesAllowed(toShort(model_.allowed));
-    }
-    void resize(int count) {
-        model_.resize(count);
-        playfile_.TotalFrames(toShort(count));
     }
     void insert(bool last) {
         if (model_.cursor == 32767)
@@ -189,30 +189,12 @@ private:
         playfile_.InsertFrame(last);
         EXPECT_EQ(last, lastOfModel);
     }
-    void erase() {
-        model_.erase();
-        playfile_.DeleteCurrentFrame();
-    }
-    void move(int from, int whereTo) {
-        model_.move(from, whereTo);
-        playfile_.MoveFrame(toShort(from), toShort(whereTo));
-    }
     void take(int from, int to, bool cut) {
         auto first = toShort(from);
         auto last = toShort(to);
-        if (cut) {
-            model_.cut(from, to);
-            playfile_.CutInfo(first, last, clipboard_);
-        } else {
-            model_.copy(from, to);
-            playfile_.CopyInfo(first, last, clipboard_);
-        }
+        cut ? model_.cut(from, to) : void(model_.copy(from, to));
+        cut ? playfile_.CutInfo(first, last, clipboard_) : playfile_.CopyInfo(first, last, clipboard_);
         EXPECT_EQ(std::pair(int{first}, int{last}), std::pair(from, to));
-    }
-    void paste(int at) {
-        if (clipboard_)
-            model_.paste(at);
-        playfile_.PasteInfo(toShort(at), clipboard_.get());
     }
     /// Puts other content into a frame, of the playfile or of the clipboard.
     void refill(int number) {

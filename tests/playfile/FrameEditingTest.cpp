@@ -1,155 +1,39 @@
+// What stands at the limits of editing, and its trace; the rest is held against a list in
+// FrameEditingModelTest.
 #include "PlayfileRecords.h"
 #include "TestHost.h"
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <regex>
+
 namespace qrtVistrelClasses4 {
 namespace {
 
+/// The trace without the exits of properties, whose entries stand behind what called them.
+Texts compact(const Texts& trace) {
+    Texts lines;
+    for (const std::string& line : trace)
+        if (line.starts_with("> Property"))
+            lines.back() += " " + line.substr(line.find(") ") + 2);
+        else if (!line.starts_with("< Property"))
+            lines.push_back(line);
+    return lines;
+}
+
 class FrameEditing : public testing::Test {
 protected:
-    void start(const std::string& names, std::int16_t cursor) {
-        putRecords(playfile_, filledFrames(names));
-        playfile_.CurrentFrame(cursor);
+    void take(std::int16_t first, std::int16_t last, bool cut = false) {
+        cut ? playfile_.CutInfo(first, last, clipboard_) : playfile_.CopyInfo(first, last, clipboard_);
     }
-    /// Expects the frames of these names, each with all that it held, and the cursor.
-    void expectState(const std::string& order, std::int16_t cursor, const Numbers& errors) {
-        const Records frames = recordsOf(playfile_);
-        ASSERT_EQ(orderOf(frames), order);
-        for (const FrameRecord& frame : frames) {
-            if (frame.FrameName.empty())
-                EXPECT_EQ(frame.lines, emptyFrame().lines);
-            else
-                EXPECT_EQ(frame, filledFrame(frame.FrameName.front()));
-        }
-        EXPECT_EQ(playfile_.CurrentFrame(), cursor);
-        EXPECT_EQ(host_.reports.takeNumbers(), errors);
-    }
+    std::string order() { return orderOf(recordsOf(playfile_)); }
+    std::string clipboardOrder() { return orderOf(recordsOf(*clipboard_)); }
 
     TestHost host_;
     FrameInfoClass playfile_;
+    std::shared_ptr<FrameInfoClass> clipboard_;
 };
-
-TEST_F(FrameEditing, InsertsAtTheCursor) {
-    struct Case {
-        const char* why;
-        std::int16_t cursor;
-        bool bLast;
-        std::string order;
-        std::int16_t cursorAfter;
-        bool bLastAfter;
-        Numbers errors;
-    };
-    const Case cases[] = {
-        {"at the first frame", 1, false, "_ABCDE", 1, false, {}},
-        {"in the middle", 3, false, "AB_CDE", 3, false, {}},
-        {"at the last frame, which is told", 5, false, "ABCD_E", 5, true, {}},
-        {"where the new frame comes to be", 6, false, "ABCDE_", 6, false, {}},
-        {"behind the new frame", 7, false, "ABCDE_", 7, false, {9}},
-        {"far behind", kLargest, false, "ABCDE_", kLargest, false, {9}},
-        {"before the first frame", 0, false, "AABCDE", 0, false, {9}},
-        {"below", -1, false, "AABCDE", -1, false, {9}},
-        {"far below", kSmallest, false, "AABCDE", kSmallest, false, {9}},
-        {"behind the last frame", 5, true, "ABCDE_", 6, true, {}},
-        {"last but one: the last frame is emptied", 4, true, "ABCD__", 5, true, {}},
-        {"in the middle: the next frame is emptied", 2, true, "AB_DE_", 3, true, {}},
-        {"before the first frame, which is emptied", 0, true, "_BCDE_", 1, true, {}},
-        {"below, as last", -1, true, "ABCDE_", 0, true, {9}},
-        {"far below, as last", kSmallest, true, "ABCDE_", kSmallest + 1, true, {9}},
-        {"behind the new frame, as last", 6, true, "ABCDE_", 7, true, {9}},
-        {"no number follows", kLargest, true, "ABCDE_", kLargest, true, {6}},
-    };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.why);
-        start("ABCDE", row.cursor);
-        bool bLast = row.bLast;
-        playfile_.InsertFrame(bLast);
-        EXPECT_EQ(bLast, row.bLastAfter);
-        if (row.errors == Numbers{6})
-            playfile_.MakeLineVarsValid(); // not reached by then
-        expectState(row.order, row.cursorAfter, row.errors);
-    }
-    start("", 1);
-    playfile_.InsertFrame();
-    expectState("_", 1, {});
-    start("", 0);
-    playfile_.InsertFrame();
-    EXPECT_EQ(recordsOf(playfile_), Records(1)) << "a frame that got no lines, since no frame moved";
-    EXPECT_EQ(host_.reports.takeNumbers(), Numbers{9});
-}
-
-TEST_F(FrameEditing, GivesANewFrameTheLookOfTheOneInItsPlace) {
-    start("ABC", 2);
-    playfile_.InsertFrame();
-    EXPECT_EQ(recordsOf(playfile_)[1], emptied(filledFrame('B')));
-    playfile_.CurrentFrame(5);
-    playfile_.InsertFrame();
-    EXPECT_EQ(recordsOf(playfile_)[4], emptyFrame()) << "in nobody's place";
-}
-
-TEST_F(FrameEditing, DeletesAtTheCursor) {
-    struct Case {
-        const char* why;
-        std::string names;
-        std::int16_t cursor;
-        std::string order;
-        std::int16_t cursorAfter;
-        Numbers errors;
-    };
-    const Case cases[] = {
-        {"in the middle", "ABCDEFGHIJ", 4, "ABCEFGHIJ", 3, {}},
-        {"the first frame", "ABC", 1, "BC", 1, {}},
-        {"the last frame", "ABC", 3, "AB", 2, {}},
-        {"the only frame", "A", 1, "_", 1, {}},
-        {"before the first frame", "ABC", 0, "ABC", 0, {9}},
-        {"below", "ABC", -1, "ABC", -1, {9}},
-        {"far below", "ABC", kSmallest, "ABC", kSmallest, {9}},
-        {"behind the last frame", "ABC", 4, "ABC", 4, {9}},
-        {"further behind", "ABC", 5, "ABC", 5, {9}},
-        {"far behind", "ABC", kLargest, "ABC", kLargest, {9}},
-        {"behind the only frame", "A", 2, "A", 2, {9}},
-        {"no frames", "", 1, "", 1, {9}},
-    };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.why);
-        start(row.names, row.cursor);
-        playfile_.DeleteCurrentFrame();
-        expectState(row.order, row.cursorAfter, row.errors);
-    }
-    start("A", 1);
-    playfile_.DeleteCurrentFrame();
-    EXPECT_EQ(recordsOf(playfile_), Records{emptyFrame()}) << "nothing is left of its look";
-}
-
-TEST_F(FrameEditing, MovesAFrameBehindLaterAndBeforeEarlierOnes) {
-    struct Case {
-        const char* why;
-        std::int16_t from, whereTo;
-        std::string order;
-    };
-    const Case cases[] = {
-        {"down", 2, 5, "ACDEBF"},          {"up", 5, 2, "AEBCDF"},
-        {"to the next", 1, 2, "BACDEF"},   {"to the one before", 2, 1, "BACDEF"},
-        {"first to last", 1, 6, "BCDEFA"}, {"last to first", 6, 1, "FABCDE"},
-        {"last two", 5, 6, "ABCDFE"},      {"onto itself", 3, 3, "ABCDEF"},
-    };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.why);
-        start("ABCDEF", 3);
-        playfile_.MoveFrame(row.from, row.whereTo);
-        expectState(row.order, 3, {});
-    }
-    start("ABCDEF", 3);
-    for (const std::int16_t outside : Shorts{kSmallest, -1, 0, 7, 8, kLargest}) {
-        SCOPED_TRACE(outside);
-        for (const std::int16_t inside : Shorts{1, 3, 6}) {
-            playfile_.MoveFrame(outside, inside);
-            playfile_.MoveFrame(inside, outside);
-        }
-        playfile_.MoveFrame(outside, outside); // equal numbers are no error
-        expectState("ABCDEF", 3, {9, 9, 9, 9, 9, 9});
-    }
-}
 
 TEST_F(FrameEditing, HasNoMoreFramesThanNumbers) {
     playfile_.TotalFrames(kLargest);
@@ -168,6 +52,130 @@ TEST_F(FrameEditing, HasNoMoreFramesThanNumbers) {
     playfile_.InsertFrame();
     EXPECT_EQ(playfile_.TotalFrames(), kLargest);
     EXPECT_TRUE(host_.reports.all.empty());
+
+    putRecords(playfile_, filledFrames("AB"));
+    playfile_.CurrentFrame(kLargest);
+    bool bLast = true;
+    playfile_.InsertFrame(bLast);
+    EXPECT_EQ(order(), "AB_");
+    EXPECT_EQ(playfile_.CurrentFrame(), kLargest) << "no number follows";
+    EXPECT_EQ(host_.reports.takeNumbers(), Numbers{6});
+}
+
+TEST_F(FrameEditing, PastesNothingBeyondTheLimitOf1048FramesNorFromAnEmptyClipboard) {
+    putRecords(playfile_, filledFrames("ABCDEF"));
+    take(1, 4);
+    for (const std::int16_t total : Shorts{1046, 1048}) {
+        putRecords(playfile_, filledFrames("ABCDEF"));
+        playfile_.TotalFrames(total);
+        playfile_.PasteInfo(1047, clipboard_.get());
+        EXPECT_EQ(order().substr(1045), "_AB") << total;
+    }
+    clipboard_->TotalFrames(0);
+    playfile_.PasteInfo(1, clipboard_.get());
+    EXPECT_EQ(playfile_.CurrentFrame(), 1);
+    EXPECT_EQ(playfile_.TotalFrames(), 1048);
+    take(1, 4);
+    playfile_.TotalFrames(kLargest);
+    playfile_.TotalFramesAllowed(kLargest);
+    playfile_.PasteInfo(kLargest, clipboard_.get());
+    EXPECT_EQ(playfile_.TotalFrames(), kLargest);
+    EXPECT_EQ(playfile_.FrameName(), "A") << "at the last number that there is";
+    EXPECT_TRUE(host_.reports.all.empty());
+}
+
+TEST_F(FrameEditing, MayTakeThePlayfileItselfForTheClipboard) {
+    putRecords(playfile_, filledFrames("ABC"));
+    playfile_.PasteInfo(2, &playfile_);
+    EXPECT_EQ(order(), "AAAABC") << "each frame is read after the one before it was put";
+    for (const bool cut : {false, true}) {
+        SCOPED_TRACE(cut);
+        clipboard_ = std::make_shared<FrameInfoClass>();
+        putRecords(*clipboard_, filledFrames("ABC"));
+        std::int16_t first = 3;
+        std::int16_t last = 2;
+        cut ? clipboard_->CutInfo(first, last, clipboard_) : clipboard_->CopyInfo(first, last, clipboard_);
+        EXPECT_EQ(clipboardOrder(), "BC") << "released by its last owner, it lives until the call is over";
+    }
+    EXPECT_TRUE(host_.reports.all.empty());
+}
+
+TEST_F(FrameEditing, KeepsFramesThatCouldNotBeCopied) {
+    /// The host meddles with the clipboard while it is filled.
+    struct Shrinking final : TraceRecorder {
+        explicit Shrinking(std::shared_ptr<FrameInfoClass>& given) : clipboard(given) {}
+        void entered(const TraceLine& line) override {
+            if (line.procedure == "Sub PutInfoFromFrameIntoVariable")
+                clipboard->TotalFrames(1);
+        }
+        void left(const TraceLine&) override {}
+        std::shared_ptr<FrameInfoClass>& clipboard;
+    } shrinking(clipboard_);
+    putRecords(playfile_, filledFrames("ABCDEF"));
+    {
+        const ScopedTraceRecorder scope(shrinking);
+        take(2, 3, true);
+    }
+    EXPECT_EQ(clipboardOrder(), "B");
+    EXPECT_EQ(order(), "ABCDEF");
+    EXPECT_FALSE(host_.reports.all.empty());
+    take(2, 3, true);
+    EXPECT_EQ(order(), "ADEF") << "older errors do not count";
+}
+
+TEST_F(FrameEditing, AppearsOnTheTraceCallByCall) {
+    const auto traceOf = [&](const std::function<void()>& act) {
+        KeptTrace trace;
+        const ScopedTraceRecorder scope(trace);
+        act();
+        return compact(trace.lines);
+    };
+    putRecords(playfile_, {filledFrame('A'), filledFrame('B', 1)});
+    const std::string putFrame =
+        " commandfile (vData=text 400) TotalDisplayFramesUsedForThisFrame (vData=410)"
+        " DelayTime (vData=26280437.25) FontHeight (vData=402) FontWidth (vData=426) FrameName (vData=B)"
+        " FrameType (vData=404) PicturefileName (vData=text 405) PictureFileDisplay (vData=408)"
+        " PictureFileType (vData=409) PrefixCode (vData=406) SuffixCode (vData=407) TotalLinesAllowed "
+        "(vData=1)";
+    const std::string putLine =
+        " CurrentLineText (vData=text 427) Scrolling (vData=False) LineFontSize (vData=428)";
+    const auto got = [](const std::string& put) {
+        return std::regex_replace(put, std::regex("vData=[^)]*"), "");
+    };
+    EXPECT_EQ(
+        traceOf([&] { take(2, 2, true); }),
+        (Texts{
+            "> Sub CutInfo (CutFromY=2, CutToY=2, MyClipboard=<Nothing>)",
+            "> Sub CopyInfo (CopyFromY=2, CopyToY=2, MyClipboard=<Nothing>)", "> Sub Class_Initialize ()",
+            "> Sub MakeLineVarsValid ()", "< Sub MakeLineVarsValid ()",
+            "< Sub Class_Initialize () TotalFrames (vData=1)", "> Sub MakeLineVarsValid ()",
+            "< Sub MakeLineVarsValid ()",
+            "> Sub PutInfoFromFrameIntoVariable (FrameNum=2, VarFrameNum=1, VarToPlaceIn=<FrameInfoClass>)"
+            " CurrentFrame (vData=1)" +
+                putFrame + " CurrentLineNumber (vData=1)" + putLine,
+            "< Sub PutInfoFromFrameIntoVariable (FrameNum=2, VarFrameNum=1, VarToPlaceIn=<FrameInfoClass>)",
+            "< Sub CopyInfo (CopyFromY=2, CopyToY=2, MyClipboard=<FrameInfoClass>) CurrentFrame (vData=2)",
+            "> Sub DeleteCurrentFrame ()", "< Sub DeleteCurrentFrame ()",
+            "< Sub CutInfo (CutFromY=2, CutToY=2, MyClipboard=<FrameInfoClass>)"}));
+    EXPECT_EQ(
+        traceOf([&] { playfile_.PasteInfo(1, clipboard_.get()); }),
+        (Texts{
+            "> Sub PasteInfo (PasteTo=1, MyClipboardInfo=<FrameInfoClass>) CurrentFrame (vData=1) "
+            "TotalFrames ()",
+            "> Sub InsertFrame (bLast=False)", "> Sub MakeLineVarsValid ()", "< Sub MakeLineVarsValid ()",
+            "> Sub InitFrame (LineToInit=1)", "< Sub InitFrame (LineToInit=1)",
+            "< Sub InsertFrame (bLast=True)",
+            "> Sub PutInfoFromVariableIntoFrame (FrameNum=1, VarFrameNum=1, VarToPlaceIn=<FrameInfoClass>)"
+            " CurrentFrame (vData=1)" +
+                got(putFrame) + " CurrentLineNumber (vData=1)" + got(putLine),
+            "< Sub PutInfoFromVariableIntoFrame (FrameNum=1, VarFrameNum=1, VarToPlaceIn=<FrameInfoClass>)",
+            "< Sub PasteInfo (PasteTo=1, MyClipboardInfo=<FrameInfoClass>)"}));
+    EXPECT_EQ(traceOf([&] { take(1, 0); }),
+              (Texts{"> Sub CopyInfo (CopyFromY=1, CopyToY=0, MyClipboard=<FrameInfoClass>)",
+                     "> Sub Class_Terminate ()", "< Sub Class_Terminate ()", "> Sub Class_Initialize ()",
+                     "> Sub MakeLineVarsValid ()", "< Sub MakeLineVarsValid ()", "< Sub Class_Initialize ()",
+                     "< Sub CopyInfo (CopyFromY=0, CopyToY=1, MyClipboard=<FrameInfoClass>)"}))
+        << "the old clipboard goes first";
 }
 
 TEST_F(FrameEditing, TellsWhetherAnEarlierFrameNeedsTheSameFile) {
@@ -175,13 +183,11 @@ TEST_F(FrameEditing, TellsWhetherAnEarlierFrameNeedsTheSameFile) {
         std::string picture, command;
         std::int16_t display = 0, prefix = 0;
     };
-    struct Case {
+    const struct {
         const char* why;
         Look earlier, frame;
         bool isClone;
-    };
-    const Case cases[] = {
-        {"the same picture", {"p", ""}, {"p", ""}, true},
+    } cases[] = {
         {"no files at all", {"", ""}, {"", ""}, false},
         {"another picture", {"p", ""}, {"q", ""}, false},
         {"other capitals", {"p.bmp", ""}, {"P.bmp", ""}, false},
@@ -190,13 +196,12 @@ TEST_F(FrameEditing, TellsWhetherAnEarlierFrameNeedsTheSameFile) {
         {"both photorealistic", {"p", "", 0, 9999}, {"p", "", 0, 9999}, true},
         {"only the later one photorealistic", {"p", ""}, {"p", "", 0, 9999}, true},
         {"only the earlier one photorealistic", {"p", "", 0, 9999}, {"p", ""}, false},
-        {"the same command file", {"", "c"}, {"", "c"}, true},
-        {"whatever the picture", {"p", "c", 1, 9999}, {"q", "c", 2}, true},
+        {"the same command file, whatever the picture", {"p", "c", 1, 9999}, {"q", "c", 2}, true},
         {"a command file in other capitals", {"", "c"}, {"", "C"}, false},
         {"a picture named like a command file", {"x", ""}, {"", "x"}, false},
     };
     playfile_.TotalFrames(4);
-    for (const Case& row : cases) {
+    for (const auto& row : cases) {
         SCOPED_TRACE(row.why);
         for (const std::int16_t number : Shorts{2, 4}) {
             const Look& look = number == 2 ? row.earlier : row.frame;

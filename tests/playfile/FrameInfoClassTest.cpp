@@ -1,5 +1,4 @@
-#include "playfile/FrameInfoClass.h"
-
+#include "PlayfileRecords.h"
 #include "TestHost.h"
 
 #include <gtest/gtest.h>
@@ -19,27 +18,16 @@ struct Property {
 };
 template <class Value, class Given>
 Property(Value (FrameInfoClass::*)(), void (FrameInfoClass::*)(Given)) -> Property<Value, Given>;
-#define PROPERTY(name)                                                                                       \
-    Property { &FrameInfoClass::name, &FrameInfoClass::name }
-
-constexpr std::tuple kTracedProperties{PROPERTY(FrameName),
-                                       PROPERTY(PrefixCode),
-                                       PROPERTY(SuffixCode),
-                                       PROPERTY(DelayTime),
-                                       PROPERTY(commandfile),
-                                       PROPERTY(FontWidth),
-                                       PROPERTY(FontHeight),
-                                       PROPERTY(Scrolling),
-                                       PROPERTY(LineFontSize),
-                                       PROPERTY(PicturefileName),
-                                       PROPERTY(PictureFileType),
-                                       PROPERTY(PictureFileDisplay),
-                                       PROPERTY(TotalDisplayFramesUsedForThisFrame)};
+// clang-format off
+#define P(name) Property{&FrameInfoClass::name, &FrameInfoClass::name}
+constexpr std::tuple kTracedProperties{
+    P(FrameName), P(PrefixCode), P(SuffixCode), P(DelayTime), P(commandfile), P(FontWidth), P(FontHeight), P(Scrolling),
+    P(LineFontSize), P(PicturefileName), P(PictureFileType), P(PictureFileDisplay), P(TotalDisplayFramesUsedForThisFrame)};
 constexpr std::tuple kUntracedProperties{
-    PROPERTY(RowHeightForGrid),   PROPERTY(AVIFrames),    PROPERTY(AudioFile),  PROPERTY(WinBackColor),
-    PROPERTY(FixedNumberOfLines), PROPERTY(OverlayFrame), PROPERTY(FastScroll), PROPERTY(LineCustomFont),
-    PROPERTY(Blinking),           PROPERTY(Inverse),      PROPERTY(Merge)};
-#undef PROPERTY
+    P(RowHeightForGrid), P(AVIFrames), P(AudioFile), P(WinBackColor), P(FixedNumberOfLines), P(OverlayFrame),
+    P(FastScroll), P(LineCustomFont), P(Blinking), P(Inverse), P(Merge)};
+#undef P
+// clang-format on
 constexpr std::tuple kAllProperties = std::tuple_cat(kTracedProperties, kUntracedProperties);
 
 /// Calls `visit(property, number)` for each of them, numbers counting from 1.
@@ -62,13 +50,6 @@ Value valueFor(int seed, int number) {
 
 class FrameInfo : public testing::Test {
 protected:
-    /// Gives each property of the frame and the line under the cursors a value of its own.
-    void fill(int seed) {
-        forEach(kAllProperties, [&]<class Value, class Given>(Property<Value, Given> property, int number) {
-            (playfile_.*property.write)(valueFor<Value>(seed, number));
-        });
-    }
-
     TestHost host_;
     FrameInfoClass playfile_;
 };
@@ -94,7 +75,9 @@ TEST_F(FrameInfo, KeepsEveryPropertyOfEachFrameAndLineApart) {
     };
     for (int seed = 0; seed < 5; ++seed) {
         select(seed);
-        fill(seed);
+        forEach(kAllProperties, [&]<class Value, class Given>(Property<Value, Given> property, int number) {
+            (playfile_.*property.write)(valueFor<Value>(seed, number));
+        });
     }
     for (int seed = 0; seed < 5; ++seed) {
         select(seed);
@@ -194,8 +177,6 @@ TEST_F(FrameInfo, GrowsAndShrinksAtItsEnd) {
     EXPECT_EQ(playfile_.TotalFrames(), 5);
     playfile_.TotalFrames(30);
     EXPECT_EQ(playfile_.FrameName() + playfile_.CurrentLineText(), "fivethird");
-    playfile_.CurrentFrame(6);
-    EXPECT_EQ(playfile_.TotalLinesAllowed(), 1);
     playfile_.TotalFrames(-1);
     playfile_.TotalLinesAllowed(-1);
     EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{9, 9}));
@@ -208,21 +189,9 @@ TEST_F(FrameInfo, GrowsAndShrinksAtItsEnd) {
 }
 
 TEST_F(FrameInfo, EmptiesAFrameButKeepsItsLook) {
-    playfile_.CurrentFrame(2);
-    playfile_.TotalLinesAllowed(4);
-    fill(0);
-    playfile_.FrameType(FRAME_TYPES::FRAME_CMD);
+    putRecords(playfile_, filledFrames("AB"));
     playfile_.InitFrame(2);
-    EXPECT_EQ(playfile_.FrameName() + playfile_.AudioFile() + playfile_.PicturefileName() +
-                  playfile_.commandfile() + playfile_.LineCustomFont(),
-              "");
-    EXPECT_EQ(playfile_.FrameType(), FRAME_TYPES::FRAME_BLANK);
-    EXPECT_EQ(playfile_.DelayTime(), 0);
-    EXPECT_EQ(playfile_.PrefixCode(), 0);
-    EXPECT_EQ(playfile_.SuffixCode(), 0);
-    EXPECT_EQ(playfile_.TotalLinesAllowed(), 1);
-    EXPECT_TRUE(playfile_.FontHeight() != 0 && playfile_.RowHeightForGrid() != 0 &&
-                playfile_.WinBackColor() != 0);
+    EXPECT_EQ(recordsOf(playfile_), (Records{filledFrame('A'), emptied(filledFrame('B'))}));
     playfile_.InitFrame(21);
     EXPECT_EQ(host_.reports.all.at(0).procedure.module, "FrameInfoClass.cls");
     EXPECT_EQ(host_.reports.all.at(0).procedure.arguments, "(LineToInit=21)");
@@ -242,26 +211,6 @@ TEST_F(FrameInfo, RefusesNumbersThatDoNotFit) {
     playfile_.DelayTime(std::numeric_limits<double>::quiet_NaN());
     EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{6, 6}));
     EXPECT_EQ(playfile_.DelayTime(), 0);
-}
-
-TEST_F(FrameInfo, AppearsOnTheTraceFromCreationToDestruction) {
-    KeptTrace trace;
-    {
-        const ScopedTraceRecorder scope(trace);
-        FrameInfoClass playfile;
-        playfile.CurrentFrame(5);
-        playfile.FrameType(FRAME_TYPES::FRAME_TEXT);
-        playfile.AudioFile("untraced");
-        playfile.Merge();
-        playfile.PlayFileHasChanged(true);
-        playfile.SetSuppressMessages(true);
-    }
-    EXPECT_EQ(trace.lines,
-              (Texts{"> Sub Class_Initialize ()", "> Sub MakeLineVarsValid ()", "< Sub MakeLineVarsValid ()",
-                     "< Sub Class_Initialize ()", "> Property (Let) CurrentFrame (vData=5)",
-                     "< Property (Let) CurrentFrame (vData=5)", "> Property (Let) FrameType (vData=3)",
-                     "< Property (Let) FrameType (vData=3)", "> Sub Class_Terminate ()",
-                     "< Sub Class_Terminate ()"}));
 }
 
 } // namespace

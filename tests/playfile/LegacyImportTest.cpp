@@ -5,14 +5,54 @@
 #include "PlayfileText.h"
 #include "TestHost.h"
 #include "frame/modClassIDGenerator.h"
+#include "playfile/LegacyFormat.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <random>
 
 namespace qrtVistrelClasses4 {
 namespace {
+
+TEST(LegacyFormat, CutsTextsAtTheEndOfTheirField) {
+    const struct {
+        std::string LegacyRecord::*member;
+        std::size_t place, room;
+    } cases[] = {
+        {&LegacyRecord::prefixKeyword, 2, 20},
+        {&LegacyRecord::text, 292, 255},
+        {&LegacyRecord::suffixKeyword, 804, 20},
+        {&LegacyRecord::specification, 1044, 79},
+    };
+    for (const auto& row : cases)
+        for (std::size_t length = 0; length <= 255; ++length) {
+            std::string bytes = legacyRecord({});
+            bytes[row.place] = static_cast<char>(length);
+            const std::string held = std::string(row.room - 1, 'a') + 'z';
+            bytes.replace(row.place + 1, row.room, held);
+            EXPECT_EQ(ReadLegacyRecord(bytes).*row.member, held.substr(0, length)) << row.place;
+        }
+}
+
+TEST(LegacyFormat, HasFiveFontsAndTakesAnyOtherForTheFirst) {
+    const std::vector<std::int16_t> fonts{0, 6, 3, 8, 10};
+    for (std::size_t code = 0; code <= 255; ++code)
+        EXPECT_EQ(FontOfLegacyCode(static_cast<std::uint8_t>(code)), code < fonts.size() ? fonts[code] : 0)
+            << code;
+}
+
+TEST(LegacyFormat, StopsWhereAFileEndsThatHasShrunkSinceItWasOpened) {
+    struct ShrunkFile final : InputFile {
+        std::string content = legacyPlayfile({{.text = "A"}, {.text = "B"}}).substr(0, 11 + 18704 + 1123);
+        std::uint64_t size() const override { return 11 + 2 * 18704; }
+        Result<std::size_t> readAt(std::uint64_t offset, std::span<char> bytes) override {
+            return content.copy(bytes.data(), bytes.size(), offset);
+        }
+    } file;
+    const LegacyPlayfile playfile = ReadLegacyPlayfile(file, 100);
+    ASSERT_EQ(playfile.records.size(), 1u);
+    EXPECT_EQ(playfile.records[0].text, "A");
+}
 
 class LegacyImport : public testing::Test {
 protected:
@@ -38,22 +78,11 @@ protected:
         EXPECT_TRUE(loadUnasked(legacyPlayfile({fields})));
         return recordsOf(playfile_).at(0);
     }
-    Texts textsOf(const LegacyFields& fields) {
-        Texts texts;
-        for (const LineRecord& line : frameOf(fields).lines)
-            texts.push_back(line.CurrentLineText);
-        return texts;
-    }
 
     TestHost host_;
     FrameInfoClass playfile_;
     std::string path_ = host_.inLibrary("old.PL2");
 };
-
-std::string sample(const std::string& name) {
-    std::ifstream stream(QRT_SAMPLES_FOLDER "/" + name, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
 
 /// Kind, delay, effects, width, overlay, files; then each line with its font and the letters of its flags.
 std::string summary(const FrameRecord& frame) {
@@ -65,12 +94,6 @@ std::string summary(const FrameRecord& frame) {
         text += "|" + line.CurrentLineText + "|" + std::to_string(line.LineFontSize) +
                 (line.Scrolling ? "s" : "") + (line.Blinking ? "b" : "") + (line.Inverse ? "i" : "");
     return text;
-}
-
-Texts summaries(const Records& frames) {
-    Texts all;
-    std::transform(frames.begin(), frames.end(), std::back_inserter(all), summary);
-    return all;
 }
 
 TEST_F(LegacyImport, ConvertsEveryFieldAndLeavesTheRestAsInANewFrame) {
@@ -88,117 +111,86 @@ TEST_F(LegacyImport, ConvertsEveryFieldAndLeavesTheRestAsInANewFrame) {
     expected.lines.at(2).CurrentLineText = "B VBL007";
     expected.lines.at(1).LineFontSize = expected.lines.at(2).LineFontSize = 3;
     expected.lines.at(2).Blinking = true;
+    const std::int32_t lastId = LastClassDebugID();
     const FrameRecord frame =
         frameOf({"TW", -7, "A\x1f  B {vbl 7} ", "LP", 2, {0, 2}, "Width=9 Q:\\Gone\\a.Bmp"});
     EXPECT_EQ(frame, expected) << summary(frame);
+    EXPECT_EQ(LastClassDebugID(), lastId + 1) << "of the settings that are asked how to place pictures";
     EXPECT_EQ(playfile_.CurrentFrame(), 5);
     EXPECT_EQ(playfile_.CurrentLineNumber(), 3);
     EXPECT_TRUE(host_.reports.all.empty());
 }
 
-TEST_F(LegacyImport, TellsTheKindOfFrameByTheFileItNames) {
-    struct Case {
-        const char *why, *specification, *text, *frame;
+TEST_F(LegacyImport, MakesFramesOfRecords) {
+    const struct {
+        const char* why;
+        LegacyFields fields;
+        const char* frame;
+    } cases[] = {
+        {"no file, no text", {}, "2 0s 0>0 w0 ||0"},
+        {"a command file", {.specification = "C:\\Set.cmd"}, "4 0s 0>0 w0 C:\\Set.cmd||0"},
+        {"with a text", {.text = "A", .specification = "C:\\SET.CMD"}, "4 0s 0>0 w0 C:\\SET.CMD|A|0"},
+        {"a picture", {.specification = "A.bmp"}, "1 0s 0>0 w0 A.bmp||0"},
+        {"a picture with a text", {.text = "A", .specification = "A.BMP"}, "3 0s 0>0 w0 A.BMP|A|0"},
+        {"an animation with a text", {.text = "A", .specification = "A.AVI"}, "3 0s 0>0 w0 A.AVI|A|0"},
+        {"only a width", {.text = "A", .specification = "Width=4"}, "2 0s 0>0 w4 |A|0"},
+        {"a width in the middle", {.specification = "C:\\My Width=12 A.BMP"}, "1 0s 0>0 w12 C:\\My A.BMP||0"},
+        {"at the end", {.specification = "A.BMP Width=7"}, "1 0s 0>0 w7 A.BMP||0"},
+        {"without its number", {.specification = "Width= A.BMP"}, "1 0s 0>0 w0 A.BMP||0"},
+        {"last, without its number", {.specification = "A.BMP Width="}, "1 0s 0>0 w0 A.BMP||0"},
+        {"letters for a number", {.specification = "Width=x9 A.BMP"}, "1 0s 0>0 w0 A.BMP||0"},
+        {"a unit behind the number", {.specification = "Width=9px A.BMP"}, "1 0s 0>0 w9 A.BMP||0"},
+        {"decimals", {.specification = "Width=15.6   A.BMP"}, "1 0s 0>0 w16 A.BMP||0"},
+        {"the smallest", {.specification = "Width=-32768 A.BMP"}, "1 0s 0>0 w-32768 A.BMP||0"},
+        {"spelt otherwise", {.specification = " WIDTH=5 A.BMP "}, "1 0s 0>0 w0 WIDTH=5 A.BMP||0"},
+        {"the sign stays as it is", {.specification = "Width=4 C:\\Old\\leave.Cmd"}, "2 0s 0>0 w4 over ||0"},
+        {"another file ending so", {.specification = "SLEAVE.CMD"}, "4 0s 0>0 w0 SLEAVE.CMD||0"},
+        {"another kind of file", {.text = "A", .specification = "A.TXT"}, "2 0s 0>0 w0 |A|0"},
+        {"shorter than an ending", {.text = "A", .specification = "MP"}, "2 0s 0>0 w0 |A|0"},
+        {"blanks that a variable leaves", {.text = "{days} A\x1f{time}"}, "2 0s 0>0 w0 |A|0||h:m||0"},
+        {"a variable joined too late", {.text = "{vbl\x1f\x37}", .suffix = "SC"}, "2 0s 0>0 w0 |{vbl 7}|0s"},
+        {"empty lines", {.text = "\x1f"}, "2 0s 0>0 w0 ||0||0"},
+        {"lines of a text that scrolls",
+         {.text = " A \x1f\x1f B", .suffix = "Sc", .font = 4, .flags = {6}},
+         "2 0s 0>0 w0 |A  B|10sbi"},
+        {"as appear effect it is none", {.prefix = "SC"}, "2 0s 0>0 w0 ||0"},
+        {"a loop, only in front", {.prefix = "5", .suffix = "5"}, "2 0s 20005>0 w0 ||0"},
+        {"keywords are compared exactly", {.prefix = "lr", .suffix = "lp"}, "2 0s 0>0 w0 ||0"},
+        {"the longest loop", {.prefix = "12767"}, "2 0s 32767>0 w0 ||0"},
     };
-    const Case cases[] = {
-        {"no file, no text", "", "", "2 0s 0>0 w0 ||0"},
-        {"a text", "", "A", "2 0s 0>0 w0 |A|0"},
-        {"a command file", "C:\\Set.cmd", "", "4 0s 0>0 w0 C:\\Set.cmd||0"},
-        {"a command file with a text", "C:\\SET.CMD", "A", "4 0s 0>0 w0 C:\\SET.CMD|A|0"},
-        {"a picture", "A.bmp", "", "1 0s 0>0 w0 A.bmp||0"},
-        {"a picture with a text", "A.BMP", "A", "3 0s 0>0 w0 A.BMP|A|0"},
-        {"an animation", "A.Avi", "", "1 0s 0>0 w0 A.Avi||0"},
-        {"an animation with a text", "A.AVI", "A", "3 0s 0>0 w0 A.AVI|A|0"},
-        {"the width behind the name", "A.BMP Width=4", "", "1 0s 0>0 w4 A.BMP||0"},
-        {"only a width", "Width=4", "A", "2 0s 0>0 w4 |A|0"},
-        {"the sign stays as it is", "LEAVE.CMD", "A", "2 0s 0>0 w0 over |A|0"},
-        {"in any case, with a folder", "C:\\Old\\leave.Cmd", "A", "2 0s 0>0 w0 over |A|0"},
-        {"with a width", "Width=4 LEAVE.CMD", "", "2 0s 0>0 w4 over ||0"},
-        {"another file ending so", "SLEAVE.CMD", "", "4 0s 0>0 w0 SLEAVE.CMD||0"},
-        {"another kind of file", "A.TXT", "A", "2 0s 0>0 w0 |A|0"},
-        {"shorter than an ending", "MP", "A", "2 0s 0>0 w0 |A|0"},
-    };
-    for (const Case& row : cases)
-        EXPECT_EQ(summary(frameOf({.text = row.text, .specification = row.specification})), row.frame)
-            << row.why;
+    for (const auto& row : cases)
+        EXPECT_EQ(summary(frameOf(row.fields)), row.frame) << row.why;
+    EXPECT_TRUE(host_.reports.all.empty());
+    EXPECT_EQ(summary(frameOf({.prefix = "12768", .text = "A"})), "2 0s 0>0 w0 |A|0") << "too long";
+    EXPECT_EQ(host_.reports.takeNumbers(), Numbers{6});
+    for (const char* tooWide : {"Width=32768 A.BMP", "Width=-32769 A.BMP", "A.BMP Width=1e400"}) {
+        EXPECT_EQ(summary(frameOf({.specification = tooWide})), "1 0s 0>0 w0 A.BMP||0") << tooWide;
+        EXPECT_EQ(host_.reports.takeNumbers(), Numbers{6}) << "costs nothing but the width";
+    }
 }
 
 TEST_F(LegacyImport, PlacesPicturesByTheSettingForTheirKind) {
-    const auto placing = [&](const std::string& settings, const char* picture) {
+    const auto expectPlaces = [&](const std::string& settings, int bitmap, int animation) {
         files().put(host_.inLibrary("VistrelLite.ini"), "[VistrelLite]\r\n" + settings);
-        return frameOf({.specification = picture}).PictureFileDisplay;
+        EXPECT_EQ(frameOf({.specification = "a.bmp"}).PictureFileDisplay, bitmap) << settings;
+        EXPECT_EQ(frameOf({.specification = "a.avi"}).PictureFileDisplay, animation) << settings;
+        EXPECT_EQ(frameOf({.specification = "a.cmd"}).PictureFileDisplay, 0) << settings;
     };
-    for (const bool bitmaps : {false, true})
-        for (const bool animations : {false, true}) {
-            const std::string settings = std::string("BMPCrop=") + (bitmaps ? "True" : "False") +
-                                         "\r\nAVICrop=" + (animations ? "True" : "False") + "\r\n";
-            EXPECT_EQ(placing(settings, "a.bmp"), bitmaps ? 1 : 0);
-            EXPECT_EQ(placing(settings, "a.avi"), animations ? 1 : 0);
-            EXPECT_EQ(placing(settings, "a.cmd"), 0);
-        }
-}
-
-TEST_F(LegacyImport, ConvertsVariablesBeforeTheTextBecomesLines) {
-    EXPECT_EQ(textsOf({.text = "{days} A\x1f{time}"}), (Texts{"A", "|h:m|"}))
-        << "blanks left over are trimmed";
-    EXPECT_EQ(textsOf({.text = "{vbl\x1f"
-                               "7}",
-                       .suffix = "SC"}),
-              Texts{"{vbl 7}"})
-        << "joined too late";
-    EXPECT_EQ(textsOf({.text = "\x1f"}), (Texts{"", ""}));
-}
-
-TEST_F(LegacyImport, JoinsTheLinesOfATextThatScrolls) {
-    for (const char* keyword : {"SC", "sc", "Sc"}) {
-        const LegacyFields fields{.text = " A \x1f\x1f B", .suffix = keyword, .font = 4, .flags = {6, 6, 6}};
-        EXPECT_EQ(summary(frameOf(fields)), "2 0s 0>0 w0 |A  B|10sbi");
-    }
-    EXPECT_EQ(summary(frameOf({.prefix = "SC"})), "2 0s 0>0 w0 ||0") << "no appear effect";
-    EXPECT_EQ(summary(frameOf({.suffix = "SC"})), "2 0s 0>0 w0 ||0s");
-    EXPECT_TRUE(host_.reports.all.empty());
+    expectPlaces("", 0, 0);
+    expectPlaces("BMPCrop=True\r\n", 1, 0);
+    expectPlaces("AVICrop=True\r\n", 0, 1);
 }
 
 TEST_F(LegacyImport, SetsTheFlagsOfTheFirst24Lines) {
     std::string flags;
     for (int line = 1; line <= 24; ++line)
         flags += static_cast<char>(0xf8 + 1 + line % 7);
-    const FrameRecord frame = frameOf({.text = std::string(29, '\x1f'), .flags = flags});
-    ASSERT_EQ(frame.lines.upperBound(), 30);
-    for (int number = 1; number <= 30; ++number) {
-        const int bits = number <= 24 ? 1 + number % 7 : 0;
-        const LineRecord& line = frame.lines.at(number);
+    int number = 0;
+    for (const LineRecord& line : frameOf({.text = std::string(29, '\x1f'), .flags = flags}).lines) {
+        const int bits = ++number <= 24 ? 1 + number % 7 : 0;
         EXPECT_EQ(line.Scrolling + 2 * line.Blinking + 4 * line.Inverse, bits) << number;
     }
-}
-
-TEST_F(LegacyImport, ConvertsKeywordsAndReportsALoopThatIsTooLong) {
-    EXPECT_EQ(summary(frameOf({.prefix = "5", .suffix = "5"})), "2 0s 20005>0 w0 ||0");
-    EXPECT_EQ(summary(frameOf({.prefix = "lr", .suffix = "lp"})), "2 0s 0>0 w0 ||0") << "compared exactly";
-    EXPECT_EQ(summary(frameOf({.prefix = "12767"})), "2 0s 32767>0 w0 ||0");
-    EXPECT_TRUE(host_.reports.all.empty());
-    EXPECT_EQ(summary(frameOf({.prefix = "12768", .text = "A"})), "2 0s 0>0 w0 |A|0");
-    EXPECT_EQ(host_.reports.takeNumbers(), Numbers{6});
-}
-
-TEST_F(LegacyImport, AWidthBeyond16BitsIsReportedAndCostsNothingElse) {
-    EXPECT_EQ(summary(frameOf({.specification = "Width=32767.4 A.BMP"})), "1 0s 0>0 w32767 A.BMP||0");
-    EXPECT_TRUE(host_.reports.all.empty());
-    for (const char* width : {"32768", "-32769", "1e400"}) {
-        const std::string specification = std::string("Width=") + width + " A.BMP";
-        EXPECT_EQ(summary(frameOf({.specification = specification})), "1 0s 0>0 w0 A.BMP||0");
-        EXPECT_EQ(host_.reports.takeNumbers(), Numbers{6}) << width;
-    }
-}
-
-TEST_F(LegacyImport, KeepsOneRecordMoreThanAllowed) {
-    const std::string file = legacyPlayfile({{}, {}, {}, {}});
-    const std::pair<int, int> cases[] = {{-32768, 0}, {-1, 0}, {0, 1}, {2, 3}, {3, 4}, {32767, 4}};
-    for (const auto& [allowed, kept] : cases) {
-        playfile_.TotalFramesAllowed(static_cast<std::int16_t>(allowed));
-        EXPECT_TRUE(loadUnasked(file));
-        EXPECT_EQ(playfile_.TotalFrames(), kept) << allowed;
-    }
+    EXPECT_EQ(number, 30);
 }
 
 TEST_F(LegacyImport, AsksAfterConvertingWhetherToGoOn) {
@@ -217,8 +209,6 @@ TEST_F(LegacyImport, AsksAfterConvertingWhetherToGoOn) {
     EXPECT_EQ(playfile_.TotalFrames(), 2) << "the frames stay all the same";
     EXPECT_TRUE(load(legacyPlayfile({}))) << "only the mark";
     EXPECT_EQ(playfile_.TotalFrames(), 0);
-    EXPECT_EQ(boxes().shown.size(), 3u);
-    EXPECT_TRUE(loadUnasked(legacyPlayfile({{}})));
     EXPECT_EQ(boxes().shown.size(), 3u);
     EXPECT_TRUE(host_.reports.all.empty());
 }
@@ -245,21 +235,32 @@ TEST_F(LegacyImport, AFileThatCannotBeReadLeavesTheFramesAndAsksNothing) {
     EXPECT_FALSE(open(JoinPath(host_.inLibrary("nowhere"), "a.PL2")));
     EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{53, 76}));
     for (int failing = 1; failing <= 4; ++failing) { // opening, the mark, two records
-        int count = 0;
         files().put(path_, legacyPlayfile({{.text = "B"}, {.text = "C"}}));
-        files().observer = [&](const FileOperation& operation) {
-            const bool fails = operation.kind == FileOperation::read && ++count == failing;
-            return fails ? SystemError::deviceFailure : SystemError::none;
-        };
+        host_.failReads(failing, failing, SystemError::deviceFailure);
         EXPECT_FALSE(open(path_));
         EXPECT_EQ(host_.reports.takeNumbers(), Numbers{57}) << failing;
     }
     files().observer = nullptr;
     EXPECT_TRUE(boxes().shown.empty());
-    EXPECT_EQ(summaries(recordsOf(playfile_)), Texts{"2 0s 0>0 w0 |A|0"});
+    EXPECT_EQ(playfile_.TotalFrames(), 1);
+    EXPECT_EQ(summary(recordsOf(playfile_).at(0)), "2 0s 0>0 w0 |A|0");
 }
 
-TEST_F(LegacyImport, GoesByTheEndingOfTheNameAndEndsWithAPlayfileOfNow) {
+TEST_F(LegacyImport, KeepsTheWholeRecordsOfAFileCutShortAnywhereAndOneMoreThanAllowed) {
+    const std::string whole = legacyPlayfile({{.text = "A"}, {.text = "B"}});
+    for (std::size_t size = 0; size < whole.size(); size += 97) {
+        playfile_.TotalFrames(20);
+        EXPECT_EQ(loadUnasked(whole.substr(0, size)), size >= 11) << size;
+        EXPECT_EQ(playfile_.TotalFrames(), size < 11 ? 20 : size < 11 + 18704 ? 0 : 1) << size;
+    }
+    for (const auto& [allowed, kept] : {std::pair(-32768, 0), {-1, 0}, {0, 1}, {1, 2}, {32767, 2}}) {
+        playfile_.TotalFramesAllowed(static_cast<std::int16_t>(allowed));
+        EXPECT_TRUE(load(whole));
+        EXPECT_EQ(playfile_.TotalFrames(), kept) << allowed;
+    }
+}
+
+TEST_F(LegacyImport, GoesByTheEndingOfTheName) {
     playfile_.SetSuppressMessages(true);
     for (const char* name : {"a.PL2", "a.pl2", "pL2"}) {
         files().put(host_.inLibrary(name), legacyPlayfile({{}}));
@@ -270,23 +271,6 @@ TEST_F(LegacyImport, GoesByTheEndingOfTheNameAndEndsWithAPlayfileOfNow) {
     EXPECT_TRUE(playfile_.GetPlayfileFromDisk(now));
     EXPECT_FALSE(playfile_.IsLegacy());
     EXPECT_FALSE(playfile_.GetPlayfileFromDisk("")) << "a name shorter than the ending";
-}
-
-TEST_F(LegacyImport, DrawsAnIdentityNumberForTheSettings) {
-    for (const std::string& file : {legacyPlayfile({{}, {}}), std::string("no mark")}) {
-        const std::int32_t last = LastClassDebugID();
-        loadUnasked(file);
-        EXPECT_EQ(LastClassDebugID(), last + 1);
-    }
-}
-
-TEST_F(LegacyImport, KeepsTheWholeRecordsOfAFileCutShortAnywhere) {
-    const std::string whole = legacyPlayfile({{.text = "A"}, {.text = "B"}});
-    for (std::size_t size = 0; size < whole.size(); size += 97) {
-        playfile_.TotalFrames(20);
-        EXPECT_EQ(loadUnasked(whole.substr(0, size)), size >= 11) << size;
-        EXPECT_EQ(playfile_.TotalFrames(), size < 11 ? 20 : size < 11 + 18704 ? 0 : 1) << size;
-    }
 }
 
 TEST_F(LegacyImport, SurvivesDamage) {
@@ -302,6 +286,7 @@ TEST_F(LegacyImport, SurvivesDamage) {
         if (below(4) == 0)
             bytes.resize(below(whole.size()));
         const bool isLoaded = loadUnasked(bytes);
+        ASSERT_EQ(isLoaded, bytes.starts_with("PLWREV 1.50")) << round;
         for (const int number : host_.reports.takeNumbers())
             ASSERT_EQ(number, 6) << "a loop or a width too large";
         for (std::int16_t frame = isLoaded ? playfile_.TotalFrames() : std::int16_t{0}; frame > 0; --frame) {
@@ -311,25 +296,6 @@ TEST_F(LegacyImport, SurvivesDamage) {
             ASSERT_LE(playfile_.LineFontSize(), 10) << round;
         }
     }
-}
-
-TEST_F(LegacyImport, ReadsTheSamples) {
-    const Texts lobby = {
-        "2 3s 5001>5000 w0 |WELCOME|3|to the |m/dd/y| show|3b",
-        "2 2s 20005>0 w0 |Row A|6",
-        "2 2s 0>20001 w0 |Row B|8i|VBL007 left|8|CR09 right|8s",
-        "2 0s 12005>0 w0 |A long line that scrolls by at |h:m||10s",
-        "1 6s 5>5 w128 C:\\OLDSIGN\\ANCHOR.BMP||0",
-        "2 1s 0>0 w0 over |over it|0",
-        "4 0s 0>0 w0 C:\\OLDSIGN\\SETTIME.CMD||0",
-    };
-    EXPECT_TRUE(loadUnasked(sample("lobby.PL2")));
-    EXPECT_EQ(summaries(recordsOf(playfile_)), lobby);
-    EXPECT_TRUE(loadUnasked(sample("cut-short.PL2")));
-    EXPECT_EQ(summaries(recordsOf(playfile_)), Texts(lobby.begin(), lobby.begin() + 2));
-    EXPECT_FALSE(loadUnasked(sample("not-legacy.PL2")));
-    EXPECT_EQ(playfile_.TotalFrames(), 2);
-    EXPECT_TRUE(host_.reports.all.empty());
 }
 
 } // namespace

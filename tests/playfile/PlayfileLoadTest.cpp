@@ -83,11 +83,10 @@ TEST_F(PlayfileLoad, FindsMissingFilesBesideThePlayfile) {
     host_.machine.files().put(elsewhere, "picture");
     host_.machine.files().put(JoinPath(folder_, "here.bmp"), "another");
     host_.machine.files().put(JoinPath(folder_, "Moved.bmp"), "picture");
-    struct Case {
+    const struct {
         const char* why;
         std::string reference, found;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"a reference that holds is kept", elsewhere, elsewhere},
         {"a file that moved along", "Q:\\Signs\\Moved.bmp", JoinPath(folder_, "Moved.bmp")},
         {"spelt otherwise", "Q:\\Signs\\MOVED.BMP", JoinPath(folder_, "Moved.bmp")},
@@ -95,7 +94,7 @@ TEST_F(PlayfileLoad, FindsMissingFilesBesideThePlayfile) {
         {"a file that is nowhere", "Q:\\Signs\\gone.bmp", "Q:\\Signs\\gone.bmp"},
         {"a folder is no file", folder_, folder_},
     };
-    for (const Case& row : cases) {
+    for (const auto& row : cases) {
         SCOPED_TRACE(row.why);
         EXPECT_TRUE(loadWith(kPicture, row.reference));
         EXPECT_EQ(playfile_.PicturefileName(), row.found);
@@ -123,16 +122,6 @@ TEST_F(PlayfileLoad, RefusesCountsThatMakeNoSense) {
     EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{9, 62}));
     EXPECT_TRUE(load(" 0 \r\n")) << "a playfile without frames is one";
     EXPECT_EQ(playfile_.TotalFrames(), 0);
-}
-
-TEST_F(PlayfileLoad, LeavesAFrameWithoutLinesToBeMadeValid) {
-    auto values = onePlayfileFrame();
-    values.resize(kLineCount);
-    values.emplace_back("0");
-    ASSERT_TRUE(load(playfileText(values)));
-    EXPECT_EQ(playfile_.TotalLinesAllowed(), 0);
-    playfile_.MakeLineVarsValid();
-    EXPECT_EQ(playfile_.TotalLinesAllowed(), 1);
 }
 
 TEST_F(PlayfileLoad, SurvivesBeingCutShortAtEveryByteAndIgnoresWhatFollowsTheLastFrame) {

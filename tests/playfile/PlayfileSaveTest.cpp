@@ -11,6 +11,19 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
+/// Names of elements and their values as they stand in the export.
+using Elements = std::vector<std::pair<std::string, std::string>>;
+
+/// Of " 1 " and its line end, which a playfile of one frame starts with.
+constexpr std::size_t kCountSize = 5;
+
+std::string block(const std::string& tag, const Elements& elements) {
+    std::string text = "<" + tag + ">\r\n";
+    for (const auto& [name, value] : elements)
+        text.append("<" + name + ">\r\n").append("\"" + value + "\"\r\n").append("</" + name + ">\r\n");
+    return text + "</" + tag + ">\r\n";
+}
+
 class PlayfileSave : public testing::Test {
 protected:
     MemoryFileSystem& files() { return host_.machine.files(); }
@@ -41,30 +54,22 @@ protected:
     std::string data_ = host_.inLibrary("Data");
 };
 
-TEST_F(PlayfileSave, GivesBackTheFileThatWasLoadedByteForByte) {
-    const std::string text = playfileText(onePlayfileFrame());
-    files().put(path_, text);
-    ASSERT_TRUE(playfile_.GetPlayfileFromDisk(path_));
-    files().put(path_, "old content");
-    EXPECT_TRUE(playfile_.WritePlayfileToDisk(path_));
-    EXPECT_EQ(saved(), text) << "spare values included";
-    EXPECT_TRUE(shown().empty());
-}
-
-TEST_F(PlayfileSave, GivesBackTheSamples) {
+TEST_F(PlayfileSave, GivesBackFilesByteForByte) {
+    Texts texts{playfileText(onePlayfileFrame())}; // with a value in every spare field
     for (const char* name : {"harbour.playfile", "plant.playfile"}) {
-        SCOPED_TRACE(name);
         std::ifstream stream(std::string(QRT_SAMPLES_FOLDER "/") + name, std::ios::binary);
-        const std::string text{std::istreambuf_iterator<char>(stream), {}};
-        ASSERT_FALSE(text.empty());
+        files().put(path_, std::string{std::istreambuf_iterator<char>(stream), {}});
+        ASSERT_TRUE(playfile_.GetPlayfileFromDisk(path_) && playfile_.WritePlayfileToDisk(path_)) << name;
+        texts.push_back(saved()); // numbers are written shortly from then on
+    }
+    for (const std::string& text : texts) {
         files().put(path_, text);
         ASSERT_TRUE(playfile_.GetPlayfileFromDisk(path_));
-        ASSERT_TRUE(playfile_.WritePlayfileToDisk(path_));
-        const std::string once = saved();
-        ASSERT_TRUE(playfile_.GetPlayfileFromDisk(path_));
-        ASSERT_TRUE(playfile_.WritePlayfileToDisk(path_));
-        EXPECT_EQ(saved(), once);
+        files().put(path_, "old content");
+        EXPECT_TRUE(playfile_.WritePlayfileToDisk(path_));
+        EXPECT_EQ(saved(), text);
     }
+    EXPECT_TRUE(shown().empty());
 }
 
 TEST_F(PlayfileSave, KeepsEveryTextWhole) {
@@ -130,42 +135,90 @@ TEST_F(PlayfileSave, NeverLosesAReferenceThatCannotBeCopied) {
     EXPECT_EQ(references(), (Texts{JoinPath(loose_, "one.bmp"), JoinPath(data_, "two.cmd")}));
 }
 
-TEST_F(PlayfileSave, TellsOfFailureAndKeepsTheOldFile) {
-    ASSERT_TRUE(playfile_.WritePlayfileToDisk(path_));
-    const std::size_t wholeSize = saved().size();
-    const std::string old = "the old playfile";
-    files().put(path_, old);
-    playfile_.SetSuppressMessages(true);
-    const auto expectFailure = [&](const char* why) {
-        SCOPED_TRACE(why);
-        shown().clear();
-        EXPECT_FALSE(playfile_.WritePlayfileToDisk(path_));
-        ASSERT_EQ(shown().size(), 1u) << "failures are shown even when messages are suppressed";
-        EXPECT_EQ(shown()[0].title, "Unable to save playfile");
-        EXPECT_EQ(shown()[0].text,
-                  "Error writing to file.\r\nCheck if file is read-only and you have rights to "
-                  "read/write to the playfile folder.");
-        EXPECT_EQ(shown()[0].icon, MessageIcon::critical);
-        EXPECT_EQ(saved(), old);
-        EXPECT_EQ(files().fileNames(), Texts{path_}) << "nothing is left behind";
-    };
-    files().bytesLeft = 100;
-    expectFailure("disk full");
-    files().bytesLeft = wholeSize - 1;
-    expectFailure("disk full at the last byte");
-    files().bytesLeft.reset();
-    files().setReadOnly(path_);
-    expectFailure("read-only file");
-    EXPECT_EQ(playfile_.CurrentFileName(), path_);
+TEST_F(PlayfileSave, ExportsEveryElementOfFramesAndLinesInOrder) {
+    auto values = onePlayfileFrame();
+    values[kCommandFile] = "c.cmd";
+    values[kDelay] = "1.25";
+    values[kPicture] = "p.bmp";
+    values[kPictureDisplay] = "3";
+    values[kPictureType] = "-4";
+    values[kSendAsIs] = "-1";
+    values[kOverlay] = "1";
+    values[kAviFrames] = "12";
+    values[kAudio] = "s.wav";
+    values[kLineText] = "6\x01 <sign> & more";
+    values[kInverse] = "True";
+    values[kLineCustomFont] = "f.cff";
+    values[kMerge] = "True";
+    const std::string second = playfileText(values).substr(kCountSize);
+    values[kSendAsIs] = "0";
+    values[kOverlay] = "7";
+    values[kLineCount] = "0";
+    values.resize(kLineCount + 1);
+    files().put(path_, " 2 \r\n" + playfileText(values).substr(kCountSize) + second);
+    ASSERT_TRUE(playfile_.GetPlayfileFromDisk(path_));
+
+    Elements frame{
+        {"PlayFrameID", "2"},           {"CMDFile_Name", "c.cmd"},    {"CMDFile_SendAsIs", "-1"},
+        {"Delay_Time", "1.25"},         {"Font_Height", "16"},        {"FrameInfo_Name", "Welcome"},
+        {"FrameInfo_Type", "2"},        {"Picture", "p.bmp"},         {"Prefix_Code", "5001"},
+        {"Suffix_Code", "5000"},        {"PictureFile_Display", "3"}, {"PictureFile_Type", "-4"},
+        {"Number_of_Frames_Used", "1"}, {"GridRow_Height", "40"},     {"Previous_Frame_Overlay", "-1"},
+        {"AVI_Frames", "12"},           {"Audio_Name", "s.wav"},      {"Line_Count", "1"}};
+    const Elements line{{"PlayFrameID", "2"}, {"PlayLineID", "1"},     {"RTF_Text", "6\x01 <sign> & more"},
+                        {"Font", "6"},        {"Scrolling", "False"},  {"Inverse", "True"},
+                        {"Blinking", "True"}, {"CustomFont", "f.cff"}, {"Merge", "True"}};
+    const std::string expected = block("PlayFrame", frame) + block("PlayLines", line);
+    frame[0].second = "1";
+    frame[2].second = "0";
+    frame.back().second = "0";
+    EXPECT_TRUE(playfile_.WriteXMLToDisk(path_));
+    EXPECT_EQ(files().content(path_ + ".xml"), block("PlayFrame", frame) + expected);
     EXPECT_TRUE(host_.reports.all.empty());
 }
 
-TEST_F(PlayfileSave, WritesInPlaceWhereTheFolderTakesNoNewFile) {
-    files().put(path_, "the old playfile");
-    files().setReadOnly(host_.machine.library);
-    EXPECT_TRUE(playfile_.WritePlayfileToDisk(path_));
-    EXPECT_EQ(saved().substr(0, 8), " 20 \r\n\"\"");
-    EXPECT_FALSE(playfile_.WritePlayfileToDisk(host_.inLibrary("new.playfile")));
+TEST_F(PlayfileSave, ExportsUnderTheNameThatIsGivenWithAnEndingMore) {
+    for (const char* name : {"plain", "a.playfile", "already.xml", "ends in a dot."}) {
+        const std::string path = host_.inLibrary(name);
+        EXPECT_TRUE(playfile_.WriteXMLToDisk(path));
+        EXPECT_TRUE(files().content(path + ".xml")) << name;
+        EXPECT_FALSE(files().content(path)) << name;
+        EXPECT_EQ(playfile_.CurrentFileName(), path);
+    }
+}
+
+TEST_F(PlayfileSave, OrExportTellsOfFailureAndKeepsTheOldFile) {
+    const struct {
+        bool (FrameInfoClass::*write)(const std::string&);
+        std::string path, message;
+    } cases[] = {
+        {&FrameInfoClass::WritePlayfileToDisk, path_,
+         "Error writing to file.\r\nCheck if file is read-only and you have rights to "
+         "read/write to the playfile folder."},
+        {&FrameInfoClass::WriteXMLToDisk, path_ + ".xml", "Error writing to file. Maybe read-only."}};
+    playfile_.SetSuppressMessages(true);
+    for (const auto& [write, path, message] : cases) {
+        ASSERT_TRUE((playfile_.*write)(path_));
+        const std::size_t wholeSize = files().content(path).value().size();
+        files().put(path, "old");
+        for (const std::size_t room : {std::size_t{0}, wholeSize - 1, wholeSize}) {
+            files().bytesLeft = room;
+            files().setReadOnly(path, room == wholeSize);
+            EXPECT_FALSE((playfile_.*write)(path_)) << room;
+            ASSERT_EQ(shown().size(), 1u) << "failures are shown even when messages are suppressed";
+            EXPECT_EQ(shown()[0].title, "Unable to save playfile");
+            EXPECT_EQ(shown()[0].text, message);
+            EXPECT_EQ(shown()[0].icon, MessageIcon::critical);
+            EXPECT_EQ(files().fileNames(), Texts{path}) << "nothing is left behind";
+            EXPECT_EQ(files().content(path), "old");
+            shown().clear();
+        }
+        EXPECT_EQ(playfile_.CurrentFileName(), path_) << "remembered all the same";
+        files().bytesLeft.reset();
+        files().setReadOnly(path, false);
+        ASSERT_EQ(files().remove(path), SystemError::none);
+    }
+    EXPECT_TRUE(host_.reports.all.empty());
 }
 
 } // namespace
