@@ -1,4 +1,5 @@
 #include "platform/IniText.h"
+#include "platform/memory/MemoryPlatform.h"
 
 #include <gtest/gtest.h>
 
@@ -27,6 +28,17 @@ TEST(IniText, PutsANewKeyBeforeTheBlankLinesThatPartTheSections) {
 TEST(IniText, NamesAndValuesOfAChangeEndAtTheirFirstNul) {
     const std::string cut("x\0y", 3);
     EXPECT_EQ(changed("", {cut, cut, cut}), "[x]\r\nx=x\r\n");
+}
+
+TEST(IniText, LeavesAFileOf16BitCharactersAsItIs) {
+    MemoryPlatform machine;
+    const std::string path = JoinPath(machine.library, "wide.ini");
+    const std::string text("\xff\xfe[\0S\0]\0", 8);
+    machine.files().put(path, text);
+    const auto profile = machine.openProfile(path);
+    profile->write("S", "k", "v");
+    EXPECT_NE(profile->commit(), SystemError::none);
+    EXPECT_EQ(machine.files().content(path), text);
 }
 
 TEST(IniText, ReadsWhatAnyChangeWroteWhereverTheOldTextWasCutShort) {

@@ -18,18 +18,15 @@ private:
 };
 TYPED_TEST_SUITE(ProfileFileTest, Machines, MachineName);
 
-struct ReadCase {
-    const char* why;
-    std::string text, section, key, expected;
-};
-
-std::vector<ReadCase> findingCases() {
-    return {
+TYPED_TEST(ProfileFileTest, FindsSectionsAndKeys) {
+    const struct {
+        const char* why;
+        std::string text, section, key, expected;
+    } cases[] = {
         {"plain", "[S]\r\nk=v\r\n", "S", "k", "v"},
         {"section and key in another case", "[sEC]\r\nKey=v\r\n", "Sec", "kEY", "v"},
         {"letters beyond ASCII are taken with case", "[S]\r\n\xc4=v\r\n", "S", "\xe4", "default"},
         {"blanks around section, key and value", " [ S ] \r\n\tk = \v v \f\r\n", "S", "k", "v"},
-        {"blanks in the middle stay", "[S]\r\na k=v w\r\n", "S", "a k", "v w"},
         {"blanks around the names asked for", "[S]\r\nk=v\r\n", " S ", " k ", "v"},
         {"line ends of LF", "[S]\nk=v\n", "S", "k", "v"},
         {"line ends of CR", "[S]\rk=v\r", "S", "k", "v"},
@@ -42,12 +39,10 @@ std::vector<ReadCase> findingCases() {
         {"key is in another section only", "[S]\r\n[T]\r\nk=v\r\n", "S", "k", "default"},
         {"of two keys the first counts", "[S]\r\nk=1\r\nk=2\r\n", "S", "k", "1"},
         {"of two sections the first counts", "[S]\r\nk=1\r\n[T]\r\n[S]\r\nk=2\r\n", "S", "k", "1"},
-        {"nothing in the second one counts", "[S]\r\nj=1\r\n[T]\r\n[S]\r\nk=2\r\n", "S", "k", "default"},
         {"key without an equals sign", "[S]\r\nk\r\n", "S", "k", "default"},
         {"it hides a later one", "[S]\r\nk\r\nk=2\r\n", "S", "k", "default"},
         {"comment", "[S]\r\n;k=v\r\n", "S", "k", "default"},
         {"value with a comment behind it", "[S]\r\nk=v ; note\r\n", "S", "k", "v ; note"},
-        {"lines before the first section", "k=u\r\n[S]\r\nk=v\r\n", "S", "k", "v"},
         {"lines before the first section have no name", "k=u\r\n[S]\r\nk=v\r\n", "", "k", "u"},
         {"value with an equals sign", "[S]\r\nk=a=b\r\n", "S", "k", "a=b"},
         {"section that is not closed is a key", "[S\r\nk=v\r\n", "S", "k", "default"},
@@ -57,18 +52,11 @@ std::vector<ReadCase> findingCases() {
         {"key in brackets is a section", "[S]\r\n[k]=v\r\nj=w\r\n", "k", "j", "w"},
         {"no name at all", "[S]\r\n=v\r\n", "S", "", "v"},
         {"value ends at a NUL", std::string("[S]\r\nk=a\0b\r\n", 12), "S", "k", "a"},
-        {"empty file", "", "S", "k", "default"},
-    };
-}
-
-std::vector<ReadCase> valueCases() {
-    return {
         {"empty value is a value", "[S]\r\nk=\r\n", "S", "k", ""},
         {"double quotes", "[S]\r\nk=\" v \"\r\n", "S", "k", " v "},
         {"single quotes", "[S]\r\nk=' v '\r\n", "S", "k", " v "},
         {"only one pair of quotes is taken off", "[S]\r\nk=\"'v'\"\r\n", "S", "k", "'v'"},
         {"quotes of two kinds", "[S]\r\nk=\"v'\r\n", "S", "k", "\"v'"},
-        {"quote that is not closed", "[S]\r\nk=\"v\r\n", "S", "k", "\"v"},
         {"one quote alone", "[S]\r\nk=\"\r\n", "S", "k", "\""},
         {"nothing in quotes", "[S]\r\nk=\"\"\r\n", "S", "k", ""},
         {"quotes not around the whole value", "[S]\r\nk=\"a\" b\r\n", "S", "k", "\"a\" b"},
@@ -76,20 +64,7 @@ std::vector<ReadCase> valueCases() {
         {"longer than fits", "[S]\r\nk=" + std::string(300, 'x'), "S", "k", std::string(254, 'x')},
         {"no-break space is no blank", "[S]\r\nk=\xa0v\xa0\r\n", "S", "k", "\xa0v\xa0"},
     };
-}
-
-TYPED_TEST(ProfileFileTest, FindsSectionsAndKeys) {
-    for (const ReadCase& c : findingCases()) {
-        SCOPED_TRACE(c.why);
-        const std::string path = this->freshName();
-        this->put(path, c.text);
-        EXPECT_EQ(this->platform().openProfile(path)->read(c.section, c.key, "default", kBufferSize),
-                  c.expected);
-    }
-}
-
-TYPED_TEST(ProfileFileTest, TakesQuotesOffValuesAndCutsThemToTheBuffer) {
-    for (const ReadCase& c : valueCases()) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.why);
         const std::string path = this->freshName();
         this->put(path, c.text);
@@ -99,13 +74,11 @@ TYPED_TEST(ProfileFileTest, TakesQuotesOffValuesAndCutsThemToTheBuffer) {
 }
 
 TYPED_TEST(ProfileFileTest, GivesTheDefaultForAMissingValue) {
-    struct Case {
-        const char* why;
-        std::string defaultValue;
+    const struct {
+        const char *why, *defaultValue;
         std::size_t bufferSize;
         std::string expected;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"as it is", "64", kBufferSize, "64"},
         {"empty", "", kBufferSize, ""},
         {"trailing blanks go", "64  ", kBufferSize, "64"},
@@ -117,17 +90,16 @@ TYPED_TEST(ProfileFileTest, GivesTheDefaultForAMissingValue) {
         {"no room at all", "abcdef", 0, ""},
     };
     const auto profile = this->platform().openProfile(this->freshName());
-    for (const Case& c : cases)
+    for (const auto& c : cases)
         EXPECT_EQ(profile->read("S", "k", c.defaultValue, c.bufferSize), c.expected) << c.why;
 }
 
 TYPED_TEST(ProfileFileTest, ChangesOneValueAndKeepsTheRest) {
-    struct Case {
+    const struct {
         const char* why;
         std::optional<std::string> before;
         std::string section, key, value, after;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"value in its place", "[S]\r\nk=v\r\nj=1\r\n", "S", "k", "w", "[S]\r\nk=w\r\nj=1\r\n"},
         {"key keeps its spelling", "[S]\r\nKey=v\r\n", "s", "kEY", "w", "[S]\r\nKey=w\r\n"},
         {"blanks and quotes around the old value go", "[S]\r\n k = \"v\" \r\n", "S", "k", "w",
@@ -145,7 +117,6 @@ TYPED_TEST(ProfileFileTest, ChangesOneValueAndKeepsTheRest) {
         {"in the first of two sections", "[S]\r\na=1\r\n[T]\r\n[S]\r\nk=3\r\n", "S", "k", "w",
          "[S]\r\na=1\r\nk=w\r\n[T]\r\n[S]\r\nk=3\r\n"},
         {"new section at the end", "[S]\r\nk=v\r\n", "N", "n", "w", "[S]\r\nk=v\r\n[N]\r\nn=w\r\n"},
-        {"last line without an end", "[S]\r\nk=v", "S", "n", "w", "[S]\r\nk=v\r\nn=w\r\n"},
         {"new section behind such a line", "[S]\r\nk=v", "N", "n", "w", "[S]\r\nk=v\r\n[N]\r\nn=w\r\n"},
         {"every line end becomes CR LF", "[S]\nk=v\nj=1\n", "S", "k", "w", "[S]\r\nk=w\r\nj=1\r\n"},
         {"no section at all yet", "x\r\n", "S", "k", "w", "x\r\n[S]\r\nk=w\r\n"},
@@ -155,9 +126,8 @@ TYPED_TEST(ProfileFileTest, ChangesOneValueAndKeepsTheRest) {
         {"line that opens like a section", "[S]\r\n[x\r\nk=v\r\n", "S", "k", "w", "[S]\r\n[x\r\nk=w\r\n"},
         {"same value leaves every byte alone", "[S]\nk = v", "S", "k", "v", "[S]\nk = v"},
         {"missing file is made", {}, "S", "k", "w", "[S]\r\nk=w\r\n"},
-        {"empty file", "", "S", "k", "w", "[S]\r\nk=w\r\n"},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.why);
         const std::string path = this->freshName();
         if (c.before)
@@ -183,29 +153,21 @@ TYPED_TEST(ProfileFileTest, MakesManyChangesInTheOrderTheyWereGiven) {
                                   "[R]\r\nd=2\r\nB=2\r\na=2\r\nc=2\r\n");
 }
 
-TYPED_TEST(ProfileFileTest, ReadsWhatIsInTheFileAtTheTime) {
+TYPED_TEST(ProfileFileTest, ReadsAndKeepsWhatIsInTheFileAtTheTime) {
     const std::string path = this->freshName();
-    EXPECT_EQ(this->platform().openProfile(path)->read("S", "k", "none", kBufferSize), "none");
-    for (const char* value : {"1", "2", "3"}) {
+    const auto other = this->platform().openProfile(path);
+    EXPECT_EQ(other->read("S", "k", "none", kBufferSize), "none");
+    for (const char* value : {"1", "2"}) {
         const auto profile = this->platform().openProfile(path);
+        EXPECT_EQ(profile->read("S", "other", "none", kBufferSize), "none");
         profile->write("S", "k", value);
         EXPECT_EQ(profile->commit(), SystemError::none);
         EXPECT_EQ(profile->read("S", "k", "none", kBufferSize), value);
         EXPECT_EQ(this->platform().openProfile(path)->read("S", "k", "none", kBufferSize), value);
     }
-}
-
-TYPED_TEST(ProfileFileTest, TwoObjectsKeepEachOthersKeys) {
-    const std::string path = this->freshName();
-    const auto one = this->platform().openProfile(path);
-    const auto other = this->platform().openProfile(path);
-    EXPECT_EQ(one->read("S", "a", "", kBufferSize), "");
-    EXPECT_EQ(other->read("S", "b", "", kBufferSize), "");
-    one->write("S", "a", "1");
-    EXPECT_EQ(one->commit(), SystemError::none);
-    other->write("S", "b", "2");
+    other->write("S", "other", "3");
     EXPECT_EQ(other->commit(), SystemError::none);
-    EXPECT_EQ(this->textOf(path), "[S]\r\na=1\r\nb=2\r\n");
+    EXPECT_EQ(this->textOf(path), "[S]\r\nk=2\r\nother=3\r\n");
 }
 
 TYPED_TEST(ProfileFileTest, FindsTheFileInAnotherCase) {
