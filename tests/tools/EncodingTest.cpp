@@ -25,11 +25,7 @@ TEST(Encoding, CharactersAreThoseOfTheCodePage) {
 }
 
 TEST(Encoding, WhatTheCodePageLacksHasNoWayBack) {
-    struct Case {
-        const char* why;
-        std::string utf8;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, std::string> cases[] = {
         {"another alphabet", "\u042b"},
         {"control whose number means another character here", "\u0080"},
         {"character beyond 16 bits", "\U0001f600"},
@@ -40,8 +36,8 @@ TEST(Encoding, WhatTheCodePageLacksHasNoWayBack) {
         {"overlong ASCII, three bytes", "\xe0\x81\x81"},
         {"no byte of UTF-8", "\xff"},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(AnsiFromUtf8(c.utf8), std::nullopt) << c.why;
+    for (const auto& [why, utf8] : cases)
+        EXPECT_EQ(AnsiFromUtf8(utf8), std::nullopt) << why;
 }
 
 TEST(Encoding, ControlCharactersAreShownBySigns) {

@@ -11,7 +11,6 @@ namespace {
 
 using nlohmann::json;
 using testing::HasSubstr;
-using testing::IsEmpty;
 
 TEST(Legacy, APlayfileSavedAsACurrentOneShowsTheSame) {
     const Program vistrel;
@@ -24,31 +23,6 @@ TEST(Legacy, APlayfileSavedAsACurrentOneShowsTheSame) {
     EXPECT_EQ(vistrel.run("export lobby.PL2 --yes").out, "lobby.PL2.xml\n");
     EXPECT_THAT(vistrel.run("frames lobby.PL2 delete 2 --yes --out six").out,
                 HasSubstr("six: deleted frame 2; 6 frames now\n"));
-}
-
-TEST(Legacy, WithoutAYesNothingIsShownOrSaved) {
-    const Program vistrel;
-    for (const char* arguments :
-         {"show lobby.PL2 --no", "save lobby.PL2 new --no", "export lobby.PL2 --out new --no",
-          "frames lobby.PL2 insert 1 --out new", "frames harbour.playfile paste lobby.PL2 1 --out new"}) {
-        SCOPED_TRACE(arguments);
-        const Outcome outcome = vistrel.run(arguments);
-        EXPECT_EQ(outcome.exitCode, 1);
-        EXPECT_THAT(outcome.out, IsEmpty());
-        EXPECT_THAT(outcome.err, HasSubstr("lobby.PL2: not opened"));
-        EXPECT_FALSE(std::filesystem::exists(vistrel.inHome("new")));
-        EXPECT_FALSE(std::filesystem::exists(vistrel.inHome("new.xml")));
-    }
-}
-
-TEST(Legacy, NothingIsSavedUnderANameThatCouldNotBeOpenedAgain) {
-    const Program vistrel;
-    const std::string before = ContentOf(vistrel.inHome("lobby.PL2"));
-    for (const char* arguments : {"save harbour.playfile lobby.PL2", "save harbour.playfile new.pl2",
-                                  "frames lobby.PL2 insert 1 --yes"})
-        EXPECT_THAT(vistrel.run(arguments).err, HasSubstr("not saved: a name that ends in PL2")) << arguments;
-    EXPECT_EQ(ContentOf(vistrel.inHome("lobby.PL2")), before);
-    EXPECT_FALSE(std::filesystem::exists(vistrel.inHome("new.pl2")));
 }
 
 TEST(Convert, GoesOnPastBadFilesAndTellsOfEach) {

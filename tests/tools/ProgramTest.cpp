@@ -11,8 +11,6 @@ namespace {
 
 using nlohmann::json;
 using testing::HasSubstr;
-using testing::IsEmpty;
-using testing::Not;
 using testing::StartsWith;
 
 TEST(Show, PrintsTables) {
@@ -51,32 +49,6 @@ TEST(Show, APropertyThatCannotBeReadIsNullAndAFailure) {
     EXPECT_EQ(frames[6]["OverlayFrame"], true);
 }
 
-TEST(Show, RefusesWhatItCannotShow) {
-    struct Case {
-        const char* why;
-        const char *file, *reason;
-    };
-    const Case cases[] = {
-        {"older format, nobody to ask", "lobby.PL2", "answered with no; --yes"},
-        {"older format, missing", "nosuch.pl2", "File not found (error 53)"},
-        {"older format by its name only", "not-legacy.PL2 --yes", "not a playfile of the older format"},
-        {"missing file", "nosuch.playfile", "File not found (error 53)"},
-        {"missing folder", "nosuch/nosuch.playfile", "Path not found (error 76)"},
-        {"folder", "db", "Path/File access error (error 75)"},
-        {"no playfile", "anchor.bmp", "Type mismatch (error 13)"},
-        {"missing frame", "harbour.playfile --frame 10", "no frame 10, the last one is 9"},
-    };
-    const Program vistrel;
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.why);
-        const Outcome outcome = vistrel.run(std::string("show ") + c.file);
-        EXPECT_EQ(outcome.exitCode, 1);
-        EXPECT_THAT(outcome.out, IsEmpty());
-        EXPECT_THAT(outcome.err, HasSubstr(c.reason));
-        EXPECT_EQ(std::ranges::count(outcome.err, '\n'), 1);
-    }
-}
-
 TEST(Save, SavingWhatWasSavedGivesTheSameBytes) {
     const Program vistrel;
     const std::string second = "\xff-name"; // bytes, whatever they mean
@@ -84,28 +56,6 @@ TEST(Save, SavingWhatWasSavedGivesTheSameBytes) {
     ASSERT_EQ(vistrel.run("save first " + second).exitCode, 0);
     EXPECT_EQ(ContentOf(vistrel.inHome("first")), ContentOf(vistrel.inHome(second)));
     EXPECT_EQ(vistrel.run("show harbour.playfile --json").out, vistrel.run("show --json " + second).out);
-}
-
-TEST(Save, AFailureLeavesTheTargetAlone) {
-    struct Case {
-        const char* why;
-        const char *from, *to, *reason;
-    };
-    const Case cases[] = {
-        {"playfile cut short", "cut-short.playfile", "plant.playfile", "Input past end of file"},
-        {"missing playfile", "nosuch", "plant.playfile", "File not found"},
-        {"target in a missing folder", "harbour.playfile", "nosuch/plant.playfile", "Error writing to file."},
-        {"target is a folder", "harbour.playfile", "db", "Error writing to file."},
-    };
-    const Program vistrel;
-    const std::string before = ContentOf(vistrel.inHome("plant.playfile"));
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.why);
-        const Outcome outcome = vistrel.run(std::string("save ") + c.from + " " + c.to);
-        EXPECT_EQ(outcome.exitCode, 1);
-        EXPECT_THAT(outcome.err, HasSubstr(c.reason));
-        EXPECT_EQ(ContentOf(vistrel.inHome("plant.playfile")), before);
-    }
 }
 
 TEST(Effects, TellWhatListsOfferNow) {
@@ -120,43 +70,6 @@ TEST(Effects, TellWhatListsOfferNow) {
     std::filesystem::remove(vistrel.inHome("NewEffects.ini"));
     EXPECT_TRUE(effectOf(114)["suffixListText"].is_null());
     EXPECT_EQ(effectOf(5001)["suffixListText"], "Scroll Left to Right");
-}
-
-TEST(Usage, WrongUsageIsExitCode2WithAReason) {
-    const Program vistrel;
-    for (const char* arguments : {"",
-                                  "bogus",
-                                  "show",
-                                  "show a b",
-                                  "show a --frame 0",
-                                  "show a --frame 40000",
-                                  "show a --frame two",
-                                  "save a",
-                                  "save a b --yes --no",
-                                  "export",
-                                  "convert a",
-                                  "convert --to a",
-                                  "inspect",
-                                  "frames a",
-                                  "frames a move 1",
-                                  "frames a delete two",
-                                  "frames a delete 3-",
-                                  "frames a insert 1 2",
-                                  "signs",
-                                  "signs show",
-                                  "signs duplicate Gate",
-                                  "signs set Gate",
-                                  "settings",
-                                  "settings get",
-                                  "settings set DisplayHeight",
-                                  "effects --bogus",
-                                  "--home nosuch effects"}) {
-        SCOPED_TRACE(arguments);
-        const Outcome outcome = vistrel.run(arguments);
-        EXPECT_EQ(outcome.exitCode, 2);
-        EXPECT_THAT(outcome.out, IsEmpty());
-        EXPECT_THAT(outcome.err, Not(IsEmpty()));
-    }
 }
 
 TEST(Usage, HelpBeginsWithAnExample) {
