@@ -9,18 +9,15 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
+OwnedBstr bstr(const std::wstring& text) {
+    return OwnedBstr(SysAllocStringLen(text.data(), static_cast<UINT>(text.size())));
+}
+
 class Client : public AutomationTest {
 protected:
     ComPtr<_FrameInfoClass> playfile_ = Create<_FrameInfoClass>(CLSID_FrameInfoClass);
     ComPtr<_SettingsInfoClass> settings_ = Create<_SettingsInfoClass>(CLSID_SettingsInfoClass);
 };
-
-TEST_F(Client, IsRefusedAggregation) {
-    void* object = nullptr;
-    EXPECT_EQ(
-        CoCreateInstance(CLSID_FrameInfoClass, playfile_.Get(), CLSCTX_INPROC_SERVER, IID_IUnknown, &object),
-        CLASS_E_NOAGGREGATION);
-}
 
 TEST_F(Client, SeesOneIdentityBehindAllInterfaces) {
     ComPtr<IUnknown> unknown, again;
@@ -31,6 +28,9 @@ TEST_F(Client, SeesOneIdentityBehindAllInterfaces) {
     EXPECT_EQ(unknown.Get(), again.Get());
     ComPtr<IStream> stream;
     EXPECT_EQ(playfile_.As(&stream), E_NOINTERFACE);
+    EXPECT_EQ(
+        CoCreateInstance(CLSID_FrameInfoClass, playfile_.Get(), CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&unknown)),
+        CLASS_E_NOAGGREGATION);
 }
 
 TEST_F(Client, LearnsTheClassAndInterfaceOfAnObject) {
@@ -72,9 +72,8 @@ TEST_F(Client, GetsResultCodesAndErrorInformation) {
 TEST_F(Client, GetsTextsUnchanged) {
     playfile_->put_CurrentFrame(1);
     const auto returned = [&](const std::wstring& text) {
-        const OwnedBstr given(SysAllocStringLen(text.data(), static_cast<UINT>(text.size())));
         BSTR result = nullptr;
-        EXPECT_EQ(playfile_->put_FrameName(given.get()), S_OK);
+        EXPECT_EQ(playfile_->put_FrameName(bstr(text).get()), S_OK);
         EXPECT_EQ(playfile_->get_FrameName(&result), S_OK);
         const OwnedBstr owned(result);
         return std::wstring(result, SysStringLen(result));
@@ -90,9 +89,6 @@ TEST_F(Client, GetsTheBytesOfCommandsOneToOne) {
     std::wstring all(256, L' ');
     for (std::size_t i = 0; i < all.size(); ++i)
         all[i] = static_cast<wchar_t>(i);
-    const auto bstr = [](const std::wstring& text) {
-        return OwnedBstr(SysAllocStringLen(text.data(), static_cast<UINT>(text.size())));
-    };
     const auto bytesOf = [&](const std::wstring& key) {
         BSTR bytes = nullptr;
         EXPECT_EQ(commands->get_sCommandBytesByKey(bstr(key).get(), &bytes), S_OK);
@@ -129,18 +125,17 @@ TEST_F(Client, MayNameArguments) {
 }
 
 TEST_F(Client, MayOmitTheFileOfTheSettings) {
-    struct Case {
+    const struct {
         const char* why;
         std::vector<Value> arguments;
         HRESULT wanted;
-    };
-    const Case cases[] = {
+    } cases[] = {
         {"left out", {}, S_OK},
         {"left out with a comma", {Value::omitted()}, S_OK},
         {"a text", {"Other.ini"}, S_OK},
         {"an object", {settings_.Get()}, DISP_E_EXCEPTION},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.why);
         EXPECT_EQ(Call(settings_.Get(), L"SaveSettingsToDisk", c.arguments).code, c.wanted);
         EXPECT_EQ(Call(settings_.Get(), L"GetSettingsFromDisk", c.arguments).code, c.wanted);
@@ -158,9 +153,7 @@ TEST_F(Client, MayOmitWhetherTheCursorIsOnTheLastFrame) {
 }
 
 TEST_F(Client, GetsTheFullNameInAnyVariableForATextAndInNoOther) {
-    const auto displays = Create<IDispatch>(CLSID_DisplayDatabaseClass);
-    ComPtr<_DisplayDatabaseClass> signs;
-    ASSERT_EQ(displays.As(&signs), S_OK);
+    const auto signs = Create<_DisplayDatabaseClass>(CLSID_DisplayDatabaseClass);
     BSTR text = WideText("Client.dat").release();
     Value variant("Client.dat");
     Value references[] = {Value::reference(&text, VT_BSTR), Value::reference(&variant)};

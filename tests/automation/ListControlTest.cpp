@@ -78,6 +78,8 @@ protected:
 
 TEST_F(ListControl, HasTheMembersOfAListBox) {
     HostListControl list(prefixes_.Get());
+    EXPECT_EQ(list.ClassName(), "Object");
+    EXPECT_EQ(HostListControl(playfile_.Get()).ClassName(), "FrameInfoClass") << "where it tells";
     list.Clear();
     list.AddItem("Wipe On");
     list.ItemData(list.NewIndex(), 2000);
@@ -88,16 +90,15 @@ TEST_F(ListControl, HasTheMembersOfAListBox) {
 }
 
 TEST_F(ListControl, TellsItsErrors) {
-    struct Case {
+    const SCODE outOfMemory = static_cast<SCODE>(0x800A0007);
+    const struct {
         const char* why;
         HRESULT refusal;
         WORD code;
         SCODE longCode;
         const char* description;
         std::pair<int, std::string> wanted;
-    };
-    const SCODE outOfMemory = static_cast<SCODE>(0x800A0007);
-    const Case cases[] = {
+    } cases[] = {
         {"a run-time error", DISP_E_EXCEPTION, 0, outOfMemory, "Out of memory", {7, "Out of memory"}},
         {"a code of the control's own", DISP_E_EXCEPTION, 381, 0, "Invalid index", {381, "Invalid index"}},
         {"no run-time error", DISP_E_EXCEPTION, 0, E_FAIL, "Gone", {440, "Gone"}},
@@ -105,7 +106,7 @@ TEST_F(ListControl, TellsItsErrors) {
         {"a wrong type", DISP_E_TYPEMISMATCH, 0, 0, "", {13, "Type mismatch"}},
         {"a disconnected object", RPC_E_DISCONNECTED, 0, 0, "", {440, "Automation error"}},
     };
-    for (const Case& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(c.why);
         prefixes_->refusal = c.refusal;
         prefixes_->exception.wCode = c.code;
@@ -114,11 +115,6 @@ TEST_F(ListControl, TellsItsErrors) {
         EXPECT_EQ(errorOf(prefixes_.Get()), c.wanted);
     }
     EXPECT_EQ(errorOf(playfile_.Get()).first, 438) << "no list box at all";
-}
-
-TEST_F(ListControl, IsNamedByItsClassWhereItTells) {
-    EXPECT_EQ(HostListControl(playfile_.Get()).ClassName(), "FrameInfoClass");
-    EXPECT_EQ(HostListControl(prefixes_.Get()).ClassName(), "Object");
 }
 
 TEST_F(ListControl, IsFilledWithEffects) {
