@@ -186,9 +186,10 @@ void FramePainter::drawBox(const std::string& label, PixelBuffer& dots) {
     classFontMaster& font = fonts_.find(kLabelFont, {});
     font.FontColor(color);
     const std::int32_t free = dots.width() - font.TextWidth(label) - kDotsBeforeText;
+    const std::int32_t left = std::max(free / 2, kDotsBeforeText);
+    const std::int32_t top = (dots.height() - font.FontHeight()) / 2;
     std::int32_t width = 0;
-    font.DrawText(label, dots, static_cast<float>(std::max(free / 2, kDotsBeforeText)),
-                  static_cast<float>((dots.height() - font.FontHeight()) / 2), 0, 0, width);
+    font.DrawText(label, dots, static_cast<float>(left), static_cast<float>(top), 0, 0, width);
     dots.fill(0, 0, dots.width(), 1, color);
     dots.fill(0, dots.height() - 1, dots.width(), 1, color);
     dots.fill(0, 0, 1, dots.height(), color);

@@ -19,7 +19,7 @@ constexpr double kAspect = 1.5;
 
 FrameSheet::FrameSheet(std::int32_t frames, DotSize sign, int scale)
     : painter_(scale), captionScale_(scale < 4 ? 1 : 2), cellWidth_(painter_.sizeOf(sign.width) + kSpace),
-      cellHeight_(painter_.sizeOf(sign.height) + kSpace + kCaptionHeight * captionScale_) {
+      cellHeight_(painter_.sizeOf(sign.height) + kSpace + std::int64_t{kCaptionHeight} * captionScale_) {
     const double square = std::sqrt(static_cast<double>(frames) * kAspect * static_cast<double>(cellHeight_) /
                                     static_cast<double>(cellWidth_));
     columns_ = std::clamp(std::llround(square), 1LL, static_cast<long long>(frames));

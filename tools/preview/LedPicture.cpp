@@ -1,6 +1,8 @@
 #include "tools/preview/LedPicture.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstddef>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -21,7 +23,7 @@ Color mixed(Color from, Color to, double share) {
     Color color = 0;
     for (const int shift : kChannels) {
         const double start = channelOf(from, shift);
-        color |= static_cast<Color>(start + (channelOf(to, shift) - start) * share + 0.5) << shift;
+        color |= static_cast<Color>(std::lround(start + (channelOf(to, shift) - start) * share)) << shift;
     }
     return color;
 }
@@ -55,7 +57,7 @@ void LedPainter::draw(const PixelBuffer& dots, PixelBuffer& picture, std::int32_
         for (int y = 0; y < scale_; ++y) {
             auto pixel = picture.row(top + rim() + row * scale_ + y).begin() + left + rim();
             for (const Color* square : leds)
-                pixel = std::copy_n(square + y * scale_, scale_, pixel);
+                pixel = std::copy_n(square + std::ptrdiff_t{y} * scale_, scale_, pixel);
         }
     }
 }
@@ -82,11 +84,12 @@ double LedPainter::coverage(int x, int y) const {
         return 1;
     constexpr int samples = 8; // along each side
     int covered = 0;
-    for (int i = 0; i < samples * samples; ++i) {
-        const double across = (x + (i % samples + 0.5) / samples) / scale_ - 0.5;
-        const double down = (y + (i / samples + 0.5) / samples) / scale_ - 0.5;
-        covered += across * across + down * down < kRadius * kRadius;
-    }
+    for (int row = 0; row < samples; ++row)
+        for (int column = 0; column < samples; ++column) {
+            const double across = (x + (column + 0.5) / samples) / scale_ - 0.5;
+            const double down = (y + (row + 0.5) / samples) / scale_ - 0.5;
+            covered += across * across + down * down < kRadius * kRadius;
+        }
     return covered / double{samples * samples};
 }
 

@@ -16,7 +16,9 @@ public:
     explicit LedPainter(int scale);
 
     /// Pixels that so many dots take, with the rim of the sign on both sides.
-    std::int64_t sizeOf(std::int32_t dots) const { return std::int64_t{dots} * scale_ + 2 * rim(); }
+    std::int64_t sizeOf(std::int32_t dots) const {
+        return std::int64_t{dots} * scale_ + std::int64_t{2} * rim();
+    }
     /// Draws a sign with the left upper corner of its rim at `left`, `top`; all of it lies in the picture.
     void draw(const PixelBuffer& dots, PixelBuffer& picture, std::int32_t left, std::int32_t top);
 
