@@ -58,6 +58,8 @@ ComPtr<ITypeInfo> typeOf(IDispatch& object) {
 } // namespace
 
 std::string HostObject::className() const {
+    if (isNothing())
+        return "Nothing";
     const ComPtr<ITypeInfo> type = typeOf(*object_.Get());
     BSTR name = nullptr;
     if (!type || FAILED(type->GetDocumentation(MEMBERID_NIL, &name, nullptr, nullptr, nullptr)))
@@ -78,6 +80,8 @@ std::int64_t HostObject::readNumber(const wchar_t* name) const {
 
 void HostObject::invoke(const wchar_t* name, WORD flags, std::initializer_list<VARIANT> arguments,
                         VARIANT* result) const {
+    if (isNothing())
+        throw RuntimeError(91, "Object variable or With block variable not set");
     DISPID member = 0;
     LPOLESTR names = const_cast<LPOLESTR>(name);
     HRESULT done = object_->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &member);

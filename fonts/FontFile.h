@@ -27,7 +27,7 @@ struct Font {
     std::string characters; ///< In the order of their glyphs.
     std::array<std::uint8_t, kGlyphStoreSize> store{};
 
-    /// As files are made: 1 up to a width of 11, 2 from 12, 3 from 20, 4 from 28.
+    /// As files are made: 1 from a width of 4, 2 from 12, 3 from 20, 4 from 28; 0 below.
     int bytesPerRow() const { return (width + width % 8) / 8; }
     /// Bytes from one glyph to the next.
     int recordSize() const { return bytesPerRow() * height + 1; }

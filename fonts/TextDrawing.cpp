@@ -69,7 +69,7 @@ void classFontMaster::DrawLetter(const std::string& letter, DrawingTarget& targe
     traced(
         FontSub("DrawLetter"),
         [&] {
-            advance = drawLetters(firstLetter(letter), target, Corner(x, y), drawBackground, useBitmapDC);
+            advance = drawLetters(firstLetter(letter), target, {x, y}, drawBackground, useBitmapDC);
         },
         Arg{"letter", letter}, Arg{"target", object}, Arg{"x", x}, Arg{"y", y},
         Arg{"drawBackground", drawBackground}, Arg{"useBitmapDC", useBitmapDC}, Arg{"advance", advance});
@@ -92,7 +92,9 @@ void classFontMaster::DrawText(const std::string& text, DrawingTarget& target, f
     advance = 0;
     traced(
         FontSub("DrawText"),
-        [&] { advance = drawLetters(text, target, Corner(x, y), drawBackground, useBitmapDC); },
+        [&] {
+            advance = drawLetters(text, target, {x, y}, drawBackground, useBitmapDC);
+        },
         Arg{"text", text}, Arg{"target", object}, Arg{"x", x}, Arg{"y", y},
         Arg{"drawBackground", drawBackground}, Arg{"useBitmapDC", useBitmapDC}, Arg{"advance", advance});
 }
@@ -107,12 +109,13 @@ void classFontMaster::HilightSelection(const std::string& text, DrawingTarget& t
             const auto painter =
                 DotPainter::on(target, useBitmapDC, Corner(x, y), dotStyle(Ink::back, Ink::font));
             int number = 0;
-            for (const char character : text)
-                if (const auto letter = Letter::find(font_, character); ++number, letter) {
-                    if (number >= firstLetter && number <= lastLetter)
-                        drawCell(*letter, *painter);
-                    painter->moveRight(widthOf(*letter));
-                }
+            for (const char character : text) {
+                ++number;
+                const auto letter = Letter::find(font_, character);
+                if (letter && number >= firstLetter && number <= lastLetter)
+                    drawCell(*letter, *painter);
+                painter->moveRight(letter ? widthOf(*letter) : 0);
+            }
         },
         Arg{"text", text}, Arg{"target", object}, Arg{"x", x}, Arg{"y", y}, Arg{"firstLetter", firstLetter},
         Arg{"lastLetter", lastLetter}, Arg{"useBitmapDC", useBitmapDC});
@@ -152,7 +155,7 @@ std::int64_t classFontMaster::widthOf(std::string_view text) const {
     return width;
 }
 
-std::int32_t classFontMaster::drawLetters(std::string_view text, DrawingTarget& target, Corner corner,
+std::int32_t classFontMaster::drawLetters(std::string_view text, DrawingTarget& target, Position position,
                                           bool background, bool useBitmapDC) {
     std::unique_ptr<DotPainter> painter;
     std::int64_t width = 0;
@@ -161,7 +164,7 @@ std::int32_t classFontMaster::drawLetters(std::string_view text, DrawingTarget& 
         if (!letter)
             continue;
         if (!painter)
-            painter = DotPainter::on(target, useBitmapDC, corner,
+            painter = DotPainter::on(target, useBitmapDC, Corner(position.x, position.y),
                                      dotStyle(Ink::font, background ? Ink::back : Ink::none));
         drawGroups(*letter, *painter);
         painter->moveRight(widthOf(*letter));

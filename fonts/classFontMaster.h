@@ -90,7 +90,8 @@ public:
                           std::int16_t firstLetter, std::int16_t lastLetter, std::int16_t useBitmapDC);
     /// Shows a mark before letter `index` of a text at `x`, `y`, and hides it at the next call. An index
     /// below 1 is the front of the text, one beyond it its end. The mark is one dot wide and takes the last
-    /// column of the letter before, whose dots are drawn again when it goes.
+    /// column of the letter before, whose dots are drawn again when it goes. A shown mark must be hidden with
+    /// the index and the text that it was shown with before another is asked for.
     void CycleIndexMarker(const std::string& text, DrawingTarget& target, float x, float y,
                           std::int16_t index, std::int16_t useBitmapDC);
 
@@ -105,8 +106,13 @@ private:
     std::int64_t widthOf(const Letter& letter) const;
     /// Letters without a glyph have no width.
     std::int64_t widthOf(std::string_view text) const;
+    /// As the caller gives it. What is nowhere matters only where something is drawn.
+    struct Position {
+        float x;
+        float y;
+    };
     /// The text's width, which has been drawn.
-    std::int32_t drawLetters(std::string_view text, DrawingTarget& target, Corner corner, bool background,
+    std::int32_t drawLetters(std::string_view text, DrawingTarget& target, Position position, bool background,
                              bool useBitmapDC);
     DotStyle dotStyle(Ink lit, Ink dark) const { return {magTimes_, fontColor_, lit, dark}; }
 

@@ -44,7 +44,7 @@ std::string_view clsFontSizes::FontFile(std::int16_t FontNumber, std::int16_t Si
         return {};
     if (!UseNewFont)
         return font->file;
-    const bool isKestrel = IsKestrelOrFinch(SignType) && !IsOneLineFinch(SignType);
+    const bool isKestrel = HasKestrelOrFinchLetters(SignType) && !HasFinchLetters(SignType);
     return FontNumber == kBoldNumber && isKestrel ? kKestrelBoldFile : font->newFile;
 }
 

@@ -28,13 +28,13 @@ public:
     static std::string_view FontFile(std::int16_t FontNumber, std::int16_t SignType, bool UseNewFont);
 };
 
-/// Types 104 and 105, and 22, a Finch among the numbers of the Kestrel.
-constexpr bool IsOneLineFinch(std::int16_t signType) {
+/// Finches 104 and 105, and type 22 among the Kestrels, which has their letters.
+constexpr bool HasFinchLetters(std::int16_t signType) {
     return signType == 104 || signType == 105 || signType == 22;
 }
 
-/// Types 16 to 25, 104 and 105.
-constexpr bool IsKestrelOrFinch(std::int16_t signType) {
+/// All Kestrels, which are types 16 to 25, and the Finches 104 and 105.
+constexpr bool HasKestrelOrFinchLetters(std::int16_t signType) {
     return (signType >= 16 && signType <= 25) || signType == 104 || signType == 105;
 }
 
