@@ -49,9 +49,9 @@ TEST(LegacyFormat, StopsWhereAFileEndsThatHasShrunkSinceItWasOpened) {
             return content.copy(bytes.data(), bytes.size(), offset);
         }
     } file;
-    const LegacyPlayfile playfile = ReadLegacyPlayfile(file, 100);
-    ASSERT_EQ(playfile.records.size(), 1u);
-    EXPECT_EQ(playfile.records[0].text, "A");
+    const auto records = ReadLegacyRecords(file, 100);
+    ASSERT_EQ(records.size(), 1u);
+    EXPECT_EQ(records[0].text, "A");
 }
 
 class LegacyImport : public testing::Test {
