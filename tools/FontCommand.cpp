@@ -1,21 +1,23 @@
 // vistrel font: fonts of signs, shown, made from pictures, and checked against playfiles.
-#include "commands/PreviewText.h"
 #include "frame/RuntimeError.h"
 #include "platform/Path.h"
 #include "platform/ReplacementFile.h"
 #include "playfile/FrameInfoClass.h"
 #include "tools/Commands.h"
 #include "tools/Encoding.h"
+#include "tools/FontGallery.h"
+#include "tools/FontNeeds.h"
 #include "tools/FontPictures.h"
 #include "tools/FontScaling.h"
 #include "tools/JsonText.h"
+#include "tools/Moment.h"
 #include "tools/Opening.h"
 #include "tools/Table.h"
+#include "tools/preview/FramePicture.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <map>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -27,6 +29,7 @@ struct FontOptions {
     std::string size; ///< Empty: that of the font.
     std::string source;
     std::string playfile;
+    std::optional<Moment> at;
     AnswerOptions answers;
     bool json = false;
     bool asSource = false;
@@ -63,79 +66,17 @@ std::optional<Font> loadFont(const FontOptions& options, ErrorLines& errors) {
     return font;
 }
 
-std::string characterText(unsigned char code) {
-    return Utf8FromAnsi(std::string(1, static_cast<char>(code)));
-}
-
 ordered_json jsonOf(const std::string& file, const FontPictures& font) {
     ordered_json letters = ordered_json::array();
     for (const LetterPicture& letter : font.letters)
         letters.push_back({{"code", letter.code},
-                           {"character", characterText(letter.code)},
+                           {"character", CharacterText(letter.code)},
                            {"width", letter.rows.front().size()},
                            {"rows", letter.rows}});
     return {{"file", file},
             {"width", font.cell.width},
             {"height", font.cell.height},
             {"letters", std::move(letters)}};
-}
-
-/// Letters side by side, two rows of dots in one of text, under their characters.
-class Gallery {
-public:
-    explicit Gallery(int height)
-        : gap_(height > kHighestWithGap ? kGapOfHighFonts : 0),
-          lines_((static_cast<std::size_t>(height) + 1) / 2) {}
-
-    std::size_t width() const { return WidthOf(characters_); }
-    std::size_t widthWith(const LetterPicture& letter) const { return width() + advance(letter); }
-
-    void add(const LetterPicture& letter) {
-        const std::size_t columns = advance(letter);
-        characters_ += Visible(characterText(letter.code)) + std::string(columns - 1, ' ');
-        for (std::size_t line = 0; line < lines_.size(); ++line)
-            for (std::size_t column = 0; column < columns; ++column)
-                lines_[line] += halves(isLit(letter, column, 2 * line), isLit(letter, column, 2 * line + 1));
-    }
-
-    friend std::ostream& operator<<(std::ostream& out, const Gallery& gallery) {
-        const auto print = [&out](const std::string& line) {
-            out << line.substr(0, line.find_last_not_of(' ') + 1) << '\n';
-        };
-        out << '\n';
-        print(gallery.characters_);
-        std::ranges::for_each(gallery.lines_, print);
-        return out;
-    }
-
-private:
-    std::size_t advance(const LetterPicture& letter) const { return letter.rows.front().size() + gap_; }
-    static bool isLit(const LetterPicture& letter, std::size_t column, std::size_t row) {
-        return row < letter.rows.size() && column < letter.rows[row].size() &&
-               letter.rows[row][column] == kLitDot;
-    }
-    static const char* halves(bool upper, bool lower) {
-        return upper ? (lower ? "█" : "▀") : (lower ? "▄" : " ");
-    }
-
-    std::size_t gap_;
-    std::string characters_;
-    std::vector<std::string> lines_;
-};
-
-void printGallery(std::ostream& out, const FontPictures& font) {
-    constexpr std::size_t widest = 78;
-    out << font.cell.width << " x " << font.cell.height << " dots, " << font.letters.size() << " letters\n";
-    Gallery gallery(font.cell.height);
-    for (const LetterPicture& letter : font.letters) {
-        if (gallery.width() > 0 && gallery.widthWith(letter) > widest) {
-            out << gallery;
-            gallery = Gallery(font.cell.height);
-        }
-        gallery.add(letter);
-    }
-    if (gallery.width() > 0)
-        out << gallery;
 }
 
 ExitCode show(const FontOptions& options, Session& session) {
@@ -148,7 +89,7 @@ ExitCode show(const FontOptions& options, Session& session) {
     else if (options.asSource)
         session.out << FontPicturesText(pictures);
     else
-        printGallery(session.out, pictures);
+        PrintLetters(session.out, pictures);
     return ExitCode::done;
 }
 
@@ -174,39 +115,6 @@ ExitCode make(const FontOptions& options, Session& session) {
     return ExitCode::done;
 }
 
-/// How often a playfile shows a character, and where first; numbers from 1.
-struct Need {
-    int times = 0;
-    std::int32_t frame = 0;
-    std::int32_t line = 0;
-};
-using Needs = std::map<unsigned char, Need>;
-
-/// Control characters are not meant to be seen.
-void addNeeds(Needs& needs, std::string_view text, std::int32_t frame, std::int32_t line) {
-    constexpr unsigned char firstVisible = 32;
-    for (const char character : text) {
-        const auto code = static_cast<unsigned char>(character);
-        if (code < firstVisible)
-            continue;
-        Need& need = needs[code];
-        if (need.times++ == 0)
-            need = {1, frame, line};
-    }
-}
-
-Needs needsOf(FrameInfoClass& playfile) {
-    Needs needs;
-    for (std::int32_t frame = 1; frame <= playfile.TotalFrames(); ++frame) {
-        playfile.CurrentFrame(static_cast<std::int16_t>(frame));
-        for (std::int32_t line = 1; line <= playfile.TotalLinesAllowed(); ++line) {
-            playfile.CurrentLineNumber(static_cast<std::int16_t>(line));
-            addNeeds(needs, PreviewText(playfile.CurrentLineText(), 0), frame, line);
-        }
-    }
-    return needs;
-}
-
 bool has(const Font& font, unsigned char code) {
     const std::int32_t offset = font.glyphOffset(static_cast<char>(code));
     return offset >= 0 && offset < static_cast<std::int32_t>(font.store.size()) &&
@@ -219,10 +127,11 @@ ExitCode check(const FontOptions& options, Session& session) {
     if (!font || !OpenPlayfile(playfile, options.playfile, options.answers, session.errors))
         return ExitCode::failed;
     session.errors.about("the command table cannot be read or saved");
-    const Needs needs = [&] {
+    const ScopedMoment moment(options.at);
+    const auto needs = [&] {
         EveryErrorReporter reporter(session.errors);
         const ScopedErrorReporter scope(reporter);
-        return needsOf(playfile);
+        return NeedsOf(ReadFrames(playfile));
     }();
     Table lacking(
         {{"Code", Table::Align::right}, {"Character"}, {"Times", Table::Align::right}, {"First in"}});
@@ -230,7 +139,7 @@ ExitCode check(const FontOptions& options, Session& session) {
     for (const auto& [code, need] : needs)
         if (!has(*font, code)) {
             ++count;
-            lacking.addRow({std::to_string(code), Visible(characterText(code)), std::to_string(need.times),
+            lacking.addRow({std::to_string(code), Visible(CharacterText(code)), std::to_string(need.times),
                             "frame " + std::to_string(need.frame) + ", line " + std::to_string(need.line)});
         }
     session.errors.about(options.file);
@@ -293,6 +202,7 @@ void AddFontCommand(CLI::App& program, Session& session) {
     checkCommand->add_option("FILE", options->file, "The font")->required();
     checkCommand->add_option("--for", options->playfile, "The playfile")->required();
     addSize(*checkCommand, sizeOfFont);
+    AddMomentOption(*checkCommand, options->at);
     AddAnswerOptions(*checkCommand, options->answers);
 }
 

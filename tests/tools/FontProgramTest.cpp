@@ -1,6 +1,8 @@
 // Fonts, as the program's user meets them.
 #include "Program.h"
 
+#include "playfile/FrameInfoClass.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -62,6 +64,24 @@ TEST(Font, IsCheckedForTheCharactersThatAPlayfileNeeds) {
                          " 150  –             23  frame 1, line 3\n"
                          " 189  ½             23  frame 1, line 3\n");
     EXPECT_THAT(plant.err, HasSubstr(name + ": lacks 2 of "));
+}
+
+TEST(Font, IsCheckedForWhatIsDrawnAtTheMoment) {
+    const Program vistrel;
+    std::ofstream(vistrel.inHome("source")) << "size 4x1\n48 0\n#\n49 1\n#\n";
+    EXPECT_EQ(vistrel.run("font make source font --header").exitCode, 0);
+    FrameInfoClass playfile;
+    playfile.TotalFrames(2);
+    playfile.CurrentFrame(1);
+    playfile.FrameType(StoredFrameType(NEW_FRAME_TYPES::FRAME_TEXT));
+    playfile.CurrentLineText("|hm|");
+    playfile.CurrentFrame(2);
+    playfile.FrameType(StoredFrameType(NEW_FRAME_TYPES::FRAME_GRAPHIC));
+    playfile.CurrentLineText("not drawn");
+    ASSERT_TRUE(playfile.WritePlayfileToDisk(vistrel.inHome("clock")));
+    const std::string check = "font check font --for clock --at '2026-11-21 ";
+    EXPECT_EQ(vistrel.run(check + "10:01'").out, "font has all 2 characters of clock\n");
+    EXPECT_THAT(vistrel.run(check + "10:21'").err, HasSubstr("font: lacks 1 of 3 characters of clock"));
 }
 
 TEST(Font, OfOthersMakingNeverCrashesTheProgram) {

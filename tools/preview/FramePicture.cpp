@@ -24,11 +24,6 @@ bool hasPicture(const FrameRecord& frame) {
     return type == NEW_FRAME_TYPES::FRAME_GRAPHIC || type == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT;
 }
 
-bool hasText(const FrameRecord& frame) {
-    const NEW_FRAME_TYPES type = MeaningOf(FrameTypeOf(frame));
-    return type == NEW_FRAME_TYPES::FRAME_TEXT || type == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT;
-}
-
 /// The file that a frame shows; "" for none.
 std::string mediumOf(const FrameRecord& frame) {
     if (MeaningOf(FrameTypeOf(frame)) == NEW_FRAME_TYPES::FRAME_CMD)
@@ -73,6 +68,11 @@ FrameRecord readFrame(FrameInfoClass& playfile) {
 
 } // namespace
 
+bool HasText(const FrameRecord& frame) {
+    const NEW_FRAME_TYPES type = MeaningOf(FrameTypeOf(frame));
+    return type == NEW_FRAME_TYPES::FRAME_TEXT || type == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT;
+}
+
 OneBasedArray<FrameRecord> ReadFrames(FrameInfoClass& playfile) {
     OneBasedArray<FrameRecord> frames(playfile.TotalFrames());
     std::int16_t number = 0;
@@ -108,7 +108,7 @@ void FramePainter::show(const OneBasedArray<FrameRecord>& frames, std::int32_t f
 }
 
 DotSize FramePainter::sizeOf(const FrameRecord& frame) {
-    return larger(sizeOfMedium(mediumOf(frame)), hasText(frame) ? sizeOfLines(frame) : DotSize());
+    return larger(sizeOfMedium(mediumOf(frame)), HasText(frame) ? sizeOfLines(frame) : DotSize());
 }
 
 DotSize FramePainter::sizeOfLines(const FrameRecord& frame) {
@@ -143,7 +143,7 @@ void FramePainter::draw(const FrameRecord& frame, PixelBuffer& dots) {
     }
     if (const std::string medium = mediumOf(frame); !medium.empty())
         drawMedium(medium, dots);
-    if (hasText(frame))
+    if (HasText(frame))
         drawLines(frame, dots);
 }
 

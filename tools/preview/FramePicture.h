@@ -18,6 +18,9 @@ namespace qrtVistrelClasses4 {
 /// All frames of a playfile, with what of them can be seen. Moves the cursors.
 OneBasedArray<FrameRecord> ReadFrames(FrameInfoClass& playfile);
 
+/// Whether the lines of the frame are drawn.
+bool HasText(const FrameRecord& frame);
+
 /// Draws frames of playfiles. A dot of the buffers is its colour, 0 for a dark one.
 class FramePainter {
 public:

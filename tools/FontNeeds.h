@@ -1,0 +1,22 @@
+// The characters that a playfile needs its fonts to have.
+#pragma once
+
+#include "frame/OneBasedArray.h"
+#include "playfile/FrameRecord.h"
+
+#include <cstdint>
+#include <map>
+
+namespace qrtVistrelClasses4 {
+
+/// How often a character is shown, and where first; numbers from 1.
+struct Need {
+    int times = 0;
+    std::int32_t frame = 0;
+    std::int32_t line = 0;
+};
+
+/// Needs by character, of the frames whose texts are drawn, codes as in previews.
+std::map<unsigned char, Need> NeedsOf(const OneBasedArray<FrameRecord>& frames);
+
+} // namespace qrtVistrelClasses4
