@@ -1,96 +1,105 @@
 #include "tools/preview/LedPicture.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
+#include <span>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
+constexpr Color kRim = Rgb(64, 66, 72); ///< Lighter than a dark LED, so that dark letters end at it.
 constexpr Color kGap = Rgb(14, 14, 16);
 constexpr Color kDarkLed = Rgb(40, 39, 38);
-constexpr double kGlow = 0.14;   ///< Light of a lit dot on the gap around it.
-constexpr double kRadius = 0.44; ///< Of a dot, in distances from one to the next.
+
+constexpr int kSamples = 8; ///< Along each side of a pixel.
+constexpr int kAllSamples = kSamples * kSamples;
+constexpr int kGlow = 9; ///< Light of a lit dot on the gap around it, out of `kAllSamples`.
+
 constexpr int kSmallestWithGap = 3;
 
-constexpr std::size_t kMostLeds = 4096; ///< Kept; pictures may have any number of colours.
+/// Radius of a dot, in distances from one to the next. Where few pixels make one, corners as dark as those
+/// of large dots would be all that an area of lit dots is seen to have.
+double radiusAt(int scale) {
+    constexpr int smallestRound = 5;
+    return scale < smallestRound ? 0.54 : 0.44;
+}
 
-constexpr int kChannels[] = {0, 8, 16}; ///< Shifts of red, green and blue.
+/// Samples of a pixel in the square of a dot that lie inside the dot.
+int samplesInside(int x, int y, int scale) {
+    const double radius = radiusAt(scale);
+    int inside = 0;
+    for (int row = 0; row < kSamples; ++row)
+        for (int column = 0; column < kSamples; ++column) {
+            const double across = (x + (column + 0.5) / kSamples) / scale - 0.5;
+            const double down = (y + (row + 0.5) / kSamples) / scale - 0.5;
+            inside += across * across + down * down < radius * radius;
+        }
+    return inside;
+}
 
-double channelOf(Color color, int shift) { return color >> shift & 0xff; }
+std::vector<int> coverageAt(int scale) {
+    std::vector<int> coverage;
+    for (int y = 0; y < scale; ++y)
+        for (int x = 0; x < scale; ++x)
+            coverage.push_back(scale < kSmallestWithGap ? kAllSamples : samplesInside(x, y, scale));
+    return coverage;
+}
 
-Color mixed(Color from, Color to, double share) {
-    Color color = 0;
-    for (const int shift : kChannels) {
-        const double start = channelOf(from, shift);
-        color |= static_cast<Color>(std::lround(start + (channelOf(to, shift) - start) * share)) << shift;
-    }
-    return color;
+/// `share` out of `kAllSamples` of `to`.
+Color mixed(Color from, Color to, int share) {
+    const auto part = [share](int start, int end) {
+        return static_cast<std::uint8_t>((start * (kAllSamples - share) + end * share + kAllSamples / 2) /
+                                         kAllSamples);
+    };
+    return Rgb(part(RedOf(from), RedOf(to)), part(GreenOf(from), GreenOf(to)),
+               part(BlueOf(from), BlueOf(to)));
 }
 
 /// The light of both; no dot is darker than one that is switched off.
 Color brighter(Color one, Color other) {
-    Color color = 0;
-    for (const int shift : kChannels)
-        color |= std::max(one & Color{0xff} << shift, other & Color{0xff} << shift);
-    return color;
+    return Rgb(std::max(RedOf(one), RedOf(other)), std::max(GreenOf(one), GreenOf(other)),
+               std::max(BlueOf(one), BlueOf(other)));
 }
 
 } // namespace
 
-LedPainter::LedPainter(int scale) : scale_(scale) {}
+LedPainter::LedPainter(int scale)
+    : scale_(scale), coverage_(coverageAt(scale)), dark_(makeLed(0)), lit_(dark_) {}
 
 void LedPainter::draw(const PixelBuffer& dots, PixelBuffer& picture, std::int32_t left, std::int32_t top) {
     picture.fill(left, top, static_cast<std::int32_t>(sizeOf(dots.width())),
-                 static_cast<std::int32_t>(sizeOf(dots.height())), kGap);
-    std::vector<const Color*> leds(static_cast<std::size_t>(dots.width()));
+                 static_cast<std::int32_t>(sizeOf(dots.height())), kRim);
+    std::vector<std::span<Color>::iterator> lines(static_cast<std::size_t>(scale_));
     for (std::int32_t row = 0; row < dots.height(); ++row) {
-        if (leds_.size() > kMostLeds)
-            leds_.clear();
-        Color last = 0;
-        const Color* led = ledFor(last);
-        std::ranges::transform(dots.row(row), leds.begin(), [&](Color dot) {
-            if (dot != last)
-                led = ledFor(last = dot);
-            return led;
-        });
-        for (int y = 0; y < scale_; ++y) {
-            auto pixel = picture.row(top + rim() + row * scale_ + y).begin() + left + rim();
-            for (const Color* square : leds)
-                pixel = std::copy_n(square + std::ptrdiff_t{y} * scale_, scale_, pixel);
+        std::int32_t y = top + rim() + row * scale_;
+        for (auto& line : lines)
+            line = picture.row(y++).begin() + left + rim();
+        for (const Color dot : dots.row(row)) {
+            auto pixels = ledFor(dot).pixels.begin();
+            for (auto& line : lines) {
+                line = std::copy_n(pixels, scale_, line);
+                pixels += scale_;
+            }
         }
     }
 }
 
-const Color* LedPainter::ledFor(Color dot) {
-    auto& led = leds_[dot];
-    if (led.empty())
-        led = makeLed(dot);
-    return led.data();
+const LedPainter::Led& LedPainter::ledFor(Color dot) {
+    if (dot == dark_.dot)
+        return dark_;
+    if (dot != lit_.dot)
+        lit_ = makeLed(dot);
+    return lit_;
 }
 
-std::vector<Color> LedPainter::makeLed(Color dot) const {
+LedPainter::Led LedPainter::makeLed(Color dot) const {
     const Color gap = dot == 0 ? kGap : mixed(kGap, dot, kGlow);
     const Color lit = brighter(kDarkLed, dot);
-    std::vector<Color> led;
-    for (int y = 0; y < scale_; ++y)
-        for (int x = 0; x < scale_; ++x)
-            led.push_back(mixed(gap, lit, coverage(x, y)));
+    Led led{dot, {}};
+    led.pixels.reserve(coverage_.size());
+    for (const int share : coverage_)
+        led.pixels.push_back(mixed(gap, lit, share));
     return led;
-}
-
-double LedPainter::coverage(int x, int y) const {
-    if (scale_ < kSmallestWithGap)
-        return 1;
-    constexpr int samples = 8; // along each side
-    int covered = 0;
-    for (int row = 0; row < samples; ++row)
-        for (int column = 0; column < samples; ++column) {
-            const double across = (x + (column + 0.5) / samples) / scale_ - 0.5;
-            const double down = (y + (row + 0.5) / samples) / scale_ - 0.5;
-            covered += across * across + down * down < kRadius * kRadius;
-        }
-    return covered / double{samples * samples};
 }
 
 } // namespace qrtVistrelClasses4

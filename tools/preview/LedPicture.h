@@ -4,7 +4,6 @@
 #include "fonts/PixelBuffer.h"
 
 #include <cstdint>
-#include <unordered_map>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
@@ -23,15 +22,20 @@ public:
     void draw(const PixelBuffer& dots, PixelBuffer& picture, std::int32_t left, std::int32_t top);
 
 private:
-    std::int32_t rim() const { return scale_ / 2 + 1; }
     /// The square of pixels that shows a dot, row by row.
-    const Color* ledFor(Color dot);
-    std::vector<Color> makeLed(Color dot) const;
-    /// How much of a pixel the dot covers, from 0 to 1, the pixel's offsets being those in its square.
-    double coverage(int x, int y) const;
+    struct Led {
+        Color dot = 0;
+        std::vector<Color> pixels;
+    };
+
+    std::int32_t rim() const { return scale_ / 2 + 1; }
+    const Led& ledFor(Color dot);
+    Led makeLed(Color dot) const;
 
     int scale_;
-    std::unordered_map<Color, std::vector<Color>> leds_; ///< By the colour of the dot.
+    std::vector<int> coverage_; ///< How much of each pixel of the square a dot covers.
+    Led dark_;
+    Led lit_; ///< The last one drawn: most neighbours are of its colour or dark.
 };
 
 } // namespace qrtVistrelClasses4

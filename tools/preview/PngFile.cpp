@@ -15,8 +15,7 @@ namespace {
 constexpr std::size_t kChannels = 3;
 
 void appendColor(std::vector<std::uint8_t>& bytes, Color color) {
-    for (const int shift : {0, 8, 16})
-        bytes.push_back(static_cast<std::uint8_t>(color >> shift));
+    bytes.insert(bytes.end(), {RedOf(color), GreenOf(color), BlueOf(color)});
 }
 
 /// Colours by the number that a palette gives them.

@@ -35,21 +35,17 @@ Color ledColor(std::string_view name) {
     return found == std::end(kLedColors) ? kAmber : found->color;
 }
 
-unsigned redOf(Color color) { return color & 0xff; }
-unsigned greenOf(Color color) { return color >> 8 & 0xff; }
-unsigned blueOf(Color color) { return color >> 16 & 0xff; }
-
 /// `brightness` up to 255.
 Color scaled(Color color, unsigned brightness) {
     const auto part = [&](unsigned channel) { return static_cast<std::uint8_t>(channel * brightness / 255); };
-    return Rgb(part(redOf(color)), part(greenOf(color)), part(blueOf(color)));
+    return Rgb(part(RedOf(color)), part(GreenOf(color)), part(BlueOf(color)));
 }
 
 } // namespace
 
 Color SignLook::dotFor(Color pixel) const {
     // A saturated blue is as bright a light as white is.
-    const unsigned brightness = std::max({redOf(pixel), greenOf(pixel), blueOf(pixel)});
+    const unsigned brightness = std::max({RedOf(pixel), GreenOf(pixel), BlueOf(pixel)});
     if (brightness < kDarkest)
         return 0;
     return showsColors ? pixel : scaled(color, brightness);

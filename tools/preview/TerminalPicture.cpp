@@ -13,20 +13,18 @@ constexpr const char* kBackColor = "\x1b[48;2;";
 constexpr const char* kUsualColors = "\x1b[0m";
 constexpr const char* kUpperHalf = "\xe2\x96\x80";
 
-unsigned channelOf(Color color, int shift) { return color >> shift & 0xff; }
-
 /// Sets one of the terminal's two colours when it changes.
 void setColor(std::ostream& out, const char* which, Color dot, std::optional<Color>& current) {
     const Color color = dot == 0 ? kDarkDot : dot;
     if (current == color)
         return;
     current = color;
-    out << which << channelOf(color, 0) << ';' << channelOf(color, 8) << ';' << channelOf(color, 16) << 'm';
+    out << which << int{RedOf(color)} << ';' << int{GreenOf(color)} << ';' << int{BlueOf(color)} << 'm';
 }
 
 char letterFor(Color dot) {
-    constexpr unsigned half = 128;
-    const unsigned brightness = std::max({channelOf(dot, 0), channelOf(dot, 8), channelOf(dot, 16)});
+    constexpr int half = 128;
+    const int brightness = std::max({RedOf(dot), GreenOf(dot), BlueOf(dot)});
     return dot == 0 ? '.' : brightness < half ? '+' : '#';
 }
 
