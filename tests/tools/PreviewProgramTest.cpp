@@ -125,7 +125,8 @@ TEST_F(Preview, TakesFont0ForOneThatIsMissingAndSaysSo) {
     const std::string inFont0 = ".#.\n...\n...\n...\n...\n...\n...\n.#.\n";
     for (const auto& [font, message] :
          std::vector<std::pair<std::string, std::string>>{{"nowhere.cff", "Could not find nowhere.cff"},
-                                                          {"12", "Error Loading Font. Could not find"},
+                                                          {"12", "a line has a custom font, but names none"},
+                                                          {"FSTND08.cmd", "FSTND08.cmd NOT FOUND"},
                                                           {"-1", "there is no font -1"},
                                                           {"9", "24x24.cmd"}}) {
         SCOPED_TRACE(font);

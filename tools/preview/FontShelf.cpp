@@ -20,19 +20,27 @@ classFontMaster& FontShelf::find(std::int16_t number, const std::string& customF
 
 std::shared_ptr<classFontMaster> FontShelf::load(const Key& key) {
     const auto& [number, customFont] = key;
+    const bool isCustom = number == kCustomFont;
     std::vector<std::string> messages;
     auto font = std::make_shared<classFontMaster>();
     font->UseNewFont(true);
     font->OnMessage([&](const std::string& message) { messages.push_back(message); });
-    const bool isLoaded = number == kCustomFont ? font->LoadFont(customFont, kSizeFromFile, kSizeFromFile)
-                                                : font->LoadFontByNum(number, signType_);
+    const bool isLoaded =
+        isCustom ? !customFont.empty() && font->LoadFont(customFont, kSizeFromFile, kSizeFromFile)
+                 : font->LoadFontByNum(number, signType_);
     font->OnMessage({});
-    if (isLoaded) // perhaps from another folder than the one named first, which is nobody's concern
+    // A font in another folder than the one named raises one message, which is nobody's concern; one that
+    // font 0 has replaced raises another.
+    if (isLoaded && messages.size() < 2)
         return font;
+    if (isCustom && customFont.empty())
+        messages.emplace_back("a line has a custom font, but names none");
     if (number < 0)
         messages.push_back("there is no font " + std::to_string(number));
     for (const std::string& message : messages)
         errors_.add(message);
+    if (isLoaded)
+        return font;
     if (number == 0) {
         font->FontSizeByNum(0);
         return font;
