@@ -138,8 +138,10 @@ DotSize FramePainter::sizeOfMedium(const std::string& path) {
 
 void FramePainter::draw(const FrameRecord& frame, PixelBuffer& dots) {
     if (!IsOverlay(frame)) {
-        const auto background = static_cast<Color>(frame.WinBackColor) & 0xffffff;
-        dots.fill(0, 0, dots.width(), dots.height(), sign_.showsColors ? background : 0);
+        const bool isSystemColor = frame.WinBackColor < 0; // of the computer it was made on, not the sign's
+        const bool isDark = isSystemColor || !sign_.showsColors;
+        dots.fill(0, 0, dots.width(), dots.height(),
+                  isDark ? 0 : static_cast<Color>(frame.WinBackColor) & 0xffffff);
     }
     if (const std::string medium = mediumOf(frame); !medium.empty())
         drawMedium(medium, dots);
