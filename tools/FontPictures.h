@@ -50,7 +50,8 @@ std::string FontPicturesText(const FontPictures& font);
 FontPictures PicturesOf(const Font& font);
 
 enum class FontLayout {
-    sized, ///< Characters 32 to 127; those without a picture become letters without a width.
+    sized, ///< Characters 32 to 127; those without a picture have no dots and no width, but the gap of high
+           ///< fonts.
     header ///< The characters that there are pictures of.
 };
 
