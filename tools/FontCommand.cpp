@@ -1,5 +1,6 @@
 // vistrel font: fonts of signs, shown, made from pictures, and checked against playfiles.
 #include "frame/RuntimeError.h"
+#include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/ReplacementFile.h"
 #include "playfile/FrameInfoClass.h"
@@ -14,10 +15,6 @@
 #include "tools/Opening.h"
 #include "tools/Table.h"
 #include "tools/preview/FramePicture.h"
-
-#include <algorithm>
-#include <array>
-#include <cctype>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -34,21 +31,19 @@ struct FontOptions {
     bool json = false;
     bool asSource = false;
     bool header = false;
+    bool quiet = false;
 };
 
 /// That of the numbered font whose file has this name.
 std::optional<CellSize> sizeOfNumberedFont(std::string_view name) {
-    constexpr std::array<std::int16_t, 2> signTypes{0, 16}; // of which the second has a font of its own
-    const auto isName = [name](std::string_view other) {
-        return std::ranges::equal(
-            name, other, {}, [](unsigned char c) { return std::tolower(c); },
-            [](unsigned char c) { return std::tolower(c); });
-    };
+    constexpr std::int16_t ordinarySign = 0;
+    constexpr std::int16_t signWithOwnFont = 16;
     for (std::int16_t number = 0; number < kNumberedFonts; ++number)
-        for (const std::int16_t signType : signTypes)
-            for (const bool isNew : {false, true})
-                if (isName(clsFontSizes::FontFile(number, signType, isNew)))
-                    return clsFontSizes::FontSize(number);
+        for (const std::string_view file : {clsFontSizes::FontFile(number, ordinarySign, false),
+                                            clsFontSizes::FontFile(number, ordinarySign, true),
+                                            clsFontSizes::FontFile(number, signWithOwnFont, true)})
+            if (EqualIgnoringAsciiCase(name, file))
+                return clsFontSizes::FontSize(number);
     return std::nullopt;
 }
 
@@ -110,8 +105,9 @@ ExitCode make(const FontOptions& options, Session& session) {
     ReplacementFile file(files, options.file);
     Check(file.write(options.header ? HeaderFontBytes(*font) : SizedFontBytes(*font)));
     Check(file.commit());
-    session.out << Visible(options.file) << ": " << pictures->letters.size() << " letters of " << font->width
-                << " x " << font->height << " dots\n";
+    if (!options.quiet)
+        session.out << Visible(options.file) << ": " << pictures->letters.size() << " letters of "
+                    << font->width << " x " << font->height << " dots\n";
     return ExitCode::done;
 }
 
@@ -195,6 +191,7 @@ void AddFontCommand(CLI::App& program, Session& session) {
     addSize(*makeCommand, "Size to enlarge the letters to, a whole number of times higher");
     makeCommand->add_flag("--header", options->header,
                           "Writes size and characters, too; else a font holds the characters 32 to 127");
+    makeCommand->add_flag("--quiet", options->quiet, "Says nothing of a font that is made");
 
     CLI::App* checkCommand =
         add("check", &check, "Tells which characters a playfile needs and a font lacks, codes as in previews",
