@@ -3,15 +3,6 @@
 #include <algorithm>
 
 namespace qrtVistrelClasses4 {
-namespace {
-
-constexpr int kLargestHeightWithoutGap = 8;
-constexpr int kGap = 3;
-
-constexpr int kMostColumns = 100; ///< Cells that are wider have no dots.
-constexpr int kMostGroups = 3;
-
-} // namespace
 
 std::optional<Letter> Letter::find(const Font& font, char character) {
     const std::int32_t offset = font.glyphOffset(character);
@@ -22,13 +13,13 @@ std::optional<Letter> Letter::find(const Font& font, char character) {
 
 Letter::Letter(const Font& font, std::size_t glyph)
     : font_(&font), bitmap_(glyph + 1),
-      cellWidth_(font.store[glyph] + (font.height > kLargestHeightWithoutGap ? kGap : 0)) {}
+      cellWidth_(font.store[glyph] + (font.height > kHighestWithOwnGap ? kGapBehindLetters : 0)) {}
 
 int Letter::groups() const {
     const int columns = std::min<int>(font_->width, cellWidth_);
-    if (columns < 0 || columns > kMostColumns)
+    if (columns < 0 || columns > kWidestDrawnCell)
         return 0;
-    return std::clamp((columns + kDotsInByte - 1) / kDotsInByte, 1, kMostGroups);
+    return std::clamp((columns + kDotsInByte - 1) / kDotsInByte, 1, kMostDrawnColumns / kDotsInByte);
 }
 
 std::optional<std::uint8_t> Letter::dots(int group, int row) const {

@@ -10,6 +10,14 @@ namespace qrtVistrelClasses4 {
 
 inline constexpr int kDotsInByte = 8;
 
+/// Fonts up to this height have the gap between letters in the letters, as their last column. Behind letters
+/// of higher ones a gap of `kGapBehindLetters` is added.
+inline constexpr int kHighestWithOwnGap = 8;
+inline constexpr int kGapBehindLetters = 3;
+
+inline constexpr int kWidestDrawnCell = 100; ///< Cells that are wider have no dots.
+inline constexpr int kMostDrawnColumns = 24; ///< Of a letter.
+
 /// Refers to its font. Columns of dots are numbered from 0, in groups of eight; rows from 0, from the top.
 class Letter {
 public:

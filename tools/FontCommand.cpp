@@ -6,6 +6,7 @@
 #include "playfile/FrameInfoClass.h"
 #include "tools/Commands.h"
 #include "tools/Encoding.h"
+#include "tools/FileStart.h"
 #include "tools/FontGallery.h"
 #include "tools/FontNeeds.h"
 #include "tools/FontPictures.h"
@@ -23,7 +24,7 @@ using nlohmann::ordered_json;
 
 struct FontOptions {
     std::string file;
-    std::string size; ///< Empty: that of the font.
+    std::optional<DotSize> size; ///< None: that of the font.
     std::string source;
     std::string playfile;
     std::optional<Moment> at;
@@ -50,12 +51,11 @@ std::optional<CellSize> sizeOfNumberedFont(std::string_view name) {
 /// None after telling why.
 std::optional<Font> loadFont(const FontOptions& options, ErrorLines& errors) {
     errors.about(options.file);
-    const FileBytes file = ValueOf(platform().files().read(options.file));
-    const std::optional<CellSize> size = options.size.empty()
-                                             ? sizeOfNumberedFont(SplitPath(options.file).name)
-                                             : CellSizeFromText(options.size);
-    std::optional<Font> font = size ? ParseFont(file.text(), size->width, size->height)
-                                    : ParseFont(file.text(), kSizeFromFile, kSizeFromFile);
+    const std::string file = FileStart(options.file, kLargestFontFile);
+    const std::optional<CellSize> size =
+        options.size ? CellSizeOf(*options.size) : sizeOfNumberedFont(SplitPath(options.file).name);
+    std::optional<Font> font =
+        size ? ParseFont(file, size->width, size->height) : ParseFont(file, kSizeFromFile, kSizeFromFile);
     if (!font)
         errors.add("ends before its letters start; a font without a header needs --size");
     return font;
@@ -88,13 +88,21 @@ ExitCode show(const FontOptions& options, Session& session) {
     return ExitCode::done;
 }
 
+/// None after telling why.
+std::optional<FontPictures> readPictures(const std::string& path, ErrorLines& errors) {
+    constexpr std::size_t largest = std::size_t{4} << 20; // twice what pictures of the largest letters take
+    errors.about(path);
+    const std::string source = FileStart(path, largest + 1);
+    if (source.size() <= largest)
+        return ReadFontPictures(source, errors);
+    errors.add("is larger than " + std::to_string(largest) + " bytes");
+    return std::nullopt;
+}
+
 ExitCode make(const FontOptions& options, Session& session) {
-    session.errors.about(options.source);
-    FileSystem& files = platform().files();
-    const FileBytes source = ValueOf(files.read(options.source));
-    std::optional<FontPictures> pictures = ReadFontPictures(source.text(), session.errors);
-    if (pictures && !options.size.empty())
-        pictures = Enlarged(*pictures, *CellSizeFromText(options.size), session.errors);
+    std::optional<FontPictures> pictures = readPictures(options.source, session.errors);
+    if (pictures && options.size)
+        pictures = Enlarged(*pictures, CellSizeOf(*options.size), session.errors);
     if (!pictures)
         return ExitCode::failed;
     const FontLayout layout = options.header ? FontLayout::header : FontLayout::sized;
@@ -102,7 +110,7 @@ ExitCode make(const FontOptions& options, Session& session) {
     if (!font)
         return ExitCode::failed;
     session.errors.about(options.file);
-    ReplacementFile file(files, options.file);
+    ReplacementFile file(platform().files(), options.file);
     Check(file.write(options.header ? HeaderFontBytes(*font) : SizedFontBytes(*font)));
     Check(file.commit());
     if (!options.quiet)
@@ -165,11 +173,7 @@ void AddFontCommand(CLI::App& program, Session& session) {
         return &command;
     };
     const auto addSize = [&](CLI::App& command, const char* description) {
-        command.add_option("--size", options->size, description)
-            ->type_name("WxH")
-            ->check([](const std::string& text) {
-                return CellSizeFromText(text) ? "" : "takes width and height from 1 to 255, as in 6x8";
-            });
+        AddSizeOption(command, options->size, kLargestCellSide, description);
     };
     const char* const sizeOfFont =
         "Size of the letters, for a font without a header; known for fonts with the name of a numbered one";

@@ -1,5 +1,6 @@
 #include "tools/FontGallery.h"
 
+#include "fonts/Letter.h"
 #include "tools/Encoding.h"
 #include "tools/Table.h"
 
@@ -12,7 +13,7 @@ namespace {
 class Gallery {
 public:
     explicit Gallery(int height)
-        : gap_(height > kHighestWithGap ? kGapOfHighFonts : 0),
+        : gap_(height > kHighestWithOwnGap ? kGapBehindLetters : 0),
           lines_((static_cast<std::size_t>(height) + 1) / 2) {}
 
     std::size_t width() const { return WidthOf(characters_); }

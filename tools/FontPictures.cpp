@@ -1,26 +1,17 @@
 #include "tools/FontPictures.h"
 
+#include "fonts/Letter.h"
+
 #include <algorithm>
 #include <bitset>
-#include <charconv>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
-constexpr int kLargestByte = 255;
-constexpr int kDotsOfByte = 8;
+constexpr int kLargestCode = 255;
+constexpr int kMostLetters = 255;
 constexpr char kComment = ';';
 constexpr std::string_view kSizeKeyword = "size ";
-
-/// The whole of `text` as a number up to that of the largest byte.
-std::optional<std::int16_t> byteFromText(std::string_view text) {
-    std::int16_t number = 0;
-    const char* end = text.data() + text.size();
-    const auto [rest, error] = std::from_chars(text.data(), end, number);
-    if (error != std::errc() || rest != end || number < 0 || number > kLargestByte)
-        return std::nullopt;
-    return number;
-}
 
 class Reader {
 public:
@@ -61,19 +52,19 @@ private:
     }
 
     bool takeSize(std::string_view line, std::size_t number) {
-        std::optional<CellSize> cell;
+        std::optional<DotSize> size;
         if (line.starts_with(kSizeKeyword))
-            cell = CellSizeFromText(line.substr(kSizeKeyword.size()));
-        if (!cell)
+            size = SizeFromText(line.substr(kSizeKeyword.size()), kLargestCellSide);
+        if (!size)
             return tell(number, R"(has to be "size" with width and height, as in "size 6x8")");
-        font_.cell = *cell;
+        font_.cell = CellSizeOf(*size);
         return true;
     }
 
     bool takeLetter(std::string_view line, std::size_t number) {
         if (!isLetterComplete())
             return false;
-        const std::optional<std::int16_t> code = byteFromText(line.substr(0, line.find(' ')));
+        const auto code = NumberFromText(line.substr(0, line.find(' ')), 0, kLargestCode);
         if (!code)
             return tell(number, R"(neither a row of dots ("#" and ".") nor the code of a letter (0 to 255))");
         const auto index = static_cast<std::size_t>(*code);
@@ -110,7 +101,7 @@ private:
 
     ErrorLines& errors_;
     FontPictures font_;
-    std::bitset<kLargestByte + 1> seen_;
+    std::bitset<kLargestCode + 1> seen_;
 };
 
 /// Where the dot is in a letter's record: its byte, and its bit there.
@@ -120,8 +111,8 @@ struct DotPlace {
 };
 DotPlace placeOf(std::size_t offset, const Font& font, std::size_t column, std::size_t row) {
     constexpr unsigned leftmost = 0x80;
-    return {offset + 1 + column / kDotsOfByte * static_cast<std::size_t>(font.height) + row,
-            leftmost >> column % kDotsOfByte};
+    return {offset + 1 + column / kDotsInByte * static_cast<std::size_t>(font.height) + row,
+            leftmost >> column % kDotsInByte};
 }
 
 /// Dots beyond the letter's record or the store are dark.
@@ -151,9 +142,9 @@ void store(Font& font, std::size_t offset, const Picture& rows) {
 /// Columns that a row of the font's letters has bytes for and that drawing asks for; 0 when drawing asks for
 /// more than there are.
 int columnsOf(const Font& font) {
-    constexpr int widest = 100; // nothing of a wider font is drawn
-    const int wanted = std::min((font.width + kDotsOfByte - 1) / kDotsOfByte * kDotsOfByte, kMostColumns);
-    return font.bytesPerRow() * kDotsOfByte >= wanted && font.width <= widest ? wanted : 0;
+    const int wanted =
+        std::min((font.width + kDotsInByte - 1) / kDotsInByte * kDotsInByte, kMostDrawnColumns);
+    return font.bytesPerRow() * kDotsInByte >= wanted && font.width <= kWidestDrawnCell ? wanted : 0;
 }
 
 /// Why the letter has no place in `font`; empty when it has one.
@@ -177,17 +168,6 @@ std::string refusal(const Font& font, FontLayout layout, const LetterPicture& le
 }
 
 } // namespace
-
-std::optional<CellSize> CellSizeFromText(std::string_view text) {
-    const std::size_t cross = text.find('x');
-    if (cross == text.npos)
-        return std::nullopt;
-    const std::optional<std::int16_t> width = byteFromText(text.substr(0, cross));
-    const std::optional<std::int16_t> height = byteFromText(text.substr(cross + 1));
-    if (width.value_or(0) == 0 || height.value_or(0) == 0)
-        return std::nullopt;
-    return CellSize{*width, *height};
-}
 
 std::optional<FontPictures> ReadFontPictures(std::string_view text, ErrorLines& errors) {
     return Reader(errors).read(text);
@@ -222,7 +202,7 @@ FontPictures PicturesOf(const Font& font) {
 }
 
 std::optional<Font> FontOf(const FontPictures& pictures, FontLayout layout, ErrorLines& errors) {
-    if (pictures.letters.empty() || pictures.letters.size() > kLargestByte) {
+    if (pictures.letters.empty() || pictures.letters.size() > kMostLetters) {
         errors.add("a font has 1 to 255 letters, not " + std::to_string(pictures.letters.size()));
         return std::nullopt;
     }

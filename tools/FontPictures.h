@@ -4,6 +4,7 @@
 #include "fonts/FontFile.h"
 #include "fonts/clsFontSizes.h"
 #include "tools/ErrorLines.h"
+#include "tools/Size.h"
 
 #include <cstddef>
 #include <optional>
@@ -15,14 +16,6 @@ namespace qrtVistrelClasses4 {
 
 inline constexpr char kLitDot = '#';
 inline constexpr char kDarkDot = '.';
-
-/// Fonts up to this height keep the gap between letters in the letters, as their last column. Drawing adds
-/// `kGapOfHighFonts` dots to the letters of higher ones.
-inline constexpr int kHighestWithGap = 8;
-inline constexpr int kGapOfHighFonts = 3;
-
-/// Drawing takes three bytes of a row, and leaves what follows.
-inline constexpr int kMostColumns = 24;
 
 /// Rows of dots from the top, as many characters each as the letter is wide.
 using Picture = std::vector<std::string>;
@@ -38,8 +31,13 @@ struct FontPictures {
     std::vector<LetterPicture> letters;
 };
 
-/// "6x8" for cells of 6 by 8 dots. None unless both are numbers from 1 to 255.
-std::optional<CellSize> CellSizeFromText(std::string_view text);
+/// The largest cell that a font can have is as wide and as high.
+inline constexpr std::int16_t kLargestCellSide = 255;
+
+/// `size` is one up to `kLargestCellSide`.
+constexpr CellSize CellSizeOf(DotSize size) {
+    return {static_cast<std::int16_t>(size.width), static_cast<std::int16_t>(size.height)};
+}
 
 /// None after telling of the first line that is wrong.
 std::optional<FontPictures> ReadFontPictures(std::string_view text, ErrorLines& errors);

@@ -1,5 +1,7 @@
 #include "tools/FontScaling.h"
 
+#include "fonts/Letter.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdlib>
@@ -92,16 +94,16 @@ std::optional<FontPictures> Enlarged(const FontPictures& font, CellSize cell, Er
         return std::nullopt;
     }
     const int factor = cell.height / font.cell.height;
-    const bool loseGap = font.cell.height <= kHighestWithGap && cell.height > kHighestWithGap;
+    const bool loseGap = font.cell.height <= kHighestWithOwnGap && cell.height > kHighestWithOwnGap;
     FontPictures large{cell, font.letters};
     for (LetterPicture& letter : large.letters) {
         if (loseGap)
             letter.rows = withoutGap(std::move(letter.rows));
         const std::size_t width = letter.rows.front().size() * static_cast<std::size_t>(factor);
-        if (width > kMostColumns) {
+        if (width > kMostDrawnColumns) {
             errors.add("line " + std::to_string(letter.line) + ": letter " + std::to_string(letter.code) +
                        " would become " + std::to_string(width) + " dots wide, and no more than " +
-                       std::to_string(kMostColumns) + " are ever drawn");
+                       std::to_string(kMostDrawnColumns) + " are ever drawn");
             return std::nullopt;
         }
         letter.rows = Enlarged(letter.rows, factor);

@@ -1,6 +1,7 @@
 // vistrel preview: frames as the sign shows them.
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
+#include "platform/posix/StandardStreams.h"
 #include "tools/Commands.h"
 #include "tools/Encoding.h"
 #include "tools/Moment.h"
@@ -11,11 +12,7 @@
 #include "tools/preview/PngFile.h"
 #include "tools/preview/TerminalPicture.h"
 
-#include <algorithm>
-#include <filesystem>
-#include <istream>
 #include <limits>
-#include <system_error>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -27,29 +24,14 @@ constexpr int kScaleOfFrame = 6;
 constexpr int kScaleOfSheet = 3;
 
 constexpr std::int64_t kMostPixels = 100'000'000;
+constexpr std::int64_t kMostDotsInText = 4'000'000;
 constexpr std::int64_t kLargestSide = 1'000'000; ///< Of a PNG, by its library.
-
-/// Not an aggregate: options would take its first number alone, too.
-struct TypedSize {
-    TypedSize() = default;
-    DotSize size;
-};
-
-/// "128x32".
-std::istream& operator>>(std::istream& in, TypedSize& typed) {
-    char by = '\0';
-    in >> typed.size.width >> by >> typed.size.height;
-    const auto isAllowed = [](std::int32_t side) { return side >= 1 && side <= kMost16Bit; };
-    if ((by != 'x' && by != 'X') || !isAllowed(typed.size.width) || !isAllowed(typed.size.height))
-        in.setstate(std::ios::failbit);
-    return in;
-}
 
 struct PreviewOptions {
     std::string file;
     std::int16_t frame = 1;
     bool sheet = false;
-    std::optional<TypedSize> size;
+    std::optional<DotSize> size;
     std::string sign;
     int scale = 0;   ///< 0: what suits.
     std::string out; ///< Empty: the terminal.
@@ -76,7 +58,7 @@ public:
           painter_(makePainter(sign, options.file, session.errors)),
           first_(options.sheet ? 1 : options.frame),
           last_(options.sheet ? frames_.upperBound() : options.frame),
-          size_(options.size ? options.size->size
+          size_(options.size ? *options.size
                 : sign.size  ? *sign.size
                              : painter_.sizeFor(frames_)) {}
 
@@ -109,10 +91,13 @@ private:
     }
 
     ExitCode print() {
-        if (!isDrawable(size_.width, std::int64_t{size_.height} * (last_ - first_ + 1)))
+        const std::int64_t count = std::int64_t{size_.width} * size_.height * (last_ - first_ + 1);
+        if (count > kMostDotsInText) {
+            session_.errors.add(std::to_string(count) + " dots are too many for text: at most " +
+                                std::to_string(kMostDotsInText) + " are printed, more in a file with --out");
             return ExitCode::failed;
-        std::error_code ignored;
-        const bool isTerminal = std::filesystem::is_character_file("/dev/stdout", ignored);
+        }
+        const bool isTerminal = IsTerminal(StandardStream::output);
         show([&](std::int32_t number, const PixelBuffer& dots) {
             if (options_.sheet)
                 session_.out << Visible(Utf8FromAnsi(caption(number))) << '\n';
@@ -200,11 +185,9 @@ void AddPreviewCommand(CLI::App& program, Session& session) {
                       ->check(CLI::Range(1, kMost16Bit));
     command.add_flag("--sheet", options->sheet, "Shows all frames, with their numbers and names")
         ->excludes(frame);
-    command
-        .add_option("--size", options->size,
-                    "Dots of the sign, from 1x1 to 32767x32767; else the size of --sign, else one that takes "
-                    "all texts that stand still, and pictures, of the playfile, up to 512x128")
-        ->type_name("WIDTHxHEIGHT");
+    AddSizeOption(command, options->size, kMost16Bit,
+                  "Dots of the sign, from 1x1 to 32767x32767; else the size of --sign, else one that takes "
+                  "all texts that stand still, and pictures, of the playfile, up to 512x128");
     command.add_option("--sign", options->sign,
                        "Name of a sign in the list of signs, whose size, type and colours are taken; else an "
                        "amber one");

@@ -193,7 +193,7 @@ TEST_F(Preview, HasASignThatTakesAllThatStandsStill) {
         {"as many lines", {{"", "1"}, {"", "1"}, {"A", "1"}, {"", "1"}}, "", "48x24"},
         {"the largest", std::vector<Line>(99, {std::string(9999, 'A')}), "", "512x128"},
         {"that of a sign in the list", {{"A"}}, "--sign gate", "96x16"},
-        {"the typed one before all", {{"A"}}, "--sign Gate --size 7x5", "7x5"},
+        {"the typed one before all", {{"A"}}, "--sign Gate --size 7X5", "7x5"},
     };
     for (const auto& [why, lines, options, size] : cases) {
         write({{lines}});
@@ -248,6 +248,8 @@ TEST_F(Preview, RefusesWhatCannotBeDrawn) {
         {"--size 5x32768", "--size", 2},
         {"--size 5", "--size", 2},
         {"--size 5x5x5", "--size", 2},
+        {"--size ' 5x5'", "--size", 2},
+        {"--size 5x-5", "--size", 2},
         {"--size 99999999999x5", "--size", 2},
         {"--out p.png --scale 0", "--scale", 2},
         {"--out p.png --scale 65", "--scale", 2},
@@ -256,7 +258,7 @@ TEST_F(Preview, RefusesWhatCannotBeDrawn) {
         {"--frame 0", "--frame", 2},
         {"--frame 2", "there is no frame 2, the last one is 1", 1},
         {"--sign Nowhere", "Nowhere: there is no sign of that name", 1},
-        {"--size 32767x32767", "a picture of 32767 x 32767 pixels is too large", 1},
+        {"--size 2001x2000", "4002000 dots are too many for text", 1},
         {"--size 32767x32767 --scale 64 --out p.png", "2097154 x 2097154 pixels is too large", 1},
         {"--size 32767x1 --scale 64 --out p.png", "is too large", 1},
         {"--size 30000x30000 --sheet --out p.png", "is too large", 1},

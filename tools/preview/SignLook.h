@@ -3,18 +3,13 @@
 
 #include "fonts/DrawingTarget.h"
 #include "tools/ErrorLines.h"
+#include "tools/Size.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
 
 namespace qrtVistrelClasses4 {
-
-/// A size in dots.
-struct DotSize {
-    std::int32_t width = 0;
-    std::int32_t height = 0;
-};
 
 inline constexpr Color kAmber = Rgb(255, 170, 0);
 

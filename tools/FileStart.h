@@ -1,0 +1,12 @@
+// Files of which only so much can be of use.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace qrtVistrelClasses4 {
+
+/// The file's first bytes, `most` at the most. Raises the file system's errors.
+std::string FileStart(const std::string& path, std::size_t most);
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,29 @@
+// Sizes in dots, and how they are typed.
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace qrtVistrelClasses4 {
+
+/// A size in dots.
+struct DotSize {
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+};
+
+/// The whole of `text`, digits alone, as a number from `least` to `most`.
+std::optional<std::int32_t> NumberFromText(std::string_view text, std::int32_t least, std::int32_t most);
+
+/// "128x32" or "128X32". None unless both are numbers from 1 to `largest`.
+std::optional<DotSize> SizeFromText(std::string_view text, std::int32_t largest);
+
+/// "--size", which takes sizes up to `largest`. `size` must outlive the command.
+void AddSizeOption(CLI::App& command, std::optional<DotSize>& size, std::int32_t largest,
+                   const std::string& description);
+
+} // namespace qrtVistrelClasses4
