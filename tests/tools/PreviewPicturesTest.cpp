@@ -31,6 +31,12 @@ std::string bmp(unsigned bits, const std::string& rows, std::int32_t height = 2,
            bytesOf(compression, 4) + bytesOf(0, 12) + bytesOf(colors, 4) + bytesOf(0, 4) + palette + rows;
 }
 
+/// The same with masks behind the header.
+std::string withMasks(unsigned bits, const std::string& masks, const std::string& rows) {
+    constexpr unsigned bitFields = 3;
+    return bmp(bits, masks + rows, 2, bitFields).replace(10, 1, 1, static_cast<char>(54 + masks.size()));
+}
+
 using Pixels = std::vector<std::vector<Color>>;
 
 Pixels pixelsOf(const PixelBuffer& picture) {
@@ -43,6 +49,10 @@ Pixels pixelsOf(const PixelBuffer& picture) {
 TEST(BmpFile, IsReadInEveryUncompressedForm) {
     const std::string lower24("\0\0\xff\0\xff\0\xff\0\0\0\0\0", 12), upper24(12, '\0');
     const std::string lower32("\0\0\xff\x7f\0\xff\0\0\xff\0\0\0", 12), upper32(12, '\0');
+    const std::string fiveBits("\0\x7c\xe0\x03\x1f\0\0\0", 8), upper16(8, '\0');
+    const std::string sixGreens("\0\xf8\xe0\x07\x1f\0\0\0", 8);
+    const std::string masks565 = bytesOf(0xf800, 4) + bytesOf(0x7e0, 4) + bytesOf(0x1f, 4);
+    const std::string masks888 = bytesOf(0xff0000, 4) + bytesOf(0xff00, 4) + bytesOf(0xff, 4);
     const Pixels colors{{0, 0, 0}, {kRed, kGreen, kBlue}};
     const struct {
         const char* why;
@@ -57,6 +67,9 @@ TEST(BmpFile, IsReadInEveryUncompressedForm) {
         {"numbers beyond the palette are black", bmp(8, std::string("\1\2\3\0\4\xff\0\0", 8)), colors},
         {"three bytes a pixel", bmp(24, lower24 + upper24), colors},
         {"four, one of them unused", bmp(32, lower32 + upper32), colors},
+        {"two, of five bits a colour", bmp(16, fiveBits + upper16), colors},
+        {"two, with masks", withMasks(16, masks565, sixGreens + upper16), colors},
+        {"four, with masks", withMasks(32, masks888, lower32 + upper32), colors},
         {"the topmost row first", bmp(24, upper24 + lower24, -2), colors},
     };
     for (const auto& [why, file, pixels] : cases) {
@@ -79,7 +92,7 @@ TEST(BmpFile, IsNoPictureInAnyOtherForm) {
         std::string file;
     } cases[] = {
         {"compressed", bmp(8, rows, 2, 1)},
-        {"five bits a colour", bmp(16, rows)},
+        {"masks for a palette's numbers", bmp(8, rows, 2, 3)},
         {"no bits at all", bmp(0, rows)},
         {"no rows", bmp(24, rows, 0)},
         {"a height without a positive one", bmp(24, rows, INT32_MIN)},
@@ -119,8 +132,8 @@ TEST(Png, HoldsThePixelsForAnyDecoder) {
     }
 }
 
-/// "#" for a pixel of a lit dot, "o" for one of a dark dot or of a lit one's glow, "." for a gap, "-" for one
-/// left alone.
+/// "#" for a pixel of a lit dot, "o" for one of a dark dot, of a lit one's glow or of the rim, "." for a gap,
+/// "-" for one left alone.
 std::vector<std::string> looksOf(const PixelBuffer& picture) {
     std::vector<std::string> rows;
     for (const auto& row : pixelsOf(picture)) {
@@ -141,13 +154,13 @@ TEST(LedPicture, ShowsLitDotsDarkDotsAndGaps) {
         int scale;
         std::vector<std::string> looks;
     } cases[] = {
-        {1, {"------", "-....-", "-.o#.-", "-....-"}},
+        {1, {"------", "-oooo-", "-oo#o-", "-oooo-"}},
         {2,
-         {"----------", "-........-", "-........-", "-..oo##..-", "-..oo##..-", "-........-", "-........-"}},
+         {"----------", "-oooooooo-", "-oooooooo-", "-oooo##oo-", "-oooo##oo-", "-oooooooo-", "-oooooooo-"}},
         {5,
-         {"------------------", "-................-", "-................-", "-................-",
-          "-........o###o...-", "-....ooo.#####...-", "-....ooo.#####...-", "-....ooo.#####...-",
-          "-........o###o...-", "-................-", "-................-", "-................-"}},
+         {"------------------", "-oooooooooooooooo-", "-oooooooooooooooo-", "-oooooooooooooooo-",
+          "-ooo.....o###oooo-", "-ooo.ooo.#####ooo-", "-ooo.ooo.#####ooo-", "-ooo.ooo.#####ooo-",
+          "-ooo.....o###oooo-", "-oooooooooooooooo-", "-oooooooooooooooo-", "-oooooooooooooooo-"}},
     };
     for (const auto& [scale, looks] : cases) {
         SCOPED_TRACE(scale);

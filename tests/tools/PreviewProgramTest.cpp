@@ -166,13 +166,18 @@ TEST_F(Preview, DrawsPicturesThatItFindsAndBoxesForOtherFiles) {
            {{{"A"}}, FRAME_GRAPHIC, false, "dots.bmp"},
            {{}, FRAME_GRAPHIC, false, "C:\\x.avi"},
            {{}, FRAME_CMD, false, "x"},
-           {{{"A"}}, FRAME_TEXT, false, "dots.bmp"}});
+           {{{"A"}}, FRAME_TEXT, false, "dots.bmp"},
+           {{}, FRAME_GRAPHIC, false, "x.bmp"}});
     EXPECT_EQ(shown("--size 3x3"), "##.\n+..\n...\n") << "found beside the playfile";
     EXPECT_EQ(shown("--size 3x3 --frame 2"), "##.\n+##\n.#.\n") << "text over it";
     EXPECT_EQ(shown("--size 1x2 --frame 3"), "#\n+\n") << "without text, cut off by the sign";
     EXPECT_EQ(shown("--size 5x12 --frame 4"), box);
     EXPECT_EQ(shown("--size 5x12 --frame 5"), box);
     EXPECT_EQ(shown("--size 3x3 --frame 6"), ".#.\n.##\n.#.\n") << "only text";
+    std::ofstream(vistrel.inHome("x.bmp")) << "BM, and no more";
+    const Outcome unreadable = vistrel.run("preview signs --size 5x12 --frame 7");
+    EXPECT_EQ(unreadable.exitCode, 1);
+    EXPECT_THAT(unreadable.err, HasSubstr("signs: x.bmp cannot be drawn"));
 }
 
 /// Width and height of a plain picture, such as "48x16".

@@ -1,6 +1,7 @@
 #include "tools/preview/BmpFile.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 
@@ -9,7 +10,19 @@ namespace {
 
 constexpr std::size_t kFileHeaderSize = 14;
 constexpr std::size_t kSmallestHeader = 40; ///< Older headers have narrower fields.
+constexpr std::size_t kMasks = 54;          ///< In longer headers, or behind this one.
+constexpr std::size_t kMasksSize = 12;
+
+/// How pixels stand in the file.
 constexpr std::uint32_t kUncompressed = 0;
+constexpr std::uint32_t kBitFields = 3; ///< As numbers, with masks for their colours.
+
+/// The bits of a pixel that hold each colour.
+struct Masks {
+    std::uint32_t red, green, blue;
+};
+constexpr Masks kByteMasks{0xff0000, 0xff00, 0xff};
+constexpr Masks kFiveBitMasks{0x7c00, 0x3e0, 0x1f};
 
 std::uint8_t byteAt(std::string_view bytes, std::size_t at) { return static_cast<std::uint8_t>(bytes[at]); }
 
@@ -21,7 +34,7 @@ std::uint32_t longAt(std::string_view bytes, std::size_t at) {
     return shortAt(bytes, at) | static_cast<std::uint32_t>(shortAt(bytes, at + 2)) << 16;
 }
 
-/// Colours stand as blue, green, red.
+/// Colours of palettes stand as blue, green, red.
 Color colorAt(std::string_view bytes, std::size_t at) {
     return Rgb(byteAt(bytes, at + 2), byteAt(bytes, at + 1), byteAt(bytes, at));
 }
@@ -34,11 +47,14 @@ struct Header {
     std::int64_t height; ///< Below 0 when the first row is the topmost.
     unsigned bits;       ///< Of a pixel.
     std::uint32_t compression;
+    Masks masks; ///< Of pixels without a palette.
 
     bool isReadable() const {
         const auto fits = [](std::int64_t side) { return side >= 1 && side <= kLargestBmpSide; };
-        const bool hasKnownBits = bits == 1 || bits == 4 || bits == 8 || bits == 24 || bits == 32;
-        return fits(width) && fits(rows()) && hasKnownBits && compression == kUncompressed;
+        const bool mayHaveMasks = bits == 16 || bits == 32;
+        const bool isPlain = bits == 1 || bits == 4 || bits == 8 || bits == 24 || mayHaveMasks;
+        return fits(width) && fits(rows()) &&
+               ((compression == kUncompressed && isPlain) || (compression == kBitFields && mayHaveMasks));
     }
     std::int32_t rows() const { return static_cast<std::int32_t>(height < 0 ? -height : height); }
     /// Bytes of a row, which ends at a multiple of four.
@@ -58,7 +74,13 @@ std::optional<Header> parseHeader(std::string_view bytes) {
                   static_cast<std::int32_t>(longAt(bytes, 18)),
                   static_cast<std::int32_t>(longAt(bytes, 22)),
                   shortAt(bytes, 28),
-                  longAt(bytes, 30)};
+                  longAt(bytes, 30),
+                  shortAt(bytes, 28) == 16 ? kFiveBitMasks : kByteMasks};
+    if (header.compression == kBitFields) {
+        if (bytes.size() < kMasks + kMasksSize)
+            return std::nullopt;
+        header.masks = {longAt(bytes, kMasks), longAt(bytes, kMasks + 4), longAt(bytes, kMasks + 8)};
+    }
     if (!header.isReadable() || header.pixels > bytes.size() ||
         bytes.size() - header.pixels < header.rowSize() * static_cast<std::size_t>(header.rows()))
         return std::nullopt;
@@ -75,6 +97,24 @@ Color paletteColor(const Header& header, std::string_view bytes, std::string_vie
     return number < header.colors ? colorAt(bytes, header.palette + number * std::size_t{4}) : Color{0};
 }
 
+/// The bits of `mask` as a colour's brightness, up to 255.
+std::uint8_t brightness(std::uint32_t pixel, std::uint32_t mask) {
+    if (mask == 0)
+        return 0;
+    const int shift = std::countr_zero(mask);
+    const std::uint64_t brightest = mask >> shift;
+    return static_cast<std::uint8_t>(((pixel & mask) >> shift) * std::uint64_t{255} / brightest);
+}
+
+Color maskedColor(const Header& header, std::string_view row, std::size_t x) {
+    const std::size_t size = header.bits / 8;
+    std::uint32_t pixel = 0;
+    for (std::size_t byte = size; byte-- > 0;)
+        pixel = pixel << 8 | byteAt(row, x * size + byte);
+    return Rgb(brightness(pixel, header.masks.red), brightness(pixel, header.masks.green),
+               brightness(pixel, header.masks.blue));
+}
+
 } // namespace
 
 std::optional<PixelBuffer> ParseBmp(std::string_view bytes) {
@@ -88,8 +128,7 @@ std::optional<PixelBuffer> ParseBmp(std::string_view bytes) {
             bytes.substr(header->pixels + static_cast<std::size_t>(y) * header->rowSize(), header->rowSize());
         std::size_t x = 0;
         for (Color& pixel : picture.row(header->height < 0 ? y : rows - 1 - y)) {
-            pixel = header->bits <= 8 ? paletteColor(*header, bytes, row, x)
-                                      : colorAt(row, x * (header->bits / 8));
+            pixel = header->bits <= 8 ? paletteColor(*header, bytes, row, x) : maskedColor(*header, row, x);
             ++x;
         }
     }

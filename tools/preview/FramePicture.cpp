@@ -84,7 +84,7 @@ OneBasedArray<FrameRecord> ReadFrames(FrameInfoClass& playfile) {
 }
 
 FramePainter::FramePainter(const SignLook& sign, ErrorLines& errors)
-    : sign_(sign), fonts_(sign.type, errors) {}
+    : sign_(sign), fonts_(sign.type, errors), pictures_(errors) {}
 
 DotSize FramePainter::sizeFor(const OneBasedArray<FrameRecord>& frames) {
     DotSize size = kSmallestSign;

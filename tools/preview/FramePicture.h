@@ -24,7 +24,8 @@ bool HasText(const FrameRecord& frame);
 /// Draws frames of playfiles. A dot of the buffers is its colour, 0 for a dark one.
 class FramePainter {
 public:
-    /// `errors` hears of fonts that are missing, and must outlive the painter.
+    /// `errors` hears of fonts that are missing and pictures that cannot be read, and must outlive the
+    /// painter.
     FramePainter(const SignLook& sign, ErrorLines& errors);
 
     /// Size of a sign that shows all that stands still in the frames, within that of the largest signs.

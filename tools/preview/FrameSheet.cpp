@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -14,6 +15,15 @@ constexpr std::int32_t kCaptionHeight = 11; ///< Of a caption of scale 1.
 
 /// The width of a good sheet for its height.
 constexpr double kAspect = 1.5;
+
+/// As many of the text's letters as are no wider than `most` pixels together.
+std::string_view fitting(std::string_view text, classFontMaster& font, std::int64_t most) {
+    std::size_t count = 0;
+    for (std::int64_t width = 0; count < text.size(); ++count)
+        if (width += font.LetterWidth(std::string(1, text[count])); width > most)
+            break;
+    return text.substr(0, count);
+}
 
 } // namespace
 
@@ -42,12 +52,11 @@ void FrameSheet::add(const std::string& caption, const PixelBuffer& dots, classF
     captionFont.MagTimes(captionScale_);
     captionFont.FontColor(kCaption);
     std::int32_t width = 0;
-    captionFont.DrawText(caption, sheet, static_cast<float>(left - captionScale_), static_cast<float>(top), 0,
+    const std::string shown(fitting(caption, captionFont, cellWidth_ - kSpace));
+    captionFont.DrawText(shown, sheet, static_cast<float>(left - captionScale_), static_cast<float>(top), 0,
                          0, width);
     captionFont.MagTimes(1);
     painter_.draw(dots, sheet, left, belowCaption);
-    // A caption ends where its frame does.
-    sheet.fill(left + static_cast<std::int32_t>(cellWidth_) - kSpace, top, width, belowCaption - top, kPaper);
 }
 
 } // namespace qrtVistrelClasses4
