@@ -118,7 +118,7 @@ private:
     }
 
     RegistryTree tree_;
-    RegistryTree nothing_; ///< Stays empty.
+    const RegistryTree nothing_{};
 };
 
 /// Notes what is shown and answers as told beforehand; else `no`, or `ok` where that is the only button.

@@ -1,0 +1,63 @@
+// Any bytes as the command table, up to a NUL; then keys and byte strings to set, each up to a NUL.
+#include "commands/CommandTable.h"
+#include "Fuzz.h"
+#include "commands/clsCommandInterface.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+/// Sets the bytes in a plain list.
+void set(CommandTable& rows, const std::string& key, const std::string& bytes) {
+    if (key.empty() || bytes.empty())
+        return;
+    const auto isMeant = [&](const CommandInfoType& row) { return row.sCMDInfo[kCommandKey] == key; };
+    if (const auto row = std::ranges::find_if(rows, isMeant); row != rows.end()) {
+        row->sCMDInfo[kCommandBytes] = bytes;
+    } else {
+        rows.resize(rows.upperBound() + 1);
+        rows.at(rows.upperBound()) = {{key, bytes}};
+    }
+}
+
+bool comesBack(const std::string& text) { return text.find_first_of("\n\xff") == text.npos; }
+
+} // namespace
+
+void RunFuzzed(FuzzedInput input) {
+    TestHost host;
+    const std::string path = host.inLibrary(JoinPath("db", "VistrelLite.dat"));
+    const auto rowsInFile = [&] {
+        CommandTable rows = BuiltInCommands();
+        Require(ReadCommandRows(host.machine.files().content(path).value_or(""), rows), "rows have numbers");
+        return rows;
+    };
+    host.machine.files().put(path, input.text());
+    CommandTable rows = rowsInFile();
+    { const clsCommandInterface table; }
+    Require(rowsInFile() == rows, "every row is kept");
+
+    std::optional<clsCommandInterface> table(std::in_place);
+    bool allComeBack = true;
+    while (!input.atEnd()) {
+        const std::string key = input.text();
+        const std::string bytes = input.text();
+        table->sCommandBytesByKey(key, bytes);
+        set(rows, key, bytes);
+        allComeBack = allComeBack && comesBack(key) && comesBack(bytes);
+        Require(key.empty() || bytes.empty() || table->sCommandBytesByKey(key) == bytes,
+                "a key has the bytes set last");
+        Require(table->iTotalCommands() == rows.upperBound(), "a known key gets no row");
+    }
+    for (std::int16_t number = 1; number <= rows.upperBound(); ++number)
+        Require(table->sCommandKeyByNum(number) == rows.at(number).sCMDInfo[kCommandKey], "rows keep places");
+    table.reset();
+    for (std::int32_t number = 1; number <= BuiltInCommandCount(); ++number)
+        rows.at(number) = BuiltInCommands().at(number); // change in memory only
+    Require(!allComeBack || rowsInFile() == rows, "what was set comes back");
+    Require(host.reports.all.empty(), "nothing of it is an error");
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,75 @@
+// A value changed and found in any INI file: section, key and value, each up to a NUL, then the text.
+#include "Fuzz.h"
+#include "platform/IniText.h"
+
+#include <algorithm>
+#include <cctype>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+std::vector<std::string> linesOf(std::string_view text) {
+    std::vector<std::string> lines;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
+        lines.emplace_back(text.substr(0, end));
+        text.remove_prefix(std::min(text.size(), end + (text.substr(end).starts_with("\r\n") ? 2 : 1)));
+    }
+    return lines;
+}
+
+/// Whether the lines differ in one place only: one line there before at the most, and `most` after.
+bool changesOnePlace(const std::vector<std::string>& before, const std::vector<std::string>& after,
+                     std::ptrdiff_t most) {
+    const auto [left, right] = std::ranges::mismatch(before, after);
+    const auto [leftEnd, rightEnd] = std::mismatch(before.rbegin(), std::make_reverse_iterator(left),
+                                                   after.rbegin(), std::make_reverse_iterator(right));
+    return leftEnd.base() - left <= 1 && rightEnd.base() - right <= most;
+}
+
+std::string inOtherCase(std::string text) {
+    for (char& letter : text)
+        if (letter >= 'a' && letter <= 'z')
+            letter = static_cast<char>(letter - 'a' + 'A');
+        else if (letter >= 'A' && letter <= 'Z')
+            letter = static_cast<char>(letter - 'A' + 'a');
+    return text;
+}
+
+bool isPlain(const std::string& name) {
+    return !name.empty() && name.find_first_of("[]=\r\n") == name.npos && name.front() != '\xef';
+}
+
+std::string trimmed(const std::string& text) {
+    constexpr std::string_view blanks = " \t\v\f\x1a";
+    const std::size_t start = std::min(text.find_first_not_of(blanks), text.size());
+    return text.substr(start, text.find_last_not_of(blanks) + 1 - start);
+}
+
+} // namespace
+
+void RunFuzzed(FuzzedInput input) {
+    const IniChange change{input.text(), input.text(), input.text()};
+    const std::string text = input.rest();
+    const IniIndex index(text);
+    const auto found = index.find(change.section, change.key);
+    Require(index.find(inOtherCase(change.section), inOtherCase(change.key)) == found,
+            "ASCII letters are taken without case");
+    const std::string more = text + "\r\n[a section, behind]\r\n" + change.key;
+    if (trimmed(change.section) != "a section, behind")
+        Require(IniIndex(more).find(change.section, change.key) == found, "the first of its name counts");
+
+    const auto changed = ApplyIniChanges(text, std::span(&change, 1));
+    if (!isPlain(trimmed(change.section)) || !isPlain(trimmed(change.key)) ||
+        change.value.find_first_of("\r\n") != std::string::npos)
+        return;
+    Require(changed || found == trimmed(change.value), "no change is none");
+    const std::string after = changed.value_or(text);
+    Require(IniIndex(after).find(change.section, change.key) == trimmed(change.value), "a value comes back");
+    Require(changesOnePlace(linesOf(text), linesOf(after), 2), "no other line is touched");
+    if (trimmed(change.value) == change.value)
+        Require(!ApplyIniChanges(after, std::span(&change, 1)), "what is there needs no change");
+}
+
+} // namespace qrtVistrelClasses4
