@@ -28,7 +28,7 @@ std::string_view trimmed(std::string_view text) {
 }
 
 struct LeadingPart {
-    double value = 0;
+    double value = 0;      ///< Infinite when it is too large.
     std::string_view rest; ///< What follows the number; the whole text when there is none.
 };
 
@@ -51,7 +51,7 @@ bool isTooSmall(std::string_view number) {
     return point - firstDigit + std::clamp(exponent, -farOut, farOut) < 0;
 }
 
-/// Reads sign, digits, "." and exponent. Too large a number is error 6, too small a one 0.
+/// Reads sign, digits, "." and exponent. Too small a number is 0.
 LeadingPart readLeadingNumber(std::string_view text) {
     const bool negative = text.starts_with('-');
     const std::string_view number = text.substr(negative || text.starts_with('+') ? 1 : 0);
@@ -64,11 +64,15 @@ LeadingPart readLeadingNumber(std::string_view text) {
         return {0, text};
     const auto size = static_cast<std::size_t>(end - number.data());
     if (error == std::errc::result_out_of_range) {
-        if (!isTooSmall(number.substr(0, size)))
-            throw RuntimeError(ErrorNumber::overflow);
-        value = 0;
+        value = isTooSmall(number.substr(0, size)) ? 0 : std::numeric_limits<double>::infinity();
     }
     return {negative ? -value : value, number.substr(size)};
+}
+
+double finite(double value) {
+    if (std::isinf(value))
+        throw RuntimeError(ErrorNumber::overflow);
+    return value;
 }
 
 template <class Integer>
@@ -77,6 +81,24 @@ Integer roundTo(double value) {
     if (!(rounded >= std::numeric_limits<Integer>::min() && rounded <= std::numeric_limits<Integer>::max()))
         throw RuntimeError(ErrorNumber::overflow);
     return static_cast<Integer>(rounded);
+}
+
+/// Whether a number lies in the middle of two numbers of 15 digits. It has 16 itself then, the last a 5.
+bool isTie(double value) {
+    constexpr std::size_t sizeOf16Digits = 17;
+    constexpr int manyDigits = 50;
+    std::array<char, 64> text;
+    const auto format = [&](auto... precision) {
+        const auto result = std::to_chars(text.data(), text.data() + text.size(), std::abs(value),
+                                          std::chars_format::scientific, precision...);
+        const std::string_view all(text.data(), result.ptr);
+        return all.substr(0, all.find('e'));
+    };
+    const std::string_view shortest = format();
+    if (shortest.size() != sizeOf16Digits || shortest.back() != '5')
+        return false;
+    const std::string_view exact = format(manyDigits);
+    return exact[sizeOf16Digits - 1] == '5' && exact.find_first_not_of('0', sizeOf16Digits) == exact.npos;
 }
 
 } // namespace
@@ -90,7 +112,7 @@ std::optional<double> ParseNumber(std::string_view text) {
         number = withPoint;
     }
     const LeadingPart parsed = readLeadingNumber(number);
-    return number.empty() || !parsed.rest.empty() ? std::nullopt : std::optional(parsed.value);
+    return number.empty() || !parsed.rest.empty() ? std::nullopt : std::optional(finite(parsed.value));
 }
 
 double TextToDouble(std::string_view text) {
@@ -110,7 +132,9 @@ bool TextToBoolean(std::string_view text) {
     return TextToDouble(text) != 0;
 }
 
-double LeadingNumber(std::string_view text) { return readLeadingNumber(withoutLeadingBlanks(text)).value; }
+double LeadingNumber(std::string_view text) {
+    return finite(readLeadingNumber(withoutLeadingBlanks(text)).value);
+}
 
 std::int16_t RoundToInt16(double value) { return roundTo<std::int16_t>(value); }
 std::int32_t RoundToInt32(double value) { return roundTo<std::int32_t>(value); }
@@ -128,7 +152,9 @@ std::string_view FormatNumber(std::int32_t value, NumberBuffer& buffer) {
 
 std::string_view FormatNumber(double value, NumberBuffer& buffer) {
     if (value == 0)
-        value = 0; // a negative zero has no sign in text
+        value = 0;    // a negative zero has no sign in text
+    if (isTie(value)) // halves are rounded away from zero
+        value = std::nextafter(value, std::copysign(std::numeric_limits<double>::infinity(), value));
     const int digits = std::abs(value) > kLargestRounded ? kAllDigits : kSignificantDigits;
     const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
                                       std::chars_format::general, digits);

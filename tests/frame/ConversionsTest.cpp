@@ -37,7 +37,7 @@ constexpr TextCase<std::int16_t> kInt16Cases[] = {
 /// Numbers too small to matter are 0.
 constexpr TextCase<double> kDoubleCases[] = {
     {"0.25", 0.25}, {".5", 0.5}, {"5.", 5}, {"-1.25E2", -125}, {"1e-400", 0}, {"-0.000e-999", 0}, {"0.1", 0.1},
-    {"1e309", 0, kOverflow}, {".", 0, kTypeMismatch}, {"", 0, kTypeMismatch}};
+    {"1e309", 0, kOverflow}, {".", 0, kTypeMismatch}, {"", 0, kTypeMismatch}, {"1e309x", 0, kTypeMismatch}};
 constexpr TextCase<bool> kBooleanCases[] = {
     {"True", true}, {"FALSE", false}, {"tRuE", true}, {"0", false}, {"-1", true}, {"0.25", true}, {"2e1", true},
     {"", false, kTypeMismatch}, {"yes", false, kTypeMismatch}};
@@ -46,7 +46,8 @@ constexpr struct {
     const char* text;
 } kNumberTextCases[] = {
     {0, "0"}, {-0.0, "0"}, {3, "3"}, {-12.5, "-12.5"}, {0.1, "0.1"}, {1.0 / 3, "0.333333333333333"},
-    {123456789012345, "123456789012345"}, {1e15, "1E+15"}, {1.5e300, "1.5E+300"}, {0.0001, "0.0001"}};
+    {123456789012345, "123456789012345"}, {1e15, "1E+15"}, {1.5e300, "1.5E+300"}, {0.0001, "0.0001"},
+    {3.420440673828125, "3.42044067382813"}, {-500000000000.0625, "-500000000000.063"}};
 /// Files of places that write a decimal comma.
 constexpr TextCase<double> kCommaCases[] = {
     {"1,25", 1.25}, {",5", 0.5}, {"-,5", -0.5}, {"-0,75", -0.75}, {"1,2,3", 0, kTypeMismatch},
