@@ -1,4 +1,5 @@
 // The system's own formatting of dates is the measure of ours.
+#include "RandomInputs.h"
 #include "commands/DateText.h"
 #include "platform/windows/WindowsCalendar.h"
 
@@ -28,6 +29,9 @@ std::string formattedBySystem(std::string_view pattern, const LocalTime& time, L
     return result;
 }
 
+constexpr const char* kPatterns[] = {"hh:mm AMPM",         "hmm",    "mm/dd/yy", "mmm dd yyyy",
+                                     "dddd mmmm dd, yyyy", "mmm dd", "dddd"};
+
 TEST(SystemDateTexts, AgreeWithOurs) {
     EXPECT_EQ(WindowsCalendarNames(0x407).months[2], "M\344rz");
     const LocalTime times[] = {{2024, 3, 5, 9, 5, 0, 2},
@@ -36,11 +40,25 @@ TEST(SystemDateTexts, AgreeWithOurs) {
                                {1999, 5, 30, 23, 59, 0, 0},
                                {2024, 10, 11, 0, 59, 0, 5}};
     for (const LCID locale : {0x409u, 0x407u})
-        for (const char* pattern :
-             {"hh:mm AMPM", "hmm", "mm/dd/yy", "mmm dd yyyy", "dddd mmmm dd, yyyy", "mmm dd", "dddd"})
+        for (const char* pattern : kPatterns)
             for (const LocalTime& time : times)
                 EXPECT_EQ(FormatDate(pattern, time, WindowsCalendarNames(locale)),
                           formattedBySystem(pattern, time, locale));
+}
+
+TEST(SystemDateTexts, AgreeWithOursAtAnyTime) {
+    const CalendarNames names = WindowsCalendarNames(0x409);
+    RandomInputs random;
+    for (int left = RandomInputs::count(); left > 0 && !testing::Test::HasFailure(); --left) {
+        LocalTime time{1900 + random.below(200), 1 + random.below(12), 1 + random.below(28), random.below(24),
+                       random.below(60)};
+        constexpr int monthOffsets[] = {0, 3, 2, 5, 0, 3, 5, 1, 4, 6, 2, 4};
+        const int year = time.year - (time.month < 3 ? 1 : 0);
+        time.weekday =
+            (year + year / 4 - year / 100 + year / 400 + monthOffsets[time.month - 1] + time.day) % 7;
+        const char* const pattern = kPatterns[random.below(std::size(kPatterns))];
+        EXPECT_EQ(FormatDate(pattern, time, names), formattedBySystem(pattern, time, 0x409)) << pattern;
+    }
 }
 
 } // namespace
