@@ -92,6 +92,8 @@ HRESULT CallLateBound(ITypeInfo& type, void* object, MemberCall call, const DISP
         passed.cNamedArgs = 0;
     }
     const Member member(type, call.member, call.flags);
+    if (member.exists() && static_cast<int>(arguments.cArgs) > member.argumentCount())
+        return DISP_E_BADPARAMCOUNT; // not every system sees to it
     std::vector<LateBoundArgument> converted(arguments.cArgs);
     std::vector<VARIANT> values(arguments.cArgs);
     passed.rgvarg = values.data();

@@ -4,6 +4,8 @@
 #include <qrtVistrelClasses4.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <iterator>
 #include <set>
 
@@ -87,6 +89,42 @@ TEST_F(Server, LeavesTheRegistryAsItWas) {
     Lines missing;
     std::ranges::set_difference(wanted, registered, std::inserter(missing, missing.end()));
     EXPECT_EQ(missing, Lines());
+}
+
+/// What an application puts beside itself in place of a registration.
+constexpr char kManifest[] = R"(<assembly xmlns="urn:schemas-microsoft-com:asm.v1" manifestVersion="1.0">
+  <assemblyIdentity type="win32" name="Test" version="1.0.0.0"/>
+  <file name="qrtVistrelClasses4.dll">
+    <comClass clsid="{9AE6AD44-C589-4050-9359-78F603D30A08}" progid="qrtVistrelClasses4.FrameInfoClass"
+              threadingModel="Apartment"/>
+  </file>
+</assembly>)";
+
+TEST_F(Server, IsFoundByAManifestWithoutRegistration) {
+    wchar_t path[1024] = L"";
+    GetModuleFileNameW(module_, path, std::size(path));
+    const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+    const std::filesystem::path manifest = folder / "Test.manifest";
+    std::ofstream(manifest) << kManifest;
+    ASSERT_EQ(run("DllUnregisterServer"), S_OK);
+    ComPtr<_FrameInfoClass> playfile;
+    const auto create = [&] {
+        return CoCreateInstance(CLSID_FrameInfoClass, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&playfile));
+    };
+    EXPECT_EQ(create(), REGDB_E_CLASSNOTREG);
+
+    ACTCTXW description{};
+    description.cbSize = sizeof description;
+    description.lpSource = manifest.c_str();
+    const HANDLE context = CreateActCtxW(&description);
+    ULONG_PTR cookie = 0;
+    ASSERT_NE(context, INVALID_HANDLE_VALUE);
+    ASSERT_TRUE(ActivateActCtx(context, &cookie));
+    EXPECT_EQ(create(), S_OK);
+    EXPECT_EQ(Call(playfile.Get(), L"TotalFrames").value.lVal, 20) << "its type library is found as well";
+    DeactivateActCtx(0, cookie);
+    ReleaseActCtx(context);
+    std::filesystem::remove(manifest);
 }
 
 TEST_F(Server, StaysLoadedWhileItIsUsed) {
