@@ -55,7 +55,8 @@ constexpr TextCase<double> kCommaCases[] = {
 /// Numbers at the start of a text.
 constexpr TextCase<double> kLeadingCases[] = {
     {"12", 12}, {"  7 days", 7}, {"-3.5x", -3.5}, {"5] times", 5}, {"1e2]", 100}, {"1e", 1}, {"", 0}, {"x1", 0},
-    {"+4", 4}, {"1,5", 1}, {"infinity", 0}, {"--1", 0}, {"- 1", 0}, {"1e999", 0, kOverflow}};
+    {"+4", 4}, {"1,5", 1}, {"infinity", 0}, {"--1", 0}, {"- 1", 0}, {"1e999", 0, kOverflow},
+    {"1e-99999999999999999999", 0}, {"1e99999999999999999999", 0, kOverflow}};
 // clang-format on
 
 template <class Value, std::size_t size, class Convert>

@@ -66,6 +66,15 @@ TEST_F(FrameInfo, StartsWithTwentyFramesOfOneLine) {
     EXPECT_TRUE(host_.reports.all.empty());
 }
 
+TEST_F(FrameInfo, KeepsThePropertiesOfThePlayfileApart) {
+    playfile_.DisplayWidth(80);
+    playfile_.DisplayHeight(16);
+    playfile_.CurrentFileName("a.playfile");
+    EXPECT_EQ(playfile_.DisplayWidth(), 80);
+    EXPECT_EQ(playfile_.DisplayHeight(), 16);
+    EXPECT_EQ(playfile_.CurrentFileName(), "a.playfile");
+}
+
 TEST_F(FrameInfo, KeepsEveryPropertyOfEachFrameAndLineApart) {
     const std::int16_t numbers[] = {1, 2, 3, 4, 20}; // of a frame, and of a line in it
     const auto select = [&](int seed) {
