@@ -94,7 +94,7 @@ check_server() { # FILE
 	EXPORTS
     report $? "$1 exports the four functions"
     ! grep 'DLL Name:' <<<"$headers" |
-        grep -viE ' (advapi32|kernel32|msvcrt|ole32|oleaut32|shell32|user32)\.dll$'
+        grep -viE ' (advapi32|gdi32|kernel32|msvcrt|ole32|oleaut32|shell32|user32)\.dll$'
     report $? "$1 needs no libraries but the system's"
 }
 
