@@ -76,10 +76,9 @@ void LedPainter::draw(const PixelBuffer& dots, PixelBuffer& picture, std::int32_
             line = picture.row(y++).begin() + left + rim();
         for (const Color dot : dots.row(row)) {
             auto pixels = ledFor(dot).pixels.begin();
-            for (auto& line : lines) {
-                line = std::copy_n(pixels, scale_, line);
-                pixels += scale_;
-            }
+            for (auto& line : lines)
+                for (int x = 0; x < scale_; ++x)
+                    *line++ = *pixels++;
         }
     }
 }
