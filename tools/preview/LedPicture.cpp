@@ -8,7 +8,7 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 constexpr Color kRim = Rgb(64, 66, 72); ///< Lighter than a dark LED, so that dark letters end at it.
-constexpr Color kGap = Rgb(14, 14, 16);
+constexpr Color kGapColor = Rgb(14, 14, 16);
 constexpr Color kDarkLed = Rgb(40, 39, 38);
 
 constexpr int kSamples = 8; ///< Along each side of a pixel.
@@ -92,7 +92,7 @@ const LedPainter::Led& LedPainter::ledFor(Color dot) {
 }
 
 LedPainter::Led LedPainter::makeLed(Color dot) const {
-    const Color gap = dot == 0 ? kGap : mixed(kGap, dot, kGlow);
+    const Color gap = dot == 0 ? kGapColor : mixed(kGapColor, dot, kGlow);
     const Color lit = brighter(kDarkLed, dot);
     Led led{dot, {}};
     led.pixels.reserve(coverage_.size());

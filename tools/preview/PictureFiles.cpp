@@ -10,7 +10,7 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 constexpr std::uint64_t kLargestFile = std::uint64_t{32} << 20; // more than the largest picture takes
-constexpr std::int64_t kMostPixels = std::int64_t{16} << 20;
+constexpr std::int64_t kMostPicturePixels = std::int64_t{16} << 20;
 
 std::optional<PixelBuffer> parseFile(const std::string& path) {
     const auto file = platform().files().openToRead(path);
@@ -32,7 +32,7 @@ bool isBmp(std::string_view path) {
 const PixelBuffer* PictureFiles::find(const std::string& path) {
     auto found = known_.find(path);
     if (found == known_.end()) {
-        if (pixels_ > kMostPixels) {
+        if (pixels_ > kMostPicturePixels) {
             known_.clear();
             pixels_ = 0;
         }
