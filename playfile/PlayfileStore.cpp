@@ -9,10 +9,10 @@
 #include "playfile/LegacyFormat.h"
 #include "playfile/MediaFiles.h"
 #include "playfile/PlayfileFormat.h"
+#include "playfile/ReferenceFinder.h"
 #include "settings/AppFolder.h"
 
 #include <optional>
-#include <unordered_map>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -21,36 +21,6 @@ namespace {
 constexpr std::int16_t kOldFont4x8 = 2;
 constexpr std::int16_t kCustomFont = 12;
 constexpr std::string_view kFont4x8File = "FNT4X8.CFF";
-
-/// Finds the files that a playfile refers to, while it is being read.
-class ReferenceFinder {
-public:
-    explicit ReferenceFinder(const std::string& playfile) : folder_(SplitPath(playfile).folder) {}
-
-    /// Makes the reference name the file beside the playfile when only that one exists.
-    void find(std::string& reference) {
-        if (reference.empty() || FileExists(reference))
-            return;
-        if (const std::string& beside = besidePlayfile(reference); !beside.empty())
-            reference = beside;
-    }
-
-private:
-    /// Full name of the file; "" when there is none. Looked for once, since frames often share a picture.
-    const std::string& besidePlayfile(const std::string& reference) {
-        const auto [known, isNew] = known_.try_emplace(std::string(SplitPath(reference).name));
-        if (isNew) {
-            FileSystem& files = platform().files();
-            const std::string beside = files.existingName(JoinPath(folder_, known->first));
-            if (files.kindOf(beside) == EntryKind::file)
-                known->second = files.fullName(beside);
-        }
-        return known->second;
-    }
-
-    std::string folder_;
-    std::unordered_map<std::string, std::string> known_; ///< By file name.
-};
 
 void correctFrame(FrameRecord& frame, ReferenceFinder& finder) {
     finder.find(frame.commandfile);

@@ -2,6 +2,7 @@
 
 #include "platform/Path.h"
 #include "playfile/FrameRules.h"
+#include "playfile/ReferenceFinder.h"
 
 #include <algorithm>
 
@@ -75,10 +76,12 @@ bool HasText(const FrameRecord& frame) {
 
 OneBasedArray<FrameRecord> ReadFrames(FrameInfoClass& playfile) {
     OneBasedArray<FrameRecord> frames(playfile.TotalFrames());
+    ReferenceFinder finder(playfile.CurrentFileName());
     std::int16_t number = 0;
     for (FrameRecord& frame : frames) {
         playfile.CurrentFrame(++number);
         frame = readFrame(playfile);
+        finder.find(frame.PicturefileName); // those of the older format have not been looked for yet
     }
     return frames;
 }

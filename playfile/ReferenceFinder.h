@@ -1,0 +1,26 @@
+// Where the files lie that a playfile refers to.
+#pragma once
+
+#include <string>
+#include <unordered_map>
+
+namespace qrtVistrelClasses4 {
+
+/// Looks for files where a playfile says they are, and else beside it.
+class ReferenceFinder {
+public:
+    /// `playfile` is the path of the playfile.
+    explicit ReferenceFinder(const std::string& playfile);
+
+    /// Makes the reference name the file beside the playfile when only that one exists.
+    void find(std::string& reference);
+
+private:
+    /// Full name of the file; "" when there is none. Looked for once, since frames often share a picture.
+    const std::string& besidePlayfile(const std::string& reference);
+
+    std::string folder_;
+    std::unordered_map<std::string, std::string> known_; ///< By file name.
+};
+
+} // namespace qrtVistrelClasses4
