@@ -45,8 +45,9 @@ public:
         if (const auto error = files_.perform({FileOperation::read, path_, {}, {}});
             error != SystemError::none)
             return error;
-        return offset < content_->size() ? content_->copy(bytes.data(), bytes.size(), offset)
-                                         : std::size_t{0};
+        if (offset >= content_->size())
+            return std::size_t{0};
+        return content_->copy(bytes.data(), bytes.size(), static_cast<std::size_t>(offset));
     }
 
 private:

@@ -46,7 +46,7 @@ TEST(LegacyFormat, StopsWhereAFileEndsThatHasShrunkSinceItWasOpened) {
         std::string content = legacyPlayfile({{.text = "A"}, {.text = "B"}}).substr(0, 11 + 18704 + 1123);
         std::uint64_t size() const override { return 11 + 2 * 18704; }
         Result<std::size_t> readAt(std::uint64_t offset, std::span<char> bytes) override {
-            return content.copy(bytes.data(), bytes.size(), offset);
+            return content.copy(bytes.data(), bytes.size(), static_cast<std::size_t>(offset));
         }
     } file;
     const auto records = ReadLegacyRecords(file, 100);
