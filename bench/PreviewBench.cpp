@@ -2,6 +2,7 @@
 #include "bench/SamplePlayfile.h"
 #include "bench/Subjects.h"
 #include "bench/Timing.h"
+#include "platform/Platform.h"
 #include "tools/preview/FramePicture.h"
 #include "tools/preview/FrameSheet.h"
 #include "tools/preview/PngFile.h"
@@ -17,8 +18,11 @@ constexpr DotSize kSign{128, 32};
 constexpr int kScale = 3;
 constexpr double kMostOfEncoding = 0.5;
 
-/// Everything between an open playfile and the bytes of a PNG, from loading the fonts on.
-PixelBuffer drawSheet(FrameInfoClass& playfile) {
+/// Everything between an open playfile and the bytes of a PNG, from loading the fonts on. `home` holds the
+/// fonts; its commands are the built-in ones.
+PixelBuffer drawSheet(FrameInfoClass& playfile, const std::string& home) {
+    const auto machine = makePlatform({home});
+    const ScopedPlatform use(*machine);
     ErrorLines errors;
     FramePainter painter({}, errors);
     const OneBasedArray<FrameRecord> frames = ReadFrames(playfile);
@@ -41,13 +45,15 @@ std::int64_t litPixels(const PixelBuffer& picture) {
 } // namespace
 
 std::vector<Ratio> PreviewSubject(const BenchFolder& folder) {
-    std::filesystem::copy(QRT_SAMPLES_FOLDER "/bin", folder.file("bin"));
+    const std::string home = folder.file("preview");
+    std::filesystem::create_directory(home);
+    std::filesystem::copy(QRT_SAMPLES_FOLDER "/bin", home + "/bin");
     const std::shared_ptr<FrameInfoClass> playfile = MakePlayfile(kUsual, folder);
-    const auto picture = std::make_shared<const PixelBuffer>(drawSheet(*playfile));
+    const auto picture = std::make_shared<const PixelBuffer>(drawSheet(*playfile, home));
     Require(litPixels(*picture) > std::int64_t{kUsual.frames} * 100, "the frames of the sheet are dark");
-    RegisterWork("preview/draw", [playfile](benchmark::State& state) {
+    RegisterWork("preview/draw", [playfile, home](benchmark::State& state) {
         for (auto _ : state)
-            benchmark::DoNotOptimize(drawSheet(*playfile));
+            benchmark::DoNotOptimize(drawSheet(*playfile, home));
     });
     RegisterWork("preview/encode", [picture](benchmark::State& state) {
         for (auto _ : state)
