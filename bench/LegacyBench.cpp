@@ -22,7 +22,7 @@ constexpr double kMostOfLimit = 7;
 
 /// Copies of a record's fields. Texts stand behind a byte with their length.
 struct Fields {
-    std::string prefix, text, suffix, specification;
+    std::string prefix, text, suffix, reference;
     std::array<char, 4> delay{};
     std::array<char, 24> flags{};
     char font = '\0';

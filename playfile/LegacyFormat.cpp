@@ -31,7 +31,7 @@ constexpr std::tuple kFields{
     LegacyField{804, 21, &LegacyRecord::suffixKeyword},
     LegacyField{931, 1, &LegacyRecord::fontCode},
     LegacyField{1020, kLegacyFlagCount, &LegacyRecord::lineFlags},
-    LegacyField{1044, 80, &LegacyRecord::specification},
+    LegacyField{1044, 80, &LegacyRecord::reference},
 };
 
 std::uint8_t byteAt(std::string_view bytes, std::size_t place) {
@@ -102,7 +102,7 @@ std::vector<LegacyRecord> ReadLegacyRecords(InputFile& file, std::size_t most) {
     return records;
 }
 
-LegacyFileKind LegacySpecification::kind() const {
+LegacyFileKind LegacyReference::kind() const {
     if (EqualIgnoringAsciiCase(SplitPath(fileName).name, "LEAVE.CMD"))
         return LegacyFileKind::leaveCommand;
     if (hasEnding(fileName, "CMD"))
@@ -112,18 +112,18 @@ LegacyFileKind LegacySpecification::kind() const {
     return hasEnding(fileName, "AVI") ? LegacyFileKind::animation : LegacyFileKind::none;
 }
 
-LegacySpecification SplitLegacySpecification(std::string_view specification) {
-    LegacySpecification split;
-    const std::size_t mark = specification.find(kWidthMark);
-    if (mark == specification.npos) {
-        split.fileName = Trim(specification);
+LegacyReference SplitLegacyReference(std::string_view reference) {
+    LegacyReference split;
+    const std::size_t mark = reference.find(kWidthMark);
+    if (mark == reference.npos) {
+        split.fileName = Trim(reference);
         return split;
     }
     const std::size_t number = mark + kWidthMark.size();
-    const std::size_t end = std::min(specification.find(' ', number), specification.size());
-    split.width = specification.substr(number, end - number);
-    std::string rest(specification.substr(0, mark));
-    rest += specification.substr(std::min(end + 1, specification.size()));
+    const std::size_t end = std::min(reference.find(' ', number), reference.size());
+    split.width = reference.substr(number, end - number);
+    std::string rest(reference.substr(0, mark));
+    rest += reference.substr(std::min(end + 1, reference.size()));
     split.fileName = Trim(rest);
     return split;
 }

@@ -29,7 +29,7 @@ struct LegacyRecord {
     std::string suffixKeyword;
     std::uint8_t fontCode = 0; ///< See `FontOfLegacyCode`.
     std::array<std::uint8_t, kLegacyFlagCount> lineFlags{};
-    std::string specification; ///< Of a command file or a picture, with a width.
+    std::string reference; ///< Of a command file or a picture, with a width.
 
     bool operator==(const LegacyRecord&) const = default;
 };
@@ -66,11 +66,11 @@ std::vector<LegacyRecord> ReadLegacyRecords(InputFile& file, std::size_t most);
 
 enum class LegacyFileKind { none, command, leaveCommand, bitmap, animation };
 
-struct LegacySpecification {
+struct LegacyReference {
     std::string fileName;                  ///< Without "Width=" and its number.
-    std::optional<std::string_view> width; ///< What is written for it; lives as long as the specification.
+    std::optional<std::string_view> width; ///< What is written for it; lives as long as the reference.
     LegacyFileKind kind() const;
 };
-LegacySpecification SplitLegacySpecification(std::string_view specification);
+LegacyReference SplitLegacyReference(std::string_view reference);
 
 } // namespace qrtVistrelClasses4

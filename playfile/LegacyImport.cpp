@@ -67,8 +67,8 @@ void setPicture(FrameRecord& frame, std::string fileName, bool hasText, bool isC
     frame.PictureFileDisplay = isCropped ? 1 : 0;
 }
 
-void setFiles(FrameRecord& frame, const std::string& specification, bool hasText, Cropping cropping) {
-    LegacySpecification files = SplitLegacySpecification(specification);
+void setFiles(FrameRecord& frame, const std::string& reference, bool hasText, Cropping cropping) {
+    LegacyReference files = SplitLegacyReference(reference);
     if (files.width)
         frame.FontWidth = widthOf(*files.width);
     frame.FrameType = numberOf(NEW_FRAME_TYPES::FRAME_TEXT);
@@ -109,7 +109,7 @@ FrameRecord frameOf(const LegacyRecord& record, Cropping cropping) {
     const std::string text = ConvertLegacyVariables(record.text);
     frame.PrefixCode = ConvertPrefixKeywordToCode(record.prefixKeyword);
     frame.DelayTime = record.delay;
-    setFiles(frame, record.specification, !text.empty(), cropping);
+    setFiles(frame, record.reference, !text.empty(), cropping);
     if (IsJoiningKeyword(record.suffixKeyword)) {
         setLines(frame, {joined(linesOf(text))}, record);
         frame.lines.at(1).Scrolling = true;

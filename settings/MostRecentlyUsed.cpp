@@ -46,8 +46,7 @@ void MostRecentlyUsed::AddFileToMostRecentlyUsedList(const std::string& sFileNam
 
 void MostRecentlyUsed::RemoveFileFromMostRecentlyUsed(const std::string& sFileName) {
     traced(
-        sub("RemoveFileFromMostRecentlyUsed"), [&] { RemoveEntry(sFileName, true); },
-        Arg{"sFileName", sFileName});
+        sub("RemoveFileFromMostRecentlyUsed"), [&] { RemoveEntry(sFileName); }, Arg{"sFileName", sFileName});
 }
 
 void MostRecentlyUsed::PurgeMRUList() {
@@ -85,7 +84,7 @@ void MostRecentlyUsed::AddEntry(const std::string& sFileName) {
     traced(
         sub("AddEntry"),
         [&] {
-            if (sFileName.empty() || !GetMRUFromDisk() || !RemoveEntry(sFileName, false))
+            if (sFileName.empty() || !GetMRUFromDisk() || !RemoveEntry(sFileName))
                 return;
             const std::int32_t last = entries_.upperBound() + 1;
             entries_.resize(last);
@@ -96,7 +95,7 @@ void MostRecentlyUsed::AddEntry(const std::string& sFileName) {
         Arg{"sFileName", sFileName});
 }
 
-bool MostRecentlyUsed::RemoveEntry(const std::string& sFileName, bool saves) {
+bool MostRecentlyUsed::RemoveEntry(const std::string& sFileName) {
     bool isDone = false;
     traced(
         sub("RemoveEntry"),
@@ -110,8 +109,7 @@ bool MostRecentlyUsed::RemoveEntry(const std::string& sFileName, bool saves) {
                     kept.at(last++) = std::move(entry);
             kept.resize(last); // an empty entry stands behind the last name
             entries_ = std::move(kept);
-            if (saves)
-                WriteMRUToDisk();
+            WriteMRUToDisk();
             isDone = true;
         },
         Arg{"sFileName", sFileName});

@@ -50,9 +50,8 @@ public:
 
 private:
     void AddEntry(const std::string& sFileName);
-    /// False when it failed; the file was left alone then. `saves`: nothing else is about to change, so that
-    /// the list is written.
-    bool RemoveEntry(const std::string& sFileName, bool saves);
+    /// False when it failed; the file was left alone then.
+    bool RemoveEntry(const std::string& sFileName);
     /// False when there are names that could neither be read nor kept: they must not be written over.
     bool GetMRUFromDisk();
     void readEntries(std::string_view text);

@@ -86,7 +86,7 @@ ordered_json jsonOf(const InspectedRecord& record) {
             {"delay", fields.delay},
             {"fontCode", fields.fontCode},
             {"lineFlags", fields.lineFlags},
-            {"specification", JsonOf(fields.specification)},
+            {"reference", JsonOf(fields.reference)},
             {"text", JsonOf(fields.text)},
             {"unknownBytes", {{"count", record.unknownCount}, {"ranges", record.unknown}}}};
 }
@@ -136,7 +136,7 @@ void printTables(std::ostream& out, InputFile& file) {
                   {"Delay", right},
                   {"Font", right},
                   {"Flags"},
-                  {"Specification"},
+                  {"Reference"},
                   {"Text"}});
     Table unknown({{"No.", right}, {"Bytes", right}, {"At"}});
     std::size_t number = 0;
@@ -146,7 +146,7 @@ void printTables(std::ostream& out, InputFile& file) {
         const std::string numberText = std::to_string(++number);
         fields.addRow({numberText, cellOf(known.prefixKeyword), cellOf(known.suffixKeyword),
                        std::to_string(known.delay), std::to_string(known.fontCode),
-                       flagsText(known.lineFlags), cellOf(known.specification), cellOf(known.text)});
+                       flagsText(known.lineFlags), cellOf(known.reference), cellOf(known.text)});
         unknownCount += record.unknownCount;
         if (record.unknownCount > 0)
             unknown.addRow({numberText, std::to_string(record.unknownCount), rangesText(record.unknown)});

@@ -23,7 +23,7 @@ std::vector<std::string> lossesOf(const LegacyRecord& record) {
         losses.push_back("unknown prefix keyword \"" + record.prefixKeyword + '"');
     if (!IsJoiningKeyword(record.suffixKeyword) && isUnknown(record.suffixKeyword, SuffixCodeOfKeyword))
         losses.push_back("unknown suffix keyword \"" + record.suffixKeyword + '"');
-    const LegacySpecification files = SplitLegacySpecification(record.specification);
+    const LegacyReference files = SplitLegacyReference(record.reference);
     if (files.kind() == LegacyFileKind::none && !files.fileName.empty())
         losses.push_back("file of unknown kind \"" + files.fileName + '"');
     if (files.width)

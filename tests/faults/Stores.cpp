@@ -124,7 +124,8 @@ Subject privateIni(TestHost& host, const std::string& path) {
             [=] { return *text; }};
 }
 
-/// The next version has the name in front that stood in the middle.
+/// The next version has a new name in front. One that was there would be taken out first, by a save of its
+/// own.
 Subject recentFiles(TestHost& host, const std::string& path) {
     const auto recent = std::make_shared<std::optional<MostRecentlyUsed>>(std::in_place);
     const auto version = std::make_shared<Version>();
@@ -135,7 +136,7 @@ Subject recentFiles(TestHost& host, const std::string& path) {
             },
             [=, &host] {
                 return *version == Version::old ||
-                       untold(host, [&] { (*recent)->AddFileToMostRecentlyUsedList("b.playfile"); });
+                       untold(host, [&] { (*recent)->AddFileToMostRecentlyUsedList("d.playfile"); });
             },
             [=, &host] { return untold(host, [&] { recent->emplace(); }); },
             [=] {

@@ -14,7 +14,7 @@ struct LegacyFields {
     std::string suffix = "";
     std::uint8_t font = 0;
     std::string flags = ""; ///< Of the first lines; those behind have none.
-    std::string specification = "";
+    std::string reference = "";
 };
 
 /// Every byte that the fields leave free holds 0xEE.
@@ -32,7 +32,7 @@ inline std::string legacyRecord(const LegacyFields& fields) {
     record[931] = static_cast<char>(fields.font);
     put(1020, std::string(24, '\0'));
     put(1020, fields.flags);
-    put(1044, withLength(fields.specification));
+    put(1044, withLength(fields.reference));
     return record;
 }
 

@@ -22,7 +22,7 @@ TEST(LegacyFormat, CutsTextsAtTheEndOfTheirField) {
         {&LegacyRecord::prefixKeyword, 2, 20},
         {&LegacyRecord::text, 292, 255},
         {&LegacyRecord::suffixKeyword, 804, 20},
-        {&LegacyRecord::specification, 1044, 79},
+        {&LegacyRecord::reference, 1044, 79},
     };
     for (const auto& row : cases)
         for (std::size_t length = 0; length <= 255; ++length) {
@@ -128,25 +128,25 @@ TEST_F(LegacyImport, MakesFramesOfRecords) {
         const char* frame;
     } cases[] = {
         {"no file, no text", {}, "2 0s 0>0 w0 ||0"},
-        {"a command file", {.specification = "C:\\Set.cmd"}, "4 0s 0>0 w0 C:\\Set.cmd||0"},
-        {"with a text", {.text = "A", .specification = "C:\\SET.CMD"}, "4 0s 0>0 w0 C:\\SET.CMD|A|0"},
-        {"a picture", {.specification = "A.bmp"}, "1 0s 0>0 w0 A.bmp||0"},
-        {"a picture with a text", {.text = "A", .specification = "A.BMP"}, "3 0s 0>0 w0 A.BMP|A|0"},
-        {"an animation with a text", {.text = "A", .specification = "A.AVI"}, "3 0s 0>0 w0 A.AVI|A|0"},
-        {"only a width", {.text = "A", .specification = "Width=4"}, "2 0s 0>0 w4 |A|0"},
-        {"a width in the middle", {.specification = "C:\\My Width=12 A.BMP"}, "1 0s 0>0 w12 C:\\My A.BMP||0"},
-        {"at the end", {.specification = "A.BMP Width=7"}, "1 0s 0>0 w7 A.BMP||0"},
-        {"without its number", {.specification = "Width= A.BMP"}, "1 0s 0>0 w0 A.BMP||0"},
-        {"last, without its number", {.specification = "A.BMP Width="}, "1 0s 0>0 w0 A.BMP||0"},
-        {"letters for a number", {.specification = "Width=x9 A.BMP"}, "1 0s 0>0 w0 A.BMP||0"},
-        {"a unit behind the number", {.specification = "Width=9px A.BMP"}, "1 0s 0>0 w9 A.BMP||0"},
-        {"decimals", {.specification = "Width=15.6   A.BMP"}, "1 0s 0>0 w16 A.BMP||0"},
-        {"the smallest", {.specification = "Width=-32768 A.BMP"}, "1 0s 0>0 w-32768 A.BMP||0"},
-        {"spelt otherwise", {.specification = " WIDTH=5 A.BMP "}, "1 0s 0>0 w0 WIDTH=5 A.BMP||0"},
-        {"the sign stays as it is", {.specification = "Width=4 C:\\Old\\leave.Cmd"}, "2 0s 0>0 w4 over ||0"},
-        {"another file ending so", {.specification = "SLEAVE.CMD"}, "4 0s 0>0 w0 SLEAVE.CMD||0"},
-        {"another kind of file", {.text = "A", .specification = "A.TXT"}, "2 0s 0>0 w0 |A|0"},
-        {"shorter than an ending", {.text = "A", .specification = "MP"}, "2 0s 0>0 w0 |A|0"},
+        {"a command file", {.reference = "C:\\Set.cmd"}, "4 0s 0>0 w0 C:\\Set.cmd||0"},
+        {"with a text", {.text = "A", .reference = "C:\\SET.CMD"}, "4 0s 0>0 w0 C:\\SET.CMD|A|0"},
+        {"a picture", {.reference = "A.bmp"}, "1 0s 0>0 w0 A.bmp||0"},
+        {"a picture with a text", {.text = "A", .reference = "A.BMP"}, "3 0s 0>0 w0 A.BMP|A|0"},
+        {"an animation with a text", {.text = "A", .reference = "A.AVI"}, "3 0s 0>0 w0 A.AVI|A|0"},
+        {"only a width", {.text = "A", .reference = "Width=4"}, "2 0s 0>0 w4 |A|0"},
+        {"a width in the middle", {.reference = "C:\\My Width=12 A.BMP"}, "1 0s 0>0 w12 C:\\My A.BMP||0"},
+        {"at the end", {.reference = "A.BMP Width=7"}, "1 0s 0>0 w7 A.BMP||0"},
+        {"without its number", {.reference = "Width= A.BMP"}, "1 0s 0>0 w0 A.BMP||0"},
+        {"last, without its number", {.reference = "A.BMP Width="}, "1 0s 0>0 w0 A.BMP||0"},
+        {"letters for a number", {.reference = "Width=x9 A.BMP"}, "1 0s 0>0 w0 A.BMP||0"},
+        {"a unit behind the number", {.reference = "Width=9px A.BMP"}, "1 0s 0>0 w9 A.BMP||0"},
+        {"decimals", {.reference = "Width=15.6   A.BMP"}, "1 0s 0>0 w16 A.BMP||0"},
+        {"the smallest", {.reference = "Width=-32768 A.BMP"}, "1 0s 0>0 w-32768 A.BMP||0"},
+        {"spelt otherwise", {.reference = " WIDTH=5 A.BMP "}, "1 0s 0>0 w0 WIDTH=5 A.BMP||0"},
+        {"the sign stays as it is", {.reference = "Width=4 C:\\Old\\leave.Cmd"}, "2 0s 0>0 w4 over ||0"},
+        {"another file ending so", {.reference = "SLEAVE.CMD"}, "4 0s 0>0 w0 SLEAVE.CMD||0"},
+        {"another kind of file", {.text = "A", .reference = "A.TXT"}, "2 0s 0>0 w0 |A|0"},
+        {"shorter than an ending", {.text = "A", .reference = "MP"}, "2 0s 0>0 w0 |A|0"},
         {"blanks that a variable leaves", {.text = "{days} A\x1f{time}"}, "2 0s 0>0 w0 |A|0||h:m||0"},
         {"a variable joined too late", {.text = "{vbl\x1f\x37}", .suffix = "SC"}, "2 0s 0>0 w0 |{vbl 7}|0s"},
         {"empty lines", {.text = "\x1f"}, "2 0s 0>0 w0 ||0||0"},
@@ -164,7 +164,7 @@ TEST_F(LegacyImport, MakesFramesOfRecords) {
     EXPECT_EQ(summary(frameOf({.prefix = "12768", .text = "A"})), "2 0s 0>0 w0 |A|0") << "too long";
     EXPECT_EQ(host_.reports.takeNumbers(), Numbers{6});
     for (const char* tooWide : {"Width=32768 A.BMP", "Width=-32769 A.BMP", "A.BMP Width=1e400"}) {
-        EXPECT_EQ(summary(frameOf({.specification = tooWide})), "1 0s 0>0 w0 A.BMP||0") << tooWide;
+        EXPECT_EQ(summary(frameOf({.reference = tooWide})), "1 0s 0>0 w0 A.BMP||0") << tooWide;
         EXPECT_EQ(host_.reports.takeNumbers(), Numbers{6}) << "costs nothing but the width";
     }
 }
@@ -172,9 +172,9 @@ TEST_F(LegacyImport, MakesFramesOfRecords) {
 TEST_F(LegacyImport, PlacesPicturesByTheSettingForTheirKind) {
     const auto expectPlaces = [&](const std::string& settings, int bitmap, int animation) {
         files().put(host_.inLibrary("VistrelLite.ini"), "[VistrelLite]\r\n" + settings);
-        EXPECT_EQ(frameOf({.specification = "a.bmp"}).PictureFileDisplay, bitmap) << settings;
-        EXPECT_EQ(frameOf({.specification = "a.avi"}).PictureFileDisplay, animation) << settings;
-        EXPECT_EQ(frameOf({.specification = "a.cmd"}).PictureFileDisplay, 0) << settings;
+        EXPECT_EQ(frameOf({.reference = "a.bmp"}).PictureFileDisplay, bitmap) << settings;
+        EXPECT_EQ(frameOf({.reference = "a.avi"}).PictureFileDisplay, animation) << settings;
+        EXPECT_EQ(frameOf({.reference = "a.cmd"}).PictureFileDisplay, 0) << settings;
     };
     expectPlaces("", 0, 0);
     expectPlaces("BMPCrop=True\r\n", 1, 0);
