@@ -7,9 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <limits>
-#include <new>
-#include <optional>
 #include <stdexcept>
 
 namespace qrtVistrelClasses4 {
@@ -17,6 +14,8 @@ namespace {
 
 constexpr Procedure sub(std::string_view name) { return {"Signs.cls", ProcedureKind::Sub, name}; }
 void fail() { throw RuntimeError(ErrorNumber::overflow); }
+void enterHost() { TraceEnter("Host.frm", "Sub Load", "(Index=1)"); }
+void leaveHost() { TraceLeave("Host.frm", "Sub Load", "(Index=1)"); }
 
 struct Sign {
     static constexpr std::string_view ClassName() { return "Sign"; }
@@ -24,8 +23,15 @@ struct Sign {
 
 class CallTrace : public testing::Test {
 protected:
-    static void enterHost() { TraceEnter("Host.frm", "Sub Load", "(Index=1)"); }
-    static void leaveHost() { TraceLeave("Host.frm", "Sub Load", "(Index=1)"); }
+    ~CallTrace() override { EXPECT_TRUE(RunningProcedures().empty()); }
+    /// Of the only error, the procedures that were running.
+    Texts reportedStack() {
+        Texts stack;
+        for (const ErrorReport& report : host_.reports.all)
+            for (const TraceLine& line : report.stack)
+                stack.push_back(line.procedure + line.arguments);
+        return stack;
+    }
 
     TestHost host_;
     KeptTrace trace_;
@@ -34,13 +40,11 @@ protected:
 
 TEST_F(CallTrace, ShowsEachKindOfArgument) {
     const std::string text = "PIER 1";
+    const std::optional<std::string> missing;
     const std::int16_t number = 5;
     const double seconds = 1.5;
     const bool flag = true;
-    Sign sign;
-    const Sign* const present = &sign;
-    const Sign* const absent = nullptr;
-    const std::optional<std::string> missing;
+    const Sign sign, *const present = &sign, *const absent = nullptr;
     trace_.withModules = true;
     traced(
         {"Signs.bas", ProcedureKind::PropertyGet, "Sign"}, [] {}, Arg{"vData", text}, Arg{"n", number},
@@ -63,112 +67,70 @@ TEST_F(CallTrace, ShowsChangedArgumentsAtExitAndKeepsThoseOfTheEntryForReports) 
         };
         traced(sub("Change"), change, Arg{"number", number}, Arg{"name", name});
     }
-    EXPECT_EQ(trace_.lines, (Texts{"> Sub Change (number=2, name=a)", "< Sub Change (number=7, name=b)",
-                                   "> Sub Change (number=2, name=a)"}))
+    const std::string entry = "> Sub Change (number=2, name=a)";
+    EXPECT_EQ(trace_.lines, (Texts{entry, "< Sub Change (number=7, name=b)", entry}))
         << "an error skips the exit";
     EXPECT_EQ(host_.reports.all.at(0).procedure.arguments, "(number=2, name=a)");
 }
 
-TEST_F(CallTrace, IsSkippedWhileSwitchedOff) {
+TEST_F(CallTrace, IsSkippedWhileSwitchedOffButLeavesWhatWasEnteredBefore) {
+    enterHost();
     SwitchTrace(false);
+    leaveHost();
     enterHost();
-    traced(sub("Quiet"), [] { EXPECT_TRUE(RunningProcedures().empty()); });
     traced(sub("Fail"), fail);
-    leaveHost();
     SwitchTrace(true);
-    EXPECT_TRUE(trace_.lines.empty());
-    EXPECT_EQ(host_.reports.all.at(0).procedure.procedure, "Sub Fail");
-    EXPECT_TRUE(host_.reports.all.at(0).stack.empty());
+    EXPECT_EQ(trace_.lines, Texts{"> Sub Load (Index=1)"});
+    EXPECT_EQ(host_.reports.takeNumbers(), Numbers{6});
 }
 
-TEST_F(CallTrace, ReportsTheRunningProceduresInnermostLast) {
+TEST_F(CallTrace, ReportsTheRunningProceduresOnceAndForgetsThoseThatAreNeverLeft) {
     enterHost();
-    traced(sub("Outer"), [] { traced(sub("Inner"), fail); });
-    leaveHost();
-    ASSERT_EQ(host_.reports.all.size(), 1u) << "reported once, by the procedure that failed";
-    Texts stack;
-    for (const TraceLine& line : host_.reports.all[0].stack)
-        stack.push_back(line.procedure + line.arguments);
-    EXPECT_EQ(stack, (Texts{"Sub Load(Index=1)", "Sub Outer()", "Sub Inner()"}));
-    EXPECT_TRUE(RunningProcedures().empty());
-}
-
-TEST_F(CallTrace, ForgetsEntriesWhoseLeaveIsMissing) {
+    TraceLeave("Host.frm", "Sub NeverEntered", "()");
+    traced(sub("Forgetful"), enterHost);
     traced(sub("Outer"), [] {
+        leaveHost(); // not here: the library is in between
         enterHost();
         fail();
     });
-    EXPECT_EQ(host_.reports.all.at(0).stack.size(), 2u);
-    traced(sub("Outer"), enterHost);
-    EXPECT_TRUE(RunningProcedures().empty());
-}
-
-TEST_F(CallTrace, LeavesOnlyWhatTheHostEnteredEvenWhenSwitchedOffMeanwhile) {
-    enterHost();
-    TraceLeave("Host.frm", "Sub NeverEntered", "()");
-    traced(sub("Inside"), [] {
-        leaveHost();
-        EXPECT_EQ(RunningProcedures().size(), 2u);
-    });
-    SwitchTrace(false);
     leaveHost();
-    SwitchTrace(true);
-    EXPECT_TRUE(RunningProcedures().empty());
+    EXPECT_EQ(reportedStack(), (Texts{"Sub Load(Index=1)", "Sub Outer()", "Sub Load(Index=1)"}));
 }
 
 TEST_F(CallTrace, CannotMakeAProcedureFail) {
-    class Failing final : public TraceRecorder {
+    struct Failing final : TraceRecorder, ErrorReporter {
         void entered(const TraceLine&) override { throw std::bad_alloc(); }
         void left(const TraceLine&) override { throw std::runtime_error("no room"); }
+        void report(const ErrorReport&) override { throw std::runtime_error("log full"); }
     } failing;
-    const ScopedTraceRecorder scope(failing);
+    const ScopedTraceRecorder recorderScope(failing);
     EXPECT_EQ(traced(sub("Work"), [] { return 7; }), 7);
     enterHost();
     leaveHost();
     EXPECT_TRUE(host_.reports.all.empty());
+    const ScopedErrorReporter reporterScope(failing);
+    traced(sub("Fail"), fail);
 }
 
-TEST(ErrorTrap, TurnsEveryExceptionIntoANumberAndTheFailureValue) {
-    TestHost host;
+TEST_F(CallTrace, TurnsEveryExceptionIntoANumberAndTheFailureValue) {
     EXPECT_EQ(traced(sub("A"), []() -> std::string { throw RuntimeError(9, "own words"); }), "");
     EXPECT_EQ(traced(sub("B"), []() -> int { throw std::bad_alloc(); }), 0);
-    EXPECT_EQ(traced(sub("C"), []() -> bool { throw std::logic_error("unforeseen"); }), false);
-    EXPECT_EQ(host.reports.all.at(0).error.description(), "own words");
-    EXPECT_EQ(host.reports.takeNumbers(), (Numbers{9, 7, 51}));
+    EXPECT_FALSE(traced(sub("C"), []() -> bool { throw std::logic_error("unforeseen"); }));
+    EXPECT_EQ(host_.reports.all.at(0).error.description(), "own words");
+    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{9, 7, 51}));
     EXPECT_THROW(untraced([] { throw std::bad_alloc(); }), RuntimeError);
+    using enum SystemError;
+    for (const SystemError error : {fileNotFound, folderNotFound, accessDenied, inUse, diskFull, tooLarge})
+        traced(sub("D"), [=] { Check(error); });
+    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{53, 76, 75, 70, 61, 7}));
 }
 
-TEST(ErrorTrap, SurvivesAReporterThatFails) {
-    class Failing : public ErrorReporter {
-        void report(const ErrorReport&) override { throw std::runtime_error("log full"); }
-    } failing;
-    const ScopedErrorReporter scope(failing);
-    traced(sub("A"), fail);
-    EXPECT_TRUE(RunningProcedures().empty());
-}
-
-TEST(ErrorTrap, KnowsTheErrorsOfTheFileSystem) {
-    for (const auto& [error, number] :
-         {std::pair(SystemError::fileNotFound, 53), std::pair(SystemError::folderNotFound, 76),
-          std::pair(SystemError::accessDenied, 75), std::pair(SystemError::inUse, 70),
-          std::pair(SystemError::diskFull, 61), std::pair(SystemError::tooLarge, 7)})
-        EXPECT_EQ(ErrorFor(error).number(), number);
-}
-
-TEST(ClassDebugID, CountsUpAndStopsAtItsEnd) {
-    TestHost host;
-    const std::int32_t first = GetNextClassDebugID();
-    EXPECT_EQ(GetNextClassDebugID(), first + 1);
-    LastClassDebugID(std::numeric_limits<std::int32_t>::max());
+TEST_F(CallTrace, ShowsTheErrorOfAClassDebugIDPastTheLast) {
+    LastClassDebugID(INT32_MAX);
     EXPECT_EQ(SettingsInfoClass().ClassDebugID(), 0);
-    ASSERT_EQ(host.reports.all.size(), 1u) << "trapped by the creator of the object";
-    EXPECT_EQ(host.reports.all[0].procedure.procedure, "Sub Class_Initialize");
-    EXPECT_EQ(host.reports.all[0].stack.back().procedure, "Function GetNextClassDebugID");
-    EXPECT_EQ(host.reports.takeNumbers(), Numbers{6});
-    EXPECT_THROW(GetNextClassDebugID(), RuntimeError);
-    EXPECT_TRUE(RunningProcedures().empty());
-    EXPECT_EQ(LastClassDebugID(), std::numeric_limits<std::int32_t>::max());
-    LastClassDebugID(first);
+    LastClassDebugID(0);
+    EXPECT_EQ(reportedStack(), (Texts{"Sub Class_Initialize()", "Function GetNextClassDebugID()"}));
+    EXPECT_EQ(host_.reports.takeNumbers(), Numbers{6});
 }
 
 } // namespace

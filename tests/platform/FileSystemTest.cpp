@@ -1,223 +1,121 @@
 #include "Machines.h"
 #include "platform/ReplacementFile.h"
-#include "platform/memory/MemoryPlatform.h"
 
 #include <chrono>
 #include <future>
 #include <thread>
+#include <tuple>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
+using enum SystemError;
+
 template <class Machine>
 class FileSystemTest : public OnEveryMachine<Machine> {};
-TYPED_TEST_SUITE(FileSystemTest, Machines, MachineName);
+TYPED_TEST_SUITE(FileSystemTest, Machines);
 
-TYPED_TEST(FileSystemTest, GivesBackEveryByteOfAFile) {
-    const std::string path = this->machine.file("a.txt");
+TYPED_TEST(FileSystemTest, GivesBackEveryByteOfAFileAsAWholeAndInPieces) {
+    const std::string path = this->file("a.txt");
     std::string large(300'000, '\0');
     for (std::size_t i = 0; i < large.size(); ++i)
         large[i] = static_cast<char>(i * 7);
-    for (const std::string& content : {std::string(), std::string("one\r\ntwo\n\x1a\0three", 16), large}) {
-        this->put(path, content);
-        EXPECT_EQ(this->textOf(path), content);
-        EXPECT_EQ(this->files().sizeOf(path).value, content.size());
-    }
-    for (int time = 0; time < 2; ++time)
-        this->put(this->machine.file("log.txt"), "line\n", OpenMode::append);
-    EXPECT_EQ(this->textOf(this->machine.file("log.txt")), "line\nline\n");
-}
-
-TYPED_TEST(FileSystemTest, ReadsPiecesFromAnywhereInAFile) {
-    const std::string path = this->machine.file("a.txt");
-    this->put(path, "0123456789");
-    const auto file = this->files().openToRead(path);
-    ASSERT_EQ(file.error, SystemError::none);
-    EXPECT_EQ(file.value->size(), 10u);
-    const struct {
-        const char* why;
-        std::uint64_t offset;
-        std::size_t size;
-        std::string piece;
-    } cases[] = {
-        {"from the start", 0, 4, "0123"}, {"over the end", 8, 4, "89"},         {"back again", 3, 1, "3"},
-        {"at the end", 10, 4, ""},        {"far behind it", 1ULL << 40, 4, ""}, {"nothing wanted", 5, 0, ""},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.why);
-        std::string piece(c.size, '?');
-        const auto count = file.value->readAt(c.offset, piece);
-        ASSERT_EQ(count.error, SystemError::none);
-        EXPECT_EQ(piece.substr(0, count.value), c.piece);
+    this->put(path, "a longer line\n");
+    this->put(path, "line\n");
+    this->put(path, "line\n", OpenMode::append);
+    EXPECT_EQ(this->textOf(path), "line\nline\n");
+    this->put(path, large);
+    EXPECT_EQ(this->textOf(path), large);
+    EXPECT_EQ(this->files().sizeOf(path).value, large.size());
+    const auto input = this->files().openToRead(path);
+    EXPECT_EQ(input.value->size(), large.size());
+    for (const std::uint64_t offset : {299'990ULL, 0ULL, 123'456ULL, 300'000ULL, 1ULL << 40}) {
+        std::string piece(100, '?');
+        piece.resize(input.value->readAt(offset, piece).value);
+        EXPECT_EQ(piece, offset < large.size() ? large.substr(offset, 100) : "") << offset;
     }
 }
 
 TYPED_TEST(FileSystemTest, TellsAMissingFileAMissingFolderAndAFolderApart) {
     FileSystem& files = this->files();
-    const std::string folder = this->machine.file("folder");
-    ASSERT_EQ(files.createFolder(folder), SystemError::none);
-    const struct {
-        std::string path;
-        EntryKind kind;
-        SystemError whenRead, whenMade;
-    } cases[] = {
-        {this->machine.file("none.txt"), EntryKind::missing, SystemError::fileNotFound, SystemError::none},
-        {JoinPath(this->machine.file("none"), "a.txt"), EntryKind::missing, SystemError::folderNotFound,
-         SystemError::folderNotFound},
-        {folder, EntryKind::folder, SystemError::accessDenied, SystemError::accessDenied},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.path);
-        EXPECT_EQ(files.kindOf(c.path), c.kind);
-        EXPECT_EQ(files.read(c.path).error, c.whenRead);
-        EXPECT_EQ(files.openToRead(c.path).error, c.whenRead);
-        EXPECT_EQ(files.sizeOf(c.path).error, c.whenRead);
-        EXPECT_EQ(files.mayWrite(c.path), c.whenMade);
-        if (c.kind == EntryKind::missing) {
-            EXPECT_EQ(files.remove(c.path), c.whenRead);
-            EXPECT_EQ(files.copy(c.path, this->machine.file("copy")), c.whenRead);
-            EXPECT_NE(files.moveOver(c.path, this->machine.file("copy")), SystemError::none);
-            EXPECT_EQ(files.createBeside(c.path).error, c.whenMade);
+    const std::string folder = this->file("folder"), copy = this->file("copy");
+    ASSERT_EQ(files.createFolder(folder), none);
+    const std::tuple<std::string, EntryKind, SystemError, SystemError> cases[] = {
+        {this->file("none.txt"), EntryKind::missing, fileNotFound, none},
+        {JoinPath(this->file("none"), "a.txt"), EntryKind::missing, folderNotFound, folderNotFound},
+        {folder, EntryKind::folder, accessDenied, accessDenied}};
+    for (const auto& [path, kind, whenRead, whenMade] : cases) {
+        SCOPED_TRACE(path);
+        EXPECT_EQ(files.kindOf(path), kind);
+        EXPECT_EQ(
+            (std::vector{files.read(path).error, files.openToRead(path).error, files.sizeOf(path).error}),
+            std::vector(3, whenRead));
+        EXPECT_EQ((std::vector{files.mayWrite(path), ReplacementFile(files, path).error()}),
+                  std::vector(2, whenMade));
+        if (kind == EntryKind::missing) {
+            EXPECT_EQ((std::vector{files.remove(path), files.copy(path, copy)}), std::vector(2, whenRead));
+            EXPECT_EQ(files.createBeside(path).error, whenMade);
         }
-        EXPECT_EQ(files.open(c.path, OpenMode::replace).error, c.whenMade);
+        EXPECT_EQ(files.open(path, OpenMode::replace).error, whenMade);
     }
     EXPECT_EQ(files.kindOf(WithTrailingSeparator(folder)), EntryKind::folder);
+    EXPECT_EQ(files.createFolder(folder), alreadyExists);
+    EXPECT_EQ(files.createFolder(JoinPath(this->file("none"), "a")), folderNotFound) << "one level at a time";
 }
 
-TYPED_TEST(FileSystemTest, MakesFoldersOneLevelAtATime) {
-    const std::string outer = this->machine.file("outer");
-    const std::string inner = JoinPath(outer, "inner");
-    EXPECT_EQ(this->files().createFolder(inner), SystemError::folderNotFound);
-    EXPECT_EQ(this->files().createFolder(outer), SystemError::none);
-    EXPECT_EQ(this->files().createFolder(inner), SystemError::none);
-    EXPECT_EQ(this->files().createFolder(inner), SystemError::alreadyExists);
-}
-
-TYPED_TEST(FileSystemTest, CopiesAndLeavesAFileCopiedOntoItselfAlone) {
-    const std::string from = this->machine.file("from.bmp");
-    const std::string to = this->machine.file("to.bmp");
-    const std::string content(200'000, 'x');
+TYPED_TEST(FileSystemTest, CopiesTheWholeFileOrKeepsTheOldTarget) {
+    const std::string from = this->file("from.bmp"), to = this->file("to.bmp"), content(200'000, 'x');
     this->put(from, content);
-    EXPECT_EQ(this->files().copy(from, to), SystemError::none);
+    this->put(to, content + "old");
+    for (const std::string& source : {from, to}) { // a file copied onto itself is left alone
+        EXPECT_EQ(this->files().copy(source, to), none);
+        EXPECT_EQ(this->textOf(to), content);
+    }
+    this->put(from, "new");
+    EXPECT_EQ(this->files().copy(this->file("none.bmp"), to), fileNotFound);
+    EXPECT_EQ(this->files().copy(from, JoinPath(this->file("none"), "a.bmp")), folderNotFound);
+    this->machine.protect(to);
+    EXPECT_EQ(this->files().copy(from, to), accessDenied);
     EXPECT_EQ(this->textOf(to), content);
-    this->put(from, "shorter");
-    for (const std::string& source : {from, to}) {
-        EXPECT_EQ(this->files().copy(source, to), SystemError::none);
-        EXPECT_EQ(this->textOf(to), "shorter");
-    }
-    EXPECT_EQ(this->machine.fileCount(), 2u);
+    EXPECT_EQ(this->machine.fileCount(), 2);
 }
 
-TYPED_TEST(FileSystemTest, AFailedCopyKeepsTheOldTarget) {
-    const std::string target = this->machine.file("target.bmp");
-    this->put(target, "old");
-    EXPECT_EQ(this->files().copy(this->machine.file("none.bmp"), target), SystemError::fileNotFound);
-    EXPECT_EQ(this->textOf(target), "old");
-    const std::string source = this->machine.file("source.bmp");
-    this->put(source, "new");
-    EXPECT_EQ(this->files().copy(source, JoinPath(this->machine.file("none"), "a.bmp")),
-              SystemError::folderNotFound);
-    this->machine.protect(target);
-    EXPECT_EQ(this->files().copy(source, target), SystemError::accessDenied);
-    EXPECT_EQ(this->textOf(target), "old");
-    EXPECT_EQ(this->machine.fileCount(), 2u);
-}
-
-TYPED_TEST(FileSystemTest, FindsANameSpeltInAnotherCase) {
-    FileSystem& files = this->files();
-    const std::string path = this->machine.file("Fnt4x8.CFF");
+TYPED_TEST(FileSystemTest, FindsANameSpeltInAnotherCaseAndTheFolderOfARelativeOne) {
+    const std::string path = this->file("Fnt4x8.CFF"), full = this->files().fullName("a.txt");
     this->put(path, "font");
-    EXPECT_EQ(files.existingName(path), path);
-    EXPECT_EQ(files.existingName(this->machine.file("FNT4X8.cff")), path);
-    const std::string missing = this->machine.file("FNT5X9.cff");
-    EXPECT_EQ(files.existingName(missing), missing);
-    const std::string inMissing = JoinPath(this->machine.file("none"), "a");
-    EXPECT_EQ(files.existingName(inMissing), inMissing);
-    EXPECT_EQ(files.existingName(""), "");
+    EXPECT_EQ(this->files().existingName(this->file("FNT4X8.cff")), path);
+    for (const std::string& asGiven : {path, this->file("FNT5X9.cff"), JoinPath(this->file("none"), "a")})
+        EXPECT_EQ(this->files().existingName(asGiven), asGiven);
+    EXPECT_TRUE(IsRootedPath(full) && SplitPath(full).name == "a.txt") << full;
+    EXPECT_EQ(this->files().fullName(path), path);
 }
 
-TYPED_TEST(FileSystemTest, PutsTheCurrentFolderInFrontOfARelativeName) {
-    const std::string rooted = this->machine.file("a.txt");
-    EXPECT_EQ(this->files().fullName(rooted), rooted);
-    const std::string full = this->files().fullName("a.txt");
-    EXPECT_TRUE(IsRootedPath(full)) << full;
-    EXPECT_EQ(SplitPath(full).name, "a.txt");
-}
-
-template <class Machine>
-class ReplacementFileTest : public OnEveryMachine<Machine> {
-protected:
-    SystemError replace(const std::string& path, std::string_view content) {
+TYPED_TEST(FileSystemTest, ReplacesAFileWhenTheNewOneIsCommittedAndNeverAReadOnlyOne) {
+    const std::string path = this->file("a.playfile");
+    const auto replace = [&](const char* content) {
         ReplacementFile file(this->files(), path);
-        (void)file.write(content);
-        return file.commit();
-    }
-};
-TYPED_TEST_SUITE(ReplacementFileTest, Machines, MachineName);
-
-TYPED_TEST(ReplacementFileTest, KeepsTheOldFileUntilCommitted) {
-    const std::string path = this->machine.file("a.playfile");
+        const SystemError written = file.write(content);
+        EXPECT_EQ(file.commit(), written);
+        return written;
+    };
     for (const char* content : {"made", "replaced"})
-        EXPECT_EQ(this->replace(path, content), SystemError::none);
-    {
-        ReplacementFile file(this->files(), path);
-        EXPECT_EQ(file.write("given up"), SystemError::none);
-        EXPECT_EQ(this->textOf(path), "replaced");
-    }
-    EXPECT_EQ(this->textOf(path), "replaced");
-    EXPECT_EQ(this->machine.fileCount(), 1u);
-}
-
-TYPED_TEST(ReplacementFileTest, RefusesAReadOnlyFile) {
-    const std::string path = this->machine.file("a.playfile");
-    this->put(path, "old");
+        EXPECT_EQ(replace(content), none);
+    EXPECT_EQ(ReplacementFile(this->files(), path).write("given up"), none);
     this->machine.protect(path);
-    ReplacementFile file(this->files(), path);
-    EXPECT_EQ(file.error(), SystemError::accessDenied);
-    EXPECT_EQ(file.write("new"), SystemError::accessDenied);
-    EXPECT_EQ(file.commit(), SystemError::accessDenied);
-    EXPECT_EQ(this->textOf(path), "old");
-    EXPECT_EQ(this->machine.fileCount(), 1u);
+    EXPECT_EQ(replace("refused"), accessDenied);
+    EXPECT_EQ(this->textOf(path), "replaced");
+    EXPECT_EQ(this->machine.fileCount(), 1);
 }
 
-TYPED_TEST(ReplacementFileTest, ReportsAMissingFolderAndAFolderInItsPlace) {
-    EXPECT_EQ(this->replace(JoinPath(this->machine.file("none"), "a"), "x"), SystemError::folderNotFound);
-    const std::string folder = this->machine.file("folder");
-    ASSERT_EQ(this->files().createFolder(folder), SystemError::none);
-    EXPECT_EQ(this->replace(folder, "x"), SystemError::accessDenied);
-    EXPECT_EQ(this->files().kindOf(folder), EntryKind::folder);
-}
-
-TEST(ReplacementFileInMemory, LeavesTheOldFileOrTheNewOneWhicheverOperationFails) {
-    for (int failing = 1;; ++failing) {
-        SCOPED_TRACE(failing);
-        MemoryPlatform machine;
-        const std::string path = JoinPath(machine.library, "a");
-        machine.files().put(path, "old");
-        int count = 0;
-        machine.files().observer = [&](const FileOperation&) {
-            return ++count == failing ? SystemError::deviceFailure : SystemError::none;
-        };
-        ReplacementFile file(machine.files(), path);
-        (void)file.write("new");
-        const SystemError error = file.commit();
-        EXPECT_EQ(machine.files().content(path), error == SystemError::none ? "new" : "old");
-        if (count < failing)
-            break;
-    }
-}
-
-TEST(ReplacementFileInMemory, WritesInPlaceOnceCompleteWhereTheFolderTakesNoNewFile) {
+TEST(ReplacementFile, IsWrittenInPlaceOnceCompleteWhereTheFolderTakesNoNewFile) {
     MemoryPlatform machine;
     const std::string path = JoinPath(machine.library, "a");
     machine.files().put(path, "old");
     machine.files().setReadOnly(machine.library);
-    for (const bool commits : {false, true}) {
-        ReplacementFile file(machine.files(), path);
-        EXPECT_EQ(file.write("new"), SystemError::none);
-        EXPECT_EQ(machine.files().content(path), "old");
-        EXPECT_TRUE(!commits || file.commit() == SystemError::none);
-    }
+    ReplacementFile file(machine.files(), path);
+    EXPECT_EQ(file.write("new"), none);
+    EXPECT_EQ(machine.files().content(path), "old");
+    EXPECT_EQ(file.commit(), none);
     EXPECT_EQ(machine.files().content(path), "new");
 }
 
@@ -225,13 +123,12 @@ TEST(SystemFiles, AReaderWaitsForTheWriterOfAFile) {
     SystemMachine machine;
     FileSystem& files = machine.platform().files();
     const std::string path = machine.file("a");
-    auto writer = files.open(path, OpenMode::replace);
-    ASSERT_TRUE(writer);
-    EXPECT_EQ(writer.value->write("one half"), SystemError::none);
+    const auto writer = files.open(path, OpenMode::replace);
+    EXPECT_EQ(writer.value->write("one half"), none);
     auto read = std::async(std::launch::async, [&] { return std::string(files.read(path).value.text()); });
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    EXPECT_EQ(writer.value->write(", and the other"), SystemError::none);
-    EXPECT_EQ(writer.value->close(), SystemError::none);
+    EXPECT_EQ(writer.value->write(", and the other"), none);
+    EXPECT_EQ(writer.value->close(), none);
     EXPECT_EQ(read.get(), "one half, and the other");
 }
 

@@ -6,11 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <memory>
-#include <string>
-#include <string_view>
-
 #ifndef _WIN32
 #include <sys/stat.h>
 #include <unistd.h>
@@ -22,7 +17,7 @@ class MemoryMachine {
 public:
     Platform& platform() { return machine_; }
     std::string file(const std::string& name) { return JoinPath(machine_.library, name); }
-    std::size_t fileCount() { return machine_.files().fileNames().size(); }
+    std::ptrdiff_t fileCount() { return std::ssize(machine_.files().fileNames()); }
     void protect(const std::string& path) { machine_.files().setReadOnly(path); }
 
 private:
@@ -34,37 +29,24 @@ class SystemMachine {
 public:
     Platform& platform() { return *platform_; }
     std::string file(const std::string& name) { return folder_.file(name); }
-    std::size_t fileCount() {
-        const std::filesystem::directory_iterator entries(folder_.path());
-        return static_cast<std::size_t>(std::distance(begin(entries), end(entries)));
+    std::ptrdiff_t fileCount() {
+        using Entries = std::filesystem::directory_iterator;
+        return std::distance(Entries(folder_.path()), Entries());
     }
     void protect(const std::string& path) {
         using std::filesystem::perms;
         std::filesystem::permissions(path, perms::owner_read | perms::group_read | perms::others_read);
-        becomeOrdinary();
-    }
-
-#ifdef _WIN32
-private:
-    void becomeOrdinary() {}
-#else
-    ~SystemMachine() {
-        if (isRoot_)
-            (void)!::seteuid(0);
-    }
-
-private:
-    /// No file is read-only for root.
-    void becomeOrdinary() {
-        constexpr uid_t nobody = 65534;
-        if (!isRoot_)
-            return;
+#ifndef _WIN32
+        constexpr uid_t nobody = 65534; // no file is read-only for root
         ASSERT_EQ(::chmod(folder_.path().c_str(), 0777), 0);
-        ASSERT_EQ(::seteuid(nobody), 0);
-    }
-
-    const bool isRoot_ = ::geteuid() == 0;
+        ASSERT_TRUE(::getuid() != 0 || ::seteuid(nobody) == 0);
 #endif
+    }
+#ifndef _WIN32
+    ~SystemMachine() { (void)!::seteuid(::getuid()); }
+#endif
+
+private:
     TempFolder folder_;
     std::unique_ptr<Platform> platform_ = makePlatform({folder_.path()});
 };
@@ -74,10 +56,11 @@ class OnEveryMachine : public testing::Test {
 protected:
     Platform& platform() { return machine.platform(); }
     FileSystem& files() { return platform().files(); }
+    std::string file(const std::string& name) { return machine.file(name); }
 
     /// Writes without the care that `ReplacementFile` takes.
     void put(const std::string& path, std::string_view content, OpenMode mode = OpenMode::replace) {
-        auto file = files().open(path, mode);
+        const auto file = files().open(path, mode);
         ASSERT_EQ(file.error, SystemError::none);
         EXPECT_EQ(file.value->write(content), SystemError::none);
         EXPECT_EQ(file.value->close(), SystemError::none);
@@ -92,12 +75,5 @@ protected:
 };
 
 using Machines = testing::Types<MemoryMachine, SystemMachine>;
-
-struct MachineName {
-    template <class Machine>
-    static std::string GetName(int) {
-        return std::is_same_v<Machine, MemoryMachine> ? "Memory" : "System";
-    }
-};
 
 } // namespace qrtVistrelClasses4

@@ -1,0 +1,106 @@
+// Files of one value after the other: with delimiters between them, or each in quotes on a line of its own.
+#include "TestHost.h"
+#include "frame/DelimitedValues.h"
+#include "frame/QuotedLines.h"
+
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+template <class Reader>
+void expectValues(std::initializer_list<std::tuple<const char*, std::string_view, Texts>> rows) {
+    for (const auto& [why, text, expected] : rows) {
+        Texts values;
+        for (Reader in(text); !in.atEnd();)
+            values.emplace_back(in.value());
+        EXPECT_EQ(values, expected) << why;
+    }
+}
+
+/// The value at the start of `text`, or the number of the error as "E13".
+template <class Value, class Reader>
+std::string taken(const std::string& text) {
+    Value value{};
+    try {
+        Reader(text).get(value);
+    } catch (const RuntimeError& error) {
+        return "E" + std::to_string(error.number());
+    }
+    return std::to_string(value);
+}
+
+/// Each row is a value with what it is as 16 bits, as 32 bits and as flag, whatever ends it.
+template <class Reader>
+void expectNumbers(std::initializer_list<std::pair<std::string, std::string>> rows) {
+    for (const auto& [value, expected] : rows)
+        for (const std::string& text : {value + "\r\n", value + "\n9", value}) {
+            const std::string numbers = taken<std::int16_t, Reader>(text) + " " +
+                                        taken<std::int32_t, Reader>(text) + " " + taken<bool, Reader>(text);
+            EXPECT_EQ(numbers, expected) << text;
+        }
+}
+
+TEST(DelimitedReader, TakesValuesFromLinesAndFromBetweenCommas) {
+    expectValues<DelimitedReader>({
+        {"lines, with half an end too", "\"a\"\r\n2\n\"\"\r3\r\n", {"a", "2", "", "3"}},
+        {"one line, with blanks everywhere", "  \"a\" ,  b c ,\" d \"", {"a", "b c ", " d "}},
+        {"separators in quotes", "\"a,b\r\nc\",2", {"a,b\r\nc", "2"}},
+        {"a quote inside a text splits it", "\"6\" sign\"\r\n2", {"6", "sign\"", "2"}},
+        {"texts without a separator", "\"a\"\"b\"2", {"a", "b", "2"}},
+        {"a quote inside a plain value", "a\"b,c\",2", {"a\"b", "c\"", "2"}},
+        {"a comma and a line end are two separators", ",\"a\",\r\n2", {"", "a", "", "2"}},
+    });
+}
+
+// clang-format off
+TEST(DelimitedReader, ConvertsValuesWhateverEndsThem) {
+    expectNumbers<DelimitedReader>({
+        {"-5", "-5 -5 1"}, {"+5", "5 5 1"}, {"0", "0 0 0"}, {"  5", "5 5 1"}, {"5 ", "5 5 1"},
+        {"\"5\"", "5 5 1"}, {"2.5", "2 2 1"}, {".4", "0 0 1"}, {"1e3", "1000 1000 1"},
+        {"32767", "32767 32767 1"}, {"32768", "E6 32768 1"}, {"2147483648", "E6 E6 1"}, {"1e999", "E6 E6 E6"},
+        {"#TRUE#", "E13 E13 1"}, {"#FALSE#", "E13 E13 0"}, {"\"#true#\"", "E13 E13 1"},
+        {"True", "E13 E13 E13"}, {"5x", "E13 E13 E13"}, {"\"5", "E62 E62 E62"}});
+}
+
+TEST(QuotedLineReader, ConvertsValuesWhateverEndsThem) {
+    expectNumbers<QuotedLineReader>({
+        {"\"-5\"", "-5 -5 1"}, {"\" 2,5 \"", "2 2 1"}, {"70000", "E6 70000 1"}, {"\"True\"", "E13 E13 1"},
+        {"\"False\"", "E13 E13 0"}, {"\"\"", "E13 E13 E13"}, {"\"12\"3\"", "E13 E13 E13"}});
+    EXPECT_EQ((taken<std::int16_t, QuotedLineReader>("")), "E62");
+    EXPECT_EQ((taken<double, QuotedLineReader>("\"-2,5\"")), std::to_string(-2.5));
+}
+// clang-format on
+
+TEST(QuotedLineReader, TakesOneValueFromEachLine) {
+    expectValues<QuotedLineReader>({
+        {"a plain line is a value, an empty one too", "\"a\"\r\n\r\n\"\"\n 9 ", {"a", "", "", " 9 "}},
+        {"blanks around the quotes do not count", "  \"a\"  \r\n", {"a"}},
+        {"a quote inside a value of foreign make", "\"6\" sign\"\r\n", {"6\" sign"}},
+        {"a text of several lines", "\"one\r\ntwo\r\n\r\n\"\r\n\"b\"\r\n", {"one\r\ntwo\r\n\r\n", "b"}},
+        {"a text that starts with a line break", "\"\r\none\"\r\n\"b\"\r\n", {"\r\none", "b"}},
+        {"a lost closing quote", "\"a\r\n\"b\"\r\n", {"a", "b"}},
+        {"a lost closing quote two lines before the next", "\"a\r\nx\r\n\"b\"\r\n", {"a", "x", "b"}},
+        {"a lost closing quote at the end", "\"a\r\nx\r\n", {"a", "x"}},
+        {"a quote alone, a carriage return inside a line", "a\rb\r\n\"", {"a\rb", ""}},
+    });
+}
+
+TEST(QuotedLineWriter, PutsTextsLargerThanAnyBufferAndNoQuoteInsideThem) {
+    MemoryPlatform machine;
+    const std::string path = JoinPath(machine.library, "values"), longText(200'000, 'x');
+    const auto file = machine.files().open(path, OpenMode::replace);
+    QuotedLineWriter out(*file.value);
+    out.putPlainLine(longText);
+    out.put("6\" sign");
+    out.put(longText);
+    out.put(1.25);
+    out.finish();
+    EXPECT_TRUE(machine.files().content(path) ==
+                longText + "\r\n\"6\x01 sign\"\r\n\"" + longText + "\"\r\n\"1.25\"\r\n");
+}
+
+} // namespace
+} // namespace qrtVistrelClasses4
