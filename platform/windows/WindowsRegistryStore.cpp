@@ -144,11 +144,12 @@ SystemError WindowsRegistryStore::createKey(const RegistryKey& key) {
 }
 
 SystemError WindowsRegistryStore::deleteKey(const RegistryKey& key) {
+    const std::string path(UntilNul(key.path));
     // Without a path the system would empty the whole hive.
-    if (key.path.find_first_not_of('\\') == key.path.npos)
+    if (path.find_first_not_of('\\') == path.npos)
         return SystemError::accessDenied;
     const HKEY root = predefined(key.hive);
-    return root ? told(::RegDeleteTreeA(root, key.path.c_str())) : SystemError::fileNotFound;
+    return root ? told(::RegDeleteTreeA(root, path.c_str())) : SystemError::fileNotFound;
 }
 
 SystemError WindowsRegistryStore::deleteValue(const RegistryKey& key, std::string_view name) {

@@ -80,7 +80,7 @@ TYPED_TEST(RegistryStoreTest, RefusesMissingKeysAndNeverDeletesARootKey) {
     ASSERT_EQ(store.createKey(TestFixture::key("there")), none);
     EXPECT_EQ(store.readString(TestFixture::key("there"), "v").error, fileNotFound);
     EXPECT_EQ(store.deleteValue(TestFixture::key("there"), "v"), fileNotFound);
-    for (const char* path : {"", "\\"})
+    for (const std::string& path : {std::string(), std::string("\\"), std::string("\0a", 2)})
         EXPECT_EQ(store.deleteKey({RegistryHive::users, path}), accessDenied);
     EXPECT_TRUE(store.keyExists({RegistryHive::users, ""}));
 }
