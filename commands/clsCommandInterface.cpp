@@ -48,8 +48,8 @@ void makeFolderOf(const std::string& path) {
 /// Keeps a file whose rows are not in the table, but never in place of one that was kept before. One that
 /// cannot be read can still be renamed.
 void keep(FileSystem& files, const std::string& path) {
-    const std::string backup = path + std::string(kBackupEnding);
     Check(files.mayWrite(path));
+    const std::string backup = MakePlaceForBackup(files, path);
     if (files.kindOf(backup) != EntryKind::missing)
         throw RuntimeError(ErrorNumber::fileAlreadyExists);
     if (files.copy(path, backup) != SystemError::none)

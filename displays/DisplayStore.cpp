@@ -55,7 +55,7 @@ SystemError copyPrevious(FileSystem& files, const std::string& path) {
     const std::string copy = path + std::string(kBackupEnding);
     if (!isWholeList(previous.value.text()) && files.kindOf(copy) == EntryKind::file)
         return SystemError::none;
-    ReplacementFile backup(files, copy);
+    ReplacementFile backup(files, MakePlaceForBackup(files, path));
     (void)backup.write(previous.value.text()); // a failure is kept, and told by `commit`
     return backup.commit();
 }

@@ -55,10 +55,11 @@ struct TemporaryFile {
 
 enum class OpenMode {
     replace, ///< Makes the file, or empties it. One at a time: others wait, and fail with `inUse` in the end.
-    append,  ///< Makes the file, or writes behind its last byte.
+    append,  ///< Makes the file, or writes behind its last byte; never through a link.
 };
 
-/// Names are 8-bit texts handed to the system unchanged. Every operation follows symbolic links.
+/// Names are 8-bit texts handed to the system unchanged; one that holds a NUL is `folderNotFound`. Operations
+/// follow symbolic links unless they say otherwise.
 class FileSystem {
 public:
     virtual ~FileSystem() = default;
@@ -73,6 +74,7 @@ public:
     /// A folder or a device is `accessDenied`.
     virtual Result<std::unique_ptr<InputFile>> openToRead(const std::string& path) = 0;
 
+    /// A folder, a device or a pipe is `accessDenied`.
     virtual Result<std::unique_ptr<OutputFile>> open(const std::string& path, OpenMode mode) = 0;
     /// Makes an empty file under a fresh name in the folder of `path`, with the rights that the file `path`
     /// has when there is one (on Windows: those of the folder).
@@ -91,6 +93,8 @@ public:
     /// A file at `to` is replaced when the copy is complete. A file copied onto itself is left alone.
     virtual SystemError copy(const std::string& from, const std::string& to) = 0;
 
+    /// Removes `path` when it is a link; what it leads to stays.
+    virtual SystemError removeLink(const std::string& path) = 0;
     /// The file that `path` leads to after following links, so that replacing it keeps the link.
     virtual std::string resolveLinks(const std::string& path) = 0;
     /// `path` with the current folder in front of it when it is relative; links stay as they are.

@@ -12,6 +12,10 @@ namespace qrtVistrelClasses4 {
 /// What is added to the name of a file that is kept before another takes its place.
 inline constexpr std::string_view kBackupEnding = ".bak";
 
+/// Where to keep the file `path`. What is kept is never written through a link, which in a folder that others
+/// may write could lead to any file of the user: a link there is removed.
+std::string MakePlaceForBackup(FileSystem& files, const std::string& path);
+
 /// A new version of a file. It is written beside the old one and takes its place in `commit`, so that a save
 /// cut short at any moment leaves the complete old file or the complete new one. Only where the folder takes
 /// no new file but the old one may be written is it written in place. Unless committed, the new version is

@@ -136,7 +136,7 @@ bool MostRecentlyUsed::GetMRUFromDisk() {
             readEntries(file.value.text());
             mayBeWritten = true;
         } catch (const RuntimeError&) { // a damaged file, whose names are not all here
-            mayBeWritten = files.copy(path, path + std::string(kBackupEnding)) == SystemError::none;
+            mayBeWritten = files.copy(path, MakePlaceForBackup(files, path)) == SystemError::none;
             throw;
         }
     });

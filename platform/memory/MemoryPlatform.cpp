@@ -101,6 +101,8 @@ EntryKind MemoryFileSystem::kind(const std::string& path) const {
 
 /// Whether the folder of `path` takes a new entry.
 SystemError MemoryFileSystem::mayAdd(const std::string& path) const {
+    if (path.find('\0') != path.npos)
+        return SystemError::folderNotFound;
     const std::string folder = parentOf(normal(path));
     const Entry* entry = find(folder);
     if (!entry)
@@ -185,6 +187,8 @@ Result<std::unique_ptr<OutputFile>> MemoryFileSystem::open(const std::string& pa
 }
 
 Result<TemporaryFile> MemoryFileSystem::createBeside(const std::string& path) {
+    if (const auto error = mayAdd(path); error == SystemError::folderNotFound)
+        return error;
     const std::string name = ".vistrel-" + std::to_string(++temporaryFiles_) + ".tmp";
     std::string temporaryPath = std::string(SplitPath(path).folder) + name;
     auto file = open(temporaryPath, OpenMode::replace);

@@ -55,6 +55,7 @@ public:
     SystemError remove(const std::string& path) override;
     SystemError createFolder(const std::string& path) override;
     SystemError copy(const std::string& from, const std::string& to) override;
+    SystemError removeLink(const std::string&) override { return SystemError::none; }
     std::string resolveLinks(const std::string& path) override { return path; }
     std::string fullName(const std::string& path) override;
     std::string existingName(const std::string& path) override;

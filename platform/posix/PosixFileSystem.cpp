@@ -22,6 +22,8 @@ namespace {
 constexpr std::size_t kLargestFile = std::size_t{1} << 31;
 /// Rights of a new file, before the user's mask.
 constexpr unsigned kNewFileMode = 0666;
+/// Opening a pipe would wait for somebody at its other end.
+constexpr int kNeverWait = O_NONBLOCK;
 
 class PosixOutputFile final : public OutputFile {
 public:
@@ -69,8 +71,7 @@ struct Source {
 
 Result<Source> openSource(const std::string& path) {
     Source source;
-    // Without O_NONBLOCK, opening a pipe would wait for somebody to write to it.
-    source.file = openDescriptor(path, O_RDONLY | O_NONBLOCK);
+    source.file = openDescriptor(path, O_RDONLY | kNeverWait);
     if (!source.file || ::fstat(source.file.number(), &source.status) != 0)
         return errorOn(path);
     if (!S_ISREG(source.status.st_mode))
@@ -163,7 +164,7 @@ SystemError copyBytes(const Source& source, const std::string& from, Replacement
 
 EntryKind PosixFileSystem::kindOf(const std::string& path) {
     struct stat status {};
-    if (::stat(path.c_str(), &status) != 0)
+    if (!lookUp(path, status))
         return EntryKind::missing;
     if (S_ISREG(status.st_mode))
         return EntryKind::file;
@@ -172,7 +173,7 @@ EntryKind PosixFileSystem::kindOf(const std::string& path) {
 
 Result<std::uint64_t> PosixFileSystem::sizeOf(const std::string& path) {
     struct stat status {};
-    if (::stat(path.c_str(), &status) != 0)
+    if (!lookUp(path, status))
         return errorOn(path);
     if (!S_ISREG(status.st_mode))
         return SystemError::accessDenied;
@@ -201,21 +202,28 @@ Result<std::unique_ptr<InputFile>> PosixFileSystem::openToRead(const std::string
 
 Result<std::unique_ptr<OutputFile>> PosixFileSystem::open(const std::string& path, OpenMode mode) {
     auto file = std::make_unique<PosixOutputFile>(path);
-    if (!file->open(O_WRONLY | O_CREAT | (mode == OpenMode::append ? O_APPEND : 0), kNewFileMode))
+    const int modeFlags = mode == OpenMode::append ? O_APPEND | O_NOFOLLOW : 0; // a link is ELOOP then
+    struct stat status {};
+    if (!file->open(O_WRONLY | O_CREAT | kNeverWait | modeFlags, kNewFileMode) ||
+        ::fstat(file->descriptor(), &status) != 0)
         return errorOn(path);
+    if (!S_ISREG(status.st_mode))
+        return SystemError::accessDenied;
     if (mode == OpenMode::replace) {
         if (!lockFile(file->descriptor(), LOCK_EX))
             return SystemError::inUse;
-        if (::ftruncate(file->descriptor(), 0) != 0 && errno != EINVAL) // what is no plain file has no size
+        if (::ftruncate(file->descriptor(), 0) != 0)
             return errorOn(path);
     }
     return std::unique_ptr<OutputFile>(std::move(file));
 }
 
 Result<TemporaryFile> PosixFileSystem::createBeside(const std::string& path) {
+    if (!isName(path))
+        return errorOn(path);
     const std::string folder = path.substr(0, path.rfind('/') + 1); // "" without one
     struct stat old {};
-    const bool replaces = ::stat(path.c_str(), &old) == 0;
+    const bool replaces = lookUp(path, old);
     for (;;) {
         std::string name = folder + TemporaryName();
         auto file = std::make_unique<PosixOutputFile>(name);
@@ -233,7 +241,7 @@ Result<TemporaryFile> PosixFileSystem::createBeside(const std::string& path) {
 
 SystemError PosixFileSystem::mayWrite(const std::string& path) {
     struct stat status {};
-    if (::stat(path.c_str(), &status) != 0) {
+    if (!lookUp(path, status)) {
         const SystemError error = errorOn(path);
         return error == SystemError::fileNotFound ? SystemError::none : error;
     }
@@ -243,7 +251,8 @@ SystemError PosixFileSystem::mayWrite(const std::string& path) {
 }
 
 SystemError PosixFileSystem::moveOver(const std::string& from, const std::string& to) {
-    return ::rename(from.c_str(), to.c_str()) == 0 ? SystemError::none : errorOn(from);
+    return isName(from) && isName(to) && ::rename(from.c_str(), to.c_str()) == 0 ? SystemError::none
+                                                                                 : errorOn(from);
 }
 
 SystemError PosixFileSystem::flushFolder(const std::string& folder) {
@@ -254,11 +263,11 @@ SystemError PosixFileSystem::flushFolder(const std::string& folder) {
 }
 
 SystemError PosixFileSystem::remove(const std::string& path) {
-    return ::unlink(path.c_str()) == 0 ? SystemError::none : errorOn(path);
+    return isName(path) && ::unlink(path.c_str()) == 0 ? SystemError::none : errorOn(path);
 }
 
 SystemError PosixFileSystem::createFolder(const std::string& path) {
-    if (::mkdir(path.c_str(), 0777) != 0)
+    if (!isName(path) || ::mkdir(path.c_str(), 0777) != 0)
         return errorOn(path);
     (void)flushFolder(folderOf(path)); // what is saved below must not go with it in a power cut
     return SystemError::none;
@@ -269,12 +278,19 @@ SystemError PosixFileSystem::copy(const std::string& from, const std::string& to
     if (!source)
         return source.error;
     struct stat target {};
-    if (::stat(to.c_str(), &target) == 0 && isSameFile(source.value.status, target))
+    if (lookUp(to, target) && isSameFile(source.value.status, target))
         return SystemError::none;
     ReplacementFile file(*this, to);
     if (const auto error = copyBytes(source.value, from, file); error != SystemError::none)
         return error;
     return file.commit();
+}
+
+SystemError PosixFileSystem::removeLink(const std::string& path) {
+    struct stat status {};
+    if (::lstat(path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode))
+        return SystemError::none;
+    return remove(path);
 }
 
 std::string PosixFileSystem::resolveLinks(const std::string& path) {

@@ -96,6 +96,8 @@ std::optional<std::string> userFolder(FileSystem& files, int shellNumber) {
 }
 
 SystemError makeFolders(FileSystem& files, const std::string& folder) {
+    if (folder.size() >= PATH_MAX)
+        return SystemError::folderNotFound; // as the system would say, but not for each level
     if (files.kindOf(folder) == EntryKind::folder)
         return SystemError::none;
     if (const std::string above = folderOf(folder); above.size() < folder.size())

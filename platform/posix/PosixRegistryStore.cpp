@@ -18,13 +18,21 @@ const RegistryTree& PosixRegistryStore::tree() {
     if (isCurrent())
         return tree_;
     // The time is taken before the bytes: a change in between makes the next look read again.
-    file_ = openDescriptor(path_, O_RDONLY | O_NONBLOCK);
-    if (file_ && ::fstat(file_.number(), &status_) != 0)
-        file_ = Descriptor();
+    Descriptor file = openDescriptor(path_, O_RDONLY | O_NONBLOCK);
+    struct stat status {};
+    if (file && ::fstat(file.number(), &status) != 0)
+        file = Descriptor();
     const auto bytes = files_.read(path_);
-    if (!bytes)
-        file_ = Descriptor(); // the next look tries again
+    file_ = Descriptor(); // unless all goes well, the next look tries again
+    const bool isMissing =
+        bytes.error == SystemError::fileNotFound || bytes.error == SystemError::folderNotFound;
+    if (!bytes && !isMissing)
+        return tree_; // rather than none at all
     tree_ = RegistryTree(bytes.value.text());
+    if (bytes) {
+        file_ = std::move(file);
+        status_ = status;
+    }
     return tree_;
 }
 

@@ -6,14 +6,26 @@
 #include <unistd.h>
 
 namespace qrtVistrelClasses4 {
-
 int Descriptor::close() {
     // Never made again: an interrupted close has closed.
     const int result = number_ == -1 ? 0 : ::close(std::exchange(number_, -1));
     return result == -1 && errno != EINTR ? -1 : 0;
 }
 
+bool isName(const std::string& path) {
+    const bool isName = path.find('\0') == path.npos;
+    if (!isName)
+        errno = EINVAL;
+    return isName;
+}
+
+bool lookUp(const std::string& path, struct stat& status) {
+    return isName(path) && ::stat(path.c_str(), &status) == 0;
+}
+
 Descriptor openDescriptor(const std::string& path, int flags, unsigned mode) {
+    if (!isName(path))
+        return Descriptor();
     return Descriptor(uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); }));
 }
 
@@ -28,7 +40,7 @@ namespace {
 
 SystemError missing(const std::string& path) {
     struct stat status {};
-    const bool hasFolder = ::stat(folderOf(path).c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+    const bool hasFolder = lookUp(folderOf(path), status) && S_ISDIR(status.st_mode);
     return hasFolder ? SystemError::fileNotFound : SystemError::folderNotFound;
 }
 
@@ -41,11 +53,13 @@ SystemError errorOn(const std::string& path, int code) {
         return missing(path);
     case ENOTDIR:
     case ENAMETOOLONG:
+    case EINVAL: // as `isName` says
         return SystemError::folderNotFound;
     case EACCES:
     case EPERM:
     case EROFS:
     case EISDIR:
+    case ENXIO: // a pipe that nobody reads
         return SystemError::accessDenied;
     case EBUSY:
     case ETXTBSY:
@@ -80,7 +94,7 @@ bool lockFile(int file, int operation) {
 
 FolderLock::FolderLock(const std::string& folder) : folder_(openDescriptor(folder, O_RDONLY | O_DIRECTORY)) {
     if (folder_)
-        (void)uninterrupted([&] { return ::flock(folder_.number(), LOCK_EX); });
+        (void)lockFile(folder_.number(), LOCK_EX);
 }
 
 } // namespace qrtVistrelClasses4

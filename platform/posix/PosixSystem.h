@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <string>
+#include <sys/stat.h>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
@@ -39,6 +40,13 @@ private:
     int number_ = -1;
 };
 
+/// Whether the system may be asked for `path`: it would take a name with a NUL for what stands before that.
+/// False with `errno` set.
+bool isName(const std::string& path);
+
+/// What the entry that `path` leads to is. False with `errno` set.
+bool lookUp(const std::string& path, struct stat& status);
+
 /// Opens with close-on-exec set. `errno` tells why there is no descriptor.
 Descriptor openDescriptor(const std::string& path, int flags, unsigned mode = 0);
 
@@ -53,7 +61,8 @@ std::string folderOf(const std::string& path);
 SystemError errorOn(const std::string& path, int code = errno);
 
 /// Keeps other processes that lock the same folder waiting. Does nothing where the file system knows no
-/// locks: a setting is better saved without than not at all.
+/// locks, or where another process keeps its lock for seconds: a setting is better saved without than not at
+/// all.
 class FolderLock {
 public:
     explicit FolderLock(const std::string& folder);

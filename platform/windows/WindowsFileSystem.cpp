@@ -15,7 +15,22 @@ constexpr std::uint64_t kLargestFile = std::uint64_t{1} << 31;
 constexpr std::size_t kLongestPath = 32768;
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
+/// Whether the system may be asked for `path`: it would take a name with a NUL for what stands before that.
+/// The thread's last error is set.
+bool isName(const std::string& path) {
+    const bool isName = path.find('\0') == path.npos;
+    if (!isName)
+        ::SetLastError(ERROR_BAD_PATHNAME);
+    return isName;
+}
+
+DWORD attributesOf(const std::string& path) {
+    return isName(path) ? ::GetFileAttributesA(path.c_str()) : INVALID_FILE_ATTRIBUTES;
+}
+
 FileHandle openHandle(const std::string& path, DWORD access, DWORD share, DWORD disposition) {
+    if (!isName(path))
+        return FileHandle();
     return FileHandle(
         ::CreateFileA(path.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
@@ -129,7 +144,7 @@ SystemError WindowsOutputFile::write(std::string_view bytes) {
 
 /// Returns when the file `path`, read-only or not, would outlive a power cut.
 SystemError flushFile(const std::string& path) {
-    const DWORD attributes = ::GetFileAttributesA(path.c_str());
+    const DWORD attributes = attributesOf(path);
     const bool isReadOnly = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY);
     if (isReadOnly)
         ::SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
@@ -138,6 +153,20 @@ SystemError flushFile(const std::string& path) {
     if (isReadOnly)
         ::SetFileAttributesA(path.c_str(), attributes);
     return error;
+}
+
+/// Whether `path` is a link that was made to lead to another file. Other things with a target of their own,
+/// as files that lie on a server until they are read, are files.
+bool isLink(const std::string& path) {
+    WIN32_FIND_DATAA data{};
+    if (const DWORD attributes = attributesOf(path);
+        attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_REPARSE_POINT))
+        return false;
+    const HANDLE search = ::FindFirstFileA(path.c_str(), &data);
+    if (search == INVALID_HANDLE_VALUE)
+        return false;
+    ::FindClose(search);
+    return data.dwReserved0 == IO_REPARSE_TAG_SYMLINK;
 }
 
 /// What tells one file from another on this machine.
@@ -153,7 +182,7 @@ std::optional<std::array<DWORD, 3>> identity(const std::string& path) {
 } // namespace
 
 EntryKind WindowsFileSystem::kindOf(const std::string& path) {
-    const DWORD attributes = ::GetFileAttributesA(path.c_str());
+    const DWORD attributes = attributesOf(path);
     if (attributes == INVALID_FILE_ATTRIBUTES)
         return EntryKind::missing;
     if (attributes & FILE_ATTRIBUTE_DIRECTORY)
@@ -163,7 +192,7 @@ EntryKind WindowsFileSystem::kindOf(const std::string& path) {
 
 Result<std::uint64_t> WindowsFileSystem::sizeOf(const std::string& path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
-    if (!::GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data))
+    if (!isName(path) || !::GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data))
         return lastSystemError();
     if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
         return SystemError::accessDenied;
@@ -200,12 +229,16 @@ Result<std::unique_ptr<InputFile>> WindowsFileSystem::openToRead(const std::stri
 }
 
 Result<std::unique_ptr<OutputFile>> WindowsFileSystem::open(const std::string& path, OpenMode mode) {
+    if (mode == OpenMode::append && isLink(path))
+        return SystemError::accessDenied;
     auto file = std::make_unique<WindowsOutputFile>();
     if (!file->open(path, OPEN_ALWAYS))
         return lastSystemError();
+    if (::GetFileType(file->handle()) != FILE_TYPE_DISK)
+        return SystemError::accessDenied;
     if (mode == OpenMode::append && !::SetFilePointerEx(file->handle(), {}, nullptr, FILE_END))
         return lastSystemError();
-    if (mode == OpenMode::replace && ::GetFileType(file->handle()) == FILE_TYPE_DISK) {
+    if (mode == OpenMode::replace) {
         if (!lockFile(file->handle(), true))
             return SystemError::inUse;
         if (!::SetEndOfFile(file->handle()))
@@ -215,6 +248,8 @@ Result<std::unique_ptr<OutputFile>> WindowsFileSystem::open(const std::string& p
 }
 
 Result<TemporaryFile> WindowsFileSystem::createBeside(const std::string& path) {
+    if (!isName(path))
+        return lastSystemError();
     const std::string folder(SplitPath(path).folder);
     for (;;) {
         std::string name = folder + TemporaryName();
@@ -227,7 +262,7 @@ Result<TemporaryFile> WindowsFileSystem::createBeside(const std::string& path) {
 }
 
 SystemError WindowsFileSystem::mayWrite(const std::string& path) {
-    const DWORD attributes = ::GetFileAttributesA(path.c_str());
+    const DWORD attributes = attributesOf(path);
     if (attributes == INVALID_FILE_ATTRIBUTES) {
         const SystemError error = lastSystemError();
         return error == SystemError::fileNotFound ? SystemError::none : error;
@@ -239,20 +274,23 @@ SystemError WindowsFileSystem::mayWrite(const std::string& path) {
 
 SystemError WindowsFileSystem::moveOver(const std::string& from, const std::string& to) {
     constexpr DWORD flags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-    return ::MoveFileExA(from.c_str(), to.c_str(), flags) ? SystemError::none : lastSystemError();
+    return isName(from) && isName(to) && ::MoveFileExA(from.c_str(), to.c_str(), flags) ? SystemError::none
+                                                                                        : lastSystemError();
 }
 
 SystemError WindowsFileSystem::remove(const std::string& path) {
-    return ::DeleteFileA(path.c_str()) ? SystemError::none : lastSystemError();
+    return isName(path) && ::DeleteFileA(path.c_str()) ? SystemError::none : lastSystemError();
 }
 
 SystemError WindowsFileSystem::createFolder(const std::string& path) {
-    return ::CreateDirectoryA(path.c_str(), nullptr) ? SystemError::none : lastSystemError();
+    return isName(path) && ::CreateDirectoryA(path.c_str(), nullptr) ? SystemError::none : lastSystemError();
 }
 
 SystemError WindowsFileSystem::copy(const std::string& from, const std::string& to) {
     const auto source = identity(from);
-    if (source && source == identity(to))
+    if (!source)
+        return lastSystemError();
+    if (source == identity(to))
         return SystemError::none;
     if (const auto error = mayWrite(to); error != SystemError::none)
         return error;
@@ -274,8 +312,12 @@ SystemError WindowsFileSystem::copy(const std::string& from, const std::string& 
     return error;
 }
 
+SystemError WindowsFileSystem::removeLink(const std::string& path) {
+    return isLink(path) ? remove(path) : SystemError::none;
+}
+
 std::string WindowsFileSystem::resolveLinks(const std::string& path) {
-    const DWORD attributes = ::GetFileAttributesA(path.c_str());
+    const DWORD attributes = attributesOf(path);
     if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_REPARSE_POINT))
         return path;
     const FileHandle file = openHandle(path, 0, kShareAll, OPEN_EXISTING);

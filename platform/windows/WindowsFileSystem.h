@@ -19,6 +19,7 @@ public:
     SystemError remove(const std::string& path) override;
     SystemError createFolder(const std::string& path) override;
     SystemError copy(const std::string& from, const std::string& to) override;
+    SystemError removeLink(const std::string& path) override;
     std::string resolveLinks(const std::string& path) override;
     std::string fullName(const std::string& path) override;
     std::string existingName(const std::string& path) override;

@@ -43,7 +43,8 @@ TYPED_TEST(FileSystemTest, TellsAMissingFileAMissingFolderAndAFolderApart) {
     const std::tuple<std::string, EntryKind, SystemError, SystemError> cases[] = {
         {this->file("none.txt"), EntryKind::missing, fileNotFound, none},
         {JoinPath(this->file("none"), "a.txt"), EntryKind::missing, folderNotFound, folderNotFound},
-        {folder, EntryKind::folder, accessDenied, accessDenied}};
+        {folder, EntryKind::folder, accessDenied, accessDenied},
+        {folder + std::string("\0.txt", 5), EntryKind::missing, folderNotFound, folderNotFound}};
     for (const auto& [path, kind, whenRead, whenMade] : cases) {
         SCOPED_TRACE(path);
         EXPECT_EQ(files.kindOf(path), kind);

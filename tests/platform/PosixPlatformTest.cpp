@@ -2,8 +2,11 @@
 #include "Machines.h"
 #include "platform/ReplacementFile.h"
 #include "platform/posix/PosixCalendar.h"
+#include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixFolders.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <tuple>
 
 namespace qrtVistrelClasses4 {
@@ -53,6 +56,33 @@ TEST_F(PosixPlatformTest, NeitherReadsNorReplacesWhatIsNoPlainFile) {
     }
 }
 
+TEST_F(PosixPlatformTest, WritesNothingThroughPipesOrAppendsThroughLinks) {
+    ASSERT_EQ(::mkfifo(file("pipe").c_str(), 0600), 0);
+    std::filesystem::create_symlink(file("target"), file("link"));
+    for (const OpenMode mode : {OpenMode::replace, OpenMode::append})
+        EXPECT_EQ(files().open(file("pipe"), mode).error, SystemError::accessDenied) << "without a reader";
+    EXPECT_FALSE(files().open(file("link"), OpenMode::append));
+    EXPECT_EQ(textOf(file("target")), "(missing)");
+}
+
+TEST_F(PosixPlatformTest, KeepsFilesBesideAndNotWhereALinkLeads) {
+    put(file("a"), "new");
+    for (const char* target : {"(missing)", "precious"}) {
+        std::filesystem::remove(file("a.bak"));
+        std::filesystem::create_symlink(file("target"), file("a.bak"));
+        EXPECT_EQ(files().copy(file("a"), MakePlaceForBackup(files(), file("a"))), SystemError::none);
+        EXPECT_FALSE(std::filesystem::is_symlink(file("a.bak")));
+        EXPECT_EQ(textOf(file("target")), target);
+        put(file("target"), "precious");
+    }
+}
+
+TEST_F(PosixPlatformTest, WaitsForTheLockOfAnotherButNotForEver) {
+    const Descriptor held = openDescriptor(file(""), O_RDONLY | O_DIRECTORY);
+    ASSERT_EQ(::flock(held.number(), LOCK_EX), 0);
+    EXPECT_EQ(platform().registry().writeString(kKey, "name", "value"), SystemError::none);
+}
+
 TEST_F(PosixPlatformTest, SeesWhatAnotherPlatformObjectWroteToTheRegistry) {
     const auto other = makePlatform({file("")});
     EXPECT_EQ(platform().registry().readString(kKey, "v").error, SystemError::fileNotFound);
@@ -78,6 +108,14 @@ TEST_F(PosixPlatformTest, OneHomeFolderStandsForAllPlacesAndIsMadeByTheFirstSett
     EXPECT_EQ(textOf(JoinPath(home, "win.ini")), "[S]\r\nk=v\r\n");
     EXPECT_EQ(makePlatform({file("c/d")})->registry().createKey(kKey), SystemError::none);
     EXPECT_EQ(textOf(file("c/d/registry")), "[HKEY_USERS\\a]\n");
+}
+
+TEST(PosixFolders, AreNotMadeForAPathThatIsTooLong) {
+    PosixFileSystem files;
+    std::string path;
+    for (int level = 0; level < 100'000; ++level)
+        path += "/nosuch";
+    EXPECT_EQ(makeFolders(files, path), SystemError::folderNotFound);
 }
 
 TEST(PosixFolders, ReadTheDocumentsFolderFromTheDesktopsFile) {
