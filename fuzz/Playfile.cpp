@@ -4,11 +4,13 @@
 #include "playfile/Effects.h"
 #include "playfile/FrameInfoClass.h"
 #include "playfile/PlayfileFormat.h"
-#include "playfile/PlayfileRecords.h"
+
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
+using Records = std::vector<FrameRecord>;
 constexpr std::int32_t kMostLines = 2000; ///< More take time and show nothing new.
 
 /// What loading corrects, but for files: the only one has a name that no playfile can hold.
