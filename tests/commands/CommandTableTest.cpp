@@ -1,0 +1,147 @@
+#include "TestHost.h"
+#include "commands/clsCommandInterface.h"
+#include "settings/RegistrySettings.h"
+
+#include <gmock/gmock.h>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+// clang-format off
+const std::string kBuiltIn =
+    "|h:m|\377\024\377\377\r\n" "|hm|\377\036\024\377\377\r\n" "|m/dd/y|\377\0041\377\377\r\n"
+    "|mmmmmmm_dd,_yyy|\377\0042\377\377\r\n" "|dddddddd_mmmmmmmm_dd,_yyy|\377\0043\377\377\r\n"
+    "|mm_d|\377\0044\377\377\r\n" "|ddddddd|\377\0045\377\377\r\n" "##F\377\006\377\377\r\n"
+    "##C\377\003\377\377\r\n" "\246\377\177\377\377\r\n" "|CMMMMMM_DD,_YYY|\377\0046\377\377\r\n"
+    "|CDDDDDDD_MMMMMMMM_DD,_YYY|\377\0047\377\377\r\n" "|CM_D|\377\0048\377\377\r\n" "|CDDDDDD|\377\0049\377\377\r\n";
+// clang-format on
+
+std::string repeated(const std::string& text, int times) {
+    std::string result;
+    while (times-- > 0)
+        result += text;
+    return result;
+}
+
+struct CommandTableTest : testing::Test {
+    MemoryFileSystem& files() { return host_.machine.files(); }
+    std::string content() { return files().content(path_).value_or("no file"); }
+    static void setPath(const std::string& to) { WriteSetting("VistrelLite", "Commands", "KeyByteFile", to); }
+    static std::string storedPath() { return ReadSetting("VistrelLite", "Commands", "KeyByteFile", "none"); }
+    static void loadAndSave() { const clsCommandInterface commands; }
+    std::string rewritten(const std::string& text) {
+        files().put(path_, text);
+        loadAndSave();
+        return content();
+    }
+
+    TestHost host_;
+    std::string path_ = JoinPath(host_.inLibrary("db"), "VistrelLite.dat");
+    std::string backup_ = path_ + ".bak";
+};
+
+TEST_F(CommandTableTest, KeepsRowsByteForByteButInTheirForm) {
+    EXPECT_EQ(clsCommandInterface().iTotalCommands(), 14);
+    EXPECT_EQ(content(), kBuiltIn) << "where no file was";
+    EXPECT_EQ(storedPath(), path_);
+    std::string all;
+    for (int byte = 0; byte < 255; ++byte)
+        if (byte != '\r' && byte != '\n')
+            all += static_cast<char>(byte);
+    const struct {
+        const char* why;
+        std::string read, written;
+    } cases[] = {{"five fields", "k\377b\3772\3773\3774\r\n", "k\377b\3772\3773\r\n"},
+                 {"empty lines", "\r\n\r\nk\r\n", "\377\377\377\r\n\377\377\377\r\nk\377\377\377\r\n"},
+                 {"every byte", all + "\377" + all + "\377\377\r\n", all + "\377" + all + "\377\377\r\n"},
+                 {"no last line end", "a\377b\nc", "a\377b\377\377\r\nc\377\377\377\r\n"}};
+    for (const auto& row : cases)
+        for (const std::string& head : {kBuiltIn, repeated("\r\n", 14), repeated("##C\377x\n", 14)})
+            EXPECT_EQ(rewritten(head + row.read), kBuiltIn + row.written) << row.why;
+    EXPECT_EQ(rewritten(repeated("other\377x\r\n", 13)), kBuiltIn);
+    EXPECT_EQ(files().fileNames(), Texts{path_});
+}
+
+TEST_F(CommandTableTest, TheFirstRowWithAKeyGivesItsBytes) {
+    files().put(path_, kBuiltIn + "##C\377other\nk\377first\nk\377second\n\377nameless\n##c\n");
+    clsCommandInterface commands;
+    const std::pair<std::int16_t, const char*> byNumber[] = {
+        {15, "\003"}, {16, "first"}, {17, "first"}, {18, "nameless"}, {0, "nameless"}, {-32768, "nameless"}};
+    for (const auto& [number, bytes] : byNumber)
+        EXPECT_EQ(commands.sCommandBytesByNum(number), bytes) << number;
+    EXPECT_EQ(commands.sCommandKeyByNum(0), "");
+    EXPECT_EQ(commands.sCommandBytesByKey("##c"), "") << "the case counts";
+    EXPECT_EQ(commands.sCommandBytesByKey("K"), "K") << "unknown";
+    const auto isError9 = testing::Throws<RuntimeError>(testing::Property(&RuntimeError::number, 9));
+    EXPECT_THAT([&] { commands.sCommandKeyByNum(20); }, isError9);
+    EXPECT_THAT([&] { commands.sCommandBytesByNum(32767); }, isError9);
+    EXPECT_THAT([&] { commands.sCommandBytesByNum(20, "x"); }, isError9);
+    EXPECT_TRUE(host_.reports.all.empty()) << "the error is the caller's";
+}
+
+TEST_F(CommandTableTest, WritesBytesToTheFirstRowWithTheKeyOrToANewOne) {
+    const std::string before = kBuiltIn + "d\3772\377r\377s\r\nd\3773\377\377\r\n";
+    files().put(path_, before);
+    {
+        clsCommandInterface commands;
+        commands.sCommandBytesByNum(0, "no key");
+        commands.sCommandBytesByNum(16, "x"); // finds row 15
+        commands.sCommandBytesByKey("D", "\001\240");
+        commands.sCommandBytesByNum(1, "mine");
+        commands.SortCommandByLargestFirst();
+        EXPECT_EQ(content(), before) << "until the end of the object's life";
+    }
+    EXPECT_EQ(content(), "|h:m|\377mine" + kBuiltIn.substr(7) +
+                             "d\377x\377r\377s\r\nd\3773\377\377\r\nD\377\001\240\377\377\r\n");
+    EXPECT_EQ(clsCommandInterface().sCommandBytesByNum(1), "\024") << "not from the file";
+}
+
+TEST_F(CommandTableTest, HoldsAsManyRowsAsCanBeNumbered) {
+    const std::string full = kBuiltIn + repeated("k\377b\377\377\r\n", 32767 - 14);
+    files().put(path_, full);
+    {
+        clsCommandInterface commands;
+        commands.sCommandBytesByKey("new", "x");
+        EXPECT_EQ(commands.iTotalCommands(), 32767);
+    }
+    EXPECT_EQ(files().fileNames(), Texts{path_});
+    EXPECT_EQ(rewritten(full + "one too many"), full);
+    EXPECT_EQ(files().content(backup_), full + "one too many");
+    EXPECT_TRUE(host_.reports.all.back().error.isQuiet());
+    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{6, 6}));
+}
+
+TEST_F(CommandTableTest, IsReadAndWrittenWhereTheSettingPointsUnlessNothingIsThere) {
+    const std::string elsewhere = JoinPath(host_.inLibrary("network"), "table.dat");
+    setPath(elsewhere);
+    loadAndSave();
+    EXPECT_EQ(files().kindOf(host_.inLibrary("network")), EntryKind::folder);
+    EXPECT_EQ(files().fileNames(), Texts{path_}) << "nothing was there";
+    EXPECT_EQ(storedPath(), path_);
+    files().put(elsewhere, kBuiltIn + "k\n");
+    setPath(elsewhere);
+    loadAndSave();
+    EXPECT_EQ(files().content(elsewhere), kBuiltIn + "k\377\377\377\r\n");
+    EXPECT_EQ(storedPath(), elsewhere);
+    setPath(JoinPath(JoinPath(host_.inLibrary("a"), "b"), "table.dat"));
+    loadAndSave();
+    EXPECT_EQ(files().kindOf(host_.inLibrary("a")), EntryKind::missing) << "one level is made, not two";
+    EXPECT_EQ(files().content(backup_), kBuiltIn) << "its rows were not read";
+}
+
+TEST_F(CommandTableTest, AtARootTheSettingIsSavedWithOneSeparatorTooMany) {
+    const std::string root(SplitPath(host_.machine.library).folder);
+    const std::string name = JoinPath("db", "VistrelLite.dat");
+    host_.machine.library = root;
+    loadAndSave();
+    EXPECT_EQ(storedPath(), root + kPathSeparator + name) << "nothing was there";
+    EXPECT_EQ(files().content(root + name), kBuiltIn);
+    TestHost other;
+    other.machine.library = root;
+    other.machine.files().put(root + name, "");
+    loadAndSave();
+    EXPECT_EQ(storedPath(), root + name) << "where loading looks";
+}
+
+} // namespace
+} // namespace qrtVistrelClasses4

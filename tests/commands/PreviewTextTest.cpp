@@ -1,0 +1,131 @@
+#include "commands/PreviewText.h"
+
+#include "TestHost.h"
+#include "settings/RegistrySettings.h"
+
+#include <gtest/gtest.h>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+struct Previews : testing::Test {
+    MemoryFileSystem& files() { return host_.machine.files(); }
+    CalendarNames& names() { return host_.machine.calendar; }
+
+    TestHost host_;
+    LocalTime& now_ = host_.machine.time = {2024, 3, 5, 9, 5, 59, 2};
+    std::string path_ = JoinPath(host_.inLibrary("db"), "VistrelLite.dat");
+};
+
+TEST_F(Previews, ShowEveryCommandInTheUsersLanguage) {
+    const struct {
+        const char *code, *english, *german;
+    } cases[] = {{"|h:m|", "09:05 ", "09:05 "},
+                 {"|hm|", "0905", "0905"},
+                 {"|m/dd/y|", "03/05/24", "03.05.24"},
+                 {"|mmmmmmm_dd,_yyy|", "Mar 05 2024", "M\344r 05 2024"},
+                 {"|dddddddd_mmmmmmmm_dd,_yyy|", "Tuesday March 05, 2024", "Dienstag M\344rz 05, 2024"},
+                 {"|mm_d|", "Mar 05", "M\344r 05"},
+                 {"|ddddddd|", "Tuesday", "Dienstag"},
+                 {"|CMMMMMM_DD,_YYY|", "MAR 05 2024", "M\304R 05 2024"},
+                 {"|CDDDDDDD_MMMMMMMM_DD,_YYY|", "TUESDAY MARCH 05, 2024", "DIENSTAG M\304RZ 05, 2024"},
+                 {"|CM_D|", "MAR 05", "M\304R 05"},
+                 {"|CDDDDDD|", "TUESDAY", "DIENSTAG"},
+                 {"##C", "##C", "##C"},
+                 {"\246", "127", "127"}};
+    for (const auto& row : cases)
+        EXPECT_EQ(PreviewCommandText(row.code, 0), row.english);
+    names().months[2] = "M\344rz";
+    names().shortMonths[2] = "M\344r";
+    names().weekdays[2] = "Dienstag";
+    names().dateSeparator = ".";
+    names().morning = "";
+    for (const auto& row : cases)
+        EXPECT_EQ(PreviewCommandText(row.code, 0), row.german);
+}
+
+TEST_F(Previews, ShiftTimesAndLeaveDates) {
+    const struct {
+        int hour, minute;
+        std::int16_t hours;
+        const char *clock, *military;
+    } cases[] = {{0, 0, 0, "12:00 ", "0000"},     {0, 59, 1, "01:59 ", "0159"},
+                 {12, 0, 0, "12:00 ", "1200"},    {14, 30, -15, "11:30 ", "2330"},
+                 {23, 1, 1, "12:01 ", "0001"},    {3, 7, 57, "12:07 ", "1207"},
+                 {1, 0, 32767, "08:00 ", "0800"}, {0, 0, -32768, "04:00 ", "1600"}};
+    for (const auto& row : cases) {
+        now_.hour = row.hour;
+        now_.minute = row.minute;
+        EXPECT_EQ(PreviewCommandText("|h:m|", row.hours), row.clock);
+        EXPECT_EQ(PreviewCommandText("|hm|", row.hours), row.military);
+        EXPECT_EQ(PreviewCommandText("|m/dd/y|", row.hours), "03/05/24");
+    }
+    now_ = {2009, 12, 31, 9, 5, 0, 6};
+    names().timeSeparator = " h ";
+    names().morning = "xAMPMyAM";
+    EXPECT_EQ(PreviewCommandText("|h:m|", 0), "09 h 05 xy") << "the English markers are taken out";
+    EXPECT_EQ(PreviewCommandText("|m/dd/y|", 0), "12/31/09");
+}
+
+TEST_F(Previews, OfCountersAndVariablesNeedNoTable) {
+    for (const char* code : {"CR01", "CR02", "CR03", "CR04", "CR05", "CR06", "CR07", "CR08", "CR09", "CR10",
+                             "CR11", "CR12", "CR013", "CR14", "CR15", "CR16"})
+        EXPECT_EQ(PreviewCommandText(code, 0), code);
+    EXPECT_EQ(PreviewCommandText("VBL012", 0), "");
+    WriteSetting("Vistrel3", "Variables", "VBL012", "G\374nter");
+    EXPECT_EQ(PreviewCommandText("VBL012", 0), "G\374nter");
+    EXPECT_TRUE(files().fileNames().empty());
+    EXPECT_EQ(PreviewCommandText("CR13", 0), "67824951") << "only \"CR013\" is that counter";
+}
+
+TEST_F(Previews, OfOtherCodesAreChosenByTheirBytesAsANumber) {
+    using namespace std::string_literals;
+    const struct {
+        const char* why;
+        std::string code, text;
+    } cases[] = {{"a zero before the bytes of the time", "zero", "09:05 "},
+                 {"the same without a row", "\0\024"s, "09:05 "},
+                 {"other bytes with the digits of a date", ",\t", "03/05/24"},
+                 {"a row without bytes", "empty", "empty"},
+                 {"a row without key", "", "##F"},
+                 {"bytes that are the key as a number", "20", "20"},
+                 {"too large for 32 bits", "\326JS@\010", "2147483648"},
+                 {"20 in the lower 32 bits", "*^`I\020", "4294967316"}};
+    files().put(path_, std::string(14, '\n') + "zero\377\0\024\n20\377\024\nempty\n\377\006\n"s);
+    for (const auto& row : cases)
+        EXPECT_EQ(PreviewCommandText(row.code, 0), row.text) << row.why;
+}
+
+TEST_F(Previews, KnowTheBuiltInCommandsWhenTheTableCannotBeRead) {
+    files().put(path_, "table");
+    host_.failReads(1, 99);
+    for (int time = 0; time < 2; ++time)
+        EXPECT_EQ(PreviewCommandText("|mm_d|", 0), "Mar 05");
+    EXPECT_EQ(files().content(path_ + ".bak"), "table") << "what was kept first stays";
+}
+
+TEST_F(Previews, OfATextReplaceItsCodesFromTheStartOn) {
+    WriteSetting("Vistrel3", "Variables", "VBL007", "|hm|");
+    const struct {
+        const char *why, *text, *preview;
+    } cases[] = {{"nothing to replace", "HARBOUR {time}", "HARBOUR {time}"},
+                 {"codes side by side", "|hm||hm|##C", "11051105##C"},
+                 {"the first of two that share a character", "|hm|hm|", "1105hm|"},
+                 {"preview that looks like a code stays", "VBL007|hm|", "|hm|1105"},
+                 {"left to the font", "20\xa6", "20\xa6"}};
+    for (const auto& row : cases)
+        EXPECT_EQ(PreviewText(row.text, 2), row.preview) << row.why;
+}
+
+TEST(TextCodes, AreTheLongestThatATextStartsWith) {
+    const TextCodes codes({"##B", "", "##BELL", "\xa6", "VBL001x", "|hm|", "\xa6\xa6"});
+    const std::pair<std::string_view, const char*> cases[] = {
+        {"##BEL", "##B"},         {"##BELLS", "##BELL"},  {" |hm|", ""},        {"\xa6 ", ""},
+        {"\xa6\xa6", "\xa6\xa6"}, {"VBL001x", "VBL001x"}, {"VBL416", "VBL416"}, {"VBL417", ""},
+        {"VBL000", ""},           {"VBL12", ""},          {"CR167", "CR16"},    {"CR17", ""}};
+    for (const auto& [text, code] : cases)
+        EXPECT_EQ(text.substr(0, codes.sizeAtStart(text)), code);
+}
+
+} // namespace
+} // namespace qrtVistrelClasses4
