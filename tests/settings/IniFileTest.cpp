@@ -1,42 +1,31 @@
 #include "settings/IniFile.h"
 
-#include "TestHost.h"
-
-#include <gtest/gtest.h>
+#include "HostTest.h"
 
 namespace qrtVistrelClasses4 {
 namespace {
 
-TEST(PrivateIni, ReadsAndWritesTheRegisteredSection) {
-    TestHost host;
-    const std::string path = host.inLibrary("signs.ini");
-    PrivateIni ini;
-    ini.Register("  Pier ", "  " + path + "  ");
-    EXPECT_EQ(ini.Read("Name", "none"), "none");
-    EXPECT_TRUE(ini.Write("Name", "East"));
-    EXPECT_EQ(ini.Read("name", "none"), "East");
-    EXPECT_EQ(host.machine.files().content(path), "[Pier]\r\nName=East\r\n");
-}
+class IniFiles : public HostTest {};
 
-TEST(IniFiles, ShowAMessageWhenUsedBeforeTheyAreRegistered) {
-    TestHost host;
-    auto& shown = host.machine.messageBoxes().shown;
+TEST_F(IniFiles, AreReadAndWrittenInTheSectionThatIsRegistered) {
+    const std::string path = host_.inLibrary("signs.ini");
     PrivateIni ini;
     EXPECT_EQ(ini.Read("Key", "default"), "default");
     ini.Register("Section without a file", " ");
     EXPECT_FALSE(ini.Write("Key", "value"));
     SystemIni system;
     EXPECT_EQ(system.Read("Key", "default"), "default");
-    ASSERT_EQ(shown.size(), 3u);
-    EXPECT_EQ(shown[0].title, "IniFile Logic Error");
-    EXPECT_EQ(shown[0].icon, MessageIcon::critical);
-    EXPECT_EQ(shown[1].text, "[Section] and FileName Not Registered in Private.Ini!");
-    EXPECT_EQ(shown[2].text, "[Section] Not Registered in Win.Ini!");
-
-    system.Register("Signs");
+    const std::string title = "! IniFile Logic Error: [Section] ";
+    const std::string unregistered = title + "and FileName Not Registered in Private.Ini!";
+    EXPECT_EQ(takeBoxes(), (Texts{unregistered, unregistered, title + "Not Registered in Win.Ini!"}));
+    ini.Register("  Pier ", "  " + path + "  ");
+    EXPECT_EQ(ini.Read("Name", "none"), "none");
+    EXPECT_TRUE(ini.Write("Name", "East"));
+    EXPECT_EQ(ini.Read("name", "none"), "East");
+    EXPECT_EQ(files().content(path), "[Pier]\r\nName=East\r\n");
+    system.Register(" Signs ");
     EXPECT_TRUE(system.Write("Key", "value"));
     EXPECT_EQ(system.Read("Key", "default"), "value");
-    EXPECT_EQ(shown.size(), 3u);
 }
 
 } // namespace
