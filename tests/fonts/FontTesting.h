@@ -1,12 +1,10 @@
-// Fonts drawn as text, and targets whose pixels are text.
+// Fonts drawn as text, and pixels as text.
 #pragma once
 
-#include "TestHost.h"
+#include "HostTest.h"
 #include "fonts/FontFile.h"
 #include "fonts/PixelBuffer.h"
 #include "fonts/classFontMaster.h"
-
-#include <gtest/gtest.h>
 
 #include <optional>
 #include <string>
@@ -63,40 +61,5 @@ inline PixelBuffer UntouchedPixels(std::int32_t width, std::int32_t height) {
     pixels.setBackColor(kBackColor);
     return pixels;
 }
-
-/// A target that can only set pixels, and notes how it is used.
-class ForeignTarget final : public DrawingTarget, private DeviceContext {
-public:
-    explicit ForeignTarget(PixelBuffer& pixels) : pixels_(pixels) {}
-
-    std::string ClassName() const override { return "PictureBox"; }
-    DeviceContext& GetBitmapDC() override {
-        calls.emplace_back("GetBitmapDC");
-        return *this;
-    }
-    void ReleaseBitmapDC() noexcept override { calls.emplace_back("ReleaseBitmapDC"); }
-    DeviceContext& hdc() override {
-        calls.emplace_back("hdc");
-        return *this;
-    }
-    Color BackColor() override {
-        calls.emplace_back("BackColor");
-        return kBackColor;
-    }
-
-    Texts calls;
-    std::size_t mostCalls = 1000000; ///< What comes after them is refused.
-
-private:
-    void SetPixel(std::int32_t x, std::int32_t y, Color color) override {
-        if (calls.size() >= mostCalls)
-            throw RuntimeError(438, "Object doesn't support this property or method");
-        const std::string ink = color == kFontColor ? "font" : "back";
-        calls.push_back(ink + " " + std::to_string(x) + " " + std::to_string(y));
-        pixels_.fill(x, y, 1, 1, color);
-    }
-
-    PixelBuffer& pixels_;
-};
 
 } // namespace qrtVistrelClasses4
