@@ -15,6 +15,7 @@ TEST_F(Allocation, IsNotMadeForTheTraceAroundAProperty) {
     FrameInfoClass frames;
     frames.CurrentFrame(1);
     frames.FrameName(text);
+    ASSERT_TRUE(TraceIsOn());
     EXPECT_EQ(AllocationsIn([&] { frames.DelayTime(frames.DelayTime() + 1.25); }), 0);
     EXPECT_EQ(AllocationsIn([&] { frames.FrameName(text); }), 0) << "the old text left room for the new one";
     EXPECT_EQ(AllocationsIn([&] { (void)frames.FrameName(); }), 1) << "only the text that is handed out";

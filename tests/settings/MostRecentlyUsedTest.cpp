@@ -63,7 +63,7 @@ TEST_F(MostRecentlyUsedTest, ChangesWhatTheFileHolds) {
 }
 
 TEST_F(MostRecentlyUsedTest, GivesEntriesOneByOneAndByNumber) {
-    files().put(path_, lines({"a", "b", ""}));
+    files().put(path_, lines({"a", "b"}));
     MostRecentlyUsed recent;
     EXPECT_EQ(recent.GetNextFile(), "a") << "nothing was asked for before";
     EXPECT_EQ(recent.GetFirstFileName(), "a");

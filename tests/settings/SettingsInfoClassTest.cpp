@@ -72,8 +72,9 @@ TEST_F(SettingsInfo, LoadsForgivinglyUpToAValueThatDoesNotConvert) {
     load("DisplayHeight=32 pixels\r\nDelayMaximum=0\r\nDelayStep=0\r\nWizardMode=tRUE\r\nBMPCrop=-1\r\n"
          "DisplayWidth=\r\n");
     EXPECT_EQ(settings_.DisplayHeight(), 32);
-    EXPECT_EQ(settings_.DelayMaximum(), 10000) << "0 would leave no delay to choose";
-    EXPECT_EQ(settings_.DelayStep(), 500);
+    EXPECT_EQ(settings_.DelayMinimum(), 0);
+    EXPECT_EQ(std::pair(settings_.DelayMaximum(), settings_.DelayStep()), std::pair(10000.0, 500.0))
+        << "not 0";
     EXPECT_TRUE(settings_.WizardMode() && settings_.BMPCrop());
     EXPECT_EQ(settings_.DisplayWidth(), 0) << "an empty value is there";
     EXPECT_EQ(files().kindOf(playfiles_), EntryKind::folder);
