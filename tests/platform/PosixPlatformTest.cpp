@@ -4,6 +4,7 @@
 #include "platform/posix/PosixCalendar.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixFolders.h"
+#include "platform/posix/PosixRegistryStore.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -108,6 +109,18 @@ TEST_F(PosixPlatformTest, OneHomeFolderStandsForAllPlacesAndIsMadeByTheFirstSett
     EXPECT_EQ(textOf(JoinPath(home, "win.ini")), "[S]\r\nk=v\r\n");
     EXPECT_EQ(makePlatform({file("c/d")})->registry().createKey(kKey), SystemError::none);
     EXPECT_EQ(textOf(file("c/d/registry")), "[HKEY_USERS\\a]\n");
+}
+
+TEST_F(PosixPlatformTest, ASettingsStoreThatCannotBeReadKeepsWhatWasReadLast) {
+    MemoryFileSystem machineInMemory;
+    PosixRegistryStore store(machineInMemory, file("registry"));
+    for (const std::string value : {"first", "second"}) {
+        machineInMemory.observer = nullptr;
+        machineInMemory.put(file("registry"), "[HKEY_USERS\\a]\n\"name\"=\"" + value + "\"\n");
+        EXPECT_EQ(store.readString(kKey, "name").value, value);
+        machineInMemory.observer = [](const FileOperation&) { return SystemError::deviceFailure; };
+        EXPECT_EQ(store.readString(kKey, "name").value, value);
+    }
 }
 
 TEST(PosixFolders, AreNotMadeForAPathThatIsTooLong) {
