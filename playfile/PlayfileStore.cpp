@@ -22,9 +22,7 @@ constexpr std::int16_t kOldFont4x8 = 2;
 constexpr std::int16_t kCustomFont = 12;
 constexpr std::string_view kFont4x8File = "FNT4X8.CFF";
 
-void correctFrame(FrameRecord& frame, ReferenceFinder& finder) {
-    finder.find(frame.commandfile);
-    finder.find(frame.PicturefileName);
+void correctCodes(FrameRecord& frame) {
     if (frame.PrefixCode == kOldWipe)
         frame.PrefixCode = kWipe;
     if (frame.SuffixCode == kOldWipe)
@@ -51,17 +49,14 @@ class ReferenceCopier {
 public:
     explicit ReferenceCopier(bool mayAsk) : mayAsk_(mayAsk) {}
 
-    /// Makes the reference name a copy in the data folder when the file's drive may go away. A copy that
-    /// fails leaves the reference as it is.
-    void secure(std::string& reference) {
+    /// Full name of a copy in the data folder, made when the file's drive may go away. "" when the reference
+    /// is to stay as it is: also after a copy that fails. The host may change the frames meanwhile.
+    std::string copyOf(const std::string& reference) {
         if (reference.empty() || IsFixedDrive(reference))
-            return;
+            return {};
         if (!wanted_)
             wanted_ = mayAsk_ && operatorWantsCopies();
-        if (!*wanted_)
-            return;
-        if (std::string copy = CopyToDataFolder(reference); !copy.empty())
-            reference = std::move(copy);
+        return *wanted_ ? CopyToDataFolder(reference) : std::string();
     }
 
 private:
@@ -92,11 +87,16 @@ void FrameInfoClass::readPlayfile(const std::string& sFileName) {
     ReferenceFinder finder(sFileName);
     resizeFrames(ReadFrameCount(in));
     for (std::int32_t number = 1; number <= frames_.upperBound(); ++number) {
+        ReadFrameValues(in, frames_.at(number));
+        for (const auto member : {&FrameRecord::commandfile, &FrameRecord::PicturefileName}) {
+            std::string reference = frames_.at(number).*member;
+            finder.find(reference);
+            frames_.at(number).*member = std::move(reference);
+        }
         FrameRecord& frame = frames_.at(number);
-        ReadFrameValues(in, frame);
         if (frame.lines.empty())
             checkLinesFrom(number);
-        correctFrame(frame, finder);
+        correctCodes(frame);
         for (LineRecord& line : frame.lines) {
             ReadLineValues(in, line);
             correctLine(line, appFolder);
@@ -127,12 +127,16 @@ void FrameInfoClass::writePlayfile(const std::string& sFileName) {
     ReplacementFile file(platform().files(), sFileName);
     Check(file.error());
     QuotedLineWriter out(file);
-    WriteFrameCount(out, frames_.upperBound());
+    const std::int32_t count = frames_.upperBound();
+    WriteFrameCount(out, count);
     ReferenceCopier copier(!suppressMessages_);
-    for (FrameRecord& frame : frames_) {
-        copier.secure(frame.PicturefileName);
-        copier.secure(frame.commandfile);
-        WriteFrame(out, frame);
+    for (std::int32_t number = 1; number <= count; ++number) {
+        for (const auto member : {&FrameRecord::PicturefileName, &FrameRecord::commandfile}) {
+            const std::string reference = frames_.at(number).*member;
+            if (std::string copy = copier.copyOf(reference); !copy.empty())
+                frames_.at(number).*member = std::move(copy);
+        }
+        WriteFrame(out, frames_.at(number));
     }
     out.finish();
     Check(file.commit());

@@ -5,17 +5,18 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
+/// Without an owner, only a task-modal box disables the windows of the host.
 UINT flagsOf(const Message& message) {
-    const UINT buttons = message.buttons == MessageButtons::yesNo ? MB_YESNO : MB_OK;
+    const UINT flags = MB_TASKMODAL | (message.buttons == MessageButtons::yesNo ? MB_YESNO : MB_OK);
     switch (message.icon) {
     case MessageIcon::critical:
-        return buttons | MB_ICONERROR;
+        return flags | MB_ICONERROR;
     case MessageIcon::question:
-        return buttons | MB_ICONQUESTION;
+        return flags | MB_ICONQUESTION;
     case MessageIcon::none:
         break;
     }
-    return buttons;
+    return flags;
 }
 
 } // namespace

@@ -24,5 +24,24 @@ TEST(WindowsMessageBoxes, ShowTitleAndTextAndBringBackTheAnswer) {
     }
 }
 
+TEST(WindowsMessageBoxes, DisableTheWindowsOfTheHost) {
+    const auto machine = makePlatform();
+    const HWND window = CreateWindowA("STATIC", "host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100,
+                                      nullptr, nullptr, nullptr, nullptr);
+    ASSERT_TRUE(window);
+    static bool isEnabled;
+    isEnabled = true;
+    SetTimer(window, 1, 10, [](HWND host, UINT, UINT_PTR, DWORD) {
+        if (const HWND box = FindWindowA("#32770", "Question")) {
+            isEnabled = IsWindowEnabled(host) != FALSE;
+            PostMessageA(box, WM_COMMAND, IDYES, 0);
+        }
+    });
+    (void)machine->messageBoxes().show({"?", "Question", MessageIcon::none, MessageButtons::yesNo});
+    EXPECT_FALSE(isEnabled);
+    EXPECT_TRUE(IsWindowEnabled(window)) << "when it is answered";
+    DestroyWindow(window);
+}
+
 } // namespace
 } // namespace qrtVistrelClasses4

@@ -184,6 +184,66 @@ TEST_F(PlayfileStore, CopiesFilesFromDrivesThatMayGoAwayIfTheOperatorWantsIt) {
     EXPECT_EQ(shown()[0].buttons, MessageButtons::yesNo);
 }
 
+TEST_F(PlayfileStore, LetsTheHostChangeTheFramesWhileItAsks) {
+    struct BusyHost final : MessageBoxes {
+        MessageAnswer show(const Message& message) override {
+            playfile->TotalFrames(total);
+            return message.buttons == MessageButtons::yesNo ? MessageAnswer::yes : MessageAnswer::ok;
+        }
+        bool attended() override { return true; }
+        FrameInfoClass* playfile = nullptr;
+        std::int16_t total = 0;
+    } host;
+    const ScopedMessageBoxes scope(host);
+    host.playfile = &playfile_;
+    files().addLooseDrive("Q:");
+    for (const std::int16_t total : {0, 1, 30000}) {
+        SCOPED_TRACE(host.total = total);
+        playfile_.TotalFrames(2);
+        playfile_.CurrentFrame(1);
+        playfile_.PicturefileName("Q:\\gone.bmp");
+        files().put(path_, "old");
+        EXPECT_EQ(playfile_.WritePlayfileToDisk(path_), total > 1) << "a frame that has gone is not saved";
+        EXPECT_EQ(saved().substr(0, 3), total > 1 ? " 2 " : "old");
+        EXPECT_EQ(playfile_.TotalFrames(), total);
+    }
+}
+
+TEST_F(PlayfileStore, LetsFramesGoWhileItLooksForTheirFiles) {
+    files().observer = [&](const FileOperation& operation) {
+        if (operation.kind == FileOperation::look && operation.path == folder_)
+            playfile_.TotalFrames(0);
+        return SystemError::none;
+    };
+    EXPECT_FALSE(loadWith(1, folder_));
+    EXPECT_EQ(host_.reports.all.at(0).error.number(), 9);
+    EXPECT_EQ(playfile_.TotalFrames(), 0);
+}
+
+TEST_F(PlayfileStore, CopiesAFileOnceUnlessAnotherOfItsNameComesBetween) {
+    const std::string loose = host_.inLibrary("floppy"), copy = JoinPath(host_.inLibrary("Data"), "one.bmp");
+    const std::string a = JoinPath(loose, "one.bmp"), b = JoinPath(JoinPath(loose, "other"), "one.bmp");
+    files().addLooseDrive(loose);
+    files().put(a, "picture A");
+    files().put(b, "picture B");
+    int copies = 0;
+    files().observer = [&](const FileOperation& operation) {
+        copies += operation.kind == FileOperation::rename && operation.target == copy ? 1 : 0;
+        return SystemError::none;
+    };
+    playfile_.TotalFrames(3);
+    for (const auto& [pictures, expected] : {std::pair{Texts{a, a, a}, 1}, {Texts{a, b, a}, 3}}) {
+        for (std::int16_t number = 1; number <= 3; ++number) {
+            playfile_.CurrentFrame(number);
+            playfile_.PicturefileName(pictures.at(static_cast<std::size_t>(number - 1)));
+        }
+        host_.machine.messageBoxes().answers = {MessageAnswer::yes};
+        EXPECT_TRUE(playfile_.WritePlayfileToDisk(path_));
+        EXPECT_EQ(std::exchange(copies, 0), expected);
+        EXPECT_EQ(files().content(copy), "picture A") << "the last of a name wins";
+    }
+}
+
 /// Names of elements and their values as they stand in the export.
 using Elements = std::vector<std::pair<std::string, std::string>>;
 
