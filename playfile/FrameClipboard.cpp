@@ -76,7 +76,7 @@ constexpr std::tuple kCarriedByLines{
 };
 
 template <class Record, class Value>
-const Value& getOwn(const Record& own, Value Record::*member) {
+Value getOwn(const Record& own, Value Record::*member) {
     return own.*member;
 }
 template <class Record, class Value, class Given>
@@ -92,13 +92,20 @@ void setOwn(Record& own, Rule<Value, Record, Given> rule, Value value) {
     rule.set(own, static_cast<Given>(value));
 }
 
-template <class Record, class Properties>
-void copyToOther(const Record& own, FrameInfoClass& other, const Properties& properties) {
-    std::apply([&](const auto&... each) { ((other.*each.set)(getOwn(own, each.own)), ...); }, properties);
+// `own()` is the own record. It is looked up for every property, because properties of the other playfile
+// report their errors, and the host may change any playfile meanwhile.
+
+template <class Own, class Properties>
+void copyToOther(Own own, FrameInfoClass& other, const Properties& properties) {
+    std::apply([&](const auto&... each) { ((other.*each.set)(getOwn(own(), each.own)), ...); }, properties);
 }
-template <class Record, class Properties>
-void copyFromOther(Record& own, FrameInfoClass& other, const Properties& properties) {
-    std::apply([&](const auto&... each) { (setOwn(own, each.own, (other.*each.get)()), ...); }, properties);
+template <class Own, class Properties>
+void copyFromOther(Own own, FrameInfoClass& other, const Properties& properties) {
+    const auto copy = [&](const auto& each) {
+        auto value = (other.*each.get)();
+        setOwn(own(), each.own, std::move(value));
+    };
+    std::apply([&](const auto&... each) { (copy(each), ...); }, properties);
 }
 
 /// Keeps a playfile that is its own clipboard alive until its frames have been copied.
@@ -120,14 +127,15 @@ void FrameInfoClass::copyFrames(std::int16_t& first, std::int16_t& last,
                                 std::shared_ptr<FrameInfoClass>& clipboard) {
     const std::shared_ptr<FrameInfoClass> alive = keepAlive(this, clipboard);
     clipboard.reset();
-    clipboard = std::make_shared<FrameInfoClass>();
+    const auto copies = std::make_shared<FrameInfoClass>();
+    clipboard = copies;
     if (first > last)
         std::swap(first, last);
     if (first < 1 || last > frames_.upperBound())
         return;
-    clipboard->TotalFrames(NarrowToInt16(last - first + 1));
+    copies->TotalFrames(NarrowToInt16(last - first + 1));
     for (std::int32_t number = first; number <= last; ++number)
-        PutInfoFromFrameIntoVariable(number, number - first + 1, clipboard.get());
+        PutInfoFromFrameIntoVariable(number, number - first + 1, copies.get());
 }
 
 void FrameInfoClass::CutInfo(std::int16_t& CutFromY, std::int16_t& CutToY,
@@ -171,13 +179,15 @@ void FrameInfoClass::PutInfoFromFrameIntoVariable(std::int32_t FrameNum, std::in
     traced(
         FrameSub("PutInfoFromFrameIntoVariable"),
         [&] {
-            const FrameRecord& frame = frames_.at(FrameNum);
+            const auto frame = [&]() -> const FrameRecord& { return frames_.at(FrameNum); };
+            (void)frame(); // before the other playfile is touched
             VarToPlaceIn->CurrentFrame(NarrowToInt16(VarFrameNum));
             copyToOther(frame, *VarToPlaceIn, kCarriedByFrames);
-            VarToPlaceIn->TotalLinesAllowed(NarrowToInt16(frame.lines.upperBound()));
-            for (std::int32_t number = 1; number <= frame.lines.upperBound(); ++number) {
+            VarToPlaceIn->TotalLinesAllowed(NarrowToInt16(frame().lines.upperBound()));
+            for (std::int32_t number = 1; number <= frame().lines.upperBound(); ++number) {
                 VarToPlaceIn->CurrentLineNumber(NarrowToInt16(number));
-                copyToOther(frame.lines.at(number), *VarToPlaceIn, kCarriedByLines);
+                const auto line = [&]() -> const LineRecord& { return frame().lines.at(number); };
+                copyToOther(line, *VarToPlaceIn, kCarriedByLines);
             }
         },
         Arg{"FrameNum", FrameNum}, Arg{"VarFrameNum", VarFrameNum}, Arg{"VarToPlaceIn", VarToPlaceIn});
@@ -188,17 +198,19 @@ void FrameInfoClass::PutInfoFromVariableIntoFrame(std::int32_t FrameNum, std::in
     traced(
         FrameSub("PutInfoFromVariableIntoFrame"),
         [&] {
-            FrameRecord& frame = frames_.at(FrameNum);
+            const auto frame = [&]() -> FrameRecord& { return frames_.at(FrameNum); };
+            (void)frame(); // before the other playfile is touched
             VarToPlaceIn->CurrentFrame(NarrowToInt16(VarFrameNum));
             copyFromOther(frame, *VarToPlaceIn, kCarriedByFrames);
-            frame.lines.resize(VarToPlaceIn->TotalLinesAllowed());
-            if (frame.lines.empty())
+            const std::int16_t lineCount = VarToPlaceIn->TotalLinesAllowed();
+            frame().lines.resize(lineCount);
+            if (lineCount == 0)
                 checkLinesFrom(FrameNum);
-            for (std::int32_t number = 1; number <= frame.lines.upperBound(); ++number) {
+            for (std::int32_t number = 1; number <= frame().lines.upperBound(); ++number) {
                 VarToPlaceIn->CurrentLineNumber(NarrowToInt16(number));
-                LineRecord& line = frame.lines.at(number);
+                const auto line = [&]() -> LineRecord& { return frame().lines.at(number); };
                 copyFromOther(line, *VarToPlaceIn, kCarriedByLines);
-                line.Merge = VarToPlaceIn->Merge();
+                line().Merge = VarToPlaceIn->Merge(); // which is read first
             }
         },
         Arg{"FrameNum", FrameNum}, Arg{"VarFrameNum", VarFrameNum}, Arg{"VarToPlaceIn", VarToPlaceIn});

@@ -76,6 +76,37 @@ TEST_F(FrameEditing, MayTakeThePlayfileItselfForTheClipboard) {
     }
 }
 
+/// A host that works on while errors are reported to it.
+struct BusyHost final : ErrorReporter {
+    void report(const ErrorReport& report) override { act(report); }
+    std::function<void(const ErrorReport&)> act;
+};
+
+TEST_F(FrameEditing, LetsTheHostChangeBothPlayfilesWhileErrorsArePutBeforeIt) {
+    BusyHost host;
+    const ScopedErrorReporter scope(host);
+    for (const std::int16_t total : {0, 30000}) {
+        clipboard_ = std::make_shared<FrameInfoClass>();
+        host.act = [&](const ErrorReport& report) {
+            clipboard_->TotalFrames(0);
+            if (report.procedure.procedure.ends_with(" commandfile"))
+                playfile_.TotalFrames(total);
+        };
+        playfile_.PasteInfo(0, clipboard_.get());
+        EXPECT_EQ(playfile_.TotalFrames(), total);
+    }
+    host.act = [&](const ErrorReport&) { clipboard_.reset(); };
+    bool hasFailed = true;
+    for (int allocation = 1; hasFailed; ++allocation) {
+        putFrames(playfile_, "ABCDEF");
+        FailAllocation(allocation);
+        cut(2, 3);
+        hasFailed = AllocationHasFailed();
+        FailAllocation(0);
+    }
+    EXPECT_EQ(order(playfile_) + order(*clipboard_), "ADEFBC");
+}
+
 TEST_F(FrameEditing, CutsNoFrameThatCouldNotBeCopied) {
     bool hasFailed = true;
     for (int allocation = 1; hasFailed; ++allocation) {
