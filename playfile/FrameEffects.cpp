@@ -54,7 +54,7 @@ void fillList(ListControl& list, std::int16_t FixedEffect::*code, std::string_vi
 
 void removeLastItem(ListControl* list) {
     if (list)
-        list->RemoveItem(list->ListCount() - 1);
+        list->RemoveItem(RoundToInt32(list->ListCount() - 1.0)); // the host may count as it likes
 }
 
 } // namespace

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace qrtVistrelClasses4 {
 namespace {
 
@@ -157,6 +159,20 @@ TEST_F(EffectLists, OfADialogEndWithoutTheirLoopsAndFollowTheSwitchesAtEveryFill
     playfile_.RefreshEffectLists(&prefixes_, nullptr);
     EXPECT_EQ(prefixes_.content(), kFixedPrefixes + kOptionalPrefixes.substr(kOptionalPrefixes.find("Open")))
         << "only TRUE in capitals is on";
+}
+
+TEST_F(EffectLists, TrapACountThatNoNumberPrecedes) {
+    struct OddList final : ListControl {
+        std::string ClassName() const override { return "ComboBox"; }
+        void Clear() override {}
+        void AddItem(const std::string&) override {}
+        std::int32_t NewIndex() override { return 0; }
+        void ItemData(std::int32_t, std::int32_t) override {}
+        std::int32_t ListCount() override { return std::numeric_limits<std::int32_t>::min(); }
+        void RemoveItem(std::int32_t index) override { ADD_FAILURE() << index; }
+    } list;
+    playfile_.RefreshEffectLists(&list, nullptr);
+    EXPECT_EQ(host_.reports.takeNumbers(), Numbers{6});
 }
 
 } // namespace
