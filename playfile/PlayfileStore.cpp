@@ -1,5 +1,6 @@
 // Loading and saving the playfile, with the corrections and questions that belong to it.
 #include "frame/Traced.h"
+#include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
@@ -13,6 +14,7 @@
 #include "settings/AppFolder.h"
 
 #include <optional>
+#include <unordered_map>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -56,12 +58,27 @@ public:
             return {};
         if (!wanted_)
             wanted_ = mayAsk_ && operatorWantsCopies();
-        return *wanted_ ? CopyToDataFolder(reference) : std::string();
+        return *wanted_ ? copyOnce(reference) : std::string();
     }
 
 private:
+    /// What was copied last under a name, and where to; "" when that failed.
+    struct Copied {
+        std::string source, copy;
+    };
+
+    /// Frames often share a file. It is copied again only when another of its name has been in between: the
+    /// last one wins.
+    std::string copyOnce(const std::string& reference) {
+        Copied& last = copied_[AnsiUpper(SplitPath(reference).name)];
+        if (last.source != reference)
+            last = {reference, CopyToDataFolder(reference)};
+        return last.copy;
+    }
+
     bool mayAsk_;
     std::optional<bool> wanted_;
+    std::unordered_map<std::string, Copied> copied_; ///< By file name in upper case.
 };
 
 } // namespace
