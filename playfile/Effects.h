@@ -108,8 +108,4 @@ std::int16_t SuffixCodeOf(std::string_view text);
 std::int16_t PrefixCodeOfKeyword(std::string_view keyword);
 std::int16_t SuffixCodeOfKeyword(std::string_view keyword);
 
-/// The same as traced procedures: the error is trapped, and the result is 0.
-std::int16_t ConvertPrefixKeywordToCode(const std::string& Keyword);
-std::int16_t ConvertSuffixKeywordToCode(const std::string& Keyword);
-
 } // namespace qrtVistrelClasses4

@@ -81,18 +81,6 @@ std::int16_t FrameInfoClass::ConvertSuffixStringToCode(const std::string& CodeSt
         Arg{"CodeString", CodeString});
 }
 
-std::int16_t ConvertPrefixKeywordToCode(const std::string& Keyword) {
-    return traced(
-        FrameFunction("ConvertPrefixKeywordToCode"), [&] { return PrefixCodeOfKeyword(Keyword); },
-        Arg{"Keyword", Keyword});
-}
-
-std::int16_t ConvertSuffixKeywordToCode(const std::string& Keyword) {
-    return traced(
-        FrameFunction("ConvertSuffixKeywordToCode"), [&] { return SuffixCodeOfKeyword(Keyword); },
-        Arg{"Keyword", Keyword});
-}
-
 void FrameInfoClass::FillEffectList(ListControl* prefixList, ListControl* suffixList) {
     traced(
         FrameSub("FillEffectList"),

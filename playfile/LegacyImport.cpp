@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
@@ -55,10 +56,48 @@ Cropping readCropping() {
     return {settings.BMPCrop(), settings.AVICrop()};
 }
 
-/// A number beyond what a frame holds costs the width, but nothing else of the playfile.
-std::int16_t widthOf(std::string_view number) {
-    return trapped(FrameFunction("GetLegacyPlayfileFromDisk"),
-                   [&] { return RoundToInt16(LeadingNumber(number)); });
+/// A kind of number that may be too large for a frame, which costs that number, but nothing else of the
+/// playfile. The operator is told of the first one: a damaged file holds one in every record.
+class RiskyNumber {
+public:
+    /// What `convert` returns. Its error goes to the caller, quiet if there was one before.
+    template <class Convert>
+    std::int16_t converted(Convert convert) {
+        try {
+            return convert();
+        } catch (const RuntimeError& error) {
+            throw std::exchange(wasTooLarge_, true) ? error.quietly() : error;
+        }
+    }
+
+private:
+    bool wasTooLarge_ = false;
+};
+
+/// What frames of one file have in common.
+struct Import {
+    Cropping cropping;
+    RiskyNumber prefixCode{};
+    RiskyNumber width{};
+};
+
+std::int16_t prefixCodeOf(const std::string& Keyword, Import& import) {
+    return traced(
+        FrameFunction("ConvertPrefixKeywordToCode"),
+        [&] { return import.prefixCode.converted([&] { return PrefixCodeOfKeyword(Keyword); }); },
+        Arg{"Keyword", Keyword});
+}
+
+std::int16_t suffixCodeOf(const std::string& Keyword) {
+    return traced(
+        FrameFunction("ConvertSuffixKeywordToCode"), [&] { return SuffixCodeOfKeyword(Keyword); },
+        Arg{"Keyword", Keyword});
+}
+
+std::int16_t widthOf(std::string_view number, Import& import) {
+    return trapped(FrameFunction("GetLegacyPlayfileFromDisk"), [&] {
+        return import.width.converted([&] { return RoundToInt16(LeadingNumber(number)); });
+    });
 }
 
 void setPicture(FrameRecord& frame, std::string fileName, bool hasText, bool isCropped) {
@@ -67,10 +106,10 @@ void setPicture(FrameRecord& frame, std::string fileName, bool hasText, bool isC
     frame.PictureFileDisplay = isCropped ? 1 : 0;
 }
 
-void setFiles(FrameRecord& frame, const std::string& reference, bool hasText, Cropping cropping) {
+void setFiles(FrameRecord& frame, const std::string& reference, bool hasText, Import& import) {
     LegacyReference files = SplitLegacyReference(reference);
     if (files.width)
-        frame.FontWidth = widthOf(*files.width);
+        frame.FontWidth = widthOf(*files.width, import);
     frame.FrameType = numberOf(NEW_FRAME_TYPES::FRAME_TEXT);
     switch (files.kind()) {
     case LegacyFileKind::none:
@@ -83,10 +122,10 @@ void setFiles(FrameRecord& frame, const std::string& reference, bool hasText, Cr
         frame.commandfile = std::move(files.fileName);
         break;
     case LegacyFileKind::bitmap:
-        setPicture(frame, std::move(files.fileName), hasText, cropping.bitmaps);
+        setPicture(frame, std::move(files.fileName), hasText, import.cropping.bitmaps);
         break;
     case LegacyFileKind::animation:
-        setPicture(frame, std::move(files.fileName), hasText, cropping.animations);
+        setPicture(frame, std::move(files.fileName), hasText, import.cropping.animations);
         break;
     }
 }
@@ -104,18 +143,18 @@ void setLines(FrameRecord& frame, std::vector<std::string> texts, const LegacyRe
     }
 }
 
-FrameRecord frameOf(const LegacyRecord& record, Cropping cropping) {
+FrameRecord frameOf(const LegacyRecord& record, Import& import) {
     FrameRecord frame;
     const std::string text = ConvertLegacyVariables(record.text);
-    frame.PrefixCode = ConvertPrefixKeywordToCode(record.prefixKeyword);
+    frame.PrefixCode = prefixCodeOf(record.prefixKeyword, import);
     frame.DelayTime = record.delay;
-    setFiles(frame, record.reference, !text.empty(), cropping);
+    setFiles(frame, record.reference, !text.empty(), import);
     if (IsJoiningKeyword(record.suffixKeyword)) {
         setLines(frame, {joined(linesOf(text))}, record);
         frame.lines.at(1).Scrolling = true;
     } else {
         setLines(frame, linesOf(text), record);
-        frame.SuffixCode = ConvertSuffixKeywordToCode(record.suffixKeyword);
+        frame.SuffixCode = suffixCodeOf(record.suffixKeyword);
     }
     return frame;
 }
@@ -153,12 +192,12 @@ bool FrameInfoClass::readLegacyPlayfile(const std::string& sFileName) {
     // One more than allowed: the limit is looked at when it has been passed.
     const auto most = static_cast<std::size_t>(std::max<std::int32_t>(totalFramesAllowed_ + 1, 0));
     const auto records = readRecords(sFileName, most);
-    const Cropping cropping = readCropping();
+    Import import{readCropping()};
     if (!records)
         return false;
     OneBasedArray<FrameRecord> frames(NarrowToInt16(static_cast<std::int32_t>(records->size())));
     std::transform(records->begin(), records->end(), frames.begin(),
-                   [&](const LegacyRecord& record) { return frameOf(record, cropping); });
+                   [&](const LegacyRecord& record) { return frameOf(record, import); });
     frames_ = std::move(frames);
     checkLinesFrom(1);
     return true;

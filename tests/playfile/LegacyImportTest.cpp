@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace qrtVistrelClasses4 {
 namespace {
 
@@ -89,6 +91,16 @@ TEST_F(LegacyImport, MakesFramesOfRecords) {
     for (const char* tooWide : {"Width=32768 A.BMP", "A.BMP Width=1e400"})
         EXPECT_EQ(frameOf({.reference = tooWide}), "1 0s 0>0 w0 A.BMP||0") << "costs nothing but the width";
     EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{6, 6, 6}));
+}
+
+TEST_F(LegacyImport, TellsTheOperatorOnceOfEachKindOfNumberThatIsTooLarge) {
+    const LegacyFields bad{.prefix = "99999", .reference = "Width=99999 A.BMP"};
+    for (const char* load : {"the first load", "the second load"}) {
+        EXPECT_TRUE(loadUnasked(legacyPlayfile(std::vector(50, bad))));
+        const auto isLoud = [](const ErrorReport& report) { return !report.error.isQuiet(); };
+        EXPECT_EQ(std::ranges::count_if(host_.reports.all, isLoud), 2) << load;
+        EXPECT_EQ(host_.reports.takeNumbers(), Numbers(100, 6)) << "all of them are logged";
+    }
 }
 
 TEST_F(LegacyImport, PlacesPicturesByTheSettingForTheirKind) {
