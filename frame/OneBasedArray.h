@@ -49,11 +49,22 @@ public:
         std::move_backward(place(number), end() - 1, end());
     }
 
-    /// Takes element `number` out; those behind it move down. Error 9 when `number` is outside the array.
-    void erase(std::int32_t number) {
-        requireElement(number);
-        elements_.erase(place(number));
+    /// Puts `count` copies of element `number` before it. Error 9 when `number` is outside the array.
+    void repeat(std::int32_t number, std::int32_t count) {
+        const T copied = at(number);
+        elements_.insert(place(number), static_cast<std::size_t>(count), copied);
     }
+
+    /// Takes elements `first` to `last` out, none when `last` is below `first`; those behind them move down.
+    /// Error 9 when one of them is outside the array, which then stays as it was.
+    void erase(std::int32_t first, std::int32_t last) {
+        if (last < first)
+            return;
+        requireElement(first);
+        requireElement(last);
+        elements_.erase(place(first), place(last) + 1);
+    }
+    void erase(std::int32_t number) { erase(number, number); }
 
     /// Moves element `from` to the place of element `to`; those between close up. Error 9 when either is
     /// outside the array, which then stays as it was.

@@ -148,10 +148,9 @@ void FrameInfoClass::CutInfo(std::int16_t& CutFromY, std::int16_t& CutToY,
             CopyInfo(CutFromY, CutToY, MyClipboard);
             if (TrappedErrors() != errorsBefore || CutFromY < 1 || CutToY > frames_.upperBound())
                 return;
-            for (std::int32_t left = CutToY - CutFromY + 1; left > 0; --left) {
-                CurrentFrame(CutFromY);
-                DeleteCurrentFrame();
-            }
+            frames_.erase(CutFromY + 1, CutToY); // all but one at once, since each moves the frames behind
+            CurrentFrame(CutFromY);
+            DeleteCurrentFrame();
         },
         Arg{"CutFromY", CutFromY}, Arg{"CutToY", CutToY}, Arg{"MyClipboard", MyClipboard});
 }
@@ -164,8 +163,7 @@ void FrameInfoClass::PasteInfo(std::int16_t PasteTo, FrameInfoClass* MyClipboard
                 return;
             CurrentFrame(PasteTo);
             std::int32_t count = MyClipboardInfo->TotalFrames();
-            for (std::int32_t left = count; left > 0 && frames_.upperBound() < totalFramesAllowed_; --left)
-                InsertFrame();
+            insertFrames(count);
             if (PasteTo + count > totalFramesAllowed_)
                 count = totalFramesAllowed_ - PasteTo + 1;
             for (std::int32_t number = PasteTo; number < PasteTo + count; ++number)

@@ -49,6 +49,17 @@ void FrameInfoClass::insertFrame(bool& bLast) {
     InitFrame(currentFrameNumber_);
 }
 
+void FrameInfoClass::insertFrames(std::int32_t count) {
+    const auto left = [&] { return std::min(count, totalFramesAllowed_ - frames_.upperBound()); };
+    for (bool isPlaced = false; left() > 0 && !isPlaced; --count) {
+        const std::uint64_t errorsBefore = TrappedErrors();
+        InsertFrame();
+        isPlaced = TrappedErrors() == errorsBefore;
+    }
+    if (left() > 0)
+        frames_.repeat(currentFrameNumber_, left());
+}
+
 void FrameInfoClass::DeleteCurrentFrame() {
     traced(FrameSub("DeleteCurrentFrame"), [&] {
         frames_.erase(currentFrameNumber_);

@@ -253,6 +253,9 @@ private:
     void writeLine(Value LineRecord::*member, const Value& vData);
 
     void insertFrame(bool& bLast);
+    /// Runs `InsertFrame` so often, but not beyond `TotalFramesAllowed`. The frames behind the first one that
+    /// finds its place without an error are equal to it, and inserted at once: each moves the frames behind.
+    void insertFrames(std::int32_t count);
     void copyFrames(std::int16_t& first, std::int16_t& last, std::shared_ptr<FrameInfoClass>& clipboard);
     void PutInfoFromFrameIntoVariable(std::int32_t FrameNum, std::int32_t VarFrameNum,
                                       FrameInfoClass* VarToPlaceIn);

@@ -111,10 +111,10 @@ std::string insertFrame(FrameInfoClass& playfile, const FramesOptions& options, 
 std::string deleteFrames(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
     if (!isWithin("FRAMES", options.frames, playfile, errors))
         return {};
-    for (std::int32_t left = options.frames.count(); left > 0; --left) {
-        playfile.CurrentFrame(NarrowToInt16(options.frames.first));
-        playfile.DeleteCurrentFrame();
-    }
+    std::int16_t first = NarrowToInt16(options.frames.first);
+    std::int16_t last = NarrowToInt16(options.frames.last);
+    std::shared_ptr<FrameInfoClass> clipboard;
+    playfile.CutInfo(first, last, clipboard);
     return "deleted " + text(options.frames);
 }
 

@@ -62,6 +62,17 @@ TEST_F(FrameEditing, HasNoMoreFramesThanNumbers) {
     EXPECT_EQ(host_.reports.takeNumbers(), Numbers{6});
 }
 
+TEST_F(FrameEditing, CutsAndPastesAsManyFramesAsThereAreNumbers) {
+    const std::string letters = "A" + std::string(kLargest - 2, '.') + "Z";
+    playfile_.TotalFramesAllowed(kLargest);
+    putFrames(playfile_, letters);
+    cut(1, kLargest);
+    EXPECT_EQ(order(playfile_), "_");
+    playfile_.PasteInfo(1, clipboard_.get());
+    EXPECT_TRUE(order(playfile_) == letters);
+    EXPECT_TRUE(host_.reports.all.empty());
+}
+
 TEST_F(FrameEditing, MayTakeThePlayfileItselfForTheClipboard) {
     putFrames(playfile_, "ABC");
     playfile_.PasteInfo(2, &playfile_);
