@@ -128,8 +128,8 @@ std::string classFontMaster::findFont(const std::string& path) {
 }
 
 void classFontMaster::tell(const std::string& message) {
-    if (onMessage_)
-        onMessage_(message);
+    if (const MessageHandler handler = onMessage_) // a copy, since the handler may replace itself
+        handler(message);
 }
 
 } // namespace qrtVistrelClasses4

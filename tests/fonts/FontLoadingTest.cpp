@@ -35,6 +35,17 @@ struct FontHost {
     Texts messages;
 };
 
+TEST(FontLoading, LetsAHandlerReplaceItself) {
+    FontHost host;
+    std::string heard;
+    host.fonts.OnMessage([&, own = std::string(100, 'x')](const std::string& message) {
+        host.fonts.OnMessage(nullptr);
+        heard = own + message;
+    });
+    EXPECT_FALSE(host.fonts.LoadFont("gone.cmd", 6, 8));
+    EXPECT_EQ(heard, std::string(100, 'x') + "gone.cmd NOT FOUND @ gone.cmd in ");
+}
+
 TEST(FontLoading, KnowsTheFontOfEveryNumber) {
     FontHost host;
     std::string all;
