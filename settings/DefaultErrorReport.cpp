@@ -7,6 +7,7 @@
 
 #include <cstdio>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
@@ -21,14 +22,37 @@ std::string timeText(const LocalTime& time) {
            twoDigits(time.hour) + ':' + twoDigits(time.minute) + ':' + twoDigits(time.second);
 }
 
+/// Whether a character steers what shows it, be it alone or, in UTF-8, behind `previous`.
+bool isControl(unsigned char previous, unsigned char code) {
+    constexpr unsigned char openingOfUtf8Controls = 0xc2;
+    return code < ' ' || code == 0x7f || (previous == openingOfUtf8Controls && code >= 0x80 && code <= 0x9f);
+}
+
+/// A text of whatever origin as it may stand in a line of a log, in a box and on a terminal.
+std::string visible(std::string_view text) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string result;
+    unsigned char previous = 0;
+    for (const char character : text.substr(0, kLongestTextInReport)) {
+        const auto code = static_cast<unsigned char>(character);
+        if (isControl(previous, code))
+            ((result += '<') += {digits[code >> 4], digits[code & 0xf]}) += '>';
+        else
+            result += character;
+        previous = code;
+    }
+    return text.size() > kLongestTextInReport ? result + "..." : result;
+}
+
 std::string lineText(const TraceLine& line) {
-    return line.module + ", " + line.procedure + " " + line.arguments;
+    return visible(line.module) + ", " + visible(line.procedure) + " " + visible(line.arguments);
 }
 
 /// Number, description, procedure and the procedures that led to it, innermost last.
 std::string reportText(const ErrorReport& report) {
-    std::string text = "Error " + std::to_string(report.error.number()) + ": " + report.error.description() +
-                       kLineEnd + "In " + lineText(report.procedure) + kLineEnd;
+    std::string text = "Error " + std::to_string(report.error.number()) + ": " +
+                       visible(report.error.description()) + kLineEnd + "In " + lineText(report.procedure) +
+                       kLineEnd;
     if (!report.stack.empty())
         text += std::string("Running procedures:") + kLineEnd;
     for (const TraceLine& line : report.stack)

@@ -43,6 +43,34 @@ TEST_F(DefaultErrorReport, GoesToTheLogAndToTheOperatorUnlessItIsQuietOrSwitched
     EXPECT_EQ(testing::internal::GetCapturedStderr(), report_) << "where nobody sees boxes";
 }
 
+TEST_F(DefaultErrorReport, LetsNoTextMakeLinesOfItsOwnOrSteerATerminal) {
+    const struct {
+        const char* why;
+        std::string text, shown;
+    } cases[] = {
+        {"a record of its own making", "x)\r\nError 1", "x)<0D><0A>Error 1"},
+        {"commands to a terminal", "\x1b]0;\a\x1b[2J\x7f", "<1B>]0;<07><1B>[2J<7F>"},
+        {"the same of a terminal that reads UTF-8", "\xc2\x9b\x32J", "\xc2<9B>2J"},
+        {"letters of any code page", "C:\\M\xe4rz \x80 \x8fx", "C:\\M\xe4rz \x80 \x8fx"},
+        {"as much as is shown", std::string(kLongestTextInReport, 'x'),
+         std::string(kLongestTextInReport, 'x')},
+        {"one more", std::string(kLongestTextInReport, 'x') + '\n',
+         std::string(kLongestTextInReport, 'x') + "..."},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.why);
+        const TraceLine line{row.text, row.text, row.text};
+        shown_.clear();
+        (void)host_.machine.files().remove(host_.inLibrary("VistrelErrors.log"));
+        defaultErrorReporter().report({RuntimeError(1, row.text), line, {line}});
+        const std::string lineShown = row.shown + ", " + row.shown + " " + row.shown + "\r\n";
+        const std::string report =
+            "Error 1: " + row.shown + "\r\nIn " + lineShown + "Running procedures:\r\n    " + lineShown;
+        EXPECT_EQ(shown_.at(0).text, report);
+        EXPECT_EQ(log(), "2001-02-03 04:05:06  " + report);
+    }
+}
+
 TEST_F(DefaultErrorReport, StartsANewLogPastOneMegabyte) {
     const std::string full(1024 * 1024 - entry_.size() + 1, 'x');
     files().put(path_, full);
