@@ -103,8 +103,8 @@ const CommandPreview* findPreview(const std::string& decimal) {
     return found == std::end(kCommandPreviews) ? nullptr : found;
 }
 
-std::string previewCommand(const std::string& code, std::int16_t hourOffset) {
-    std::string decimal = decimalForm(clsCommandInterface().sCommandBytesByKey(code));
+std::string previewCommand(const std::string& code, const std::string& bytes, std::int16_t hourOffset) {
+    std::string decimal = decimalForm(bytes);
     if (decimal == code)
         decimal.clear();
     if (const CommandPreview* const preview = findPreview(decimal))
@@ -112,52 +112,78 @@ std::string previewCommand(const std::string& code, std::int16_t hourOffset) {
     return decimal.empty() ? code : decimal;
 }
 
-std::vector<std::string> commandKeys() {
-    std::vector<std::string> keys;
+/// `bytesOf` gives the byte string of a command.
+template <class BytesOf>
+std::string previewCode(const std::string& code, std::int16_t hourOffset, BytesOf bytesOf) {
+    return traced(
+        VariableFunction("PreviewCommandText"),
+        [&] {
+            if (isCounter(code))
+                return code;
+            if (code.starts_with(kVariableCode.letters))
+                return ReadSetting(std::string(kVistrel3), "Variables", code, "");
+            return previewCommand(code, bytesOf(code), hourOffset);
+        },
+        Arg{"Code", code}, Arg{"HourOffset", hourOffset});
+}
+
+std::map<std::string, std::string> byteStringsByKey() {
+    std::map<std::string, std::string> byteStrings;
     clsCommandInterface commands;
     const std::int32_t total = commands.iTotalCommands();
-    for (std::int32_t number = 1; number <= total; ++number)
-        keys.push_back(commands.sCommandKeyByNum(static_cast<std::int16_t>(number)));
+    for (std::int32_t place = 1; place <= total; ++place) {
+        const auto number = static_cast<std::int16_t>(place);
+        byteStrings.try_emplace(commands.sCommandKeyByNum(number), commands.sCommandBytesByNum(number));
+    }
+    return byteStrings;
+}
+
+std::vector<std::string> keysOf(const std::map<std::string, std::string>& byteStrings) {
+    std::vector<std::string> keys;
+    for (const auto& [key, bytes] : byteStrings)
+        keys.push_back(key);
     return keys;
 }
 
 } // namespace
 
 std::string PreviewCommandText(const std::string& Code, std::int16_t HourOffset) {
-    return traced(
-        VariableFunction("PreviewCommandText"),
-        [&] {
-            if (isCounter(Code))
-                return Code;
-            if (Code.starts_with(kVariableCode.letters))
-                return ReadSetting(std::string(kVistrel3), "Variables", Code, "");
-            return previewCommand(Code, HourOffset);
-        },
-        Arg{"Code", Code}, Arg{"HourOffset", HourOffset});
+    return previewCode(Code, HourOffset,
+                       [](const std::string& key) { return clsCommandInterface().sCommandBytesByKey(key); });
 }
 
 std::string PreviewText(std::string_view text, std::int16_t hourOffset) {
     return TextPreviews(hourOffset).of(text);
 }
 
-TextPreviews::TextPreviews(std::int16_t hourOffset) : codes_(commandKeys()), hourOffset_(hourOffset) {}
+TextPreviews::TextPreviews(std::int16_t hourOffset)
+    : commands_(byteStringsByKey()), codes_(keysOf(commands_)), hourOffset_(hourOffset) {}
 
 std::string TextPreviews::of(std::string_view text) {
+    text = text.substr(0, kLongestPreview);
     std::string result;
-    while (!text.empty()) {
+    while (!text.empty() && result.size() < kLongestPreview) {
         const std::size_t size = codes_.sizeAtStart(text);
-        if (size == 0) {
+        if (size == 0)
             result += text.front();
-            text.remove_prefix(1);
-            continue;
-        }
-        const auto [code, isNew] = known_.try_emplace(std::string(text.substr(0, size)));
-        if (isNew)
-            code->second = PreviewCommandText(code->first, hourOffset_);
-        result += code->second;
-        text.remove_prefix(size);
+        else
+            result += previewOf(text.substr(0, size));
+        text.remove_prefix(std::max<std::size_t>(size, 1));
     }
+    result.resize(std::min(result.size(), kLongestPreview));
     return result;
+}
+
+const std::string& TextPreviews::previewOf(std::string_view code) {
+    if (const auto known = known_.find(code); known != known_.end())
+        return known->second;
+    const auto bytesOf = [&](const std::string& key) {
+        const auto command = commands_.find(key);
+        return command == commands_.end() ? key : command->second;
+    };
+    const std::string key(code);
+    return known_.emplace(key, previewCode(key, hourOffset_, bytesOf).substr(0, kLongestPreview))
+        .first->second;
 }
 
 } // namespace qrtVistrelClasses4

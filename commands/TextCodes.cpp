@@ -23,17 +23,46 @@ std::size_t numberedCodeSize(std::string_view text, const NumberedCode& kind) {
     return number >= 1 && number <= kind.last ? size : 0;
 }
 
+/// How many characters two texts have in common from their starts on.
+std::size_t commonSize(std::string_view one, std::string_view other) {
+    constexpr std::size_t step = 64; // many at once are compared much faster
+    const std::size_t most = std::min(one.size(), other.size());
+    std::size_t size = 0;
+    while (size < most && one.substr(size, step) == other.substr(size, step))
+        size += step;
+    while (size < most && one[size] == other[size])
+        ++size;
+    return std::min(size, most);
+}
+
 } // namespace
 
 TextCodes::TextCodes(std::vector<std::string> keys) : keys_(std::move(keys)) {
     std::erase_if(keys_, [](const std::string& key) { return key.empty() || key == kDrawnByFonts; });
-    std::ranges::sort(keys_, std::ranges::greater(), &std::string::size);
+    std::ranges::sort(keys_);
+    for (std::size_t place = 0; place < keys_.size(); ++place) {
+        std::size_t shorter = place - 1; // `kNone` before the first
+        while (shorter != kNone && !keys_[place].starts_with(keys_[shorter]))
+            shorter = shorter_[shorter];
+        shorter_.push_back(shorter);
+    }
 }
 
 std::size_t TextCodes::sizeAtStart(std::string_view text) const {
-    const auto key = std::ranges::find_if(keys_, [&](const std::string& it) { return text.starts_with(it); });
-    const std::size_t keySize = key == keys_.end() ? 0 : key->size();
-    return std::max({keySize, numberedCodeSize(text, kVariableCode), numberedCodeSize(text, kCounterCode)});
+    return std::max(
+        {keySizeAtStart(text), numberedCodeSize(text, kVariableCode), numberedCodeSize(text, kCounterCode)});
+}
+
+/// The last key that is not behind `text` in order starts with every key that `text` starts with.
+std::size_t TextCodes::keySizeAtStart(std::string_view text) const {
+    const auto behind = std::ranges::upper_bound(keys_, text);
+    if (behind == keys_.begin())
+        return 0;
+    auto place = static_cast<std::size_t>(behind - keys_.begin()) - 1;
+    const std::size_t common = commonSize(keys_[place], text);
+    while (place != kNone && keys_[place].size() > common)
+        place = shorter_[place];
+    return place == kNone ? 0 : keys_[place].size();
 }
 
 } // namespace qrtVistrelClasses4

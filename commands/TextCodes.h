@@ -20,7 +20,12 @@ public:
     std::size_t sizeAtStart(std::string_view text) const;
 
 private:
-    std::vector<std::string> keys_; ///< Longest first.
+    std::size_t keySizeAtStart(std::string_view text) const;
+
+    static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+    std::vector<std::string> keys_; ///< In order.
+    /// For each key, the place of the longest other one that it starts with.
+    std::vector<std::size_t> shorter_;
 };
 
 } // namespace qrtVistrelClasses4

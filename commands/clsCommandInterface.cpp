@@ -132,15 +132,22 @@ void clsCommandInterface::writeFile(const std::string& path) {
 }
 
 std::int32_t clsCommandInterface::FindCommandIndex(const std::string& sKey) {
-    return traced(
-        procedure(ProcedureKind::Function, "FindCommandIndex"),
-        [&]() -> std::int32_t {
-            for (std::int32_t number = 1; number <= commands_.upperBound(); ++number)
-                if (commands_.at(number).sCMDInfo[kCommandKey] == sKey)
-                    return number;
-            return -1;
-        },
+    return tracedThrowing(
+        procedure(ProcedureKind::Function, "FindCommandIndex"), [&] { return numberOf(sKey); },
         Arg{"sKey", sKey});
+}
+
+std::int32_t clsCommandInterface::numberOf(const std::string& key) {
+    if (const auto known = numbers_.find(key); known != numbers_.end())
+        return known->second;
+    while (numbered_ < commands_.upperBound()) {
+        const std::string& next = commands_.at(numbered_ + 1).sCMDInfo[kCommandKey];
+        numbers_.try_emplace(next, numbered_ + 1);
+        ++numbered_;
+        if (next == key)
+            return numbered_;
+    }
+    return -1;
 }
 
 std::int16_t clsCommandInterface::iTotalCommands() {

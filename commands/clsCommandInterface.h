@@ -4,6 +4,7 @@
 #include "commands/CommandTable.h"
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -47,11 +48,16 @@ private:
     bool hasBuiltInCommands() const { return commands_.upperBound() >= BuiltInCommandCount(); }
     /// -1 for none.
     std::int32_t FindCommandIndex(const std::string& sKey);
+    std::int32_t numberOf(const std::string& key);
     void setBytes(const std::string& key, const std::string& bytes);
     void readFile(const std::string& path);
     void writeFile(const std::string& path);
 
     CommandTable commands_;
+    /// The first row of each key, of the first `numbered_` rows: as far as one has been looked for. Keys
+    /// never change.
+    std::map<std::string, std::int32_t> numbers_;
+    std::int32_t numbered_ = 0;
     std::string readPath_; ///< The file whose rows are all here.
 };
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t kMostCharacters = 64; ///< Every code looked up alone reads and writes the table.
 
-/// Code after code, each looked up alone.
+/// Code after code, each looked up alone, as far as previews go.
 std::string shownAlone(std::string_view text, std::int16_t hourOffset) {
     std::vector<std::string> keys;
     {
@@ -26,7 +26,7 @@ std::string shownAlone(std::string_view text, std::int16_t hourOffset) {
                           : std::string(1, text.front());
         text.remove_prefix(std::max<std::size_t>(size, 1));
     }
-    return shown;
+    return shown.substr(0, kLongestPreview);
 }
 
 } // namespace

@@ -96,6 +96,46 @@ TEST_F(Previews, OfOtherCodesAreChosenByTheirBytesAsANumber) {
         EXPECT_EQ(PreviewCommandText(row.code, 0), row.text) << row.why;
 }
 
+TEST_F(Previews, EndForTextsAndTablesThatAreMadeToBeLarge) {
+    const std::string prefix(100, 'a');
+    std::string rows(14, '\n');
+    for (int number = 10000; number < 15000; ++number)
+        rows += prefix + std::to_string(number) + "\377\006\n";
+    files().put(path_, rows + "e\377" + std::string(1 << 20, '\006') + "\n");
+    WriteSetting("Vistrel3", "Variables", "VBL001", std::string(1 << 20, 'v'));
+    const struct {
+        const char* why;
+        std::string text, start;
+    } cases[] = {{"nearly every key at each place", std::string(100'000, 'a'), "aaa"},
+                 {"a large command, many times", std::string(1000, 'e'), "666"},
+                 {"a large variable", "|hm|VBL001", "0905v"}};
+    for (const auto& row : cases) {
+        const std::string shown = PreviewText(row.text, 0);
+        EXPECT_EQ(shown.size(), kLongestPreview) << row.why;
+        EXPECT_TRUE(shown.starts_with(row.start)) << row.why;
+    }
+    EXPECT_EQ(PreviewText(prefix + "12345" + prefix, 0), "##F" + prefix);
+}
+
+TEST_F(Previews, ReadAndWriteTheTableOnceHoweverManyCodesThereAre) {
+    std::string rows(14, '\n');
+    std::string text;
+    for (int number = 100; number < 200; ++number) {
+        const std::string key = "key" + std::to_string(number);
+        rows += key + "\377\006\n";
+        text += key;
+    }
+    files().put(path_, rows);
+    int reads = 0, writes = 0;
+    files().observer = [&](const FileOperation& operation) {
+        reads += operation.kind == FileOperation::read ? 1 : 0;
+        writes += operation.kind == FileOperation::rename ? 1 : 0;
+        return SystemError::none;
+    };
+    EXPECT_EQ(PreviewText(text, 0).substr(0, 9), "##F##F##F");
+    EXPECT_EQ(std::pair(reads, writes), std::pair(1, 1));
+}
+
 TEST_F(Previews, KnowTheBuiltInCommandsWhenTheTableCannotBeRead) {
     files().put(path_, "table");
     host_.failReads(1, 99);
@@ -120,9 +160,10 @@ TEST_F(Previews, OfATextReplaceItsCodesFromTheStartOn) {
 TEST(TextCodes, AreTheLongestThatATextStartsWith) {
     const TextCodes codes({"##B", "", "##BELL", "\xa6", "VBL001x", "|hm|", "\xa6\xa6"});
     const std::pair<std::string_view, const char*> cases[] = {
-        {"##BEL", "##B"},         {"##BELLS", "##BELL"},  {" |hm|", ""},        {"\xa6 ", ""},
-        {"\xa6\xa6", "\xa6\xa6"}, {"VBL001x", "VBL001x"}, {"VBL416", "VBL416"}, {"VBL417", ""},
-        {"VBL000", ""},           {"VBL12", ""},          {"CR167", "CR16"},    {"CR17", ""}};
+        {"##BEL", "##B"}, {"##BELK", "##B"},        {"##BELLS", "##BELL"},  {" |hm|", ""},
+        {"\xa6 ", ""},    {"\xa6\xa6", "\xa6\xa6"}, {"VBL001x", "VBL001x"}, {"VBL416", "VBL416"},
+        {"VBL417", ""},   {"VBL000", ""},           {"VBL12", ""},          {"CR167", "CR16"},
+        {"CR17", ""}};
     for (const auto& [text, code] : cases)
         EXPECT_EQ(text.substr(0, codes.sizeAtStart(text)), code);
 }
