@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <tuple>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -72,6 +73,18 @@ CommandTable BuiltInCommands() {
         info[kCommandBytes] = bytes.empty() ? bytesOf(kMilitaryTime) : std::string(bytes);
     }
     return commands;
+}
+
+bool MayBeCommandTable(std::string_view text) {
+    constexpr auto fieldEnds = std::tuple_size_v<decltype(CommandInfoType::sCMDInfo)> - 1;
+    for (std::int32_t number = 1; number <= BuiltInCommandCount() && !text.empty(); ++number) {
+        const TextLine line = FirstLine(text);
+        text.remove_prefix(line.size);
+        const auto found = static_cast<std::size_t>(std::ranges::count(line.text, kFieldEnd));
+        if (!line.text.empty() && found < fieldEnds)
+            return false;
+    }
+    return true;
 }
 
 bool ReadCommandRows(std::string_view text, CommandTable& commands) {

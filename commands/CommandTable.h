@@ -31,6 +31,10 @@ using CommandTable = OneBasedArray<CommandInfoType>;
 CommandTable BuiltInCommands();
 std::int32_t BuiltInCommandCount();
 
+/// Whether the first lines of a file, which are not read, are such as a table has: all with their fields, or
+/// blank. Another file was not written as a table.
+bool MayBeCommandTable(std::string_view text);
+
 /// Adds the rows of a table file behind the built-in ones, which the file repeats in its first lines and
 /// which stay as they are. False when the file has more rows than can be numbered; those are left out then.
 bool ReadCommandRows(std::string_view text, CommandTable& commands);

@@ -56,6 +56,16 @@ void keep(FileSystem& files, const std::string& path) {
         Check(files.moveOver(path, backup));
 }
 
+/// Copies a file that is no table to a name that no file has.
+void keepForeign(FileSystem& files, const std::string& path) {
+    const std::string first = path + std::string(kBackupEnding);
+    std::string backup = first;
+    for (int number = 2; files.kindOf(backup) != EntryKind::missing; ++number)
+        backup = first + std::to_string(number);
+    Check(files.removeLink(backup)); // to nothing: the copy would be made where it leads
+    Check(files.copy(path, backup));
+}
+
 /// Hands what `act` throws on as an error that nobody is bothered with.
 template <class Act>
 void quietly(Act act) {
@@ -101,6 +111,7 @@ void clsCommandInterface::readFile(const std::string& path) {
     if (file.error == SystemError::fileNotFound || file.error == SystemError::folderNotFound)
         return; // the table is about to be started
     Check(file.error);
+    readForeign_ = !MayBeCommandTable(file.value.text());
     if (!ReadCommandRows(file.value.text(), commands_))
         throw RuntimeError(ErrorNumber::overflow);
     readPath_ = path;
@@ -128,6 +139,8 @@ void clsCommandInterface::writeFile(const std::string& path) {
     BufferedText out(file);
     WriteCommandRows(out, commands_);
     out.finish();
+    if (path == readPath_ && readForeign_)
+        keepForeign(files, path); // not before, so that a save that fails leaves no copy each time
     Check(file.commit());
 }
 

@@ -11,9 +11,9 @@
 namespace qrtVistrelClasses4 {
 
 /// Translates command keys of sign texts into the bytes for the sign. Making an object reads the table file,
-/// and its end writes the file anew. Keys and byte strings are bytes, one a character; keys are compared
-/// exactly. Rows are numbered from 1: the built-in ones, then those of the file, then new ones. One thread at
-/// a time.
+/// and its end writes the file anew; a file that was no table is copied to name + ".bak" first. Keys and byte
+/// strings are bytes, one a character; keys are compared exactly. Rows are numbered from 1: the built-in
+/// ones, then those of the file, then new ones. One thread at a time.
 ///
 /// Members are traced. They trap their errors as quiet ones: nobody is shown a message. But an index above
 /// the number of rows is error 9 to the caller.
@@ -58,7 +58,8 @@ private:
     /// never change.
     std::map<std::string, std::int32_t> numbers_;
     std::int32_t numbered_ = 0;
-    std::string readPath_; ///< The file whose rows are all here.
+    std::string readPath_;     ///< The file whose rows are all here.
+    bool readForeign_ = false; ///< That file was no table.
 };
 
 } // namespace qrtVistrelClasses4

@@ -65,7 +65,8 @@ public:
 
 struct PlatformOptions {
     /// One folder that stands for the library's folder and the user's documents and holds the settings store,
-    /// so that nothing outside it is touched. Empty for the machine's own places. Not supported on Windows.
+    /// so that no place outside it is used by itself; its settings may name files anywhere, which are read
+    /// and written there. Empty for the machine's own places. Not supported on Windows.
     std::string home;
 };
 

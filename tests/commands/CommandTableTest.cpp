@@ -56,9 +56,9 @@ TEST_F(CommandTableTest, KeepsRowsByteForByteButInTheirForm) {
                  {"every byte", all + "\377" + all + "\377\377\r\n", all + "\377" + all + "\377\377\r\n"},
                  {"no last line end", "a\377b\nc", "a\377b\377\377\r\nc\377\377\377\r\n"}};
     for (const auto& row : cases)
-        for (const std::string& head : {kBuiltIn, repeated("\r\n", 14), repeated("##C\377x\n", 14)})
+        for (const std::string& head : {kBuiltIn, repeated("\r\n", 14), repeated("##C\377x\377\377\n", 14)})
             EXPECT_EQ(rewritten(head + row.read), kBuiltIn + row.written) << row.why;
-    EXPECT_EQ(rewritten(repeated("other\377x\r\n", 13)), kBuiltIn);
+    EXPECT_EQ(rewritten(repeated("other\377x\377\377\r\n", 13)), kBuiltIn);
     EXPECT_EQ(files().fileNames(), Texts{path_});
 }
 
@@ -109,6 +109,27 @@ TEST_F(CommandTableTest, HoldsAsManyRowsAsCanBeNumbered) {
     EXPECT_EQ(files().content(backup_), full + "one too many");
     EXPECT_TRUE(host_.reports.all.back().error.isQuiet());
     EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{6, 6}));
+}
+
+TEST_F(CommandTableTest, KeepsACopyOfWhatNeverWasATable) {
+    const struct {
+        const char* why;
+        std::string file;
+        bool isKept;
+    } cases[] = {{"a letter", "Dear Sir,\r\n", true},
+                 {"behind blank lines", "\n\nDear Sir", true},
+                 {"a built-in row cut short", kBuiltIn.substr(0, kBuiltIn.size() - 3), true},
+                 {"a row of one's own without spare fields", kBuiltIn + "k\377b\r\n", false},
+                 {"nothing that could be lost", repeated("\r\n", 14), false}};
+    for (const auto& row : cases) {
+        (void)files().remove(backup_);
+        EXPECT_EQ(rewritten(row.file).substr(0, kBuiltIn.size()), kBuiltIn) << row.why;
+        EXPECT_EQ(files().content(backup_), row.isKept ? std::optional(row.file) : std::nullopt) << row.why;
+    }
+    files().put(backup_, "kept before");
+    EXPECT_EQ(rewritten("Dear Sir"), kBuiltIn);
+    EXPECT_EQ(files().content(backup_), "kept before");
+    EXPECT_EQ(files().content(backup_ + "2"), "Dear Sir");
 }
 
 TEST_F(CommandTableTest, IsReadAndWrittenWhereTheSettingPointsUnlessNothingIsThere) {
