@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 namespace qrtVistrelClasses4 {
 namespace {
 
@@ -12,8 +14,8 @@ constexpr std::int16_t kLargest = 32767;
 
 void putFrames(FrameInfoClass& playfile, const std::string& letters) {
     playfile.TotalFrames(static_cast<std::int16_t>(letters.size()));
-    for (std::int16_t number = 1; number <= playfile.TotalFrames(); ++number) {
-        playfile.CurrentFrame(number);
+    for (int number = 1; number <= playfile.TotalFrames(); ++number) {
+        playfile.CurrentFrame(static_cast<std::int16_t>(number));
         playfile.FrameName(std::string(30, letters.at(static_cast<std::size_t>(number) - 1)));
     }
 }
@@ -21,8 +23,8 @@ void putFrames(FrameInfoClass& playfile, const std::string& letters) {
 /// One letter a frame, "_" for one without a name.
 std::string order(FrameInfoClass& playfile) {
     std::string letters;
-    for (std::int16_t number = 1; number <= playfile.TotalFrames(); ++number) {
-        playfile.CurrentFrame(number);
+    for (int number = 1; number <= playfile.TotalFrames(); ++number) {
+        playfile.CurrentFrame(static_cast<std::int16_t>(number));
         letters += (playfile.FrameName() + '_').front();
     }
     return letters;
@@ -96,7 +98,7 @@ struct BusyHost final : ErrorReporter {
 TEST_F(FrameEditing, LetsTheHostChangeBothPlayfilesWhileErrorsArePutBeforeIt) {
     BusyHost host;
     const ScopedErrorReporter scope(host);
-    for (const std::int16_t total : {0, 30000}) {
+    for (const std::int16_t total : std::array<std::int16_t, 2>{0, 30000}) {
         clipboard_ = std::make_shared<FrameInfoClass>();
         host.act = [&](const ErrorReport& report) {
             clipboard_->TotalFrames(0);

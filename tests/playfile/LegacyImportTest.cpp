@@ -95,10 +95,10 @@ TEST_F(LegacyImport, MakesFramesOfRecords) {
 
 TEST_F(LegacyImport, TellsTheOperatorOnceOfEachKindOfNumberThatIsTooLarge) {
     const LegacyFields bad{.prefix = "99999", .reference = "Width=99999 A.BMP"};
-    for (const char* load : {"the first load", "the second load"}) {
-        EXPECT_TRUE(loadUnasked(legacyPlayfile(std::vector(50, bad))));
+    for (const char* time : {"the first load", "the second load"}) {
+        EXPECT_TRUE(load(legacyPlayfile(std::vector(50, bad))));
         const auto isLoud = [](const ErrorReport& report) { return !report.error.isQuiet(); };
-        EXPECT_EQ(std::ranges::count_if(host_.reports.all, isLoud), 2) << load;
+        EXPECT_EQ(std::ranges::count_if(host_.reports.all, isLoud), 2) << time;
         EXPECT_EQ(host_.reports.takeNumbers(), Numbers(100, 6)) << "all of them are logged";
     }
 }

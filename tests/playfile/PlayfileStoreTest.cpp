@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <fstream>
 #include <iterator>
 
@@ -197,7 +198,7 @@ TEST_F(PlayfileStore, LetsTheHostChangeTheFramesWhileItAsks) {
     const ScopedMessageBoxes scope(host);
     host.playfile = &playfile_;
     files().addLooseDrive("Q:");
-    for (const std::int16_t total : {0, 1, 30000}) {
+    for (const std::int16_t total : std::array<std::int16_t, 3>{0, 1, 30000}) {
         SCOPED_TRACE(host.total = total);
         playfile_.TotalFrames(2);
         playfile_.CurrentFrame(1);

@@ -60,13 +60,12 @@ TEST_F(DefaultErrorReport, LetsNoTextMakeLinesOfItsOwnOrSteerATerminal) {
     for (const auto& row : cases) {
         SCOPED_TRACE(row.why);
         const TraceLine line{row.text, row.text, row.text};
-        shown_.clear();
-        (void)host_.machine.files().remove(host_.inLibrary("VistrelErrors.log"));
+        (void)files().remove(path_);
         defaultErrorReporter().report({RuntimeError(1, row.text), line, {line}});
         const std::string lineShown = row.shown + ", " + row.shown + " " + row.shown + "\r\n";
         const std::string report =
             "Error 1: " + row.shown + "\r\nIn " + lineShown + "Running procedures:\r\n    " + lineShown;
-        EXPECT_EQ(shown_.at(0).text, report);
+        EXPECT_EQ(takeBoxes(), Texts{"! Vistrel Error Report: " + report});
         EXPECT_EQ(log(), "2001-02-03 04:05:06  " + report);
     }
 }
