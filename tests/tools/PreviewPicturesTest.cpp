@@ -1,11 +1,16 @@
+#include "TestHost.h"
+#include "playfile/FrameRules.h"
 #include "tools/preview/BmpFile.h"
+#include "tools/preview/FramePicture.h"
 #include "tools/preview/LedPicture.h"
 #include "tools/preview/PngFile.h"
 
 #include <gtest/gtest.h>
 #include <lodepng.h>
 
+#include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
@@ -77,8 +82,13 @@ TEST(BmpFile, IsReadInEveryUncompressedForm) {
         const auto picture = ParseBmp(file);
         ASSERT_TRUE(picture);
         EXPECT_EQ(pixelsOf(*picture), pixels);
-        for (std::size_t size = 0; size < file.size(); ++size)
-            EXPECT_FALSE(ParseBmp(file.substr(0, size))) << "cut short at " << size;
+        const auto size = BmpSize(file.substr(0, kBmpStart), file.size());
+        ASSERT_TRUE(size);
+        EXPECT_EQ(std::pair(size->width, size->height), std::pair(3, 2)) << "without the pixels";
+        for (std::size_t cut = 0; cut < file.size(); ++cut) {
+            EXPECT_FALSE(ParseBmp(file.substr(0, cut))) << "cut short at " << cut;
+            EXPECT_FALSE(BmpSize(file.substr(0, std::min(cut, kBmpStart)), cut)) << "cut short at " << cut;
+        }
     }
 }
 
@@ -105,6 +115,32 @@ TEST(BmpFile, IsNoPictureInAnyOtherForm) {
     };
     for (const auto& [why, file] : cases)
         EXPECT_FALSE(ParseBmp(file)) << why;
+}
+
+TEST(Pictures, AreLookedIntoOnceForTheSizeOfASign) {
+    TestHost host;
+    MemoryFileSystem& files = host.machine.files();
+    constexpr std::int32_t side = kLargestBmpSide;
+    const std::string large =
+        bmp(1, std::string(side / 8 * side, '\xaa'), side).replace(18, 4, bytesOf(side, 4));
+    OneBasedArray<FrameRecord> frames(60);
+    int number = 0;
+    for (FrameRecord& frame : frames) {
+        SetFrameType(frame, StoredFrameType(NEW_FRAME_TYPES::FRAME_GRAPHIC));
+        frame.PicturefileName = host.inLibrary(std::to_string(number++ % 6) + ".bmp");
+        files.put(frame.PicturefileName, large);
+    }
+    ErrorLines errors;
+    FramePainter painter({}, errors);
+    int reads = 0;
+    files.observer = [&](const FileOperation& operation) {
+        reads += operation.kind == FileOperation::read ? 1 : 0;
+        return SystemError::none;
+    };
+    const DotSize size = painter.sizeFor(frames);
+    EXPECT_EQ(std::pair(size.width, size.height), std::pair(512, 128));
+    EXPECT_EQ(reads, 12) << "each of six opened, and its start read";
+    EXPECT_TRUE(errors.empty());
 }
 
 TEST(Png, HoldsThePixelsForAnyDecoder) {

@@ -12,6 +12,7 @@ constexpr std::size_t kFileHeaderSize = 14;
 constexpr std::size_t kSmallestHeader = 40; ///< Older headers have narrower fields.
 constexpr std::size_t kMasks = 54;          ///< In longer headers, or behind this one.
 constexpr std::size_t kMasksSize = 12;
+static_assert(kMasks + kMasksSize == kBmpStart);
 
 /// How pixels stand in the file.
 constexpr std::uint32_t kUncompressed = 0;
@@ -61,12 +62,12 @@ struct Header {
     std::size_t rowSize() const { return (static_cast<std::size_t>(width) * bits + 31) / 32 * 4; }
 };
 
-std::optional<Header> parseHeader(std::string_view bytes) {
+std::optional<Header> parseHeader(std::string_view bytes, std::uint64_t fileSize) {
     if (!bytes.starts_with("BM") || bytes.size() < kFileHeaderSize + kSmallestHeader)
         return std::nullopt;
     const std::size_t size = longAt(bytes, 14);
     const std::size_t palette = kFileHeaderSize + size;
-    if (size < kSmallestHeader || palette > bytes.size())
+    if (size < kSmallestHeader || palette > fileSize)
         return std::nullopt;
     Header header{longAt(bytes, 10),
                   palette,
@@ -81,11 +82,12 @@ std::optional<Header> parseHeader(std::string_view bytes) {
             return std::nullopt;
         header.masks = {longAt(bytes, kMasks), longAt(bytes, kMasks + 4), longAt(bytes, kMasks + 8)};
     }
-    if (!header.isReadable() || header.pixels > bytes.size() ||
-        bytes.size() - header.pixels < header.rowSize() * static_cast<std::size_t>(header.rows()))
+    if (!header.isReadable() || header.pixels > fileSize ||
+        fileSize - header.pixels < header.rowSize() * static_cast<std::size_t>(header.rows()))
         return std::nullopt;
     const std::size_t most = header.bits <= 8 ? std::size_t{1} << header.bits : 0;
-    header.colors = std::min({header.colors == 0 ? most : header.colors, most, (bytes.size() - palette) / 4});
+    header.colors = std::min(
+        {header.colors == 0 ? most : header.colors, most, static_cast<std::size_t>(fileSize - palette) / 4});
     return header;
 }
 
@@ -117,8 +119,14 @@ Color maskedColor(const Header& header, std::string_view row, std::size_t x) {
 
 } // namespace
 
+std::optional<DotSize> BmpSize(std::string_view start, std::uint64_t fileSize) {
+    const auto header = parseHeader(start, fileSize);
+    return header ? std::optional(DotSize{static_cast<std::int32_t>(header->width), header->rows()})
+                  : std::nullopt;
+}
+
 std::optional<PixelBuffer> ParseBmp(std::string_view bytes) {
-    const auto header = parseHeader(bytes);
+    const auto header = parseHeader(bytes, bytes.size());
     if (!header)
         return std::nullopt;
     const std::int32_t rows = header->rows();

@@ -132,8 +132,8 @@ DotSize FramePainter::sizeOfLines(const FrameRecord& frame) {
 DotSize FramePainter::sizeOfMedium(const std::string& path) {
     if (path.empty())
         return {};
-    if (const PixelBuffer* picture = pictures_.find(path))
-        return {picture->width(), picture->height()};
+    if (const auto size = pictures_.sizeOf(path))
+        return *size;
     classFontMaster& font = fonts_.find(kLabelFont, {});
     const std::int32_t width = font.TextWidth(std::string(SplitPath(path).name));
     return {std::min(width, kLargestSign.width) + 2 * kLabelMargin, font.FontHeight() + 2 * kLabelMargin};

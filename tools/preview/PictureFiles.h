@@ -3,6 +3,7 @@
 
 #include "fonts/PixelBuffer.h"
 #include "tools/ErrorLines.h"
+#include "tools/Size.h"
 
 #include <cstdint>
 #include <optional>
@@ -11,7 +12,7 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Reads pictures, each as good as once, however many frames show it, and tells of BMP files that it cannot
+/// Reads pictures, few of them twice, however many frames show them, and tells of BMP files that it cannot
 /// read.
 class PictureFiles {
 public:
@@ -22,12 +23,19 @@ public:
     /// that only the sign knows. The picture stays until the next call.
     const PixelBuffer* find(const std::string& path);
 
+    /// The picture's size, for which only the start of the file is read. None when there is no picture that
+    /// can be read.
+    std::optional<DotSize> sizeOf(const std::string& path);
+
 private:
-    std::optional<PixelBuffer> read(const std::string& path);
+    /// What `parse` makes of the first `most` bytes, and of how many there are.
+    template <class Parse>
+    auto read(const std::string& path, std::uint64_t most, Parse parse);
 
     ErrorLines& errors_;
     std::unordered_map<std::string, std::optional<PixelBuffer>> known_; ///< By path.
     std::int64_t pixels_ = 0;                                           ///< In all of them.
+    std::unordered_map<std::string, std::optional<DotSize>> sizes_;     ///< By path.
 };
 
 } // namespace qrtVistrelClasses4
