@@ -58,7 +58,7 @@ std::string targetOf(const std::string& file, const std::string& folder) {
 
 Conversion convertFile(const std::string& from, const std::string& to, Session& session) {
     ErrorLines& errors = session.errors;
-    const std::size_t errorsBefore = errors.lines().size();
+    const std::size_t errorsBefore = errors.count();
     FrameInfoClass playfile;
     playfile.SetSuppressMessages(true); // whoever converts wants to go on
     if (!OpenPlayfile(playfile, from, {}, errors))
@@ -75,7 +75,7 @@ Conversion convertFile(const std::string& from, const std::string& to, Session& 
         return Conversion::failed;
     const std::int16_t count = playfile.TotalFrames();
     session.out << Visible(from + " -> " + to) << "; " << count << (count == 1 ? " frame\n" : " frames\n");
-    return errors.lines().size() == errorsBefore ? Conversion::complete : Conversion::partial;
+    return errors.count() == errorsBefore ? Conversion::complete : Conversion::partial;
 }
 
 /// What one file throws does not keep the next from being converted.

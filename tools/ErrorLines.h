@@ -3,11 +3,16 @@
 
 #include "frame/ErrorTrap.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
+
+/// Errors beyond so many are only counted.
+inline constexpr std::size_t kMostErrorLines = 500;
 
 /// Keeps errors until the program has shown what it has to show.
 class ErrorLines final : public ErrorReporter {
@@ -23,11 +28,16 @@ public:
     void report(const ErrorReport& report) override { add(report.error); }
 
     bool empty() const { return lines_.empty(); }
-    const std::vector<std::string>& lines() const { return lines_; }
+    /// Grows with every error that has not been told; beyond `kMostErrorLines` with every one that is added.
+    std::size_t count() const { return lines_.size() + notKept_; }
+    /// The last one tells of those that have not been kept.
+    std::vector<std::string> lines() const;
 
 private:
     std::string subject_;
     std::vector<std::string> lines_;
+    std::unordered_set<std::string> told_; ///< The same lines.
+    std::size_t notKept_ = 0;
 };
 
 /// Reports quiet errors, too, as lines: where the library goes on without a word, the program's user wants to

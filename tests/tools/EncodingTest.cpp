@@ -1,4 +1,5 @@
 #include "tools/Encoding.h"
+#include "tools/ErrorLines.h"
 
 #include <gtest/gtest.h>
 
@@ -46,6 +47,20 @@ TEST(Encoding, ControlCharactersAreShownBySigns) {
     EXPECT_EQ(Visible("\u0081"), "\\x81") << "an undefined code has no sign";
     EXPECT_EQ(Visible("Caf\u00e9 \u20ac\xff"), "Caf\u00e9 \u20ac\xff")
         << "letters stay, and what is no UTF-8";
+}
+
+TEST(ErrorLines, AreToldOnceAndBeyondTheMostOnlyCounted) {
+    ErrorLines errors;
+    for (int turn = 0; turn < 2; ++turn)
+        for (std::size_t number = 0; number < kMostErrorLines; ++number)
+            errors.add(std::to_string(number));
+    EXPECT_EQ(errors.lines().size(), kMostErrorLines);
+    EXPECT_EQ(errors.lines().back(), "vistrel: 499");
+    for (const char* beyond : {"one", "two", "0"})
+        errors.add(beyond);
+    EXPECT_EQ(errors.lines().size(), kMostErrorLines + 1);
+    EXPECT_EQ(errors.lines().back(), "vistrel: and 2 more");
+    EXPECT_EQ(errors.count(), kMostErrorLines + 2) << "whoever compares sees each new one";
 }
 
 } // namespace
