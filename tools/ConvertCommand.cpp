@@ -9,6 +9,7 @@
 #include "tools/Saving.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
 #include <vector>
 
@@ -56,6 +57,12 @@ std::string targetOf(const std::string& file, const std::string& folder) {
     return JoinPath(folder, std::string(name) + ".playfile");
 }
 
+/// Links that lead nowhere count: what they name must not be made either.
+bool isThere(const std::string& path) {
+    std::error_code unknown;
+    return std::filesystem::exists(std::filesystem::symlink_status(path, unknown));
+}
+
 Conversion convertFile(const std::string& from, const std::string& to, Session& session) {
     ErrorLines& errors = session.errors;
     const std::size_t errorsBefore = errors.count();
@@ -67,7 +74,7 @@ Conversion convertFile(const std::string& from, const std::string& to, Session& 
         errors.add("not converted: it is a current playfile already");
         return Conversion::failed;
     }
-    if (platform().files().kindOf(to) != EntryKind::missing) {
+    if (isThere(to)) {
         errors.add("not converted: " + to + " is there already");
         return Conversion::failed;
     }

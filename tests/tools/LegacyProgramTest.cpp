@@ -47,6 +47,15 @@ TEST(Convert, GoesOnPastBadFilesAndTellsOfEach) {
     EXPECT_THAT(vistrel.run("convert lobby.PL2 --to Displays.dat").err, HasSubstr("vistrel: Displays.dat: "));
 }
 
+TEST(Convert, MakesNoFileThatALinkNames) {
+    const Program vistrel;
+    std::filesystem::create_symlink("elsewhere", vistrel.inHome("lobby.playfile"));
+    const Outcome outcome = vistrel.run("convert lobby.PL2 --to .");
+    EXPECT_EQ(outcome.exitCode, 1);
+    EXPECT_THAT(outcome.err, HasSubstr("lobby.playfile is there already"));
+    EXPECT_FALSE(std::filesystem::exists(vistrel.inHome("elsewhere")));
+}
+
 TEST(Inspect, ShowsRecordsAsTheyAreAndWhatIsLeftBehind) {
     const Program vistrel;
     EXPECT_EQ(vistrel.run("inspect lobby.PL2").out, Expected("lobby-records.txt"));
