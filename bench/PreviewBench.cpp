@@ -28,9 +28,9 @@ PixelBuffer drawSheet(FrameInfoClass& playfile, const std::string& home) {
     const OneBasedArray<FrameRecord> frames = ReadFrames(playfile);
     FrameSheet sheet(frames.upperBound(), kSign, kScale);
     PixelBuffer picture = sheet.empty();
-    classFontMaster& captions = painter.fonts().find(0, {});
+    const auto captions = painter.fonts().find(0, {});
     painter.show(frames, 1, frames.upperBound(), kSign, [&](std::int32_t number, const PixelBuffer& dots) {
-        sheet.add(frames.at(number).FrameName, dots, captions, picture);
+        sheet.add(frames.at(number).FrameName, dots, *captions, picture);
     });
     return picture;
 }

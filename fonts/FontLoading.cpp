@@ -1,5 +1,6 @@
 // Where fonts are searched, and what the operator is told of it.
 #include "fonts/FontProcedures.h"
+#include "fonts/FontSearch.h"
 #include "fonts/classFontMaster.h"
 #include "fonts/clsFontSizes.h"
 #include "frame/Traced.h"
@@ -30,6 +31,14 @@ std::string inApplicationFolder(std::string_view folder, std::string_view name) 
     return JoinPath(platform().files().existingName(JoinPath(GetAppFolder(), folder)), name);
 }
 
+/// A file of that name in one of the folders; "" when there is none.
+std::string findInOtherFolders(std::string_view name) {
+    for (const std::string_view folder : kOtherFolders)
+        if (std::string found = existingFile(inApplicationFolder(folder, name)); !found.empty())
+            return found;
+    return {};
+}
+
 std::optional<Font> readFont(const std::string& path, std::int16_t width, std::int16_t height) {
     const auto file = ValueOf(platform().files().openToRead(path));
     std::string bytes(kLargestFontFile, '\0');
@@ -43,6 +52,11 @@ bool isReplacedByFont0(std::string_view name) {
 }
 
 } // namespace
+
+std::string FindFont(const std::string& path) {
+    std::string found = existingFile(path);
+    return found.empty() ? findInOtherFolders(SplitPath(path).name) : found;
+}
 
 bool classFontMaster::LoadFont(const std::string& path, std::int16_t width, std::int16_t height) {
     return traced(
@@ -119,12 +133,7 @@ std::string classFontMaster::findFont(const std::string& path) {
         return found;
     const auto [folder, name] = SplitPath(path);
     tell(std::string(name) + " NOT FOUND @ " + path + " in " + std::string(folder));
-    for (const std::string_view other : kOtherFolders) {
-        found = existingFile(inApplicationFolder(other, name));
-        if (!found.empty())
-            break;
-    }
-    return found;
+    return findInOtherFolders(name);
 }
 
 void classFontMaster::tell(const std::string& message) {

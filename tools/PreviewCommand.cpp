@@ -126,9 +126,9 @@ private:
         if (!isDrawable(sheet.width(), sheet.height()))
             return ExitCode::failed;
         PixelBuffer picture = sheet.empty();
-        classFontMaster& captions = painter_.fonts().find(0, {});
+        const auto captions = painter_.fonts().find(0, {});
         show([&](std::int32_t number, const PixelBuffer& dots) {
-            sheet.add(caption(number), dots, captions, picture);
+            sheet.add(caption(number), dots, *captions, picture);
         });
         return save(picture, std::to_string(count) + (count == 1 ? " frame" : " frames"));
     }

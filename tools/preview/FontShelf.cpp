@@ -1,5 +1,6 @@
 #include "tools/preview/FontShelf.h"
 
+#include "fonts/FontSearch.h"
 #include "fonts/clsFontSizes.h"
 
 #include <vector>
@@ -12,14 +13,41 @@ constexpr std::int16_t kCustomFont = kNumberedFonts;
 
 } // namespace
 
-classFontMaster& FontShelf::find(std::int16_t number, const std::string& customFont) {
-    const Key key = number < kCustomFont ? Key{number, ""} : Key{kCustomFont, customFont};
-    const auto found = fonts_.find(key);
-    return found != fonts_.end() ? *found->second : *(fonts_[key] = load(key));
+FontShelf::FontPointer FontShelf::find(std::int16_t number, const std::string& customFont) {
+    return number < kCustomFont ? findNumbered(number) : findCustom(customFont);
 }
 
-std::shared_ptr<classFontMaster> FontShelf::load(const Key& key) {
-    const auto& [number, customFont] = key;
+FontShelf::FontPointer FontShelf::findNumbered(std::int16_t number) {
+    if (const auto known = numbered_.find(number); known != numbered_.end())
+        return known->second;
+    FontPointer font = load(number, {});
+    if (!font && number != 0) {
+        font = findNumbered(0);
+    } else if (!font) {
+        font = std::make_shared<classFontMaster>();
+        font->FontSizeByNum(0);
+    }
+    return numbered_[number] = font;
+}
+
+FontShelf::FontPointer FontShelf::findCustom(const std::string& name) {
+    const auto [known, isNew] = files_.try_emplace(name);
+    std::string& file = known->second;
+    if (isNew)
+        file = FindFont(name);
+    if (const auto kept = custom_.find(file); kept != custom_.end())
+        return kept->second;
+    const FontPointer font = isNew || !file.empty() ? load(kCustomFont, name) : nullptr;
+    if (!font || file.empty()) { // font 0 may have been loaded in place of a standard one
+        file.clear();
+        return findNumbered(0);
+    }
+    if (custom_.size() == kMostCustomFonts)
+        custom_.clear();
+    return custom_[file] = font;
+}
+
+FontShelf::FontPointer FontShelf::load(std::int16_t number, const std::string& customFont) {
     const bool isCustom = number == kCustomFont;
     std::vector<std::string> messages;
     auto font = std::make_shared<classFontMaster>();
@@ -39,14 +67,7 @@ std::shared_ptr<classFontMaster> FontShelf::load(const Key& key) {
         messages.push_back("there is no font " + std::to_string(number));
     for (const std::string& message : messages)
         errors_.add(message);
-    if (isLoaded)
-        return font;
-    if (number == 0) {
-        font->FontSizeByNum(0);
-        return font;
-    }
-    find(0, {});
-    return fonts_[{std::int16_t{0}, ""}];
+    return isLoaded ? font : nullptr;
 }
 
 } // namespace qrtVistrelClasses4

@@ -118,9 +118,9 @@ DotSize FramePainter::sizeOfLines(const FrameRecord& frame) {
     DotSize size;
     std::int32_t bottom = 0;
     for (const LineRecord& line : frame.lines) {
-        classFontMaster& font = fontOf(line);
-        bottom += font.FontHeight();
-        const std::int32_t width = line.Scrolling ? 0 : font.TextWidth(texts_.of(line.CurrentLineText));
+        const auto font = fontOf(line);
+        bottom += font->FontHeight();
+        const std::int32_t width = line.Scrolling ? 0 : font->TextWidth(texts_.of(line.CurrentLineText));
         if (!line.CurrentLineText.empty() || line.Inverse)
             size = larger(size, {std::min(width, kLargestSign.width) + kDotsBeforeText, bottom});
         if (bottom >= kLargestSign.height)
@@ -134,9 +134,9 @@ DotSize FramePainter::sizeOfMedium(const std::string& path) {
         return {};
     if (const auto size = pictures_.sizeOf(path))
         return *size;
-    classFontMaster& font = fonts_.find(kLabelFont, {});
-    const std::int32_t width = font.TextWidth(std::string(SplitPath(path).name));
-    return {std::min(width, kLargestSign.width) + 2 * kLabelMargin, font.FontHeight() + 2 * kLabelMargin};
+    const auto font = fonts_.find(kLabelFont, {});
+    const std::int32_t width = font->TextWidth(std::string(SplitPath(path).name));
+    return {std::min(width, kLargestSign.width) + 2 * kLabelMargin, font->FontHeight() + 2 * kLabelMargin};
 }
 
 void FramePainter::draw(const FrameRecord& frame, PixelBuffer& dots) {
@@ -157,13 +157,13 @@ void FramePainter::drawLines(const FrameRecord& frame, PixelBuffer& dots) {
     for (const LineRecord& line : frame.lines) {
         if (top >= dots.height())
             break;
-        classFontMaster& font = fontOf(line);
+        const auto font = fontOf(line);
         if (line.Inverse)
-            dots.fill(0, top, dots.width(), font.FontHeight(), sign_.color);
-        font.FontColor(line.Inverse ? 0 : sign_.color);
+            dots.fill(0, top, dots.width(), font->FontHeight(), sign_.color);
+        font->FontColor(line.Inverse ? 0 : sign_.color);
         std::int32_t width = 0;
-        font.DrawText(texts_.of(line.CurrentLineText), dots, 0, static_cast<float>(top), 0, 0, width);
-        top += font.FontHeight();
+        font->DrawText(texts_.of(line.CurrentLineText), dots, 0, static_cast<float>(top), 0, 0, width);
+        top += font->FontHeight();
     }
 }
 
@@ -188,13 +188,13 @@ void FramePainter::drawPicture(const PixelBuffer& picture, PixelBuffer& dots) co
 
 void FramePainter::drawBox(const std::string& label, PixelBuffer& dots) {
     const Color color = sign_.dimmed();
-    classFontMaster& font = fonts_.find(kLabelFont, {});
-    font.FontColor(color);
-    const std::int32_t free = dots.width() - font.TextWidth(label) - kDotsBeforeText;
+    const auto font = fonts_.find(kLabelFont, {});
+    font->FontColor(color);
+    const std::int32_t free = dots.width() - font->TextWidth(label) - kDotsBeforeText;
     const std::int32_t left = std::max(free / 2, kDotsBeforeText);
-    const std::int32_t top = (dots.height() - font.FontHeight()) / 2;
+    const std::int32_t top = (dots.height() - font->FontHeight()) / 2;
     std::int32_t width = 0;
-    font.DrawText(label, dots, static_cast<float>(left), static_cast<float>(top), 0, 0, width);
+    font->DrawText(label, dots, static_cast<float>(left), static_cast<float>(top), 0, 0, width);
     dots.fill(0, 0, dots.width(), 1, color);
     dots.fill(0, dots.height() - 1, dots.width(), 1, color);
     dots.fill(0, 0, 1, dots.height(), color);

@@ -48,7 +48,7 @@ private:
     void drawMedium(const std::string& path, PixelBuffer& dots);
     void drawPicture(const PixelBuffer& picture, PixelBuffer& dots) const;
     void drawBox(const std::string& label, PixelBuffer& dots);
-    classFontMaster& fontOf(const LineRecord& line) {
+    FontShelf::FontPointer fontOf(const LineRecord& line) {
         return fonts_.find(line.LineFontSize, line.LineCustomFont);
     }
 
