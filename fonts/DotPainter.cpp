@@ -13,12 +13,14 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 constexpr std::uint8_t kLeftmostDot = 0x80;
+constexpr std::int64_t kLastPixel = std::numeric_limits<std::int32_t>::max();
+constexpr std::int64_t kNoEnd = std::numeric_limits<std::int64_t>::max();
 
 /// Pixel by pixel, on what the host has.
 class ContextPainter final : public DotPainter {
 public:
     ContextPainter(DrawingTarget& target, bool useBitmapDC, Corner corner, const DotStyle& style)
-        : DotPainter(corner, style), target_(target), useBitmapDC_(useBitmapDC),
+        : DotPainter(corner, style, kNoEnd), target_(target), useBitmapDC_(useBitmapDC),
           context_(useBitmapDC ? target.GetBitmapDC() : target.hdc()) {}
     ~ContextPainter() override {
         if (useBitmapDC_)
@@ -52,7 +54,7 @@ private:
 class BufferPainter final : public DotPainter {
 public:
     BufferPainter(PixelBuffer& pixels, Corner corner, const DotStyle& style)
-        : DotPainter(corner, style), pixels_(pixels), backColor_(pixels.BackColor()) {}
+        : DotPainter(corner, style, pixels.width()), pixels_(pixels), backColor_(pixels.BackColor()) {}
 
 private:
     void drawDots(std::uint8_t dots, int count, std::int32_t x, std::int32_t y) override {
@@ -95,14 +97,19 @@ std::unique_ptr<DotPainter> DotPainter::on(DrawingTarget& target, bool useBitmap
     return std::make_unique<ContextPainter>(target, useBitmapDC, corner, style);
 }
 
+bool DotPainter::isPastSurface(int columns, int rows) const {
+    const std::int64_t size = style_.size;
+    return corner_.x >= end_ && corner_.x + columns * size <= kLastPixel &&
+           corner_.y + rows * size <= kLastPixel;
+}
+
 void DotPainter::draw(std::uint8_t dots, int count, int column, int row) {
     const std::int64_t size = style_.size;
     if (size < 1)
         return;
     const std::int64_t x = corner_.x + column * size;
     const std::int64_t y = corner_.y + row * size;
-    constexpr std::int64_t last = std::numeric_limits<std::int32_t>::max();
-    if (x + count * size > last || y + size > last)
+    if (x + count * size > kLastPixel || y + size > kLastPixel)
         Raise(ErrorNumber::overflow);
     drawDots(dots, count, static_cast<std::int32_t>(x), static_cast<std::int32_t>(y));
 }

@@ -41,11 +41,16 @@ public:
     /// Draws the `count` dots in the highest bits of `dots`, from left to right. Rows and columns are those
     /// of the letter, from 0. Error 6 for pixels whose numbers pass 32 bits.
     void draw(std::uint8_t dots, int count, int column, int row);
+    /// Whether the letter lies right of all pixels, so that drawing any `rows` of dots up to `columns` would
+    /// neither be seen nor be an error. Never for a surface of the host, which is asked for every pixel.
+    bool isPastSurface(int columns, int rows) const;
     /// Goes on to the next letter.
     void moveRight(std::int64_t pixels) { corner_.x += pixels; }
 
 protected:
-    DotPainter(Corner corner, const DotStyle& style) : style_(style), corner_(corner) {}
+    /// `end`: number of the first pixel right of the surface.
+    DotPainter(Corner corner, const DotStyle& style, std::int64_t end)
+        : style_(style), corner_(corner), end_(end) {}
     const DotStyle& style() const { return style_; }
 
 private:
@@ -53,6 +58,7 @@ private:
 
     DotStyle style_;
     Corner corner_;
+    std::int64_t end_;
 };
 
 } // namespace qrtVistrelClasses4

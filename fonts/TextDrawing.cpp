@@ -17,6 +17,8 @@ std::string_view firstLetter(std::string_view text) { return text.substr(0, 1); 
 
 /// Draws the dots as the font holds them: those of the last group may reach beyond the cell.
 void drawGroups(const Letter& letter, DotPainter& painter) {
+    if (painter.isPastSurface(1 + kMostDrawnColumns, letter.rows()))
+        return;
     const int count = std::min(letter.cellWidth(), kDotsInByte);
     for (int group = 0; group < letter.groups(); ++group)
         for (int row = 0; row < letter.rows(); ++row) {

@@ -194,5 +194,31 @@ TEST_F(Drawing, TrapsPlacesBeyondAllPixels) {
     }
 }
 
+TEST(DotPainter, PassesOverWhatNeitherShowsNorFails) {
+    PixelBuffer pixels = UntouchedPixels(8, 2);
+    ForeignTarget foreign(pixels);
+    constexpr float farAway = 2147483520; // 127 before the last one that 32 bits hold
+    const struct {
+        const char* why;
+        DrawingTarget& target;
+        float x, y;
+        std::int16_t magnification;
+        bool isPast;
+    } cases[] = {
+        {"in the last column", pixels, 7, 0, 1, false},
+        {"right of it", pixels, 8, 0, 1, true},
+        {"far away", pixels, farAway, 0, 1, true},
+        {"dots to the right would be an error", pixels, farAway, 0, 6, false},
+        {"dots below would be one", pixels, 8, farAway, 1, false},
+        {"a host sees every pixel", foreign, 8, 0, 1, false},
+    };
+    for (const auto& [why, target, x, y, magnification, isPast] : cases)
+        EXPECT_EQ(
+            DotPainter::on(target, false, Corner(x, y), {magnification, kFontColor, Ink::font, Ink::none})
+                ->isPastSurface(25, 200),
+            isPast)
+            << why;
+}
+
 } // namespace
 } // namespace qrtVistrelClasses4
