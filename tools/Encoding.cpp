@@ -46,25 +46,32 @@ void appendUtf8(std::string& text, char32_t character) {
     }
 }
 
-/// Takes one character of at most three bytes off the front; none when there is no such character.
+/// Whether UTF-8 has the character, and as many bytes for it.
+bool isEncodedIn(char32_t character, std::size_t size) {
+    constexpr std::array<char32_t, 4> smallest{0, 0x80, 0x800, 0x10000};
+    const bool isSurrogate = character >= 0xd800 && character < 0xe000;
+    return character >= smallest[size - 1] && character <= 0x10ffff && !isSurrogate;
+}
+
+/// Takes one character off the front; none when there is no whole one.
 std::optional<char32_t> takeCharacter(std::string_view& utf8) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(utf8[i]); };
-    const std::size_t size = byte(0) < 0x80 ? 1 : byte(0) < 0xe0 ? 2 : 3;
-    if ((size == 2 && byte(0) < 0xc2) || byte(0) >= 0xf0 || utf8.size() < size)
+    const std::size_t size = byte(0) < 0x80 ? 1 : byte(0) < 0xe0 ? 2 : byte(0) < 0xf0 ? 3 : 4;
+    if ((size > 1 && byte(0) < 0xc0) || byte(0) >= 0xf8 || utf8.size() < size)
         return std::nullopt;
-    char32_t character = size == 1 ? byte(0) : size == 2 ? byte(0) & 0x1f : byte(0) & 0x0f;
+    char32_t character = size == 1 ? byte(0) : byte(0) & (0x7f >> size);
     for (std::size_t i = 1; i < size; ++i) {
         if ((byte(i) & 0xc0) != 0x80)
             return std::nullopt;
         character = character << 6 | (byte(i) & 0x3f);
     }
-    if (size == 3 && character < 0x800)
+    if (!isEncodedIn(character, size))
         return std::nullopt;
     utf8.remove_prefix(size);
     return character;
 }
 
-/// The sign that Unicode has for showing a control character; the few codes without one are spelt out.
+/// The sign that Unicode has for showing a control character; codes without one, up to 255, are spelt out.
 void appendControlSign(std::string& text, char32_t control) {
     constexpr char32_t controlPictures = 0x2400;
     constexpr char32_t deletePicture = 0x2421;
@@ -101,15 +108,15 @@ std::optional<std::string> AnsiFromUtf8(std::string_view utf8) {
 std::string Visible(std::string_view utf8) {
     std::string text;
     while (!utf8.empty()) {
-        const char first = utf8.front();
+        const std::string_view rest = utf8;
         const auto character = takeCharacter(utf8);
-        if (!character) { // not one of the code page's: as it is
-            text += first;
+        if (!character) {
+            appendControlSign(text, static_cast<unsigned char>(rest.front()));
             utf8.remove_prefix(1);
         } else if (*character < 0x20 || (*character >= 0x7f && *character < 0xa0)) {
             appendControlSign(text, *character);
         } else {
-            appendUtf8(text, *character);
+            text += rest.substr(0, rest.size() - utf8.size());
         }
     }
     return text;

@@ -45,8 +45,22 @@ TEST(Encoding, ControlCharactersAreShownBySigns) {
     EXPECT_EQ(Visible(std::string("a\0\r\n\x7f", 5)), "a\u2400\u240d\u240a\u2421");
     EXPECT_EQ(Visible("\x1b[2J"), "\u241b[2J") << "an escape cannot reach the terminal";
     EXPECT_EQ(Visible("\u0081"), "\\x81") << "an undefined code has no sign";
-    EXPECT_EQ(Visible("Caf\u00e9 \u20ac\xff"), "Caf\u00e9 \u20ac\xff")
-        << "letters stay, and what is no UTF-8";
+    const struct {
+        const char* why;
+        std::string utf8, shown;
+    } bytes[] = {
+        {"letters of any length stay", "Caf\u00e9 \u20ac\U0001f600\U0010ffff",
+         "Caf\u00e9 \u20ac\U0001f600\U0010ffff"},
+        {"a control character alone", "\x9b[m", "\\x9B[m"},
+        {"one behind half a letter", "\xc3\x1b\xe2\x9d", "\\xC3\u241b\\xE2\\x9D"},
+        {"one with more bytes than it takes", "\xe0\x82\x9b", "\\xE0\\x82\\x9B"},
+        {"no character: half of a pair", "\xed\xa0\x80", "\\xED\\xA0\\x80"},
+        {"no character: too large", "\xf4\x90\x80\x80", "\\xF4\\x90\\x80\\x80"},
+        {"no start", "\xf8\xff\xa9", "\\xF8\\xFF\\xA9"},
+        {"the end of the text", "\xf0\x9f\x98", "\\xF0\\x9F\\x98"},
+    };
+    for (const auto& [why, utf8, shown] : bytes)
+        EXPECT_EQ(Visible(utf8), shown) << why;
 }
 
 TEST(ErrorLines, AreToldOnceAndBeyondTheMostOnlyCounted) {

@@ -5,6 +5,7 @@
 #include "tools/preview/LedPicture.h"
 #include "tools/preview/PngFile.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <lodepng.h>
 
@@ -160,8 +161,9 @@ TEST(FontShelf, KeepsAFontOnceWhateverItsNameAndFewAtATime) {
         EXPECT_NE(shelf.find(custom, std::to_string(number) + ".CFF"), nullptr);
     EXPECT_TRUE(first.expired());
     EXPECT_TRUE(errors.empty());
-    for (const char* missing : {"nowhere", "x/6x8.cmd", "y/6x8.cmd", ""})
+    for (const char* missing : {"nowhere", "x/6x8.cmd", "y/6x8.cmd", "", "caf\xe9"})
         EXPECT_EQ(shelf.find(custom, missing), shelf.find(0, "")) << missing;
+    EXPECT_THAT(errors.lines(), testing::Contains(testing::EndsWith("Could not find caf\u00e9")));
 }
 
 TEST(Png, HoldsThePixelsForAnyDecoder) {

@@ -2,6 +2,7 @@
 
 #include "fonts/FontSearch.h"
 #include "fonts/clsFontSizes.h"
+#include "tools/Encoding.h"
 
 #include <vector>
 
@@ -66,7 +67,7 @@ FontShelf::FontPointer FontShelf::load(std::int16_t number, const std::string& c
     if (number < 0)
         messages.push_back("there is no font " + std::to_string(number));
     for (const std::string& message : messages)
-        errors_.add(message);
+        errors_.add(isCustom ? Utf8FromAnsi(message) : message);
     return isLoaded ? font : nullptr;
 }
 

@@ -4,6 +4,7 @@
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "playfile/MediaFiles.h"
+#include "tools/Encoding.h"
 #include "tools/preview/BmpFile.h"
 
 #include <algorithm>
@@ -46,7 +47,7 @@ auto PictureFiles::read(const std::string& path, std::uint64_t most, Parse parse
     if (const auto file = open(path))
         result = parse(startOf(*file, most), file->size());
     if (!result && isBmp(path))
-        errors_.add(std::string(SplitPath(path).name) +
+        errors_.add(Utf8FromAnsi(SplitPath(path).name) +
                     " cannot be drawn: it is no uncompressed BMP of up to " +
                     std::to_string(kLargestBmpSide) + " x " + std::to_string(kLargestBmpSide) + " pixels");
     return result;
