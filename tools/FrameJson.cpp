@@ -73,9 +73,13 @@ ordered_json readAll(FrameInfoClass& playfile, const Properties& properties, Err
 
 } // namespace
 
-ordered_json FrameJson(FrameInfoClass& playfile, std::int16_t number, ErrorLines& errors) {
+ordered_json FramePropertiesJson(FrameInfoClass& playfile, std::int16_t number, ErrorLines& errors) {
     playfile.CurrentFrame(number);
-    ordered_json frame = readAll(playfile, kFrameProperties, errors);
+    return readAll(playfile, kFrameProperties, errors);
+}
+
+ordered_json FrameJson(FrameInfoClass& playfile, std::int16_t number, ErrorLines& errors) {
+    ordered_json frame = FramePropertiesJson(playfile, number, errors);
     ordered_json& lines = frame["Lines"] = ordered_json::array();
     const std::int16_t lineCount = playfile.TotalLinesAllowed();
     for (std::int32_t line = 1; line <= lineCount; ++line) {

@@ -9,7 +9,8 @@
 
 #include <array>
 #include <limits>
-#include <vector>
+#include <string_view>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -52,7 +53,7 @@ std::string flags(const ordered_json& line) {
     return result;
 }
 
-void printFrames(std::ostream& out, FrameInfoClass& playfile, const std::vector<ordered_json>& frames) {
+void printFrames(FrameInfoClass& playfile, std::int16_t last, Session& session) {
     constexpr auto right = Table::Align::right;
     Table table({{"No.", right},
                  {"Name"},
@@ -61,16 +62,17 @@ void printFrames(std::ostream& out, FrameInfoClass& playfile, const std::vector<
                  {"Disappears"},
                  {"Seconds", right},
                  {"Lines", right}});
-    for (std::size_t i = 0; i < frames.size(); ++i) {
-        const ordered_json& frame = frames[i];
-        table.addRow({std::to_string(i + 1), CellText(frame["FrameName"]), kindName(frame),
+    for (std::int32_t number = 1; number <= last; ++number) {
+        const ordered_json frame =
+            FramePropertiesJson(playfile, static_cast<std::int16_t>(number), session.errors);
+        table.addRow({std::to_string(number), CellText(frame["FrameName"]), kindName(frame),
                       appearName(playfile, frame), disappearName(playfile, frame),
                       CellText(frame["DelayTime"]), CellText(frame["TotalLinesAllowed"])});
     }
-    out << table;
+    session.out << table;
 }
 
-void printSummary(std::ostream& out, FrameInfoClass& playfile, std::size_t frameCount) {
+void printSummary(std::ostream& out, FrameInfoClass& playfile, std::int16_t frameCount) {
     out << '\n'
         << playfile.HowManyUsedFramesAreThere() << " of " << frameCount << " frames used ("
         << playfile.HowManyGraphicsAreThere() << " graphic, " << playfile.HowManyTextFramesAreThere()
@@ -100,16 +102,33 @@ void printFrame(std::ostream& out, FrameInfoClass& playfile, const ordered_json&
     out << properties << '\n' << lines;
 }
 
-/// Drops the frames behind the last one that was read: those of a file that could not be read to its end are
+/// An array of frames, one after the other: as JSON they take far more memory than in the playfile.
+void printJson(FrameInfoClass& playfile, std::int16_t first, std::int16_t last, Session& session) {
+    session.out << '[';
+    const char* separator = "\n";
+    for (std::int32_t number = first; number <= last; ++number) {
+        const std::string text = JsonText(
+            ordered_json::array({FrameJson(playfile, static_cast<std::int16_t>(number), session.errors)}));
+        const std::string_view brackets("[\n\n]");
+        session.out << std::exchange(separator, ",\n")
+                    << std::string_view(text).substr(brackets.size() / 2, text.size() - brackets.size());
+    }
+    session.out << (first <= last ? "\n]\n" : "]\n");
+}
+
+/// Number of the last frame that was read. Those behind it, of a file that could not be read to its end, are
 /// like a frame without lines that nothing was ever stored in.
-void dropUnreadFrames(std::vector<ordered_json>& frames, ErrorLines& errors) {
+std::int16_t lastFrameRead(FrameInfoClass& playfile) {
     FrameInfoClass untouched;
     untouched.TotalFrames(1);
     untouched.CurrentFrame(1);
     untouched.TotalLinesAllowed(0);
-    const ordered_json unread = FrameJson(untouched, 1, errors);
-    while (!frames.empty() && frames.back() == unread)
-        frames.pop_back();
+    ErrorLines toldWhenShown;
+    const ordered_json unread = FramePropertiesJson(untouched, 1, toldWhenShown);
+    std::int16_t last = playfile.TotalFrames();
+    while (last > 0 && FramePropertiesJson(playfile, last, toldWhenShown) == unread)
+        --last;
+    return last;
 }
 
 ExitCode show(const ShowOptions& options, Session& session) {
@@ -118,32 +137,24 @@ ExitCode show(const ShowOptions& options, Session& session) {
     const bool complete = OpenPlayfile(playfile, options.file, options.answers, session.errors);
     if (!complete && playfile.IsLegacy())
         return ExitCode::failed;
-    std::vector<ordered_json> frames;
-    for (std::int32_t number = 1; number <= playfile.TotalFrames(); ++number)
-        frames.push_back(FrameJson(playfile, static_cast<std::int16_t>(number), session.errors));
-    if (!complete) {
-        const std::size_t expected = frames.size();
-        dropUnreadFrames(frames, session.errors);
-        if (expected > 0)
-            session.errors.add("only the first " + std::to_string(frames.size()) + " of " +
-                               std::to_string(expected) +
-                               " frames could be read, the last of them perhaps in part");
-    }
-    const auto count = static_cast<std::int32_t>(frames.size());
-    if (options.frame > count) {
+    const std::int16_t expected = playfile.TotalFrames();
+    const std::int16_t last = complete ? expected : lastFrameRead(playfile);
+    if (!complete && expected > 0)
+        session.errors.add("only the first " + std::to_string(last) + " of " + std::to_string(expected) +
+                           " frames could be read, the last of them perhaps in part");
+    if (options.frame > last) {
         session.errors.add("there is no frame " + std::to_string(options.frame) + ", the last one is " +
-                           std::to_string(count));
+                           std::to_string(last));
         return ExitCode::failed;
     }
-    if (options.frame > 0)
-        frames = {frames[static_cast<std::size_t>(options.frame) - 1]};
+    const bool isOne = options.frame > 0;
     if (options.json) {
-        session.out << JsonText(frames) << '\n';
-    } else if (options.frame > 0) {
-        printFrame(session.out, playfile, frames.front());
-    } else if (complete || count > 0) {
-        printFrames(session.out, playfile, frames);
-        printSummary(session.out, playfile, frames.size());
+        printJson(playfile, isOne ? options.frame : std::int16_t{1}, isOne ? options.frame : last, session);
+    } else if (isOne) {
+        printFrame(session.out, playfile, FrameJson(playfile, options.frame, session.errors));
+    } else if (complete || last > 0) {
+        printFrames(playfile, last, session);
+        printSummary(session.out, playfile, last);
     }
     return ExitCode::done;
 }

@@ -1,5 +1,7 @@
 #include "Program.h"
 
+#include "playfile/FrameInfoClass.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -23,6 +25,20 @@ TEST(Show, PrintsTables) {
     for (const char* frame : {"1", "4", "5"})
         frames += show(std::string("harbour.playfile --frame ") + frame);
     EXPECT_EQ(frames, Expected("harbour-frames.txt")) << "flags, quotes, a letter beyond ASCII";
+}
+
+TEST(Show, JsonIsThatOfOneArray) {
+    const Program vistrel;
+    FrameInfoClass none;
+    none.TotalFrames(0);
+    ASSERT_TRUE(none.WritePlayfileToDisk(vistrel.inHome("none")));
+    for (const auto& [arguments, size] :
+         {std::pair("harbour.playfile", 9), std::pair("plant.playfile --frame 3", 1), std::pair("none", 0)}) {
+        const std::string out = vistrel.run(std::string("show --json ") + arguments).out;
+        const auto frames = nlohmann::ordered_json::parse(out);
+        EXPECT_EQ(frames.size(), static_cast<std::size_t>(size)) << arguments;
+        EXPECT_EQ(out, frames.dump(2, ' ', true) + '\n') << arguments;
+    }
 }
 
 TEST(Show, AFileCutShortShowsWhatWasReadAndFails) {
