@@ -7,7 +7,7 @@
 
 #include <functional>
 #include <memory>
-#include <sstream>
+#include <ostream>
 #include <string>
 
 namespace qrtVistrelClasses4 {
@@ -16,8 +16,8 @@ enum class ExitCode { done = 0, failed = 1, wrongUsage = 2 };
 
 /// One run of the program.
 struct Session {
-    /// What the command shows; printed when it has ended.
-    std::ostringstream out;
+    /// What the command shows; printed when it has ended, or when there is much of it.
+    std::ostream& out;
     /// Printed behind it. With any, a command that is done has failed.
     ErrorLines errors;
     /// The command that the arguments ask for.

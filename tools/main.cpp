@@ -4,10 +4,12 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstddef>
 #include <cstdio>
 #include <exception>
 #include <iostream>
-#include <string_view>
+#include <streambuf>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -25,24 +27,51 @@ ExitCode run(Session& session, const std::string& home) {
     }
 }
 
-/// A reader that wants no more is no failure.
-bool print(std::string_view text) {
-    return (std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0) ||
-           errno == EPIPE;
-}
-
-ExitCode finish(Session& session, ExitCode code) {
-    if (!print(session.out.str())) {
-        session.errors.about({});
-        session.errors.add("standard output cannot be written");
+/// Standard output, which gets long texts in pieces. A reader that wants no more is no failure.
+class StandardOutput final : public std::streambuf {
+public:
+    StandardOutput() { startPiece(); }
+    /// False when something could not be written.
+    bool finish() {
+        handOn();
+        return !hasFailed_;
     }
-    for (const std::string& line : session.errors.lines())
+
+private:
+    int_type overflow(int_type next) override {
+        handOn();
+        return traits_type::eq_int_type(next, traits_type::eof()) ? traits_type::not_eof(next)
+                                                                  : sputc(traits_type::to_char_type(next));
+    }
+    void startPiece() { setp(piece_.data(), piece_.data() + piece_.size()); }
+    void handOn() {
+        const auto size = static_cast<std::size_t>(pptr() - pbase());
+        if (isOpen_ && (std::fwrite(pbase(), 1, size, stdout) != size || std::fflush(stdout) != 0)) {
+            isOpen_ = false;
+            hasFailed_ = errno != EPIPE;
+        }
+        startPiece();
+    }
+
+    std::vector<char> piece_ = std::vector<char>(std::size_t{1} << 20);
+    bool isOpen_ = true;
+    bool hasFailed_ = false;
+};
+
+ExitCode finish(StandardOutput& output, ErrorLines& errors, ExitCode code) {
+    if (!output.finish()) {
+        errors.about({});
+        errors.add("standard output cannot be written");
+    }
+    for (const std::string& line : errors.lines())
         std::cerr << line << '\n';
-    return code == ExitCode::done && !session.errors.empty() ? ExitCode::failed : code;
+    return code == ExitCode::done && !errors.empty() ? ExitCode::failed : code;
 }
 
 ExitCode runProgram(int argumentCount, char** arguments) {
-    Session session;
+    StandardOutput output;
+    std::ostream out(&output);
+    Session session{out, {}, {}};
     std::string home;
     CLI::App program(
         "Shows and changes playfiles, the list of signs, commands and settings of LED message signs",
@@ -73,9 +102,9 @@ ExitCode runProgram(int argumentCount, char** arguments) {
         program.parse(argumentCount, arguments);
     } catch (const CLI::ParseError& error) {
         const int code = program.exit(error, session.out, std::cerr);
-        return finish(session, code == 0 ? ExitCode::done : ExitCode::wrongUsage);
+        return finish(output, session.errors, code == 0 ? ExitCode::done : ExitCode::wrongUsage);
     }
-    return finish(session, run(session, home));
+    return finish(output, session.errors, run(session, home));
 }
 
 } // namespace

@@ -108,6 +108,22 @@ TEST(Output, AReaderThatLeavesIsNoFailure) {
     EXPECT_EQ(ContentOf(vistrel.inHome("code")), "0\n");
 }
 
+TEST(Output, ThatIsLongArrivesWholeAndFailsLikeAnyOther) {
+    const Program vistrel;
+    constexpr int records = 5;
+    std::string bytes = "PLWREV 1.50";
+    for (int pair = 0; pair < records * 18704 / 2; ++pair)
+        bytes += std::string("\0\1", 2);
+    std::ofstream(vistrel.inHome("long.PL2"), std::ios::binary) << bytes;
+    const Outcome whole = vistrel.run("inspect long.PL2 --json");
+    EXPECT_EQ(whole.exitCode, 0);
+    EXPECT_GT(whole.out.size(), std::size_t{1} << 20) << "more than one piece";
+    EXPECT_EQ(json::parse(whole.out)["records"].size(), records);
+    EXPECT_EQ(vistrel.runShell(vistrel.line("inspect long.PL2 --json") + " > /dev/full").exitCode, 1);
+    vistrel.runShell("{ " + vistrel.line("inspect long.PL2 --json") + "; echo $? > code; } | head -c 9");
+    EXPECT_EQ(ContentOf(vistrel.inHome("code")), "0\n");
+}
+
 TEST(Output, AFullDiskIsAFailure) {
     const Program vistrel;
     const Outcome outcome = vistrel.runShell(vistrel.line("effects") + " > /dev/full");
