@@ -1,3 +1,5 @@
+#include "fonts/DotPainter.h"
+
 #include "FontTesting.h"
 
 #include <functional>
