@@ -57,14 +57,16 @@ public:
 protected:
     using Core = CoreClass;
 
-    /// Runs the body of a member; its error becomes the member's result code.
+    /// Runs the body of a member; its error becomes the member's result code. The object lives until then,
+    /// even if the host lets go of it while it is called back.
     template <class Body>
-    static HRESULT run(Body body) {
+    HRESULT run(Body body) {
+        const ComPtr<Interface> alive(this);
         return ResultOf(__uuidof(Interface), body);
     }
     /// Runs the body of a member that has a result.
     template <class Result, class Body>
-    static HRESULT give(Result* result, Body body) {
+    HRESULT give(Result* result, Body body) {
         if (!result)
             return E_POINTER;
         *result = Result{}; // what a caller finds there after an error
