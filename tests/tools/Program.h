@@ -1,7 +1,9 @@
-// The program as its user meets it: arguments in; output, messages and exit code out.
+// The program as its user meets it: commands that are typed in a shell, and what comes out.
 #pragma once
 
 #include "TempFolder.h"
+
+#include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -9,6 +11,7 @@
 #include <iterator>
 #include <string>
 #include <sys/wait.h>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 
@@ -17,41 +20,53 @@ inline std::string ContentOf(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// What a file of `expected/` holds.
-inline std::string Expected(const std::string& name) { return ContentOf(VISTREL_EXPECTED_FOLDER "/" + name); }
-
-struct Outcome {
-    int exitCode = -1; ///< -1: ended by a signal.
-    std::string out, err;
-};
-
-/// Runs the program on a copy of the samples, which also is its home. The user's own folder is an empty one.
+/// Runs on a copy of the samples, which also is its home ("~"). The user's own folder is an empty one.
 class Program {
 public:
     Program() {
         std::filesystem::copy(QRT_SAMPLES_FOLDER, home(), std::filesystem::copy_options::recursive);
-        std::filesystem::create_directory(usersFolder());
+        std::filesystem::create_directory(folder_.file("user"));
     }
 
-    std::string home() const { return folder_.file("home"); }
-    std::string usersFolder() const { return folder_.file("user"); }
     std::string inHome(const std::string& name) const { return home() + "/" + name; }
 
-    /// Runs it in its home with `arguments` as they are typed.
-    Outcome run(const std::string& arguments) const { return runShell(line(arguments) + " > ../out"); }
-    std::string line(const std::string& arguments) const {
-        return "'" VISTREL_PROGRAM "' --home \"$PWD\" " + arguments;
-    }
-    /// Runs a shell command in its home; what it leaves in the file "out" beside that counts as output.
-    Outcome runShell(const std::string& command) const {
-        const std::string setUp =
-            "cd '" + home() + "'; export HOME='" + usersFolder() + "' XDG_CONFIG_HOME= LC_ALL=C ;";
-        const int status = std::system((setUp + command + " 2> ../err < /dev/null").c_str());
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, ContentOf(folder_.file("out")),
-                ContentOf(folder_.file("err"))};
+    /// Runs the commands of a session, which start with "$ ". What comes out has to be what is written under
+    /// them: output, errors, and the exit code unless it is 0. Lines that start with "# " are remarks.
+    void play(const std::string& session) const {
+        std::ifstream lines(VISTREL_SESSIONS_FOLDER "/" + session + ".txt");
+        std::string line, command = ":", wanted; // which does nothing
+        const auto runLast = [&] { EXPECT_EQ(run(command), std::exchange(wanted, "")) << command; };
+        while (std::getline(lines, line))
+            if (line.starts_with("$ ")) {
+                runLast();
+                command = line.substr(2);
+            } else if (!line.starts_with("# ") && (!line.empty() || lines.peek() != '#')) {
+                wanted += line + "\n";
+            }
+        runLast();
     }
 
 private:
+    std::string home() const { return folder_.file("home"); }
+
+    std::string run(const std::string& command) const {
+        const std::string script = "cd '" + home() + "'; export HOME='" + folder_.file("user") +
+                                   R"sh(' XDG_CONFIG_HOME= LC_ALL=C
+                SESSIONS=')sh" VISTREL_SESSIONS_FOLDER R"sh('
+                vistrel() { ')sh" VISTREL_PROGRAM R"sh(' --home "$PWD" "$@"; }
+                names() { # the first letters of the frames of a playfile
+                    vistrel show "$1" --json | sed -n 's/.*"FrameName": "\(.*\)",/\1-/p' | cut -c 1 | tr -d '\n'
+                    echo
+                }
+                { )sh" + command + "\n} > ../out 2>&1 < /dev/null";
+        const int status = std::system(script.c_str());
+        std::string out = ContentOf(folder_.file("out"));
+        for (std::size_t at = 0; (at = out.find(home(), at)) != out.npos;)
+            out.replace(at, home().size(), "~");
+        const std::string code = WIFEXITED(status) ? std::to_string(WEXITSTATUS(status)) : "crashed";
+        return code == "0" ? out : out + "[" + code + "]\n";
+    }
+
     TempFolder folder_;
 };
 
