@@ -1,7 +1,8 @@
-// What the tests of automation objects share: a thread that may use them, values, and calls by name.
+// What the tests of automation objects share: a thread that may use them, values, calls by name, a host's
+// objects.
 #pragma once
 
-#include "automation/Module.h"
+#include "automation/ComObject.h"
 #include "automation/Values.h"
 
 #include <gtest/gtest.h>
@@ -9,6 +10,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
@@ -29,6 +31,10 @@ struct Value : OwnedVariant {
     Value(const char* text) : Value(VT_BSTR) { V_BSTR(this) = WideText(text).release(); }
     Value(IDispatch* object) : Value(VT_DISPATCH) { V_DISPATCH(this) = ComPtr<IDispatch>(object).Detach(); }
     Value(const Value& other) : OwnedVariant() { VariantCopy(this, const_cast<Value*>(&other)); }
+    Value& operator=(Value other) {
+        std::swap(static_cast<VARIANT&>(*this), static_cast<VARIANT&>(other));
+        return *this;
+    }
 
     /// An argument that is left out.
     static Value omitted() {
@@ -43,8 +49,6 @@ struct Value : OwnedVariant {
         return value;
     }
 
-    std::string text() const { return V_VT(this) == VT_BSTR ? NarrowText(V_BSTR(this)) : "(no text)"; }
-
 private:
     explicit Value(VARENUM type) { V_VT(this) = static_cast<VARTYPE>(type); }
 };
@@ -53,28 +57,31 @@ private:
 struct CallResult {
     HRESULT code = S_OK;
     Value value;
-    UINT wrongArgument = 99;
+    int wrongArgument = -1; ///< Counted from the last one.
 };
 
+constexpr WORD kUse = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
+constexpr WORD kSet = DISPATCH_PROPERTYPUT;
+
 /// Calls `name` of `object` as scripts do; arguments from first to last.
-inline CallResult Call(IDispatch* object, const wchar_t* name, std::vector<Value> arguments = {},
-                       WORD flags = DISPATCH_METHOD | DISPATCH_PROPERTYGET) {
+inline CallResult Call(IDispatch* object, const char* name, const std::vector<Value>& arguments = {},
+                       WORD flags = kUse) {
     CallResult result;
     DISPID member = 0;
-    LPOLESTR names = const_cast<LPOLESTR>(name);
+    const OwnedBstr wide = WideText(name);
+    LPOLESTR names = wide.get();
     result.code = object->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &member);
     if (FAILED(result.code))
         return result;
     std::vector<VARIANT> reversed(arguments.rbegin(), arguments.rend());
     DISPID newValue = DISPID_PROPERTYPUT;
-    const UINT named = flags == DISPATCH_PROPERTYPUT ? 1 : 0;
-    DISPPARAMS passed{reversed.data(), &newValue, static_cast<UINT>(reversed.size()), named};
+    DISPPARAMS passed{reversed.data(), &newValue, static_cast<UINT>(reversed.size()),
+                      flags == kSet ? 1u : 0u};
+    UINT wrongArgument = static_cast<UINT>(-1);
     result.code = object->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &passed, &result.value,
-                                 nullptr, &result.wrongArgument);
+                                 nullptr, &wrongArgument);
+    result.wrongArgument = static_cast<int>(wrongArgument);
     return result;
-}
-inline HRESULT SetProperty(IDispatch* object, const wchar_t* name, const Value& value) {
-    return Call(object, name, {value}, DISPATCH_PROPERTYPUT).code;
 }
 
 /// A new object of a registered class.
@@ -85,5 +92,20 @@ ComPtr<Interface> Create(REFCLSID id) {
         throw std::runtime_error("The server is not registered");
     return object;
 }
+
+/// An object of a host, which has a member of every name.
+class FakeHostObject : public ComObject<IDispatch> {
+public:
+    STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+    STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT, LCID, DISPID* ids) override {
+        member_ = NarrowText(OwnedBstr(SysAllocString(*names)).get());
+        *ids = 1;
+        return S_OK;
+    }
+
+protected:
+    std::string member_; ///< The one that is used next.
+};
 
 } // namespace qrtVistrelClasses4

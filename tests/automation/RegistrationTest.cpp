@@ -1,39 +1,29 @@
 // What the server's four functions do.
 #include "AutomationTesting.h"
 
+#include <gmock/gmock.h>
 #include <qrtVistrelClasses4.h>
 
-#include <algorithm>
+#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <set>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
-using Lines = std::set<std::wstring>;
+using testing::HasSubstr;
 
-/// A line for each value of `key`, and for each key and value below it.
-Lines dump(HKEY key, const std::wstring& path = L"") {
-    Lines lines;
-    wchar_t name[512];
-    for (DWORD index = 0;; ++index) {
-        wchar_t text[1024] = L"";
-        DWORD nameLength = std::size(name), textBytes = sizeof text - sizeof *text;
-        if (RegEnumValueW(key, index, name, &nameLength, nullptr, nullptr, reinterpret_cast<BYTE*>(text),
-                          &textBytes) != ERROR_SUCCESS)
-            break;
-        lines.insert(path + L" " + name + L"=" + text);
+/// Keys and values of `key` and below, without blank lines and ends of lines.
+std::string registered(const std::string& key) {
+    std::string text;
+    std::FILE* const answer = _popen(("reg query " + key + " /s").c_str(), "r");
+    for (char line[4096]; std::fgets(line, sizeof line, answer);) {
+        text += line;
+        text.erase(text.find_last_not_of(" \n") + 1) += '\n';
     }
-    for (DWORD index = 0; RegEnumKeyW(key, index, name, std::size(name)) == ERROR_SUCCESS; ++index) {
-        HKEY below = nullptr;
-        RegOpenKeyExW(key, name, 0, KEY_READ, &below);
-        lines.insert(path + L"\\" + name);
-        lines.merge(dump(below, path + L"\\" + name));
-        RegCloseKey(below);
-    }
-    return lines;
+    _pclose(answer);
+    return text;
 }
 
 /// The registered server; registered again in the end.
@@ -42,6 +32,9 @@ protected:
     Server() {
         Create<IUnknown>(CLSID_FrameInfoClass);
         module_ = GetModuleHandleW(L"qrtVistrelClasses4.dll");
+        wchar_t path[1024] = L"";
+        GetModuleFileNameW(module_, path, std::size(path));
+        path_ = path;
     }
     ~Server() override { run("DllRegisterServer"); }
 
@@ -56,72 +49,66 @@ protected:
     }
 
     HMODULE module_;
+    std::filesystem::path path_;
 };
 
 TEST_F(Server, LeavesTheRegistryAsItWas) {
-    wchar_t path[1024] = L"";
-    GetModuleFileNameW(module_, path, std::size(path));
     BSTR libraryPath = nullptr;
     EXPECT_EQ(QueryPathOfRegTypeLib(LIBID_qrtVistrelClasses4, 4, 0, LOCALE_NEUTRAL, &libraryPath), S_OK);
-    EXPECT_STREQ(OwnedBstr(libraryPath).get(), path);
+    EXPECT_EQ(OwnedBstr(libraryPath).get(), path_);
 
     ASSERT_EQ(run("DllUnregisterServer"), S_OK);
-    const Lines before = dump(HKEY_CLASSES_ROOT);
+    const std::string before = registered("HKCR");
     ASSERT_EQ(run("DllRegisterServer"), S_OK);
-    const Lines registered = dump(HKEY_CLASSES_ROOT);
+    EXPECT_EQ(registered("HKCR\\CLSID\\{9AE6AD44-C589-4050-9359-78F603D30A08}"), R"(
+HKEY_CLASSES_ROOT\CLSID\{9AE6AD44-C589-4050-9359-78F603D30A08}
+    (Default)    REG_SZ    qrtVistrelClasses4.FrameInfoClass
+HKEY_CLASSES_ROOT\CLSID\{9AE6AD44-C589-4050-9359-78F603D30A08}\InprocServer32
+    (Default)    REG_SZ    )" + path_.string() + R"(
+    ThreadingModel    REG_SZ    Apartment
+HKEY_CLASSES_ROOT\CLSID\{9AE6AD44-C589-4050-9359-78F603D30A08}\ProgID
+    (Default)    REG_SZ    qrtVistrelClasses4.FrameInfoClass
+HKEY_CLASSES_ROOT\CLSID\{9AE6AD44-C589-4050-9359-78F603D30A08}\Programmable
+    (Default)    REG_SZ
+HKEY_CLASSES_ROOT\CLSID\{9AE6AD44-C589-4050-9359-78F603D30A08}\TypeLib
+    (Default)    REG_SZ    {2CED4AC9-38EF-44C1-B849-2452F0C70990}
+HKEY_CLASSES_ROOT\CLSID\{9AE6AD44-C589-4050-9359-78F603D30A08}\Version
+    (Default)    REG_SZ    4.0
+)");
+    EXPECT_THAT(registered("HKCR\\qrtVistrelClasses4.SettingsInfoClass\\CLSID"),
+                HasSubstr("REG_SZ    {BBB8EF58-3601-4A20-A2DC-0D4A387A04DF}"));
+    EXPECT_THAT(registered("HKCR\\Interface\\{B9F001E0-54AE-41E1-9108-C0B9246D68B7}\\TypeLib"),
+                HasSubstr("REG_SZ    {2CED4AC9-38EF-44C1-B849-2452F0C70990}"));
     ASSERT_EQ(run("DllUnregisterServer"), S_OK);
-    EXPECT_EQ(dump(HKEY_CLASSES_ROOT), before);
+    EXPECT_TRUE(registered("HKCR") == before);
     EXPECT_EQ(run("DllUnregisterServer"), S_OK) << "nothing left to remove is no failure";
-
-    const std::wstring frameInfoClass = L"\\CLSID\\{9AE6AD44-C589-4050-9359-78F603D30A08}";
-    const std::wstring library = L"{2CED4AC9-38EF-44C1-B849-2452F0C70990}";
-    const Lines wanted = {
-        frameInfoClass + L" =qrtVistrelClasses4.FrameInfoClass",
-        frameInfoClass + L"\\InprocServer32 =" + path,
-        frameInfoClass + L"\\InprocServer32 ThreadingModel=Apartment",
-        frameInfoClass + L"\\ProgID =qrtVistrelClasses4.FrameInfoClass",
-        frameInfoClass + L"\\TypeLib =" + library,
-        frameInfoClass + L"\\Version =4.0",
-        L"\\qrtVistrelClasses4.SettingsInfoClass\\CLSID ={BBB8EF58-3601-4A20-A2DC-0D4A387A04DF}",
-        L"\\Interface\\{5C5E91D6-C0E0-4DFD-8E69-C7F548FD2428} =_FrameInfoClass",
-        L"\\Interface\\{B9F001E0-54AE-41E1-9108-C0B9246D68B7}\\TypeLib =" + library,
-    };
-    Lines missing;
-    std::ranges::set_difference(wanted, registered, std::inserter(missing, missing.end()));
-    EXPECT_EQ(missing, Lines());
 }
 
 /// What an application puts beside itself in place of a registration.
 constexpr char kManifest[] = R"(<assembly xmlns="urn:schemas-microsoft-com:asm.v1" manifestVersion="1.0">
   <assemblyIdentity type="win32" name="Test" version="1.0.0.0"/>
   <file name="qrtVistrelClasses4.dll">
-    <comClass clsid="{9AE6AD44-C589-4050-9359-78F603D30A08}" progid="qrtVistrelClasses4.FrameInfoClass"
-              threadingModel="Apartment"/>
+    <comClass clsid="{9AE6AD44-C589-4050-9359-78F603D30A08}" threadingModel="Apartment"/>
   </file>
 </assembly>)";
 
 TEST_F(Server, IsFoundByAManifestWithoutRegistration) {
-    wchar_t path[1024] = L"";
-    GetModuleFileNameW(module_, path, std::size(path));
-    const std::filesystem::path folder = std::filesystem::path(path).parent_path();
-    const std::filesystem::path manifest = folder / "Test.manifest";
+    const std::filesystem::path manifest = std::filesystem::path(path_).replace_filename("Test.manifest");
     std::ofstream(manifest) << kManifest;
     ASSERT_EQ(run("DllUnregisterServer"), S_OK);
-    ComPtr<_FrameInfoClass> playfile;
+    ComPtr<IDispatch> playfile;
     const auto create = [&] {
         return CoCreateInstance(CLSID_FrameInfoClass, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&playfile));
     };
     EXPECT_EQ(create(), REGDB_E_CLASSNOTREG);
-
     ACTCTXW description{};
     description.cbSize = sizeof description;
     description.lpSource = manifest.c_str();
     const HANDLE context = CreateActCtxW(&description);
     ULONG_PTR cookie = 0;
-    ASSERT_NE(context, INVALID_HANDLE_VALUE);
     ASSERT_TRUE(ActivateActCtx(context, &cookie));
     EXPECT_EQ(create(), S_OK);
-    EXPECT_EQ(Call(playfile.Get(), L"TotalFrames").value.lVal, 20) << "its type library is found as well";
+    EXPECT_EQ(Call(playfile.Get(), "TotalFrames").value.iVal, 20) << "its type library is found as well";
     DeactivateActCtx(0, cookie);
     ReleaseActCtx(context);
     std::filesystem::remove(manifest);
@@ -129,25 +116,24 @@ TEST_F(Server, IsFoundByAManifestWithoutRegistration) {
 
 TEST_F(Server, StaysLoadedWhileItIsUsed) {
     EXPECT_EQ(run("DllCanUnloadNow"), S_OK);
-    ComPtr<IUnknown> object = Create<IUnknown>(CLSID_FrameInfoClass);
-    EXPECT_EQ(run("DllCanUnloadNow"), S_FALSE) << "an object lives";
-    object.Reset();
-    EXPECT_EQ(run("DllCanUnloadNow"), S_OK);
-
+    ComPtr<IClassFactory> factory;
     for (const BOOL lock : {TRUE, FALSE}) {
-        ComPtr<IClassFactory> factory;
         ASSERT_EQ(getClassObject(CLSID_FrameInfoClass, IID_PPV_ARGS(&factory)), S_OK);
+        EXPECT_EQ(run("DllCanUnloadNow"), S_FALSE) << "an object lives";
         factory->LockServer(lock);
         factory.Reset();
         EXPECT_EQ(run("DllCanUnloadNow"), lock ? S_FALSE : S_OK) << "a lock outlives who set it";
     }
 }
 
-TEST_F(Server, HasNoOtherClasses) {
+TEST_F(Server, MakesNoOtherObjects) {
     void* object = this;
     EXPECT_EQ(getClassObject(IID__FrameInfoClass, IID_IUnknown, &object), CLASS_E_CLASSNOTAVAILABLE);
     EXPECT_EQ(object, nullptr);
     EXPECT_EQ(getClassObject(CLSID_FrameInfoClass, IID_IStream, &object), E_NOINTERFACE);
+    ComPtr<IClassFactory> factory;
+    ASSERT_EQ(getClassObject(CLSID_FrameInfoClass, IID_PPV_ARGS(&factory)), S_OK);
+    EXPECT_EQ(factory->CreateInstance(factory.Get(), IID_IUnknown, &object), CLASS_E_NOAGGREGATION);
 }
 
 } // namespace

@@ -34,6 +34,7 @@ public:
     /// them: output, errors, and the exit code unless it is 0. Lines that start with "# " are remarks.
     void play(const std::string& session) const {
         std::ifstream lines(VISTREL_SESSIONS_FOLDER "/" + session + ".txt");
+        ASSERT_TRUE(lines);
         std::string line, command = ":", wanted; // which does nothing
         const auto runLast = [&] { EXPECT_EQ(run(command), std::exchange(wanted, "")) << command; };
         while (std::getline(lines, line))
