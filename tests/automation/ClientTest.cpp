@@ -62,11 +62,17 @@ TEST_F(Client, SavesAndReadsAPlayfileAndTheSignThatShowsIt) {
     EXPECT_EQ(signs->AddNewDisplay(bstr(L"Gate").get(), &sign), S_OK);
     EXPECT_EQ(signs->FindDisplayByName(bstr(L"GATE").get(), &sign), S_OK);
     EXPECT_EQ(sign, 1);
-    EXPECT_EQ(signs->RetrieveAllDisplayInfoFromDisk(nullptr), S_OK);
     short number = 7;
+    BSTR text = WideText("client.dat").release();
+    Value variant = "client.dat";
+    for (Value name : {Value::reference(&text, VT_BSTR), Value::reference(&variant)})
+        EXPECT_EQ(signs->WriteAllDisplaysToDisk(&name), S_OK);
+    EXPECT_EQ(NarrowText(V_BSTR(&variant)), NarrowText(text));
+    EXPECT_TRUE(NarrowText(OwnedBstr(text).get()).ends_with("\\client.dat")) << "the full name";
     Value noText = Value::reference(&number, VT_I2);
-    EXPECT_EQ(signs->RetrieveAllDisplayInfoFromDisk(&noText), S_OK);
-    EXPECT_EQ(number, 7) << "a variable that cannot hold the full name";
+    for (Value* name : {&noText, static_cast<Value*>(nullptr)})
+        EXPECT_EQ(signs->RetrieveAllDisplayInfoFromDisk(name), S_OK);
+    EXPECT_EQ(number, 7) << "which cannot hold a name";
     EXPECT_EQ(settings_->SaveSettingsToDisk(Value("Other.ini")), S_OK);
     EXPECT_EQ(settings_->GetSettingsFromDisk(Value(settings_.Get())), static_cast<HRESULT>(0x800A000D));
 }
@@ -133,8 +139,8 @@ TEST_F(Client, GetsTheBytesOfCommandsOneToOne) {
     };
     EXPECT_EQ(commands->put_sCommandBytesByKey(bstr(L"all").get(), bstr(all).get()), S_OK);
     EXPECT_EQ(bytesOf(L"all"), all);
-    EXPECT_EQ(bytesOf(L"\u6f22"), L"\u6f22") << "unknown, and no byte";
-    EXPECT_EQ(commands->put_sCommandBytesByKey(bstr(L"\u6f22").get(), bstr(L"x").get()),
+    EXPECT_EQ(bytesOf(L"\u0100"), L"\u0100") << "unknown, and no byte";
+    EXPECT_EQ(commands->put_sCommandBytesByKey(bstr(L"\u0100").get(), bstr(L"x").get()),
               static_cast<HRESULT>(0x800A0005));
 }
 

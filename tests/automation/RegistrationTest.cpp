@@ -59,6 +59,8 @@ TEST_F(Server, LeavesTheRegistryAsItWas) {
 
     ASSERT_EQ(run("DllUnregisterServer"), S_OK);
     const std::string before = registered("HKCR");
+    EXPECT_EQ(before.find("qrtVistrelClasses4"), before.npos);
+    EXPECT_EQ(before.find("{2CED4AC9-38EF-44C1-B849-2452F0C70990}"), before.npos);
     ASSERT_EQ(run("DllRegisterServer"), S_OK);
     EXPECT_EQ(registered("HKCR\\CLSID\\{9AE6AD44-C589-4050-9359-78F603D30A08}"), R"(
 HKEY_CLASSES_ROOT\CLSID\{9AE6AD44-C589-4050-9359-78F603D30A08}
