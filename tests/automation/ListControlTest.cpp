@@ -8,6 +8,7 @@
 
 #include <cstdio>
 #include <fstream>
+#include <functional>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -18,6 +19,7 @@ public:
     std::vector<std::string> calls; ///< Kinds and names of the members, and their arguments.
     HRESULT refusal = S_OK;         ///< What members answer.
     EXCEPINFO exception{};          ///< What they tell of an error; handed on once.
+    std::function<void()> act;      ///< What the host does meanwhile.
 
     STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD flags, DISPPARAMS* passed, VARIANT* result,
                         EXCEPINFO* told, UINT*) override {
@@ -37,6 +39,8 @@ public:
             V_I2(result) = 5;
         }
         *told = std::exchange(exception, {});
+        if (act)
+            act();
         return refusal;
     }
 };
@@ -116,6 +120,18 @@ TEST_F(ListControlOfHost, MayBeMissing) {
         EXPECT_FALSE(suffixes_->calls.empty()) << V_VT(&nothing);
     }
     EXPECT_EQ(Call(playfile_.Get(), "FillEffectList", {"text", suffixes_.Get()}).code, DISP_E_TYPEMISMATCH);
+}
+
+TEST_F(ListControlOfHost, MayLetGoOfTheObjectThatFillsIt) {
+    _FrameInfoClass* const object = Create<_FrameInfoClass>(CLSID_FrameInfoClass).Detach();
+    ULONG users = 99;
+    prefixes_->act = [&] {
+        prefixes_->act = nullptr;
+        users = object->Release();
+    };
+    EXPECT_EQ(object->FillEffectList(prefixes_.Get(), suffixes_.Get()), S_OK);
+    EXPECT_EQ(users, 1U) << "until the member returns";
+    EXPECT_FALSE(suffixes_->calls.empty());
 }
 
 // The last one here: from then on the process offers the optional effects.

@@ -124,11 +124,13 @@ TEST(RegistryTree, KeepsTheValuesOfAKeyItDoesNotUnderstandOutOfOtherKeys) {
 }
 
 TEST(RegistryTree, WritesWhatItReadsAgainHoweverCutShortOrLong) {
-    std::string whole("# head\n[HKEY_USERS\\a]\n\"n\"=\"%25\0x\"\r\n\n\xff\n[HKEY_USERS]\n\"\"=\"\"", 60);
+    using namespace std::string_literals;
+    std::string whole = "# head\n[HKEY_USERS\\a]\n\"n\"=\"%25\0x\"\r\n\n\xff\n[HKEY_USERS]\n\"\"=\"\""s;
+    const std::size_t headSize = whole.size();
     for (const char* piece : {"[", "]", "\"", "\\", "%", "\n", "[HKEY_USERS]\n", "\"a\"=\"b\"\n", "\\a"})
         for (int i = 0; i < 200'000; ++i) // takes minutes when one line costs as much as the whole text
             whole += piece;
-    for (std::size_t size = 0; size <= whole.size(); size += size < 60 ? 1 : whole.size() - 60) {
+    for (std::size_t size = 0; size <= whole.size(); size += size < headSize ? 1 : whole.size() - headSize) {
         const std::string once = RegistryTree(whole.substr(0, size)).text();
         EXPECT_TRUE(RegistryTree(once).text() == once) << size;
     }
