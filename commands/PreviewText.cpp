@@ -140,6 +140,7 @@ std::map<std::string, std::string> byteStringsByKey() {
 
 std::vector<std::string> keysOf(const std::map<std::string, std::string>& byteStrings) {
     std::vector<std::string> keys;
+    keys.reserve(byteStrings.size());
     for (const auto& [key, bytes] : byteStrings)
         keys.push_back(key);
     return keys;

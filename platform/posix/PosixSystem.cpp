@@ -25,7 +25,7 @@ bool lookUp(const std::string& path, struct stat& status) {
 
 Descriptor openDescriptor(const std::string& path, int flags, unsigned mode) {
     if (!isName(path))
-        return Descriptor();
+        return {};
     return Descriptor(uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); }));
 }
 
