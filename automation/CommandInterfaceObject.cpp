@@ -62,7 +62,7 @@ public:
 
 private:
     template <class Body>
-    static HRESULT giveBytes(BSTR* result, Body body) {
+    HRESULT giveBytes(BSTR* result, Body body) {
         if (!result)
             return E_POINTER;
         *result = nullptr;
