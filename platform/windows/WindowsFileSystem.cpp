@@ -35,8 +35,8 @@ FileHandle openHandle(const std::string& path, DWORD access, DWORD share, DWORD 
         ::CreateFileA(path.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
-FileHandle openForWriting(const std::string& path, DWORD disposition) {
-    return openHandle(path, GENERIC_WRITE, FILE_SHARE_READ, disposition);
+FileHandle openForWriting(const std::string& path, DWORD disposition, DWORD share = FILE_SHARE_READ) {
+    return openHandle(path, GENERIC_WRITE, share, disposition);
 }
 
 /// `path` opened for reading when it is a file on a disk.
@@ -112,8 +112,8 @@ private:
 class WindowsOutputFile final : public OutputFile {
 public:
     /// False when there is no such handle, with the reason as the thread's last error.
-    bool open(const std::string& path, DWORD disposition) {
-        file_ = openForWriting(path, disposition);
+    bool open(const std::string& path, DWORD disposition, DWORD share = FILE_SHARE_READ) {
+        file_ = openForWriting(path, disposition, share);
         return static_cast<bool>(file_);
     }
     HANDLE handle() const { return file_.get(); }
@@ -232,7 +232,9 @@ Result<std::unique_ptr<OutputFile>> WindowsFileSystem::open(const std::string& p
     if (mode == OpenMode::append && isLink(path))
         return SystemError::accessDenied;
     auto file = std::make_unique<WindowsOutputFile>();
-    if (!file->open(path, OPEN_ALWAYS))
+    // Who replaces the file at the same time is to wait for the lock.
+    const DWORD share = mode == OpenMode::replace ? kShareAll : FILE_SHARE_READ;
+    if (!file->open(path, OPEN_ALWAYS, share))
         return lastSystemError();
     if (::GetFileType(file->handle()) != FILE_TYPE_DISK)
         return SystemError::accessDenied;
@@ -269,13 +271,25 @@ SystemError WindowsFileSystem::mayWrite(const std::string& path) {
     }
     if (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY))
         return SystemError::accessDenied;
-    return openForWriting(path, OPEN_EXISTING) ? SystemError::none : lastSystemError();
+    // Who replaces or asks for the file at the same time is not to notice.
+    return openForWriting(path, OPEN_EXISTING, kShareAll) ? SystemError::none : lastSystemError();
 }
 
 SystemError WindowsFileSystem::moveOver(const std::string& from, const std::string& to) {
     constexpr DWORD flags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
-    return isName(from) && isName(to) && ::MoveFileExA(from.c_str(), to.c_str(), flags) ? SystemError::none
-                                                                                        : lastSystemError();
+    constexpr int mostTries = 100;
+    constexpr DWORD pause = 10; // milliseconds
+    if (!isName(from) || !isName(to))
+        return lastSystemError();
+    for (int tries = 1; !::MoveFileExA(from.c_str(), to.c_str(), flags); ++tries) {
+        const SystemError error = lastSystemError();
+        // Another program may look into the file for a moment.
+        const bool mayPass = error == SystemError::accessDenied || error == SystemError::inUse;
+        if (!mayPass || tries == mostTries || mayWrite(to) == SystemError::accessDenied)
+            return error;
+        ::Sleep(pause);
+    }
+    return SystemError::none;
 }
 
 SystemError WindowsFileSystem::remove(const std::string& path) {

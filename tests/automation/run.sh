@@ -38,7 +38,7 @@ windows() { # FILE PROGRAM ARGUMENTS...
 }
 
 set_up() {
-    rm -rf "$work" "$build/db" "$build"/Displays.dat* "$build/VistrelLite.MRU" # the server's own files lie beside it
+    rm -rf "$work" "$build"{,/tests}/{db,Displays.dat*,VistrelLite.MRU} # the server's own files lie beside it
     mkdir -p "$data" "$WINEPREFIX"
     cp "$here/../../samples/lobby.PL2" "$data"
     wineboot -i >"$work/wineboot.txt" 2>&1
@@ -75,6 +75,21 @@ run_test_program() { # FILE
     report $status "$(basename "$1") runs to its end"
 }
 
+# Two processes change the same files, which are not there before.
+run_twice() { # FILE FILTER
+    windows "$work/setup.txt" reg delete 'HKLM\Software\Brivox\VistrelLite' /f
+    local process statuses=0 started=()
+    for process in 0 1; do
+        QRT_PROCESS=$process windows "$work/process$process.txt" "$1" --gtest_filter="$2" --gtest_brief=1 &
+        started+=($!)
+    done
+    for process in "${started[@]}"; do
+        wait "$process" || statuses=1
+    done
+    [ "$statuses" = 0 ] || cat "$work"/process?.txt
+    report "$statuses" "$(basename "$1") runs twice at once: $2"
+}
+
 check_contract() { # TYPE_LIBRARY NAME
     local output=$work/contract.txt
     windows "$output" "$build/tests/automation/dump_typelib.exe" "$(windows_path "$1")"
@@ -108,6 +123,7 @@ fi
 run_script "$here/script_test.vbs"
 run_test_program "$build/tests/automation/automation_tests.exe"
 run_test_program "$build/tests/core_tests.exe"
+run_twice "$build/tests/core_tests.exe" '*TwoProcesses*'
 windows "$work/register.txt" regsvr32 /s /u "$(windows_path "$build/qrtVistrelClasses4.dll")"
 report $? "the server unregisters itself"
 echo "$passed passed, $failed failed"
