@@ -196,6 +196,17 @@ TEST_F(Drawing, TrapsPlacesBeyondAllPixels) {
     }
 }
 
+TEST(PixelBuffer, TakesPixelsOneByOneAsWell) {
+    PixelBuffer pixels = UntouchedPixels(2, 1);
+    DrawingTarget& target = pixels;
+    EXPECT_EQ(target.ClassName(), "PixelBuffer");
+    target.hdc().SetPixel(0, 0, kFontColor);
+    target.GetBitmapDC().SetPixel(1, 0, target.BackColor());
+    target.ReleaseBitmapDC();
+    EXPECT_EQ(pixels.row(0)[0], kFontColor);
+    EXPECT_EQ(pixels.row(0)[1], target.BackColor());
+}
+
 TEST(DotPainter, PassesOverWhatNeitherShowsNorFails) {
     PixelBuffer pixels = UntouchedPixels(8, 2);
     ForeignTarget foreign(pixels);

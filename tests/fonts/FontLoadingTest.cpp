@@ -60,6 +60,7 @@ TEST(FontLoading, KnowsTheFontOfEveryNumber) {
                    "5x8 Fstnd5x8.cmd 5x8.cmd, 5x8 Fstnd5x8.cmd 5x8.cmd, 6x8 Fstnd68b.cmd 6x8fb.cmd, "
                    "16x16 Fstnd16.cmd 16x16.cmd, 16x16 Fstnd16.cmd 16x16.cmd, 24x24 24x24.cmd 24x24.cmd, "
                    "24x24 24x24.cmd 24x24.cmd, 24x32 24x32.cmd 24x32.cmd, 24x32 24x32.cmd 24x32.cmd, ");
+    EXPECT_EQ(clsFontSizes::FontFile(12, 0, true), "");
     for (std::int16_t type = -1; type < 200; ++type)
         EXPECT_EQ(clsFontSizes::FontFile(5, type, true) == "Fsacl68b.cmd",
                   type >= 16 && type <= 25 && type != 22);

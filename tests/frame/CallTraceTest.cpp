@@ -45,13 +45,14 @@ TEST_F(CallTrace, ShowsEachKindOfArgument) {
     const double seconds = 1.5;
     const bool flag = true;
     const Sign sign, *const present = &sign, *const absent = nullptr;
+    const auto shared = std::make_shared<Sign>();
     trace_.withModules = true;
     traced(
         {"Signs.bas", ProcedureKind::PropertyGet, "Sign"}, [] {}, Arg{"vData", text}, Arg{"n", number},
         Arg{"s", seconds}, Arg{"b", flag}, Arg{"sign", present}, Arg{"other", absent},
-        Arg{"sFileName", missing});
+        Arg{"sFileName", missing}, Arg{"owned", shared});
     const std::string line = "Signs.bas Property (Get) Sign (vData=PIER 1, n=5, s=1.5, b=True, sign=<Sign>, "
-                             "other=<Nothing>, sFileName=<Missing>)";
+                             "other=<Nothing>, sFileName=<Missing>, owned=<Sign>)";
     EXPECT_EQ(trace_.lines, (Texts{"> " + line, "< " + line}));
 }
 
@@ -120,9 +121,10 @@ TEST_F(CallTrace, TurnsEveryExceptionIntoANumberAndTheFailureValue) {
     EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{9, 7, 51}));
     EXPECT_THROW(untraced([] { throw std::bad_alloc(); }), RuntimeError);
     using enum SystemError;
-    for (const SystemError error : {fileNotFound, folderNotFound, accessDenied, inUse, diskFull, tooLarge})
+    for (const SystemError error : {fileNotFound, folderNotFound, accessDenied, inUse, diskFull,
+                                    alreadyExists, deviceFailure, tooLarge, unsupported})
         traced(sub("D"), [=] { Check(error); });
-    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{53, 76, 75, 70, 61, 7}));
+    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{53, 76, 75, 70, 61, 58, 57, 7, 68}));
 }
 
 TEST_F(CallTrace, ShowsTheErrorOfAClassDebugIDPastTheLast) {

@@ -1,5 +1,6 @@
 #include "platform/Platform.h"
 
+#include "platform/LetterCase.h"
 #include "platform/Path.h"
 
 #include <gtest/gtest.h>
@@ -31,6 +32,11 @@ TEST(Path, IsSplitBehindTheLastSeparatorOfAnyMachineAndJoinedByThatOfThisOne) {
 TEST(Path, KnowsARootedPath) {
     for (const char* path : {"C:\\a", "C:a", "/a", "", "a\\b", "\\\\host\\share"})
         EXPECT_EQ(IsRootedPath(path), path[0] == (kOnWindows ? 'C' : '/')) << path;
+}
+
+TEST(LetterCase, IsThatOfWindows1252) {
+    EXPECT_EQ(AnsiUpper("az{ \x9a\x9c\x9e \xe0\xf6\xf7\xfe\xff \xdf"),
+              "AZ{ \x8a\x8c\x8e \xc0\xd6\xf7\xde\x9f \xdf");
 }
 
 TEST(SystemFolders, AreKnownAndUnknownNumbersRefused) {

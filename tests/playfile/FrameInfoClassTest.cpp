@@ -23,7 +23,7 @@ Property(Value (FrameInfoClass::*)(), void (FrameInfoClass::*)(Given)) -> Proper
 #define P(name) Property{&FrameInfoClass::name, &FrameInfoClass::name}
 constexpr std::tuple kTraced{
     P(FrameName), P(PrefixCode), P(SuffixCode), P(DelayTime), P(commandfile), P(FontWidth), P(FontHeight), P(Scrolling),
-    P(LineFontSize), P(PicturefileName), P(PictureFileType), P(PictureFileDisplay), P(TotalDisplayFramesUsedForThisFrame)};
+    P(LineFontSize), P(CurrentLineFont), P(PicturefileName), P(PictureFileType), P(PictureFileDisplay), P(TotalDisplayFramesUsedForThisFrame)};
 constexpr std::tuple kUntraced{
     P(RowHeightForGrid), P(AVIFrames), P(AudioFile), P(WinBackColor), P(FixedNumberOfLines), P(OverlayFrame),
     P(FastScroll), P(LineCustomFont), P(Blinking), P(Inverse), P(Merge)};
@@ -52,6 +52,8 @@ TEST_F(FrameInfo, StartsWithTwentyFramesOfOneLine) {
               std::tuple(0, 20, 1048, 0, 1, false, false));
     playfile_.CurrentFrame(20);
     EXPECT_EQ(playfile_.TotalLinesAllowed(), 1);
+    playfile_.PlayFileHasChanged(true);
+    EXPECT_TRUE(playfile_.PlayFileHasChanged());
     playfile_.CurrentFileName("a");
     playfile_.DisplayWidth(80);
     playfile_.DisplayHeight(16);

@@ -44,6 +44,7 @@ TEST_F(SettingsInfo, StartsWithDefaultsWithoutTouchingTheDiskAndSavesThemInOrder
 
 TEST_F(SettingsInfo, LoadsWhatItSaved) {
     settings_.LastGraphicFilePath("D:\\Pictures");
+    settings_.LastPlayfilePath("D:\\Plays");
     settings_.DelayMinimum(-1.25);
     settings_.DelayMaximum(1e15);
     settings_.DisplayID("12");
@@ -61,6 +62,7 @@ TEST_F(SettingsInfo, LoadsWhatItSaved) {
     SettingsInfoClass loaded;
     loaded.GetSettingsFromDisk();
     EXPECT_EQ(loaded.Settings(), settings_.Settings());
+    EXPECT_EQ(loaded.LastGraphicFilePath(), "D:\\Pictures");
     EXPECT_FALSE(loaded.ShowFullPath()) << "held in memory only";
     EXPECT_EQ(loaded.ScheduleNumber(), 1);
     loaded.ScheduleNumber(4);
