@@ -56,12 +56,16 @@ void keep(FileSystem& files, const std::string& path) {
         Check(files.moveOver(path, backup));
 }
 
-/// Copies a file that is no table to a name that no file has.
+/// Copies a file that is no table to a name that no file has, unless there is such a copy.
 void keepForeign(FileSystem& files, const std::string& path) {
     const std::string first = path + std::string(kBackupEnding);
     std::string backup = first;
-    for (int number = 2; files.kindOf(backup) != EntryKind::missing; ++number)
+    const auto bytes = files.read(path);
+    for (int number = 2; files.kindOf(backup) != EntryKind::missing; ++number) {
+        if (bytes && files.read(backup).value.text() == bytes.value.text())
+            return;
         backup = first + std::to_string(number);
+    }
     Check(files.removeLink(backup)); // to nothing: the copy would be made where it leads
     Check(files.copy(path, backup));
 }

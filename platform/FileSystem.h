@@ -74,7 +74,7 @@ public:
     /// A folder or a device is `accessDenied`.
     virtual Result<std::unique_ptr<InputFile>> openToRead(const std::string& path) = 0;
 
-    /// A folder, a device or a pipe is `accessDenied`.
+    /// A folder, a device or a pipe is `accessDenied`, and a link that is to be appended to.
     virtual Result<std::unique_ptr<OutputFile>> open(const std::string& path, OpenMode mode) = 0;
     /// Makes an empty file under a fresh name in the folder of `path`, with the rights that the file `path`
     /// has when there is one (on Windows: those of the folder).

@@ -202,11 +202,11 @@ Result<std::unique_ptr<InputFile>> PosixFileSystem::openToRead(const std::string
 
 Result<std::unique_ptr<OutputFile>> PosixFileSystem::open(const std::string& path, OpenMode mode) {
     auto file = std::make_unique<PosixOutputFile>(path);
-    const int modeFlags = mode == OpenMode::append ? O_APPEND | O_NOFOLLOW : 0; // a link is ELOOP then
+    const int modeFlags = mode == OpenMode::append ? O_APPEND | O_NOFOLLOW : 0;
     struct stat status {};
     if (!file->open(O_WRONLY | O_CREAT | kNeverWait | modeFlags, kNewFileMode) ||
         ::fstat(file->descriptor(), &status) != 0)
-        return errorOn(path);
+        return errno == ELOOP && mode == OpenMode::append ? SystemError::accessDenied : errorOn(path);
     if (!S_ISREG(status.st_mode))
         return SystemError::accessDenied;
     if (mode == OpenMode::replace) {

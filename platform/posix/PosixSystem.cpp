@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 namespace qrtVistrelClasses4 {
+
 int Descriptor::close() {
     // Never made again: an interrupted close has closed.
     const int result = number_ == -1 ? 0 : ::close(std::exchange(number_, -1));
@@ -15,7 +16,7 @@ int Descriptor::close() {
 bool isName(const std::string& path) {
     const bool isName = path.find('\0') == path.npos;
     if (!isName)
-        errno = EINVAL;
+        errno = ENAMETOOLONG; // no file can have it
     return isName;
 }
 
@@ -53,7 +54,6 @@ SystemError errorOn(const std::string& path, int code) {
         return missing(path);
     case ENOTDIR:
     case ENAMETOOLONG:
-    case EINVAL: // as `isName` says
         return SystemError::folderNotFound;
     case EACCES:
     case EPERM:

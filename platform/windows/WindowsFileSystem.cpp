@@ -301,10 +301,10 @@ SystemError WindowsFileSystem::createFolder(const std::string& path) {
 }
 
 SystemError WindowsFileSystem::copy(const std::string& from, const std::string& to) {
-    const auto source = identity(from);
-    if (!source)
+    if (!isName(from))
         return lastSystemError();
-    if (source == identity(to))
+    const auto source = identity(from);
+    if (source && source == identity(to))
         return SystemError::none;
     if (const auto error = mayWrite(to); error != SystemError::none)
         return error;
