@@ -59,6 +59,18 @@ TEST_F(DisplayStore, FillsARecordAsFarAsItCanBeRead) {
     }
 }
 
+TEST_F(DisplayStore, KeepsTheWholeSignsOfAFileThatIsCutShort) {
+    const std::string first = fileOf({1}), both = fileOf({1, 2});
+    for (std::size_t size = 1; size <= both.size(); ++size) {
+        load(both.substr(0, size));
+        EXPECT_LE(takeErrors().size(), 1u) << size;
+        displays_.CurrentDisplayNumber(2);
+        displays_.DisplayName("cut"); // a last sign without name would hide the others
+        takeErrors();                 // there may be no second one
+        EXPECT_TRUE(saved().starts_with(first) || size < first.size()) << size;
+    }
+}
+
 TEST_F(DisplayStore, LeavesTheListAloneWithoutARecord) {
     load(fileOf({0, 1, 2}));
     load("");

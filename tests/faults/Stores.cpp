@@ -194,7 +194,7 @@ const std::vector<Store>& Stores() {
         {"Playfile", "a.playfile", currentPlayfile, 0, "Unable to save playfile"},
         {"LegacyPlayfile", "a.PL2", olderPlayfile, Store::onlyLoads},
         {"XmlExport", "a.xml", xmlExport, Store::onlySaves, "Unable to save playfile"},
-        {"Signs", "Displays.dat", signs, Store::keepsCopy, "Error Occurred"},
+        {"Signs", "Displays.dat", signs, Store::keepsCopy | Store::inPlace, "Error Occurred"},
         {"Preferences", "VistrelLite.ini", preferences, Store::loadsSilently},
         {"PrivateIni", "private.ini", privateIni, Store::loadsSilently},
         {"RecentFiles", "VistrelLite.MRU", recentFiles},

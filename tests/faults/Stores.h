@@ -34,6 +34,7 @@ struct Store {
         onlyLoads = 4,     ///< Nothing writes it.
         loadsSilently = 8, ///< A failed load is not told.
         mayStart = 16,     ///< A missing folder is no failure.
+        inPlace = 32,      ///< A power cut may leave it in pieces, beside a whole copy.
     };
     const char* name;
     std::string file; ///< Below the library's folder.
@@ -44,6 +45,7 @@ struct Store {
     bool is(unsigned trait) const { return (traits & trait) != 0; }
     bool saves() const { return !is(onlyLoads); }
     bool loads() const { return !is(onlySaves); }
+    bool mayLieInPieces() const { return is(inPlace); }
 };
 
 const std::vector<Store>& Stores();

@@ -1,12 +1,16 @@
 #include "frame/CallTrace.h"
 
 #include "TestHost.h"
+#include "displays/DisplayDatabaseClass.h"
 #include "frame/Traced.h"
 #include "frame/modClassIDGenerator.h"
+#include "playfile/FrameInfoClass.h"
+#include "settings/RegistrySettings.h"
 #include "settings/SettingsInfoClass.h"
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <stdexcept>
 
 namespace qrtVistrelClasses4 {
@@ -72,6 +76,29 @@ TEST_F(CallTrace, ShowsChangedArgumentsAtExitAndKeepsThoseOfTheEntryForReports) 
     EXPECT_EQ(trace_.lines, (Texts{entry, "< Sub Change (number=7, name=b)", entry}))
         << "an error skips the exit";
     EXPECT_EQ(host_.reports.all.at(0).procedure.arguments, "(number=2, name=a)");
+}
+
+TEST_F(CallTrace, BeginsWithTheCallOfTheHost) {
+    FrameInfoClass playfile;
+    DisplayDatabaseClass signs;
+    auto clipboard = std::make_shared<FrameInfoClass>();
+    std::int16_t first = 2, last = 1;
+    const struct {
+        std::function<void()> call;
+        const char* line;
+    } cases[] = {{[&] { playfile.MoveFrame(3, 1); }, "Sub MoveFrame (From=3, WhereTo=1)"},
+                 {[&] { playfile.InitFrame(4); }, "Sub InitFrame (LineToInit=4)"},
+                 {[&] { playfile.CurrentFrame(2); }, "Property (Let) CurrentFrame (vData=2)"},
+                 {[&] { playfile.CopyInfo(first, last, clipboard); },
+                  "Sub CopyInfo (CopyFromY=2, CopyToY=1, MyClipboard=<FrameInfoClass>)"},
+                 {[&] { signs.AddNewDisplay("Pier"); }, "Function AddNewDisplay (DisplayName=Pier)"},
+                 {[] { WriteSetting("App", "S", "n", "v"); },
+                  "Sub WriteSetting (Application=App, Section=S, ValueName=n, Value=v)"}};
+    for (const auto& row : cases) {
+        trace_.lines.clear();
+        row.call();
+        EXPECT_EQ(trace_.lines.at(0), std::string("> ") + row.line);
+    }
 }
 
 TEST_F(CallTrace, IsSkippedWhileSwitchedOffButLeavesWhatWasEnteredBefore) {

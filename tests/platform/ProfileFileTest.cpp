@@ -1,6 +1,8 @@
 #include "Machines.h"
 #include "platform/IniText.h"
 
+#include <type_traits>
+
 namespace qrtVistrelClasses4 {
 namespace {
 
@@ -113,7 +115,8 @@ TYPED_TEST(ProfileFileTest, FindsTheFileInAnotherCaseAndNeitherMakesAFolderNorCh
     EXPECT_EQ(this->change(JoinPath(this->file("none"), "a.ini"), "S", "k", "w"),
               SystemError::folderNotFound);
     this->machine.protect(path);
-    const bool mayWriteAnyway = this->files().open(path, OpenMode::append).error == SystemError::none;
+    const bool mayWriteAnyway = std::is_same_v<TypeParam, SystemMachine> && // as root under Wine
+                                this->files().open(path, OpenMode::append).error == SystemError::none;
     EXPECT_TRUE(mayWriteAnyway || this->change(path, "S", "k", "x") == SystemError::accessDenied);
     EXPECT_EQ(this->textOf(path), "[S]\r\nk=w\r\n");
     EXPECT_EQ(this->machine.fileCount(), 1);

@@ -36,11 +36,32 @@ struct Codes {
 };
 
 TEST(Effects, ConvertBackFromTheirTextsButForLoops) {
-    const Codes cases[] = {{"Reveal to Middle", 0, 10},
+    const Codes cases[] = {{"Scroll Left to Right", 5001, 5001},
+                           {"Reveal from Middle", 5, 0},
+                           {"Reveal to Middle", 0, 10},
+                           {"Twinkle On", 12005, 0},
+                           {"Twinkle Off", 0, 12005},
+                           {"Fade Out", 0, 11006},
+                           {"Wipe Off", 0, 2000},
+                           {"Jump Off", 0, 1000},
                            {"Overlay Frame with Text", 15, 0},
                            {"End Loop", 0, 20001},
                            {"Checker Board", 114, 114},
+                           {"Drop", 115, 115},
+                           {"Open", 116, 116},
+                           {"Jaws", 117, 117},
+                           {"Scan Horizontal", 118, 118},
+                           {"Paint", 119, 119},
+                           {"Shoot", 120, 120},
+                           {"Venetian Blinds", 121, 121},
+                           {"Vertical Blinds", 122, 122},
+                           {"Scan Vertical", 123, 123},
+                           {"Pulse", 124, 124},
+                           {"Marquee Border", 125, 125},
+                           {"Line Wipe", 126, 126},
                            {"Border", 127, 127},
+                           {"Barrel Vertical", 128, 128},
+                           {"Barrel Horizontal", 129, 129},
                            {"Drop Off", 0, 0},
                            {"PhotoRealistic", 0, 0},
                            {"[0.5", 0, 0},
@@ -141,8 +162,11 @@ TEST_F(EffectLists, OfferTheOptionalEffectsOnceTheyAreLoadedWhichIsOncePerProces
         EXPECT_TRUE(PrefixName(number) == text || text == "Border") << text;
         EXPECT_EQ(PrefixCodeOf(text), number < 114 || number > 129 || text == "Border" ? number : 0) << text;
     }
-    for (const auto& [text, code] : suffixes2_.items)
-        EXPECT_TRUE(SuffixName(static_cast<std::int16_t>(code)) == text || code == 114) << text;
+    for (const auto& [text, code] : suffixes2_.items) {
+        const auto number = static_cast<std::int16_t>(code);
+        EXPECT_TRUE(SuffixName(number) == text || number == 114) << text;
+        EXPECT_EQ(SuffixCodeOf(text), number < 114 || number > 129 ? number : 0) << text;
+    }
 }
 
 TEST_F(EffectLists, OfADialogEndWithoutTheirLoopsAndFollowTheSwitchesAtEveryFilling) {

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <functional>
 
 namespace qrtVistrelClasses4 {
 namespace {

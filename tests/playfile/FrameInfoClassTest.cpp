@@ -61,6 +61,27 @@ TEST_F(FrameInfo, StartsWithTwentyFramesOfOneLine) {
               std::tuple("a", 80, 16));
 }
 
+TEST_F(FrameInfo, HoldsThePhotoRealisticEffectOnBothSidesOrOnNone) {
+    using Side = void (FrameInfoClass::*)(std::int16_t);
+    const Side prefix = &FrameInfoClass::PrefixCode, suffix = &FrameInfoClass::SuffixCode;
+    const struct {
+        const char* why;
+        Side side;
+        std::int16_t code;
+        std::pair<int, int> codes;
+    } cases[] = {{"the prefix takes the suffix along", prefix, 9999, {9999, 9999}},
+                 {"and leaves it without one", prefix, 4, {4, 0}},
+                 {"the suffix takes the prefix along", suffix, 9999, {9999, 9999}},
+                 {"and leaves it without one", suffix, 10, {0, 10}},
+                 {"other codes do not touch each other", prefix, 5, {5, 10}}};
+    playfile_.CurrentFrame(1);
+    for (const auto& row : cases) {
+        (playfile_.*row.side)(row.code);
+        EXPECT_EQ((std::pair<int, int>(playfile_.PrefixCode(), playfile_.SuffixCode())), row.codes)
+            << row.why;
+    }
+}
+
 TEST_F(FrameInfo, TrapsACursorOutsideTheFramesInTracedPropertiesOnly) {
     for (const auto cursor : std::vector<std::int16_t>{0, -1, 21, 32767}) {
         playfile_.CurrentFrame(cursor);

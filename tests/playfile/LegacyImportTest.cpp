@@ -80,7 +80,10 @@ TEST_F(LegacyImport, MakesFramesOfRecords) {
         {"lines of a text that scrolls",
          {.text = " A \x1f\x1f B", .suffix = "Sc", .font = 4, .flags = {6}},
          "2 0s 0>0 w0 |A  B|10sbi"},
+        {"a font that has changed its number", {.font = 1}, "2 0s 0>0 w0 ||6"},
+        {"another one", {.font = 3}, "2 0s 0>0 w0 ||8"},
         {"an unknown font", {.font = 5}, "2 0s 0>0 w0 ||0"},
+        {"the last that a byte can name", {.font = 255}, "2 0s 0>0 w0 ||0"},
     };
     for (const auto& row : cases)
         EXPECT_EQ(frameOf(row.fields), row.frame) << row.why;
@@ -146,9 +149,26 @@ TEST_F(LegacyImport, ReadsNothingFromAFileWithoutTheMarkAndOneFrameMoreThanAllow
     }
 }
 
+TEST_F(LegacyImport, KeepsTheWholeRecordsOfAFileThatIsCutShort) {
+    constexpr std::size_t mark = 11, record = 18704, used = 1124; // nothing behind those bytes is looked at
+    const std::string whole = legacyPlayfile({{.reference = "A.BMP"}, {.text = "B"}});
+    for (const std::size_t before : {std::size_t{0}, record, 2 * record})
+        for (std::size_t size = before; size <= std::min(before + mark + used, whole.size()); ++size) {
+            playfile_.TotalFrames(0);
+            EXPECT_EQ(load(whole.substr(0, size)), size >= mark) << size;
+            EXPECT_EQ(playfile_.TotalFrames(), size < mark ? 0 : (size - mark) / record) << size;
+            playfile_.CurrentFrame(1);
+            EXPECT_TRUE(playfile_.TotalFrames() == 0 || playfile_.PicturefileName() == "A.BMP") << size;
+        }
+    EXPECT_TRUE(host_.reports.all.empty());
+}
+
 TEST_F(LegacyImport, GoesByTheEndingOfTheName) {
-    for (const char* name : {"a.PL2", "a.pl2", "pL2", "a.pl2.playfile", "x"}) {
-        const bool isLegacy = std::string(name).size() <= 5 && std::string(name) != "x";
+    for (const auto& [name, isLegacy] : {std::pair("a.PL2", true),
+                                         {"a.pl2", true},
+                                         {"pL2", true},
+                                         {"a.pl2.playfile", false},
+                                         {"x", false}}) {
         files().put(host_.inLibrary(name), isLegacy ? legacyPlayfile({{}}) : " 1 \r\n");
         EXPECT_EQ(playfile_.GetPlayfileFromDisk(host_.inLibrary(name)), isLegacy);
         EXPECT_EQ(playfile_.IsLegacy(), isLegacy) << name;

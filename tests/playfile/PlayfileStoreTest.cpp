@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <fstream>
 #include <iterator>
@@ -132,6 +133,19 @@ TEST_F(PlayfileStore, TellsWhatIsWrongAndKeepsTheFramesReadBefore) {
     EXPECT_EQ(playfile_.TotalFrames(), 0);
 }
 
+TEST_F(PlayfileStore, KeepsTheWholeFramesOfAFileThatIsCutShort) {
+    const std::string first = fileOf(oneFrame()),
+                      both = " 2 \r\n" + withoutCount(first) + withoutCount(first);
+    for (std::size_t size = 0; size <= both.size(); ++size) {
+        playfile_.TotalFrames(0);
+        EXPECT_EQ(load(both.substr(0, size)), size + 3 >= both.size())
+            << "the last quote and line end may be missing";
+        playfile_.TotalFrames(std::min<std::int16_t>(playfile_.TotalFrames(), 1));
+        EXPECT_TRUE(playfile_.WritePlayfileToDisk(path_));
+        EXPECT_TRUE(saved() == first || size < first.size()) << size;
+    }
+}
+
 TEST_F(PlayfileStore, GivesBackFilesByteForByte) {
     Texts texts{fileOf(oneFrame())};
     for (const char* name : {"harbour.playfile", "plant.playfile"}) {
@@ -199,7 +213,8 @@ TEST_F(PlayfileStore, LetsTheHostChangeTheFramesWhileItAsks) {
     host.playfile = &playfile_;
     files().addLooseDrive("Q:");
     for (const std::int16_t total : std::array<std::int16_t, 3>{0, 1, 30000}) {
-        SCOPED_TRACE(host.total = total);
+        SCOPED_TRACE(total);
+        host.total = total;
         playfile_.TotalFrames(2);
         playfile_.CurrentFrame(1);
         playfile_.PicturefileName("Q:\\gone.bmp");
