@@ -173,14 +173,14 @@ public:
     /// frames. `Merge` and `FixedNumberOfLines` are not copied.
     void CopyInfo(std::int16_t& CopyFromY, std::int16_t& CopyToY,
                   std::shared_ptr<FrameInfoClass>& MyClipboard);
-    /// The same, and takes the frames out, as `DeleteCurrentFrame` does one by one, though on the trace it does
-    /// so once for all. They stay when they could not be copied.
+    /// The same, and takes the frames out, as `DeleteCurrentFrame` does one by one, though on the trace it
+    /// does so once for all. They stay when they could not be copied.
     void CutInfo(std::int16_t& CutFromY, std::int16_t& CutToY, std::shared_ptr<FrameInfoClass>& MyClipboard);
     /// Sets the cursor to `PasteTo` and puts copies of all frames of the clipboard there; the frames from
     /// `PasteTo` on move up. What would pass `TotalFramesAllowed` is left out, but when nothing more can be
     /// inserted the copies replace the frames that are there. Every insertion and every copy that does not
-    /// find its place is an error of its own. Uses the clipboard's cursors. A null clipboard does nothing. The
-    /// trace shows the first insertion that finds its place, which stands for those behind it.
+    /// find its place is an error of its own. Uses the clipboard's cursors. A null clipboard does nothing.
+    /// The trace shows the first insertion that finds its place, which stands for those behind it.
     void PasteInfo(std::int16_t PasteTo, FrameInfoClass* MyClipboardInfo);
 
     /// Whether a frame before this one shows the same picture in the same way, or sends the same command

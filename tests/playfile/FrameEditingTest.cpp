@@ -33,6 +33,19 @@ std::string order(FrameInfoClass& playfile) {
 
 struct FrameEditing : testing::Test {
     void cut(std::int16_t first, std::int16_t last) { playfile_.CutInfo(first, last, clipboard_); }
+    /// Cuts frames 2 and 3 of six until no allocation fails any more; `look` is called after each time.
+    template <class Look>
+    void cutWithEachAllocationFailing(Look look) {
+        bool hasFailed = true;
+        for (int allocation = 1; hasFailed; ++allocation) {
+            putFrames(playfile_, "ABCDEF");
+            FailAllocation(allocation);
+            cut(2, 3);
+            hasFailed = AllocationHasFailed();
+            FailAllocation(0);
+            look(allocation, hasFailed);
+        }
+    }
 
     TestHost host_;
     FrameInfoClass playfile_;
@@ -110,29 +123,16 @@ TEST_F(FrameEditing, LetsTheHostChangeBothPlayfilesWhileErrorsArePutBeforeIt) {
         EXPECT_EQ(playfile_.TotalFrames(), total);
     }
     host.act = [&](const ErrorReport&) { clipboard_.reset(); };
-    bool hasFailed = true;
-    for (int allocation = 1; hasFailed; ++allocation) {
-        putFrames(playfile_, "ABCDEF");
-        FailAllocation(allocation);
-        cut(2, 3);
-        hasFailed = AllocationHasFailed();
-        FailAllocation(0);
-    }
+    cutWithEachAllocationFailing([](int, bool) {});
     EXPECT_EQ(order(playfile_) + order(*clipboard_), "ADEFBC");
 }
 
 TEST_F(FrameEditing, CutsNoFrameThatCouldNotBeCopied) {
-    bool hasFailed = true;
-    for (int allocation = 1; hasFailed; ++allocation) {
-        putFrames(playfile_, "ABCDEF");
-        FailAllocation(allocation);
-        cut(2, 3);
-        hasFailed = AllocationHasFailed();
-        FailAllocation(0);
+    cutWithEachAllocationFailing([&](int allocation, bool hasFailed) {
         const std::string rest = order(playfile_);
         ASSERT_TRUE(rest == "ABCDEF" || (clipboard_ && rest + order(*clipboard_) == "ADEFBC")) << allocation;
         EXPECT_EQ(host_.reports.takeNumbers().empty(), !hasFailed);
-    }
+    });
     EXPECT_EQ(order(playfile_), "ADEF") << "older errors do not count";
 }
 
