@@ -32,7 +32,8 @@ TYPED_TEST(FileSystemTest, GivesBackEveryByteOfAFileAsAWholeAndInPieces) {
     for (const std::uint64_t offset : {299'990ULL, 0ULL, 123'456ULL, 300'000ULL, 1ULL << 40}) {
         std::string piece(100, '?');
         piece.resize(input.value->readAt(offset, piece).value);
-        EXPECT_EQ(piece, offset < large.size() ? large.substr(offset, 100) : "") << offset;
+        EXPECT_EQ(piece, offset < large.size() ? large.substr(static_cast<std::size_t>(offset), 100) : "")
+            << offset;
     }
 }
 

@@ -24,21 +24,25 @@ TEST(WindowsMessageBoxes, ShowTitleAndTextAndBringBackTheAnswer) {
     }
 }
 
+bool hostIsEnabled = true;
+
+/// Notes whether the window is enabled while the box is open, and closes that.
+void CALLBACK lookAtHost(HWND host, UINT, UINT_PTR, DWORD) {
+    if (const HWND box = FindWindowA("#32770", "Question")) {
+        hostIsEnabled = IsWindowEnabled(host) != FALSE;
+        PostMessageA(box, WM_COMMAND, IDYES, 0);
+    }
+}
+
 TEST(WindowsMessageBoxes, DisableTheWindowsOfTheHost) {
     const auto machine = makePlatform();
     const HWND window = CreateWindowA("STATIC", "host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100,
                                       nullptr, nullptr, nullptr, nullptr);
     ASSERT_TRUE(window);
-    static bool isEnabled;
-    isEnabled = true;
-    SetTimer(window, 1, 10, [](HWND host, UINT, UINT_PTR, DWORD) {
-        if (const HWND box = FindWindowA("#32770", "Question")) {
-            isEnabled = IsWindowEnabled(host) != FALSE;
-            PostMessageA(box, WM_COMMAND, IDYES, 0);
-        }
-    });
+    hostIsEnabled = true;
+    SetTimer(window, 1, 10, lookAtHost);
     (void)machine->messageBoxes().show({"?", "Question", MessageIcon::none, MessageButtons::yesNo});
-    EXPECT_FALSE(isEnabled);
+    EXPECT_FALSE(hostIsEnabled);
     EXPECT_TRUE(IsWindowEnabled(window)) << "when it is answered";
     DestroyWindow(window);
 }
