@@ -31,13 +31,7 @@ Reading readDirectly(std::string_view text) {
 }
 
 std::string textOf(const std::vector<DisplayRecord>& signs) {
-    struct : ByteSink {
-        std::string text;
-        SystemError write(std::string_view bytes) override {
-            text += bytes;
-            return SystemError::none;
-        }
-    } sink;
+    KeptBytes sink;
     DelimitedWriter out(sink);
     for (const DisplayRecord& sign : signs)
         WriteDisplay(out, sign);

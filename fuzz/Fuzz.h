@@ -2,6 +2,7 @@
 #pragma once
 
 #include "TestHost.h"
+#include "platform/FileSystem.h"
 
 #include <cstddef>
 #include <string>
@@ -23,6 +24,15 @@ public:
 
 private:
     std::string_view rest_;
+};
+
+/// Takes what writers write.
+struct KeptBytes final : ByteSink {
+    std::string text;
+    SystemError write(std::string_view bytes) override {
+        text += bytes;
+        return SystemError::none;
+    }
 };
 
 /// Ends the program, which fuzzer and replay tell as a finding.

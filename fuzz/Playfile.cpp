@@ -53,13 +53,7 @@ Reading readDirectly(std::string_view text) {
 }
 
 std::string textOf(const Records& frames) {
-    struct : ByteSink {
-        std::string text;
-        SystemError write(std::string_view bytes) override {
-            text += bytes;
-            return SystemError::none;
-        }
-    } sink;
+    KeptBytes sink;
     QuotedLineWriter out(sink);
     for (const FrameRecord& frame : frames)
         WriteFrame(out, frame);
