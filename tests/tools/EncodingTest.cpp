@@ -1,5 +1,5 @@
-#include "tools/Encoding.h"
-#include "tools/ErrorLines.h"
+#include "tools/program/Encoding.h"
+#include "tools/program/ErrorLines.h"
 
 #include <gtest/gtest.h>
 

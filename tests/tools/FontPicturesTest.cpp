@@ -1,6 +1,6 @@
-#include "tools/FontPictures.h"
+#include "tools/fonts/FontPictures.h"
 
-#include "tools/FontScaling.h"
+#include "tools/fonts/FontScaling.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

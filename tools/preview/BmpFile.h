@@ -2,7 +2,7 @@
 #pragma once
 
 #include "fonts/PixelBuffer.h"
-#include "tools/Size.h"
+#include "tools/program/Size.h"
 
 #include <cstddef>
 #include <cstdint>

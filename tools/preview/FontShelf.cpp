@@ -2,7 +2,7 @@
 
 #include "fonts/FontSearch.h"
 #include "fonts/clsFontSizes.h"
-#include "tools/Encoding.h"
+#include "tools/program/Encoding.h"
 
 #include <vector>
 

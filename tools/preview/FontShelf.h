@@ -2,7 +2,7 @@
 #pragma once
 
 #include "fonts/classFontMaster.h"
-#include "tools/ErrorLines.h"
+#include "tools/program/ErrorLines.h"
 
 #include <cstddef>
 #include <cstdint>

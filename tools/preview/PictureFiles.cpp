@@ -4,8 +4,8 @@
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "playfile/MediaFiles.h"
-#include "tools/Encoding.h"
 #include "tools/preview/BmpFile.h"
+#include "tools/program/Encoding.h"
 
 #include <algorithm>
 #include <memory>

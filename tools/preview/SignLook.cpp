@@ -2,7 +2,7 @@
 
 #include "frame/Conversions.h"
 #include "platform/LetterCase.h"
-#include "tools/SignList.h"
+#include "tools/signs/SignList.h"
 
 #include <algorithm>
 #include <iterator>

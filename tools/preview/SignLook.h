@@ -2,8 +2,8 @@
 #pragma once
 
 #include "fonts/DrawingTarget.h"
-#include "tools/ErrorLines.h"
-#include "tools/Size.h"
+#include "tools/program/ErrorLines.h"
+#include "tools/program/Size.h"
 
 #include <cstdint>
 #include <optional>

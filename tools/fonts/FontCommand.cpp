@@ -1,0 +1,210 @@
+// vistrel font: fonts of signs, shown, made from pictures, and checked against playfiles.
+#include "frame/RuntimeError.h"
+#include "platform/LetterCase.h"
+#include "platform/Path.h"
+#include "platform/ReplacementFile.h"
+#include "playfile/FrameInfoClass.h"
+#include "tools/fonts/FontGallery.h"
+#include "tools/fonts/FontNeeds.h"
+#include "tools/fonts/FontPictures.h"
+#include "tools/fonts/FontScaling.h"
+#include "tools/playfile/Opening.h"
+#include "tools/preview/FramePicture.h"
+#include "tools/program/Commands.h"
+#include "tools/program/Encoding.h"
+#include "tools/program/FileStart.h"
+#include "tools/program/JsonText.h"
+#include "tools/program/Moment.h"
+#include "tools/program/Table.h"
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+using nlohmann::ordered_json;
+
+struct FontOptions {
+    std::string file;
+    std::optional<DotSize> size; ///< None: that of the font.
+    std::string source;
+    std::string playfile;
+    std::optional<Moment> at;
+    AnswerOptions answers;
+    bool json = false;
+    bool asSource = false;
+    bool header = false;
+    bool quiet = false;
+};
+
+/// That of the numbered font whose file has this name.
+std::optional<CellSize> sizeOfNumberedFont(std::string_view name) {
+    constexpr std::int16_t ordinarySign = 0;
+    constexpr std::int16_t signWithOwnFont = 16;
+    for (std::int16_t number = 0; number < kNumberedFonts; ++number)
+        for (const std::string_view file : {clsFontSizes::FontFile(number, ordinarySign, false),
+                                            clsFontSizes::FontFile(number, ordinarySign, true),
+                                            clsFontSizes::FontFile(number, signWithOwnFont, true)})
+            if (EqualIgnoringAsciiCase(name, file))
+                return clsFontSizes::FontSize(number);
+    return std::nullopt;
+}
+
+/// None after telling why.
+std::optional<Font> loadFont(const FontOptions& options, ErrorLines& errors) {
+    errors.about(options.file);
+    const std::string file = FileStart(options.file, kLargestFontFile);
+    const std::optional<CellSize> size =
+        options.size ? CellSizeOf(*options.size) : sizeOfNumberedFont(SplitPath(options.file).name);
+    std::optional<Font> font =
+        size ? ParseFont(file, size->width, size->height) : ParseFont(file, kSizeFromFile, kSizeFromFile);
+    if (!font)
+        errors.add("ends before its letters start; a font without a header needs --size");
+    return font;
+}
+
+ordered_json jsonOf(const std::string& file, const FontPictures& font) {
+    ordered_json letters = ordered_json::array();
+    for (const LetterPicture& letter : font.letters)
+        letters.push_back({{"code", letter.code},
+                           {"character", CharacterText(letter.code)},
+                           {"width", letter.rows.front().size()},
+                           {"rows", letter.rows}});
+    return {{"file", file},
+            {"width", font.cell.width},
+            {"height", font.cell.height},
+            {"letters", std::move(letters)}};
+}
+
+ExitCode show(const FontOptions& options, Session& session) {
+    const std::optional<Font> font = loadFont(options, session.errors);
+    if (!font)
+        return ExitCode::failed;
+    const FontPictures pictures = PicturesOf(*font);
+    if (options.json)
+        session.out << JsonText(jsonOf(options.file, pictures)) << '\n';
+    else if (options.asSource)
+        session.out << FontPicturesText(pictures);
+    else
+        PrintLetters(session.out, pictures);
+    return ExitCode::done;
+}
+
+/// None after telling why.
+std::optional<FontPictures> readPictures(const std::string& path, ErrorLines& errors) {
+    constexpr std::size_t largest = std::size_t{4} << 20; // twice what pictures of the largest letters take
+    errors.about(path);
+    const std::string source = FileStart(path, largest + 1);
+    if (source.size() <= largest)
+        return ReadFontPictures(source, errors);
+    errors.add("is larger than " + std::to_string(largest) + " bytes");
+    return std::nullopt;
+}
+
+ExitCode make(const FontOptions& options, Session& session) {
+    std::optional<FontPictures> pictures = readPictures(options.source, session.errors);
+    if (pictures && options.size)
+        pictures = Enlarged(*pictures, CellSizeOf(*options.size), session.errors);
+    if (!pictures)
+        return ExitCode::failed;
+    const FontLayout layout = options.header ? FontLayout::header : FontLayout::sized;
+    const std::optional<Font> font = FontOf(*pictures, layout, session.errors);
+    if (!font)
+        return ExitCode::failed;
+    session.errors.about(options.file);
+    ReplacementFile file(platform().files(), options.file);
+    Check(file.write(options.header ? HeaderFontBytes(*font) : SizedFontBytes(*font)));
+    Check(file.commit());
+    if (!options.quiet)
+        session.out << Visible(options.file) << ": " << pictures->letters.size() << " letters of "
+                    << font->width << " x " << font->height << " dots\n";
+    return ExitCode::done;
+}
+
+bool has(const Font& font, unsigned char code) {
+    const std::int32_t offset = font.glyphOffset(static_cast<char>(code));
+    return offset >= 0 && offset < static_cast<std::int32_t>(font.store.size()) &&
+           font.store[static_cast<std::size_t>(offset)] > 0;
+}
+
+ExitCode check(const FontOptions& options, Session& session) {
+    const std::optional<Font> font = loadFont(options, session.errors);
+    FrameInfoClass playfile;
+    if (!font || !OpenPlayfile(playfile, options.playfile, options.answers, session.errors))
+        return ExitCode::failed;
+    session.errors.about("the command table cannot be read or saved");
+    const ScopedMoment moment(options.at);
+    const auto needs = [&] {
+        EveryErrorReporter reporter(session.errors);
+        const ScopedErrorReporter scope(reporter);
+        return NeedsOf(ReadFrames(playfile));
+    }();
+    Table lacking(
+        {{"Code", Table::Align::right}, {"Character"}, {"Times", Table::Align::right}, {"First in"}});
+    std::size_t count = 0;
+    for (const auto& [code, need] : needs)
+        if (!has(*font, code)) {
+            ++count;
+            lacking.addRow({std::to_string(code), Visible(CharacterText(code)), std::to_string(need.times),
+                            "frame " + std::to_string(need.frame) + ", line " + std::to_string(need.line)});
+        }
+    session.errors.about(options.file);
+    if (count == 0) {
+        session.out << Visible(options.file) << " has all " << needs.size() << " characters of "
+                    << Visible(options.playfile) << '\n';
+        return ExitCode::done;
+    }
+    session.out << lacking;
+    session.errors.add("lacks " + std::to_string(count) + " of " + std::to_string(needs.size()) +
+                       " characters of " + options.playfile);
+    return ExitCode::failed;
+}
+
+} // namespace
+
+void AddFontCommand(CLI::App& program, Session& session) {
+    const auto options = std::make_shared<FontOptions>();
+    CLI::App& font = AddCommand(program, "font", "Shows, makes and checks the fonts of signs",
+                                "vistrel font show bin/6x8.cmd");
+    font.require_subcommand(1);
+    const auto add = [&](const char* name, auto run, const char* description, const char* example) {
+        CLI::App& command = AddCommand(font, name, description, example);
+        command.callback([run, options, &session] {
+            session.command = [run, options, &session] { return run(*options, session); };
+        });
+        return &command;
+    };
+    const auto addSize = [&](CLI::App& command, const char* description) {
+        AddSizeOption(command, options->size, kLargestCellSide, description);
+    };
+    const char* const sizeOfFont =
+        "Size of the letters, for a font without a header; known for fonts with the name of a numbered one";
+
+    CLI::App* showCommand =
+        add("show", &show, "Shows all letters of a font", "vistrel font show bin/6x8.cmd");
+    showCommand->add_option("FILE", options->file, "The font")->required();
+    addSize(*showCommand, sizeOfFont);
+    CLI::Option* json = showCommand->add_flag("--json", options->json, "Prints the letters' rows of dots");
+    showCommand->add_flag("--source", options->asSource, R"(Prints pictures that "make" takes)")
+        ->excludes(json);
+
+    CLI::App* makeCommand = add("make", &make, "Makes a font from the pictures of its letters",
+                                "vistrel font make fonts/6x8.txt bin/16x16.cmd --size 16x16");
+    makeCommand
+        ->add_option("SOURCE", options->source, R"(The pictures, "#" and "." under the code of each letter)")
+        ->required();
+    makeCommand->add_option("FILE", options->file, "The font to write")->required();
+    addSize(*makeCommand, "Size to enlarge the letters to, a whole number of times higher");
+    makeCommand->add_flag("--header", options->header,
+                          "Writes size and characters, too; else a font holds the characters 32 to 127");
+    makeCommand->add_flag("--quiet", options->quiet, "Says nothing of a font that is made");
+
+    CLI::App* checkCommand =
+        add("check", &check, "Tells which characters a playfile needs and a font lacks, codes as in previews",
+            "vistrel font check bin/6x8.cmd --for harbour.playfile");
+    checkCommand->add_option("FILE", options->file, "The font")->required();
+    checkCommand->add_option("--for", options->playfile, "The playfile")->required();
+    addSize(*checkCommand, sizeOfFont);
+    AddMomentOption(*checkCommand, options->at);
+    AddAnswerOptions(*checkCommand, options->answers);
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,41 @@
+#include "tools/fonts/FontNeeds.h"
+
+#include "commands/PreviewText.h"
+#include "tools/preview/FramePicture.h"
+
+#include <string_view>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+using Needs = std::map<unsigned char, Need>;
+
+/// Control characters are not meant to be seen.
+void addNeeds(Needs& needs, std::string_view text, std::int32_t frame, std::int32_t line) {
+    constexpr unsigned char firstVisible = 32;
+    for (const char character : text) {
+        const auto code = static_cast<unsigned char>(character);
+        if (code < firstVisible)
+            continue;
+        Need& need = needs[code];
+        if (need.times++ == 0)
+            need = {1, frame, line};
+    }
+}
+
+} // namespace
+
+Needs NeedsOf(const OneBasedArray<FrameRecord>& frames) {
+    Needs needs;
+    TextPreviews texts(0);
+    for (std::int32_t frame = 1; frame <= frames.upperBound(); ++frame) {
+        if (!HasText(frames.at(frame)))
+            continue;
+        const auto& lines = frames.at(frame).lines;
+        for (std::int32_t line = 1; line <= lines.upperBound(); ++line)
+            addNeeds(needs, texts.of(lines.at(line).CurrentLineText), frame, line);
+    }
+    return needs;
+}
+
+} // namespace qrtVistrelClasses4

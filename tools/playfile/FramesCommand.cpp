@@ -1,0 +1,234 @@
+// vistrel frames: frames inserted, deleted, moved and copied.
+#include "frame/Conversions.h"
+#include "playfile/FrameInfoClass.h"
+#include "tools/playfile/Opening.h"
+#include "tools/playfile/Saving.h"
+#include "tools/program/Commands.h"
+#include "tools/program/Decimal.h"
+#include "tools/program/Encoding.h"
+#include "tools/program/JsonText.h"
+
+#include <istream>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+using FrameNumber = Decimal<std::int32_t>;
+
+/// Frame numbers as they were typed, from the first to the last one meant.
+struct FrameRange {
+    // Not an aggregate: options would take those from a single number, too.
+    FrameRange() = default;
+    FrameRange(std::int32_t firstFrame, std::int32_t lastFrame) : first(firstFrame), last(lastFrame) {}
+
+    std::int32_t first = 0;
+    std::int32_t last = 0;
+    std::int32_t count() const { return last - first + 1; }
+};
+
+/// "4" or "3-5".
+std::istream& operator>>(std::istream& in, FrameRange& range) {
+    in >> range.first;
+    range.last = range.first;
+    if (in.good() && in.peek() == '-')
+        in.ignore() >> range.last;
+    return in;
+}
+
+std::string text(const FrameRange& range) {
+    const std::string first = std::to_string(range.first);
+    return range.count() == 1 ? "frame " + first : "frames " + first + " to " + std::to_string(range.last);
+}
+
+struct FramesOptions {
+    std::string file;
+    std::string out; ///< Empty: the playfile itself.
+    AnswerOptions answers;
+    bool json = false;
+
+    FrameNumber at, from, to;
+    FrameRange frames;
+    std::string other;
+    std::optional<FrameRange> framesOfOther; ///< None: all.
+};
+
+/// A number is checked before any frame moves.
+bool isWithin(const char* argument, std::int32_t number, std::int32_t last, ErrorLines& errors) {
+    if (number >= 1 && number <= last)
+        return true;
+    const std::string range = last < 1    ? "there is no frame"
+                              : last == 1 ? "only 1 is allowed"
+                                          : "1 to " + std::to_string(last) + " are allowed";
+    errors.add(std::string(argument) + " is " + std::to_string(number) + ", but " + range);
+    return false;
+}
+
+bool isWithin(const char* argument, const FrameRange& range, FrameInfoClass& playfile, ErrorLines& errors) {
+    const std::int32_t last = playfile.TotalFrames();
+    if (!isWithin(argument, range.first, last, errors) || !isWithin(argument, range.last, last, errors))
+        return false;
+    if (range.first > range.last)
+        errors.add(std::string(argument) + " ends before it begins");
+    return range.first <= range.last;
+}
+
+/// Whether `count` frames more may go in at `at`, which may be one behind the last frame. The library would
+/// leave out what passes the limit.
+bool isRoomAt(std::int32_t at, std::int32_t count, FrameInfoClass& playfile, ErrorLines& errors) {
+    const std::int32_t last = playfile.TotalFrames();
+    if (!isWithin("AT", at, last + 1, errors))
+        return false;
+    const std::int32_t allowed = playfile.TotalFramesAllowed();
+    if (last + count <= allowed)
+        return true;
+    errors.add("there would be " + std::to_string(last + count) + " frames, but at most " +
+               std::to_string(allowed) + " are allowed");
+    return false;
+}
+
+std::shared_ptr<FrameInfoClass> copyOf(const FrameRange& range, FrameInfoClass& playfile) {
+    std::shared_ptr<FrameInfoClass> clipboard;
+    std::int16_t first = NarrowToInt16(range.first);
+    std::int16_t last = NarrowToInt16(range.last);
+    playfile.CopyInfo(first, last, clipboard);
+    return clipboard;
+}
+
+// The edits. Each tells what it has done, or adds an error.
+
+std::string insertFrame(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
+    if (!isRoomAt(options.at.value, 1, playfile, errors))
+        return {};
+    bool behindLast = options.at.value > playfile.TotalFrames();
+    playfile.CurrentFrame(behindLast ? playfile.TotalFrames() : NarrowToInt16(options.at.value));
+    playfile.InsertFrame(behindLast);
+    return "inserted frame " + std::to_string(options.at.value);
+}
+
+std::string deleteFrames(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
+    if (!isWithin("FRAMES", options.frames, playfile, errors))
+        return {};
+    std::int16_t first = NarrowToInt16(options.frames.first);
+    std::int16_t last = NarrowToInt16(options.frames.last);
+    std::shared_ptr<FrameInfoClass> clipboard;
+    playfile.CutInfo(first, last, clipboard);
+    return "deleted " + text(options.frames);
+}
+
+std::string moveFrame(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
+    const std::int32_t last = playfile.TotalFrames();
+    if (!isWithin("FROM", options.from.value, last, errors) ||
+        !isWithin("TO", options.to.value, last, errors))
+        return {};
+    playfile.MoveFrame(NarrowToInt16(options.from.value), NarrowToInt16(options.to.value));
+    return "moved frame " + std::to_string(options.from.value) + " to " + std::to_string(options.to.value);
+}
+
+std::string copyFrames(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
+    if (!isWithin("FRAMES", options.frames, playfile, errors) ||
+        !isRoomAt(options.at.value, options.frames.count(), playfile, errors))
+        return {};
+    playfile.PasteInfo(NarrowToInt16(options.at.value), copyOf(options.frames, playfile).get());
+    return "copied " + text(options.frames) + " to " + std::to_string(options.at.value);
+}
+
+std::string pasteFrames(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
+    FrameInfoClass other;
+    if (!OpenPlayfile(other, options.other, options.answers, errors))
+        return {};
+    const FrameRange range = options.framesOfOther.value_or(FrameRange(1, other.TotalFrames()));
+    if (!isWithin("FRAMES", range, other, errors))
+        return {};
+    const std::shared_ptr<FrameInfoClass> clipboard = copyOf(range, other);
+    errors.about(options.file);
+    if (!isRoomAt(options.at.value, range.count(), playfile, errors))
+        return {};
+    playfile.PasteInfo(NarrowToInt16(options.at.value), clipboard.get());
+    return "pasted " + text(range) + " of " + options.other + " at " + std::to_string(options.at.value);
+}
+
+using Edit = decltype(&insertFrame);
+
+ExitCode editFrames(Edit edit, const FramesOptions& options, Session& session) {
+    FrameInfoClass playfile;
+    if (!OpenPlayfile(playfile, options.file, options.answers, session.errors))
+        return ExitCode::failed;
+    const std::string done = edit(playfile, options, session.errors);
+    if (!session.errors.empty())
+        return ExitCode::failed;
+    const std::string& name = options.out.empty() ? options.file : options.out;
+    const ExitCode code = SavePlayfile(playfile, name, options.answers, session);
+    if (code != ExitCode::done)
+        return code;
+    const std::int16_t count = playfile.TotalFrames();
+    if (options.json)
+        session.out << JsonText({{"file", name}, {"done", done}, {"TotalFrames", count}}) << '\n';
+    else
+        session.out << Visible(name + ": " + done) << "; " << count << (count == 1 ? " frame" : " frames")
+                    << " now\n";
+    return code;
+}
+
+} // namespace
+
+void AddFramesCommand(CLI::App& program, Session& session) {
+    const auto options = std::make_shared<FramesOptions>();
+    CLI::App& frames =
+        AddCommand(program, "frames", "Inserts, deletes, moves and copies frames of a playfile",
+                   "vistrel frames harbour.playfile move 2 5 --out new.playfile");
+    frames.require_subcommand(1);
+    frames
+        .add_option(
+            "FILE", options->file,
+            "The playfile; saved in place unless --out names another file. Files that it names and that "
+            "are found only beside it are saved under that place")
+        ->required();
+    frames.add_option("--out", options->out, "The file to save; one that is there is replaced");
+    AddAnswerOptions(frames, options->answers);
+    frames.add_flag("--json", options->json, "Prints the file, what was done and the number of frames");
+
+    const auto add = [&](const char* name, Edit edit, const char* description, const char* example) {
+        CLI::App& command = AddCommand(frames, name, description, example);
+        command.callback([edit, options, &session] {
+            session.command = [edit, options, &session] { return editFrames(edit, *options, session); };
+        });
+        return &command;
+    };
+    const auto takeAt = [&](CLI::App* command) {
+        command
+            ->add_option("AT", options->at,
+                         "Number, from 1, that the first new frame gets; one more than the last: the end")
+            ->required();
+    };
+    const auto takeFrames = [&](CLI::App* command) {
+        command->add_option("FRAMES", options->frames, "One frame, as 4, or several, as 3-5")->required();
+    };
+
+    takeAt(add("insert", &insertFrame, "Makes room for an empty frame",
+               "vistrel frames harbour.playfile insert 3"));
+    takeFrames(add("delete", &deleteFrames, "Takes frames out; the only frame is emptied instead",
+                   "vistrel frames harbour.playfile delete 3-5"));
+    CLI::App* move = add("move", &moveFrame, "Moves a frame to the place of another",
+                         "vistrel frames harbour.playfile move 2 5");
+    move->add_option("FROM", options->from, "Number of the frame, from 1")->required();
+    move->add_option("TO", options->to, "Number that it has then")->required();
+    CLI::App* copy =
+        add("copy", &copyFrames,
+            "Puts copies of frames elsewhere; merging of lines and their fixed number are not copied",
+            "vistrel frames harbour.playfile copy 3-5 10");
+    takeFrames(copy);
+    takeAt(copy);
+    CLI::App* paste = add(
+        "paste", &pasteFrames,
+        "Puts copies of another playfile's frames in; merging of lines and their fixed number are not copied",
+        "vistrel frames harbour.playfile paste plant.playfile 1 --frames 3-5");
+    paste->add_option("OTHER", options->other, "The other playfile")->required();
+    takeAt(paste);
+    paste->add_option("--frames", options->framesOfOther,
+                      "One frame of it, as 4, or several, as 3-5; else all");
+}
+
+} // namespace qrtVistrelClasses4

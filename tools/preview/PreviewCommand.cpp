@@ -1,0 +1,209 @@
+// vistrel preview: frames as the sign shows them.
+#include "platform/Platform.h"
+#include "platform/ReplacementFile.h"
+#include "platform/posix/StandardStreams.h"
+#include "tools/playfile/Opening.h"
+#include "tools/preview/FramePicture.h"
+#include "tools/preview/FrameSheet.h"
+#include "tools/preview/LedPicture.h"
+#include "tools/preview/PngFile.h"
+#include "tools/preview/TerminalPicture.h"
+#include "tools/program/Commands.h"
+#include "tools/program/Encoding.h"
+#include "tools/program/Moment.h"
+
+#include <limits>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr int kMost16Bit = std::numeric_limits<std::int16_t>::max();
+
+constexpr int kLargestScale = 64;
+constexpr int kScaleOfFrame = 6;
+constexpr int kScaleOfSheet = 3;
+
+constexpr std::int64_t kMostPixels = 100'000'000;
+constexpr std::int64_t kMostDotsInText = 4'000'000;
+constexpr std::int64_t kLargestSide = 1'000'000; ///< Of a PNG, by its library.
+
+struct PreviewOptions {
+    std::string file;
+    std::int16_t frame = 1;
+    bool sheet = false;
+    std::optional<DotSize> size;
+    std::string sign;
+    int scale = 0;   ///< 0: what suits.
+    std::string out; ///< Empty: the terminal.
+    std::optional<Moment> at;
+    AnswerOptions answers;
+};
+
+/// The errors are about the playfile `name` when the painter paints.
+FramePainter makePainter(const SignLook& sign, const std::string& name, ErrorLines& errors) {
+    errors.about("the command table cannot be read or saved");
+    EveryErrorReporter reporter(errors);
+    const ScopedErrorReporter scope(reporter);
+    FramePainter painter(sign, errors);
+    errors.about(name);
+    return painter;
+}
+
+/// One run of the command, on an open playfile.
+class Preview {
+public:
+    Preview(const PreviewOptions& options, const SignLook& sign, OneBasedArray<FrameRecord> frames,
+            Session& session)
+        : options_(options), session_(session), frames_(std::move(frames)),
+          painter_(makePainter(sign, options.file, session.errors)),
+          first_(options.sheet ? 1 : options.frame),
+          last_(options.sheet ? frames_.upperBound() : options.frame),
+          size_(options.size ? *options.size
+                : sign.size  ? *sign.size
+                             : painter_.sizeFor(frames_)) {}
+
+    ExitCode run() {
+        if (options_.out.empty())
+            return print();
+        return options_.sheet ? drawSheet() : drawFrame();
+    }
+
+private:
+    using Show = FramePainter::Show;
+    void show(const Show& show) { painter_.show(frames_, first_, last_, size_, show); }
+
+    std::string caption(std::int32_t number) const {
+        return std::to_string(number) + "  " + frames_.at(number).FrameName;
+    }
+    int scaleOr(int usual) const { return options_.scale > 0 ? options_.scale : usual; }
+
+    static bool fits(std::int64_t width, std::int64_t height) {
+        return width <= kLargestSide && height <= kLargestSide && width * height <= kMostPixels;
+    }
+    /// False after telling that so many pixels are too many.
+    bool isDrawable(std::int64_t width, std::int64_t height) {
+        if (fits(width, height))
+            return true;
+        session_.errors.add("a picture of " + std::to_string(width) + " x " + std::to_string(height) +
+                            " pixels is too large: at most " + std::to_string(kMostPixels) +
+                            " are drawn, and " + std::to_string(kLargestSide) + " along a side");
+        return false;
+    }
+
+    ExitCode print() {
+        const std::int64_t count = std::int64_t{size_.width} * size_.height * (last_ - first_ + 1);
+        if (count > kMostDotsInText) {
+            session_.errors.add(std::to_string(count) + " dots are too many for text: at most " +
+                                std::to_string(kMostDotsInText) + " are printed, more in a file with --out");
+            return ExitCode::failed;
+        }
+        const bool isTerminal = IsTerminal(StandardStream::output);
+        show([&](std::int32_t number, const PixelBuffer& dots) {
+            if (options_.sheet)
+                session_.out << Visible(Utf8FromAnsi(caption(number))) << '\n';
+            (isTerminal ? PrintColoredDots : PrintPlainDots)(session_.out, dots);
+        });
+        return ExitCode::done;
+    }
+
+    ExitCode drawFrame() {
+        LedPainter leds(scaleOr(kScaleOfFrame));
+        const std::int64_t width = leds.sizeOf(size_.width);
+        const std::int64_t height = leds.sizeOf(size_.height);
+        if (!isDrawable(width, height))
+            return ExitCode::failed;
+        PixelBuffer picture(static_cast<std::int32_t>(width), static_cast<std::int32_t>(height));
+        show([&](std::int32_t, const PixelBuffer& dots) { leds.draw(dots, picture, 0, 0); });
+        return save(picture, "frame " + std::to_string(first_));
+    }
+
+    ExitCode drawSheet() {
+        const std::int32_t count = last_;
+        FrameSheet sheet(count, size_, scaleOr(kScaleOfSheet));
+        for (int scale = kScaleOfSheet - 1;
+             scale >= 1 && !options_.scale && !fits(sheet.width(), sheet.height()); --scale)
+            sheet = FrameSheet(count, size_, scale);
+        if (!isDrawable(sheet.width(), sheet.height()))
+            return ExitCode::failed;
+        PixelBuffer picture = sheet.empty();
+        const auto captions = painter_.fonts().find(0, {});
+        show([&](std::int32_t number, const PixelBuffer& dots) {
+            sheet.add(caption(number), dots, *captions, picture);
+        });
+        return save(picture, std::to_string(count) + (count == 1 ? " frame" : " frames"));
+    }
+
+    ExitCode save(const PixelBuffer& picture, const std::string& what) {
+        const std::string bytes = EncodePng(picture);
+        session_.errors.about(options_.out);
+        ReplacementFile file(platform().files(), options_.out);
+        Check(file.write(bytes));
+        Check(file.commit());
+        session_.out << Visible(options_.out) << ": " << what << ", " << size_.width << " x " << size_.height
+                     << " dots, " << picture.width() << " x " << picture.height() << " pixels\n";
+        return ExitCode::done;
+    }
+
+    const PreviewOptions& options_;
+    Session& session_;
+    OneBasedArray<FrameRecord> frames_;
+    FramePainter painter_;
+    std::int32_t first_;
+    std::int32_t last_;
+    DotSize size_;
+};
+
+ExitCode preview(const PreviewOptions& options, Session& session) {
+    SignLook sign;
+    if (!options.sign.empty()) {
+        const auto found = FindSignLook(options.sign, session.errors);
+        if (!found)
+            return ExitCode::failed;
+        sign = *found;
+    }
+    FrameInfoClass playfile;
+    if (!OpenPlayfile(playfile, options.file, options.answers, session.errors))
+        return ExitCode::failed;
+    const std::int16_t last = playfile.TotalFrames();
+    if (const std::int16_t wanted = options.sheet ? std::int16_t{1} : options.frame; wanted > last) {
+        session.errors.add("there is no frame " + std::to_string(wanted) + ", the last one is " +
+                           std::to_string(last));
+        return ExitCode::failed;
+    }
+    const ScopedMoment moment(options.at);
+    return Preview(options, sign, ReadFrames(playfile), session).run();
+}
+
+} // namespace
+
+void AddPreviewCommand(CLI::App& program, Session& session) {
+    CLI::App& command = AddCommand(program, "preview", "Shows frames of a playfile as a sign does",
+                                   "vistrel preview harbour.playfile --sheet --out harbour.png");
+    const auto options = std::make_shared<PreviewOptions>();
+    command.add_option("FILE", options->file, "The playfile")->required();
+    auto* frame = command.add_option("--frame", options->frame, "The frame to show, from 1; else the first")
+                      ->check(CLI::Range(1, kMost16Bit));
+    command.add_flag("--sheet", options->sheet, "Shows all frames, with their numbers and names")
+        ->excludes(frame);
+    AddSizeOption(command, options->size, kMost16Bit,
+                  "Dots of the sign, from 1x1 to 32767x32767; else the size of --sign, else one that takes "
+                  "all texts that stand still, and pictures, of the playfile, up to 512x128");
+    command.add_option("--sign", options->sign,
+                       "Name of a sign in the list of signs, whose size, type and colours are taken; else an "
+                       "amber one");
+    auto* out = command.add_option("--out", options->out,
+                                   "PNG file to write the picture to; else it goes to the terminal, or in "
+                                   "plain letters to where output goes");
+    command
+        .add_option("--scale", options->scale,
+                    "Pixels from one dot to the next; else 6, in a sheet 3 or as many as it allows")
+        ->check(CLI::Range(1, kLargestScale))
+        ->needs(out);
+    AddMomentOption(command, options->at);
+    AddAnswerOptions(command, options->answers);
+    command.callback([options, &session] {
+        session.command = [options, &session] { return preview(*options, session); };
+    });
+}
+
+} // namespace qrtVistrelClasses4

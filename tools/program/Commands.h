@@ -1,0 +1,64 @@
+// The program's commands, each in a file of its own.
+#pragma once
+
+#include "tools/program/ErrorLines.h"
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <memory>
+#include <ostream>
+#include <string>
+
+namespace qrtVistrelClasses4 {
+
+enum class ExitCode { done = 0, failed = 1, wrongUsage = 2 };
+
+/// One run of the program.
+struct Session {
+    /// What the command shows; printed when it has ended, or when there is much of it.
+    std::ostream& out;
+    /// Printed behind it. With any, a command that is done has failed.
+    ErrorLines errors;
+    /// The command that the arguments ask for.
+    std::function<ExitCode()> command;
+};
+
+/// Help that starts with an example of use.
+class ExampleFirst final : public CLI::Formatter {
+public:
+    explicit ExampleFirst(std::string example) : example_(std::move(example)) {}
+    std::string make_help(const CLI::App* app, std::string name, CLI::AppFormatMode mode) const override {
+        return "Example: " + example_ + "\n\n" + CLI::Formatter::make_help(app, std::move(name), mode);
+    }
+
+private:
+    std::string example_;
+};
+
+/// A new command below `parent`, which may itself be one.
+inline CLI::App& AddCommand(CLI::App& parent, const std::string& name, const std::string& description,
+                            const std::string& example) {
+    CLI::App* command = parent.add_subcommand(name, description);
+    command->formatter(std::make_shared<ExampleFirst>(example));
+    command->fallthrough(); // so that "--home" may stand anywhere
+    command->footer("As with every command, --home DIR keeps it to the settings and files of that folder.");
+    return *command;
+}
+
+void AddShowCommand(CLI::App& program, Session& session);
+void AddSaveCommand(CLI::App& program, Session& session);
+void AddExportCommand(CLI::App& program, Session& session);
+void AddPreviewCommand(CLI::App& program, Session& session);
+void AddFramesCommand(CLI::App& program, Session& session);
+void AddConvertCommand(CLI::App& program, Session& session);
+void AddInspectCommand(CLI::App& program, Session& session);
+void AddSignsCommand(CLI::App& program, Session& session);
+void AddCommandsCommand(CLI::App& program, Session& session);
+void AddTextCommand(CLI::App& program, Session& session);
+void AddRecentCommand(CLI::App& program, Session& session);
+void AddSettingsCommand(CLI::App& program, Session& session);
+void AddEffectsCommand(CLI::App& program, Session& session);
+void AddFontCommand(CLI::App& program, Session& session);
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,15 @@
+#include "tools/program/FileStart.h"
+
+#include "frame/RuntimeError.h"
+#include "platform/Platform.h"
+
+namespace qrtVistrelClasses4 {
+
+std::string FileStart(const std::string& path, std::size_t most) {
+    const auto file = ValueOf(platform().files().openToRead(path));
+    std::string bytes(most, '\0');
+    bytes.resize(ValueOf(file->readAt(0, bytes)));
+    return bytes;
+}
+
+} // namespace qrtVistrelClasses4
