@@ -1,24 +1,24 @@
-#include "fonts/PixelBuffer.h"
+#include "frame/Raster.h"
 
 #include <algorithm>
 
 namespace qrtVistrelClasses4 {
 
-PixelBuffer::PixelBuffer(std::int32_t width, std::int32_t height, Color backColor)
-    : width_(std::max(width, 0)), height_(std::max(height, 0)), backColor_(backColor),
-      pixels_(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_), backColor) {}
+Raster::Raster(std::int32_t width, std::int32_t height, Color color)
+    : width_(std::max(width, 0)), height_(std::max(height, 0)),
+      pixels_(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_), color) {}
 
-std::span<Color> PixelBuffer::row(std::int32_t y) {
+std::span<Color> Raster::row(std::int32_t y) {
     const auto width = static_cast<std::size_t>(width_);
     return std::span(pixels_).subspan(static_cast<std::size_t>(y) * width, width);
 }
 
-std::span<const Color> PixelBuffer::row(std::int32_t y) const {
+std::span<const Color> Raster::row(std::int32_t y) const {
     const auto width = static_cast<std::size_t>(width_);
     return std::span(pixels_).subspan(static_cast<std::size_t>(y) * width, width);
 }
 
-void PixelBuffer::fill(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height, Color color) {
+void Raster::fill(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height, Color color) {
     const Area area = inside(x, y, width, height);
     if (area.isEmpty())
         return;
@@ -27,7 +27,7 @@ void PixelBuffer::fill(std::int32_t x, std::int32_t y, std::int32_t width, std::
         std::fill_n(row, area.right - area.left, color);
 }
 
-void PixelBuffer::repeatRow(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height) {
+void Raster::repeatRow(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height) {
     const Area area = inside(x, y, width, height);
     if (area.isEmpty())
         return;
@@ -36,8 +36,7 @@ void PixelBuffer::repeatRow(std::int32_t x, std::int32_t y, std::int32_t width, 
         std::copy_n(first, area.right - area.left, pixel(area.left, line));
 }
 
-PixelBuffer::Area PixelBuffer::inside(std::int32_t x, std::int32_t y, std::int32_t width,
-                                      std::int32_t height) const {
+Raster::Area Raster::inside(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height) const {
     const auto end = [](std::int32_t start, std::int32_t size, std::int32_t limit) {
         return static_cast<std::int32_t>(std::min<std::int64_t>(std::int64_t{start} + size, limit));
     };
