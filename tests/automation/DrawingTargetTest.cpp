@@ -6,7 +6,7 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-std::vector<Color> pixelsOf(PixelBuffer& buffer) {
+std::vector<Color> pixelsOf(const Raster& buffer) {
     std::vector<Color> pixels;
     for (std::int32_t y = 0; y < buffer.height(); ++y)
         pixels.insert(pixels.end(), buffer.row(y).begin(), buffer.row(y).end());
@@ -71,17 +71,14 @@ protected:
 };
 
 TEST_F(DrawingTargetOfHost, ShowsWhatABufferShows) {
-    TestHost host;
-    classFontMaster fonts;
     Font font{16, 16, {}};
     Texts triangle;
     for (std::size_t width = 1; width <= 16; ++width)
         triangle.emplace_back(width, '#');
     for (const int ownWidth : {13, 1, 16})
         AddLetter(font, static_cast<char>('A' + font.characters.size()), triangle, ownWidth);
-    Load(host, fonts, font);
-    fonts.MagTimes(3);
-    for (const auto background : {std::int16_t{0}, std::int16_t{-1}})
+    const Lettering lettering{font, 3, kFontColor};
+    for (const bool background : {false, true})
         for (const bool onBitmap : {false, true}) {
             SCOPED_TRACE(testing::Message() << background << " " << onBitmap);
             PixelBuffer buffer = UntouchedPixels(150, 50);
@@ -91,14 +88,12 @@ TEST_F(DrawingTargetOfHost, ShowsWhatABufferShows) {
             HostDrawingTarget target(box_.Get());
             for (DrawingTarget* drawn :
                  {static_cast<DrawingTarget*>(&buffer), static_cast<DrawingTarget*>(&target)}) {
-                std::int32_t advance = 0;
-                fonts.DrawText("ABCA", *drawn, -20, -5, background, onBitmap, advance);
-                fonts.HilightSelection("ABCA", *drawn, -20, -5, 3, 3, onBitmap);
+                DrawLetters(lettering, "ABCA", {*drawn, -20, -5, onBitmap}, background);
+                DrawSelection(lettering, "ABCA", {*drawn, -20, -5, onBitmap}, 3, 3);
             }
             EXPECT_TRUE(picture.pixels() == pixelsOf(buffer));
             EXPECT_EQ(box_->bitmapUsers, 0);
         }
-    EXPECT_TRUE(host.reports.all.empty());
 }
 
 TEST_F(DrawingTargetOfHost, KnowsTheColoursOfTheSystem) {

@@ -1,6 +1,8 @@
-#include "fonts/DotPainter.h"
+#include "fonts/TextDrawing.h"
 
 #include "FontTesting.h"
+#include "fonts/DotPainter.h"
+#include "frame/RuntimeError.h"
 
 #include <functional>
 #include <limits>
@@ -9,29 +11,29 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// A target that can only set pixels, and notes how it is used.
+/// A target that can only set pixels, and records how it is used.
 class ForeignTarget final : public DrawingTarget, private DeviceContext {
 public:
     explicit ForeignTarget(PixelBuffer& pixels) : pixels_(pixels) {}
 
     std::string ClassName() const override { return "PictureBox"; }
-    DeviceContext& GetBitmapDC() override { return note("GetBitmapDC"); }
-    void ReleaseBitmapDC() noexcept override { note("ReleaseBitmapDC"); }
-    DeviceContext& hdc() override { return note("hdc"); }
+    DeviceContext& GetBitmapDC() override { return record("GetBitmapDC"); }
+    void ReleaseBitmapDC() noexcept override { record("ReleaseBitmapDC"); }
+    DeviceContext& hdc() override { return record("hdc"); }
     Color BackColor() override { return kBackColor; }
     Texts takeCalls() { return std::exchange(calls_, {}); }
 
     bool refuses = false; ///< Pixels.
 
 private:
-    DeviceContext& note(const std::string& call) {
+    DeviceContext& record(const std::string& call) {
         calls_.push_back(call);
         return *this;
     }
     void SetPixel(std::int32_t x, std::int32_t y, Color color) override {
         if (refuses)
             throw RuntimeError(438, "Object doesn't support this property or method");
-        note((color == kFontColor ? "font " : "back ") + std::to_string(x) + " " + std::to_string(y));
+        record((color == kFontColor ? "font " : "back ") + std::to_string(x) + " " + std::to_string(y));
         pixels_.fill(x, y, 1, 1, color);
     }
 
@@ -39,43 +41,29 @@ private:
     Texts calls_;
 };
 
-class Drawing : public HostTest {
-protected:
-    void load(const Font& font) { Load(host_, fonts_, font); }
-    /// Draws a letter and gives its advance.
-    std::int32_t draw(const std::string& letter, DrawingTarget& target, bool background = false,
-                      bool useBitmapDC = false, float x = 0, float y = 0) {
-        std::int32_t advance = 99;
-        fonts_.DrawLetter(letter, target, x, y, background ? -1 : 0, useBitmapDC ? -1 : 0, advance);
-        return advance;
-    }
-
-    classFontMaster fonts_;
-};
-
 // What can be drawn.
-using Act = std::function<void(classFontMaster&, DrawingTarget&)>;
+using Act = std::function<void(const Lettering&, DrawingTarget&)>;
 
 Act text(const std::string& letters, bool background = true, float x = 0, float y = 0) {
-    return [=](classFontMaster& fonts, DrawingTarget& target) {
-        std::int32_t advance = 99;
-        fonts.DrawText(letters, target, x, y, background ? 1 : 0, 0, advance);
-        EXPECT_EQ(advance, fonts.TextWidth(letters));
+    return [=](const Lettering& lettering, DrawingTarget& target) {
+        EXPECT_EQ(DrawLetters(lettering, letters, {target, x, y}, background), WidthOf(lettering, letters));
     };
 }
-Act selection(const std::string& letters, std::int16_t first, std::int16_t last) {
-    return [=](classFontMaster& fonts, DrawingTarget& target) {
-        fonts.HilightSelection(letters, target, 0, 0, first, last, 0);
+Act selection(const std::string& letters, int first, int last) {
+    return [=](const Lettering& lettering, DrawingTarget& target) {
+        DrawSelection(lettering, letters, {target}, first, last);
     };
 }
-Act mark(const std::string& letters, std::int16_t index, int times = 1) {
-    return [=](classFontMaster& fonts, DrawingTarget& target) {
-        for (int turn = 0; turn < times; ++turn)
-            fonts.CycleIndexMarker(letters, target, 0, 0, index, 0);
+/// Shows a mark, and hides it again if `isHidden`.
+Act mark(const std::string& letters, int index, bool isHidden = false) {
+    return [=](const Lettering& lettering, DrawingTarget& target) {
+        DrawIndexMarker(lettering, letters, {target}, index, true);
+        if (isHidden)
+            DrawIndexMarker(lettering, letters, {target}, index, false);
     };
 }
 
-TEST_F(Drawing, ShowsTheSameDotsOnEveryTarget) {
+TEST(Drawing, ShowsTheSameDotsOnEveryTarget) {
     const Font small = FontOf(6, {"#.#", "...", "##."});
     const Font nine = FontOf(16, {"#.......#"}, 12);
     const Font wide = FontOf(33, {std::string(33, '#')}), cell100 = FontOf(100, {"#"}, 101);
@@ -114,85 +102,79 @@ TEST_F(Drawing, ShowsTheSameDotsOnEveryTarget) {
         {"a gap without dots in the font", block, selection("A", 1, 1), {"-................###-"}},
         {"a selection of more than there is", low, selection("N.", -5, 99), {"-.#.##-", "-...#.-"}},
         {"a mark not before the front", low, mark("N.", -7), {"#---", "#---"}},
-        {"which is hidden again", low, mark("N.", -7, 2), {".---", ".---"}},
-        {"a mark on a letter's dots", low, mark("N.", 2, 2), {"---#-", "---#-"}},
-        {"a mark behind what takes no room", low, mark("N.0?", 99, 2), {"-----.", "-----#"}},
-        {"a mark in a gap", tall, mark("AI", 2, 2), {"------.-", "------.-"}},
+        {"which is hidden again", low, mark("N.", -7, true), {".---", ".---"}},
+        {"a mark on a letter's dots", low, mark("N.", 2, true), {"---#-", "---#-"}},
+        {"a mark behind what takes no room", low, mark("N.0?", 99, true), {"-----.", "-----#"}},
+        {"a mark in a gap", tall, mark("AI", 2, true), {"------.-", "------.-"}},
     };
     for (const auto& row : cases) {
         const auto width = static_cast<std::int32_t>(row.picture[0].size());
         const auto height = static_cast<std::int32_t>(row.picture.size());
         PixelBuffer pixels = UntouchedPixels(width, height), foreignPixels = pixels;
         ForeignTarget foreign(foreignPixels);
-        for (DrawingTarget* target : std::initializer_list<DrawingTarget*>{&pixels, &foreign}) {
-            fonts_ = {};
-            fonts_.MagTimes(row.magnification);
-            load(row.font);
-            row.act(fonts_, *target);
-        }
+        for (DrawingTarget* target : std::initializer_list<DrawingTarget*>{&pixels, &foreign})
+            row.act({row.font, row.magnification, kFontColor}, *target);
         EXPECT_EQ(PictureOf(pixels), row.picture) << row.why;
-        EXPECT_EQ(PictureOf(foreignPixels), row.picture) << "pixel by pixel: " << row.why;
+        EXPECT_EQ(foreignPixels, pixels) << "pixel by pixel: " << row.why;
     }
 }
 
-TEST_F(Drawing, TellsWhereTheNextLetterStarts) {
-    const std::tuple<std::int16_t, std::int16_t, std::int16_t, std::int32_t> cases[] = {
+TEST(Drawing, ReturnsWhereTheNextLetterStarts) {
+    const std::tuple<std::int16_t, std::int16_t, std::int16_t, std::int64_t> cases[] = {
         {6, 8, 3, 18}, {6, 9, 1, 9},   {24, 32, 2, 54}, {255, 16, 32767, 8453886},
         {0, 8, 4, 0},  {0, 16, 4, 12}, {6, 16, -1, -9}};
     PixelBuffer none(0, 0);
     for (const auto& [width, height, magnification, advance] : cases) {
-        load(FontOf(width, Texts(height, std::string(width, '.'))));
-        fonts_.MagTimes(magnification);
-        EXPECT_EQ(draw("A", none), advance) << width;
-        EXPECT_EQ(fonts_.LetterWidth("AAA"), advance) << "the first alone";
-        EXPECT_EQ(fonts_.TextWidth("ABAA"), 3 * advance) << "B has no glyph";
-        EXPECT_EQ(draw("B", none) + draw("", none), 0);
+        const Font font = FontOf(width, Texts(height, std::string(width, '.')));
+        const Lettering lettering{font, magnification};
+        EXPECT_EQ(DrawLetters(lettering, "A", {none}, false), advance) << width;
+        EXPECT_EQ(WidthOf(lettering, "ABAA"), 3 * advance) << "B has no glyph";
+        EXPECT_EQ(DrawLetters(lettering, "B", {none}, false), 0);
     }
-    EXPECT_EQ(fonts_.GlyphOffset(""), -1);
 }
 
-TEST_F(Drawing, EndsWhereTheStoreEnds) {
+TEST(Drawing, EndsWhereTheStoreEnds) {
     Font font{24, 24, std::string(225, '\0')};
     std::iota(font.characters.begin(), font.characters.end(), '\0');
-    font.store.fill(0xff);
-    load(font); // records of 73 bytes, the last but one of which starts 22 bytes before the end
+    font.store.fill(0xff); // records of 73 bytes, the last but one of which starts 22 bytes before the end
     PixelBuffer pixels = UntouchedPixels(10, 24);
-    EXPECT_EQ(draw("\xdf", pixels, true), 258);
-    EXPECT_EQ(draw("\xe0", pixels, true), 0);
+    EXPECT_EQ(DrawLetters({font, 1, kFontColor}, "\xdf", {pixels}, true), 258);
+    EXPECT_EQ(DrawLetters({font, 1, kFontColor}, "\xe0", {pixels}, true), 0);
     Texts picture(24, "-########-");
     picture[21] = picture[22] = picture[23] = "----------";
     EXPECT_EQ(PictureOf(pixels), picture);
 }
 
-TEST_F(Drawing, UsesATargetOfTheHostPixelByPixel) {
-    load(FontOf(6, {".#"}));
-    fonts_.MagTimes(2);
+TEST(Drawing, UsesATargetOfTheHostPixelByPixel) {
+    const Font font = FontOf(6, {".#"});
+    const Lettering lettering{font, 2, kFontColor};
     PixelBuffer pixels(6, 2);
     ForeignTarget target(pixels);
-    draw("A", target);
-    draw("B", target); // no glyph, no use of the target
+    DrawLetters(lettering, "A", {target}, false);
+    DrawLetters(lettering, "B", {target}, false); // no glyph, no use of the target
     EXPECT_EQ(target.takeCalls(), (Texts{"hdc", "font 4 0", "font 5 0", "font 4 1", "font 5 1"}));
-    draw("A", target, true, true);
+    DrawLetters(lettering, "A", {target, 0, 0, true}, true);
     EXPECT_EQ(target.takeCalls(), (Texts{"GetBitmapDC", "back 2 0", "back 3 0", "back 2 1", "back 3 1",
                                          "font 4 0", "font 5 0", "font 4 1", "font 5 1", "ReleaseBitmapDC"}));
     target.refuses = true;
-    EXPECT_EQ(draw("A", target, false, true), 0);
-    EXPECT_EQ(takeErrors(), Numbers{438});
+    EXPECT_THROW(DrawLetters(lettering, "A", {target, 0, 0, true}, false), RuntimeError);
     EXPECT_EQ(target.takeCalls(), (Texts{"GetBitmapDC", "ReleaseBitmapDC"})) << "the host gets it back";
 }
 
-TEST_F(Drawing, TrapsPlacesBeyondAllPixels) {
-    load(FontOf(6, {"#"}));
+TEST(Drawing, RefusesPlacesBeyondAllPixels) {
+    const Font font = FontOf(6, {"#"});
     PixelBuffer pixels(6, 2);
     constexpr float farAway = 2147483520; // the last one that 32 bits hold
-    const std::tuple<float, float, std::int16_t, Numbers> cases[] = {
-        {farAway, 0, 1, {}},        {2147483648.0F, 0, 1, {6}},
-        {farAway, 0, 100, {6}},     {0, farAway, 200, {6}},
-        {-2147483648.0F, 0, 1, {}}, {std::numeric_limits<float>::quiet_NaN(), 0, 1, {6}}};
-    for (const auto& [x, y, magnification, errors] : cases) {
-        fonts_.MagTimes(magnification);
-        draw("A", pixels, false, false, x, y);
-        EXPECT_EQ(takeErrors(), errors) << x << ' ' << y;
+    const std::tuple<float, float, std::int16_t, bool> cases[] = {
+        {farAway, 0, 1, true},        {2147483648.0F, 0, 1, false},
+        {farAway, 0, 100, false},     {0, farAway, 200, false},
+        {-2147483648.0F, 0, 1, true}, {std::numeric_limits<float>::quiet_NaN(), 0, 1, false}};
+    for (const auto& [x, y, magnification, isDrawn] : cases) {
+        const auto draw = [&] { DrawLetters({font, magnification}, "A", {pixels, x, y}, false); };
+        if (isDrawn)
+            EXPECT_NO_THROW(draw()) << x << ' ' << y;
+        else
+            EXPECT_THROW(draw(), RuntimeError) << x << ' ' << y;
     }
 }
 
@@ -207,7 +189,7 @@ TEST(PixelBuffer, TakesPixelsOneByOneAsWell) {
     EXPECT_EQ(pixels.row(0)[1], target.BackColor());
 }
 
-TEST(DotPainter, PassesOverWhatNeitherShowsNorFails) {
+TEST(DotPainter, SkipsWhatNeitherShowsNorFails) {
     PixelBuffer pixels = UntouchedPixels(8, 2);
     ForeignTarget foreign(pixels);
     constexpr float farAway = 2147483520; // 127 before the last one that 32 bits hold

@@ -9,7 +9,7 @@
 #include "tools/fonts/FontPictures.h"
 #include "tools/fonts/FontScaling.h"
 #include "tools/playfile/Opening.h"
-#include "tools/preview/FramePicture.h"
+#include "tools/preview/ReadFrames.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/FileStart.h"
@@ -120,9 +120,9 @@ ExitCode make(const FontOptions& options, Session& session) {
 }
 
 bool has(const Font& font, unsigned char code) {
-    const std::int32_t offset = font.glyphOffset(static_cast<char>(code));
-    return offset >= 0 && offset < static_cast<std::int32_t>(font.store.size()) &&
-           font.store[static_cast<std::size_t>(offset)] > 0;
+    const auto offset = font.glyphOffset(static_cast<char>(code));
+    return offset && *offset >= 0 && *offset < static_cast<std::int32_t>(font.store.size()) &&
+           font.store[static_cast<std::size_t>(*offset)] > 0;
 }
 
 ExitCode check(const FontOptions& options, Session& session) {

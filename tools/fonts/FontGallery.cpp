@@ -13,7 +13,7 @@ namespace {
 class Gallery {
 public:
     explicit Gallery(int height)
-        : gap_(height > kHighestWithOwnGap ? kGapBehindLetters : 0),
+        : gap_(height > kHighestWithOwnGap ? kGapAfterLetters : 0),
           lines_((static_cast<std::size_t>(height) + 1) / 2) {}
 
     std::size_t width() const { return WidthOf(characters_); }

@@ -1,7 +1,7 @@
 #include "tools/fonts/FontNeeds.h"
 
 #include "commands/PreviewText.h"
-#include "tools/preview/FramePicture.h"
+#include "preview/FramePainter.h"
 
 #include <string_view>
 

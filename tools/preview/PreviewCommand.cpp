@@ -1,16 +1,22 @@
 // vistrel preview: frames as the sign shows them.
+#include "displays/DisplayRecord.h"
+#include "frame/Conversions.h"
+#include "media/BmpFile.h"
+#include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
 #include "platform/posix/StandardStreams.h"
+#include "preview/FramePainter.h"
+#include "preview/FrameSheet.h"
 #include "tools/playfile/Opening.h"
-#include "tools/preview/FramePicture.h"
-#include "tools/preview/FrameSheet.h"
-#include "tools/preview/LedPicture.h"
 #include "tools/preview/PngFile.h"
+#include "tools/preview/ReadFrames.h"
 #include "tools/preview/TerminalPicture.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/Moment.h"
+#include "tools/program/Size.h"
+#include "tools/signs/SignList.h"
 
 #include <limits>
 
@@ -33,20 +39,48 @@ struct PreviewOptions {
     bool sheet = false;
     std::optional<DotSize> size;
     std::string sign;
-    int scale = 0;   ///< 0: what suits.
-    std::string out; ///< Empty: the terminal.
+    int scale = 0;   ///< 0 for the usual one.
+    std::string out; ///< Empty for the terminal.
     std::optional<Moment> at;
     AnswerOptions answers;
 };
 
-/// The errors are about the playfile `name` when the painter paints.
-FramePainter makePainter(const SignLook& sign, const std::string& name, ErrorLines& errors) {
+FramePainter makePainter(const SignLook& sign, ErrorLines& errors) {
     errors.about("the command table cannot be read or saved");
     EveryErrorReporter reporter(errors);
     const ScopedErrorReporter scope(reporter);
-    FramePainter painter(sign, errors);
-    errors.about(name);
-    return painter;
+    return FramePainter(sign);
+}
+
+/// The sign of the typed name. Nothing, and an error, if the list of signs does not have it.
+std::optional<SignLook> findSignLook(const std::string& typed, ErrorLines& errors) {
+    SignList list;
+    DisplayDatabaseClass& signs = list.signs;
+    if (!SelectSign(signs, typed, errors))
+        return std::nullopt;
+    DisplayRecord sign;
+    sign.DefaultColor = signs.DefaultColor();
+    sign.IsDisplayColor = signs.IsDisplayColor();
+    sign.DisplayType = TextToInt16(signs.DisplayType());
+    sign.DisplayWidth = signs.DisplayWidth();
+    sign.DisplayHeight = signs.DisplayHeight();
+    return SignLookOf(sign);
+}
+
+void addFault(const PreviewFault& fault, ErrorLines& errors) {
+    using enum PreviewFault::What;
+    if (fault.error)
+        errors.add(*fault.error);
+    for (const std::string& message : fault.messages)
+        errors.add(fault.what == customFont ? Utf8FromAnsi(message) : message);
+    if (fault.what == unnamedFont)
+        errors.add("a line has a custom font, but names none");
+    if (fault.what == unknownFontNumber)
+        errors.add("there is no font " + fault.name);
+    if (fault.what == picture)
+        errors.add(Utf8FromAnsi(SplitPath(fault.name).name) +
+                   " cannot be drawn: it is no uncompressed BMP of up to " + std::to_string(kLargestBmpSide) +
+                   " x " + std::to_string(kLargestBmpSide) + " pixels");
 }
 
 /// One run of the command, on an open playfile.
@@ -55,22 +89,29 @@ public:
     Preview(const PreviewOptions& options, const SignLook& sign, OneBasedArray<FrameRecord> frames,
             Session& session)
         : options_(options), session_(session), frames_(std::move(frames)),
-          painter_(makePainter(sign, options.file, session.errors)),
-          first_(options.sheet ? 1 : options.frame),
+          painter_(makePainter(sign, session.errors)), first_(options.sheet ? 1 : options.frame),
           last_(options.sheet ? frames_.upperBound() : options.frame),
           size_(options.size ? *options.size
                 : sign.size  ? *sign.size
                              : painter_.sizeFor(frames_)) {}
 
     ExitCode run() {
+        session_.errors.about(options_.file);
+        addFaults();
         if (options_.out.empty())
             return print();
         return options_.sheet ? drawSheet() : drawFrame();
     }
 
 private:
-    using Show = FramePainter::Show;
-    void show(const Show& show) { painter_.show(frames_, first_, last_, size_, show); }
+    void draw(const FramePainter::OnFrame& onFrame) {
+        painter_.draw(frames_, first_, last_, size_, onFrame);
+        addFaults();
+    }
+    void addFaults() {
+        for (const PreviewFault& fault : painter_.takeFaults())
+            addFault(fault, session_.errors);
+    }
 
     std::string caption(std::int32_t number) const {
         return std::to_string(number) + "  " + frames_.at(number).FrameName;
@@ -80,7 +121,7 @@ private:
     static bool fits(std::int64_t width, std::int64_t height) {
         return width <= kLargestSide && height <= kLargestSide && width * height <= kMostPixels;
     }
-    /// False after telling that so many pixels are too many.
+    /// False, after adding an error, if the picture would be too large.
     bool isDrawable(std::int64_t width, std::int64_t height) {
         if (fits(width, height))
             return true;
@@ -98,7 +139,7 @@ private:
             return ExitCode::failed;
         }
         const bool isTerminal = IsTerminal(StandardStream::output);
-        show([&](std::int32_t number, const PixelBuffer& dots) {
+        draw([&](std::int32_t number, const PixelBuffer& dots) {
             if (options_.sheet)
                 session_.out << Visible(Utf8FromAnsi(caption(number))) << '\n';
             (isTerminal ? PrintColoredDots : PrintPlainDots)(session_.out, dots);
@@ -113,7 +154,7 @@ private:
         if (!isDrawable(width, height))
             return ExitCode::failed;
         PixelBuffer picture(static_cast<std::int32_t>(width), static_cast<std::int32_t>(height));
-        show([&](std::int32_t, const PixelBuffer& dots) { leds.draw(dots, picture, 0, 0); });
+        draw([&](std::int32_t, const PixelBuffer& dots) { leds.draw(dots, picture, 0, 0); });
         return save(picture, "frame " + std::to_string(first_));
     }
 
@@ -126,9 +167,9 @@ private:
         if (!isDrawable(sheet.width(), sheet.height()))
             return ExitCode::failed;
         PixelBuffer picture = sheet.empty();
-        const auto captions = painter_.fonts().find(0, {});
-        show([&](std::int32_t number, const PixelBuffer& dots) {
-            sheet.add(caption(number), dots, *captions, picture);
+        const Font& captionFont = painter_.captionFont();
+        draw([&](std::int32_t number, const PixelBuffer& dots) {
+            sheet.add(caption(number), dots, captionFont, picture);
         });
         return save(picture, std::to_string(count) + (count == 1 ? " frame" : " frames"));
     }
@@ -156,7 +197,7 @@ private:
 ExitCode preview(const PreviewOptions& options, Session& session) {
     SignLook sign;
     if (!options.sign.empty()) {
-        const auto found = FindSignLook(options.sign, session.errors);
+        const auto found = findSignLook(options.sign, session.errors);
         if (!found)
             return ExitCode::failed;
         sign = *found;

@@ -1,4 +1,4 @@
-#include "tools/preview/BmpFile.h"
+#include "media/BmpFile.h"
 
 #include <algorithm>
 #include <bit>
@@ -10,13 +10,13 @@ namespace {
 
 constexpr std::size_t kFileHeaderSize = 14;
 constexpr std::size_t kSmallestHeader = 40; ///< Older headers have narrower fields.
-constexpr std::size_t kMasks = 54;          ///< In longer headers, or behind this one.
+constexpr std::size_t kMasks = 54;          ///< In longer headers, or after this one.
 constexpr std::size_t kMasksSize = 12;
 static_assert(kMasks + kMasksSize == kBmpStart);
 
-/// How pixels stand in the file.
+/// How pixels are stored in the file.
 constexpr std::uint32_t kUncompressed = 0;
-constexpr std::uint32_t kBitFields = 3; ///< As numbers, with masks for their colours.
+constexpr std::uint32_t kBitFields = 3; ///< As numbers with a mask for each colour.
 
 /// The bits of a pixel that hold each colour.
 struct Masks {
@@ -35,7 +35,7 @@ std::uint32_t longAt(std::string_view bytes, std::size_t at) {
     return shortAt(bytes, at) | static_cast<std::uint32_t>(shortAt(bytes, at + 2)) << 16;
 }
 
-/// Colours of palettes stand as blue, green, red.
+/// Palettes store a colour as blue, green, red.
 Color colorAt(std::string_view bytes, std::size_t at) {
     return Rgb(byteAt(bytes, at + 2), byteAt(bytes, at + 1), byteAt(bytes, at));
 }
@@ -45,7 +45,7 @@ struct Header {
     std::size_t palette;
     std::size_t colors; ///< Entries of the palette.
     std::int64_t width;
-    std::int64_t height; ///< Below 0 when the first row is the topmost.
+    std::int64_t height; ///< Below 0 if the first row is the topmost.
     unsigned bits;       ///< Of a pixel.
     std::uint32_t compression;
     Masks masks; ///< Of pixels without a palette.
@@ -91,7 +91,7 @@ std::optional<Header> parseHeader(std::string_view bytes, std::uint64_t fileSize
     return header;
 }
 
-/// Pixels with a number in the palette; black for a number beyond it.
+/// The colour of a pixel that is a number in the palette. Black for a number beyond its end.
 Color paletteColor(const Header& header, std::string_view bytes, std::string_view row, std::size_t x) {
     const std::size_t bit = x * header.bits;
     const unsigned shift = 8 - header.bits - bit % 8;
@@ -125,12 +125,12 @@ std::optional<DotSize> BmpSize(std::string_view start, std::uint64_t fileSize) {
                   : std::nullopt;
 }
 
-std::optional<PixelBuffer> ParseBmp(std::string_view bytes) {
+std::optional<Raster> ParseBmp(std::string_view bytes) {
     const auto header = parseHeader(bytes, bytes.size());
     if (!header)
         return std::nullopt;
     const std::int32_t rows = header->rows();
-    PixelBuffer picture(static_cast<std::int32_t>(header->width), rows);
+    Raster picture(static_cast<std::int32_t>(header->width), rows);
     for (std::int32_t y = 0; y < rows; ++y) {
         const std::string_view row =
             bytes.substr(header->pixels + static_cast<std::size_t>(y) * header->rowSize(), header->rowSize());

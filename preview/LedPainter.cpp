@@ -1,4 +1,4 @@
-#include "tools/preview/LedPicture.h"
+#include "preview/LedPainter.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -7,24 +7,25 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-constexpr Color kRim = Rgb(64, 66, 72); ///< Lighter than a dark LED, so that dark letters end at it.
+constexpr Color kRim = Rgb(64, 66, 72); ///< Lighter than a dark LED, so that dark letters stand out from it.
 constexpr Color kGapColor = Rgb(14, 14, 16);
 constexpr Color kDarkLed = Rgb(40, 39, 38);
 
 constexpr int kSamples = 8; ///< Along each side of a pixel.
 constexpr int kAllSamples = kSamples * kSamples;
-constexpr int kGlow = 9; ///< Light of a lit dot on the gap around it, out of `kAllSamples`.
+constexpr int kGlow =
+    9; ///< Share of a lit dot's light that falls on the gap around it, out of `kAllSamples`.
 
 constexpr int kSmallestWithGap = 3;
 
-/// Radius of a dot, in distances from one to the next. Where few pixels make one, corners as dark as those
-/// of large dots would be all that an area of lit dots is seen to have.
+/// Radius of a dot, as a share of the distance to the next one. Dots of few pixels are larger: otherwise
+/// their dark corners would be the first thing seen in an area of lit dots.
 double radiusAt(int scale) {
     constexpr int smallestRound = 5;
     return scale < smallestRound ? 0.54 : 0.44;
 }
 
-/// Samples of a pixel in the square of a dot that lie inside the dot.
+/// How many samples of a pixel in a dot's square are inside the dot.
 int samplesInside(int x, int y, int scale) {
     const double radius = radiusAt(scale);
     int inside = 0;
@@ -45,7 +46,7 @@ std::vector<int> coverageAt(int scale) {
     return coverage;
 }
 
-/// `share` out of `kAllSamples` of `to`.
+/// A colour between `from` and `to`, with `share` out of `kAllSamples` parts of `to`.
 Color mixed(Color from, Color to, int share) {
     const auto part = [share](int start, int end) {
         return static_cast<std::uint8_t>((start * (kAllSamples - share) + end * share + kAllSamples / 2) /
@@ -55,7 +56,7 @@ Color mixed(Color from, Color to, int share) {
                part(BlueOf(from), BlueOf(to)));
 }
 
-/// The light of both; no dot is darker than one that is switched off.
+/// The brighter part of both, so that no lit dot is darker than one that is off.
 Color brighter(Color one, Color other) {
     return Rgb(std::max(RedOf(one), RedOf(other)), std::max(GreenOf(one), GreenOf(other)),
                std::max(BlueOf(one), BlueOf(other)));
@@ -66,7 +67,7 @@ Color brighter(Color one, Color other) {
 LedPainter::LedPainter(int scale)
     : scale_(scale), coverage_(coverageAt(scale)), dark_(makeLed(0)), lit_(dark_) {}
 
-void LedPainter::draw(const PixelBuffer& dots, PixelBuffer& picture, std::int32_t left, std::int32_t top) {
+void LedPainter::draw(const Raster& dots, Raster& picture, std::int32_t left, std::int32_t top) {
     picture.fill(left, top, static_cast<std::int32_t>(sizeOf(dots.width())),
                  static_cast<std::int32_t>(sizeOf(dots.height())), kRim);
     std::vector<std::span<Color>::iterator> lines(static_cast<std::size_t>(scale_));

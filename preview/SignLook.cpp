@@ -1,8 +1,7 @@
-#include "tools/preview/SignLook.h"
+#include "preview/SignLook.h"
 
-#include "frame/Conversions.h"
+#include "displays/DisplayRecord.h"
 #include "platform/LetterCase.h"
-#include "tools/signs/SignList.h"
 
 #include <algorithm>
 #include <iterator>
@@ -11,7 +10,7 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-constexpr unsigned kDarkest = 24; ///< A dot as bright as that is lit.
+constexpr unsigned kDarkest = 24; ///< Pixels darker than this leave their dot dark.
 
 struct NamedColor {
     std::string_view name;
@@ -35,7 +34,7 @@ Color ledColor(std::string_view name) {
     return found == std::end(kLedColors) ? kAmber : found->color;
 }
 
-/// `brightness` up to 255.
+/// The colour at a brightness from 0 to 255.
 Color scaled(Color color, unsigned brightness) {
     const auto part = [&](unsigned channel) { return static_cast<std::uint8_t>(channel * brightness / 255); };
     return Rgb(part(RedOf(color)), part(GreenOf(color)), part(BlueOf(color)));
@@ -44,7 +43,7 @@ Color scaled(Color color, unsigned brightness) {
 } // namespace
 
 Color SignLook::dotFor(Color pixel) const {
-    // A saturated blue is as bright a light as white is.
+    // A saturated blue is as bright a light as white.
     const unsigned brightness = std::max({RedOf(pixel), GreenOf(pixel), BlueOf(pixel)});
     if (brightness < kDarkest)
         return 0;
@@ -53,17 +52,13 @@ Color SignLook::dotFor(Color pixel) const {
 
 Color SignLook::dimmed() const { return scaled(color, 127); }
 
-std::optional<SignLook> FindSignLook(const std::string& typed, ErrorLines& errors) {
-    SignList list;
-    DisplayDatabaseClass& signs = list.signs;
-    if (!SelectSign(signs, typed, errors))
-        return std::nullopt;
+SignLook SignLookOf(const DisplayRecord& sign) {
     SignLook look;
-    look.color = ledColor(signs.DefaultColor());
-    look.showsColors = signs.IsDisplayColor();
-    look.type = TextToInt16(signs.DisplayType());
-    if (const DotSize size{signs.DisplayWidth(), signs.DisplayHeight()}; size.width >= 1 && size.height >= 1)
-        look.size = size;
+    look.color = ledColor(sign.DefaultColor);
+    look.showsColors = sign.IsDisplayColor;
+    look.type = sign.DisplayType;
+    if (sign.DisplayWidth >= 1 && sign.DisplayHeight >= 1)
+        look.size = DotSize{sign.DisplayWidth, sign.DisplayHeight};
     return look;
 }
 

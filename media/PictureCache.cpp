@@ -1,14 +1,13 @@
-#include "tools/preview/PictureFiles.h"
+#include "media/PictureCache.h"
 
+#include "media/BmpFile.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
-#include "playfile/MediaFiles.h"
-#include "tools/preview/BmpFile.h"
-#include "tools/program/Encoding.h"
 
 #include <algorithm>
 #include <memory>
+#include <string_view>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
@@ -17,13 +16,17 @@ namespace {
 constexpr std::uint64_t kLargestFile = std::uint64_t{32} << 20; // more than the largest picture takes
 constexpr std::int64_t kMostPicturePixels = std::int64_t{16} << 20;
 
-/// None when it is too large to hold a picture, or cannot be read.
+bool isFile(const std::string& path) {
+    return IsRootedPath(path) && platform().files().kindOf(path) == EntryKind::file;
+}
+
+/// Null if the file is too large for a picture, or cannot be read.
 std::unique_ptr<InputFile> open(const std::string& path) {
     auto file = platform().files().openToRead(path);
     return file && file.value->size() <= kLargestFile ? std::move(file.value) : nullptr;
 }
 
-/// The first `most` bytes; "" when they cannot be read.
+/// The first `most` bytes. Empty if they cannot be read.
 std::string startOf(InputFile& file, std::uint64_t most) {
     std::string bytes(static_cast<std::size_t>(std::min(file.size(), most)), '\0');
     const auto size = file.readAt(0, bytes);
@@ -40,39 +43,39 @@ bool isBmp(std::string_view path) {
 } // namespace
 
 template <class Parse>
-auto PictureFiles::read(const std::string& path, std::uint64_t most, Parse parse) {
+auto PictureCache::read(const std::string& path, std::uint64_t most, Parse parse) {
     decltype(parse(std::string(), most)) result;
-    if (!FileExists(path))
+    if (!isFile(path))
         return result;
     if (const auto file = open(path))
         result = parse(startOf(*file, most), file->size());
-    if (!result && isBmp(path))
-        errors_.add(Utf8FromAnsi(SplitPath(path).name) +
-                    " cannot be drawn: it is no uncompressed BMP of up to " +
-                    std::to_string(kLargestBmpSide) + " x " + std::to_string(kLargestBmpSide) + " pixels");
+    if (!result && isBmp(path) && reported_.insert(path).second)
+        unreadable_.push_back(path);
     return result;
 }
 
-const PixelBuffer* PictureFiles::find(const std::string& path) {
-    auto found = known_.find(path);
-    if (found == known_.end()) {
+const Raster* PictureCache::find(const std::string& path) {
+    auto found = pictures_.find(path);
+    if (found == pictures_.end()) {
         if (pixels_ > kMostPicturePixels) {
-            known_.clear();
+            pictures_.clear();
             pixels_ = 0;
         }
         const auto parse = [](std::string_view bytes, std::uint64_t) { return ParseBmp(bytes); };
-        found = known_.emplace(path, read(path, kLargestFile, parse)).first;
-        if (found->second)
-            pixels_ += std::int64_t{found->second->width()} * found->second->height();
+        found = pictures_.emplace(path, read(path, kLargestFile, parse)).first;
+        if (const auto& picture = found->second)
+            pixels_ += std::int64_t{picture->width()} * picture->height();
     }
     return found->second ? &*found->second : nullptr;
 }
 
-std::optional<DotSize> PictureFiles::sizeOf(const std::string& path) {
+std::optional<DotSize> PictureCache::sizeOf(const std::string& path) {
     const auto [known, isNew] = sizes_.try_emplace(path);
     if (isNew)
         known->second = read(path, kBmpStart, BmpSize);
     return known->second;
 }
+
+std::vector<std::string> PictureCache::takeUnreadable() { return std::exchange(unreadable_, {}); }
 
 } // namespace qrtVistrelClasses4

@@ -1,4 +1,6 @@
-#include "tools/preview/FrameSheet.h"
+#include "preview/FrameSheet.h"
+
+#include "fonts/TextDrawing.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,14 +15,14 @@ constexpr Color kCaption = Rgb(168, 174, 184);
 constexpr std::int32_t kSpace = 12;         ///< Pixels around a frame.
 constexpr std::int32_t kCaptionHeight = 11; ///< Of a caption of scale 1.
 
-/// The width of a good sheet for its height.
+/// Width of a sheet divided by its height, as near as whole columns allow.
 constexpr double kAspect = 1.5;
 
-/// As many of the text's letters as are no wider than `most` pixels together.
-std::string_view fitting(std::string_view text, classFontMaster& font, std::int64_t most) {
+/// The first letters of the text, as many as fit into `most` pixels.
+std::string_view fitting(std::string_view text, const Lettering& lettering, std::int64_t most) {
     std::size_t count = 0;
     for (std::int64_t width = 0; count < text.size(); ++count)
-        if (width += font.LetterWidth(std::string(1, text[count])); width > most)
+        if (width += WidthOf(lettering, text.substr(count, 1)); width > most)
             break;
     return text.substr(0, count);
 }
@@ -43,20 +45,16 @@ PixelBuffer FrameSheet::empty() const {
     return {static_cast<std::int32_t>(width()), static_cast<std::int32_t>(height()), kPaper};
 }
 
-void FrameSheet::add(const std::string& caption, const PixelBuffer& dots, classFontMaster& captionFont,
+void FrameSheet::add(const std::string& caption, const Raster& dots, const Font& captionFont,
                      PixelBuffer& sheet) {
     const auto left = static_cast<std::int32_t>(added_ % columns_ * cellWidth_ + kSpace);
     const auto top = static_cast<std::int32_t>(added_ / columns_ * cellHeight_ + kSpace);
-    const std::int32_t belowCaption = top + kCaptionHeight * captionScale_;
     ++added_;
-    captionFont.MagTimes(captionScale_);
-    captionFont.FontColor(kCaption);
-    std::int32_t width = 0;
-    const std::string shown(fitting(caption, captionFont, cellWidth_ - kSpace));
-    captionFont.DrawText(shown, sheet, static_cast<float>(left - captionScale_), static_cast<float>(top), 0,
-                         0, width);
-    captionFont.MagTimes(1);
-    painter_.draw(dots, sheet, left, belowCaption);
+    const Lettering lettering{captionFont, captionScale_, kCaption};
+    const auto x = static_cast<float>(left - captionScale_); // letters start one dot further right
+    DrawLetters(lettering, fitting(caption, lettering, cellWidth_ - kSpace),
+                {sheet, x, static_cast<float>(top)}, false);
+    painter_.draw(dots, sheet, left, top + kCaptionHeight * captionScale_);
 }
 
 } // namespace qrtVistrelClasses4
