@@ -1,7 +1,6 @@
 #include "fonts/TextDrawing.h"
 
 #include "FontTesting.h"
-#include "fonts/DotPainter.h"
 #include "frame/RuntimeError.h"
 
 #include <functional>
@@ -75,6 +74,12 @@ TEST(Drawing, ShowsTheSameDotsOnEveryTarget) {
     Font tall{16, 9, {}}; // letters 9 dots high have a gap of 3
     AddLetter(tall, 'A', {".#.", "#.#", "#.#", "#.#", "#.#", "#.#", "#.#", "#.#", "#.#"});
     AddLetter(tall, 'I', Texts(9, "#"));
+    Font full{24, 24,
+              std::string(225, '\0')}; // of records of 73 bytes, so that glyph 223 is cut off by the store
+    std::iota(full.characters.begin(), full.characters.end(), '\0');
+    full.store.fill(0xff);
+    Texts cutOff(24, "-########-");
+    cutOff[21] = cutOff[22] = cutOff[23] = "----------";
     const struct {
         const char* why;
         Font font;
@@ -96,6 +101,7 @@ TEST(Drawing, ShowsTheSameDotsOnEveryTarget) {
         {"letters with gaps", tall, text("AI"), {"-.#....#...-", "-#.#...#...-"}},
         {"magnified", low, text("N."), {"--##..##....-", "--##..##....-", "--######..##-"}, 2},
         {"cut off", low, text("NN", true, -3.5F, -1), {"##...####", "##...####", "#########"}, 3},
+        {"a glyph up to the end of the store, and one after it", full, text("\xdf\xe0"), cutOff},
         {"a selection", low, selection("N.N", 2, 3), {"----##.#.-", "----#....-"}},
         {"letters counted with those without a glyph", low, selection("?N.", 3, 3), {"----##-", "----#.-"}},
         {"a selection with gaps", tall, selection("AI", 1, 1), {"-#.####-----", "-.#.###-----"}},
@@ -120,29 +126,12 @@ TEST(Drawing, ShowsTheSameDotsOnEveryTarget) {
 }
 
 TEST(Drawing, ReturnsWhereTheNextLetterStarts) {
-    const std::tuple<std::int16_t, std::int16_t, std::int16_t, std::int64_t> cases[] = {
-        {6, 8, 3, 18}, {6, 9, 1, 9},   {24, 32, 2, 54}, {255, 16, 32767, 8453886},
-        {0, 8, 4, 0},  {0, 16, 4, 12}, {6, 16, -1, -9}};
     PixelBuffer none(0, 0);
-    for (const auto& [width, height, magnification, advance] : cases) {
-        const Font font = FontOf(width, Texts(height, std::string(width, '.')));
-        const Lettering lettering{font, magnification};
-        EXPECT_EQ(DrawLetters(lettering, "A", {none}, false), advance) << width;
-        EXPECT_EQ(WidthOf(lettering, "ABAA"), 3 * advance) << "B has no glyph";
-        EXPECT_EQ(DrawLetters(lettering, "B", {none}, false), 0);
+    for (const auto& [height, magnification, advance] : {std::tuple(8, 3, 18), {9, 1, 9}, {16, -1, -9}}) {
+        const Font font = FontOf(6, Texts(static_cast<std::size_t>(height), "......"));
+        const Lettering lettering{font, static_cast<std::int16_t>(magnification)};
+        EXPECT_EQ(DrawLetters(lettering, "ABA", {none}, false), 2 * advance) << "B has no glyph";
     }
-}
-
-TEST(Drawing, EndsWhereTheStoreEnds) {
-    Font font{24, 24, std::string(225, '\0')};
-    std::iota(font.characters.begin(), font.characters.end(), '\0');
-    font.store.fill(0xff); // records of 73 bytes, the last but one of which starts 22 bytes before the end
-    PixelBuffer pixels = UntouchedPixels(10, 24);
-    EXPECT_EQ(DrawLetters({font, 1, kFontColor}, "\xdf", {pixels}, true), 258);
-    EXPECT_EQ(DrawLetters({font, 1, kFontColor}, "\xe0", {pixels}, true), 0);
-    Texts picture(24, "-########-");
-    picture[21] = picture[22] = picture[23] = "----------";
-    EXPECT_EQ(PictureOf(pixels), picture);
 }
 
 TEST(Drawing, UsesATargetOfTheHostPixelByPixel) {
@@ -156,6 +145,8 @@ TEST(Drawing, UsesATargetOfTheHostPixelByPixel) {
     DrawLetters(lettering, "A", {target, 0, 0, true}, true);
     EXPECT_EQ(target.takeCalls(), (Texts{"GetBitmapDC", "back 2 0", "back 3 0", "back 2 1", "back 3 1",
                                          "font 4 0", "font 5 0", "font 4 1", "font 5 1", "ReleaseBitmapDC"}));
+    DrawLetters(lettering, "A", {target, 99}, false);
+    EXPECT_EQ(target.takeCalls().size(), 5U) << "the host gets even what it cannot show";
     target.refuses = true;
     EXPECT_THROW(DrawLetters(lettering, "A", {target, 0, 0, true}, false), RuntimeError);
     EXPECT_EQ(target.takeCalls(), (Texts{"GetBitmapDC", "ReleaseBitmapDC"})) << "the host gets it back";
@@ -164,55 +155,14 @@ TEST(Drawing, UsesATargetOfTheHostPixelByPixel) {
 TEST(Drawing, RefusesPlacesBeyondAllPixels) {
     const Font font = FontOf(6, {"#"});
     PixelBuffer pixels(6, 2);
-    constexpr float farAway = 2147483520; // the last one that 32 bits hold
-    const std::tuple<float, float, std::int16_t, bool> cases[] = {
-        {farAway, 0, 1, true},        {2147483648.0F, 0, 1, false},
-        {farAway, 0, 100, false},     {0, farAway, 200, false},
-        {-2147483648.0F, 0, 1, true}, {std::numeric_limits<float>::quiet_NaN(), 0, 1, false}};
-    for (const auto& [x, y, magnification, isDrawn] : cases) {
-        const auto draw = [&] { DrawLetters({font, magnification}, "A", {pixels, x, y}, false); };
-        if (isDrawn)
-            EXPECT_NO_THROW(draw()) << x << ' ' << y;
-        else
-            EXPECT_THROW(draw(), RuntimeError) << x << ' ' << y;
-    }
-}
-
-TEST(PixelBuffer, TakesPixelsOneByOneAsWell) {
-    PixelBuffer pixels = UntouchedPixels(2, 1);
-    DrawingTarget& target = pixels;
-    EXPECT_EQ(target.ClassName(), "PixelBuffer");
-    target.hdc().SetPixel(0, 0, kFontColor);
-    target.GetBitmapDC().SetPixel(1, 0, target.BackColor());
-    target.ReleaseBitmapDC();
-    EXPECT_EQ(pixels.row(0)[0], kFontColor);
-    EXPECT_EQ(pixels.row(0)[1], target.BackColor());
-}
-
-TEST(DotPainter, SkipsWhatNeitherShowsNorFails) {
-    PixelBuffer pixels = UntouchedPixels(8, 2);
-    ForeignTarget foreign(pixels);
-    constexpr float farAway = 2147483520; // 127 before the last one that 32 bits hold
-    const struct {
-        const char* why;
-        DrawingTarget& target;
-        float x, y;
-        std::int16_t magnification;
-        bool isPast;
-    } cases[] = {
-        {"in the last column", pixels, 7, 0, 1, false},
-        {"right of it", pixels, 8, 0, 1, true},
-        {"far away", pixels, farAway, 0, 1, true},
-        {"dots to the right would be an error", pixels, farAway, 0, 6, false},
-        {"dots below would be one", pixels, 8, farAway, 1, false},
-        {"a host sees every pixel", foreign, 8, 0, 1, false},
+    constexpr float last = 2147483520, none = std::numeric_limits<float>::quiet_NaN(); // of 32 bits
+    const auto draw = [&](float x, float y, std::int16_t magnification) {
+        DrawLetters({font, magnification}, "A", {pixels, x, y}, false);
     };
-    for (const auto& [why, target, x, y, magnification, isPast] : cases)
-        EXPECT_EQ(
-            DotPainter::on(target, false, Corner(x, y), {magnification, kFontColor, Ink::font, Ink::none})
-                ->isPastSurface(25, 200),
-            isPast)
-            << why;
+    EXPECT_NO_THROW((draw(last, 0, 1), draw(-2147483648.0F, 0, 1)));
+    for (const auto& [x, y, magnification] :
+         {std::tuple(2147483648.0F, 0.0F, 1), {last, 0, 100}, {0, last, 200}, {none, 0, 1}})
+        EXPECT_THROW(draw(x, y, static_cast<std::int16_t>(magnification)), RuntimeError) << x << ' ' << y;
 }
 
 } // namespace
