@@ -15,7 +15,7 @@ namespace qrtVistrelClasses4 {
 enum class FontSource {
     requestedFile,     ///< The file that was asked for.
     sameNameElsewhere, ///< A file of the same name in another folder.
-    font0,             ///< The file of font 0, in place of a standard font that is nowhere.
+    font0,             ///< The file of font 0, in place of a standard font that is missing.
 };
 
 /// What came of loading a font.
@@ -25,7 +25,7 @@ struct FontOutcome {
     /// The file that was found, spelt as on the disk.
     std::optional<std::string> path;
     FontSource source = FontSource::requestedFile;
-    /// What the operator is to be told, in order.
+    /// Messages for the operator, in order.
     std::vector<std::string> messages;
     /// Why the file that was found could not be read.
     SystemError error = SystemError::none;

@@ -110,7 +110,7 @@ TEST(Drawing, ShowsTheSameDotsOnEveryTarget) {
         {"a mark not before the front", low, mark("N.", -7), {"#---", "#---"}},
         {"which is hidden again", low, mark("N.", -7, true), {".---", ".---"}},
         {"a mark on a letter's dots", low, mark("N.", 2, true), {"---#-", "---#-"}},
-        {"a mark behind what takes no room", low, mark("N.0?", 99, true), {"-----.", "-----#"}},
+        {"a mark after letters that take no room", low, mark("N.0?", 99, true), {"-----.", "-----#"}},
         {"a mark in a gap", tall, mark("AI", 2, true), {"------.-", "------.-"}},
     };
     for (const auto& row : cases) {

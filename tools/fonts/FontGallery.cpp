@@ -9,7 +9,7 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// Letters side by side, two rows of dots in one of text, under their characters.
+/// Letters side by side below their characters. A line of text shows two rows of dots.
 class Gallery {
 public:
     explicit Gallery(int height)

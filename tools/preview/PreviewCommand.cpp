@@ -228,7 +228,7 @@ void AddPreviewCommand(CLI::App& program, Session& session) {
         ->excludes(frame);
     AddSizeOption(command, options->size, kMost16Bit,
                   "Dots of the sign, from 1x1 to 32767x32767; else the size of --sign, else one that takes "
-                  "all texts that stand still, and pictures, of the playfile, up to 512x128");
+                  "all texts that do not scroll, and all pictures, of the playfile, up to 512x128");
     command.add_option("--sign", options->sign,
                        "Name of a sign in the list of signs, whose size, type and colours are taken; else an "
                        "amber one");
