@@ -56,7 +56,7 @@ protected:
 
     const Store store_ = GetParam();
     const Contents contents_{store_};
-    const std::string path_ = TestHost().inLibrary(store_.file);
+    const std::string path_ = LongNameHost().inLibrary(store_.file);
     int cuts_ = 0, rests_ = 0;
 };
 

@@ -51,6 +51,14 @@ struct Store {
 const std::vector<Store>& Stores();
 std::vector<Store> StoresThat(const std::function<bool(const Store&)>& belong);
 
+/// A host whose files have names of more than 100 characters, which take memory wherever one is copied.
+struct LongNameHost : TestHost {
+    LongNameHost() {
+        machine.library = inLibrary(std::string(100, 'x'));
+        machine.files().makeFolders(machine.library);
+    }
+};
+
 /// A store on a machine of its own, where `files` lie.
 struct Stage {
     using Files = std::map<std::string, std::string>;
@@ -62,7 +70,7 @@ struct Stage {
     bool hasTemporaryFiles();
 
     const Store store;
-    TestHost host;
+    LongNameHost host;
     const std::string path = host.inLibrary(store.file), copyPath = path + ".bak";
     Subject subject;
 };
