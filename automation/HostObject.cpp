@@ -10,7 +10,7 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// What an object told of its error.
+/// The description that an object gives of its error.
 struct ObjectException : EXCEPINFO {
     ObjectException() : EXCEPINFO{} {}
     ~ObjectException() {
@@ -46,7 +46,7 @@ RuntimeError errorFor(HRESULT refusal) {
     }
 }
 
-/// The type that an object gives for itself: its class where it tells, else its interface.
+/// The type of an object's class if the object provides it, else that of its interface.
 ComPtr<ITypeInfo> typeOf(IDispatch& object) {
     ComPtr<ITypeInfo> type;
     ComPtr<IProvideClassInfo> provider;

@@ -34,7 +34,7 @@ bool remove(const std::wstring& key) {
     return done == ERROR_SUCCESS || done == ERROR_FILE_NOT_FOUND;
 }
 
-/// Whether a server of the other bitness is registered: programs of both kinds find it by the same name.
+/// True if a server of the other bitness is registered, which uses the same program name.
 bool isRegisteredForOthers(const PublicClass& type) {
     const REGSAM otherView = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
     HKEY key = nullptr;
