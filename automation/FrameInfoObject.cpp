@@ -119,6 +119,7 @@ private:
     using ClipboardOperation = void (Core::*)(std::int16_t&, std::int16_t&, std::shared_ptr<Core>&);
     /// Copies or cuts frames and replaces the caller's clipboard object by a new one. The new object is made
     /// first: without memory for it, no frames are cut.
+    // NOLINTNEXTLINE(readability-non-const-parameter): the operation changes `*first` and `*last`
     HRESULT replaceClipboard(ClipboardOperation operation, short* first, short* last,
                              _FrameInfoClass** clipboard) {
         if (!first || !last || !clipboard)

@@ -30,6 +30,7 @@ void HostDrawingTarget::SetPixel(std::int32_t x, std::int32_t y, Color color) {
 }
 
 DeviceContext& HostDrawingTarget::contextFrom(const wchar_t* member) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): automation passes handles as numbers
     context_ = reinterpret_cast<HDC>(static_cast<std::intptr_t>(target_.readNumber(member)));
     return *this;
 }

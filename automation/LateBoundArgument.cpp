@@ -139,7 +139,7 @@ bool LateBoundArgument::mayHaveChanged() const {
 HRESULT LateBoundArgument::writeBack(LCID locale) {
     if (!writesBack_ || !mayHaveChanged())
         return S_OK;
-    const VARTYPE type = static_cast<VARTYPE>(V_VT(given_) & ~VT_BYREF);
+    const auto type = static_cast<VARTYPE>(V_VT(given_) & ~VT_BYREF);
     if (type == VT_VARIANT)
         return VariantCopy(V_VARIANTREF(given_), &value_);
     OwnedVariant converted;

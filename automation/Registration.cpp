@@ -24,7 +24,7 @@ std::wstring classKey(const PublicClass& type) { return L"CLSID\\" + braced(type
 std::wstring programName(const PublicClass& type) { return L"qrtVistrelClasses4." + std::wstring(type.name); }
 
 bool write(const std::wstring& key, const wchar_t* name, const std::wstring& value) {
-    const DWORD bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
+    const auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
     return RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), name, REG_SZ, value.c_str(), bytes) ==
            ERROR_SUCCESS;
 }
