@@ -30,7 +30,7 @@ DWORD attributesOf(const std::string& path) {
 
 FileHandle openHandle(const std::string& path, DWORD access, DWORD share, DWORD disposition) {
     if (!isName(path))
-        return FileHandle();
+        return {};
     return FileHandle(
         ::CreateFileA(path.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
