@@ -64,11 +64,11 @@ void appendToLog(const std::string& text) {
     FileSystem& files = platform().files();
     const std::string folder = GetAppFolder();
     const std::string log = JoinPath(folder, kErrorLogName);
-    if (const auto size = files.sizeOf(log); size && size.value > kErrorLogLimitBytes)
+    if (const auto size = files.sizeOf(log); size && size.value() > kErrorLogLimitBytes)
         (void)files.moveOver(log, JoinPath(folder, kOldErrorLogName)); // refused: the log goes on growing
     if (auto file = files.open(log, OpenMode::append)) {
-        (void)file.value->write(text); // a log that cannot be written must not make another error
-        (void)file.value->close();
+        (void)file.value()->write(text); // a log that cannot be written must not make another error
+        (void)file.value()->close();
     }
 }
 

@@ -127,13 +127,13 @@ bool MostRecentlyUsed::GetMRUFromDisk() {
         FileSystem& files = platform().files();
         const auto file = files.read(path);
         // The list's own folder, once it is there again, holds a list that must not be written over.
-        mayBeWritten = file.error == SystemError::fileNotFound ||
-                       (file.error == SystemError::folderNotFound && path != defaultPath());
-        if (file.error == SystemError::fileNotFound)
-            throw ErrorFor(file.error).quietly(); // the list is about to be started
-        Check(file.error);
+        mayBeWritten = file.error() == SystemError::fileNotFound ||
+                       (file.error() == SystemError::folderNotFound && path != defaultPath());
+        if (file.error() == SystemError::fileNotFound)
+            throw ErrorFor(file.error()).quietly(); // the list is about to be started
+        Check(file.error());
         try {
-            readEntries(file.value.text());
+            readEntries(file.value().text());
             mayBeWritten = true;
         } catch (const RuntimeError&) { // a damaged file, whose names are not all here
             mayBeWritten = files.copy(path, MakePlaceForBackup(files, path)) == SystemError::none;

@@ -180,7 +180,7 @@ Subject registryFile(TestHost& host, const std::string& path) {
     return {[=](Version version) { *text = wordFor(version); },
             [=] { return store->writeString(key, "Value", *text) == SystemError::none; },
             [=] {
-                *text = store->readString(key, "Value").value;
+                *text = store->readString(key, "Value").valueOr("");
                 return true;
             },
             [=] { return *text; }};
