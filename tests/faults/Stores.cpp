@@ -26,7 +26,7 @@ std::size_t told(TestHost& host, bool countsQuiet) {
            host.machine.messageBoxes().shown.size();
 }
 
-/// Whether `work` ends without a message and a report; reports that bother nobody may not count.
+/// Whether `work` ends without a message and a report; reports that are only logged may not count.
 template <class Work>
 bool untold(TestHost& host, Work work, bool countsQuiet = false) {
     const std::size_t before = told(host, countsQuiet);

@@ -1,5 +1,5 @@
-// Two processes that change the same files at once. QRT_ROUNDS tells how often each does; a hundred times
-// unless it is set. On Windows, who starts this program twice tells each by QRT_PROCESS which one it is.
+// Two processes that change the same files at once. QRT_ROUNDS says how often each does, by default a
+// hundred times. On Windows this program is started twice, and QRT_PROCESS says which process each one is.
 #include "TempFolder.h"
 #include "TestHost.h"
 #include "commands/clsCommandInterface.h"
