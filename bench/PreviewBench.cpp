@@ -6,7 +6,6 @@
 #include "preview/FramePainter.h"
 #include "preview/FrameSheet.h"
 #include "tools/preview/PngFile.h"
-#include "tools/preview/ReadFrames.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -21,11 +20,11 @@ constexpr double kMostOfEncoding = 0.5;
 
 /// Everything between an open playfile and the bytes of a PNG, from loading the fonts on. `home` holds the
 /// fonts; its commands are the built-in ones.
-PixelBuffer drawSheet(FrameInfoClass& playfile, const std::string& home) {
+PixelBuffer drawSheet(const FrameInfoClass& playfile, const std::string& home) {
     const auto machine = makePlatform({home});
     const ScopedPlatform use(*machine);
     FramePainter painter({});
-    const OneBasedArray<FrameRecord> frames = ReadFrames(playfile);
+    const OneBasedArray<FrameRecord>& frames = playfile.Value().frames;
     FrameSheet sheet(frames.upperBound(), kSign, kScale);
     PixelBuffer picture = sheet.empty();
     const Font& captionFont = painter.captionFont();

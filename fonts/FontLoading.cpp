@@ -82,9 +82,9 @@ private:
 
     void read(CellSize size) {
         auto font = ReadFont(*outcome_.path, size.width, size.height);
-        outcome_.error = font.error;
-        outcome_.font = std::move(font.value);
-        if (font && !outcome_.font)
+        outcome_.error = font.error();
+        outcome_.font = std::move(font).valueOr(std::nullopt);
+        if (outcome_.error == SystemError::none && !outcome_.font)
             say("Error Loading Font. Cut short: " + *outcome_.path);
     }
 
@@ -100,12 +100,12 @@ private:
 Result<std::optional<Font>> ReadFont(const std::string& path, std::int16_t width, std::int16_t height) {
     const auto file = platform().files().openToRead(path);
     if (!file)
-        return file.error;
+        return file.error();
     std::string bytes(kLargestFontFile, '\0');
-    const auto size = file.value->readAt(0, bytes);
+    const auto size = file.value()->readAt(0, bytes);
     if (!size)
-        return size.error;
-    bytes.resize(size.value);
+        return size.error();
+    bytes.resize(size.value());
     return ParseFont(bytes, width, height);
 }
 

@@ -32,6 +32,7 @@ LongValue findLongValue(std::string_view text, std::size_t firstLineSize) {
 } // namespace
 
 std::string_view QuotedLineReader::value() {
+    current_ = rest_.data();
     if (atEnd())
         throw RuntimeError(ErrorNumber::inputPastEnd);
     const TextLine line = FirstLine(rest_);
@@ -56,6 +57,7 @@ std::string_view QuotedLineReader::value() {
 }
 
 void QuotedLineReader::get(std::string& text) {
+    current_ = rest_.data();
     if (TakeLine(rest_, "\"\"\r\n")) {
         text.clear();
         return;
@@ -65,27 +67,38 @@ void QuotedLineReader::get(std::string& text) {
 }
 
 void QuotedLineReader::get(std::int16_t& number) {
+    current_ = rest_.data();
     if (!TakeIntegerLine(rest_, "\"", kQuotedLineEnd, number))
         number = TextToInt16(value());
 }
 
 void QuotedLineReader::get(std::int32_t& number) {
+    current_ = rest_.data();
     if (!TakeIntegerLine(rest_, "\"", kQuotedLineEnd, number))
         number = TextToInt32(value());
 }
 
 void QuotedLineReader::get(double& number) {
+    current_ = rest_.data();
     std::int32_t whole = 0;
     number = TakeIntegerLine(rest_, "\"", kQuotedLineEnd, whole) ? whole : TextToDouble(value());
 }
 
 void QuotedLineReader::get(bool& flag) {
+    current_ = rest_.data();
     if (TakeLine(rest_, "\"False\"\r\n"))
         flag = false;
     else if (TakeLine(rest_, "\"True\"\r\n"))
         flag = true;
     else
         flag = TextToBoolean(value());
+}
+
+std::size_t QuotedLineReader::lineNumber() const {
+    const std::string_view before = text_.substr(0, static_cast<std::size_t>(current_ - text_.data()));
+    const auto ends = static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n'));
+    const bool isPastUnendedLine = before.size() == text_.size() && !before.empty() && before.back() != '\n';
+    return ends + (isPastUnendedLine ? 2 : 1);
 }
 
 void QuotedLineWriter::putPlainLine(std::string_view line) {

@@ -59,23 +59,23 @@ void removeLastItem(ListControl* list) {
 
 } // namespace
 
-std::string FrameInfoClass::ConvertPrefixCodeToString(std::int16_t code) {
+std::string FrameInfoClass::ConvertPrefixCodeToString(std::int16_t code) const {
     return traced(
         FrameFunction("ConvertPrefixCodeToString"), [&] { return PrefixName(code); }, Arg{"code", code});
 }
 
-std::string FrameInfoClass::ConvertSuffixCodeToString(std::int16_t code) {
+std::string FrameInfoClass::ConvertSuffixCodeToString(std::int16_t code) const {
     return traced(
         FrameFunction("ConvertSuffixCodeToString"), [&] { return SuffixName(code); }, Arg{"code", code});
 }
 
-std::int16_t FrameInfoClass::ConvertPrefixStringToCode(const std::string& CodeString) {
+std::int16_t FrameInfoClass::ConvertPrefixStringToCode(const std::string& CodeString) const {
     return traced(
         FrameFunction("ConvertPrefixStringToCode"), [&] { return PrefixCodeOf(CodeString); },
         Arg{"CodeString", CodeString});
 }
 
-std::int16_t FrameInfoClass::ConvertSuffixStringToCode(const std::string& CodeString) {
+std::int16_t FrameInfoClass::ConvertSuffixStringToCode(const std::string& CodeString) const {
     return traced(
         FrameFunction("ConvertSuffixStringToCode"), [&] { return SuffixCodeOf(CodeString); },
         Arg{"CodeString", CodeString});

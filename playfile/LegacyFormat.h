@@ -45,14 +45,22 @@ std::int16_t FontOfLegacyCode(std::uint8_t code);
 /// The known fields of a record. `bytes` are its first `kLegacyUsedSize` ones.
 LegacyRecord ReadLegacyRecord(std::string_view bytes);
 
+/// Bytes of a record, from its start.
+struct LegacyByteRange {
+    std::size_t first = 0;
+    std::size_t last = 0; ///< Included.
+};
+/// The bytes that the known fields of a record are made of, in rising order.
+std::vector<LegacyByteRange> KnownLegacyBytes();
+
 /// Whether the file starts with the mark. A failure of the system is thrown as its run-time error, here and
 /// below.
 bool HasLegacyMark(InputFile& file);
 
-/// Number of records that are whole, and of the bytes behind them, in a file with the mark.
+/// Number of records that are whole, and of the bytes after them, in a file with the mark.
 struct LegacyExtent {
     std::uint64_t records = 0;
-    std::uint64_t bytesBehind = 0;
+    std::uint64_t bytesAfter = 0;
 };
 LegacyExtent ExtentOf(const InputFile& file);
 

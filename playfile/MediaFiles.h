@@ -1,6 +1,7 @@
 // Picture and command files that frames refer to.
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace qrtVistrelClasses4 {
@@ -12,8 +13,8 @@ bool FileExists(const std::string& sFileName);
 bool IsFixedDrive(const std::string& sFileName);
 
 /// Copies the file, under its own name, into the "Data" folder of the application data folder, making that
-/// folder when needed and replacing a file of that name. Returns the copy's full name, "" when copying failed
-/// and was reported.
-std::string CopyToDataFolder(const std::string& sFileName);
+/// folder when needed and replacing a file of that name. Returns the copy's full name, or nothing if copying
+/// failed, which has been reported then.
+std::optional<std::string> CopyToDataFolder(const std::string& sFileName);
 
 } // namespace qrtVistrelClasses4

@@ -14,11 +14,11 @@ namespace {
 /// A property by its overload pair.
 template <class Value, class Given>
 struct Property {
-    Value (FrameInfoClass::*read)();
+    Value (FrameInfoClass::*read)() const;
     void (FrameInfoClass::*write)(Given);
 };
 template <class Value, class Given>
-Property(Value (FrameInfoClass::*)(), void (FrameInfoClass::*)(Given)) -> Property<Value, Given>;
+Property(Value (FrameInfoClass::*)() const, void (FrameInfoClass::*)(Given)) -> Property<Value, Given>;
 // clang-format off
 #define P(name) Property{&FrameInfoClass::name, &FrameInfoClass::name}
 constexpr std::tuple kTraced{

@@ -9,7 +9,6 @@
 #include "tools/fonts/FontPictures.h"
 #include "tools/fonts/FontScaling.h"
 #include "tools/playfile/Opening.h"
-#include "tools/preview/ReadFrames.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/FileStart.h"
@@ -135,7 +134,7 @@ ExitCode check(const FontOptions& options, Session& session) {
     const auto needs = [&] {
         EveryErrorReporter reporter(session.errors);
         const ScopedErrorReporter scope(reporter);
-        return NeedsOf(ReadFrames(playfile));
+        return NeedsOf(playfile.Value().frames);
     }();
     Table lacking(
         {{"Code", Table::Align::right}, {"Character"}, {"Times", Table::Align::right}, {"First in"}});

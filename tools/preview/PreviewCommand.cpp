@@ -6,11 +6,11 @@
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
 #include "platform/posix/StandardStreams.h"
+#include "playfile/ReferenceFinder.h"
 #include "preview/FramePainter.h"
 #include "preview/FrameSheet.h"
 #include "tools/playfile/Opening.h"
 #include "tools/preview/PngFile.h"
-#include "tools/preview/ReadFrames.h"
 #include "tools/preview/TerminalPicture.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
@@ -81,6 +81,15 @@ void addFault(const PreviewFault& fault, ErrorLines& errors) {
         errors.add(Utf8FromAnsi(SplitPath(fault.name).name) +
                    " cannot be drawn: it is no uncompressed BMP of up to " + std::to_string(kLargestBmpSide) +
                    " x " + std::to_string(kLargestBmpSide) + " pixels");
+}
+
+/// The frames with full paths of their pictures, which loading an older playfile does not look for.
+OneBasedArray<FrameRecord> framesOf(const Playfile& playfile) {
+    OneBasedArray<FrameRecord> frames = playfile.frames;
+    ReferenceFinder finder(playfile.fileName);
+    for (FrameRecord& frame : frames)
+        finder.find(frame.PicturefileName);
+    return frames;
 }
 
 /// One run of the command, on an open playfile.
@@ -212,7 +221,7 @@ ExitCode preview(const PreviewOptions& options, Session& session) {
         return ExitCode::failed;
     }
     const ScopedMoment moment(options.at);
-    return Preview(options, sign, ReadFrames(playfile), session).run();
+    return Preview(options, sign, framesOf(playfile.Value()), session).run();
 }
 
 } // namespace
