@@ -79,4 +79,14 @@ std::invoke_result_t<Body&> untraced(Body body) {
     }
 }
 
+/// Runs `body`. Its error goes on to the caller as one that is logged but not shown to the operator.
+template <class Body>
+std::invoke_result_t<Body&> quietly(Body body) {
+    try {
+        return body();
+    } catch (...) {
+        throw CurrentError().quietly();
+    }
+}
+
 } // namespace qrtVistrelClasses4
