@@ -62,7 +62,7 @@ void keepForeign(FileSystem& files, const std::string& path) {
     std::string backup = first;
     const auto bytes = files.read(path);
     for (int number = 2; files.kindOf(backup) != EntryKind::missing; ++number) {
-        if (bytes && files.read(backup).value.text() == bytes.value.text())
+        if (bytes && files.read(backup).valueOr({}).text() == bytes.value().text())
             return;
         backup = first + std::to_string(number);
     }
@@ -112,11 +112,11 @@ void clsCommandInterface::BuildBuiltInCommands() {
 
 void clsCommandInterface::readFile(const std::string& path) {
     const auto file = platform().files().read(path);
-    if (file.error == SystemError::fileNotFound || file.error == SystemError::folderNotFound)
+    if (file.error() == SystemError::fileNotFound || file.error() == SystemError::folderNotFound)
         return; // the table is about to be started
-    Check(file.error);
-    readForeign_ = !MayBeCommandTable(file.value.text());
-    if (!ReadCommandRows(file.value.text(), commands_))
+    Check(file.error());
+    readForeign_ = !MayBeCommandTable(file.value().text());
+    if (!ReadCommandRows(file.value().text(), commands_))
         throw RuntimeError(ErrorNumber::overflow);
     readPath_ = path;
 }

@@ -48,15 +48,15 @@ SystemError copyPrevious(FileSystem& files, const std::string& path) {
     if (files.kindOf(path) == EntryKind::folder)
         return SystemError::none;
     const auto previous = files.read(path);
-    if (previous.error == SystemError::fileNotFound || (previous && previous.value.size == 0))
+    if (previous.error() == SystemError::fileNotFound || (previous && previous.value().size == 0))
         return SystemError::none;
     if (!previous)
-        return previous.error;
+        return previous.error();
     const std::string copy = path + std::string(kBackupEnding);
-    if (!isWholeList(previous.value.text()) && files.kindOf(copy) == EntryKind::file)
+    if (!isWholeList(previous.value().text()) && files.kindOf(copy) == EntryKind::file)
         return SystemError::none;
     ReplacementFile backup(files, MakePlaceForBackup(files, path));
-    (void)backup.write(previous.value.text()); // a failure is kept, and told by `commit`
+    (void)backup.write(previous.value().text()); // a failure is kept, and told by `commit`
     return backup.commit();
 }
 
@@ -98,9 +98,10 @@ void synchronise(DisplayDatabaseClass& displays) {
 
 } // namespace
 
-ScopedSignListSynchronisation::ScopedSignListSynchronisation(SignListSynchronisation& synchronisation)
-    : previous_(std::exchange(installedSynchronisation, &synchronisation)) {}
-ScopedSignListSynchronisation::~ScopedSignListSynchronisation() { installedSynchronisation = previous_; }
+template <>
+SignListSynchronisation*& ScopedSignListSynchronisation::installed() {
+    return installedSynchronisation;
+}
 
 void DisplayDatabaseClass::WriteAllDisplaysToDisk(std::string& sFileName) {
     traced(
@@ -125,7 +126,7 @@ void DisplayDatabaseClass::writeDisplays(std::string& sFileName) {
     const std::string folder(SplitPath(sFileName).folder);
     bool isOpened = false;
     try {
-        if (!halfWritten_ || *halfWritten_ != std::pair(sFileName, files.sizeOf(sFileName).value))
+        if (!halfWritten_ || *halfWritten_ != std::pair(sFileName, files.sizeOf(sFileName).valueOr(0)))
             keepPrevious(files, sFileName); // else the copy is the last whole list
         const bool isNew = files.kindOf(sFileName) == EntryKind::missing;
         const auto file = ValueOf(files.open(sFileName, OpenMode::replace));
@@ -138,7 +139,7 @@ void DisplayDatabaseClass::writeDisplays(std::string& sFileName) {
     } catch (...) {
         const RuntimeError error = CurrentError();
         if (isOpened)
-            halfWritten_.emplace(sFileName, files.sizeOf(sFileName).value);
+            halfWritten_.emplace(sFileName, files.sizeOf(sFileName).valueOr(0));
         showWriteFailure(error, sFileName);
         return;
     }

@@ -63,8 +63,8 @@ void Check(SystemError error);
 /// The value of `result`, or its error thrown.
 template <class T>
 T ValueOf(Result<T> result) {
-    Check(result.error);
-    return std::move(result.value);
+    Check(result.error());
+    return std::move(result).value();
 }
 
 } // namespace qrtVistrelClasses4

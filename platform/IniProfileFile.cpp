@@ -26,7 +26,7 @@ FileBytes narrowedText(std::string_view bytes) {
 std::string IniProfileFile::read(std::string_view section, std::string_view key,
                                  std::string_view defaultValue, std::size_t bufferSize) {
     if (!index_) {
-        bytes_ = readFile().value;
+        bytes_ = readFile().valueOr({});
         if (isWideText(bytes_.text()))
             bytes_ = narrowedText(bytes_.text());
         index_.emplace(bytes_.text());
@@ -43,12 +43,13 @@ SystemError IniProfileFile::commit() {
     const std::vector<IniChange> changes = std::exchange(changes_, {});
     if (changes.empty())
         return SystemError::none;
-    const Result<FileBytes> old = readFile();
-    if (!old && old.error != SystemError::fileNotFound)
-        return old.error;
-    if (isWideText(old.value.text()))
+    Result<FileBytes> read = readFile();
+    if (!read && read.error() != SystemError::fileNotFound)
+        return read.error();
+    const FileBytes old = std::move(read).valueOr({});
+    if (isWideText(old.text()))
         return SystemError::unsupported; // better than a mixture of wide and narrow lines
-    const std::optional<std::string> text = ApplyIniChanges(old.value.text(), changes);
+    const std::optional<std::string> text = ApplyIniChanges(old.text(), changes);
     if (!text)
         return SystemError::none;
     ReplacementFile file(files_, path_);
@@ -58,7 +59,7 @@ SystemError IniProfileFile::commit() {
 
 Result<FileBytes> IniProfileFile::readFile() {
     auto bytes = files_.read(path_);
-    if (bytes.error != SystemError::fileNotFound)
+    if (bytes.error() != SystemError::fileNotFound)
         return bytes;
     std::string existing = files_.existingName(path_);
     if (existing == path_)

@@ -5,6 +5,7 @@
 #include "platform/MessageBoxes.h"
 #include "platform/ProfileFile.h"
 #include "platform/RegistryStore.h"
+#include "platform/ScopedInstallation.h"
 
 #include <array>
 #include <memory>
@@ -73,36 +74,23 @@ struct PlatformOptions {
 /// The machine's own services.
 std::unique_ptr<Platform> makePlatform(const PlatformOptions& options = {});
 
-/// The platform that the library uses now: the one installed last, else the machine's own, made on first use.
+/// The platform in use: the one that was installed last, else the machine's own, which is made on first use.
+/// Its services may be used by several threads at the same time.
 Platform& platform();
 
-/// Puts another platform in place for as long as this object lives. `replacement` must outlive it.
-class ScopedPlatform {
-public:
-    explicit ScopedPlatform(Platform& replacement);
-    ~ScopedPlatform();
-    ScopedPlatform(const ScopedPlatform&) = delete;
-    ScopedPlatform& operator=(const ScopedPlatform&) = delete;
+/// Installs another platform for the whole process.
+using ScopedPlatform = ScopedInstallation<Platform>;
+template <>
+Platform*& ScopedPlatform::installed();
 
-private:
-    Platform* previous_;
-};
-
-/// Shows `message` in the boxes installed last, else in the platform's own.
-MessageAnswer showMessage(const Message& message);
-/// The boxes that `showMessage` uses now.
+/// The message boxes in use: those that were installed last, else the platform's own.
 MessageBoxes& messageBoxes();
+/// Shows `message` in these boxes.
+MessageAnswer showMessage(const Message& message);
 
-/// Puts other message boxes in place for as long as this object lives. `replacement` must outlive it.
-class ScopedMessageBoxes {
-public:
-    explicit ScopedMessageBoxes(MessageBoxes& replacement);
-    ~ScopedMessageBoxes();
-    ScopedMessageBoxes(const ScopedMessageBoxes&) = delete;
-    ScopedMessageBoxes& operator=(const ScopedMessageBoxes&) = delete;
-
-private:
-    MessageBoxes* previous_;
-};
+/// Installs other message boxes for the whole process.
+using ScopedMessageBoxes = ScopedInstallation<MessageBoxes>;
+template <>
+MessageBoxes*& ScopedMessageBoxes::installed();
 
 } // namespace qrtVistrelClasses4

@@ -18,12 +18,12 @@ ReplacementFile::ReplacementFile(FileSystem& files, const std::string& path)
     if (note(files_.mayWrite(path_)) != SystemError::none)
         return;
     if (auto beside = files_.createBeside(path_)) {
-        temporaryPath_ = std::move(beside.value.path);
-        file_ = std::move(beside.value.file);
-    } else if (beside.error == SystemError::accessDenied && files_.kindOf(path_) == EntryKind::file) {
+        temporaryPath_ = std::move(beside.value().path);
+        file_ = std::move(beside.value().file);
+    } else if (beside.error() == SystemError::accessDenied && files_.kindOf(path_) == EntryKind::file) {
         inPlace_ = true;
     } else {
-        error_ = beside.error;
+        error_ = beside.error();
     }
 }
 
@@ -61,10 +61,10 @@ SystemError ReplacementFile::commit() {
 
 SystemError ReplacementFile::writeInPlace() {
     const auto file = files_.open(path_, OpenMode::replace);
-    if (note(file.error) == SystemError::none &&
-        note(file.value->write(bytesInPlace_)) == SystemError::none &&
-        note(file.value->flush()) == SystemError::none)
-        (void)note(file.value->close());
+    if (note(file.error()) == SystemError::none &&
+        note(file.value()->write(bytesInPlace_)) == SystemError::none &&
+        note(file.value()->flush()) == SystemError::none)
+        (void)note(file.value()->close());
     return error_;
 }
 

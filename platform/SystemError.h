@@ -1,6 +1,7 @@
 // What the operating system answers: success, or one of the few refusals that the library tells apart.
 #pragma once
 
+#include <optional>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
@@ -15,15 +16,28 @@ enum class [[nodiscard]] SystemError{
     unsupported,   ///< This machine has no such service.
 };
 
-/// A value, or why there is none. `value` is default-made when `error` is not `none`.
+/// A value, or the reason why there is none.
 template <class T>
-struct [[nodiscard]] Result {
-    SystemError error = SystemError::none;
-    T value{};
+class [[nodiscard]] Result {
+public:
+    Result(T given) : value_(std::move(given)) {}
+    /// `reason` is not `none`.
+    Result(SystemError reason) : error_(reason) {}
 
-    Result(T given) : value(std::move(given)) {}
-    Result(SystemError reason) : error(reason) {}
-    explicit operator bool() const { return error == SystemError::none; }
+    explicit operator bool() const { return value_.has_value(); }
+    /// `none` if there is a value.
+    SystemError error() const { return error_; }
+
+    /// Reading a value that is not there throws `std::bad_optional_access`, which traps report as error 51.
+    T& value() & { return value_.value(); }
+    const T& value() const& { return value_.value(); }
+    T&& value() && { return std::move(value_).value(); }
+    /// `other` if there is no value.
+    T valueOr(T other) && { return std::move(value_).value_or(std::move(other)); }
+
+private:
+    SystemError error_ = SystemError::none;
+    std::optional<T> value_;
 };
 
 } // namespace qrtVistrelClasses4

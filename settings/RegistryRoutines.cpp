@@ -38,22 +38,19 @@ bool RegistryRoutines::DeleteValue(const std::string& ValueName) {
 
 std::vector<std::string> RegistryRoutines::EnumRegistryKeys() {
     return traced(registryFunction("EnumRegistryKeys"),
-                  [&] { return platform().registry().subkeys(key_).value; });
+                  [&] { return platform().registry().subkeys(key_).valueOr({}); });
 }
 
 std::vector<std::string> RegistryRoutines::EnumRegistryValues() {
     return traced(registryFunction("EnumRegistryValues"),
-                  [&] { return platform().registry().valueNames(key_).value; });
+                  [&] { return platform().registry().valueNames(key_).valueOr({}); });
 }
 
 std::string RegistryRoutines::GetRegistryValue(const std::string& ValueName,
                                                const std::string& DefaultValue) {
     return traced(
         registryFunction("GetRegistryValue"),
-        [&] {
-            auto found = platform().registry().readString(key_, ValueName);
-            return found ? found.value : DefaultValue;
-        },
+        [&] { return platform().registry().readString(key_, ValueName).valueOr(DefaultValue); },
         Arg{"ValueName", ValueName}, Arg{"DefaultValue", DefaultValue});
 }
 
@@ -70,8 +67,7 @@ std::string RegistryRoutines::ReadRemoteRegistryValue(const std::string& Machine
     return traced(
         registryFunction("ReadRemoteRegistryValue"),
         [&] {
-            auto found = platform().registry().readRemoteString(MachineName, key_, ValueName);
-            return found ? found.value : DefaultValue;
+            return platform().registry().readRemoteString(MachineName, key_, ValueName).valueOr(DefaultValue);
         },
         Arg{"MachineName", MachineName}, Arg{"ValueName", ValueName}, Arg{"DefaultValue", DefaultValue});
 }

@@ -145,16 +145,16 @@ Result<std::shared_ptr<std::string>> MemoryFileSystem::contentToRead(const std::
 Result<FileBytes> MemoryFileSystem::read(const std::string& path) {
     const auto content = contentToRead(path);
     if (!content)
-        return content.error;
-    return copyOf(*content.value);
+        return content.error();
+    return copyOf(*content.value());
 }
 
 Result<std::unique_ptr<InputFile>> MemoryFileSystem::openToRead(const std::string& path) {
     auto content = contentToRead(path);
     if (!content)
-        return content.error;
+        return content.error();
     return std::unique_ptr<InputFile>(
-        std::make_unique<MemoryInputFile>(std::move(content.value), *this, path));
+        std::make_unique<MemoryInputFile>(std::move(content.value()), *this, path));
 }
 
 SystemError MemoryFileSystem::mayWrite(const std::string& path) {
@@ -193,8 +193,8 @@ Result<TemporaryFile> MemoryFileSystem::createBeside(const std::string& path) {
     std::string temporaryPath = std::string(SplitPath(path).folder) + name;
     auto file = open(temporaryPath, OpenMode::replace);
     if (!file)
-        return file.error;
-    return TemporaryFile{std::move(temporaryPath), std::move(file.value)};
+        return file.error();
+    return TemporaryFile{std::move(temporaryPath), std::move(file.value())};
 }
 
 SystemError MemoryFileSystem::append(const std::string& path, std::string& content, std::string_view bytes) {
@@ -256,9 +256,9 @@ SystemError MemoryFileSystem::createFolder(const std::string& path) {
 SystemError MemoryFileSystem::copy(const std::string& from, const std::string& to) {
     const auto bytes = read(from);
     if (!bytes || normal(from) == normal(to))
-        return bytes.error;
+        return bytes.error();
     ReplacementFile file(*this, to);
-    (void)file.write(bytes.value.text()); // a failure is kept and told by `commit`
+    (void)file.write(bytes.value().text()); // a failure is kept and told by `commit`
     return file.commit();
 }
 

@@ -183,11 +183,11 @@ Result<std::uint64_t> PosixFileSystem::sizeOf(const std::string& path) {
 Result<FileBytes> PosixFileSystem::read(const std::string& path) {
     const auto source = openSource(path);
     if (!source)
-        return source.error;
-    const int file = source.value.file.number();
+        return source.error();
+    const int file = source.value().file.number();
     if (!lockFile(file, LOCK_SH))
         return SystemError::inUse;
-    const auto size = static_cast<std::size_t>(source.value.status.st_size);
+    const auto size = static_cast<std::size_t>(source.value().status.st_size);
     if (size > kLargestFile)
         return SystemError::tooLarge;
     return readToEnd(file, size, path);
@@ -196,8 +196,8 @@ Result<FileBytes> PosixFileSystem::read(const std::string& path) {
 Result<std::unique_ptr<InputFile>> PosixFileSystem::openToRead(const std::string& path) {
     auto source = openSource(path);
     if (!source)
-        return source.error;
-    return std::unique_ptr<InputFile>(std::make_unique<PosixInputFile>(std::move(source.value), path));
+        return source.error();
+    return std::unique_ptr<InputFile>(std::make_unique<PosixInputFile>(std::move(source.value()), path));
 }
 
 Result<std::unique_ptr<OutputFile>> PosixFileSystem::open(const std::string& path, OpenMode mode) {
@@ -276,12 +276,12 @@ SystemError PosixFileSystem::createFolder(const std::string& path) {
 SystemError PosixFileSystem::copy(const std::string& from, const std::string& to) {
     const auto source = openSource(from);
     if (!source)
-        return source.error;
+        return source.error();
     struct stat target {};
-    if (lookUp(to, target) && isSameFile(source.value.status, target))
+    if (lookUp(to, target) && isSameFile(source.value().status, target))
         return SystemError::none;
     ReplacementFile file(*this, to);
-    if (const auto error = copyBytes(source.value, from, file); error != SystemError::none)
+    if (const auto error = copyBytes(source.value(), from, file); error != SystemError::none)
         return error;
     return file.commit();
 }

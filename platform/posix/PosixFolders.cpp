@@ -90,8 +90,8 @@ std::optional<std::string> userFolder(FileSystem& files, int shellNumber) {
     const UserFolder* folder = find(shellNumber);
     if (!folder)
         return {};
-    const auto directories = files.read(JoinPath(configurationFolder(), "user-dirs.dirs"));
-    std::string path = userDirectory(directories.value.text(), folder->variable, userHome());
+    const FileBytes directories = files.read(JoinPath(configurationFolder(), "user-dirs.dirs")).valueOr({});
+    std::string path = userDirectory(directories.text(), folder->variable, userHome());
     return path.empty() ? JoinPath(userHome(), folder->usualName) : path;
 }
 

@@ -25,10 +25,10 @@ const RegistryTree& PosixRegistryStore::tree() {
     const auto bytes = files_.read(path_);
     file_ = Descriptor(); // unless all goes well, the next look tries again
     const bool isMissing =
-        bytes.error == SystemError::fileNotFound || bytes.error == SystemError::folderNotFound;
+        bytes.error() == SystemError::fileNotFound || bytes.error() == SystemError::folderNotFound;
     if (!bytes && !isMissing)
         return tree_; // rather than none at all
-    tree_ = RegistryTree(bytes.value.text());
+    tree_ = bytes ? RegistryTree(bytes.value().text()) : RegistryTree();
     if (bytes) {
         file_ = std::move(file);
         status_ = status;
@@ -42,9 +42,9 @@ SystemError PosixRegistryStore::change(const Edit& edit) {
         return error;
     const FolderLock lock(folder);
     const auto bytes = files_.read(path_);
-    if (!bytes && bytes.error != SystemError::fileNotFound)
-        return bytes.error;
-    RegistryTree tree(bytes.value.text());
+    if (!bytes && bytes.error() != SystemError::fileNotFound)
+        return bytes.error();
+    RegistryTree tree(bytes ? bytes.value().text() : std::string_view());
     const std::string before = tree.text();
     if (const auto error = edit(tree); error != SystemError::none)
         return error;

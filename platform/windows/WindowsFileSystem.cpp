@@ -30,7 +30,7 @@ DWORD attributesOf(const std::string& path) {
 
 FileHandle openHandle(const std::string& path, DWORD access, DWORD share, DWORD disposition) {
     if (!isName(path))
-        return FileHandle();
+        return {};
     return FileHandle(
         ::CreateFileA(path.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
@@ -202,17 +202,17 @@ Result<std::uint64_t> WindowsFileSystem::sizeOf(const std::string& path) {
 Result<FileBytes> WindowsFileSystem::read(const std::string& path) {
     const auto file = openSource(path);
     if (!file)
-        return file.error;
-    if (!lockFile(file.value.get(), false))
+        return file.error();
+    if (!lockFile(file.value().get(), false))
         return SystemError::inUse;
-    const auto size = sizeOfOpened(file.value.get());
+    const auto size = sizeOfOpened(file.value().get());
     if (!size)
-        return size.error;
-    if (size.value > kLargestFile)
+        return size.error();
+    if (size.value() > kLargestFile)
         return SystemError::tooLarge;
-    const auto room = static_cast<std::size_t>(size.value);
+    const auto room = static_cast<std::size_t>(size.value());
     FileBytes bytes{std::make_unique_for_overwrite<char[]>(room), 0};
-    if (const auto error = fill(file.value.get(), {bytes.data.get(), room}, bytes.size);
+    if (const auto error = fill(file.value().get(), {bytes.data.get(), room}, bytes.size);
         error != SystemError::none)
         return error;
     return bytes;
@@ -221,11 +221,12 @@ Result<FileBytes> WindowsFileSystem::read(const std::string& path) {
 Result<std::unique_ptr<InputFile>> WindowsFileSystem::openToRead(const std::string& path) {
     auto file = openSource(path);
     if (!file)
-        return file.error;
-    const auto size = sizeOfOpened(file.value.get());
+        return file.error();
+    const auto size = sizeOfOpened(file.value().get());
     if (!size)
-        return size.error;
-    return std::unique_ptr<InputFile>(std::make_unique<WindowsInputFile>(std::move(file.value), size.value));
+        return size.error();
+    return std::unique_ptr<InputFile>(
+        std::make_unique<WindowsInputFile>(std::move(file.value()), size.value()));
 }
 
 Result<std::unique_ptr<OutputFile>> WindowsFileSystem::open(const std::string& path, OpenMode mode) {
@@ -310,9 +311,9 @@ SystemError WindowsFileSystem::copy(const std::string& from, const std::string& 
         return error;
     auto temporary = createBeside(to);
     if (!temporary)
-        return temporary.error;
-    temporary.value.file.reset();
-    const std::string& copied = temporary.value.path;
+        return temporary.error();
+    temporary.value().file.reset();
+    const std::string& copied = temporary.value().path;
     SystemError error =
         ::CopyFileA(from.c_str(), copied.c_str(), FALSE) ? SystemError::none : lastSystemError();
     if (error == SystemError::none)

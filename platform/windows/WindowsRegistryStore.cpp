@@ -75,13 +75,13 @@ Result<OpenKey> makeKey(HKEY root, const std::string& path) {
 Result<std::string> stringIn(HKEY root, const std::string& path, std::string_view name) {
     const auto key = openKey(root, path, KEY_QUERY_VALUE);
     if (!key)
-        return key.error;
+        return key.error();
     const std::string valueName(name);
     std::string text(256, '\0');
     for (;;) {
         DWORD type = REG_NONE;
         auto size = static_cast<DWORD>(text.size());
-        const LSTATUS status = ::RegQueryValueExA(key.value.get(), valueName.c_str(), nullptr, &type,
+        const LSTATUS status = ::RegQueryValueExA(key.value().get(), valueName.c_str(), nullptr, &type,
                                                   reinterpret_cast<BYTE*>(text.data()), &size);
         if (status != ERROR_SUCCESS && status != ERROR_MORE_DATA)
             return told(status);
@@ -100,9 +100,9 @@ Result<std::string> stringIn(HKEY root, const std::string& path, std::string_vie
 SystemError setStringIn(HKEY root, const std::string& path, std::string_view name, std::string_view value) {
     const auto key = makeKey(root, path);
     if (!key)
-        return key.error;
+        return key.error();
     const std::string text(UntilNul(value));
-    return told(::RegSetValueExA(key.value.get(), std::string(name).c_str(), 0, REG_SZ,
+    return told(::RegSetValueExA(key.value().get(), std::string(name).c_str(), 0, REG_SZ,
                                  reinterpret_cast<const BYTE*>(text.c_str()),
                                  static_cast<DWORD>(text.size() + 1)));
 }
@@ -136,11 +136,11 @@ Result<std::vector<std::string>> enumerate(Next next) {
 } // namespace
 
 bool WindowsRegistryStore::keyExists(const RegistryKey& key) {
-    return openKey(key, KEY_QUERY_VALUE).error == SystemError::none;
+    return openKey(key, KEY_QUERY_VALUE).error() == SystemError::none;
 }
 
 SystemError WindowsRegistryStore::createKey(const RegistryKey& key) {
-    return makeKey(predefined(key.hive), key.path).error;
+    return makeKey(predefined(key.hive), key.path).error();
 }
 
 SystemError WindowsRegistryStore::deleteKey(const RegistryKey& key) {
@@ -154,7 +154,7 @@ SystemError WindowsRegistryStore::deleteKey(const RegistryKey& key) {
 
 SystemError WindowsRegistryStore::deleteValue(const RegistryKey& key, std::string_view name) {
     const auto opened = openKey(key, KEY_SET_VALUE);
-    return opened ? told(::RegDeleteValueA(opened.value.get(), std::string(name).c_str())) : opened.error;
+    return opened ? told(::RegDeleteValueA(opened.value().get(), std::string(name).c_str())) : opened.error();
 }
 
 Result<std::string> WindowsRegistryStore::readString(const RegistryKey& key, std::string_view name) {
@@ -169,18 +169,18 @@ SystemError WindowsRegistryStore::writeString(const RegistryKey& key, std::strin
 Result<std::vector<std::string>> WindowsRegistryStore::subkeys(const RegistryKey& key) {
     const auto opened = openKey(key, KEY_ENUMERATE_SUB_KEYS);
     if (!opened)
-        return opened.error;
+        return opened.error();
     return enumerate([&](DWORD index, char* name, DWORD* size) {
-        return ::RegEnumKeyExA(opened.value.get(), index, name, size, nullptr, nullptr, nullptr, nullptr);
+        return ::RegEnumKeyExA(opened.value().get(), index, name, size, nullptr, nullptr, nullptr, nullptr);
     });
 }
 
 Result<std::vector<std::string>> WindowsRegistryStore::valueNames(const RegistryKey& key) {
     const auto opened = openKey(key, KEY_QUERY_VALUE);
     if (!opened)
-        return opened.error;
+        return opened.error();
     return enumerate([&](DWORD index, char* name, DWORD* size) {
-        return ::RegEnumValueA(opened.value.get(), index, name, size, nullptr, nullptr, nullptr, nullptr);
+        return ::RegEnumValueA(opened.value().get(), index, name, size, nullptr, nullptr, nullptr, nullptr);
     });
 }
 
@@ -188,14 +188,14 @@ Result<std::string> WindowsRegistryStore::readRemoteString(const std::string& ma
                                                            std::string_view name) {
     const auto root = connect(machine, key.hive);
     if (!root)
-        return root.error;
-    return stringIn(root.value.get(), key.path, name);
+        return root.error();
+    return stringIn(root.value().get(), key.path, name);
 }
 
 SystemError WindowsRegistryStore::writeRemoteString(const std::string& machine, const RegistryKey& key,
                                                     std::string_view name, std::string_view value) {
     const auto root = connect(machine, key.hive);
-    return root ? setStringIn(root.value.get(), key.path, name, value) : root.error;
+    return root ? setStringIn(root.value().get(), key.path, name, value) : root.error();
 }
 
 } // namespace qrtVistrelClasses4

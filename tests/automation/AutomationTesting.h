@@ -30,7 +30,7 @@ struct Value : OwnedVariant {
     Value(bool flag) : Value(VT_BOOL) { V_BOOL(this) = flag ? VARIANT_TRUE : VARIANT_FALSE; }
     Value(const char* text) : Value(VT_BSTR) { V_BSTR(this) = WideText(text).release(); }
     Value(IDispatch* object) : Value(VT_DISPATCH) { V_DISPATCH(this) = ComPtr<IDispatch>(object).Detach(); }
-    Value(const Value& other) : OwnedVariant() { VariantCopy(this, const_cast<Value*>(&other)); }
+    Value(const Value& other) { VariantCopy(this, const_cast<Value*>(&other)); }
     Value& operator=(Value other) {
         std::swap(static_cast<VARIANT&>(*this), static_cast<VARIANT&>(other));
         return *this;

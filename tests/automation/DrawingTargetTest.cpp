@@ -33,9 +33,11 @@ public:
     MemoryBitmap& operator=(const MemoryBitmap&) = delete;
 
     std::vector<Color> pixels() const {
-        std::vector<Color> pixels;
-        for (std::int32_t i = 0; i < width_ * height_; ++i)
-            pixels.push_back(GetPixel(dc, i % width_, i / width_));
+        std::vector<Color> pixels(static_cast<std::size_t>(width_ * height_));
+        for (std::int32_t i = 0; auto& pixel : pixels) {
+            pixel = GetPixel(dc, i % width_, i / width_);
+            ++i;
+        }
         return pixels;
     }
 

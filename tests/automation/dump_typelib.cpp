@@ -142,9 +142,12 @@ void printLibrary(ITypeLib& library) {
 } // namespace
 } // namespace qrtVistrelClasses4
 
-int main(int, char** arguments) {
+int main(int, char** arguments) try {
     using namespace qrtVistrelClasses4;
     ComPtr<ITypeLib> library;
     check(LoadTypeLibEx(WideText(arguments[1]).get(), REGKIND_NONE, &library));
     printLibrary(*library.Get());
+} catch (const std::exception& error) {
+    std::cerr << "dump_typelib: " << error.what() << "\n";
+    return 1;
 }

@@ -169,7 +169,7 @@ TEST_F(DisplayStore, TellsOfAFileThatMayNotBeWritten) {
 TEST_F(DisplayStore, SynchronisesOnlyWhereTheSettingIsExactlyTrueAndTrapsItsErrors) {
     struct : SignListSynchronisation {
         void synchronise(DisplayDatabaseClass& displays) override {
-            const FileBytes file = platform().files().read(path).value;
+            const FileBytes file = platform().files().read(path).valueOr({});
             written.push_back(displays.DisplayName() + " " + std::string(file.text().substr(0, 3)));
             throw RuntimeError(3024, "no such database");
         }

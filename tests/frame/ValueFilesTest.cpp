@@ -92,7 +92,7 @@ TEST(QuotedLineWriter, PutsTextsLargerThanAnyBufferAndNoQuoteInsideThem) {
     MemoryPlatform machine;
     const std::string path = JoinPath(machine.library, "values"), longText(200'000, 'x');
     const auto file = machine.files().open(path, OpenMode::replace);
-    QuotedLineWriter out(*file.value);
+    QuotedLineWriter out(*file.value());
     out.putPlainLine(longText);
     out.put("6\" sign");
     out.put(longText);

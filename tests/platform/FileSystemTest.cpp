@@ -26,12 +26,12 @@ TYPED_TEST(FileSystemTest, GivesBackEveryByteOfAFileAsAWholeAndInPieces) {
     EXPECT_EQ(this->textOf(path), "line\nline\n");
     this->put(path, large);
     EXPECT_EQ(this->textOf(path), large);
-    EXPECT_EQ(this->files().sizeOf(path).value, large.size());
+    EXPECT_EQ(this->files().sizeOf(path).value(), large.size());
     const auto input = this->files().openToRead(path);
-    EXPECT_EQ(input.value->size(), large.size());
+    EXPECT_EQ(input.value()->size(), large.size());
     for (const std::uint64_t offset : {299'990ULL, 0ULL, 123'456ULL, 300'000ULL, 1ULL << 40}) {
         std::string piece(100, '?');
-        piece.resize(input.value->readAt(offset, piece).value);
+        piece.resize(input.value()->readAt(offset, piece).value());
         EXPECT_EQ(piece, offset < large.size() ? large.substr(static_cast<std::size_t>(offset), 100) : "")
             << offset;
     }
@@ -49,16 +49,16 @@ TYPED_TEST(FileSystemTest, TellsAMissingFileAMissingFolderAndAFolderApart) {
     for (const auto& [path, kind, whenRead, whenMade] : cases) {
         SCOPED_TRACE(path);
         EXPECT_EQ(files.kindOf(path), kind);
-        EXPECT_EQ(
-            (std::vector{files.read(path).error, files.openToRead(path).error, files.sizeOf(path).error}),
-            std::vector(3, whenRead));
+        EXPECT_EQ((std::vector{files.read(path).error(), files.openToRead(path).error(),
+                               files.sizeOf(path).error()}),
+                  std::vector(3, whenRead));
         EXPECT_EQ((std::vector{files.mayWrite(path), ReplacementFile(files, path).error()}),
                   std::vector(2, whenMade));
         if (kind == EntryKind::missing) {
             EXPECT_EQ((std::vector{files.remove(path), files.copy(path, copy)}), std::vector(2, whenRead));
-            EXPECT_EQ(files.createBeside(path).error, whenMade);
+            EXPECT_EQ(files.createBeside(path).error(), whenMade);
         }
-        EXPECT_EQ(files.open(path, OpenMode::replace).error, whenMade);
+        EXPECT_EQ(files.open(path, OpenMode::replace).error(), whenMade);
     }
     EXPECT_EQ(files.kindOf(WithTrailingSeparator(folder)), EntryKind::folder);
     EXPECT_EQ(files.createFolder(folder), alreadyExists);
@@ -126,11 +126,11 @@ TEST(SystemFiles, AReaderWaitsForTheWriterOfAFile) {
     FileSystem& files = machine.platform().files();
     const std::string path = machine.file("a");
     const auto writer = files.open(path, OpenMode::replace);
-    EXPECT_EQ(writer.value->write("one half"), none);
-    auto read = std::async(std::launch::async, [&] { return std::string(files.read(path).value.text()); });
+    EXPECT_EQ(writer.value()->write("one half"), none);
+    auto read = std::async(std::launch::async, [&] { return std::string(files.read(path).value().text()); });
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    EXPECT_EQ(writer.value->write(", and the other"), none);
-    EXPECT_EQ(writer.value->close(), none);
+    EXPECT_EQ(writer.value()->write(", and the other"), none);
+    EXPECT_EQ(writer.value()->close(), none);
     EXPECT_EQ(read.get(), "one half, and the other");
 }
 

@@ -61,14 +61,14 @@ protected:
     /// Writes without the care that `ReplacementFile` takes.
     void put(const std::string& path, std::string_view content, OpenMode mode = OpenMode::replace) {
         const auto file = files().open(path, mode);
-        ASSERT_EQ(file.error, SystemError::none);
-        EXPECT_EQ(file.value->write(content), SystemError::none);
-        EXPECT_EQ(file.value->close(), SystemError::none);
+        ASSERT_EQ(file.error(), SystemError::none);
+        EXPECT_EQ(file.value()->write(content), SystemError::none);
+        EXPECT_EQ(file.value()->close(), SystemError::none);
     }
     /// The text of a file, or "(missing)".
     std::string textOf(const std::string& path) {
         const auto bytes = files().read(path);
-        return bytes ? std::string(bytes.value.text()) : "(missing)";
+        return bytes ? std::string(bytes.value().text()) : "(missing)";
     }
 
     Machine machine;

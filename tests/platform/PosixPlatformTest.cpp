@@ -52,7 +52,7 @@ TEST_F(PosixPlatformTest, NeitherReadsNorReplacesWhatIsNoPlainFile) {
     ASSERT_EQ(::mkfifo(file("pipe").c_str(), 0600), 0);
     for (const std::string& path : {file("pipe"), std::string("/dev/null")}) {
         EXPECT_EQ(files().kindOf(path), EntryKind::other);
-        EXPECT_EQ(files().read(path).error, SystemError::accessDenied);
+        EXPECT_EQ(files().read(path).error(), SystemError::accessDenied);
         EXPECT_EQ(ReplacementFile(files(), path).error(), SystemError::accessDenied);
     }
 }
@@ -61,8 +61,8 @@ TEST_F(PosixPlatformTest, WritesNothingThroughPipesOrAppendsThroughLinks) {
     ASSERT_EQ(::mkfifo(file("pipe").c_str(), 0600), 0);
     std::filesystem::create_symlink(file("target"), file("link"));
     for (const OpenMode mode : {OpenMode::replace, OpenMode::append})
-        EXPECT_EQ(files().open(file("pipe"), mode).error, SystemError::accessDenied) << "without a reader";
-    EXPECT_EQ(files().open(file("link"), OpenMode::append).error, SystemError::accessDenied);
+        EXPECT_EQ(files().open(file("pipe"), mode).error(), SystemError::accessDenied) << "without a reader";
+    EXPECT_EQ(files().open(file("link"), OpenMode::append).error(), SystemError::accessDenied);
     EXPECT_EQ(textOf(file("target")), "(missing)");
 }
 
@@ -86,14 +86,14 @@ TEST_F(PosixPlatformTest, WaitsForTheLockOfAnotherButNotForEver) {
 
 TEST_F(PosixPlatformTest, SeesWhatAnotherPlatformObjectWroteToTheRegistry) {
     const auto other = makePlatform({file("")});
-    EXPECT_EQ(platform().registry().readString(kKey, "v").error, SystemError::fileNotFound);
+    EXPECT_EQ(platform().registry().readString(kKey, "v").error(), SystemError::fileNotFound);
     EXPECT_EQ(machine.fileCount(), 0) << "reading makes nothing";
     for (const char* value : {"a", "b", "c"}) {
         ASSERT_EQ(other->registry().writeString(kKey, "v", value), SystemError::none);
-        EXPECT_EQ(platform().registry().readString(kKey, "v").value, value);
+        EXPECT_EQ(platform().registry().readString(kKey, "v").value(), value);
     }
     std::filesystem::remove(file("registry"));
-    EXPECT_EQ(platform().registry().readString(kKey, "v").error, SystemError::fileNotFound);
+    EXPECT_EQ(platform().registry().readString(kKey, "v").error(), SystemError::fileNotFound);
     ASSERT_EQ(files().createFolder(file("registry")), SystemError::none);
     EXPECT_EQ(platform().registry().writeString(kKey, "v", "x"), SystemError::accessDenied) << "never unread";
 }
@@ -117,9 +117,9 @@ TEST_F(PosixPlatformTest, ASettingsStoreThatCannotBeReadKeepsWhatWasReadLast) {
     for (const std::string value : {"first", "second"}) {
         machineInMemory.observer = nullptr;
         machineInMemory.put(file("registry"), "[HKEY_USERS\\a]\n\"name\"=\"" + value + "\"\n");
-        EXPECT_EQ(store.readString(kKey, "name").value, value);
+        EXPECT_EQ(store.readString(kKey, "name").value(), value);
         machineInMemory.observer = [](const FileOperation&) { return SystemError::deviceFailure; };
-        EXPECT_EQ(store.readString(kKey, "name").value, value);
+        EXPECT_EQ(store.readString(kKey, "name").value(), value);
     }
 }
 

@@ -42,13 +42,13 @@ TYPED_TEST(RegistryStoreTest, GivesBackWhatWasWrittenUnderNamesInAnyCaseAndKeeps
         names.push_back(name);
         EXPECT_EQ(store.writeString(key, name, "replaced" + value), none) << name;
         EXPECT_EQ(store.writeString(inOtherCase, AnsiUpper(name), value), none) << name;
-        EXPECT_EQ(store.readString(inOtherCase, AnsiUpper(name)).value, value);
+        EXPECT_EQ(store.readString(inOtherCase, AnsiUpper(name)).value(), value);
     }
-    EXPECT_EQ(store.subkeys(TestFixture::key()).value, Names{"Any case"});
-    EXPECT_THAT(store.valueNames(inOtherCase).value, testing::UnorderedElementsAreArray(names));
+    EXPECT_EQ(store.subkeys(TestFixture::key()).value(), Names{"Any case"});
+    EXPECT_THAT(store.valueNames(inOtherCase).value(), testing::UnorderedElementsAreArray(names));
     for (const std::string& name : names)
         EXPECT_EQ(store.deleteValue(key, AnsiUpper(name)), none) << name;
-    EXPECT_EQ(store.valueNames(key).value, Names{});
+    EXPECT_EQ(store.valueNames(key).value(), Names{});
 }
 
 TYPED_TEST(RegistryStoreTest, DeletesAKeyWithAllBelowItAndNothingElse) {
@@ -56,13 +56,13 @@ TYPED_TEST(RegistryStoreTest, DeletesAKeyWithAllBelowItAndNothingElse) {
     for (const char* name : {"ab", "a\\b\\c", "a b"})
         ASSERT_EQ(store.writeString(TestFixture::key(name), "v", name), none);
     ASSERT_EQ(store.createKey(TestFixture::key("a\\b\\c")), none);
-    EXPECT_EQ(store.readString(TestFixture::key("a\\b\\c"), "v").value, "a\\b\\c");
-    EXPECT_EQ(store.subkeys(TestFixture::key()).value, (Names{"a", "a b", "ab"}));
+    EXPECT_EQ(store.readString(TestFixture::key("a\\b\\c"), "v").value(), "a\\b\\c");
+    EXPECT_EQ(store.subkeys(TestFixture::key()).value(), (Names{"a", "a b", "ab"}));
     ASSERT_EQ(store.deleteKey(TestFixture::key("a\\b\\c")), none);
-    EXPECT_EQ(store.subkeys(TestFixture::key("a")).value, Names{"b"}) << "though nothing is in it";
+    EXPECT_EQ(store.subkeys(TestFixture::key("a")).value(), Names{"b"}) << "though nothing is in it";
     ASSERT_EQ(store.deleteKey(TestFixture::key("a")), none);
     EXPECT_FALSE(store.keyExists(TestFixture::key("a"))) << "though others start so";
-    EXPECT_EQ(store.subkeys(TestFixture::key()).value, (Names{"a b", "ab"}));
+    EXPECT_EQ(store.subkeys(TestFixture::key()).value(), (Names{"a b", "ab"}));
 }
 
 TYPED_TEST(RegistryStoreTest, RefusesMissingKeysAndNeverDeletesARootKey) {
@@ -71,14 +71,15 @@ TYPED_TEST(RegistryStoreTest, RefusesMissingKeysAndNeverDeletesARootKey) {
     for (const RegistryKey& key :
          {unknown, TestFixture::key("missing"), TestFixture::key("missing\\deeper")}) {
         EXPECT_FALSE(store.keyExists(key)) << key.path;
-        EXPECT_EQ((std::vector{store.readString(key, "v").error, store.deleteValue(key, "v"),
-                               store.deleteKey(key), store.subkeys(key).error, store.valueNames(key).error}),
-                  std::vector(5, fileNotFound));
+        EXPECT_EQ(
+            (std::vector{store.readString(key, "v").error(), store.deleteValue(key, "v"),
+                         store.deleteKey(key), store.subkeys(key).error(), store.valueNames(key).error()}),
+            std::vector(5, fileNotFound));
     }
     EXPECT_EQ(store.createKey(unknown), fileNotFound);
     EXPECT_EQ(store.writeString(unknown, "v", "x"), fileNotFound);
     ASSERT_EQ(store.createKey(TestFixture::key("there")), none);
-    EXPECT_EQ(store.readString(TestFixture::key("there"), "v").error, fileNotFound);
+    EXPECT_EQ(store.readString(TestFixture::key("there"), "v").error(), fileNotFound);
     EXPECT_EQ(store.deleteValue(TestFixture::key("there"), "v"), fileNotFound);
     for (const std::string& path : {std::string(), std::string("\\"), std::string("\0a", 2)})
         EXPECT_EQ(store.deleteKey({RegistryHive::users, path}), accessDenied);

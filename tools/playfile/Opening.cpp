@@ -11,7 +11,7 @@ void explainLegacyPlayfile(FrameInfoClass& playfile, bool isOpen, bool saidNo, E
     const auto file = platform().files().openToRead(playfile.CurrentFileName());
     if (!file)
         return; // has been told
-    if (!HasLegacyMark(*file.value)) {
+    if (!HasLegacyMark(*file.value())) {
         errors.add(kNoLegacyMark);
         return;
     }
@@ -20,7 +20,7 @@ void explainLegacyPlayfile(FrameInfoClass& playfile, bool isOpen, bool saidNo, E
                    "answered with no; --yes answers it with yes");
     if (!isOpen)
         return;
-    const LegacyExtent extent = ExtentOf(*file.value);
+    const LegacyExtent extent = ExtentOf(*file.value());
     const auto frames = static_cast<std::uint64_t>(playfile.TotalFrames());
     if (frames < extent.records)
         errors.add("only the first " + std::to_string(frames) + " of " + std::to_string(extent.records) +

@@ -19,15 +19,14 @@ constexpr std::int64_t kMostPicturePixels = std::int64_t{16} << 20;
 
 /// None when it is too large to hold a picture, or cannot be read.
 std::unique_ptr<InputFile> open(const std::string& path) {
-    auto file = platform().files().openToRead(path);
-    return file && file.value->size() <= kLargestFile ? std::move(file.value) : nullptr;
+    std::unique_ptr<InputFile> file = platform().files().openToRead(path).valueOr(nullptr);
+    return file && file->size() <= kLargestFile ? std::move(file) : nullptr;
 }
 
 /// The first `most` bytes; "" when they cannot be read.
 std::string startOf(InputFile& file, std::uint64_t most) {
     std::string bytes(static_cast<std::size_t>(std::min(file.size(), most)), '\0');
-    const auto size = file.readAt(0, bytes);
-    bytes.resize(size ? size.value : 0);
+    bytes.resize(file.readAt(0, bytes).valueOr(0));
     return bytes;
 }
 

@@ -1,22 +1,29 @@
-// Values of the library's properties, as they are shown and as they are typed in.
+// Values of the library's properties, as they are shown and as they are typed in; those of a whole record by
+// its member table.
 #pragma once
 
 #include "frame/Conversions.h"
+#include "frame/MemberTable.h"
 #include "frame/RuntimeError.h"
+#include "platform/LetterCase.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/ErrorLines.h"
+#include "tools/program/NameDistance.h"
 
 #include <nlohmann/json.hpp>
 
+#include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 
-/// Texts are UTF-8 there, enumerations numbers.
+/// A value as JSON: a text in UTF-8, an enumeration as its number.
 template <class Value>
 nlohmann::ordered_json JsonOf(const Value& value) {
     if constexpr (std::is_same_v<Value, std::string>)
@@ -30,10 +37,11 @@ nlohmann::ordered_json JsonOf(const Value& value) {
 /// A value as a cell of a table.
 std::string CellText(const nlohmann::ordered_json& value);
 
-/// What was typed, as the library takes it; none, after telling why, when its files could not hold it.
+/// The typed text in Windows-1252. Returns nothing, and adds the reason to `errors`, if the library's files
+/// could not hold it.
 std::optional<std::string> AnsiFromTyped(std::string_view typed, ErrorLines& errors);
 
-/// How a type of values is read from text, and what to call it.
+/// How a value of a type is read from text, and what an error message calls the type.
 template <class Value>
 struct TypedIn;
 template <>
@@ -62,7 +70,7 @@ struct TypedIn<bool> {
     static bool read(const std::string& text) { return TextToBoolean(text); }
 };
 
-/// The value that was typed; none, after telling what is wanted, when it is of another type.
+/// The value that was typed. Returns nothing, and adds to `errors` what is wanted, if it is of another type.
 template <class Value>
 std::optional<Value> ValueFromTyped(std::string_view typed, ErrorLines& errors) {
     const std::optional<std::string> ansi = AnsiFromTyped(typed, errors);
@@ -74,6 +82,107 @@ std::optional<Value> ValueFromTyped(std::string_view typed, ErrorLines& errors) 
         errors.add("takes " + std::string(TypedIn<Value>::name) + ", not \"" + std::string(typed) + "\"");
         return std::nullopt;
     }
+}
+
+/// What the property of a row reads as: what the row's own `get` makes of it, if it has one.
+template <class Row>
+ValueOfRow<Row> ValueOfProperty(const Row& row, const typename Row::Record& record) {
+    if constexpr (requires { row.get(record); })
+        return row.get(record);
+    else
+        return record.*row.member;
+}
+
+/// The counterpart of `ValueOfProperty`, with the row's own `set`.
+template <class Row>
+void SetProperty(const Row& row, typename Row::Record& record, ValueOfRow<Row> value) {
+    if constexpr (requires { row.set(record, std::move(value)); })
+        row.set(record, std::move(value));
+    else
+        record.*row.member = std::move(value);
+}
+
+/// A row whose member is a list of records with a table of their own, `elements`. `elementName` is what one
+/// of them is called.
+template <class Row>
+concept RowOfRecords = requires(const Row& row) {
+    row.elements;
+    row.elementName;
+};
+
+/// Calls `visit(name, row, record)` for each row with a name, in the order of the table. The name of a value
+/// in a list of records is "Schedule2.StartTime", counted from 1.
+template <class Record, class Table, class Visit>
+void ForEachProperty(Record& record, const Table& table, const Visit& visit, const std::string& prefix = "") {
+    ForEachRow(table, [&]<class Row>(const Row& row) {
+        if (row.name.empty())
+            return;
+        if constexpr (RowOfRecords<Row>) {
+            int number = 0;
+            for (auto& element : record.*row.member)
+                ForEachProperty(element, row.elements, visit,
+                                prefix + std::string(row.elementName) + std::to_string(++number) + ".");
+        } else {
+            visit(prefix + std::string(row.name), row, record);
+        }
+    });
+}
+
+/// An object with the properties of a record under their names. Rows without a name are left out.
+template <class Record, class Table>
+nlohmann::ordered_json JsonOf(const Record& record, const Table& table) {
+    nlohmann::ordered_json object = nlohmann::ordered_json::object();
+    ForEachRow(table, [&]<class Row>(const Row& row) {
+        if (row.name.empty())
+            return;
+        nlohmann::ordered_json& value = object[std::string(row.name)];
+        if constexpr (RowOfRecords<Row>) {
+            value = nlohmann::ordered_json::array();
+            for (const auto& element : record.*row.member)
+                value.push_back(JsonOf(element, row.elements));
+        } else {
+            value = JsonOf(ValueOfProperty(row, record));
+        }
+    });
+    return object;
+}
+
+/// Name of the property that is most like `name`.
+template <class Record, class Table>
+std::string NearestProperty(const Record& record, const Table& table, std::string_view name) {
+    std::string nearest;
+    std::size_t shortest = std::numeric_limits<std::size_t>::max();
+    ForEachProperty(record, table, [&](const std::string& candidate, const auto&, const auto&) {
+        if (const std::size_t distance = NameDistance(candidate, name); distance < shortest) {
+            shortest = distance;
+            nearest = candidate;
+        }
+    });
+    return nearest;
+}
+
+/// Sets a property of a record, named as by `ForEachProperty` but in any case, to what was typed. Returns
+/// false, and adds the reason to `errors`, if there is no such property or the value is of another type.
+template <class Record, class Table>
+bool SetByName(Record& record, const Table& table, std::string_view name, std::string_view typed,
+               ErrorLines& errors) {
+    std::optional<bool> done; // empty as long as the property is not found
+    ForEachProperty(
+        record, table,
+        [&]<class Row>(const std::string& fullName, const Row& row, typename Row::Record& holder) {
+            if (!EqualIgnoringAsciiCase(fullName, name))
+                return;
+            errors.about(fullName);
+            auto value = ValueFromTyped<ValueOfRow<Row>>(typed, errors);
+            done = value.has_value();
+            if (value)
+                SetProperty(row, holder, *std::move(value));
+        });
+    if (!done) {
+        errors.about(name);
+        errors.add("no such property; the nearest name is " + NearestProperty(record, table, name));
+    }
+    return done.value_or(false);
 }
 
 } // namespace qrtVistrelClasses4
