@@ -67,11 +67,11 @@ struct KeptList final : ListControl {
     std::string ClassName() const override { return "ComboBox"; }
     void Clear() override { items.clear(); }
     void AddItem(const std::string& text) override { items.emplace_back(text, -1); }
-    std::int32_t NewIndex() override { return ListCount() - 1; }
+    std::int32_t NewIndex() override { return static_cast<std::int32_t>(items.size()) - 1; }
     void ItemData(std::int32_t index, std::int32_t data) override {
         items.at(static_cast<std::size_t>(index)).second = data;
     }
-    std::int32_t ListCount() override { return static_cast<std::int32_t>(items.size()); }
+    std::int32_t ListCount() override { return oddCount != 0 ? oddCount : NewIndex() + 1; }
     void RemoveItem(std::int32_t index) override { items.erase(items.begin() + index); }
 
     /// "text=code, " of every item.
@@ -82,6 +82,7 @@ struct KeptList final : ListControl {
         return result;
     }
 
+    std::int32_t oddCount = 0; ///< Other than 0: what the list says instead of its number of items.
     std::vector<std::pair<std::string, std::int32_t>> items{{"left over", 1}};
 };
 
@@ -155,16 +156,8 @@ TEST_F(EffectLists, OfADialogEndWithoutTheirLoopsAndFollowTheSwitchesAtEveryFill
 }
 
 TEST_F(EffectLists, TrapACountThatNoNumberPrecedes) {
-    struct OddList final : ListControl {
-        std::string ClassName() const override { return "ComboBox"; }
-        void Clear() override {}
-        void AddItem(const std::string&) override {}
-        std::int32_t NewIndex() override { return 0; }
-        void ItemData(std::int32_t, std::int32_t) override {}
-        std::int32_t ListCount() override { return std::numeric_limits<std::int32_t>::min(); }
-        void RemoveItem(std::int32_t index) override { ADD_FAILURE() << index; }
-    } list;
-    playfile_.RefreshEffectLists(&list, nullptr);
+    prefixes_.oddCount = std::numeric_limits<std::int32_t>::min();
+    playfile_.RefreshEffectLists(&prefixes_, nullptr);
     EXPECT_EQ(host_.reports.takeNumbers(), Numbers{6});
 }
 

@@ -15,19 +15,18 @@ constexpr std::int16_t kLargest = 32767;
 
 void putFrames(FrameInfoClass& playfile, const std::string& letters) {
     playfile.TotalFrames(static_cast<std::int16_t>(letters.size()));
-    for (int number = 1; number <= playfile.TotalFrames(); ++number) {
-        playfile.CurrentFrame(static_cast<std::int16_t>(number));
-        playfile.FrameName(std::string(30, letters.at(static_cast<std::size_t>(number) - 1)));
-    }
+    Playfile value = playfile.Value();
+    auto letter = letters.begin();
+    for (FrameRecord& frame : value.frames)
+        frame.FrameName.assign(30, *letter++);
+    playfile.Adopt(std::move(value));
 }
 
 /// One letter a frame, "_" for one without a name.
-std::string order(FrameInfoClass& playfile) {
+std::string order(const FrameInfoClass& playfile) {
     std::string letters;
-    for (int number = 1; number <= playfile.TotalFrames(); ++number) {
-        playfile.CurrentFrame(static_cast<std::int16_t>(number));
-        letters += (playfile.FrameName() + '_').front();
-    }
+    for (const FrameRecord& frame : playfile.Value().frames)
+        letters += (frame.FrameName + '_').front();
     return letters;
 }
 

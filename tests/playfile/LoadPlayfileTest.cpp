@@ -99,18 +99,16 @@ TEST_F(LoadingPlayfiles, FindsMissingFilesBesideThePlayfile) {
     const std::string elsewhere = host_.inLibrary("here.bmp"), beside = JoinPath(folder_, "Moved.bmp");
     for (const std::string& picture : {elsewhere, JoinPath(folder_, "here.bmp"), beside})
         files().put(picture, "picture");
-    const struct {
-        const char* why;
-        std::string reference, found;
-    } cases[] = {{"a reference that holds is kept", elsewhere, elsewhere},
-                 {"a file that moved along", "Q:\\Signs\\Moved.bmp", beside},
-                 {"spelt otherwise", "Q:\\Signs\\MOVED.BMP", beside},
-                 {"a name alone says no place", "Moved.bmp", beside},
-                 {"a file that is nowhere", "Q:\\Signs\\gone.bmp", "Q:\\Signs\\gone.bmp"},
-                 {"a folder is no file", folder_, folder_}};
-    for (const auto& row : cases) {
-        expectRead(row.why, 6, row.reference, &FrameRecord::PicturefileName, row.found);
-        expectRead(row.why, 1, row.reference, &FrameRecord::commandfile, row.found);
+    const std::tuple<const char*, std::string, std::string> cases[] = {
+        {"a reference that holds is kept", elsewhere, elsewhere},
+        {"a file that moved along", "Q:\\Signs\\Moved.bmp", beside},
+        {"spelt otherwise", "Q:\\Signs\\MOVED.BMP", beside},
+        {"a name alone says no place", "Moved.bmp", beside},
+        {"a file that is nowhere", "Q:\\Signs\\gone.bmp", "Q:\\Signs\\gone.bmp"},
+        {"a folder is no file", folder_, folder_}};
+    for (const auto& [why, reference, found] : cases) {
+        expectRead(why, 6, reference, &FrameRecord::PicturefileName, found);
+        expectRead(why, 1, reference, &FrameRecord::commandfile, found);
     }
 }
 
