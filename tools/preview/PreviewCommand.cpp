@@ -1,7 +1,6 @@
 // vistrel preview: frames as the sign shows them.
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
-#include "platform/posix/StandardStreams.h"
 #include "tools/playfile/Opening.h"
 #include "tools/preview/FramePicture.h"
 #include "tools/preview/FrameSheet.h"
@@ -97,7 +96,7 @@ private:
                                 std::to_string(kMostDotsInText) + " are printed, more in a file with --out");
             return ExitCode::failed;
         }
-        const bool isTerminal = IsTerminal(StandardStream::output);
+        const bool isTerminal = platform().console().isTerminal(StandardStream::output);
         show([&](std::int32_t number, const PixelBuffer& dots) {
             if (options_.sheet)
                 session_.out << Visible(Utf8FromAnsi(caption(number))) << '\n';
