@@ -5,7 +5,6 @@
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
-#include "platform/posix/StandardStreams.h"
 #include "playfile/ReferenceFinder.h"
 #include "preview/FramePainter.h"
 #include "preview/FrameSheet.h"
@@ -147,7 +146,7 @@ private:
                                 std::to_string(kMostDotsInText) + " are printed, more in a file with --out");
             return ExitCode::failed;
         }
-        const bool isTerminal = IsTerminal(StandardStream::output);
+        const bool isTerminal = platform().console().isTerminal(StandardStream::output);
         draw([&](std::int32_t number, const PixelBuffer& dots) {
             if (options_.sheet)
                 session_.out << Visible(Utf8FromAnsi(caption(number))) << '\n';
