@@ -38,6 +38,13 @@ struct DisplayLine {
 };
 
 template <class Value, class Given>
+DisplayLine Line(int number, const char* property, Value (DisplayDatabaseClass::*read)() const,
+                 void (DisplayDatabaseClass::*write)(Given)) {
+    return {number, property, [](int code) { return inFile(valueOf<Value>(code)); },
+            [=](DisplayDatabaseClass& displays) { return inFile((displays.*read)()); },
+            [=](DisplayDatabaseClass& displays, int code) { (displays.*write)(valueOf<Value>(code)); }};
+}
+template <class Value, class Given>
 DisplayLine Line(int number, const char* property, Value (DisplayDatabaseClass::*read)(),
                  void (DisplayDatabaseClass::*write)(Given)) {
     return {number, property, [](int code) { return inFile(valueOf<Value>(code)); },

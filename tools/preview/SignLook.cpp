@@ -1,8 +1,7 @@
 #include "tools/preview/SignLook.h"
 
-#include "frame/Conversions.h"
 #include "platform/LetterCase.h"
-#include "tools/signs/SignList.h"
+#include "tools/signs/SignsFile.h"
 
 #include <algorithm>
 #include <iterator>
@@ -54,15 +53,16 @@ Color SignLook::dotFor(Color pixel) const {
 Color SignLook::dimmed() const { return scaled(color, 127); }
 
 std::optional<SignLook> FindSignLook(const std::string& typed, ErrorLines& errors) {
-    SignList list;
-    DisplayDatabaseClass& signs = list.signs;
-    if (!SelectSign(signs, typed, errors))
+    const std::optional<SignsFile> file = LoadSigns(errors);
+    const std::optional<std::int16_t> number = file ? FindTypedSign(file->list, typed, errors) : std::nullopt;
+    if (!number)
         return std::nullopt;
+    const DisplayRecord& sign = file->list.signs.at(*number);
     SignLook look;
-    look.color = ledColor(signs.DefaultColor());
-    look.showsColors = signs.IsDisplayColor();
-    look.type = TextToInt16(signs.DisplayType());
-    if (const DotSize size{signs.DisplayWidth(), signs.DisplayHeight()}; size.width >= 1 && size.height >= 1)
+    look.color = ledColor(sign.DefaultColor);
+    look.showsColors = sign.IsDisplayColor;
+    look.type = sign.DisplayType;
+    if (const DotSize size{sign.DisplayWidth, sign.DisplayHeight}; size.width >= 1 && size.height >= 1)
         look.size = size;
     return look;
 }

@@ -26,7 +26,8 @@ struct SignLook {
     Color dimmed() const;
 };
 
-/// The sign of the typed name, from the list of signs; none after telling that there is none.
+/// The sign of the typed name, from the list of signs. Returns nothing, and adds the reason to `errors`, if
+/// there is none.
 std::optional<SignLook> FindSignLook(const std::string& typed, ErrorLines& errors);
 
 } // namespace qrtVistrelClasses4
