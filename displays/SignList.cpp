@@ -3,6 +3,7 @@
 #include "frame/Conversions.h"
 #include "platform/LetterCase.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
@@ -13,11 +14,11 @@ std::int16_t SignList::count() const {
 }
 
 std::optional<std::int16_t> SignList::find(const std::string& name) const {
-    const std::int16_t last = count();
-    for (std::int32_t number = 1; number <= last; ++number)
-        if (EqualIgnoringAnsiCase(signs.at(number).DisplayName, name))
-            return NarrowToInt16(number);
-    return std::nullopt;
+    const auto end = signs.begin() + count();
+    const auto found = std::find_if(signs.begin(), end, [&](const DisplayRecord& sign) {
+        return EqualIgnoringAnsiCase(sign.DisplayName, name);
+    });
+    return found == end ? std::nullopt : std::optional(static_cast<std::int16_t>(found - signs.begin() + 1));
 }
 
 std::optional<std::int16_t> SignList::add(const std::string& name) {
