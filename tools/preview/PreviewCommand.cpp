@@ -1,6 +1,4 @@
 // vistrel preview: frames as the sign shows them.
-#include "displays/DisplayRecord.h"
-#include "frame/Conversions.h"
 #include "media/BmpFile.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
@@ -15,7 +13,7 @@
 #include "tools/program/Encoding.h"
 #include "tools/program/Moment.h"
 #include "tools/program/Size.h"
-#include "tools/signs/SignList.h"
+#include "tools/signs/SignsFile.h"
 
 #include <limits>
 
@@ -53,17 +51,9 @@ FramePainter makePainter(const SignLook& sign, ErrorLines& errors) {
 
 /// The sign of the typed name. Nothing, and an error, if the list of signs does not have it.
 std::optional<SignLook> findSignLook(const std::string& typed, ErrorLines& errors) {
-    SignList list;
-    DisplayDatabaseClass& signs = list.signs;
-    if (!SelectSign(signs, typed, errors))
-        return std::nullopt;
-    DisplayRecord sign;
-    sign.DefaultColor = signs.DefaultColor();
-    sign.IsDisplayColor = signs.IsDisplayColor();
-    sign.DisplayType = TextToInt16(signs.DisplayType());
-    sign.DisplayWidth = signs.DisplayWidth();
-    sign.DisplayHeight = signs.DisplayHeight();
-    return SignLookOf(sign);
+    const std::optional<SignsFile> file = LoadSigns(errors);
+    const std::optional<std::int16_t> number = file ? FindTypedSign(file->list, typed, errors) : std::nullopt;
+    return number ? std::optional(SignLookOf(file->list.signs.at(*number))) : std::nullopt;
 }
 
 void addFault(const PreviewFault& fault, ErrorLines& errors) {
