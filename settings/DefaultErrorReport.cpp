@@ -22,13 +22,13 @@ std::string timeText(const LocalTime& time) {
            twoDigits(time.hour) + ':' + twoDigits(time.minute) + ':' + twoDigits(time.second);
 }
 
-/// Whether a character steers what shows it, be it alone or, in UTF-8, behind `previous`.
+/// Whether a character controls a terminal, alone or, in UTF-8, together with `previous` before it.
 bool isControl(unsigned char previous, unsigned char code) {
     constexpr unsigned char openingOfUtf8Controls = 0xc2;
     return code < ' ' || code == 0x7f || (previous == openingOfUtf8Controls && code >= 0x80 && code <= 0x9f);
 }
 
-/// A text of whatever origin as it may stand in a line of a log, in a box and on a terminal.
+/// Any text in a form that is safe in a line of a log, in a box and on a terminal.
 std::string visible(std::string_view text) {
     constexpr std::string_view digits = "0123456789ABCDEF";
     std::string result;
@@ -88,16 +88,16 @@ void showToOperator(const std::string& text) {
         std::fputs(text.c_str(), stderr);
 }
 
-/// Notes for its lifetime, once at a time, that this thread is in one step of a report.
-class StepScope {
+/// Marks, for its lifetime, that this thread is in one step of a report, unless it is already.
+class OnceAtATime {
 public:
-    explicit StepScope(bool& inStep) : inStep_(inStep), entered_(!std::exchange(inStep, true)) {}
-    ~StepScope() {
+    explicit OnceAtATime(bool& inStep) : inStep_(inStep), entered_(!std::exchange(inStep, true)) {}
+    ~OnceAtATime() {
         if (entered_)
             inStep_ = false;
     }
-    StepScope(const StepScope&) = delete;
-    StepScope& operator=(const StepScope&) = delete;
+    OnceAtATime(const OnceAtATime&) = delete;
+    OnceAtATime& operator=(const OnceAtATime&) = delete;
     bool entered() const { return entered_; }
 
 private:
@@ -113,7 +113,7 @@ constinit thread_local bool inMessage = false;
 void DefaultErrorReporter::report(const ErrorReport& report) {
     const std::string text = reportText(report);
     {
-        const StepScope scope(inLog);
+        const OnceAtATime scope(inLog);
         if (!scope.entered())
             return; // an error of the report's own making
         appendToLog(timeText(platform().localTime()) + "  " + text);
@@ -121,7 +121,7 @@ void DefaultErrorReporter::report(const ErrorReport& report) {
             return;
     }
     // While a message is open the host may go on and fail again: that is logged, but makes no second message.
-    if (const StepScope scope(inMessage); scope.entered())
+    if (const OnceAtATime scope(inMessage); scope.entered())
         showToOperator(text);
 }
 
