@@ -46,6 +46,16 @@ inline CLI::App& AddCommand(CLI::App& parent, const std::string& name, const std
     return *command;
 }
 
+/// The same for a command that runs `run(options, session)`.
+template <class Options>
+CLI::App& AddCommand(CLI::App& parent, const std::string& name, const std::string& description,
+                     const std::string& example, Session& session, std::shared_ptr<Options> options,
+                     ExitCode (*run)(const Options& options, Session& session)) {
+    CLI::App& command = AddCommand(parent, name, description, example);
+    command.callback([=, &session] { session.command = [=, &session] { return run(*options, session); }; });
+    return command;
+}
+
 void AddShowCommand(CLI::App& program, Session& session);
 void AddSaveCommand(CLI::App& program, Session& session);
 void AddExportCommand(CLI::App& program, Session& session);
