@@ -129,13 +129,10 @@ ExitCode showEffects(bool json, Session& session) {
 } // namespace
 
 void AddEffectsCommand(CLI::App& program, Session& session) {
-    CLI::App& command =
-        AddCommand(program, "effects", "Shows the effect codes, and which of them lists offer now",
-                   "vistrel effects --home samples");
     const auto json = std::make_shared<bool>(false);
-    command.add_flag("--json", *json, "Prints an array of effects");
-    command.callback(
-        [json, &session] { session.command = [json, &session] { return showEffects(*json, session); }; });
+    AddCommand(program, session, showEffects, json, "effects",
+               "Shows the effect codes, and which of them lists offer now", "vistrel effects --home samples")
+        .add_flag("--json", *json, "Prints an array of effects");
 }
 
 } // namespace qrtVistrelClasses4

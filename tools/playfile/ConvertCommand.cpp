@@ -65,12 +65,10 @@ bool isThere(const std::string& path) {
 
 Conversion convertFile(const std::string& from, const std::string& to, Session& session) {
     ErrorLines& errors = session.errors;
-    const std::size_t errorsBefore = errors.count();
-    FrameInfoClass playfile;
-    playfile.SetSuppressMessages(true); // whoever converts wants to go on
-    if (!OpenPlayfile(playfile, from, {}, errors))
+    const auto opened = OpenPlayfile(from, {.yes = true}, errors); // whoever converts wants to go on
+    if (!opened)
         return Conversion::failed;
-    if (!playfile.IsLegacy()) {
+    if (!opened->playfile.isLegacy) {
         errors.add("not converted: it is a current playfile already");
         return Conversion::failed;
     }
@@ -78,11 +76,11 @@ Conversion convertFile(const std::string& from, const std::string& to, Session& 
         errors.add("not converted: " + to + " is there already");
         return Conversion::failed;
     }
-    if (SavePlayfile(playfile, to, {}, session) != ExitCode::done)
+    if (!SaveOpened(*opened, to, {.no = true}, session)) // files stay where they are
         return Conversion::failed;
-    const std::int16_t count = playfile.TotalFrames();
+    const std::int32_t count = opened->framesRead;
     session.out << Visible(from + " -> " + to) << "; " << count << (count == 1 ? " frame\n" : " frames\n");
-    return errors.count() == errorsBefore ? Conversion::complete : Conversion::partial;
+    return opened->isComplete ? Conversion::complete : Conversion::partial;
 }
 
 /// What one file throws does not keep the next from being converted.
@@ -122,20 +120,17 @@ ExitCode convert(const ConvertOptions& options, Session& session) {
 } // namespace
 
 void AddConvertCommand(CLI::App& program, Session& session) {
-    CLI::App& command =
-        AddCommand(program, "convert", "Saves playfiles of the older format (PL2) as current ones",
-                   "vistrel convert old/*.PL2 --to new");
     const auto options = std::make_shared<ConvertOptions>();
-    command.add_option("FILES", options->files, "The playfiles; bad ones are told and passed over")
+    CLI::App& command = AddCommand(program, session, convert, options, "convert",
+                                   "Saves playfiles of the older format (PL2) as current ones",
+                                   "vistrel convert old/*.PL2 --to new");
+    command.add_option("FILES", options->files, "The playfiles; bad ones are reported and left out")
         ->required();
     command
         .add_option("--to", options->to,
                     "Folder for the new ones, which end in .playfile; made when it is missing. Files that "
                     "are there already are left alone")
         ->required();
-    command.callback([options, &session] {
-        session.command = [options, &session] { return convert(*options, session); };
-    });
 }
 
 } // namespace qrtVistrelClasses4

@@ -18,4 +18,7 @@ std::optional<std::string> AnsiFromUtf8(std::string_view utf8);
 /// the terminal.
 std::string Visible(std::string_view utf8);
 
+/// The same for a text of the library.
+inline std::string VisibleAnsi(std::string_view ansi) { return Visible(Utf8FromAnsi(ansi)); }
+
 } // namespace qrtVistrelClasses4

@@ -21,8 +21,8 @@ ExitCode run(Session& session, const std::string& home) {
     const ScopedErrorReporter reporterScope(session.errors);
     try {
         return session.command();
-    } catch (const RuntimeError& error) {
-        session.errors.add(error);
+    } catch (const std::exception&) {
+        session.errors.add(CurrentError());
         return ExitCode::failed;
     }
 }
