@@ -21,8 +21,7 @@ struct ConvertOptions {
     std::string to;
 };
 
-/// Counts on the terminal while the files are converted, and leaves nothing of it. A message on the way is
-/// written over it.
+/// Counts on the terminal while the files are converted, and leaves no trace there.
 class Progress {
 public:
     explicit Progress(std::size_t total) : total_(total) {}
@@ -45,8 +44,6 @@ private:
     std::size_t total_;
 };
 
-enum class Conversion { complete, partial, failed };
-
 /// Name of the current playfile that the older one `file` becomes.
 std::string targetOf(const std::string& file, const std::string& folder) {
     constexpr std::string_view ending = ".PL2";
@@ -63,34 +60,25 @@ bool isThere(const std::string& path) {
     return std::filesystem::exists(std::filesystem::symlink_status(path, unknown));
 }
 
-Conversion convertFile(const std::string& from, const std::string& to, Session& session) {
-    ErrorLines& errors = session.errors;
-    const auto opened = OpenPlayfile(from, {.yes = true}, errors); // whoever converts wants to go on
-    if (!opened)
-        return Conversion::failed;
-    if (!opened->playfile.isLegacy) {
-        errors.add("not converted: it is a current playfile already");
-        return Conversion::failed;
-    }
-    if (isThere(to)) {
-        errors.add("not converted: " + to + " is there already");
-        return Conversion::failed;
-    }
-    if (!SaveOpened(*opened, to, {.no = true}, session)) // files stay where they are
-        return Conversion::failed;
-    const std::int32_t count = opened->framesRead;
-    session.out << Visible(from + " -> " + to) << "; " << count << (count == 1 ? " frame\n" : " frames\n");
-    return opened->isComplete ? Conversion::complete : Conversion::partial;
-}
+struct Counts {
+    std::size_t converted = 0;
+    std::size_t incomplete = 0; ///< Of those.
+};
 
-/// What one file throws does not keep the next from being converted.
-Conversion tryToConvert(const std::string& from, const std::string& to, Session& session) {
-    try {
-        return convertFile(from, to, session);
-    } catch (...) {
-        session.errors.add(CurrentError());
-        return Conversion::failed;
-    }
+/// Counts the file if it becomes `to`; otherwise the reason goes to the session's errors.
+void convertFile(const std::string& from, const std::string& to, Counts& counts, Session& session) {
+    const auto opened = OpenPlayfile(from, {.yes = true}, session.errors); // whoever converts wants to go on
+    if (!opened)
+        return;
+    if (!opened->playfile.isLegacy)
+        return session.errors.add("not converted: it is a current playfile already");
+    if (isThere(to))
+        return session.errors.add("not converted: " + to + " is there already");
+    if (!SaveOpened(*opened, to, {.no = true}, session)) // files that it refers to stay where they are
+        return;
+    ++counts.converted;
+    counts.incomplete += opened->isComplete ? 0 : 1;
+    session.out << Visible(from + " -> " + to) << "; " << Counted(opened->framesRead, "frame") << '\n';
 }
 
 ExitCode convert(const ConvertOptions& options, Session& session) {
@@ -98,23 +86,24 @@ ExitCode convert(const ConvertOptions& options, Session& session) {
     FileSystem& files = platform().files();
     if (files.kindOf(options.to) != EntryKind::folder)
         Check(files.createFolder(options.to));
-    std::size_t converted = 0;
-    std::size_t partial = 0;
+    const std::size_t total = options.files.size();
+    Counts counts;
     {
-        Progress progress(options.files.size());
+        Progress progress(total);
         for (const std::string& file : options.files) {
             progress.startNext();
-            const Conversion result = tryToConvert(file, targetOf(file, options.to), session);
-            converted += result != Conversion::failed ? 1 : 0;
-            partial += result == Conversion::partial ? 1 : 0;
+            try {
+                convertFile(file, targetOf(file, options.to), counts, session);
+            } catch (const std::exception&) { // the other files can be converted all the same
+                session.errors.add(CurrentError());
+            }
         }
     }
-    const std::size_t total = options.files.size();
-    session.out << "Converted " << converted << " of " << total << (total == 1 ? " file" : " files");
-    if (partial > 0)
-        session.out << ", " << partial << " of them not completely";
+    session.out << "Converted " << counts.converted << " of " << Counted(total, "file");
+    if (counts.incomplete > 0)
+        session.out << ", " << counts.incomplete << " of them not completely";
     session.out << '\n';
-    return converted == total && partial == 0 ? ExitCode::done : ExitCode::failed;
+    return counts.converted == total && counts.incomplete == 0 ? ExitCode::done : ExitCode::failed;
 }
 
 } // namespace

@@ -82,11 +82,10 @@ bool isRoomAt(std::int32_t at, std::int32_t count, const FrameInfoClass& playfil
     if (!isWithin("AT", at, last + 1, errors))
         return false;
     const std::int32_t allowed = playfile.TotalFramesAllowed();
-    if (last + count <= allowed)
-        return true;
-    errors.add("there would be " + std::to_string(last + count) + " frames, but at most " +
-               std::to_string(allowed) + " are allowed");
-    return false;
+    if (last + count > allowed)
+        errors.add("there would be " + std::to_string(last + count) + " frames, but at most " +
+                   std::to_string(allowed) + " are allowed");
+    return last + count <= allowed;
 }
 
 /// Puts copies of frames of `source` in at `AT`. Returns false, and adds the reason to `errors`, if that
@@ -98,9 +97,9 @@ bool putIn(FrameInfoClass& playfile, const FrameRange& range, FrameInfoClass& so
     errors.about(options.file);
     if (!isRoomAt(options.at.value, range.count(), playfile, errors))
         return false;
-    std::shared_ptr<FrameInfoClass> clipboard;
     std::int16_t first = NarrowToInt16(range.first);
     std::int16_t last = NarrowToInt16(range.last);
+    std::shared_ptr<FrameInfoClass> clipboard;
     source.CopyInfo(first, last, clipboard);
     playfile.PasteInfo(NarrowToInt16(options.at.value), clipboard.get());
     return true;
@@ -122,8 +121,8 @@ std::string deleteFrames(FrameInfoClass& playfile, const FramesOptions& options,
         return {};
     std::int16_t first = NarrowToInt16(options.frames.first);
     std::int16_t last = NarrowToInt16(options.frames.last);
-    std::shared_ptr<FrameInfoClass> clipboard;
-    playfile.CutInfo(first, last, clipboard);
+    std::shared_ptr<FrameInfoClass> cutOut;
+    playfile.CutInfo(first, last, cutOut);
     return "deleted " + text(options.frames);
 }
 
@@ -143,9 +142,11 @@ std::string copyFrames(FrameInfoClass& playfile, const FramesOptions& options, E
 }
 
 std::string pasteFrames(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
-    FrameInfoClass other;
-    if (!OpenPlayfile(other, options.other, options.answers, errors))
+    const auto opened = OpenPlayfile(options.other, options.answers, errors);
+    if (!opened)
         return {};
+    FrameInfoClass other;
+    other.Adopt(opened->playfile);
     const FrameRange range = options.framesOfOther.value_or(FrameRange(1, other.TotalFrames()));
     if (!putIn(playfile, range, other, options, errors))
         return {};
@@ -171,8 +172,7 @@ ExitCode editFrames(Edit edit, const FramesOptions& options, Session& session) {
     if (options.json)
         session.out << JsonText({{"file", name}, {"done", done}, {"TotalFrames", count}}) << '\n';
     else
-        session.out << Visible(name + ": " + done) << "; " << count << (count == 1 ? " frame" : " frames")
-                    << " now\n";
+        session.out << Visible(name + ": " + done) << "; " << Counted(count, "frame") << " now\n";
     return ExitCode::done;
 }
 

@@ -95,9 +95,8 @@ std::string flagsText(const std::array<std::uint8_t, kLegacyFlagCount>& flags) {
     std::string text;
     std::size_t end = 0;
     for (const std::uint8_t bits : flags) {
-        text += text.empty() ? "" : " ";
-        (text += digits[bits >> 4]) += digits[bits & 0xf];
-        end = bits != 0 ? text.size() : end;
+        text += {digits[bits >> 4], digits[bits & 0xf], ' '};
+        end = bits != 0 ? text.size() - 1 : end;
     }
     return text.substr(0, end);
 }

@@ -31,30 +31,23 @@ std::string kindName(const FrameRecord& frame) {
                                                                        : std::to_string(kind);
 }
 
-/// `name`, or the code if it has none.
-std::string effectName(const std::string& name, std::int16_t code) {
+/// The name of an effect, or its code if it has none.
+std::string effectName(std::string (*nameOf)(std::int16_t), std::int16_t code) {
+    const std::string name = nameOf(code);
     return name.empty() ? std::to_string(code) : name;
 }
-std::string appearName(const FrameRecord& frame) {
-    return effectName(PrefixName(frame.PrefixCode), frame.PrefixCode);
-}
-std::string disappearName(const FrameRecord& frame) {
-    return effectName(SuffixName(frame.SuffixCode), frame.SuffixCode);
-}
 
-// What the number of a property means; "" for one that says it itself.
+/// What the number in a property means; "" for a property that needs no explanation.
 template <class Row>
-std::string meaningOf(const Row&, const FrameRecord&) {
-    return {};
-}
-std::string meaningOf(const RowOf<&FrameRecord::FrameType>&, const FrameRecord& frame) {
-    return kindName(frame);
-}
-std::string meaningOf(const RowOf<&FrameRecord::PrefixCode>&, const FrameRecord& frame) {
-    return appearName(frame);
-}
-std::string meaningOf(const RowOf<&FrameRecord::SuffixCode>&, const FrameRecord& frame) {
-    return disappearName(frame);
+std::string meaningOf(const Row&, const FrameRecord& frame) {
+    if constexpr (std::is_same_v<Row, RowOf<&FrameRecord::FrameType>>)
+        return kindName(frame);
+    else if constexpr (std::is_same_v<Row, RowOf<&FrameRecord::PrefixCode>>)
+        return effectName(PrefixName, frame.PrefixCode);
+    else if constexpr (std::is_same_v<Row, RowOf<&FrameRecord::SuffixCode>>)
+        return effectName(SuffixName, frame.SuffixCode);
+    else
+        return {};
 }
 
 /// The names of the flags that are on.
@@ -91,8 +84,8 @@ void printFrames(std::ostream& out, const Playfile& playfile) {
     std::int32_t number = 0;
     for (const FrameRecord& frame : playfile.frames)
         table.addRow({std::to_string(++number), VisibleAnsi(frame.FrameName), kindName(frame),
-                      appearName(frame), disappearName(frame), NumberToText(frame.DelayTime),
-                      std::to_string(frame.lines.upperBound())});
+                      effectName(PrefixName, frame.PrefixCode), effectName(SuffixName, frame.SuffixCode),
+                      NumberToText(frame.DelayTime), std::to_string(frame.lines.upperBound())});
     out << table;
 }
 

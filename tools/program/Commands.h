@@ -57,6 +57,11 @@ CLI::App& AddCommand(CLI::App& parent, Session& session, Run run, const std::sha
     return command;
 }
 
+/// "1 frame", "2 frames".
+inline std::string Counted(std::size_t count, const std::string& noun) {
+    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
 void AddShowCommand(CLI::App& program, Session& session);
 void AddSaveCommand(CLI::App& program, Session& session);
 void AddExportCommand(CLI::App& program, Session& session);
