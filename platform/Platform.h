@@ -1,6 +1,7 @@
 // Everything the library asks of the machine it runs on.
 #pragma once
 
+#include "platform/Console.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBoxes.h"
 #include "platform/ProfileFile.h"
@@ -50,6 +51,7 @@ public:
     virtual FileSystem& files() = 0;
     virtual RegistryStore& registry() = 0;
     virtual MessageBoxes& messageBoxes() = 0;
+    virtual Console& console() = 0;
 
     virtual std::unique_ptr<ProfileFile> openProfile(const std::string& path) = 0;
     /// The INI file that belongs to the system itself ("win.ini").

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -91,8 +92,8 @@ inline constexpr std::array kOptionalEffects{
 };
 
 /// Whether effect lists offer the optional effects. Set for the process by the first load that finds
-/// "NewEffects.ini", and never cleared.
-extern bool NewEffectsLoaded;
+/// "NewEffects.ini", and never cleared. Several threads may load at the same time.
+extern std::atomic<bool> NewEffectsLoaded;
 
 /// The name of an effect code; "" for a code without one.
 std::string PrefixName(std::int16_t code);

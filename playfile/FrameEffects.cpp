@@ -11,7 +11,7 @@
 
 namespace qrtVistrelClasses4 {
 
-bool NewEffectsLoaded = false;
+std::atomic<bool> NewEffectsLoaded = false;
 
 namespace {
 
@@ -100,9 +100,9 @@ bool FrameInfoClass::LoadNewEffectLists(ListControl* prefixList1, ListControl* s
     return traced(
         FrameFunction("LoadNewEffectLists"),
         [&] {
-            if (NewEffectsLoaded || platform().files().kindOf(newEffectsPath()) != EntryKind::file)
+            if (NewEffectsLoaded || platform().files().kindOf(newEffectsPath()) != EntryKind::file ||
+                NewEffectsLoaded.exchange(true))
                 return false;
-            NewEffectsLoaded = true;
             FillEffectList(prefixList1, suffixList1);
             FillEffectList(prefixList2, suffixList2);
             removeLastItem(prefixList2);

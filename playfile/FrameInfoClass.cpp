@@ -54,41 +54,41 @@ void FrameInfoClass::writeOwn(std::string_view name, Type& field, const Type& vD
 }
 
 template <class Type>
-Type FrameInfoClass::readRecord(Way way, Type (*get)(const FrameRecord&)) const {
+Type FrameInfoClass::readRecord(Property property, Type (*get)(const FrameRecord&)) const {
     const auto body = [&] { return get(currentFrame()); };
-    return way.access == Access::traced ? traced(propertyGet(way.name), body) : untraced(body);
+    return property.access == Access::traced ? traced(propertyGet(property.name), body) : untraced(body);
 }
 template <class Type>
-Type FrameInfoClass::readRecord(Way way, Type (*get)(const LineRecord&)) const {
+Type FrameInfoClass::readRecord(Property property, Type (*get)(const LineRecord&)) const {
     const auto isEmpty = [&] {
-        if (way.quirk != Quirk::forgivesCursors)
+        if (property.quirk != Quirk::forgivesCursors)
             return currentFrame().lines.empty();
         return !playfile_.frames.contains(currentFrameNumber_) ||
                !currentFrame().lines.contains(currentLineNumber_);
     };
     const auto body = [&] { return isEmpty() ? Type() : get(currentFrame().lines.at(currentLineNumber_)); };
-    return way.access == Access::traced ? traced(propertyGet(way.name), body) : untraced(body);
+    return property.access == Access::traced ? traced(propertyGet(property.name), body) : untraced(body);
 }
 
 template <class Given>
-void FrameInfoClass::writeRecord(Way way, void (*set)(FrameRecord&, Given), Given vData) {
+void FrameInfoClass::writeRecord(Property property, void (*set)(FrameRecord&, Given), Given vData) {
     const auto body = [&] { set(currentFrame(), vData); };
-    if (way.access == Access::traced)
-        traced(propertyLet(way.name), body, Arg{"vData", vData});
+    if (property.access == Access::traced)
+        traced(propertyLet(property.name), body, Arg{"vData", vData});
     else
         untraced(body);
 }
 template <class Given>
-void FrameInfoClass::writeRecord(Way way, void (*set)(LineRecord&, Given), Given vData) {
+void FrameInfoClass::writeRecord(Property property, void (*set)(LineRecord&, Given), Given vData) {
     const auto body = [&] {
         OneBasedArray<LineRecord>& lines = currentFrame().lines;
         const bool isForgiven =
-            way.quirk == Quirk::forgivesCursors && currentLineNumber_ > lines.upperBound();
+            property.quirk == Quirk::forgivesCursors && currentLineNumber_ > lines.upperBound();
         if (!lines.empty() && !isForgiven)
             set(lines.at(currentLineNumber_), vData);
     };
-    if (way.access == Access::traced)
-        traced(propertyLet(way.name), body, Arg{"vData", vData});
+    if (property.access == Access::traced)
+        traced(propertyLet(property.name), body, Arg{"vData", vData});
     else
         untraced(body);
 }
@@ -98,25 +98,26 @@ template std::string FrameInfoClass::readOwn(std::string_view, const std::string
 template void FrameInfoClass::writeOwn(std::string_view, std::int16_t&, const std::int16_t&);
 template void FrameInfoClass::writeOwn(std::string_view, std::string&, const std::string&);
 
-template std::string FrameInfoClass::readRecord(Way, std::string (*)(const FrameRecord&)) const;
-template void FrameInfoClass::writeRecord(Way, void (*)(FrameRecord&, const std::string&),
+template std::string FrameInfoClass::readRecord(Property, std::string (*)(const FrameRecord&)) const;
+template void FrameInfoClass::writeRecord(Property, void (*)(FrameRecord&, const std::string&),
                                           const std::string&);
-template std::int16_t FrameInfoClass::readRecord(Way, std::int16_t (*)(const FrameRecord&)) const;
-template void FrameInfoClass::writeRecord(Way, void (*)(FrameRecord&, std::int16_t), std::int16_t);
-template std::int32_t FrameInfoClass::readRecord(Way, std::int32_t (*)(const FrameRecord&)) const;
-template void FrameInfoClass::writeRecord(Way, void (*)(FrameRecord&, std::int32_t), std::int32_t);
-template bool FrameInfoClass::readRecord(Way, bool (*)(const FrameRecord&)) const;
-template void FrameInfoClass::writeRecord(Way, void (*)(FrameRecord&, bool), bool);
-template double FrameInfoClass::readRecord(Way, double (*)(const FrameRecord&)) const;
-template void FrameInfoClass::writeRecord(Way, void (*)(FrameRecord&, double), double);
-template FRAME_TYPES FrameInfoClass::readRecord(Way, FRAME_TYPES (*)(const FrameRecord&)) const;
-template void FrameInfoClass::writeRecord(Way, void (*)(FrameRecord&, FRAME_TYPES), FRAME_TYPES);
-template std::string FrameInfoClass::readRecord(Way, std::string (*)(const LineRecord&)) const;
-template void FrameInfoClass::writeRecord(Way, void (*)(LineRecord&, const std::string&), const std::string&);
-template std::int16_t FrameInfoClass::readRecord(Way, std::int16_t (*)(const LineRecord&)) const;
-template void FrameInfoClass::writeRecord(Way, void (*)(LineRecord&, std::int16_t), std::int16_t);
-template bool FrameInfoClass::readRecord(Way, bool (*)(const LineRecord&)) const;
-template void FrameInfoClass::writeRecord(Way, void (*)(LineRecord&, bool), bool);
+template std::int16_t FrameInfoClass::readRecord(Property, std::int16_t (*)(const FrameRecord&)) const;
+template void FrameInfoClass::writeRecord(Property, void (*)(FrameRecord&, std::int16_t), std::int16_t);
+template std::int32_t FrameInfoClass::readRecord(Property, std::int32_t (*)(const FrameRecord&)) const;
+template void FrameInfoClass::writeRecord(Property, void (*)(FrameRecord&, std::int32_t), std::int32_t);
+template bool FrameInfoClass::readRecord(Property, bool (*)(const FrameRecord&)) const;
+template void FrameInfoClass::writeRecord(Property, void (*)(FrameRecord&, bool), bool);
+template double FrameInfoClass::readRecord(Property, double (*)(const FrameRecord&)) const;
+template void FrameInfoClass::writeRecord(Property, void (*)(FrameRecord&, double), double);
+template FRAME_TYPES FrameInfoClass::readRecord(Property, FRAME_TYPES (*)(const FrameRecord&)) const;
+template void FrameInfoClass::writeRecord(Property, void (*)(FrameRecord&, FRAME_TYPES), FRAME_TYPES);
+template std::string FrameInfoClass::readRecord(Property, std::string (*)(const LineRecord&)) const;
+template void FrameInfoClass::writeRecord(Property, void (*)(LineRecord&, const std::string&),
+                                          const std::string&);
+template std::int16_t FrameInfoClass::readRecord(Property, std::int16_t (*)(const LineRecord&)) const;
+template void FrameInfoClass::writeRecord(Property, void (*)(LineRecord&, std::int16_t), std::int16_t);
+template bool FrameInfoClass::readRecord(Property, bool (*)(const LineRecord&)) const;
+template void FrameInfoClass::writeRecord(Property, void (*)(LineRecord&, bool), bool);
 
 // Numbers of frames and lines.
 

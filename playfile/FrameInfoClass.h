@@ -91,7 +91,7 @@ public:
     /// Appear effect. 9999 is only ever held together with the disappear effect 9999.
     std::int16_t PrefixCode() const { return read<&FrameRecord::PrefixCode>(); }
     void PrefixCode(std::int16_t vData) { write<&FrameRecord::PrefixCode>(vData); }
-    /// Disappear effect, coupled the same way.
+    /// Disappear effect, coupled in the same way.
     std::int16_t SuffixCode() const { return read<&FrameRecord::SuffixCode>(); }
     void SuffixCode(std::int16_t vData) { write<&FrameRecord::SuffixCode>(vData); }
     /// Seconds that the frame stays on the sign. Infinity, or no number at all, is error 6.
@@ -259,31 +259,31 @@ private:
     void writeOwn(std::string_view name, Type& field, const Type& vData);
 
     /// How a row's property is reached, without the row's own type.
-    struct Way {
+    struct Property {
         std::string_view name;
         Access access;
         Quirk quirk;
     };
     template <class Type>
-    Type readRecord(Way way, Type (*get)(const FrameRecord&)) const;
+    Type readRecord(Property property, Type (*get)(const FrameRecord&)) const;
     template <class Type>
-    Type readRecord(Way way, Type (*get)(const LineRecord&)) const;
+    Type readRecord(Property property, Type (*get)(const LineRecord&)) const;
     template <class Given>
-    void writeRecord(Way way, void (*set)(FrameRecord&, Given), Given vData);
+    void writeRecord(Property property, void (*set)(FrameRecord&, Given), Given vData);
     template <class Given>
-    void writeRecord(Way way, void (*set)(LineRecord&, Given), Given vData);
+    void writeRecord(Property property, void (*set)(LineRecord&, Given), Given vData);
 
     template <class Row>
-    static constexpr Way wayOf(const Row& row) {
+    static constexpr Property propertyOf(const Row& row) {
         return {row.name, row.access, row.quirk};
     }
     template <class Row>
     typename Row::Value readRow(const Row& row) const {
-        return readRecord(wayOf(row), &Row::get);
+        return readRecord(propertyOf(row), &Row::get);
     }
     template <class Row>
     void writeRow(const Row& row, typename Row::Given vData) {
-        writeRecord<typename Row::Given>(wayOf(row), &Row::set, vData);
+        writeRecord<typename Row::Given>(propertyOf(row), &Row::set, vData);
     }
     template <auto member>
     auto read() const -> typename RowOf<member>::Value {

@@ -11,7 +11,7 @@ namespace {
 bool isUsed(const FrameRecord& frame) { return KindOf(frame) != NEW_FRAME_TYPES::FRAME_BLANK; }
 
 template <class IsCounted>
-std::int32_t count(const Playfile& playfile, IsCounted isCounted) {
+std::int32_t countThose(const Playfile& playfile, IsCounted isCounted) {
     return static_cast<std::int32_t>(
         std::count_if(playfile.frames.begin(), playfile.frames.end(), isCounted));
 }
@@ -28,10 +28,10 @@ bool sendsSameFile(const FrameRecord& earlier, const FrameRecord& frame) {
 
 } // namespace
 
-std::int32_t CountUsedFrames(const Playfile& playfile) { return count(playfile, isUsed); }
+std::int32_t CountUsedFrames(const Playfile& playfile) { return countThose(playfile, isUsed); }
 
 std::int32_t CountFrames(const Playfile& playfile, NEW_FRAME_TYPES kind) {
-    return count(playfile, [kind](const FrameRecord& frame) { return KindOf(frame) == kind; });
+    return countThose(playfile, [kind](const FrameRecord& frame) { return KindOf(frame) == kind; });
 }
 
 std::int32_t TotalDelaySeconds(const Playfile& playfile) {
@@ -49,12 +49,6 @@ bool HasPreviousClone(const Playfile& playfile, std::int32_t number) {
     return std::any_of(playfile.frames.begin(), frame, [&](const FrameRecord& earlier) {
         return showsSamePicture(earlier, *frame) || sendsSameFile(earlier, *frame);
     });
-}
-
-void GiveFramesLines(Playfile& playfile, std::int32_t first) {
-    for (; first <= playfile.frames.upperBound(); ++first)
-        if (auto& lines = playfile.frames.at(first).lines; lines.empty())
-            lines.resize(1);
 }
 
 } // namespace qrtVistrelClasses4

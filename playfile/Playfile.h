@@ -30,7 +30,4 @@ std::int32_t TotalDelaySeconds(const Playfile& playfile);
 /// outside the frames.
 bool HasPreviousClone(const Playfile& playfile, std::int32_t number);
 
-/// Gives every frame from `first` on that has no lines one empty line.
-void GiveFramesLines(Playfile& playfile, std::int32_t first = 1);
-
 } // namespace qrtVistrelClasses4

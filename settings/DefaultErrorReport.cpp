@@ -6,7 +6,6 @@
 #include "settings/AppFolder.h"
 #include "settings/RegistrySettings.h"
 
-#include <cstdio>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -66,7 +65,7 @@ void appendToLog(const std::string& text) {
     FileSystem& files = platform().files();
     const std::string folder = GetAppFolder();
     const std::string log = JoinPath(folder, kErrorLogName);
-    static constinit std::mutex mutex; // two threads must not both move the old log away
+    static std::mutex mutex; // two threads must not both move the old log away
     const std::lock_guard lock(mutex);
     if (const auto size = files.sizeOf(log); size && size.value() > kErrorLogLimitBytes)
         (void)files.moveOver(log, JoinPath(folder, kOldErrorLogName)); // refused: the log goes on growing
@@ -89,7 +88,7 @@ void showToOperator(const std::string& text) {
     if (messageBoxes().attended())
         showMessage({text, "Vistrel Error Report", MessageIcon::critical, MessageButtons::ok});
     else
-        std::fputs(text.c_str(), stderr);
+        (void)platform().console().write(StandardStream::error, text);
 }
 
 /// Guards a step of a report against running again on the same thread before it has ended.

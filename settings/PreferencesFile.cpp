@@ -108,11 +108,12 @@ std::string PreferenceText(std::int16_t value) { return NumberToText(std::int32_
 
 std::unique_ptr<ProfileFile> OpenProfile(const std::string& path) { return platform().openProfile(path); }
 
-PreferencesOutcome LoadPreferences(const PreferencesCircumstances& circumstances) {
+PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances) {
     PreferencesOutcome outcome;
-    outcome.values = circumstances.before;
-    outcome.isFileThere = platform().files().kindOf(circumstances.path) == EntryKind::file;
+    outcome.values = std::move(circumstances.before);
+    outcome.keysRead.reserve(kPreferenceCount);
     const auto file = circumstances.open(circumstances.path);
+    outcome.isFileThere = file->isThere();
     ForEachPreference(PreferenceReader(*file, circumstances.folders, outcome), outcome.values);
     return outcome;
 }

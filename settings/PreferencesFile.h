@@ -66,7 +66,7 @@ struct PreferencesOutcome {
     bool isFileThere = false;
 };
 
-PreferencesOutcome LoadPreferences(const PreferencesCircumstances& circumstances);
+PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances);
 /// The same for the file and the folders of this machine. Makes the folder for playfiles if it can.
 PreferencesOutcome LoadPreferences();
 

@@ -46,14 +46,7 @@ private:
 };
 
 SystemError PosixOutputFile::write(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written =
-            uninterrupted([&] { return ::write(file_.number(), bytes.data(), bytes.size()); });
-        if (written == -1)
-            return errorOn(path_);
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return SystemError::none;
+    return writeAll(file_.number(), bytes) ? SystemError::none : errorOn(path_);
 }
 
 SystemError PosixOutputFile::flush() {
@@ -169,6 +162,11 @@ EntryKind PosixFileSystem::kindOf(const std::string& path) {
     if (S_ISREG(status.st_mode))
         return EntryKind::file;
     return S_ISDIR(status.st_mode) ? EntryKind::folder : EntryKind::other;
+}
+
+bool PosixFileSystem::hasEntry(const std::string& path) {
+    struct stat status {};
+    return isName(path) && ::lstat(path.c_str(), &status) == 0;
 }
 
 Result<std::uint64_t> PosixFileSystem::sizeOf(const std::string& path) {

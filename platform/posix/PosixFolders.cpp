@@ -57,7 +57,10 @@ std::string upToQuote(std::string_view text) {
 std::string userHome() {
     if (std::string home = environment("HOME"); !home.empty())
         return home;
-    const passwd* user = ::getpwuid(::geteuid());
+    passwd entry{};
+    passwd* user = nullptr;
+    std::array<char, 4096> texts;
+    (void)::getpwuid_r(::geteuid(), &entry, texts.data(), texts.size(), &user);
     return user && user->pw_dir ? user->pw_dir : "/";
 }
 

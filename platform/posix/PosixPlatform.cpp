@@ -3,6 +3,7 @@
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/posix/PosixCalendar.h"
+#include "platform/posix/PosixConsole.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixFolders.h"
 #include "platform/posix/PosixRegistryStore.h"
@@ -48,6 +49,7 @@ public:
     FileSystem& files() override { return files_; }
     RegistryStore& registry() override { return registry_; }
     MessageBoxes& messageBoxes() override { return boxes_; }
+    Console& console() override { return console_; }
 
     std::unique_ptr<ProfileFile> openProfile(const std::string& path) override {
         return std::make_unique<LockedProfileFile>(files_, path, path == systemProfilePath());
@@ -70,6 +72,7 @@ private:
     std::string settings_; ///< Folder of the settings store.
     PosixRegistryStore registry_;
     TerminalMessageBoxes boxes_;
+    PosixConsole console_;
 };
 
 std::optional<std::string> PosixPlatform::specialFolder(int number) {

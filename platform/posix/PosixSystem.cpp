@@ -80,6 +80,16 @@ SystemError errorOn(const std::string& path, int code) {
     }
 }
 
+bool writeAll(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = uninterrupted([&] { return ::write(file, bytes.data(), bytes.size()); });
+        if (written == -1)
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
 bool lockFile(int file, int operation) {
     constexpr int mostTries = 5000; // about as many milliseconds
     for (int tries = 0; ::flock(file, operation | LOCK_NB) != 0; ++tries) {

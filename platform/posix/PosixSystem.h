@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <string>
+#include <string_view>
 #include <sys/stat.h>
 #include <utility>
 
@@ -59,6 +60,9 @@ std::string folderOf(const std::string& path);
 
 /// What `errno` means for an operation on `path`.
 SystemError errorOn(const std::string& path, int code = errno);
+
+/// Writes all of `bytes` to an open file. False with `errno` set.
+bool writeAll(int file, std::string_view bytes);
 
 /// Keeps other processes that lock the same folder waiting. Does nothing where the file system knows no
 /// locks, or where another process keeps its lock for seconds: a setting is better saved without than not at

@@ -190,6 +190,10 @@ EntryKind WindowsFileSystem::kindOf(const std::string& path) {
     return attributes & FILE_ATTRIBUTE_DEVICE ? EntryKind::other : EntryKind::file;
 }
 
+bool WindowsFileSystem::hasEntry(const std::string& path) {
+    return attributesOf(path) != INVALID_FILE_ATTRIBUTES; // those of a link itself
+}
+
 Result<std::uint64_t> WindowsFileSystem::sizeOf(const std::string& path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (!isName(path) || !::GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data))

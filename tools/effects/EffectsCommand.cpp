@@ -113,7 +113,7 @@ void printTable(std::ostream& out, const std::vector<Effect>& effects) {
     out << table;
 }
 
-ExitCode showEffects(bool json, Session& session) {
+ExitCode showEffects(const bool& json, Session& session) {
     const std::vector<Effect> effects = allEffects();
     if (json) {
         auto array = nlohmann::ordered_json::array();
@@ -130,8 +130,8 @@ ExitCode showEffects(bool json, Session& session) {
 
 void AddEffectsCommand(CLI::App& program, Session& session) {
     const auto json = std::make_shared<bool>(false);
-    AddCommand(program, session, showEffects, json, "effects",
-               "Shows the effect codes, and which of them lists offer now", "vistrel effects --home samples")
+    AddCommand(program, "effects", "Shows the effect codes, and which of them lists offer now",
+               "vistrel effects --home samples", session, json, &showEffects)
         .add_flag("--json", *json, "Prints an array of effects");
 }
 

@@ -1,16 +1,14 @@
 // vistrel convert: playfiles of the older format saved as current ones, many at once.
+#include "frame/Traced.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
-#include "platform/posix/StandardStreams.h"
 #include "tools/playfile/Opening.h"
 #include "tools/playfile/Saving.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <iostream>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
@@ -36,10 +34,10 @@ public:
 private:
     void show(const std::string& text) const {
         if (isWatched_)
-            std::cerr << text << std::flush;
+            (void)platform().console().write(StandardStream::error, text);
     }
 
-    bool isWatched_ = IsTerminal(StandardStream::error);
+    bool isWatched_ = platform().console().isTerminal(StandardStream::error);
     std::size_t current_ = 0;
     std::size_t total_;
 };
@@ -54,12 +52,6 @@ std::string targetOf(const std::string& file, const std::string& folder) {
     return JoinPath(folder, std::string(name) + ".playfile");
 }
 
-/// Links that lead nowhere count: what they name must not be made either.
-bool isThere(const std::string& path) {
-    std::error_code unknown;
-    return std::filesystem::exists(std::filesystem::symlink_status(path, unknown));
-}
-
 struct Counts {
     std::size_t converted = 0;
     std::size_t incomplete = 0; ///< Of those.
@@ -72,7 +64,7 @@ void convertFile(const std::string& from, const std::string& to, Counts& counts,
         return;
     if (!opened->playfile.isLegacy)
         return session.errors.add("not converted: it is a current playfile already");
-    if (isThere(to))
+    if (platform().files().hasEntry(to)) // what a link that leads nowhere names must not be made either
         return session.errors.add("not converted: " + to + " is there already");
     if (!SaveOpened(*opened, to, {.no = true}, session)) // files that it refers to stay where they are
         return;
@@ -92,11 +84,10 @@ ExitCode convert(const ConvertOptions& options, Session& session) {
         Progress progress(total);
         for (const std::string& file : options.files) {
             progress.startNext();
-            try {
-                convertFile(file, targetOf(file, options.to), counts, session);
-            } catch (const std::exception&) { // the other files can be converted all the same
-                session.errors.add(CurrentError());
-            }
+            const auto error =
+                ErrorOf([&] { convertFile(file, targetOf(file, options.to), counts, session); });
+            if (error) // the other files can be converted all the same
+                session.errors.add(*error);
         }
     }
     session.out << "Converted " << counts.converted << " of " << Counted(total, "file");
@@ -110,9 +101,9 @@ ExitCode convert(const ConvertOptions& options, Session& session) {
 
 void AddConvertCommand(CLI::App& program, Session& session) {
     const auto options = std::make_shared<ConvertOptions>();
-    CLI::App& command = AddCommand(program, session, convert, options, "convert",
-                                   "Saves playfiles of the older format (PL2) as current ones",
-                                   "vistrel convert old/*.PL2 --to new");
+    CLI::App& command =
+        AddCommand(program, "convert", "Saves playfiles of the older format (PL2) as current ones",
+                   "vistrel convert old/*.PL2 --to new", session, options, &convert);
     command.add_option("FILES", options->files, "The playfiles; bad ones are reported and left out")
         ->required();
     command

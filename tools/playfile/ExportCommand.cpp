@@ -31,9 +31,9 @@ ExitCode exportXml(const ExportOptions& options, Session& session) {
 
 void AddExportCommand(CLI::App& program, Session& session) {
     const auto options = std::make_shared<ExportOptions>();
-    CLI::App& command = AddCommand(program, session, exportXml, options, "export",
-                                   "Writes the frames of a playfile as XML for other tools",
-                                   "vistrel export harbour.playfile --out harbour");
+    CLI::App& command =
+        AddCommand(program, "export", "Writes the frames of a playfile as XML for other tools",
+                   "vistrel export harbour.playfile --out harbour", session, options, &exportXml);
     command.add_option("FILE", options->file, "The playfile")->required();
     command.add_option("--out", options->out,
                        "Name to write to, without the \".xml\" that is added; else the playfile's own");

@@ -1,5 +1,6 @@
 // vistrel frames: frames inserted, deleted, moved and copied.
 #include "frame/Conversions.h"
+#include "playfile/FrameInfoClass.h"
 #include "tools/playfile/Opening.h"
 #include "tools/playfile/Saving.h"
 #include "tools/program/Commands.h"
@@ -153,9 +154,8 @@ std::string pasteFrames(FrameInfoClass& playfile, const FramesOptions& options, 
     return "pasted " + text(range) + " of " + options.other + " at " + std::to_string(options.at.value);
 }
 
-using Edit = decltype(&insertFrame);
-
-ExitCode editFrames(Edit edit, const FramesOptions& options, Session& session) {
+template <auto edit>
+ExitCode editFrames(const FramesOptions& options, Session& session) {
     auto opened = OpenPlayfile(options.file, options.answers, session.errors);
     if (!opened)
         return ExitCode::failed;
@@ -194,11 +194,8 @@ void AddFramesCommand(CLI::App& program, Session& session) {
     AddAnswerOptions(frames, options->answers);
     frames.add_flag("--json", options->json, "Prints the file, what was done and the number of frames");
 
-    const auto add = [&](const char* name, Edit edit, const char* description, const char* example) {
-        const auto run = [edit](const FramesOptions& given, Session& now) {
-            return editFrames(edit, given, now);
-        };
-        return &AddCommand(frames, session, run, options, name, description, example);
+    const auto add = [&](const char* name, auto run, const char* description, const char* example) {
+        return &AddCommand(frames, name, description, example, session, options, run);
     };
     const auto takeAt = [&](CLI::App* command) {
         command
@@ -210,22 +207,22 @@ void AddFramesCommand(CLI::App& program, Session& session) {
         command->add_option("FRAMES", options->frames, "One frame, as 4, or several, as 3-5")->required();
     };
 
-    takeAt(add("insert", &insertFrame, "Makes room for an empty frame",
+    takeAt(add("insert", &editFrames<insertFrame>, "Makes room for an empty frame",
                "vistrel frames harbour.playfile insert 3"));
-    takeFrames(add("delete", &deleteFrames, "Takes frames out; the only frame is emptied instead",
+    takeFrames(add("delete", &editFrames<deleteFrames>, "Takes frames out; the only frame is emptied instead",
                    "vistrel frames harbour.playfile delete 3-5"));
-    CLI::App* move = add("move", &moveFrame, "Moves a frame to the place of another",
+    CLI::App* move = add("move", &editFrames<moveFrame>, "Moves a frame to the place of another",
                          "vistrel frames harbour.playfile move 2 5");
     move->add_option("FROM", options->from, "Number of the frame, from 1")->required();
     move->add_option("TO", options->to, "Number that it has then")->required();
     CLI::App* copy =
-        add("copy", &copyFrames,
+        add("copy", &editFrames<copyFrames>,
             "Puts copies of frames elsewhere; merging of lines and their fixed number are not copied",
             "vistrel frames harbour.playfile copy 3-5 10");
     takeFrames(copy);
     takeAt(copy);
     CLI::App* paste = add(
-        "paste", &pasteFrames,
+        "paste", &editFrames<pasteFrames>,
         "Puts copies of another playfile's frames in; merging of lines and their fixed number are not copied",
         "vistrel frames harbour.playfile paste plant.playfile 1 --frames 3-5");
     paste->add_option("OTHER", options->other, "The other playfile")->required();

@@ -1,7 +1,6 @@
 // Opening a playfile, with the question that one of the older format asks.
 #pragma once
 
-#include "playfile/FrameInfoClass.h"
 #include "playfile/LoadPlayfile.h"
 #include "tools/program/Answers.h"
 #include "tools/program/ErrorLines.h"
@@ -9,7 +8,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace qrtVistrelClasses4 {
 
@@ -26,14 +24,5 @@ std::optional<LoadOutcome> OpenPlayfile(const std::string& name, const AnswerOpt
 /// could.
 std::optional<LoadOutcome> OpenWholeFrames(const std::string& name, const AnswerOptions& options,
                                            ErrorLines& errors);
-
-/// `OpenPlayfile` into `playfile`, which stays as it was if the result is false.
-inline bool OpenPlayfile(FrameInfoClass& playfile, const std::string& name, const AnswerOptions& options,
-                         ErrorLines& errors) {
-    std::optional<LoadOutcome> opened = OpenPlayfile(name, options, errors);
-    if (opened)
-        playfile.Adopt(std::move(opened->playfile));
-    return opened.has_value();
-}
 
 } // namespace qrtVistrelClasses4

@@ -22,9 +22,8 @@ ExitCode save(const SaveOptions& options, Session& session) {
 
 void AddSaveCommand(CLI::App& program, Session& session) {
     const auto options = std::make_shared<SaveOptions>();
-    CLI::App& command = AddCommand(program, session, save, options, "save",
-                                   "Opens a playfile and saves it under another name",
-                                   "vistrel save harbour.playfile pier.playfile");
+    CLI::App& command = AddCommand(program, "save", "Opens a playfile and saves it under another name",
+                                   "vistrel save harbour.playfile pier.playfile", session, options, &save);
     command.add_option("IN", options->from, "The playfile to open")->required();
     command.add_option("OUT", options->to, "The file to save; one that is there is replaced")->required();
     AddAnswerOptions(command, options->answers);

@@ -161,8 +161,8 @@ ExitCode show(const ShowOptions& options, Session& session) {
 
 void AddShowCommand(CLI::App& program, Session& session) {
     const auto options = std::make_shared<ShowOptions>();
-    CLI::App& command = AddCommand(program, session, show, options, "show", "Shows the frames of a playfile",
-                                   "vistrel show harbour.playfile --frame 2");
+    CLI::App& command = AddCommand(program, "show", "Shows the frames of a playfile",
+                                   "vistrel show harbour.playfile --frame 2", session, options, &show);
     command.add_option("FILE", options->file, "The playfile")->required();
     command
         .add_option("--frame", options->frame, "Shows one frame with all its properties and lines; from 1")

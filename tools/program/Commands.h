@@ -46,14 +46,13 @@ inline CLI::App& AddCommand(CLI::App& parent, const std::string& name, const std
     return *command;
 }
 
-/// The same for a command that runs `run(*options, session)`.
-template <class Run, class Options>
-CLI::App& AddCommand(CLI::App& parent, Session& session, Run run, const std::shared_ptr<Options>& options,
-                     const std::string& name, const std::string& description, const std::string& example) {
+/// The same for a command that runs `run(options, session)`.
+template <class Options>
+CLI::App& AddCommand(CLI::App& parent, const std::string& name, const std::string& description,
+                     const std::string& example, Session& session, std::shared_ptr<Options> options,
+                     ExitCode (*run)(const Options& options, Session& session)) {
     CLI::App& command = AddCommand(parent, name, description, example);
-    command.callback([run, options, &session] {
-        session.command = [run, options, &session] { return run(*options, session); };
-    });
+    command.callback([=, &session] { session.command = [=, &session] { return run(*options, session); }; });
     return command;
 }
 
