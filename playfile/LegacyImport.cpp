@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <limits>
 #include <optional>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -57,7 +58,7 @@ class RiskyNumber {
 public:
     /// What `convert` returns. Throws its error; from the second one on, the error is marked as quiet.
     template <class Convert>
-    std::int16_t converted(Convert convert) {
+    std::invoke_result_t<Convert> converted(Convert convert) {
         try {
             return convert();
         } catch (const RuntimeError& error) {
@@ -78,6 +79,7 @@ public:
 
 private:
     std::int16_t prefixCodeOf(const std::string& Keyword);
+    std::int16_t suffixCodeOf(const std::string& Keyword);
     void setFiles(FrameRecord& frame, LegacyReference files, LegacyFileKind kind, bool hasText);
     std::int16_t widthOf(std::string_view number);
     void lose(std::string text) { details_.losses.push_back({number_, std::move(text)}); }
@@ -93,21 +95,29 @@ private:
 std::string quoted(const std::string& text) { return '"' + text + '"'; }
 
 std::int16_t Import::prefixCodeOf(const std::string& Keyword) {
+    bool isRefused = true;
     const std::optional<std::int16_t> code = traced(
         FrameFunction("ConvertPrefixKeywordToCode"),
-        [&] { return std::optional(prefixCode_.converted([&] { return PrefixCodeOfKeyword(Keyword); })); },
+        [&] {
+            const auto converted = prefixCode_.converted([&] { return PrefixCodeOfKeyword(Keyword); });
+            isRefused = false;
+            return converted;
+        },
         Arg{"Keyword", Keyword});
-    if (!code)
+    if (isRefused)
         refuse("prefix keyword " + quoted(Keyword));
-    else if (*code == 0 && !Keyword.empty())
+    else if (!code && !Keyword.empty())
         lose("unknown prefix keyword " + quoted(Keyword));
     return code.value_or(0);
 }
 
-std::int16_t suffixCodeOf(const std::string& Keyword) {
-    return traced(
+std::int16_t Import::suffixCodeOf(const std::string& Keyword) {
+    const std::optional<std::int16_t> code = traced(
         FrameFunction("ConvertSuffixKeywordToCode"), [&] { return SuffixCodeOfKeyword(Keyword); },
         Arg{"Keyword", Keyword});
+    if (!code && !Keyword.empty())
+        lose("unknown suffix keyword " + quoted(Keyword));
+    return code.value_or(0);
 }
 
 std::int16_t Import::widthOf(std::string_view number) {
@@ -176,8 +186,6 @@ FrameRecord Import::nextFrame(const LegacyRecord& record) {
     } else {
         setLines(frame, linesOf(text), record);
         frame.SuffixCode = suffixCodeOf(record.suffixKeyword);
-        if (frame.SuffixCode == 0 && !record.suffixKeyword.empty())
-            lose("unknown suffix keyword " + quoted(record.suffixKeyword));
     }
     if (kind == LegacyFileKind::none && !files.fileName.empty())
         lose("file of unknown kind " + quoted(files.fileName));

@@ -1,4 +1,4 @@
-// Where the files lie that a playfile refers to.
+// Finding the files that a playfile refers to.
 #pragma once
 
 #include <optional>
@@ -7,7 +7,7 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Looks for files where a playfile says they are, and else beside it.
+/// Looks for files where a playfile says they are, and then beside the playfile.
 class ReferenceFinder {
 public:
     /// `playfile` is the path of the playfile.

@@ -41,9 +41,9 @@ private:
     int number_ = -1;
 };
 
-/// Whether the system may be asked for `path`: it would take a name with a NUL for what stands before that.
-/// False with `errno` set.
-bool isName(const std::string& path);
+/// Whether `path` may be passed to the system, which would cut a name at its first NUL. False with `errno`
+/// set.
+bool isUsableName(const std::string& path);
 
 /// What the entry that `path` leads to is. False with `errno` set.
 bool lookUp(const std::string& path, struct stat& status);

@@ -21,8 +21,8 @@ TEST(Effects, HaveNames) {
         {20001, "Start Loop [1] times", "End Loop"}, {20099, "Start Loop [99] times", ""}, {20100, "", ""}};
     // clang-format on
     for (const auto& row : cases) {
-        EXPECT_EQ(PrefixName(row.code), row.prefix) << row.code;
-        EXPECT_EQ(SuffixName(row.code), row.suffix) << row.code;
+        EXPECT_EQ(PrefixName(row.code).value_or(""), row.prefix) << row.code;
+        EXPECT_EQ(SuffixName(row.code).value_or(""), row.suffix) << row.code;
     }
 }
 
@@ -57,8 +57,8 @@ TEST(Effects, HaveKeywordsInTheOlderFormat) {
         {"12767", 32767, 0}};
     // clang-format on
     for (const Codes& row : cases) {
-        EXPECT_EQ(PrefixCodeOfKeyword(row.text), row.prefix) << row.text;
-        EXPECT_EQ(SuffixCodeOfKeyword(row.text), row.suffix) << row.text;
+        EXPECT_EQ(PrefixCodeOfKeyword(row.text).value_or(0), row.prefix) << row.text;
+        EXPECT_EQ(SuffixCodeOfKeyword(row.text).value_or(0), row.suffix) << row.text;
     }
 }
 
@@ -98,14 +98,14 @@ const std::string kFixedSuffixes =
 std::string optionalPrefixes() {
     std::string list;
     for (std::int16_t code = 114; code <= 129; ++code)
-        list += (code == 127 ? "Border" : PrefixName(code)) + "=" + std::to_string(code) + ", ";
+        list += (code == 127 ? "Border" : PrefixName(code).value()) + "=" + std::to_string(code) + ", ";
     return list;
 }
 std::string optionalSuffixes() {
     std::string list;
     for (std::int16_t code = 114; code <= 129; ++code)
         if (code != 127)
-            list += SuffixName(code) + (code == 114 ? " Off=" : "=") + std::to_string(code) + ", ";
+            list += SuffixName(code).value() + (code == 114 ? " Off=" : "=") + std::to_string(code) + ", ";
     return list;
 }
 
@@ -135,9 +135,10 @@ TEST_F(EffectLists, OfferTheOptionalEffectsOnceTheyAreLoadedWhichIsOncePerProces
     EXPECT_EQ((Texts{prefixes2_.content(), suffixes2_.content()}), dialogLists_);
     EXPECT_FALSE(FrameInfoClass().LoadNewEffectLists(&prefixes_, nullptr, nullptr, nullptr));
     for (const auto& [text, code] : prefixes2_.items)
-        EXPECT_EQ(PrefixCodeOf(text), code < 114 || code > 129 || text == "Border" ? code : 0) << text;
+        EXPECT_EQ(PrefixCodeOf(text).value_or(0), code < 114 || code > 129 || text == "Border" ? code : 0)
+            << text;
     for (const auto& [text, code] : suffixes2_.items)
-        EXPECT_EQ(SuffixCodeOf(text), code < 114 || code > 129 ? code : 0) << text;
+        EXPECT_EQ(SuffixCodeOf(text).value_or(0), code < 114 || code > 129 ? code : 0) << text;
 }
 
 TEST_F(EffectLists, OfADialogEndWithoutTheirLoopsAndFollowTheSwitchesAtEveryFilling) {

@@ -1,4 +1,4 @@
-// What stands at the limits of editing. fuzz/FrameEditing holds the rest against a list.
+// The limits of editing. fuzz/FrameEditing holds the rest against a list.
 #include "Allocations.h"
 #include "TestHost.h"
 #include "playfile/FrameInfoClass.h"

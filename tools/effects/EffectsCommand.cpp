@@ -52,7 +52,7 @@ private:
 struct Effect {
     std::int16_t code;
     std::string prefixName, suffixName;
-    /// What lists show for it; none where they do not offer it.
+    /// What lists show for it; nothing if they do not offer it.
     std::optional<std::string> prefixListText, suffixListText;
     std::string_view iniKey; ///< Its switch in "NewEffects.ini"; empty for an effect without one.
 };
@@ -62,7 +62,7 @@ std::string_view iniKeyOf(std::int16_t code) {
     return found == kOptionalEffects.end() ? std::string_view() : found->iniKey;
 }
 
-/// Every code that has a name or stands in a list.
+/// Every code that has a name or is in a list.
 std::vector<Effect> allEffects() {
     EffectList prefixes, suffixes, prefixesWithoutLoop, suffixesWithoutLoop;
     FrameInfoClass playfile;
@@ -71,9 +71,12 @@ std::vector<Effect> allEffects() {
     std::vector<Effect> effects;
     for (std::int32_t number = 0; number <= std::numeric_limits<std::int16_t>::max(); ++number) {
         const auto code = static_cast<std::int16_t>(number);
-        Effect effect{
-            code,          PrefixName(code), SuffixName(code), prefixes.textOf(code), suffixes.textOf(code),
-            iniKeyOf(code)};
+        Effect effect{code,
+                      PrefixName(code).value_or(""),
+                      SuffixName(code).value_or(""),
+                      prefixes.textOf(code),
+                      suffixes.textOf(code),
+                      iniKeyOf(code)};
         if (!effect.prefixName.empty() || !effect.suffixName.empty() || effect.prefixListText ||
             effect.suffixListText)
             effects.push_back(std::move(effect));

@@ -52,7 +52,7 @@ struct FramesOptions {
     FrameNumber at, from, to;
     FrameRange frames;
     std::string other;
-    std::optional<FrameRange> framesOfOther; ///< None: all.
+    std::optional<FrameRange> framesOfOther; ///< All of them if it is empty.
 };
 
 /// A number is checked before any frame moves.

@@ -32,9 +32,8 @@ std::string kindName(const FrameRecord& frame) {
 }
 
 /// The name of an effect, or its code if it has none.
-std::string effectName(std::string (*nameOf)(std::int16_t), std::int16_t code) {
-    const std::string name = nameOf(code);
-    return name.empty() ? std::to_string(code) : name;
+std::string effectName(std::optional<std::string> (*nameOf)(std::int16_t), std::int16_t code) {
+    return nameOf(code).value_or(std::to_string(code));
 }
 
 /// What the number in a property means; "" for a property that needs no explanation.

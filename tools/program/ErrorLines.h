@@ -12,7 +12,7 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Errors beyond so many are only counted.
+/// Errors beyond this number are only counted.
 inline constexpr std::size_t kMostErrorLines = 500;
 
 /// "Overflow (error 6)".

@@ -12,8 +12,8 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// Runs the command with the program's own services in the library's place.
-ExitCode run(Session& session, const std::string& home) {
+/// Runs the command on the machine that `home` asks for, with the program's own error reporter.
+ExitCode run(Session& session, const std::optional<std::string>& home) {
     const auto machine = makePlatform({.home = home});
     const ScopedPlatform platformScope(*machine);
     const ScopedErrorReporter reporterScope(session.errors);
@@ -65,7 +65,7 @@ ExitCode runProgram(const std::vector<std::string>& arguments, Console& console)
     StandardOutput output(console);
     std::ostream out(&output);
     Session session{out, {}, {}};
-    std::string home;
+    std::optional<std::string> home;
     CLI::App program(
         "Shows and changes playfiles, the list of signs, commands and settings of LED message signs",
         "vistrel");
