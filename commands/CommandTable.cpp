@@ -87,11 +87,4 @@ void CommandTable::set(const std::string& key, const std::string& bytes) {
     add() = std::move(added);
 }
 
-CommandInfoType& CommandTable::add() {
-    if (count() == kMostCommands)
-        throw RuntimeError(ErrorNumber::overflow);
-    rows_.resize(count() + 1);
-    return rows_.at(count());
-}
-
 } // namespace qrtVistrelClasses4

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "frame/OneBasedArray.h"
+#include "frame/RuntimeError.h"
 
 #include <array>
 #include <cstdint>
@@ -43,7 +44,12 @@ public:
     /// 6 if the table is full.
     void set(const std::string& key, const std::string& bytes);
     /// Adds an empty row, to be filled at once. Error 6 if the table is full.
-    CommandInfoType& add();
+    CommandInfoType& add() {
+        if (count() == kMostCommands)
+            Raise(ErrorNumber::overflow);
+        rows_.resize(count() + 1);
+        return rows_.at(count());
+    }
 
     bool operator==(const CommandTable& other) const { return rows_ == other.rows_; }
 

@@ -103,12 +103,13 @@ void SettingsInfoClass::GetSettingsFromDisk(const std::optional<std::string>& sF
     traced(
         procedure(ProcedureKind::Sub, "GetSettingsFromDisk"),
         [&] {
-            const PreferenceFolders folders = FindPreferenceFolders();
+            PreferenceFolders folders = FindPreferenceFolders();
             makePlayfileFolder(folders);
-            const std::optional<std::string> path = PreferencesPath();
+            std::optional<std::string> path = PreferencesPath();
             if (!path)
                 return;
-            PreferencesOutcome outcome = LoadPreferences({*path, folders, preferences_, openTraced});
+            PreferencesOutcome outcome =
+                LoadPreferences({std::move(*path), std::move(folders), preferences_, openTraced});
             preferences_ = std::move(outcome.values);
             if (outcome.error)
                 throw outcome.error->error;
