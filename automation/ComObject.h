@@ -1,4 +1,4 @@
-// Identity and lifetime of the module's objects.
+// Identity and lifetime of COM objects.
 #pragma once
 
 #include "automation/Module.h"
@@ -10,13 +10,14 @@
 namespace qrtVistrelClasses4 {
 
 #ifdef __GNUC__
-// Interfaces of the system have no virtual destructor: objects delete themselves.
+// The system's interfaces have no virtual destructor, because COM objects delete themselves.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 #endif
-/// An object with the interfaces `Faces`.
-template <class... Faces>
-class ComObject : public Faces... {
+/// An object that implements `Interfaces`. It counts its references, deletes itself with the last one, and
+/// keeps the module loaded until then.
+template <class... Interfaces>
+class ComObject : public Interfaces... {
 public:
     ComObject() = default;
     ComObject(const ComObject&) = delete;
@@ -26,7 +27,7 @@ public:
         if (!result)
             return E_POINTER;
         *result = nullptr;
-        if (!(offer<Faces>(iid, result) || ...))
+        if (!(castTo<Interfaces>(iid, result) || ...))
             return E_NOINTERFACE;
         AddRef();
         return S_OK;
@@ -43,12 +44,13 @@ protected:
     virtual ~ComObject() = default;
 
 private:
-    template <class Face>
-    bool offer(REFIID iid, void** result) {
-        if (iid != __uuidof(Face) && iid != IID_IUnknown &&
-            !(std::is_base_of_v<IDispatch, Face> && iid == IID_IDispatch))
+    /// Returns false if `iid` is not `Interface` or one of its bases.
+    template <class Interface>
+    bool castTo(REFIID iid, void** result) {
+        if (iid != __uuidof(Interface) && iid != IID_IUnknown &&
+            !(std::is_base_of_v<IDispatch, Interface> && iid == IID_IDispatch))
             return false;
-        *result = static_cast<Face*>(this);
+        *result = static_cast<Interface*>(this);
         return true;
     }
 

@@ -1,9 +1,8 @@
-#include "automation/DispatchObject.h"
 #include "automation/PublicClasses.h"
 #include "commands/clsCommandInterface.h"
 #include "frame/RuntimeError.h"
 
-#include <qrtVistrelClasses4.h>
+#include <qrtVistrelClasses4Members.h>
 
 #include <algorithm>
 #include <new>
@@ -11,13 +10,13 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-// Keys and byte strings are no texts of a code page: the character with code n is the byte n.
+// Keys and byte strings are not texts of a code page. Here the character with code n is the byte n.
 
 bool holdsBytes(BSTR text) {
     return std::all_of(text, text + SysStringLen(text), [](OLECHAR character) { return character <= 0xff; });
 }
 
-/// Error 5 for a character that is no byte.
+/// Throws error 5 if `text` has a character above 255.
 std::string bytesOf(BSTR text) {
     if (!holdsBytes(text))
         throw RuntimeError(ErrorNumber::invalidProcedureCall);
@@ -33,15 +32,13 @@ BSTR textOf(const std::string& bytes) {
     return text;
 }
 
-class CommandInterfaceObject
-    : public DispatchObject<_clsCommandInterface, ::clsCommandInterface, clsCommandInterface> {
+class CommandInterfaceObject : public clsCommandInterfaceMembers<clsCommandInterface> {
 public:
-    STDMETHODIMP get_iTotalCommands(short* result) override { return get(&Core::iTotalCommands, result); }
     STDMETHODIMP get_sCommandKeyByNum(short iCommand, BSTR* result) override {
         return giveBytes(result, [&] { return core_->sCommandKeyByNum(iCommand); });
     }
     STDMETHODIMP get_sCommandBytesByKey(BSTR sKey, BSTR* result) override {
-        if (result && !holdsBytes(sKey)) { // no row has it, and an unknown key comes back as it is
+        if (result && !holdsBytes(sKey)) { // no row has such a key, and an unknown key is returned unchanged
             *result = SysAllocStringLen(sKey, SysStringLen(sKey));
             return *result ? S_OK : E_OUTOFMEMORY;
         }
@@ -55,9 +52,6 @@ public:
     }
     STDMETHODIMP put_sCommandBytesByNum(short iCommand, BSTR vData) override {
         return run([&] { core_->sCommandBytesByNum(iCommand, bytesOf(vData)); });
-    }
-    STDMETHODIMP SortCommandByLargestFirst() override {
-        return run([&] { core_->SortCommandByLargestFirst(); });
     }
 
 private:

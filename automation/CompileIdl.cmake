@@ -1,5 +1,6 @@
-# qrt_compile_idl(NAME) compiles the interface definition NAME.idl of this folder. Linking NAME_interfaces gives a
-# program the header NAME.h; linking NAME_type_library puts the type library into it, where LoadTypeLib looks for it.
+# qrt_compile_idl(NAME) compiles the interface definition NAME.idl of this folder. A target that links
+# NAME_interfaces can include NAME.h, the interfaces, and NAMEMembers.h, what ForwardMembers.cmake makes of them. A
+# target that links NAME_type_library contains the type library, where LoadTypeLib looks for it.
 find_path(QRT_IDL_INCLUDES oaidl.idl NO_CMAKE_FIND_ROOT_PATH REQUIRED
     PATHS /usr/include/wine/wine/windows /usr/include/wine/windows /usr/include/wine-development/wine/windows
     DOC "Folder of the system's interface definitions")
@@ -15,7 +16,11 @@ function(qrt_compile_idl name)
         COMMAND ${QRT_IDL_COMPILER} -I ${QRT_IDL_INCLUDES} -h -o ${output}.h ${definition}
         COMMAND ${QRT_IDL_COMPILER} -I ${QRT_IDL_INCLUDES} -L ${QRT_TYPE_LIBRARIES} -t -o ${output}.tlb ${definition}
         DEPENDS ${definition} VERBATIM)
-    add_custom_target(${name}_compiled DEPENDS ${output}.h ${output}.tlb)
+    set(forward_members ${CMAKE_CURRENT_SOURCE_DIR}/ForwardMembers.cmake)
+    add_custom_command(OUTPUT ${output}Members.h
+        COMMAND ${CMAKE_COMMAND} -D DEFINITION=${definition} -D HEADER=${output}Members.h -P ${forward_members}
+        DEPENDS ${definition} ${forward_members} VERBATIM)
+    add_custom_target(${name}_compiled DEPENDS ${output}.h ${output}.tlb ${output}Members.h)
 
     add_library(${name}_interfaces INTERFACE)
     target_include_directories(${name}_interfaces SYSTEM INTERFACE ${CMAKE_CURRENT_BINARY_DIR})

@@ -1,4 +1,4 @@
-// What all automation objects share.
+// The base of all automation objects.
 #pragma once
 
 #include "automation/ComObject.h"
@@ -15,8 +15,8 @@
 
 namespace qrtVistrelClasses4 {
 
-/// An object of class `Coclass`: the members of its dual interface `Interface` call the library's class
-/// `CoreClass`. The type library of the module describes both.
+/// An automation object of class `Coclass`. The members of its dual interface `Interface` call the library's
+/// class `CoreClass`. The module's type library describes `Coclass` and `Interface`.
 template <class Interface, class Coclass, class CoreClass>
 class DispatchObject : public ComObject<Interface, ISupportErrorInfo, IProvideClassInfo> {
 public:
@@ -57,29 +57,34 @@ public:
 protected:
     using Core = CoreClass;
 
-    /// Runs the body of a member; its error becomes the member's result code. The object lives until then,
-    /// even if the host lets go of it while it is called back.
+    /// Runs the body of a member. Returns S_OK, or the result code of the error that the body throws. The
+    /// object lives until the body has ended, even if a callback releases its last reference.
     template <class Body>
     HRESULT run(Body body) {
         const ComPtr<Interface> alive(this);
         return ResultOf(__uuidof(Interface), body);
     }
-    /// Runs the body of a member that has a result.
+    /// Runs the body of a member like `run`, and stores the body's value in `*result`. After an error
+    /// `*result` is empty.
     template <class Result, class Body>
-    HRESULT give(Result* result, Body body) {
+    HRESULT runInto(Result* result, Body body) {
         if (!result)
             return E_POINTER;
-        *result = Result{}; // what a caller finds there after an error
+        *result = Result{};
         return run([&] { ToAutomation(body(), result); });
     }
 
+    // Each of these is a whole member: it calls the library's member that has the same name.
+    HRESULT call(void (Core::*method)()) {
+        return run([&] { ((*core_).*method)(); });
+    }
     template <class Value, class Result>
     HRESULT get(Value (Core::*getter)(), Result* result) {
-        return give(result, [&] { return ((*core_).*getter)(); });
+        return runInto(result, [&] { return ((*core_).*getter)(); });
     }
     template <class Value, class Result>
     HRESULT get(Value (Core::*getter)() const, Result* result) {
-        return give(result, [&] { return ((*core_).*getter)(); });
+        return runInto(result, [&] { return ((*core_).*getter)(); });
     }
     template <class Value, class Given>
     HRESULT put(void (Core::*setter)(Value), Given vData) {
@@ -98,12 +103,7 @@ private:
         return typeInfo_.CopyTo(result);
     }
 
-    ComPtr<ITypeInfo> typeInfo_; ///< Loaded when first asked for.
+    ComPtr<ITypeInfo> typeInfo_; ///< Null until it is needed.
 };
-
-/// One line of an adaptor: a property of the interface with getter and setter, over that of the library.
-#define QRT_PROPERTY(Type, Name)                                                                             \
-    STDMETHODIMP get_##Name(Type* result) override { return get(&Core::Name, result); }                      \
-    STDMETHODIMP put_##Name(Type vData) override { return put(&Core::Name, vData); }
 
 } // namespace qrtVistrelClasses4

@@ -9,7 +9,7 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// Where run-time errors have their numbers among all result codes.
+/// The result code of a run-time error is this plus its number.
 constexpr unsigned kRuntimeErrors = 0x800A0000;
 
 void setErrorInfo(const RuntimeError& error, REFIID iid) {

@@ -1,4 +1,4 @@
-// Errors on their way to the caller of an automation object. No exception gets past here.
+// The edge of the module: errors become result codes here, and no exception goes any further.
 #pragma once
 
 #include <ole2.h>
@@ -7,11 +7,13 @@
 
 namespace qrtVistrelClasses4 {
 
-/// For a `catch` block: the result code of the error, 0x800A0000 + number, after giving the thread the rich
-/// error information of interface `iid`.
+/// Only for `catch` blocks. Returns the result code of the current error, 0x800A0000 + its number, and sets
+/// the thread's rich error information, with `iid` as the interface whose member failed. Without memory it
+/// returns E_OUTOFMEMORY and sets nothing.
 HRESULT ResultOfCurrentError(REFIID iid) noexcept;
 
-/// Runs `body` for a caller of interface `iid`. A body without a result of its own succeeds unless it throws.
+/// Runs `body` for a caller of interface `iid`. Returns the body's result code, or S_OK if it has none. If it
+/// throws, returns the result code of its error.
 template <class Body>
 HRESULT ResultOf(REFIID iid, Body body) noexcept {
     try {

@@ -1,9 +1,11 @@
 #include "automation/HostDrawingTarget.h"
 
+#include "automation/ErrorResults.h"
+
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// Colours of the system are told by their numbers, with this bit.
+/// A colour with this bit is the number of a system colour.
 constexpr std::uint32_t kSystemColor = 0x80000000;
 
 } // namespace
@@ -12,11 +14,8 @@ DeviceContext& HostDrawingTarget::GetBitmapDC() { return contextFrom(L"GetBitmap
 
 void HostDrawingTarget::ReleaseBitmapDC() noexcept {
     context_ = nullptr;
-    try {
-        target_.call(L"ReleaseBitmapDC");
-    } catch (...) {
-        return; // it follows errors as well, one of which is reported already
-    }
+    // Ignored: this also cleans up after an error, which has been reported already.
+    ResultOf(IID_NULL, [&] { target_.call(L"ReleaseBitmapDC"); });
 }
 
 DeviceContext& HostDrawingTarget::hdc() { return contextFrom(L"hdc"); }
@@ -31,6 +30,7 @@ void HostDrawingTarget::SetPixel(std::int32_t x, std::int32_t y, Color color) {
 }
 
 DeviceContext& HostDrawingTarget::contextFrom(const wchar_t* member) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): automation passes handles as numbers
     context_ = reinterpret_cast<HDC>(static_cast<std::intptr_t>(target_.readNumber(member)));
     return *this;
 }

@@ -1,4 +1,4 @@
-// A surface of the caller's screen, used by the names of its members.
+// A drawing surface of the host, used by the names of its members.
 #pragma once
 
 #include "automation/HostObject.h"
@@ -6,8 +6,9 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Draws on the device contexts that the object gives: "GetBitmapDC", which "ReleaseBitmapDC" gives back, and
-/// "hdc". "BackColor" is a colour, or the number of one of the system's with its highest bit set.
+/// Draws on the device contexts that the host's object returns from "GetBitmapDC" (until "ReleaseBitmapDC")
+/// and "hdc". The object's "BackColor" is a colour, or the number of a system colour with the highest bit
+/// set. Throws the object's errors as `RuntimeError`, except those of "ReleaseBitmapDC".
 class HostDrawingTarget final : public DrawingTarget, private DeviceContext {
 public:
     explicit HostDrawingTarget(IDispatch* target) : target_(target) {}

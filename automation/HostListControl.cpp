@@ -13,7 +13,7 @@ VARIANT numberArgument(std::int32_t number) {
     return argument;
 }
 
-/// `text` stays the caller's.
+/// The result borrows `text`.
 VARIANT textArgument(const OwnedBstr& text) {
     VARIANT argument{};
     V_VT(&argument) = VT_BSTR;

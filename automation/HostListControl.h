@@ -1,4 +1,4 @@
-// A list box of the caller's screen, used by the names of its members.
+// A list box of the host, used by the names of its members.
 #pragma once
 
 #include "automation/HostObject.h"
@@ -6,6 +6,7 @@
 
 namespace qrtVistrelClasses4 {
 
+/// Throws the list box's errors as `RuntimeError`.
 class HostListControl : public ListControl {
 public:
     explicit HostListControl(IDispatch* control) : list_(control) {}
@@ -26,7 +27,7 @@ private:
     HostObject list_;
 };
 
-/// The list control that an argument gives; none for no object.
+/// A list box passed as an argument. Converts to null if the caller passed Nothing.
 class HostList {
 public:
     explicit HostList(IDispatch* control) : control_(control) {}

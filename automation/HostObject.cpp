@@ -10,7 +10,7 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// What an object told of its error.
+/// The description that an object gives of its error.
 struct ObjectException : EXCEPINFO {
     ObjectException() : EXCEPINFO{} {}
     ~ObjectException() {
@@ -28,7 +28,7 @@ struct ObjectException : EXCEPINFO {
                            : HRESULT_FACILITY(scode) == FACILITY_CONTROL ? HRESULT_CODE(scode)
                                                                          : 440;
         const std::string description = NarrowText(bstrDescription);
-        return RuntimeError(number, description.empty() ? "Automation error" : description);
+        return {number, description.empty() ? "Automation error" : description};
     }
 };
 
@@ -36,17 +36,17 @@ RuntimeError errorFor(HRESULT refusal) {
     switch (refusal) {
     case DISP_E_UNKNOWNNAME:
     case DISP_E_MEMBERNOTFOUND:
-        return RuntimeError(438, "Object doesn't support this property or method");
+        return {438, "Object doesn't support this property or method"};
     case DISP_E_TYPEMISMATCH:
         return RuntimeError(ErrorNumber::typeMismatch);
     case DISP_E_OVERFLOW:
         return RuntimeError(ErrorNumber::overflow);
     default:
-        return RuntimeError(440, "Automation error");
+        return {440, "Automation error"};
     }
 }
 
-/// The type that an object gives for itself: its class where it tells, else its interface.
+/// The type of an object's class if the object provides it, else that of its interface.
 ComPtr<ITypeInfo> typeOf(IDispatch& object) {
     ComPtr<ITypeInfo> type;
     ComPtr<IProvideClassInfo> provider;
@@ -83,7 +83,7 @@ void HostObject::invoke(const wchar_t* name, WORD flags, std::initializer_list<V
     if (isNothing())
         throw RuntimeError(91, "Object variable or With block variable not set");
     DISPID member = 0;
-    LPOLESTR names = const_cast<LPOLESTR>(name);
+    auto names = const_cast<LPOLESTR>(name);
     HRESULT done = object_->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &member);
     if (FAILED(done))
         throw errorFor(done);

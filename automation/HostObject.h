@@ -1,4 +1,4 @@
-// An object of the caller, used by the names of its members.
+// An object of the host, used by the names of its members.
 #pragma once
 
 #include "automation/Module.h"
@@ -11,24 +11,24 @@
 
 namespace qrtVistrelClasses4 {
 
-/// What the object refuses is a `RuntimeError`.
+/// Errors of the object, and members that it does not have, are thrown as `RuntimeError`.
 class HostObject {
 public:
     explicit HostObject(IDispatch* object) : object_(object) {}
 
     bool isNothing() const { return !object_; }
-    /// That of its class where it tells, else of its interface.
+    /// The name of the object's class, else of its interface, else "Object"; "Nothing" without an object.
     std::string className() const;
 
-    /// Arguments stand from last to first.
+    /// `arguments` are listed from last to first.
     void call(const wchar_t* method, std::initializer_list<VARIANT> arguments = {}) const {
         invoke(method, DISPATCH_METHOD, arguments, nullptr);
     }
-    /// The new value stands first.
+    /// `arguments` are the new value, then the indexes from last to first.
     void put(const wchar_t* property, std::initializer_list<VARIANT> arguments) const {
         invoke(property, DISPATCH_PROPERTYPUT, arguments, nullptr);
     }
-    /// What a property or a method gives that takes no arguments.
+    /// The value of a property, or of a method, without arguments.
     std::int64_t readNumber(const wchar_t* name) const;
 
 private:

@@ -24,7 +24,7 @@ DeclaredArgument declaredByName(ITypeInfo& type, HREFTYPE reference) {
     return declared;
 }
 
-/// Bytes that a value of `type` takes in the caller's variable; 0 for types that are left to the system.
+/// The size in bytes of a value of `type`; 0 for a type that the system should convert.
 std::size_t sizeOf(VARTYPE type) {
     switch (type) {
     case VT_I1:
@@ -58,7 +58,8 @@ std::size_t sizeOf(VARTYPE type) {
     }
 }
 
-/// Nothing, and what stands for it in scripts, is an object argument without an object.
+/// `value` becomes the interface `interfaceId` of the object it holds. An empty or omitted value becomes
+/// Nothing.
 HRESULT convertToObject(VARIANT& value, REFIID interfaceId) {
     ComPtr<IUnknown> given;
     if (V_VT(&value) == VT_DISPATCH || V_VT(&value) == VT_UNKNOWN)
@@ -74,7 +75,7 @@ HRESULT convertToObject(VARIANT& value, REFIID interfaceId) {
     return S_OK;
 }
 
-/// The storage of `value`, whatever its type.
+/// Where `value` stores its content, whatever its type.
 void* contentOf(VARIANT& value) { return &V_I4(&value); }
 const void* contentOf(const VARIANT& value) { return &V_I4(&value); }
 
@@ -88,7 +89,7 @@ DeclaredArgument Declared(ITypeInfo& type, const TYPEDESC& declared) {
     if (declared.vt != VT_PTR)
         return {declared.vt};
     DeclaredArgument pointedTo = Declared(type, *declared.lptdesc);
-    // A pointer to an interface is the object itself.
+    // A pointer to an interface is an object, not a reference to one.
     pointedTo.byReference = !(pointedTo.type == VT_DISPATCH && declared.lptdesc->vt == VT_USERDEFINED);
     return pointedTo;
 }
@@ -122,7 +123,7 @@ HRESULT LateBoundArgument::convertValue(const DeclaredArgument& declared, LCID l
     return VariantChangeTypeEx(&value_, &value_, locale, VARIANT_ALPHABOOL, declared.type);
 }
 
-/// Objects, texts and variants always may: a new one can lie at the same address.
+/// True for every object, text and variant: a new one can have the address of the old one.
 bool LateBoundArgument::mayHaveChanged() const {
     switch (V_VT(&value_)) {
     case VT_I2:
@@ -138,14 +139,14 @@ bool LateBoundArgument::mayHaveChanged() const {
 HRESULT LateBoundArgument::writeBack(LCID locale) {
     if (!writesBack_ || !mayHaveChanged())
         return S_OK;
-    const VARTYPE type = static_cast<VARTYPE>(V_VT(given_) & ~VT_BYREF);
+    const auto type = static_cast<VARTYPE>(V_VT(given_) & ~VT_BYREF);
     if (type == VT_VARIANT)
         return VariantCopy(V_VARIANTREF(given_), &value_);
     OwnedVariant converted;
     const HRESULT done = VariantChangeTypeEx(&converted, &value_, locale, VARIANT_ALPHABOOL, type);
     if (FAILED(done) || sizeOf(type) == 0)
         return done;
-    // What was in the variable goes into `converted`, which then releases it.
+    // `converted` takes over the old content of the variable and releases it.
     std::byte previous[sizeof(VARIANT)];
     std::memcpy(previous, V_BYREF(given_), sizeOf(type));
     std::memcpy(V_BYREF(given_), contentOf(converted), sizeOf(type));

@@ -1,4 +1,4 @@
-// Arguments on their way from a late-bound caller to a member, and back.
+// Conversion of arguments from a late-bound caller to a member, and back.
 #pragma once
 
 #include "automation/Values.h"
@@ -7,36 +7,36 @@
 
 namespace qrtVistrelClasses4 {
 
-/// What a member declares for one argument.
+/// The declaration of an argument of a member.
 struct DeclaredArgument {
-    VARTYPE type = VT_EMPTY; ///< `VT_EMPTY` for an argument that is best left to the system.
+    VARTYPE type = VT_EMPTY; ///< `VT_EMPTY` if the system should convert the argument.
     bool byReference = false;
-    VARIANT* defaultValue = nullptr; ///< Of an argument that is left out; lives as long as the member.
-    IID interfaceId{};               ///< Of a `VT_DISPATCH`.
+    VARIANT* defaultValue = nullptr; ///< Null if there is none; lives as long as the member's description.
+    IID interfaceId{};               ///< The interface that a `VT_DISPATCH` argument must have.
 };
 
-/// `type` is what `declared` belongs to.
+/// The declaration of an argument with type `declared` of a member of `type`.
 DeclaredArgument Declared(ITypeInfo& type, const TYPEDESC& declared);
 
-/// One argument of a call. Lives until the call is over, because the member may get its address.
+/// One argument of a call. It must live until the call has returned, because the member may get its address.
 class LateBoundArgument {
 public:
-    /// Converts what the caller `given` to what the member declares, and gives the member's view of it.
-    /// `given` must outlive this object.
+    /// Converts the caller's argument `given` to the declared type, and sets `passed` to what the member
+    /// gets. `given` must outlive this object.
     HRESULT convert(const DeclaredArgument& declared, VARIANT& given, LCID locale, VARIANT& passed);
 
-    /// Puts what the member has changed into the caller's variable, in the type that the variable has when it
+    /// Stores what the member has changed in the caller's variable, converted to the variable's type if it
     /// has one.
     HRESULT writeBack(LCID locale);
 
 private:
     HRESULT convertValue(const DeclaredArgument& declared, LCID locale);
 
-    VARIANT* given_ = nullptr;
     bool mayHaveChanged() const;
 
+    VARIANT* given_ = nullptr;
     OwnedVariant value_;
-    VARIANT passedNumber_{}; ///< What the member was given, when that is a number.
+    VARIANT passedNumber_{}; ///< The value before the call, if it is a number.
     bool writesBack_ = false;
 };
 

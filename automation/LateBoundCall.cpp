@@ -8,7 +8,7 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// The interface of `type` as it lies in memory, which is what member indexes count in.
+/// The description of the interface's function table. Only there can members be looked up by index.
 ComPtr<ITypeInfo> functionTableOf(ITypeInfo& type) {
     HREFTYPE reference = 0;
     ComPtr<ITypeInfo> table;
@@ -18,7 +18,7 @@ ComPtr<ITypeInfo> functionTableOf(ITypeInfo& type) {
     return table;
 }
 
-/// A member of a type, or none.
+/// The description of a member of `type`, if `type` has it.
 class Member {
 public:
     Member(ITypeInfo& type, DISPID id, WORD flags) : type_(functionTableOf(type)) {
@@ -42,7 +42,7 @@ public:
     Member& operator=(const Member&) = delete;
 
     bool exists() const { return description_ != nullptr; }
-    /// Without the result.
+    /// The result does not count.
     int argumentCount() const {
         const int count = exists() ? description_->cParams : 0;
         return count > 0 && isResult(description_->lprgelemdescParam[count - 1]) ? count - 1 : count;
@@ -66,8 +66,8 @@ private:
     FUNCDESC* description_ = nullptr;
 };
 
-/// Number, from 0, of the member's argument that stands at `position` of `arguments`: named ones first, then
-/// the others from last to first.
+/// The index, from 0, of the member's argument that is passed at `position` of `arguments`. Named arguments
+/// come first there, then the others from last to first.
 int argumentAt(UINT position, const DISPPARAMS& arguments, const Member& member) {
     if (position >= arguments.cNamedArgs)
         return static_cast<int>(arguments.cArgs - 1 - position);
@@ -75,7 +75,7 @@ int argumentAt(UINT position, const DISPPARAMS& arguments, const Member& member)
     return name == DISPID_PROPERTYPUT ? member.argumentCount() - 1 : static_cast<int>(name);
 }
 
-/// Whether `call` sets a property that is in truth a method of one argument.
+/// True if `call` sets a property that does not exist, and there is a method of its name with one argument.
 bool isMethodSetAsProperty(ITypeInfo& type, const MemberCall& call) {
     return (call.flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) &&
            !Member(type, call.member, call.flags).exists() &&
@@ -93,7 +93,7 @@ HRESULT CallLateBound(ITypeInfo& type, void* object, MemberCall call, const DISP
     }
     const Member member(type, call.member, call.flags);
     if (member.exists() && static_cast<int>(arguments.cArgs) > member.argumentCount())
-        return DISP_E_BADPARAMCOUNT; // not every system sees to it
+        return DISP_E_BADPARAMCOUNT; // some systems do not check it
     std::vector<LateBoundArgument> converted(arguments.cArgs);
     std::vector<VARIANT> values(arguments.cArgs);
     passed.rgvarg = values.data();
@@ -112,7 +112,7 @@ HRESULT CallLateBound(ITypeInfo& type, void* object, MemberCall call, const DISP
         if (SUCCEEDED(done))
             done = argument.writeBack(call.locale);
     if (called && FAILED(done) && result)
-        VariantClear(result); // a caller does not look at the result of a call that failed
+        VariantClear(result); // callers do not release the result of a failed call
     return done;
 }
 

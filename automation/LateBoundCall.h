@@ -1,4 +1,4 @@
-// Calls of members by number, as scripts make them.
+// Calls of members by number, the way scripts call.
 #pragma once
 
 #include <ole2.h>
@@ -8,13 +8,13 @@ namespace qrtVistrelClasses4 {
 struct MemberCall {
     DISPID member;
     LCID locale;
-    WORD flags; ///< `DISPATCH_METHOD` and so on.
+    WORD flags; ///< `DISPATCH_METHOD`, `DISPATCH_PROPERTYGET`, ...
 };
 
-/// Calls a member of `object`, whose interface `type` describes. Arguments are converted to the declared
-/// types, also where the member takes them by reference: what it leaves there is written back to the caller's
-/// variable, if there is one. Setting a property that is a method of one argument calls the method.
-/// `wrongArgument` tells which argument does not convert.
+/// Calls a member of `object`, whose interface is described by `type`. Arguments are converted to their
+/// declared types. If the member takes an argument by reference, its new value is written back to the
+/// caller's variable. A method with one argument can also be called by setting a property of its name. If an
+/// argument cannot be converted, `*wrongArgument` becomes its index in `arguments`.
 HRESULT CallLateBound(ITypeInfo& type, void* object, MemberCall call, const DISPPARAMS& arguments,
                       VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument);
 

@@ -9,7 +9,7 @@ namespace {
 
 std::atomic<long> uses = 0;
 
-/// Some address inside the module.
+/// Its address identifies the module.
 const int addressInModule = 0;
 
 } // namespace

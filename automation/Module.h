@@ -1,4 +1,4 @@
-// The file that this code was loaded from, and what keeps it loaded.
+// The module that contains this code (a DLL or a program), and what keeps it loaded.
 #pragma once
 
 #include <ole2.h>
@@ -18,19 +18,20 @@ public:
     ModuleUse(const ModuleUse&) = delete;
     ModuleUse& operator=(const ModuleUse&) = delete;
 
-    // For uses that no object stands for.
+    // For uses that have no object, such as locks.
     static void begin();
     static void end();
+    /// True if nothing uses the module.
     static bool isOver();
 };
 
 /// Full path of the module.
 std::wstring ModulePath();
 
-/// The type library inside the module.
+/// Loads the type library that the module contains.
 HRESULT LoadModuleTypeLibrary(ITypeLib** result);
 
-/// What that type library says of the interface or class `id`.
+/// Loads the type library's description of the interface or class `id`.
 HRESULT LoadModuleTypeInfo(REFGUID id, ITypeInfo** result);
 
 } // namespace qrtVistrelClasses4

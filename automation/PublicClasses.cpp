@@ -1,6 +1,6 @@
 #include "automation/PublicClasses.h"
 
-// Puts the identifiers that qrtVistrelClasses4.h declares into this file.
+// Makes this source file the one that defines the identifiers which qrtVistrelClasses4.h declares.
 #include <initguid.h>
 #include <qrtVistrelClasses4.h>
 

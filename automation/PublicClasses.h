@@ -9,13 +9,13 @@ namespace qrtVistrelClasses4 {
 
 struct PublicClass {
     const CLSID& id;
-    const wchar_t* name; ///< Without the library's name.
+    const wchar_t* name; ///< Without the name of the library in front.
     ComPtr<IDispatch> (*make)();
 };
 
 std::span<const PublicClass> PublicClasses();
 
-// Defined beside the adaptor of each class.
+// Each is defined in the source file of the adaptor.
 ComPtr<IDispatch> MakeFrameInfoObject();
 ComPtr<IDispatch> MakeSettingsInfoObject();
 ComPtr<IDispatch> MakeDisplayDatabaseObject();

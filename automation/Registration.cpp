@@ -24,7 +24,7 @@ std::wstring classKey(const PublicClass& type) { return L"CLSID\\" + braced(type
 std::wstring programName(const PublicClass& type) { return L"qrtVistrelClasses4." + std::wstring(type.name); }
 
 bool write(const std::wstring& key, const wchar_t* name, const std::wstring& value) {
-    const DWORD bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
+    const auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
     return RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), name, REG_SZ, value.c_str(), bytes) ==
            ERROR_SUCCESS;
 }
@@ -34,7 +34,7 @@ bool remove(const std::wstring& key) {
     return done == ERROR_SUCCESS || done == ERROR_FILE_NOT_FOUND;
 }
 
-/// Whether a server of the other bitness is registered: programs of both kinds find it by the same name.
+/// True if a server of the other bitness is registered, which uses the same program name.
 bool isRegisteredForOthers(const PublicClass& type) {
     const REGSAM otherView = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
     HKEY key = nullptr;

@@ -1,14 +1,14 @@
-// What the registry holds about the classes of this module.
+// The registry entries of this module's classes.
 #pragma once
 
 #include <ole2.h>
 
 namespace qrtVistrelClasses4 {
 
-/// Registers type library, classes and their names, for this bitness.
+/// Registers the type library, the classes and their names for programs of this bitness.
 HRESULT RegisterClasses();
 
-/// Removes what `RegisterClasses` wrote. What is missing already is no failure.
+/// Removes what `RegisterClasses` wrote. Entries that are already missing are no failure.
 HRESULT UnregisterClasses();
 
 } // namespace qrtVistrelClasses4

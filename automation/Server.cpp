@@ -1,4 +1,4 @@
-// The module's exports, and the class objects that they hand out.
+// The functions that the module exports, and the class objects that they return.
 #include "automation/ComObject.h"
 #include "automation/ErrorResults.h"
 #include "automation/PublicClasses.h"

@@ -30,7 +30,7 @@ std::string NarrowText(BSTR text) {
 
 namespace {
 
-/// The variable that `value` refers to, else `value` itself.
+/// The variable that `value` refers to, or `value` itself if it does not refer to one.
 VARIANT& variableOf(VARIANT& value) {
     return V_VT(&value) == (VT_BYREF | VT_VARIANT) ? *V_VARIANTREF(&value) : value;
 }

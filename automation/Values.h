@@ -1,4 +1,4 @@
-// Values on their way between automation and the library.
+// Conversions between values of automation and values of the library.
 #pragma once
 
 #include <ole2.h>
@@ -23,23 +23,23 @@ struct OwnedVariant : VARIANT {
     OwnedVariant& operator=(const OwnedVariant&) = delete;
 };
 
-/// The ANSI code page's characters as wide ones, and back; a character that the code page lacks becomes the
-/// nearest one or "?". Characters of code 0 are kept. A null text is an empty one.
+/// Convert between texts of the ANSI code page and wide texts. A character that the code page lacks becomes a
+/// similar one or "?". Characters with code 0 are kept. A null `text` is an empty text.
 OwnedBstr WideText(std::string_view text);
 std::string NarrowText(BSTR text);
 
-/// The text of `value`, or of the variable that it refers to; none for an omitted argument. Error 13 when it
-/// is no text.
+/// The text of `value`, or of the variable that it refers to. Empty if the argument is omitted. Throws error
+/// 13 if the value cannot be converted to a text.
 std::optional<std::string> OptionalText(const VARIANT& value);
 
-/// Puts a text into the caller's variable. One of a type that holds no text stays as it is.
+/// Stores a text in the caller's variable. A variable whose type cannot hold a text is left unchanged.
 void PutText(OwnedBstr text, VARIANT& variable);
 
 inline bool IsOmitted(const VARIANT& value) {
     return V_VT(&value) == VT_ERROR && V_ERROR(&value) == DISP_E_PARAMNOTFOUND;
 }
 
-/// An argument as the library wants it.
+/// Converts an argument to the type that the library wants.
 template <class Wanted, class Given>
 Wanted FromAutomation(const Given& given) {
     if constexpr (std::is_same_v<Wanted, std::string>)
@@ -52,7 +52,7 @@ Wanted FromAutomation(const Given& given) {
         return static_cast<Wanted>(given);
 }
 
-/// Hands a value of the library to the caller, who then owns it.
+/// Stores a value of the library in the caller's `*result`. The caller owns it from then on.
 template <class Result, class Value>
 void ToAutomation(const Value& value, Result* result) {
     if constexpr (std::is_same_v<Result, BSTR>) {

@@ -27,9 +27,9 @@ void put(fmt::memory_buffer& file, const std::array<Value, count>& values) {
         put(file, value);
 }
 
-template <class Record, class Fields>
-void putAll(fmt::memory_buffer& file, const Record& record, const Fields& fields) {
-    std::apply([&](const auto&... field) { (put(file, record.*field.member), ...); }, fields);
+template <class Record>
+void putAll(fmt::memory_buffer& file, const Record& record) {
+    ForEachFileRow(kMembersOf<Record>, [&](const auto& row) { put(file, record.*row.member); });
 }
 
 } // namespace
@@ -37,10 +37,10 @@ void putAll(fmt::memory_buffer& file, const Record& record, const Fields& fields
 void FormatPlayfile(const Frames& frames, fmt::memory_buffer& file) {
     fmt::format_to(fmt::appender(file), FMT_COMPILE(" {} \r\n"), frames.upperBound());
     for (const FrameRecord& frame : frames) {
-        putAll(file, frame, kFrameFields);
+        putAll(file, frame);
         put(file, frame.lines.upperBound());
         for (const LineRecord& line : frame.lines)
-            putAll(file, line, kLineFields);
+            putAll(file, line);
     }
 }
 

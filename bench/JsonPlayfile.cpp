@@ -7,16 +7,16 @@
 namespace qrtVistrelClasses4::bench {
 namespace {
 
-template <class Record, class Fields>
-void putAll(JsonWriter& out, const Record& record, const Fields& fields) {
+template <class Record>
+void putAll(JsonWriter& out, const Record& record) {
     int spares = 0;
-    const auto putField = [&](const auto& field) {
-        const std::string name =
-            field.name.empty() ? "Spare" + std::to_string(++spares) : std::string(field.name);
+    ForEachFileRow(kMembersOf<Record>, [&](const auto& row) {
+        std::string name(row.fileName);
+        if (row.fileName == kSpare)
+            name += std::to_string(++spares);
         PutKey(out, name);
-        PutJson(out, record.*field.member);
-    };
-    std::apply([&](const auto&... field) { (putField(field), ...); }, fields);
+        PutJson(out, record.*row.member);
+    });
 }
 
 } // namespace
@@ -27,12 +27,12 @@ std::string MakeJson(const Frames& frames) {
     out.StartArray();
     for (const FrameRecord& frame : frames) {
         out.StartObject();
-        putAll(out, frame, kFrameFields);
+        putAll(out, frame);
         out.Key("Lines");
         out.StartArray();
         for (const LineRecord& line : frame.lines) {
             out.StartObject();
-            putAll(out, line, kLineFields);
+            putAll(out, line);
             out.EndObject();
         }
         out.EndArray();

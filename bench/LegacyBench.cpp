@@ -20,7 +20,7 @@ namespace {
 constexpr double kMostOfRegex = 0.2;
 constexpr double kMostOfLimit = 7;
 
-/// Copies of a record's fields. Texts stand behind a byte with their length.
+/// Copies of a record's fields. Texts follow a byte with their length.
 struct Fields {
     std::string prefix, text, suffix, reference;
     std::array<char, 4> delay{};

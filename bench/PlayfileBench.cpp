@@ -122,7 +122,7 @@ std::string registerGrowingByOne(std::int16_t count) {
 }
 
 /// What four times the frames cost. Memory that no longer fits the processor's caches costs more, whoever
-/// uses it: the limit's own growth tells how much.
+/// uses it: the limit's own growth shows how much.
 void compareGrowth(std::vector<Ratio>& ratios) {
     const auto add = [&](const std::string& work, const std::string& small, const std::string& large) {
         ratios.push_back({work + large, work + large, work + small, Bound::aim, kMostForFourTimes});

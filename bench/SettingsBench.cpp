@@ -33,39 +33,41 @@ void toIni(bool value, CSimpleIniA& ini, const char* key) { ini.SetBoolValue(kSe
 void toIni(double value, CSimpleIniA& ini, const char* key) { ini.SetDoubleValue(kSection, key, value); }
 void toIni(std::int16_t value, CSimpleIniA& ini, const char* key) { ini.SetLongValue(kSection, key, value); }
 
-SettingsRecord loadWithSimpleIni(const std::string& path) {
+Preferences loadWithSimpleIni(const std::string& path) {
     CSimpleIniA ini;
     Require(ini.LoadFile(path.c_str()) == SI_OK, "cannot load " + path);
-    SettingsRecord settings;
-    ForEachSetting(settings, [&](const std::string& key, auto& value, std::string_view defaultText,
-                                 const auto&) { fromIni(value, ini, key.c_str(), defaultText.data()); });
+    Preferences settings;
+    ForEachPreference(
+        [&](const auto& placed, auto& value) {
+            fromIni(value, ini, placed.key().c_str(), placed.row.defaultText.data());
+        },
+        settings);
     return settings;
 }
 
 /// Sections and remarks of others are in the file, so saving starts with loading.
-void saveWithSimpleIni(const SettingsRecord& settings, const std::string& path) {
+void saveWithSimpleIni(const Preferences& settings, const std::string& path) {
     CSimpleIniA ini;
     ini.SetSpaces(false);
     Require(ini.LoadFile(path.c_str()) == SI_OK, "cannot load " + path);
-    ForEachSetting(settings, [&](const std::string& key, const auto& value, const auto&, const auto&) {
-        toIni(value, ini, key.c_str());
-    });
+    ForEachPreference([&](const auto& placed, const auto& value) { toIni(value, ini, placed.key().c_str()); },
+                      settings);
     Require(ini.SaveFile(path.c_str(), false) == SI_OK, "cannot save " + path);
 }
 
-SettingsRecord loadOwn() {
+Preferences loadOwn() {
     SettingsInfoClass settings;
     settings.GetSettingsFromDisk();
-    return settings.Settings();
+    return settings.Value();
 }
 
 /// Both contestants must read what either has written, and keep what is not theirs.
 void check(const SettingsInfoClass& settings, const std::string& own, const std::string& peer) {
     for (const std::string& path : {own, peer})
         Require(ReadWholeFile(path).text().find("[Others]") != std::string_view::npos, "a section was lost");
-    Require(loadOwn() == settings.Settings(), "the library reads other preferences than it wrote");
-    Require(loadWithSimpleIni(own) == settings.Settings(), "SimpleIni reads other preferences from " + own);
-    Require(loadWithSimpleIni(peer) == settings.Settings(), "SimpleIni reads other preferences from " + peer);
+    Require(loadOwn() == settings.Value(), "the library reads other preferences than it wrote");
+    Require(loadWithSimpleIni(own) == settings.Value(), "SimpleIni reads other preferences from " + own);
+    Require(loadWithSimpleIni(peer) == settings.Value(), "SimpleIni reads other preferences from " + peer);
 }
 
 void registerLoad(const std::string& peer) {
@@ -90,7 +92,7 @@ void registerSave(const std::string& peer) {
         }
     });
     benchmark::RegisterBenchmark("settings/save/SimpleIni", [peer](benchmark::State& state) {
-        SettingsRecord settings = SettingsInfoClass().Settings();
+        Preferences settings = SettingsInfoClass().Value();
         for (auto _ : state) {
             settings.DisplayWidth = settings.DisplayWidth == kWidths[0] ? kWidths[1] : kWidths[0];
             saveWithSimpleIni(settings, peer);
@@ -110,7 +112,7 @@ std::vector<Ratio> SettingsSubject(const BenchFolder& folder) {
     settings.DelayStep(0.25);
     settings.WizardMode(true);
     settings.SaveSettingsToDisk();
-    saveWithSimpleIni(settings.Settings(), peer);
+    saveWithSimpleIni(settings.Value(), peer);
     check(settings, own, peer);
     registerLoad(peer);
     registerSave(peer);

@@ -1,5 +1,6 @@
 // A property costs as little with the call trace as it does without.
 #include "bench/Subjects.h"
+#include "frame/CallTrace.h"
 #include "playfile/FrameInfoClass.h"
 
 namespace qrtVistrelClasses4::bench {

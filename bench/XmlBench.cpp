@@ -20,7 +20,7 @@ constexpr double kMostOfLimit = 7;
 
 struct Element {
     const char* name;
-    std::optional<std::string_view> value; ///< None when it encloses the elements behind it.
+    std::optional<std::string_view> value; ///< None if it encloses the elements after it.
 
     bool operator==(const Element& other) const {
         return std::string_view(name) == other.name && value == other.value;

@@ -2,7 +2,7 @@
 include(CMakePackageConfigHelpers)
 
 install(TARGETS qrtVistrelClasses4 EXPORT qrtVistrelClasses4Targets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-foreach(room ${QRT_INSTALLED_ROOMS})
+foreach(room IN LISTS QRT_ROOMS)
     install(DIRECTORY ${PROJECT_SOURCE_DIR}/${room}
         DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/qrtVistrelClasses4
         FILES_MATCHING PATTERN "*.h"

@@ -36,9 +36,10 @@ void synchronise(DisplayDatabaseClass& displays) {
 
 } // namespace
 
-ScopedSignListSynchronisation::ScopedSignListSynchronisation(SignListSynchronisation& synchronisation)
-    : previous_(std::exchange(installedSynchronisation, &synchronisation)) {}
-ScopedSignListSynchronisation::~ScopedSignListSynchronisation() { installedSynchronisation = previous_; }
+template <>
+SignListSynchronisation*& ScopedSignListSynchronisation::installed() {
+    return installedSynchronisation;
+}
 
 void DisplayDatabaseClass::WriteAllDisplaysToDisk(std::string& sFileName) {
     traced(

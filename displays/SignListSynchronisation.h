@@ -1,6 +1,8 @@
 // The host's own database of signs, kept equal to the list.
 #pragma once
 
+#include "platform/ScopedInstallation.h"
+
 namespace qrtVistrelClasses4 {
 
 class DisplayDatabaseClass;
@@ -15,17 +17,9 @@ public:
     virtual void synchronise(DisplayDatabaseClass& displays) = 0;
 };
 
-/// Installs a synchronisation for the whole process as long as this object lives. `synchronisation` must
-/// outlive it.
-class ScopedSignListSynchronisation {
-public:
-    explicit ScopedSignListSynchronisation(SignListSynchronisation& synchronisation);
-    ~ScopedSignListSynchronisation();
-    ScopedSignListSynchronisation(const ScopedSignListSynchronisation&) = delete;
-    ScopedSignListSynchronisation& operator=(const ScopedSignListSynchronisation&) = delete;
-
-private:
-    SignListSynchronisation* previous_;
-};
+/// Installs a synchronisation for the whole process.
+using ScopedSignListSynchronisation = ScopedInstallation<SignListSynchronisation>;
+template <>
+SignListSynchronisation*& ScopedSignListSynchronisation::installed();
 
 } // namespace qrtVistrelClasses4

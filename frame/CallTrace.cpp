@@ -1,4 +1,4 @@
-#include "frame/CallTrace.h"
+#include "frame/TraceRecords.h"
 
 #include <algorithm>
 #include <array>
@@ -11,7 +11,7 @@ namespace {
 constexpr std::array<std::string_view, 4> kKindTexts{"Sub ", "Function ", "Property (Get) ",
                                                      "Property (Let) "};
 
-/// A procedure told by its texts: one of the host, or one that ended without being left.
+/// A procedure that is known by its texts alone: one of the host, or one that failed.
 class OwnedRecord final : public TraceRecord {
 public:
     explicit OwnedRecord(TraceLine line) : line_(std::move(line)) {}
@@ -30,7 +30,8 @@ TraceLine makeLine(std::string_view module, std::string_view procedure, std::str
     return {std::string(module), std::string(procedure), std::string(arguments)};
 }
 
-/// The record that a host's leave ends; none when the host never entered, or the library is in between.
+/// The record of a procedure that the host leaves; null if the host never entered it, or if procedures of the
+/// library are above it.
 OwnedRecord* findHostRecord(std::string_view module, std::string_view procedure) {
     for (TraceRecord* record = traceState.innermost; record && record->isOwned(); record = record->outer)
         if (auto* host = static_cast<OwnedRecord*>(record); host->isOf(module, procedure))
@@ -38,11 +39,11 @@ OwnedRecord* findHostRecord(std::string_view module, std::string_view procedure)
     return nullptr;
 }
 
-/// A recorder that fails must not turn a procedure that worked into one that failed.
-template <class Tell>
-void tellQuietly(Tell tell) {
+/// For what must not make a procedure fail that would succeed without a trace.
+template <class Step>
+void ignoringErrors(Step step) noexcept {
     try {
-        tell();
+        step();
     } catch (...) { // NOLINT(bugprone-empty-catch)
     }
 }
@@ -66,12 +67,12 @@ void TraceEnter(std::string_view module, std::string_view procedure, std::string
         return;
     pushOwned(makeLine(module, procedure, arguments));
     if (traceState.recorder)
-        tellQuietly([&] { traceState.recorder->entered(traceState.innermost->atEntry()); });
+        ignoringErrors([&] { traceState.recorder->entered(traceState.innermost->atEntry()); });
 }
 
 void TraceLeave(std::string_view module, std::string_view procedure, std::string_view arguments) {
     if (traceState.on && traceState.recorder)
-        tellQuietly([&] { traceState.recorder->left(makeLine(module, procedure, arguments)); });
+        ignoringErrors([&] { traceState.recorder->left(makeLine(module, procedure, arguments)); });
     // Also while tracing is off: it may have been on at the entry.
     if (OwnedRecord* record = findHostRecord(module, procedure))
         traceState.unwindTo(record->outer);
@@ -88,22 +89,23 @@ std::vector<TraceLine> RunningProcedures() {
     return lines;
 }
 
-ScopedTraceRecorder::ScopedTraceRecorder(TraceRecorder& recorder)
-    : previous_(std::exchange(traceState.recorder, &recorder)) {}
-ScopedTraceRecorder::~ScopedTraceRecorder() { traceState.recorder = previous_; }
-
-void TraceState::tellEntered(const TraceRecord& record) {
-    tellQuietly([&] { recorder->entered(record.atEntry()); });
-}
-void TraceState::tellLeft(const TraceRecord& record) {
-    tellQuietly([&] { recorder->left(record.atExit()); });
+template <>
+TraceRecorder*& ScopedTraceRecorder::installed() {
+    return traceState.recorder;
 }
 
-void TraceState::abandon(TraceRecord& record) {
+void TraceState::recordEntry(const TraceRecord& record) {
+    ignoringErrors([&] { recorder->entered(record.atEntry()); });
+}
+void TraceState::recordExit(const TraceRecord& record) {
+    ignoringErrors([&] { recorder->left(record.atExit()); });
+}
+
+void TraceState::abandon(TraceRecord& record) noexcept {
     unwindTo(&record);
     innermost = record.outer;
-    if (innermost) // else there is no caller whose trap or exit would ever drop it
-        pushOwned(record.atEntry());
+    if (innermost) // without a caller, nobody's trap or exit would ever drop the copy
+        ignoringErrors([&] { pushOwned(record.atEntry()); });
 }
 
 void TraceState::unwindTo(TraceRecord* record) {

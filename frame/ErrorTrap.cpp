@@ -1,13 +1,15 @@
 #include "frame/ErrorTrap.h"
 
+#include "frame/TraceRecords.h"
+
 #include <new>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
-ErrorReporter* installedReporter = nullptr;
-thread_local std::uint64_t trappedErrors = 0;
+constinit ErrorReporter* installedReporter = nullptr;
+constinit thread_local std::uint64_t trappedErrors = 0;
 
 void report(const RuntimeError& error, TraceLine procedure, std::vector<TraceLine> stack) {
     ErrorReporter& reporter = installedReporter ? *installedReporter : defaultErrorReporter();
@@ -16,9 +18,10 @@ void report(const RuntimeError& error, TraceLine procedure, std::vector<TraceLin
 
 } // namespace
 
-ScopedErrorReporter::ScopedErrorReporter(ErrorReporter& reporter)
-    : previous_(std::exchange(installedReporter, &reporter)) {}
-ScopedErrorReporter::~ScopedErrorReporter() { installedReporter = previous_; }
+template <>
+ErrorReporter*& ScopedErrorReporter::installed() {
+    return installedReporter;
+}
 
 RuntimeError CurrentError() {
     try {
@@ -29,6 +32,16 @@ RuntimeError CurrentError() {
         return RuntimeError(ErrorNumber::outOfMemory);
     } catch (...) {
         return RuntimeError(ErrorNumber::internalError);
+    }
+}
+
+void RethrowAsRuntimeError() {
+    try {
+        throw;
+    } catch (const RuntimeError&) {
+        throw;
+    } catch (...) {
+        throw CurrentError();
     }
 }
 

@@ -4,6 +4,7 @@
 #include "frame/TextLines.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -11,27 +12,29 @@ namespace {
 constexpr char kQuote = '"';
 constexpr std::string_view kQuotedLineEnd = "\"\r\n";
 
-/// `text` starts behind a quote that its line does not close. The value when a later line closes it:
-/// everything up to that quote. `size` is then all that the value takes, its last line end included.
+/// A value of several lines. `size` includes its last line end.
 struct LongValue {
     std::string_view value;
     std::size_t size = 0;
 };
-LongValue findLongValue(std::string_view text, std::size_t firstLineSize) {
+/// `text` starts after a quote that its first line does not close. Returns the value that a later line
+/// closes, if one does.
+std::optional<LongValue> findLongValue(std::string_view text, std::size_t firstLineSize) {
     const std::size_t quote = text.find(kQuote, firstLineSize);
     if (quote == text.npos)
-        return {};
+        return std::nullopt;
     const bool opensLine = text[quote - 1] == '\n';
-    const TextLine behind = FirstLine(text.substr(quote));
-    if (opensLine && behind.text.size() > 1)
-        return {};
-    const std::size_t closing = quote + behind.text.rfind(kQuote);
-    return {text.substr(0, closing), quote + behind.size};
+    const TextLine rest = FirstLine(text.substr(quote));
+    if (opensLine && rest.text.size() > 1)
+        return std::nullopt;
+    const std::size_t closing = quote + rest.text.rfind(kQuote);
+    return LongValue{text.substr(0, closing), quote + rest.size};
 }
 
 } // namespace
 
 std::string_view QuotedLineReader::value() {
+    current_ = rest_.data();
     if (atEnd())
         throw RuntimeError(ErrorNumber::inputPastEnd);
     const TextLine line = FirstLine(rest_);
@@ -44,10 +47,9 @@ std::string_view QuotedLineReader::value() {
         if (closing != result.npos) {
             result = result.substr(0, closing);
         } else {
-            const LongValue longer = findLongValue(rest_.substr(start + 1), line.size - start - 1);
-            if (longer.size > 0) {
-                result = longer.value;
-                size = start + 1 + longer.size;
+            if (const auto longer = findLongValue(rest_.substr(start + 1), line.size - start - 1)) {
+                result = longer->value;
+                size = start + 1 + longer->size;
             }
         }
     }
@@ -56,6 +58,7 @@ std::string_view QuotedLineReader::value() {
 }
 
 void QuotedLineReader::get(std::string& text) {
+    current_ = rest_.data();
     if (TakeLine(rest_, "\"\"\r\n")) {
         text.clear();
         return;
@@ -65,27 +68,38 @@ void QuotedLineReader::get(std::string& text) {
 }
 
 void QuotedLineReader::get(std::int16_t& number) {
+    current_ = rest_.data();
     if (!TakeIntegerLine(rest_, "\"", kQuotedLineEnd, number))
         number = TextToInt16(value());
 }
 
 void QuotedLineReader::get(std::int32_t& number) {
+    current_ = rest_.data();
     if (!TakeIntegerLine(rest_, "\"", kQuotedLineEnd, number))
         number = TextToInt32(value());
 }
 
 void QuotedLineReader::get(double& number) {
+    current_ = rest_.data();
     std::int32_t whole = 0;
     number = TakeIntegerLine(rest_, "\"", kQuotedLineEnd, whole) ? whole : TextToDouble(value());
 }
 
 void QuotedLineReader::get(bool& flag) {
+    current_ = rest_.data();
     if (TakeLine(rest_, "\"False\"\r\n"))
         flag = false;
     else if (TakeLine(rest_, "\"True\"\r\n"))
         flag = true;
     else
         flag = TextToBoolean(value());
+}
+
+std::size_t QuotedLineReader::lineNumber() const {
+    const std::string_view before = text_.substr(0, static_cast<std::size_t>(current_ - text_.data()));
+    const auto ends = static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n'));
+    const bool isPastUnendedLine = before.size() == text_.size() && !before.empty() && before.back() != '\n';
+    return ends + (isPastUnendedLine ? 2 : 1);
 }
 
 void QuotedLineWriter::putPlainLine(std::string_view line) {

@@ -4,6 +4,7 @@
 #include "frame/BufferedText.h"
 
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -21,7 +22,7 @@ inline constexpr char kStoredQuote = '\x01';
 class QuotedLineReader {
 public:
     /// `text` must outlive the reader.
-    explicit QuotedLineReader(std::string_view text) : rest_(text) {}
+    explicit QuotedLineReader(std::string_view text) : text_(text), rest_(text), current_(text.data()) {}
 
     bool atEnd() const { return rest_.empty(); }
 
@@ -35,8 +36,14 @@ public:
     void get(double& number);
     void get(bool& flag);
 
+    /// Number (from 1) of the line in which the value asked for last begins; one more than the last line when
+    /// there was none left.
+    std::size_t lineNumber() const;
+
 private:
+    std::string_view text_;
     std::string_view rest_;
+    const char* current_; ///< Where the value asked for last begins.
 };
 
 /// Puts values on lines of their own, in quotes.

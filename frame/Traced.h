@@ -1,81 +1,113 @@
-// One line around the body of every procedure: `return traced(...)`.
+// The wrapper around the body of every procedure: `return traced(...)`.
+//
+// A wrapper copies no argument outside its trap: without memory, even the copy that the trace needs is an
+// error of the procedure.
 #pragma once
 
 #include "frame/ErrorTrap.h"
+#include "frame/TraceRecords.h"
 
+#include <optional>
 #include <type_traits>
-#include <utility>
 
 namespace qrtVistrelClasses4 {
 
-/// Runs `body` between entry and exit of `record`. An error skips the exit.
-template <class Body>
-std::invoke_result_t<Body&> onTrace(TraceRecord& record, Body& body) {
-    traceState.enter(record);
+/// Runs `body` between entry and exit of `record`. After an error there is no exit.
+template <class Record, class Body>
+std::invoke_result_t<Body&> onTrace(TraceState& trace, Record& record, Body& body) {
+    trace.enter(record);
+    record.keepArguments();
     if constexpr (std::is_void_v<std::invoke_result_t<Body&>>) {
         body();
-        traceState.leave(record);
+        trace.leave(record);
     } else {
         std::invoke_result_t<Body&> value = body();
-        traceState.leave(record);
+        trace.leave(record);
         return value;
     }
 }
 
-/// Runs `body` as the procedure `where`, between its entry and its exit on the trace. An error of the body is
-/// trapped here: it is reported, skips the exit, and the result is the procedure's failure value (false, 0,
-/// "").
+/// Runs `body` while `record`, which is not on the trace, is ready for a report.
+template <class Record, class Body>
+std::invoke_result_t<Body&> offTrace(Record& record, Body& body) {
+    record.keepArguments();
+    return body();
+}
+
+/// Runs `body` as the procedure `where`, which is on the trace meanwhile. An error of the body is trapped: it
+/// is reported, and the result is the procedure's failure value (false, 0, "").
 template <class Body, class... Ts>
 std::invoke_result_t<Body&> traced(Procedure where, Body body, Arg<Ts>... arguments) noexcept {
     using Value = std::invoke_result_t<Body&>;
-    ProcedureRecord<Ts...> record(where, std::move(arguments)...);
-    TraceRecord* const outer = traceState.innermost;
+    ProcedureRecord<Ts...> record(where, arguments...);
+    TraceState& trace = traceState;
+    TraceRecord* const outer = trace.innermost;
     try {
-        return traceState.on ? onTrace(record, body) : body();
+        return trace.on ? onTrace(trace, record, body) : offTrace(record, body);
     } catch (...) {
         TrapCurrentError(record, outer);
         return Value();
     }
 }
 
-/// As `traced`, for a procedure that has no place on the trace: only its error is reported.
+/// Like `traced`, for a procedure that is never on the trace: it only traps and reports errors.
 template <class Body, class... Ts>
 std::invoke_result_t<Body&> trapped(Procedure where, Body body, Arg<Ts>... arguments) noexcept {
     using Value = std::invoke_result_t<Body&>;
-    ProcedureRecord<Ts...> record(where, std::move(arguments)...);
+    ProcedureRecord<Ts...> record(where, arguments...);
     TraceRecord* const outer = traceState.innermost;
     try {
-        return body();
+        return offTrace(record, body);
     } catch (...) {
         TrapCurrentError(record, outer);
         return Value();
     }
 }
 
-/// As `traced`, but lets an error through to the caller. The procedure then has not been left, and the report
-/// of the caller's trap shows it as the innermost one.
+/// Like `traced`, but lets an error through to the caller, as `RuntimeError`. The report of the caller's trap
+/// shows the procedure as the innermost one.
 template <class Body, class... Ts>
 std::invoke_result_t<Body&> tracedThrowing(Procedure where, Body body, Arg<Ts>... arguments) {
-    ProcedureRecord<Ts...> record(where, std::move(arguments)...);
-    const bool entered = traceState.on;
+    ProcedureRecord<Ts...> record(where, arguments...);
+    TraceState& trace = traceState;
+    const bool entered = trace.on;
     try {
-        return entered ? onTrace(record, body) : body();
+        return entered ? onTrace(trace, record, body) : offTrace(record, body);
     } catch (...) {
         if (entered)
-            traceState.abandon(record);
-        throw CurrentError();
+            trace.abandon(record);
+        RethrowAsRuntimeError();
     }
 }
 
-/// Runs the body of an untraced accessor: errors go to the caller, as `RuntimeError` whatever they were.
+/// Runs the body of an untraced accessor: an error goes to the caller, as `RuntimeError`.
 template <class Body>
 std::invoke_result_t<Body&> untraced(Body body) {
     try {
         return body();
-    } catch (const RuntimeError&) {
-        throw;
     } catch (...) {
-        throw CurrentError();
+        RethrowAsRuntimeError();
+    }
+}
+
+/// Runs `body`, and returns its error if it fails.
+template <class Body>
+std::optional<RuntimeError> ErrorOf(Body body) {
+    try {
+        body();
+        return std::nullopt;
+    } catch (...) {
+        return CurrentError();
+    }
+}
+
+/// Runs `body`. Its error goes on to the caller as one that is logged but not shown to the operator.
+template <class Body>
+std::invoke_result_t<Body&> quietly(Body body) {
+    try {
+        return body();
+    } catch (...) {
+        throw CurrentError().quietly();
     }
 }
 

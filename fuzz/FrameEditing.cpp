@@ -1,11 +1,6 @@
 // Edits of a playfile, held against a plain list that has the rules in terms of taking out and putting in.
 #include "Fuzz.h"
-#include "frame/RuntimeError.h"
-#include "platform/Path.h"
-#include "platform/Platform.h"
-#include "platform/ReplacementFile.h"
 #include "playfile/FrameInfoClass.h"
-#include "playfile/PlayfileFormat.h"
 
 #include <algorithm>
 #include <array>
@@ -39,9 +34,9 @@ public:
         for (Value& value : values)
             draw(value);
     }
-    template <class Record, class Fields>
-    void drawAll(Record& record, const Fields& fields) {
-        std::apply([&](const auto&... field) { (draw(record.*field.member), ...); }, fields);
+    template <class Record>
+    void drawAll(Record& record) {
+        ForEachRow(kMembersOf<Record>, [&](const auto& row) { draw(record.*row.member); });
     }
 
 private:
@@ -52,12 +47,11 @@ private:
 FrameRecord filledFrame(char name, int lineCount) {
     ValueSource values(200 * (name - 'A' + 1));
     FrameRecord frame;
-    values.drawAll(frame, kFrameFields);
-    values.draw(frame.FontWidth);
+    values.drawAll(frame);
     frame.FrameName = name;
     frame.lines.resize(lineCount);
     for (LineRecord& line : frame.lines)
-        values.drawAll(line, kLineFields);
+        values.drawAll(line);
     return frame;
 }
 
@@ -110,42 +104,16 @@ FrameRecord copied(const FrameRecord& frame) {
     return copy;
 }
 
-std::string recordsPath() { return JoinPath(platform().libraryFolder(), "records.playfile"); }
-
-/// Fills the playfile by loading a file, and by the one property that files lack. The cursor is left alone.
+/// Replaces the frames. The cursors stay.
 void putRecords(FrameInfoClass& playfile, const Records& frames) {
-    ReplacementFile file(platform().files(), recordsPath());
-    QuotedLineWriter out(file);
-    WriteFrameCount(out, static_cast<std::int32_t>(frames.size()));
-    for (const FrameRecord& frame : frames)
-        WriteFrame(out, frame);
-    out.finish();
-    Check(file.commit());
-    playfile.GetPlayfileFromDisk(recordsPath());
-    const std::int16_t cursor = playfile.CurrentFrame();
-    for (std::size_t index = 0; index < frames.size(); ++index) {
-        playfile.CurrentFrame(static_cast<std::int16_t>(index + 1));
-        playfile.FontWidth(frames[index].FontWidth);
-    }
-    playfile.CurrentFrame(cursor);
+    Playfile value = playfile.Value();
+    value.frames.resize(static_cast<std::int32_t>(frames.size()));
+    std::copy(frames.begin(), frames.end(), value.frames.begin());
+    playfile.Adopt(std::move(value));
 }
 
-Records recordsOf(FrameInfoClass& playfile) {
-    playfile.WritePlayfileToDisk(recordsPath());
-    const FileBytes bytes = ValueOf(platform().files().read(recordsPath()));
-    QuotedLineReader in(bytes.text());
-    Records frames(static_cast<std::size_t>(ReadFrameCount(in)));
-    const std::int16_t cursor = playfile.CurrentFrame();
-    std::int16_t number = 0;
-    for (FrameRecord& frame : frames) {
-        ReadFrameValues(in, frame);
-        for (LineRecord& line : frame.lines)
-            ReadLineValues(in, line);
-        playfile.CurrentFrame(++number);
-        frame.FontWidth = playfile.FontWidth();
-    }
-    playfile.CurrentFrame(cursor);
-    return frames;
+Records recordsOf(const FrameInfoClass& playfile) {
+    return {playfile.Value().frames.begin(), playfile.Value().frames.end()};
 }
 
 /// The first letters of the frames' names in order, "_" for a frame without a name.

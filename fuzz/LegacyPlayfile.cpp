@@ -1,8 +1,9 @@
 // Any bytes as the known part of records of an older playfile, cut off anywhere.
 #include "Fuzz.h"
 #include "commands/LegacyVariables.h"
-#include "playfile/FrameInfoClass.h"
 #include "playfile/LegacyFormat.h"
+#include "playfile/LoadPlayfile.h"
+#include "playfile/SavePlayfile.h"
 
 #include <algorithm>
 
@@ -14,14 +15,10 @@ std::string withoutBlanksAndLineEnds(std::string text) {
     return text;
 }
 
-std::string lettersOf(FrameInfoClass& playfile, std::int16_t frame) {
+std::string lettersOf(const FrameRecord& frame) {
     std::string letters;
-    playfile.CurrentFrame(frame);
-    const std::int16_t lines = playfile.TotalLinesAllowed();
-    for (std::int16_t line = 1; line <= lines; ++line) {
-        playfile.CurrentLineNumber(line);
-        letters += playfile.CurrentLineText();
-    }
+    for (const LineRecord& line : frame.lines)
+        letters += line.CurrentLineText;
     return withoutBlanksAndLineEnds(letters);
 }
 
@@ -45,27 +42,31 @@ void RunFuzzed(FuzzedInput input) {
     file.resize(file.size() - std::min(cut, file.size()));
     host.machine.files().put(path, file);
 
-    FrameInfoClass playfile;
-    playfile.SetSuppressMessages(true);
-    playfile.TotalFramesAllowed(allowed);
+    LoadCircumstances circumstances;
+    circumstances.framesAllowed = allowed;
+    const LoadOutcome outcome = LoadPlayfile(path, circumstances);
     const bool hasMark = file.size() >= kLegacyMark.size();
-    Require(playfile.GetPlayfileFromDisk(path) == hasMark, "the mark decides");
+    Require(outcome.legacy->hasMark == hasMark && !outcome.error, "the mark decides");
     if (!hasMark)
         return;
-    const std::size_t whole = (file.size() - kLegacyMark.size()) / kLegacyRecordSize;
-    const auto total = static_cast<std::int16_t>(std::min<std::size_t>(whole, std::size_t(allowed) + 1));
-    Require(playfile.TotalFrames() == total, "every whole record is a frame");
-    for (std::int16_t number = 1; number <= total; ++number)
-        Require(lettersOf(playfile, number) == withoutBlanksAndLineEnds(ConvertLegacyVariables(
-                                                   records.at(static_cast<std::size_t>(number) - 1).text)),
+    const std::size_t size = file.size() - kLegacyMark.size();
+    const auto total =
+        static_cast<std::int32_t>(std::min<std::size_t>(size / kLegacyRecordSize, std::size_t(allowed) + 1));
+    Require(outcome.framesRead == total && outcome.playfile.frames.upperBound() == total,
+            "every whole record is a frame");
+    Require(outcome.legacy->bytesAfterRecords == size % kLegacyRecordSize, "and all bytes are counted");
+    for (std::int32_t number = 1; number <= total; ++number)
+        Require(lettersOf(outcome.playfile.frames.at(number)) ==
+                    withoutBlanksAndLineEnds(
+                        ConvertLegacyVariables(records.at(static_cast<std::size_t>(number) - 1).text)),
                 "no letter of a text is lost");
 
-    Require(playfile.WritePlayfileToDisk(newPath), "it can be saved as a playfile");
+    Require(SavePlayfile(outcome.playfile, newPath).isWritten(), "it can be saved as a playfile");
     const auto saved = host.machine.files().content(newPath);
-    FrameInfoClass again;
-    again.SetSuppressMessages(true);
-    Require(again.GetPlayfileFromDisk(newPath), "which can be loaded");
-    Require(again.WritePlayfileToDisk(newPath) && host.machine.files().content(newPath) == saved,
+    const LoadOutcome again = LoadPlayfile(newPath);
+    Require(again.isComplete, "which can be loaded");
+    Require(SavePlayfile(again.playfile, newPath).isWritten() &&
+                host.machine.files().content(newPath) == saved,
             "and comes back");
 }
 

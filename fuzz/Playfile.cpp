@@ -3,8 +3,12 @@
 #include "frame/RuntimeError.h"
 #include "playfile/Effects.h"
 #include "playfile/FrameInfoClass.h"
+#include "playfile/LoadPlayfile.h"
 #include "playfile/PlayfileFormat.h"
+#include "playfile/SavePlayfile.h"
+#include "playfile/XmlExport.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
@@ -52,49 +56,41 @@ Reading readDirectly(std::string_view text) {
     return result;
 }
 
-std::string textOf(const Records& frames) {
-    KeptBytes sink;
-    QuotedLineWriter out(sink);
-    for (const FrameRecord& frame : frames)
-        WriteFrame(out, frame);
-    out.finish();
-    return sink.text;
-}
-
 } // namespace
 
 void RunFuzzed(FuzzedInput input) {
     TestHost host;
     const std::string path = host.inLibrary("\x01.playfile");
-    const auto load = [&](FrameInfoClass& playfile, const std::string& text) {
+    const auto load = [&](const std::string& text) {
         host.machine.files().put(path, text);
-        playfile.SetSuppressMessages(true);
-        return playfile.GetPlayfileFromDisk(path);
+        return LoadPlayfile(path);
     };
-    const auto saved = [&](FrameInfoClass& playfile) {
-        Require(playfile.WritePlayfileToDisk(path), "what was loaded can be saved");
+    const auto saved = [&](const Playfile& playfile) {
+        Require(SavePlayfile(playfile, path).isWritten(), "what was loaded can be saved");
         return host.machine.files().content(path).value_or("");
     };
     const std::string text = input.rest();
     const Reading direct = readDirectly(text);
+    const LoadOutcome outcome = load(text);
+    Require(outcome.isComplete == direct.reachesTheEnd, "a load says whether it reached the end");
+    Require(outcome.error.has_value() != outcome.isComplete, "and else what is wrong");
+    const auto lines = static_cast<std::size_t>(std::ranges::count(text, '\n')) + 1;
+    Require(!outcome.error || outcome.error->line.value() <= lines + 1, "in a line of the file");
+    Require(std::ranges::equal(outcome.playfile.frames, direct.frames), "complete frames are kept alone");
+
     FrameInfoClass playfile;
-    Require(load(playfile, text) == direct.reachesTheEnd, "a load tells whether it reached the end");
+    Require(playfile.GetPlayfileFromDisk(path) == outcome.isComplete, "the class loads the same");
+    Require(playfile.Value().frames.upperBound() >= outcome.framesRead, "and the frame after it");
     if (playfile.TotalFrames() > kMostLines || direct.lines > kMostLines)
         return;
-    const auto keepsComplete = [complete = textOf(direct.frames)](std::string_view file) {
-        return file.substr(file.find('\n') + 1).starts_with(complete);
-    };
-    const std::string first = saved(playfile);
-    Require(keepsComplete(first), "complete frames are kept");
-    FrameInfoClass again;
-    Require(load(again, first), "what was saved can be loaded");
-    const std::string second = saved(again);
-    Require(keepsComplete(second), "and holds them");
+    const std::string first = saved(playfile.Value());
+    const LoadOutcome again = load(first);
+    Require(again.isComplete, "what was saved can be loaded");
+    const std::string second = saved(again.playfile);
     // Half a frame is not corrected yet.
     Require(second == first || !direct.reachesTheEnd, "what was saved comes back");
-    FrameInfoClass third;
-    Require(load(third, second) && saved(third) == second, "as often as it is saved");
-    Require(third.WriteXMLToDisk(path), "and can be exported");
+    Require(saved(load(second).playfile) == second, "as often as it is saved");
+    Require(!ExportXml(again.playfile, path), "and can be exported");
 }
 
 } // namespace qrtVistrelClasses4

@@ -1,12 +1,10 @@
 #include "platform/Platform.h"
 
-#include <utility>
-
 namespace qrtVistrelClasses4 {
 namespace {
 
-Platform* installedPlatform = nullptr;
-MessageBoxes* installedBoxes = nullptr;
+constinit Platform* installedPlatform = nullptr;
+constinit MessageBoxes* installedBoxes = nullptr;
 
 } // namespace
 
@@ -28,15 +26,17 @@ Platform& platform() {
     return *machine;
 }
 
-ScopedPlatform::ScopedPlatform(Platform& replacement)
-    : previous_(std::exchange(installedPlatform, &replacement)) {}
-ScopedPlatform::~ScopedPlatform() { installedPlatform = previous_; }
+template <>
+Platform*& ScopedPlatform::installed() {
+    return installedPlatform;
+}
 
 MessageBoxes& messageBoxes() { return installedBoxes ? *installedBoxes : platform().messageBoxes(); }
 MessageAnswer showMessage(const Message& message) { return messageBoxes().show(message); }
 
-ScopedMessageBoxes::ScopedMessageBoxes(MessageBoxes& replacement)
-    : previous_(std::exchange(installedBoxes, &replacement)) {}
-ScopedMessageBoxes::~ScopedMessageBoxes() { installedBoxes = previous_; }
+template <>
+MessageBoxes*& ScopedMessageBoxes::installed() {
+    return installedBoxes;
+}
 
 } // namespace qrtVistrelClasses4

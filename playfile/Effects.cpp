@@ -8,7 +8,7 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// Effects that no list offers: they only come with a playfile.
+/// An effect that no list offers. Only playfiles bring it.
 struct UnlistedEffect {
     std::int16_t code;
     std::string_view name;
@@ -27,8 +27,8 @@ struct Keyword {
     std::string_view text;
     std::int16_t code;
 };
-/// Both sides of the older format share these. Revealing has the prefix number on both, unlike the effect
-/// names.
+/// Both sides of the older format share these. Unlike the names, the keyword for revealing has the prefix
+/// number on both sides.
 constexpr std::array kKeywords{
     Keyword{"LR", 5001},  Keyword{"RL", 5000}, Keyword{"TB", 5003},  Keyword{"BT", 5002},
     Keyword{"TW", 12005}, Keyword{"RM", 5},    Keyword{"FD", 11006}, Keyword{"LD", 10000},
@@ -36,19 +36,19 @@ constexpr std::array kKeywords{
 };
 
 template <class Unlisted>
-std::string_view nameOf(std::int16_t code, std::int16_t FixedEffect::*fixedCode,
-                        std::string_view FixedEffect::*fixedName,
-                        std::string_view OptionalEffect::*optionalName, const Unlisted& unlisted) {
+std::optional<std::string> nameOf(std::int16_t code, std::int16_t FixedEffect::*fixedCode,
+                                  std::string_view FixedEffect::*fixedName,
+                                  std::string_view OptionalEffect::*optionalName, const Unlisted& unlisted) {
     for (const FixedEffect& effect : kFixedEffects)
         if (effect.*fixedCode == code)
-            return effect.*fixedName;
+            return std::string(effect.*fixedName);
     for (const OptionalEffect& effect : kOptionalEffects)
         if (effect.code == code)
-            return effect.*optionalName;
+            return std::string(effect.*optionalName);
     for (const UnlistedEffect& effect : unlisted)
         if (effect.code == code)
-            return effect.name;
-    return {};
+            return std::string(effect.name);
+    return std::nullopt;
 }
 
 template <class Unlisted>
@@ -75,8 +75,8 @@ std::optional<std::int16_t> codeOfSharedKeyword(std::string_view keyword) {
 
 std::string loopName(double rounds) { return "Start Loop [" + NumberToText(rounds) + "] times"; }
 
-/// What stands between the first brackets of `text`, the closing one included; nothing when they stand the
-/// wrong way round. A missing bracket counts as standing before the text.
+/// The text between the first brackets, with the closing one; empty if the closing one comes first. A missing
+/// bracket counts as one before the text.
 std::string_view bracketedText(std::string_view text) {
     const std::size_t opening = text.find('[') + 1; // both count from 1
     const std::size_t closing = text.find(']') + 1;
@@ -85,40 +85,46 @@ std::string_view bracketedText(std::string_view text) {
 
 } // namespace
 
-std::string PrefixName(std::int16_t code) {
+std::atomic<bool> NewEffectsLoaded = false;
+
+std::optional<std::string> PrefixName(std::int16_t code) {
     if (code > kLoopBase && code < kLoopLimit)
         return loopName(code - kLoopBase);
-    return std::string(nameOf(code, &FixedEffect::prefixCode, &FixedEffect::prefixName,
-                              &OptionalEffect::prefixName, kUnlistedPrefixes));
+    return nameOf(code, &FixedEffect::prefixCode, &FixedEffect::prefixName, &OptionalEffect::prefixName,
+                  kUnlistedPrefixes);
 }
 
-std::string SuffixName(std::int16_t code) {
-    return std::string(nameOf(code, &FixedEffect::suffixCode, &FixedEffect::suffixName,
-                              &OptionalEffect::suffixName, kUnlistedSuffixes));
+std::optional<std::string> SuffixName(std::int16_t code) {
+    return nameOf(code, &FixedEffect::suffixCode, &FixedEffect::suffixName, &OptionalEffect::suffixName,
+                  kUnlistedSuffixes);
 }
 
-std::int16_t PrefixCodeOf(std::string_view text) {
+std::optional<std::int16_t> PrefixCodeOf(std::string_view text) {
     if (const auto code = codeOf(text, &FixedEffect::prefixCode, &FixedEffect::prefixName, kUnlistedPrefixes))
-        return *code;
+        return code;
     const double rounds = LeadingNumber(bracketedText(text));
+    if (rounds <= 0)
+        return std::nullopt;
     // The whole name is converted, not the count in it, and never is a number: loops are chosen by a list's
     // item data.
-    return rounds > 0 ? TextToInt16(loopName(rounds)) : std::int16_t{0};
+    return TextToInt16(loopName(rounds));
 }
 
-std::int16_t SuffixCodeOf(std::string_view text) {
-    return codeOf(text, &FixedEffect::suffixCode, &FixedEffect::suffixName, kUnlistedSuffixes).value_or(0);
+std::optional<std::int16_t> SuffixCodeOf(std::string_view text) {
+    return codeOf(text, &FixedEffect::suffixCode, &FixedEffect::suffixName, kUnlistedSuffixes);
 }
 
-std::int16_t PrefixCodeOfKeyword(std::string_view keyword) {
+std::optional<std::int16_t> PrefixCodeOfKeyword(std::string_view keyword) {
     if (const auto code = codeOfSharedKeyword(keyword))
-        return *code;
+        return code;
     const double rounds = ParseNumber(keyword).value_or(0);
-    return rounds > 0 ? RoundToInt16(kLoopBase + rounds) : std::int16_t{0};
+    if (rounds <= 0)
+        return std::nullopt;
+    return RoundToInt16(kLoopBase + rounds);
 }
 
-std::int16_t SuffixCodeOfKeyword(std::string_view keyword) {
-    return keyword == "LP" ? kEndLoop : codeOfSharedKeyword(keyword).value_or(0);
+std::optional<std::int16_t> SuffixCodeOfKeyword(std::string_view keyword) {
+    return keyword == "LP" ? kEndLoop : codeOfSharedKeyword(keyword);
 }
 
 } // namespace qrtVistrelClasses4

@@ -1,26 +1,28 @@
-// The effects that bring a frame onto the sign (prefix) and take it off again (suffix): codes, names,
+// The effects by which a frame appears on the sign (prefix) and disappears again (suffix): codes, names and
 // keywords.
 #pragma once
 
 #include <array>
+#include <atomic>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
 namespace qrtVistrelClasses4 {
 
-/// Held by both codes of a frame together or by none.
+/// Either both codes of a frame are this one, or none is.
 inline constexpr std::int16_t kPhotoRealistic = 9999;
-/// The "Start Loop" entry of effect lists; this number plus a count of 1 to 99 starts a loop of so many
+/// The "Start Loop" entry of effect lists. This number plus a count of 1 to 99 starts a loop of that many
 /// rounds.
 inline constexpr std::int16_t kLoopBase = 20000;
 inline constexpr std::int16_t kLoopLimit = 20100;
 inline constexpr std::int16_t kEndLoop = 20001;
-/// The wipe effect, and the number that old files have for it.
+/// The wipe effect, and its number in old files.
 inline constexpr std::int16_t kWipe = 2000;
 inline constexpr std::int16_t kOldWipe = 2001;
 
-/// What effect lists show for the two ends of a loop.
+/// What effect lists show for the start and the end of a loop.
 inline constexpr std::string_view kStartLoopText = "Start Loop";
 inline constexpr std::string_view kEndLoopText = "End Loop";
 
@@ -32,7 +34,7 @@ struct FixedEffect {
     std::string_view suffixName;
 };
 
-/// In the order of the lists. Revealing has a number of its own on each side.
+/// In the order of the lists. Revealing has a different number on each side.
 inline constexpr std::array kFixedEffects{
     FixedEffect{0, "No Effects", 0, "No Effects"},
     FixedEffect{5001, "Scroll Left to Right", 5001, "Scroll Left to Right"},
@@ -47,7 +49,7 @@ inline constexpr std::array kFixedEffects{
     FixedEffect{1000, "Jump On", 1000, "Jump Off"},
 };
 
-/// An effect that a list offers only where "NewEffects.ini" does not switch it off.
+/// An effect that a list offers unless "NewEffects.ini" switches it off.
 struct OptionalEffect {
     std::string_view iniKey;
     std::int16_t code;
@@ -59,8 +61,8 @@ struct OptionalEffect {
     std::string_view suffixListText; ///< Empty: not offered.
 };
 
-/// In the order of the lists. Screens and files rely on every odd text here: the suffix name of 114 lacks its
-/// "Off", the border's list text its "On", and the border is not offered as a suffix.
+/// In the order of the lists. Screens and files rely on what is odd here: the suffix name of 114 lacks "Off",
+/// the border's list text lacks "On", and the border is not offered as a suffix.
 inline constexpr std::array kOptionalEffects{
     OptionalEffect{"CHECKER", 114, "Checker Board", "Checker Board On", "Checker Board", "Checker Board On",
                    "Checker Board Off"},
@@ -90,22 +92,22 @@ inline constexpr std::array kOptionalEffects{
                    "Barrel Horizontal On", "Barrel Horizontal Off"},
 };
 
-/// Whether effect lists offer the optional effects. Set for the process by the first load that finds
-/// "NewEffects.ini", and never cleared.
-extern bool NewEffectsLoaded;
+/// Whether effect lists offer the optional effects. The first load in the process that finds "NewEffects.ini"
+/// sets it, and nothing clears it. Threads may read and set it at the same time.
+extern std::atomic<bool> NewEffectsLoaded;
 
-/// The name of an effect code; "" for a code without one.
-std::string PrefixName(std::int16_t code);
-std::string SuffixName(std::int16_t code);
+/// The name of an effect code, if it has one.
+std::optional<std::string> PrefixName(std::int16_t code);
+std::optional<std::string> SuffixName(std::int16_t code);
 
-/// The code of an effect text, 0 for any text that is none. The text of a loop's start is error 13, as files
-/// and screens have learnt to live with.
-std::int16_t PrefixCodeOf(std::string_view text);
-std::int16_t SuffixCodeOf(std::string_view text);
+/// The code of an effect's name, if the text is one. The name of a loop's start is error 13, which files and
+/// screens rely on.
+std::optional<std::int16_t> PrefixCodeOf(std::string_view text);
+std::optional<std::int16_t> SuffixCodeOf(std::string_view text);
 
-/// The code of a keyword of the older playfile format: two capital letters, or as a prefix a loop count,
-/// which is error 6 when the code would not fit. 0 for any other keyword.
-std::int16_t PrefixCodeOfKeyword(std::string_view keyword);
-std::int16_t SuffixCodeOfKeyword(std::string_view keyword);
+/// The code of a keyword of the older playfile format, if it is one: two capital letters, or as a prefix a
+/// loop count. A count whose code would not fit is error 6.
+std::optional<std::int16_t> PrefixCodeOfKeyword(std::string_view keyword);
+std::optional<std::int16_t> SuffixCodeOfKeyword(std::string_view keyword);
 
 } // namespace qrtVistrelClasses4

@@ -1,4 +1,5 @@
-// Frames move: inserted, deleted, put in another place.
+// Inserting, deleting and moving frames.
+#include "frame/Conversions.h"
 #include "frame/Traced.h"
 #include "playfile/FrameInfoClass.h"
 #include "playfile/FrameProcedures.h"
@@ -30,18 +31,18 @@ void FrameInfoClass::InsertFrame() {
 }
 
 void FrameInfoClass::insertFrame(bool& bLast) {
-    const std::int16_t upperBound = NarrowToInt16(frames_.upperBound() + 1);
-    frames_.resize(upperBound);
+    const std::int16_t upperBound = NarrowToInt16(playfile_.frames.upperBound() + 1);
+    playfile_.frames.resize(upperBound);
     if (bLast) {
         currentFrameNumber_ = NarrowToInt16(currentFrameNumber_ + 1);
     } else if (currentFrameNumber_ < 1) {
         // Frames move up one by one; there is none to move into frame 1, which keeps what it holds.
-        FrameRecord first = frames_.at(1);
-        frames_.moveUp(1);
-        frames_.at(1) = std::move(first);
+        FrameRecord first = playfile_.frames.at(1);
+        playfile_.frames.moveUp(1);
+        playfile_.frames.at(1) = std::move(first);
         throw RuntimeError(ErrorNumber::subscriptOutOfRange);
     } else if (currentFrameNumber_ <= upperBound) {
-        makeRoom(frames_, currentFrameNumber_);
+        makeRoom(playfile_.frames, currentFrameNumber_);
     }
     if (currentFrameNumber_ == upperBound - 1)
         bLast = true;
@@ -50,22 +51,22 @@ void FrameInfoClass::insertFrame(bool& bLast) {
 }
 
 void FrameInfoClass::insertFrames(std::int32_t count) {
-    const auto left = [&] { return std::min(count, totalFramesAllowed_ - frames_.upperBound()); };
+    const auto left = [&] { return std::min(count, totalFramesAllowed_ - playfile_.frames.upperBound()); };
     for (bool isPlaced = false; left() > 0 && !isPlaced; --count) {
         const std::uint64_t errorsBefore = TrappedErrors();
         InsertFrame();
         isPlaced = TrappedErrors() == errorsBefore;
     }
     if (left() > 0)
-        frames_.repeat(currentFrameNumber_, left());
+        playfile_.frames.repeat(currentFrameNumber_, left());
 }
 
 void FrameInfoClass::DeleteCurrentFrame() {
     traced(FrameSub("DeleteCurrentFrame"), [&] {
-        frames_.erase(currentFrameNumber_);
+        playfile_.frames.erase(currentFrameNumber_);
         checkLinesFrom(currentFrameNumber_);
-        if (frames_.empty()) {
-            frames_.resize(1);
+        if (playfile_.frames.empty()) {
+            playfile_.frames.resize(1);
             InitFrame(1);
         }
         if (currentFrameNumber_ != 1)
@@ -79,7 +80,7 @@ void FrameInfoClass::MoveFrame(std::int16_t From, std::int16_t WhereTo) {
         [&] {
             if (From == WhereTo)
                 return;
-            frames_.move(From, WhereTo);
+            playfile_.frames.move(From, WhereTo);
             checkLinesFrom(std::min(From, WhereTo));
         },
         Arg{"From", From}, Arg{"WhereTo", WhereTo});

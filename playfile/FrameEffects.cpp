@@ -1,4 +1,4 @@
-// Effects as `FrameInfoClass` offers them: names and codes, and the effect lists of the host's screens.
+// Effects in `FrameInfoClass`: names and codes, and the effect lists of the host's screens.
 #include "frame/Traced.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
@@ -11,16 +11,14 @@
 
 namespace qrtVistrelClasses4 {
 
-bool NewEffectsLoaded = false;
-
 namespace {
 
 std::string newEffectsPath() {
     return platform().files().existingName(JoinPath(GetAppFolder(), "NewEffects.ini"));
 }
 
-/// Which optional effects the file offers now. One that it does not name is offered; only "TRUE", in
-/// capitals, is on.
+/// The switches of the optional effects in the file. An effect that it does not name is on; otherwise only
+/// "TRUE", in capitals, is.
 class OptionalEffectSwitches {
 public:
     OptionalEffectSwitches() { ini_.Register("Effects", newEffectsPath()); }
@@ -59,25 +57,27 @@ void removeLastItem(ListControl* list) {
 
 } // namespace
 
-std::string FrameInfoClass::ConvertPrefixCodeToString(std::int16_t code) {
+std::string FrameInfoClass::ConvertPrefixCodeToString(std::int16_t code) const {
     return traced(
-        FrameFunction("ConvertPrefixCodeToString"), [&] { return PrefixName(code); }, Arg{"code", code});
+        FrameFunction("ConvertPrefixCodeToString"), [&] { return PrefixName(code).value_or(""); },
+        Arg{"code", code});
 }
 
-std::string FrameInfoClass::ConvertSuffixCodeToString(std::int16_t code) {
+std::string FrameInfoClass::ConvertSuffixCodeToString(std::int16_t code) const {
     return traced(
-        FrameFunction("ConvertSuffixCodeToString"), [&] { return SuffixName(code); }, Arg{"code", code});
+        FrameFunction("ConvertSuffixCodeToString"), [&] { return SuffixName(code).value_or(""); },
+        Arg{"code", code});
 }
 
-std::int16_t FrameInfoClass::ConvertPrefixStringToCode(const std::string& CodeString) {
+std::int16_t FrameInfoClass::ConvertPrefixStringToCode(const std::string& CodeString) const {
     return traced(
-        FrameFunction("ConvertPrefixStringToCode"), [&] { return PrefixCodeOf(CodeString); },
+        FrameFunction("ConvertPrefixStringToCode"), [&] { return PrefixCodeOf(CodeString).value_or(0); },
         Arg{"CodeString", CodeString});
 }
 
-std::int16_t FrameInfoClass::ConvertSuffixStringToCode(const std::string& CodeString) {
+std::int16_t FrameInfoClass::ConvertSuffixStringToCode(const std::string& CodeString) const {
     return traced(
-        FrameFunction("ConvertSuffixStringToCode"), [&] { return SuffixCodeOf(CodeString); },
+        FrameFunction("ConvertSuffixStringToCode"), [&] { return SuffixCodeOf(CodeString).value_or(0); },
         Arg{"CodeString", CodeString});
 }
 
@@ -100,9 +100,9 @@ bool FrameInfoClass::LoadNewEffectLists(ListControl* prefixList1, ListControl* s
     return traced(
         FrameFunction("LoadNewEffectLists"),
         [&] {
-            if (NewEffectsLoaded || platform().files().kindOf(newEffectsPath()) != EntryKind::file)
+            if (NewEffectsLoaded || platform().files().kindOf(newEffectsPath()) != EntryKind::file ||
+                NewEffectsLoaded.exchange(true))
                 return false;
-            NewEffectsLoaded = true;
             FillEffectList(prefixList1, suffixList1);
             FillEffectList(prefixList2, suffixList2);
             removeLastItem(prefixList2);

@@ -1,21 +1,23 @@
 // One playfile: its frames and lines, read and written through cursors.
 #pragma once
 
-#include "frame/CallTrace.h"
 #include "playfile/FrameRecord.h"
 #include "playfile/FrameTypes.h"
+#include "playfile/Playfile.h"
 
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace qrtVistrelClasses4 {
 
 class ListControl;
+struct LoadOutcome;
 
-/// The frames of one playfile and the two cursors that its properties address. Frame and line numbers start
-/// at 1. Texts are 8-bit characters of the ANSI code page, passed through unchanged. One thread at a time.
+/// A playfile, and the two cursors that its properties address. Frame and line numbers start at 1. Texts are
+/// 8-bit characters of the ANSI code page, passed through unchanged. One thread at a time.
 ///
 /// Traced members trap their errors: the error is reported, and the result is 0, "" or false. Members marked
 /// "untraced" throw `RuntimeError` to their caller instead. Either way a property that fails leaves the
@@ -30,39 +32,48 @@ public:
 
     static constexpr std::string_view ClassName() { return "FrameInfoClass"; }
 
+    /// The playfile itself. Any member that is not `const` may change it, as may a host while an error or a
+    /// question is put before the operator.
+    const Playfile& Value() const { return playfile_; }
+    /// Takes `playfile` in the place of the one that was there. The cursors stay.
+    void Adopt(Playfile playfile);
+
     // The playfile.
 
     /// Always 0: playfiles draw no identity number.
     std::int32_t ClassDebugID() const { return 0; }
     /// Number of the frame that frame and line properties address. Any value is kept; it is checked when
     /// used.
-    std::int16_t CurrentFrame();
-    void CurrentFrame(std::int16_t vData);
+    std::int16_t CurrentFrame() const { return readOwn("CurrentFrame", currentFrameNumber_); }
+    void CurrentFrame(std::int16_t vData) { writeOwn("CurrentFrame", currentFrameNumber_, vData); }
     /// Number of the line, within the current frame, that line properties address. Checked when used.
-    std::int16_t CurrentLineNumber();
-    void CurrentLineNumber(std::int16_t vData);
+    std::int16_t CurrentLineNumber() const { return readOwn("CurrentLineNumber", currentLineNumber_); }
+    void CurrentLineNumber(std::int16_t vData) { writeOwn("CurrentLineNumber", currentLineNumber_, vData); }
     /// Size of the sign in pixels.
-    std::int16_t DisplayWidth();
-    void DisplayWidth(std::int16_t vData);
-    std::int16_t DisplayHeight();
-    void DisplayHeight(std::int16_t vData);
+    std::int16_t DisplayWidth() const { return readOwn("DisplayWidth", displayWidth_); }
+    void DisplayWidth(std::int16_t vData) { writeOwn("DisplayWidth", displayWidth_, vData); }
+    std::int16_t DisplayHeight() const { return readOwn("DisplayHeight", displayHeight_); }
+    void DisplayHeight(std::int16_t vData) { writeOwn("DisplayHeight", displayHeight_, vData); }
     /// Path of the playfile.
-    std::string CurrentFileName();
-    void CurrentFileName(const std::string& vData);
-    /// The most frames that the playfile may have. Only pasting looks at it.
-    std::int16_t TotalFramesAllowed();
-    void TotalFramesAllowed(std::int16_t vData);
-    /// Whether there are unsaved changes; kept by the application. Untraced.
-    bool PlayFileHasChanged();
-    void PlayFileHasChanged(bool vData);
+    std::string CurrentFileName() const { return readOwn("CurrentFileName", playfile_.fileName); }
+    void CurrentFileName(const std::string& vData) { writeOwn("CurrentFileName", playfile_.fileName, vData); }
+    /// The most frames that the playfile may have. Only `PasteInfo` and the import of an older playfile keep
+    /// to it.
+    std::int16_t TotalFramesAllowed() const { return readOwn("TotalFramesAllowed", totalFramesAllowed_); }
+    void TotalFramesAllowed(std::int16_t vData) {
+        writeOwn("TotalFramesAllowed", totalFramesAllowed_, vData);
+    }
+    /// Whether there are unsaved changes. The application sets it; nothing here does. Untraced.
+    bool PlayFileHasChanged() const { return playFileHasChanged_; }
+    void PlayFileHasChanged(bool vData) { playFileHasChanged_ = vData; }
     /// Whether the playfile came from the older format. Untraced.
-    bool IsLegacy() const { return isLegacy_; }
+    bool IsLegacy() const { return playfile_.isLegacy; }
     /// With true, questions are not asked. Failures are shown all the same. Untraced.
-    void SetSuppressMessages(bool bNewValue);
+    void SetSuppressMessages(bool bNewValue) { suppressMessages_ = bNewValue; }
 
-    /// Number of the last frame. Setting it keeps the frames up to the new number, gives each new frame one
-    /// empty line, and is error 9 when negative.
-    std::int16_t TotalFrames();
+    /// Number of the last frame. Setting it keeps the frames up to the new number and gives each new frame
+    /// one empty line. A negative number is error 9.
+    std::int16_t TotalFrames() const;
     void TotalFrames(std::int16_t vData);
     /// Gives every frame that has no lines one empty line.
     void MakeLineVarsValid();
@@ -72,210 +83,241 @@ public:
 
     // The frame under `CurrentFrame`. Outside the frames: error 9.
 
-    std::string FrameName();
-    void FrameName(const std::string& vData);
+    std::string FrameName() const { return read<&FrameRecord::FrameName>(); }
+    void FrameName(const std::string& vData) { write<&FrameRecord::FrameName>(vData); }
     /// A number of `NEW_FRAME_TYPES` under this type's name; see `FrameTypes.h`. Beyond 16 bits: error 6.
-    FRAME_TYPES FrameType();
-    void FrameType(FRAME_TYPES vData);
+    FRAME_TYPES FrameType() const { return read<&FrameRecord::FrameType>(); }
+    void FrameType(FRAME_TYPES vData) { write<&FrameRecord::FrameType>(vData); }
     /// Appear effect. 9999 is only ever held together with the disappear effect 9999.
-    std::int16_t PrefixCode();
-    void PrefixCode(std::int16_t vData);
-    /// Disappear effect, coupled the same way.
-    std::int16_t SuffixCode();
-    void SuffixCode(std::int16_t vData);
+    std::int16_t PrefixCode() const { return read<&FrameRecord::PrefixCode>(); }
+    void PrefixCode(std::int16_t vData) { write<&FrameRecord::PrefixCode>(vData); }
+    /// Disappear effect, coupled in the same way.
+    std::int16_t SuffixCode() const { return read<&FrameRecord::SuffixCode>(); }
+    void SuffixCode(std::int16_t vData) { write<&FrameRecord::SuffixCode>(vData); }
     /// Seconds that the frame stays on the sign. Infinity, or no number at all, is error 6.
-    double DelayTime();
-    void DelayTime(double vData);
-    std::string PicturefileName();
-    void PicturefileName(const std::string& vData);
-    std::string commandfile();
-    void commandfile(const std::string& vData);
-    std::int16_t PictureFileType();
-    void PictureFileType(std::int16_t vData);
-    std::int16_t PictureFileDisplay();
-    void PictureFileDisplay(std::int16_t vData);
-    std::int16_t FontWidth();
-    void FontWidth(std::int16_t vData);
-    std::int16_t FontHeight();
-    void FontHeight(std::int16_t vData);
-    std::int16_t TotalDisplayFramesUsedForThisFrame();
-    void TotalDisplayFramesUsedForThisFrame(std::int16_t vData);
+    double DelayTime() const { return read<&FrameRecord::DelayTime>(); }
+    void DelayTime(double vData) { write<&FrameRecord::DelayTime>(vData); }
+    std::string PicturefileName() const { return read<&FrameRecord::PicturefileName>(); }
+    void PicturefileName(const std::string& vData) { write<&FrameRecord::PicturefileName>(vData); }
+    std::string commandfile() const { return read<&FrameRecord::commandfile>(); }
+    void commandfile(const std::string& vData) { write<&FrameRecord::commandfile>(vData); }
+    std::int16_t PictureFileType() const { return read<&FrameRecord::PictureFileType>(); }
+    void PictureFileType(std::int16_t vData) { write<&FrameRecord::PictureFileType>(vData); }
+    std::int16_t PictureFileDisplay() const { return read<&FrameRecord::PictureFileDisplay>(); }
+    void PictureFileDisplay(std::int16_t vData) { write<&FrameRecord::PictureFileDisplay>(vData); }
+    std::int16_t FontWidth() const { return read<&FrameRecord::FontWidth>(); }
+    void FontWidth(std::int16_t vData) { write<&FrameRecord::FontWidth>(vData); }
+    std::int16_t FontHeight() const { return read<&FrameRecord::FontHeight>(); }
+    void FontHeight(std::int16_t vData) { write<&FrameRecord::FontHeight>(vData); }
+    std::int16_t TotalDisplayFramesUsedForThisFrame() const {
+        return read<&FrameRecord::TotalDisplayFramesUsedForThisFrame>();
+    }
+    void TotalDisplayFramesUsedForThisFrame(std::int16_t vData) {
+        write<&FrameRecord::TotalDisplayFramesUsedForThisFrame>(vData);
+    }
     /// Number of the frame's last line. Setting it keeps the lines up to the new number; negative is error 9.
-    std::int16_t TotalLinesAllowed();
+    std::int16_t TotalLinesAllowed() const;
     void TotalLinesAllowed(std::int16_t vData);
 
     // Untraced.
-    std::int16_t RowHeightForGrid();
-    void RowHeightForGrid(std::int16_t vData);
+    std::int16_t RowHeightForGrid() const { return read<&FrameRecord::RowHeightForGrid>(); }
+    void RowHeightForGrid(std::int16_t vData) { write<&FrameRecord::RowHeightForGrid>(vData); }
     /// Reads the stored number: 1 for true.
-    std::int16_t SendCommandFileAsIs();
-    void SendCommandFileAsIs(bool vData);
+    std::int16_t SendCommandFileAsIs() const { return read<&FrameRecord::SendCommandFileAsIs>(); }
+    void SendCommandFileAsIs(bool vData) { write<&FrameRecord::SendCommandFileAsIs>(vData); }
     /// Stores 1 for true; any stored number but 0 reads as true.
-    bool OverlayFrame();
-    void OverlayFrame(bool vData);
-    std::int16_t AVIFrames();
-    void AVIFrames(std::int16_t vData);
+    bool OverlayFrame() const { return read<&FrameRecord::OverlayFrame>(); }
+    void OverlayFrame(bool vData) { write<&FrameRecord::OverlayFrame>(vData); }
+    std::int16_t AVIFrames() const { return read<&FrameRecord::AVIFrames>(); }
+    void AVIFrames(std::int16_t vData) { write<&FrameRecord::AVIFrames>(vData); }
     /// Stores 1 for true; only a stored 1 reads as true.
-    bool FastScroll();
-    void FastScroll(bool vData);
-    std::string AudioFile();
-    void AudioFile(const std::string& vData);
-    std::int32_t WinBackColor();
-    void WinBackColor(std::int32_t vData);
+    bool FastScroll() const { return read<&FrameRecord::FastScroll>(); }
+    void FastScroll(bool vData) { write<&FrameRecord::FastScroll>(vData); }
+    std::string AudioFile() const { return read<&FrameRecord::AudioFile>(); }
+    void AudioFile(const std::string& vData) { write<&FrameRecord::AudioFile>(vData); }
+    std::int32_t WinBackColor() const { return read<&FrameRecord::WinBackColor>(); }
+    void WinBackColor(std::int32_t vData) { write<&FrameRecord::WinBackColor>(vData); }
     /// Reading a stored number beyond 16 bits is error 6.
-    std::int16_t FixedNumberOfLines();
-    void FixedNumberOfLines(std::int32_t vData);
+    std::int16_t FixedNumberOfLines() const { return read<&FrameRecord::FixedNumberOfLines>(); }
+    void FixedNumberOfLines(std::int32_t vData) { write<&FrameRecord::FixedNumberOfLines>(vData); }
 
     // The line under `CurrentLineNumber`. A frame without lines reads 0, "" or false and stores nothing; else
     // outside the lines: error 9.
 
-    /// Outside frames or lines it reads "", and behind the last line it stores nothing, without an error.
-    std::string CurrentLineText();
-    void CurrentLineText(const std::string& vData);
-    bool Scrolling();
-    void Scrolling(bool vData);
+    /// Outside frames or lines it reads "", and after the last line it stores nothing, without an error.
+    std::string CurrentLineText() const { return read<&LineRecord::CurrentLineText>(); }
+    void CurrentLineText(const std::string& vData) { write<&LineRecord::CurrentLineText>(vData); }
+    bool Scrolling() const { return read<&LineRecord::Scrolling>(); }
+    void Scrolling(bool vData) { write<&LineRecord::Scrolling>(vData); }
     /// Font number, under either name.
-    std::int16_t LineFontSize();
-    void LineFontSize(std::int16_t vData);
-    std::int16_t CurrentLineFont();
-    void CurrentLineFont(std::int16_t vData);
+    std::int16_t LineFontSize() const { return read<&LineRecord::LineFontSize>(); }
+    void LineFontSize(std::int16_t vData) { write<&LineRecord::LineFontSize>(vData); }
+    std::int16_t CurrentLineFont() const { return readRow(kCurrentLineFont); }
+    void CurrentLineFont(std::int16_t vData) { writeRow(kCurrentLineFont, vData); }
     // Untraced.
-    bool Blinking();
-    void Blinking(bool vData);
-    bool Inverse();
-    void Inverse(bool vData);
-    bool Merge();
-    void Merge(bool vData);
+    bool Blinking() const { return read<&LineRecord::Blinking>(); }
+    void Blinking(bool vData) { write<&LineRecord::Blinking>(vData); }
+    bool Inverse() const { return read<&LineRecord::Inverse>(); }
+    void Inverse(bool vData) { write<&LineRecord::Inverse>(vData); }
+    bool Merge() const { return read<&LineRecord::Merge>(); }
+    void Merge(bool vData) { write<&LineRecord::Merge>(vData); }
     /// File name of a custom font; empty for none.
-    std::string LineCustomFont();
-    void LineCustomFont(const std::string& vData);
+    std::string LineCustomFont() const { return read<&LineRecord::LineCustomFont>(); }
+    void LineCustomFont(const std::string& vData) { write<&LineRecord::LineCustomFont>(vData); }
 
     // Frames in other places. Nothing here looks at `PlayFileHasChanged`.
 
-    /// Makes room for an empty frame at the cursor, which stays: the frame there and those behind it move up
-    /// by one. The new frame keeps the settings that `InitFrame` leaves alone. With `bLast`, which belongs to
-    /// a cursor on the last frame, the cursor goes to the next frame instead, and no frame moves; were there
-    /// a frame behind the cursor, it would be emptied. `bLast` comes back true when the cursor is on the last
-    /// frame but one. More than 32767 frames are error 6 and change nothing. A cursor outside the frames is
-    /// error 9 as well as a frame more: below 1 the first frame is there twice then, else an empty one is
-    /// last.
+    /// Inserts an empty frame at the cursor, which stays: the frame there and all after it move up by one.
+    /// The new frame keeps the settings that `InitFrame` leaves alone. `bLast` is for a cursor on the last
+    /// frame: the cursor goes to the next frame instead, and no frame moves. If there is a frame after the
+    /// cursor all the same, it is emptied. `bLast` comes back true when the cursor is on the last frame but
+    /// one. More than 32767 frames are error 6 and change nothing. A cursor outside the frames is error 9,
+    /// and still there is one frame more: below 1 the first frame is there twice then, else the last is
+    /// empty.
     void InsertFrame(bool& bLast);
     void InsertFrame();
-    /// Takes out the frame at the cursor, and sets the cursor to the one before. The only frame is emptied
+    /// Removes the frame at the cursor and sets the cursor to the one before. The only frame is emptied
     /// instead. A cursor outside the frames is error 9 and changes nothing.
     void DeleteCurrentFrame();
     /// Moves frame `From` to the place of frame `WhereTo`; those between close up. Equal numbers do nothing,
-    /// whatever they are; else a number outside the frames is error 9 and changes nothing.
+    /// whatever they are. Otherwise a number outside the frames is error 9 and changes nothing.
     void MoveFrame(std::int16_t From, std::int16_t WhereTo);
 
-    /// Puts a new playfile into `MyClipboard`, with copies of the frames between the two numbers, which come
-    /// back in rising order. With one of them outside the frames the new playfile has its twenty empty
-    /// frames. `Merge` and `FixedNumberOfLines` are not copied.
+    /// Puts a new playfile into `MyClipboard`, with copies of the frames from one number to the other. The
+    /// numbers come back in rising order. If one of them is outside the frames, the new playfile has twenty
+    /// empty frames. `Merge` and `FixedNumberOfLines` are not copied.
     void CopyInfo(std::int16_t& CopyFromY, std::int16_t& CopyToY,
                   std::shared_ptr<FrameInfoClass>& MyClipboard);
-    /// The same, and takes the frames out, as `DeleteCurrentFrame` does one by one, though on the trace it
-    /// does so once for all. They stay when they could not be copied.
+    /// The same, and removes the frames as `DeleteCurrentFrame` does, which is on the trace once for all of
+    /// them. They stay if they could not be copied.
     void CutInfo(std::int16_t& CutFromY, std::int16_t& CutToY, std::shared_ptr<FrameInfoClass>& MyClipboard);
     /// Sets the cursor to `PasteTo` and puts copies of all frames of the clipboard there; the frames from
     /// `PasteTo` on move up. What would pass `TotalFramesAllowed` is left out, but when nothing more can be
     /// inserted the copies replace the frames that are there. Every insertion and every copy that does not
     /// find its place is an error of its own. Uses the clipboard's cursors. A null clipboard does nothing.
-    /// The trace shows the first insertion that finds its place, which stands for those behind it.
+    /// The trace shows the first insertion that finds its place, but none of those after it.
     void PasteInfo(std::int16_t PasteTo, FrameInfoClass* MyClipboardInfo);
 
-    /// Whether a frame before this one shows the same picture in the same way, or sends the same command
-    /// file, so that the sign needs no second copy of the file. Names are compared exactly.
-    bool IsThereAPreviousClone(std::int16_t iFrameNum);
+    /// `HasPreviousClone` of the playfile.
+    bool IsThereAPreviousClone(std::int16_t iFrameNum) const;
 
     // Counts over all frames, by their kind.
 
     /// All but blank frames.
-    std::int16_t HowManyUsedFramesAreThere();
-    std::int16_t HowManyGraphicsAreThere();
-    std::int16_t HowManyTextFramesAreThere();
-    std::int16_t HowManyGraphicTextFramesAreThere();
-    std::int16_t HowManyCommandFileFramesAreThere();
-    /// Seconds of all but blank frames, rounded after each frame, halves to the even number: delays of 0.5
-    /// never add up. Beyond 32 bits: error 6.
-    std::int32_t WhatsTheTotalOfAllDelaysForThisFile();
+    std::int16_t HowManyUsedFramesAreThere() const;
+    std::int16_t HowManyGraphicsAreThere() const;
+    std::int16_t HowManyTextFramesAreThere() const;
+    std::int16_t HowManyGraphicTextFramesAreThere() const;
+    std::int16_t HowManyCommandFileFramesAreThere() const;
+    /// `TotalDelaySeconds` of the playfile.
+    std::int32_t WhatsTheTotalOfAllDelaysForThisFile() const;
 
     // Effects.
 
     /// Names of effect codes, "" for a code without one.
-    std::string ConvertPrefixCodeToString(std::int16_t code);
-    std::string ConvertSuffixCodeToString(std::int16_t code);
+    std::string ConvertPrefixCodeToString(std::int16_t code) const;
+    std::string ConvertSuffixCodeToString(std::int16_t code) const;
     /// Codes of effect names, 0 for any other text. A loop's name never converts back: it is error 13,
     /// trapped.
-    std::int16_t ConvertPrefixStringToCode(const std::string& CodeString);
-    std::int16_t ConvertSuffixStringToCode(const std::string& CodeString);
+    std::int16_t ConvertPrefixStringToCode(const std::string& CodeString) const;
+    std::int16_t ConvertSuffixStringToCode(const std::string& CodeString) const;
     /// Fills the lists with the effects that are offered, each item's data being the code. A null list is
     /// skipped.
     void FillEffectList(ListControl* prefixList, ListControl* suffixList);
-    /// Offers the optional effects from now on, when "NewEffects.ini" exists, and fills both pairs of lists;
-    /// the second pair ends without its loop items. True only for the one call of the process that did so.
+    /// If "NewEffects.ini" exists, offers the optional effects from now on and fills both pairs of lists; the
+    /// second pair ends without its loop items. True only for the one call in the process that does so.
     bool LoadNewEffectLists(ListControl* prefixList1, ListControl* suffixList1, ListControl* prefixList2,
                             ListControl* suffixList2);
-    /// Fills the lists of a dialog, in every case without their loop items.
+    /// Fills the lists of a dialog, always without their loop items.
     void RefreshEffectLists(ListControl* prefixList, ListControl* suffixList);
 
     // The file.
 
-    /// Fills the frames from the file, resized to its number, and remembers its name. Missing picture and
-    /// command files are looked for beside the playfile. False when the file cannot be read to its end; the
-    /// frames read until then stay. A name ending in "PL2" is one of the older format: its frames are
-    /// converted, as far as `TotalFramesAllowed` and one more, and then the operator is asked, unless
-    /// suppressed, whether to go on; false for no, too, but the frames stay.
+    /// Loads the file over the frames, as `LoadPlayfileOver` does, and remembers its name. False when the
+    /// file cannot be read to its end; what was read until then stays. A name ending in "PL2" is one of the
+    /// older format: at most `TotalFramesAllowed` frames and one more are read, and then the operator is
+    /// asked, unless suppressed, whether to go on. The answer "no" gives false, but the frames stay.
     bool GetPlayfileFromDisk(const std::string& sFileName);
     /// Saves all frames and remembers the name. Asks once, unless suppressed, whether files on drives that
-    /// may go away are to be copied into the application's data folder. False after telling the operator that
-    /// the file cannot be written; the file that was there then stays as it was.
+    /// may go away are to be copied into the application's data folder. False when the file cannot be
+    /// written; a box has told the operator, and the file that was there stays as it was.
     bool WritePlayfileToDisk(const std::string& sFileName);
     /// Exports all frames for other tools into `sFileName` + ".xml", and remembers the name without ".xml".
-    /// False after telling the operator that the file cannot be written; the file that was there then stays
+    /// False when the file cannot be written; a box has told the operator, and the file that was there stays
     /// as it was.
     bool WriteXMLToDisk(const std::string& sFileName);
 
 private:
-    FrameRecord& currentFrame() { return frames_.at(currentFrameNumber_); }
-    bool hasLines() { return !currentFrame().lines.empty(); }
-    LineRecord& currentLine() { return currentFrame().lines.at(currentLineNumber_); }
+    const FrameRecord& currentFrame() const { return playfile_.frames.at(currentFrameNumber_); }
+    FrameRecord& currentFrame() { return playfile_.frames.at(currentFrameNumber_); }
 
-    template <class Value>
-    Value readObject(std::string_view name, const Value& field);
-    template <class Value>
-    void writeObject(std::string_view name, Value& field, const Value& vData);
-    template <class Value>
-    Value readFrame(std::string_view name, Value FrameRecord::*member);
-    template <class Value>
-    void writeFrame(std::string_view name, Value FrameRecord::*member, const Value& vData);
-    template <class Value>
-    Value readLine(Value LineRecord::*member);
-    template <class Value>
-    void writeLine(Value LineRecord::*member, const Value& vData);
+    // How a property reaches its value: in this object, in the frame or in the line under the cursors.
+
+    template <class Type>
+    Type readOwn(std::string_view name, const Type& field) const;
+    template <class Type>
+    void writeOwn(std::string_view name, Type& field, const Type& vData);
+
+    /// How a row's property is reached, without the row's own type.
+    struct Property {
+        std::string_view name;
+        Access access;
+        Quirk quirk;
+    };
+    template <class Type>
+    Type readRecord(Property property, Type (*get)(const FrameRecord&)) const;
+    template <class Type>
+    Type readRecord(Property property, Type (*get)(const LineRecord&)) const;
+    template <class Given>
+    void writeRecord(Property property, void (*set)(FrameRecord&, Given), Given vData);
+    template <class Given>
+    void writeRecord(Property property, void (*set)(LineRecord&, Given), Given vData);
+
+    template <class Row>
+    static constexpr Property propertyOf(const Row& row) {
+        return {row.name, row.access, row.quirk};
+    }
+    template <class Row>
+    typename Row::Value readRow(const Row& row) const {
+        return readRecord(propertyOf(row), &Row::get);
+    }
+    template <class Row>
+    void writeRow(const Row& row, typename Row::Given vData) {
+        writeRecord<typename Row::Given>(propertyOf(row), &Row::set, vData);
+    }
+    template <auto member>
+    auto read() const -> typename RowOf<member>::Value {
+        return readRow(kMember<member>);
+    }
+    template <auto member>
+    void write(typename RowOf<member>::Given vData) {
+        writeRow(kMember<member>, vData);
+    }
 
     void insertFrame(bool& bLast);
-    /// Runs `InsertFrame` so often, but not beyond `TotalFramesAllowed`. The frames behind the first one that
-    /// finds its place without an error are equal to it, and inserted at once: each moves the frames behind.
+    /// Calls `InsertFrame` up to `count` times, but not beyond `TotalFramesAllowed`. The frames after the
+    /// first one that finds its place without an error are equal to it, and inserted at once.
     void insertFrames(std::int32_t count);
     void copyFrames(std::int16_t& first, std::int16_t& last, std::shared_ptr<FrameInfoClass>& clipboard);
     void PutInfoFromFrameIntoVariable(std::int32_t FrameNum, std::int32_t VarFrameNum,
                                       FrameInfoClass* VarToPlaceIn);
     void PutInfoFromVariableIntoFrame(std::int32_t FrameNum, std::int32_t VarFrameNum,
                                       FrameInfoClass* VarToPlaceIn);
-    template <class Counts>
-    std::int16_t countFrames(std::string_view name, Counts counts);
+    /// Sets what copies of frames carry through the properties of `other`. `own()` is the record that is
+    /// read.
+    template <class Own>
+    static void copyToOther(Own own, FrameInfoClass& other);
+    template <class Own>
+    static void copyFromOther(Own own, const FrameInfoClass& other);
+    std::int16_t countFrames(std::string_view name, NEW_FRAME_TYPES kind) const;
 
-    void resizeFrames(std::int32_t count);
     /// Has `MakeLineVarsValid` look again at the frames from `number` on.
     void checkLinesFrom(std::int32_t number);
-    void writeXml(const std::string& path);
-    void readPlayfile(const std::string& sFileName);
     bool GetLegacyPlayfileFromDisk(const std::string& sFileName);
-    /// False when the file is not of the older format; the frames then stay as they were.
-    bool readLegacyPlayfile(const std::string& sFileName);
-    void writePlayfile(const std::string& sFileName);
+    /// Loads the file over the frames. Throws the error of one that cannot be read to its end.
+    LoadOutcome load(const std::string& sFileName);
 
-    OneBasedArray<FrameRecord> frames_;
+    Playfile playfile_;
     /// All frames before this number have lines, so that growing one by one need not look at them again.
     std::int32_t firstFrameToCheck_ = 1;
     std::int16_t currentFrameNumber_ = 0;
@@ -283,9 +325,7 @@ private:
     std::int16_t displayWidth_ = 0;
     std::int16_t displayHeight_ = 0;
     std::int16_t totalFramesAllowed_ = 0;
-    std::string currentFileName_;
     bool playFileHasChanged_ = false;
-    bool isLegacy_ = false;
     bool suppressMessages_ = false;
 };
 

@@ -1,7 +1,7 @@
 // Names of this room's procedures on the call trace.
 #pragma once
 
-#include "frame/CallTrace.h"
+#include "frame/Procedure.h"
 
 namespace qrtVistrelClasses4 {
 

@@ -14,8 +14,8 @@ enum class FRAME_TYPES : std::int32_t {
     FRAME_CMD = 4,
 };
 
-/// The numbering that stored numbers are read by, here and in files. Text and graphic with text are the other
-/// way round, so callers pass these values through the `FRAME_TYPES` property; see `StoredFrameType`.
+/// What stored numbers mean, here and in files. Text and graphic with text have each other's numbers, and
+/// callers pass these values through the `FRAME_TYPES` property; see `StoredFrameType`.
 enum class NEW_FRAME_TYPES : std::int32_t {
     FRAME_BLANK = 0,
     FRAME_GRAPHIC = 1,

@@ -1,5 +1,6 @@
 #include "playfile/LegacyFormat.h"
 
+#include "frame/MemberTable.h"
 #include "frame/RuntimeError.h"
 #include "frame/Text.h"
 #include "platform/LetterCase.h"
@@ -72,11 +73,17 @@ std::int16_t FontOfLegacyCode(std::uint8_t code) {
 
 LegacyRecord ReadLegacyRecord(std::string_view bytes) {
     LegacyRecord record;
-    const auto read = [&](const auto& field) {
-        get(bytes.substr(field.offset, field.size), record.*field.member);
-    };
-    std::apply([&](const auto&... field) { (read(field), ...); }, kFields);
+    ForEachRow(kFields,
+               [&](const auto& field) { get(bytes.substr(field.offset, field.size), record.*field.member); });
     return record;
+}
+
+std::vector<LegacyByteRange> KnownLegacyBytes() {
+    std::vector<LegacyByteRange> ranges;
+    ForEachRow(kFields, [&](const auto& field) {
+        ranges.push_back({field.offset, field.offset + field.size - 1});
+    });
+    return ranges;
 }
 
 bool HasLegacyMark(InputFile& file) {

@@ -1,4 +1,4 @@
-// The older generation's playfile: a mark, then records of one size, of which a part is known.
+// Playfiles of the older generation: a mark, then records of one size. Only a part of a record is known.
 #pragma once
 
 #include "platform/FileSystem.h"
@@ -14,11 +14,11 @@ namespace qrtVistrelClasses4 {
 
 inline constexpr std::string_view kLegacyMark = "PLWREV 1.50";
 inline constexpr std::size_t kLegacyRecordSize = 18704;
-/// The known fields lie within so many bytes from the start of a record.
+/// The known fields lie within the first bytes of a record, this many.
 inline constexpr std::size_t kLegacyUsedSize = 1124;
 inline constexpr std::size_t kLegacyFlagCount = 24;
 
-/// Whether a playfile of that name is taken for one of this format: it ends in "PL2", in any case.
+/// Whether a playfile of that name is of this format: it ends in "PL2", in any case.
 bool HasLegacyEnding(std::string_view fileName);
 
 /// One frame as the file holds it.
@@ -36,23 +36,31 @@ struct LegacyRecord {
 
 inline constexpr char kLegacyLineEnd = '\x1f';
 
-/// Whether a suffix keyword has the lines of the text scroll as one: "SC", in any case.
+/// Whether a suffix keyword makes one scrolling line of all lines of the text: "SC", in any case.
 bool IsJoiningKeyword(std::string_view keyword);
 
-/// Number of the font that a record's code stands for; 0 for an unknown code.
+/// The font number for a record's code; 0 for an unknown code.
 std::int16_t FontOfLegacyCode(std::uint8_t code);
 
 /// The known fields of a record. `bytes` are its first `kLegacyUsedSize` ones.
 LegacyRecord ReadLegacyRecord(std::string_view bytes);
 
-/// Whether the file starts with the mark. A failure of the system is thrown as its run-time error, here and
-/// below.
+/// Bytes of a record, from its start.
+struct LegacyByteRange {
+    std::size_t first = 0;
+    std::size_t last = 0; ///< Included.
+};
+/// The bytes that the known fields of a record are made of, in rising order.
+std::vector<LegacyByteRange> KnownLegacyBytes();
+
+/// Whether the file starts with the mark. Here and below, a failure of the system is thrown as a
+/// `RuntimeError`.
 bool HasLegacyMark(InputFile& file);
 
-/// Number of records that are whole, and of the bytes behind them, in a file with the mark.
+/// Number of records that are whole, and of the bytes after them, in a file with the mark.
 struct LegacyExtent {
     std::uint64_t records = 0;
-    std::uint64_t bytesBehind = 0;
+    std::uint64_t bytesAfter = 0;
 };
 LegacyExtent ExtentOf(const InputFile& file);
 
@@ -61,14 +69,15 @@ constexpr std::uint64_t LegacyRecordStart(std::uint64_t index) {
     return kLegacyMark.size() + index * kLegacyRecordSize;
 }
 
-/// Reads the whole records of a file with the mark, `most` of them at the most.
+/// Reads the whole records of a file with the mark, at most `most` of them.
 std::vector<LegacyRecord> ReadLegacyRecords(InputFile& file, std::size_t most);
 
 enum class LegacyFileKind { none, command, leaveCommand, bitmap, animation };
 
 struct LegacyReference {
-    std::string fileName;                  ///< Without "Width=" and its number.
-    std::optional<std::string_view> width; ///< What is written for it; lives as long as the reference.
+    std::string fileName; ///< Without "Width=" and its number.
+    std::optional<std::string_view>
+        width; ///< The text of the number; lives as long as the record's reference.
     LegacyFileKind kind() const;
 };
 LegacyReference SplitLegacyReference(std::string_view reference);

@@ -1,17 +1,19 @@
-// Opening a playfile of the older generation: its records become frames.
+#include "playfile/LegacyImport.h"
+
 #include "commands/LegacyVariables.h"
 #include "frame/Conversions.h"
 #include "frame/Text.h"
 #include "frame/Traced.h"
 #include "platform/Platform.h"
 #include "playfile/Effects.h"
-#include "playfile/FrameInfoClass.h"
 #include "playfile/FrameProcedures.h"
 #include "playfile/LegacyFormat.h"
 #include "settings/SettingsInfoClass.h"
 
 #include <algorithm>
+#include <limits>
 #include <optional>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -44,25 +46,19 @@ std::string joined(const std::vector<std::string>& lines) {
     return text;
 }
 
-/// Whether pictures of a kind are cropped, which decides how they are placed.
-struct Cropping {
-    bool bitmaps;
-    bool animations;
-};
-
-Cropping readCropping() {
+Cropping croppingFromSettings() {
     SettingsInfoClass settings;
     settings.GetSettingsFromDisk();
     return {settings.BMPCrop(), settings.AVICrop()};
 }
 
 /// A kind of number that may be too large for a frame, which costs that number, but nothing else of the
-/// playfile. The operator is told of the first one: a damaged file holds one in every record.
+/// playfile. The operator sees the first error only: a damaged file has one in every record.
 class RiskyNumber {
 public:
-    /// What `convert` returns. Its error goes to the caller, quiet if there was one before.
+    /// What `convert` returns. Throws its error; from the second one on, the error is marked as quiet.
     template <class Convert>
-    std::int16_t converted(Convert convert) {
+    std::invoke_result_t<Convert> converted(Convert convert) {
         try {
             return convert();
         } catch (const RuntimeError& error) {
@@ -74,30 +70,63 @@ private:
     bool wasTooLarge_ = false;
 };
 
-/// What frames of one file have in common.
-struct Import {
-    Cropping cropping;
-    RiskyNumber prefixCode{};
-    RiskyNumber width{};
+/// Turns the records of one file into frames, and notes what they lose.
+class Import {
+public:
+    Import(Cropping cropping, LegacyDetails& details) : cropping_(cropping), details_(details) {}
+
+    FrameRecord nextFrame(const LegacyRecord& record);
+
+private:
+    std::int16_t prefixCodeOf(const std::string& Keyword);
+    std::int16_t suffixCodeOf(const std::string& Keyword);
+    void setFiles(FrameRecord& frame, LegacyReference files, LegacyFileKind kind, bool hasText);
+    std::int16_t widthOf(std::string_view number);
+    void lose(std::string text) { details_.losses.push_back({number_, std::move(text)}); }
+    void refuse(std::string text) { details_.refusedNumbers.push_back({number_, std::move(text)}); }
+
+    Cropping cropping_;
+    LegacyDetails& details_;
+    std::int32_t number_ = 0; ///< Of the frame.
+    RiskyNumber prefixCode_;
+    RiskyNumber width_;
 };
 
-std::int16_t prefixCodeOf(const std::string& Keyword, Import& import) {
-    return traced(
+std::string quoted(const std::string& text) { return '"' + text + '"'; }
+
+std::int16_t Import::prefixCodeOf(const std::string& Keyword) {
+    bool isRefused = true;
+    const std::optional<std::int16_t> code = traced(
         FrameFunction("ConvertPrefixKeywordToCode"),
-        [&] { return import.prefixCode.converted([&] { return PrefixCodeOfKeyword(Keyword); }); },
+        [&] {
+            const auto converted = prefixCode_.converted([&] { return PrefixCodeOfKeyword(Keyword); });
+            isRefused = false;
+            return converted;
+        },
         Arg{"Keyword", Keyword});
+    if (isRefused)
+        refuse("prefix keyword " + quoted(Keyword));
+    else if (!code && !Keyword.empty())
+        lose("unknown prefix keyword " + quoted(Keyword));
+    return code.value_or(0);
 }
 
-std::int16_t suffixCodeOf(const std::string& Keyword) {
-    return traced(
+std::int16_t Import::suffixCodeOf(const std::string& Keyword) {
+    const std::optional<std::int16_t> code = traced(
         FrameFunction("ConvertSuffixKeywordToCode"), [&] { return SuffixCodeOfKeyword(Keyword); },
         Arg{"Keyword", Keyword});
+    if (!code && !Keyword.empty())
+        lose("unknown suffix keyword " + quoted(Keyword));
+    return code.value_or(0);
 }
 
-std::int16_t widthOf(std::string_view number, Import& import) {
-    return trapped(FrameFunction("GetLegacyPlayfileFromDisk"), [&] {
-        return import.width.converted([&] { return RoundToInt16(LeadingNumber(number)); });
+std::int16_t Import::widthOf(std::string_view number) {
+    const std::optional<std::int16_t> width = trapped(FrameFunction("GetLegacyPlayfileFromDisk"), [&] {
+        return std::optional(width_.converted([&] { return RoundToInt16(LeadingNumber(number)); }));
     });
+    if (!width)
+        refuse("width " + std::string(number));
+    return width.value_or(0);
 }
 
 void setPicture(FrameRecord& frame, std::string fileName, bool hasText, bool isCropped) {
@@ -106,12 +135,11 @@ void setPicture(FrameRecord& frame, std::string fileName, bool hasText, bool isC
     frame.PictureFileDisplay = isCropped ? 1 : 0;
 }
 
-void setFiles(FrameRecord& frame, const std::string& reference, bool hasText, Import& import) {
-    LegacyReference files = SplitLegacyReference(reference);
+void Import::setFiles(FrameRecord& frame, LegacyReference files, LegacyFileKind kind, bool hasText) {
     if (files.width)
-        frame.FontWidth = widthOf(*files.width, import);
+        frame.FontWidth = widthOf(*files.width);
     frame.FrameType = numberOf(NEW_FRAME_TYPES::FRAME_TEXT);
-    switch (files.kind()) {
+    switch (kind) {
     case LegacyFileKind::none:
         break;
     case LegacyFileKind::leaveCommand:
@@ -122,10 +150,10 @@ void setFiles(FrameRecord& frame, const std::string& reference, bool hasText, Im
         frame.commandfile = std::move(files.fileName);
         break;
     case LegacyFileKind::bitmap:
-        setPicture(frame, std::move(files.fileName), hasText, import.cropping.bitmaps);
+        setPicture(frame, std::move(files.fileName), hasText, cropping_.bitmaps);
         break;
     case LegacyFileKind::animation:
-        setPicture(frame, std::move(files.fileName), hasText, import.cropping.animations);
+        setPicture(frame, std::move(files.fileName), hasText, cropping_.animations);
         break;
     }
 }
@@ -143,12 +171,15 @@ void setLines(FrameRecord& frame, std::vector<std::string> texts, const LegacyRe
     }
 }
 
-FrameRecord frameOf(const LegacyRecord& record, Import& import) {
+FrameRecord Import::nextFrame(const LegacyRecord& record) {
+    ++number_;
     FrameRecord frame;
     const std::string text = ConvertLegacyVariables(record.text);
-    frame.PrefixCode = prefixCodeOf(record.prefixKeyword, import);
+    frame.PrefixCode = prefixCodeOf(record.prefixKeyword);
     frame.DelayTime = record.delay;
-    setFiles(frame, record.reference, !text.empty(), import);
+    const LegacyReference files = SplitLegacyReference(record.reference);
+    const LegacyFileKind kind = files.kind();
+    setFiles(frame, files, kind, !text.empty());
     if (IsJoiningKeyword(record.suffixKeyword)) {
         setLines(frame, {joined(linesOf(text))}, record);
         frame.lines.at(1).Scrolling = true;
@@ -156,51 +187,47 @@ FrameRecord frameOf(const LegacyRecord& record, Import& import) {
         setLines(frame, linesOf(text), record);
         frame.SuffixCode = suffixCodeOf(record.suffixKeyword);
     }
+    if (kind == LegacyFileKind::none && !files.fileName.empty())
+        lose("file of unknown kind " + quoted(files.fileName));
+    if (files.width)
+        lose("width " + std::string(*files.width));
     return frame;
 }
 
-/// The records of the file; none when it lacks the mark.
-std::optional<std::vector<LegacyRecord>> readRecords(const std::string& fileName, std::size_t most) {
+/// The records of the file, `most` of them at the most; none if it lacks the mark.
+std::vector<LegacyRecord> readRecords(const std::string& fileName, std::size_t most, LoadOutcome& outcome) {
     const auto file = ValueOf(platform().files().openToRead(fileName));
-    if (!HasLegacyMark(*file))
-        return std::nullopt;
+    LegacyDetails& details = outcome.legacy.emplace();
+    details.hasMark = HasLegacyMark(*file);
+    if (!details.hasMark)
+        return {};
+    const LegacyExtent extent = ExtentOf(*file);
+    details.records = extent.records;
+    details.bytesAfterRecords = extent.bytesAfter;
+    outcome.framesAnnounced = static_cast<std::int32_t>(
+        std::min<std::uint64_t>(extent.records, std::numeric_limits<std::int32_t>::max()));
     return ReadLegacyRecords(*file, most);
-}
-
-bool operatorWantsToProceed() {
-    return showMessage(
-               {"The file that was chosen is a legacy file from Vistrel 2000! I can open this file but you "
-                "must be warned that you will not be able to save any changes in this format. You WILL be "
-                "required to save as a Vistrel 3 playfile.\r\nDo you wish to proceed!",
-                "WARNING! Legacy File", MessageIcon::question, MessageButtons::yesNo}) == MessageAnswer::yes;
 }
 
 } // namespace
 
-bool FrameInfoClass::GetLegacyPlayfileFromDisk(const std::string& sFileName) {
-    return traced(
-        FrameFunction("GetLegacyPlayfileFromDisk"),
-        [&] {
-            isLegacy_ = true;
-            const bool hasMark = readLegacyPlayfile(sFileName);
-            return (suppressMessages_ || operatorWantsToProceed()) && hasMark;
-        },
-        Arg{"sFileName", sFileName});
-}
-
-bool FrameInfoClass::readLegacyPlayfile(const std::string& sFileName) {
+void ImportLegacyPlayfile(LoadOutcome& outcome, const LoadCircumstances& circumstances) {
+    outcome.playfile.isLegacy = true;
     // One more than allowed: the limit is looked at when it has been passed.
-    const auto most = static_cast<std::size_t>(std::max<std::int32_t>(totalFramesAllowed_ + 1, 0));
-    const auto records = readRecords(sFileName, most);
-    Import import{readCropping()};
-    if (!records)
-        return false;
-    OneBasedArray<FrameRecord> frames(NarrowToInt16(static_cast<std::int32_t>(records->size())));
-    std::transform(records->begin(), records->end(), frames.begin(),
-                   [&](const LegacyRecord& record) { return frameOf(record, import); });
-    frames_ = std::move(frames);
-    checkLinesFrom(1);
-    return true;
+    const auto most = static_cast<std::size_t>(std::max<std::int32_t>(circumstances.framesAllowed + 1, 0));
+    const std::vector<LegacyRecord> records = readRecords(outcome.playfile.fileName, most, outcome);
+    const Cropping cropping = circumstances.cropping ? circumstances.cropping() : croppingFromSettings();
+    LegacyDetails& details = *outcome.legacy;
+    if (!details.hasMark)
+        return;
+    OneBasedArray<FrameRecord> frames(NarrowToInt16(static_cast<std::int32_t>(records.size())));
+    Import import(cropping, details);
+    std::transform(records.begin(), records.end(), frames.begin(),
+                   [&](const LegacyRecord& record) { return import.nextFrame(record); });
+    outcome.playfile.frames = std::move(frames);
+    outcome.framesRead = outcome.playfile.frames.upperBound();
+    outcome.isComplete =
+        records.size() == details.records && details.bytesAfterRecords == 0 && details.refusedNumbers.empty();
 }
 
 } // namespace qrtVistrelClasses4

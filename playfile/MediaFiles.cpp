@@ -21,10 +21,10 @@ bool IsFixedDrive(const std::string& sFileName) {
         Arg{"sFileName", sFileName});
 }
 
-std::string CopyToDataFolder(const std::string& sFileName) {
+std::optional<std::string> CopyToDataFolder(const std::string& sFileName) {
     return traced(
         FrameFunction("CopyToDataFolder"),
-        [&] {
+        [&]() -> std::optional<std::string> {
             FileSystem& files = platform().files();
             const std::string folder = files.existingName(JoinPath(GetAppFolder(), "Data"));
             if (files.kindOf(folder) != EntryKind::folder)

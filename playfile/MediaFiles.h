@@ -1,19 +1,20 @@
 // Picture and command files that frames refer to.
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace qrtVistrelClasses4 {
 
-/// Whether the path says where it starts (a drive on Windows, the root elsewhere) and leads to a file.
+/// Whether the path starts at a drive (elsewhere than on Windows: at the root) and leads to a file.
 bool FileExists(const std::string& sFileName);
 
-/// Whether the file lies on a disk that stays with this machine.
+/// Whether the file lies on a disk that is built into this machine.
 bool IsFixedDrive(const std::string& sFileName);
 
-/// Copies the file, under its own name, into the "Data" folder of the application data folder, making that
-/// folder when needed and replacing a file of that name. Returns the copy's full name, "" when copying failed
-/// and was reported.
-std::string CopyToDataFolder(const std::string& sFileName);
+/// Copies the file, under its own name, into the "Data" folder of the application data folder. Makes that
+/// folder if needed, and replaces a file of that name. Returns the copy's full name, or nothing if copying
+/// failed, which has been reported then.
+std::optional<std::string> CopyToDataFolder(const std::string& sFileName);
 
 } // namespace qrtVistrelClasses4

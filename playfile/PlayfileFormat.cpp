@@ -1,6 +1,9 @@
 #include "playfile/PlayfileFormat.h"
 
+#include "frame/Conversions.h"
+
 #include <array>
+#include <type_traits>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -15,15 +18,11 @@ void getValue(QuotedLineReader& in, std::array<Value, count>& values) {
         in.get(value);
 }
 
-template <class Record, class Value>
-void getField(QuotedLineReader& in, Record& record, const PlayfileField<Record, Value>& field) {
-    getValue(in, record.*field.member);
-}
-template <class Record>
-void getField(QuotedLineReader& in, Record& record, const RoundedPlayfileField<Record>& field) {
+/// A whole number that old files hold with decimals.
+void getRounded(QuotedLineReader& in, std::int16_t& value) {
     double number = 0;
     in.get(number);
-    record.*field.member = RoundToInt16(number);
+    value = RoundToInt16(number);
 }
 
 template <class Value>
@@ -36,13 +35,18 @@ void putValue(QuotedLineWriter& out, const std::array<Value, count>& values) {
         out.put(value);
 }
 
-template <class Record, class Fields>
-void getAll(QuotedLineReader& in, Record& record, const Fields& fields) {
-    std::apply([&](const auto&... field) { (getField(in, record, field), ...); }, fields);
+template <class Record>
+void getAll(QuotedLineReader& in, Record& record) {
+    ForEachFileRow(kMembersOf<Record>, [&](const auto& row) {
+        if constexpr (std::is_same_v<ValueOfRow<std::remove_cvref_t<decltype(row)>>, std::int16_t>)
+            if (row.quirk == Quirk::roundedWhenRead)
+                return getRounded(in, record.*row.member);
+        getValue(in, record.*row.member);
+    });
 }
-template <class Record, class Fields>
-void putAll(QuotedLineWriter& out, const Record& record, const Fields& fields) {
-    std::apply([&](const auto&... field) { (putValue(out, record.*field.member), ...); }, fields);
+template <class Record>
+void putAll(QuotedLineWriter& out, const Record& record) {
+    ForEachFileRow(kMembersOf<Record>, [&](const auto& row) { putValue(out, record.*row.member); });
 }
 
 } // namespace
@@ -54,23 +58,23 @@ std::int16_t ReadFrameCount(QuotedLineReader& in) {
 }
 
 void WriteFrameCount(QuotedLineWriter& out, std::int32_t count) {
-    out.putPlainLine(' ' + NumberToText(count) + ' '); // a blank where a minus sign would stand
+    out.putPlainLine(' ' + NumberToText(count) + ' '); // a blank in the place of a minus sign
 }
 
 void ReadFrameValues(QuotedLineReader& in, FrameRecord& frame) {
-    getAll(in, frame, kFrameFields);
+    getAll(in, frame);
     std::int16_t lineCount = 0;
     in.get(lineCount);
     frame.lines.resize(lineCount);
 }
 
-void ReadLineValues(QuotedLineReader& in, LineRecord& line) { getAll(in, line, kLineFields); }
+void ReadLineValues(QuotedLineReader& in, LineRecord& line) { getAll(in, line); }
 
 void WriteFrame(QuotedLineWriter& out, const FrameRecord& frame) {
-    putAll(out, frame, kFrameFields);
+    putAll(out, frame);
     out.put(frame.lines.upperBound());
     for (const LineRecord& line : frame.lines)
-        putAll(out, line, kLineFields);
+        putAll(out, line);
 }
 
 } // namespace qrtVistrelClasses4

@@ -11,11 +11,11 @@ ReferenceFinder::ReferenceFinder(const std::string& playfile) : folder_(SplitPat
 void ReferenceFinder::find(std::string& reference) {
     if (reference.empty() || FileExists(reference))
         return;
-    if (const std::string& beside = besidePlayfile(reference); !beside.empty())
-        reference = beside;
+    if (const std::optional<std::string>& beside = besidePlayfile(reference))
+        reference = *beside;
 }
 
-const std::string& ReferenceFinder::besidePlayfile(const std::string& reference) {
+const std::optional<std::string>& ReferenceFinder::besidePlayfile(const std::string& reference) {
     const auto [known, isNew] = known_.try_emplace(std::string(SplitPath(reference).name));
     if (isNew) {
         FileSystem& files = platform().files();

@@ -1,12 +1,13 @@
-// Where the files lie that a playfile refers to.
+// Finding the files that a playfile refers to.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <unordered_map>
 
 namespace qrtVistrelClasses4 {
 
-/// Looks for files where a playfile says they are, and else beside it.
+/// Looks for files where a playfile says they are, and then beside the playfile.
 class ReferenceFinder {
 public:
     /// `playfile` is the path of the playfile.
@@ -16,11 +17,11 @@ public:
     void find(std::string& reference);
 
 private:
-    /// Full name of the file; "" when there is none. Looked for once, since frames often share a picture.
-    const std::string& besidePlayfile(const std::string& reference);
+    /// Full name of the file, if there is one. Looked for once, since frames often share a picture.
+    const std::optional<std::string>& besidePlayfile(const std::string& reference);
 
     std::string folder_;
-    std::unordered_map<std::string, std::string> known_; ///< By file name.
+    std::unordered_map<std::string, std::optional<std::string>> known_; ///< By file name.
 };
 
 } // namespace qrtVistrelClasses4

@@ -1,11 +1,12 @@
 #include "settings/DefaultErrorReport.h"
 
+#include "frame/Conversions.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "settings/AppFolder.h"
 #include "settings/RegistrySettings.h"
 
-#include <cstdio>
+#include <mutex>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -64,6 +65,8 @@ void appendToLog(const std::string& text) {
     FileSystem& files = platform().files();
     const std::string folder = GetAppFolder();
     const std::string log = JoinPath(folder, kErrorLogName);
+    static std::mutex mutex; // two threads must not both move the old log away
+    const std::lock_guard lock(mutex);
     if (const auto size = files.sizeOf(log); size && size.value() > kErrorLogLimitBytes)
         (void)files.moveOver(log, JoinPath(folder, kOldErrorLogName)); // refused: the log goes on growing
     if (auto file = files.open(log, OpenMode::append)) {
@@ -85,24 +88,25 @@ void showToOperator(const std::string& text) {
     if (messageBoxes().attended())
         showMessage({text, "Vistrel Error Report", MessageIcon::critical, MessageButtons::ok});
     else
-        std::fputs(text.c_str(), stderr);
+        (void)platform().console().write(StandardStream::error, text);
 }
 
-/// Notes for its lifetime, once at a time, that this thread is in one step of a report.
-class StepScope {
+/// Guards a step of a report against running again on the same thread before it has ended.
+class ReentryGuard {
 public:
-    explicit StepScope(bool& inStep) : inStep_(inStep), entered_(!std::exchange(inStep, true)) {}
-    ~StepScope() {
-        if (entered_)
-            inStep_ = false;
+    explicit ReentryGuard(bool& isRunning)
+        : isRunning_(isRunning), isFirst_(!std::exchange(isRunning, true)) {}
+    ~ReentryGuard() {
+        if (isFirst_)
+            isRunning_ = false;
     }
-    StepScope(const StepScope&) = delete;
-    StepScope& operator=(const StepScope&) = delete;
-    bool entered() const { return entered_; }
+    ReentryGuard(const ReentryGuard&) = delete;
+    ReentryGuard& operator=(const ReentryGuard&) = delete;
+    bool isFirst() const { return isFirst_; }
 
 private:
-    bool& inStep_;
-    bool entered_;
+    bool& isRunning_;
+    bool isFirst_;
 };
 
 constinit thread_local bool inLog = false;
@@ -113,15 +117,15 @@ constinit thread_local bool inMessage = false;
 void DefaultErrorReporter::report(const ErrorReport& report) {
     const std::string text = reportText(report);
     {
-        const StepScope scope(inLog);
-        if (!scope.entered())
-            return; // an error of the report's own making
+        const ReentryGuard guard(inLog);
+        if (!guard.isFirst())
+            return; // writing the log caused this error
         appendToLog(timeText(platform().localTime()) + "  " + text);
         if (report.error.isQuiet() || !operatorWantsReports())
             return;
     }
     // While a message is open the host may go on and fail again: that is logged, but makes no second message.
-    if (const StepScope scope(inMessage); scope.entered())
+    if (const ReentryGuard guard(inMessage); guard.isFirst())
         showToOperator(text);
 }
 

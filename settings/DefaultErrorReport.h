@@ -2,7 +2,7 @@
 // operator.
 #pragma once
 
-#include "frame/ErrorTrap.h"
+#include "frame/ErrorReporter.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 // The files opened last.
 #pragma once
 
-#include "frame/OneBasedArray.h"
+#include "settings/RecentFiles.h"
 
 #include <cstdint>
 #include <string>
@@ -41,12 +41,15 @@ public:
 
     /// Entry 1, where `GetNextFile` then goes on from.
     std::string GetFirstFileName();
-    /// The next entry; "" behind the last.
+    /// The next entry; "" after the last.
     std::string GetNextFile();
-    /// Entry `IndexToFind`, from 1; "" behind the last, error 9 below the first.
-    std::string GetFileName(std::int16_t IndexToFind);
+    /// Entry `IndexToFind`, from 1; "" after the last, error 9 below the first.
+    std::string GetFileName(std::int16_t IndexToFind) const;
     /// Number of entries, the empty one at the end included; 0 when the first is empty.
-    std::int16_t TotalFilesInList();
+    std::int16_t TotalFilesInList() const;
+
+    /// The entries in memory.
+    const RecentFiles& Value() const { return files_; }
 
 private:
     void AddEntry(const std::string& sFileName);
@@ -54,10 +57,9 @@ private:
     bool RemoveEntry(const std::string& sFileName);
     /// False when there are names that could neither be read nor kept: they must not be written over.
     bool GetMRUFromDisk();
-    void readEntries(std::string_view text);
     void WriteMRUToDisk();
 
-    OneBasedArray<std::string> entries_;
+    RecentFiles files_;
     std::int16_t lastRead_ = 0; ///< Number of the entry that was asked for last.
     std::int32_t classDebugID_ = 0;
 };

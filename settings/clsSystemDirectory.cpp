@@ -6,13 +6,14 @@
 #include "platform/Platform.h"
 
 namespace qrtVistrelClasses4 {
-std::string clsSystemDirectory::FindSystemFolder(std::int32_t FolderNumber) {
+
+std::optional<std::string> SystemFolder(std::int32_t FolderNumber) {
     return traced(
         {"clsSystemDirectory.cls", ProcedureKind::Function, "FindSystemFolder"},
-        [&] {
-            const std::string buffer = platform().specialFolder(FolderNumber).value_or("");
-            const std::string_view folder = Trim(buffer);
-            return std::string(Trim(UntilNul(folder)));
+        [&]() -> std::optional<std::string> {
+            const std::optional<std::string> path = platform().specialFolder(FolderNumber);
+            std::string folder(Trim(UntilNul(Trim(path ? *path : ""))));
+            return folder.empty() ? std::nullopt : std::optional(std::move(folder));
         },
         Arg{"FolderNumber", FolderNumber});
 }

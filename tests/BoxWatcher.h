@@ -16,7 +16,7 @@ inline std::string TextOfWindow(HWND window) {
 }
 
 inline BOOL CALLBACK KeepLongestText(HWND child, LPARAM kept) {
-    auto& text = *reinterpret_cast<std::string*>(kept);
+    auto& text = *reinterpret_cast<std::string*>(kept); // NOLINT(performance-no-int-to-ptr)
     if (std::string candidate = TextOfWindow(child); candidate.size() > text.size())
         text = candidate;
     return TRUE;

@@ -75,7 +75,7 @@ TEST_P(FaultInjection, ASaveThatFailsSaysSoAndLosesNothing) {
 }
 
 TEST_P(FaultInjection, ASecondFailureLosesNothingEither) {
-    if (!store_.is(Store::keepsCopy)) // what is replaced in one step cannot tell the second from the first
+    if (!store_.is(Store::keepsCopy)) // a file that is replaced in one step fails the same way twice
         GTEST_SKIP();
     for (const bool afresh : {false, true})
         forEveryFault([&](const Fault& fault, Lasting lasting, int number) {

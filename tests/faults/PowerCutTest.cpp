@@ -1,4 +1,4 @@
-// Every save of every store, with the power cut before each of its operations and behind the last.
+// Every save of every store, with the power cut before each of its operations and after the last.
 #include "PowerCuts.h"
 #include "Stores.h"
 
@@ -18,9 +18,9 @@ protected:
         RecordProperty("rests", rests_);
     }
 
-    /// What the disk may hold when the power is cut during a save that finds `before`, or right behind it.
+    /// What the disk may hold when the power is cut during a save that finds `before`, or right after it.
     struct Rests {
-        std::set<Files> during, behind;
+        std::set<Files> during, after;
     };
     Rests cutSave(const Files& before) {
         Stage stage(store_, before);
@@ -42,7 +42,7 @@ protected:
             return SystemError::none;
         };
         EXPECT_TRUE(stage.subject.save());
-        cut(rests.behind);
+        cut(rests.after);
         stage.host.machine.files().observer = nullptr;
         return rests;
     }
@@ -56,7 +56,7 @@ protected:
 
     const Store store_ = GetParam();
     const Contents contents_{store_};
-    const std::string path_ = TestHost().inLibrary(store_.file);
+    const std::string path_ = LongNameHost().inLibrary(store_.file);
     int cuts_ = 0, rests_ = 0;
 };
 
@@ -70,12 +70,12 @@ TEST_P(PowerCut, LeavesTheOldContentOrTheNewOne) {
         EXPECT_TRUE(stage.subject.load());
         EXPECT_TRUE(stage.subject.text() == contents_.text[0] || stage.subject.text() == contents_.text[1]);
     }
-    for (const Files& files : rests.behind)
+    for (const Files& files : rests.after)
         EXPECT_EQ(files.at(path_), contents_.file[1]) << "saved is saved";
 }
 
 TEST_P(PowerCut, NeverLosesAFirstSaveThatHasEnded) {
-    for (const Files& files : cutSave({{path_ + ".other", "a file beside it"}}).behind)
+    for (const Files& files : cutSave({{path_ + ".other", "a file beside it"}}).after)
         EXPECT_EQ(files.count(path_), 1u);
 }
 

@@ -42,7 +42,7 @@ private:
         std::vector<Change> pending;
         std::size_t size; ///< As the running program sees it.
     };
-    /// Names that come to stand for another file, or for none (-1), in one step.
+    /// Names that get another file, or none (-1), in one step.
     using Naming = std::vector<std::pair<std::string, int>>;
 
     int fileOf(const std::string& path);

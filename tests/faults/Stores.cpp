@@ -26,7 +26,7 @@ std::size_t told(TestHost& host, bool countsQuiet) {
            host.machine.messageBoxes().shown.size();
 }
 
-/// Whether `work` ends without a message and a report; reports that bother nobody may not count.
+/// Whether `work` ends without a message and a report; reports that are only logged may not count.
 template <class Work>
 bool untold(TestHost& host, Work work, bool countsQuiet = false) {
     const std::size_t before = told(host, countsQuiet);
@@ -41,8 +41,7 @@ Subject currentPlayfile(TestHost&, const std::string& path) {
                 playfile->TotalFrames(version == Version::next ? 3 : 2);
                 for (std::int16_t frame = 1; frame <= playfile->TotalFrames(); ++frame) {
                     playfile->CurrentFrame(frame);
-                    playfile->FrameName(wordFor(version) + std::to_string(frame));
-                    playfile->CurrentLineText("a text that is too long to be kept without memory of its own");
+                    playfile->FrameName(wordFor(version) + std::string(100, 'x')); // which takes memory
                 }
             },
             [=] { return playfile->WritePlayfileToDisk(path); },
@@ -51,7 +50,7 @@ Subject currentPlayfile(TestHost&, const std::string& path) {
                 std::string text;
                 for (std::int16_t frame = 1; frame <= playfile->TotalFrames(); ++frame) {
                     playfile->CurrentFrame(frame);
-                    text += playfile->FrameName() + '/' + playfile->CurrentLineText() + ' ';
+                    text += playfile->FrameName() + playfile->CurrentLineText() + ' ';
                 }
                 return text;
             }};
@@ -74,31 +73,29 @@ Subject olderPlayfile(TestHost& host, const std::string& path) {
     return subject;
 }
 
-Subject signs(TestHost& host, const std::string&) {
+Subject signs(TestHost& host, const std::string& path) {
     const auto signs = std::make_shared<DisplayDatabaseClass>();
-    return {[=](Version version) {
-                while (signs->TotalDisplays() > 0)
-                    signs->RemoveDisplay(1);
-                for (const char* name : {"Pier", "Gate", "Office"})
-                    if (signs->AddNewDisplay(name); version == Version::next)
-                        signs->AddNewDisplay(name + std::string(" next"));
-            },
-            [=, &host] {
-                std::string name = "Displays.dat";
-                return untold(host, [&] { signs->WriteAllDisplaysToDisk(name); });
-            },
-            [=, &host] {
-                std::string name = "Displays.dat";
-                return untold(host, [&] { signs->RetrieveAllDisplayInfoFromDisk(name); });
-            },
-            [=] {
-                std::string text;
-                for (std::int16_t number = 1; number <= signs->TotalDisplays(); ++number) {
-                    signs->CurrentDisplayNumber(number);
-                    text += signs->DisplayName() + ' ';
-                }
-                return text;
-            }};
+    // Both calls put the folder in front of the name, in place. Setting it back takes no memory.
+    const auto name = std::make_shared<std::string>(path);
+    const std::string given(SplitPath(path).name);
+    return {
+        [=](Version version) {
+            while (signs->TotalDisplays() > 0)
+                signs->RemoveDisplay(1);
+            for (const char* sign : {"Pier", "Gate", "Office"})
+                if (signs->AddNewDisplay(sign); version == Version::next)
+                    signs->AddNewDisplay(sign + std::string(" next"));
+        },
+        [=, &host] { return untold(host, [&] { signs->WriteAllDisplaysToDisk(*name = given); }); },
+        [=, &host] { return untold(host, [&] { signs->RetrieveAllDisplayInfoFromDisk(*name = given); }); },
+        [=] {
+            std::string text;
+            for (std::int16_t number = 1; number <= signs->TotalDisplays(); ++number) {
+                signs->CurrentDisplayNumber(number);
+                text += signs->DisplayName() + ' ';
+            }
+            return text;
+        }};
 }
 
 Subject preferences(TestHost& host, const std::string&) {
@@ -194,7 +191,7 @@ const std::vector<Store>& Stores() {
         {"Playfile", "a.playfile", currentPlayfile, 0, "Unable to save playfile"},
         {"LegacyPlayfile", "a.PL2", olderPlayfile, Store::onlyLoads},
         {"XmlExport", "a.xml", xmlExport, Store::onlySaves, "Unable to save playfile"},
-        {"Signs", "Displays.dat", signs, Store::keepsCopy | Store::inPlace, "Error Occurred"},
+        {"Signs", std::string(100, 's') + ".dat", signs, Store::keepsCopy | Store::inPlace, "Error Occurred"},
         {"Preferences", "VistrelLite.ini", preferences, Store::loadsSilently},
         {"PrivateIni", "private.ini", privateIni, Store::loadsSilently},
         {"RecentFiles", "VistrelLite.MRU", recentFiles},

@@ -14,7 +14,7 @@ namespace qrtVistrelClasses4 {
 /// What a save finds, and what it leaves.
 enum class Version { old, next };
 
-/// An object of the library. Results say whether the host was told that it worked.
+/// An object of the library. Results say whether it worked, as far as the host learns.
 struct Subject {
     std::function<void(Version)> hold; ///< Takes on a content, in memory.
     std::function<bool()> save;
@@ -32,7 +32,7 @@ struct Store {
         keepsCopy = 1,     ///< The old content may be found in the copy rather than in the file.
         onlySaves = 2,     ///< Nothing reads it.
         onlyLoads = 4,     ///< Nothing writes it.
-        loadsSilently = 8, ///< A failed load is not told.
+        loadsSilently = 8, ///< A failed load is not reported.
         mayStart = 16,     ///< A missing folder is no failure.
         inPlace = 32,      ///< A power cut may leave it in pieces, beside a whole copy.
     };
@@ -40,7 +40,7 @@ struct Store {
     std::string file; ///< Below the library's folder.
     Subject (*make)(TestHost& host, const std::string& path);
     unsigned traits = 0;
-    const char* title = nullptr; ///< Of the message that tells of a failed save; none: a report tells.
+    const char* title = nullptr; ///< Of the message box after a failed save; none: an error is reported.
 
     bool is(unsigned trait) const { return (traits & trait) != 0; }
     bool saves() const { return !is(onlyLoads); }
@@ -50,6 +50,14 @@ struct Store {
 
 const std::vector<Store>& Stores();
 std::vector<Store> StoresThat(const std::function<bool(const Store&)>& belong);
+
+/// A host whose files have names of more than 100 characters, which take memory wherever one is copied.
+struct LongNameHost : TestHost {
+    LongNameHost() {
+        machine.library = inLibrary(std::string(100, 'x'));
+        machine.files().makeFolders(machine.library);
+    }
+};
 
 /// A store on a machine of its own, where `files` lie.
 struct Stage {
@@ -62,7 +70,7 @@ struct Stage {
     bool hasTemporaryFiles();
 
     const Store store;
-    TestHost host;
+    LongNameHost host;
     const std::string path = host.inLibrary(store.file), copyPath = path + ".bak";
     Subject subject;
 };

@@ -1,5 +1,5 @@
-// Two processes that change the same files at once. QRT_ROUNDS tells how often each does; a hundred times
-// unless it is set. On Windows, who starts this program twice tells each by QRT_PROCESS which one it is.
+// Two processes that change the same files at once. QRT_ROUNDS says how often each does, by default a
+// hundred times. On Windows this program is started twice, and QRT_PROCESS says which process each one is.
 #include "TempFolder.h"
 #include "TestHost.h"
 #include "commands/clsCommandInterface.h"
@@ -97,27 +97,23 @@ bool changeCommands(int process, int round) {
     return true;
 }
 
-/// Every sign of a list says who wrote the list, and the writers have lists of different lengths.
+/// The names of signs say which process wrote the list, and when. The lists of the processes differ in
+/// length.
 bool changeSigns(int process, int round) {
     const auto signsOf = [](int writer) { return writer == 0 ? 40 : 25; };
-    DisplayDatabaseClass written;
-    for (int sign = 1; sign <= signsOf(process); ++sign) {
-        written.CurrentDisplayNumber(written.AddNewDisplay("Sign " + std::to_string(sign)));
-        written.PhoneNumber(std::to_string(process));
-        written.AppDesc(std::to_string(round));
-    }
+    DisplayDatabaseClass written, read;
+    for (int sign = 1; sign <= signsOf(process); ++sign)
+        written.AddNewDisplay(std::to_string(process) + " in round " + std::to_string(round) + ", sign " +
+                              std::to_string(sign));
     std::string fileName = "Displays.dat";
     written.WriteAllDisplaysToDisk(fileName);
-    DisplayDatabaseClass read;
     read.RetrieveAllDisplayInfoFromDisk(fileName);
-    read.CurrentDisplayNumber(1);
-    const std::string writer = read.PhoneNumber(), when = read.AppDesc();
-    for (std::int16_t sign = 1; sign <= read.TotalDisplays(); ++sign) {
-        read.CurrentDisplayNumber(sign);
-        if (read.PhoneNumber() != writer || read.AppDesc() != when)
+    const std::string first = read.DisplayName(), start = first.substr(0, first.rfind(' ') + 1);
+    const std::int16_t total = read.TotalDisplays();
+    for (std::int16_t sign = 1; sign <= total; ++sign)
+        if (read.FindDisplayByName(start + std::to_string(sign)) != sign)
             return false;
-    }
-    return read.TotalDisplays() == signsOf(writer == "0" ? 0 : 1);
+    return total == signsOf(first.starts_with('0') ? 0 : 1);
 }
 
 struct Change {
@@ -151,16 +147,14 @@ protected:
     TempFolder folder_;
 };
 
-#ifdef _WIN32
 TEST_P(TwoProcesses, ChangeTheSameFileWithoutMixingItOrLosingAKey) {
+#ifdef _WIN32
     const char* process = std::getenv("QRT_PROCESS");
     if (!process)
         GTEST_SKIP();
     start(std::atoi(process));
     EXPECT_TRUE(run(std::atoi(process), kRounds));
-}
 #else
-TEST_P(TwoProcesses, ChangeTheSameFileWithoutMixingItOrLosingAKey) {
     start(0);
     pid_t children[kProcesses] = {};
     for (int process = 0; process < kProcesses; ++process)
@@ -174,8 +168,8 @@ TEST_P(TwoProcesses, ChangeTheSameFileWithoutMixingItOrLosingAKey) {
     EXPECT_TRUE(run(0, kNames) && run(1, kNames)) << "afterwards";
     for (const auto& entry : std::filesystem::directory_iterator(folder_.path()))
         EXPECT_NE(entry.path().extension(), ".tmp");
-}
 #endif
+}
 
 constexpr Change kChanges[] = {
 #ifndef _WIN32

@@ -47,9 +47,10 @@ TEST(SystemProfiles, ReadAndChangeRandomTextsAsOursDo) {
         }
         SCOPED_TRACE(testing::PrintToString(text));
         const std::string section = randomName(), key = randomName();
-        SCOPED_TRACE("[" + section + "] " + key);
+        SCOPED_TRACE(testing::Message() << "[" << section << "] " << key);
         if (input % inputsOfAFile < readsOfAFile) {
-            std::string buffer(random.below(4) == 0 ? random.below(5) + 1 : 255, '\0');
+            std::string buffer(static_cast<std::size_t>(random.below(4) == 0 ? random.below(5) + 1 : 255),
+                               '\0');
             const std::string ours = ProfileString(IniIndex(text).find(section, key), "none ", buffer.size());
             buffer.resize(::GetPrivateProfileStringA(section.c_str(), key.c_str(), "none ", buffer.data(),
                                                      static_cast<DWORD>(buffer.size()), path.c_str()));

@@ -1,4 +1,4 @@
-// What stands at the limits of editing. fuzz/FrameEditing holds the rest against a list.
+// The limits of editing. fuzz/FrameEditing holds the rest against a list.
 #include "Allocations.h"
 #include "TestHost.h"
 #include "playfile/FrameInfoClass.h"
@@ -15,19 +15,18 @@ constexpr std::int16_t kLargest = 32767;
 
 void putFrames(FrameInfoClass& playfile, const std::string& letters) {
     playfile.TotalFrames(static_cast<std::int16_t>(letters.size()));
-    for (int number = 1; number <= playfile.TotalFrames(); ++number) {
-        playfile.CurrentFrame(static_cast<std::int16_t>(number));
-        playfile.FrameName(std::string(30, letters.at(static_cast<std::size_t>(number) - 1)));
-    }
+    Playfile value = playfile.Value();
+    auto letter = letters.begin();
+    for (FrameRecord& frame : value.frames)
+        frame.FrameName.assign(30, *letter++);
+    playfile.Adopt(std::move(value));
 }
 
 /// One letter a frame, "_" for one without a name.
-std::string order(FrameInfoClass& playfile) {
+std::string order(const FrameInfoClass& playfile) {
     std::string letters;
-    for (int number = 1; number <= playfile.TotalFrames(); ++number) {
-        playfile.CurrentFrame(static_cast<std::int16_t>(number));
-        letters += (playfile.FrameName() + '_').front();
-    }
+    for (const FrameRecord& frame : playfile.Value().frames)
+        letters += (frame.FrameName + '_').front();
     return letters;
 }
 
@@ -78,17 +77,6 @@ TEST_F(FrameEditing, HasNoMoreFramesThanNumbers) {
     EXPECT_EQ(host_.reports.takeNumbers(), Numbers{6});
 }
 
-TEST_F(FrameEditing, CutsAndPastesAsManyFramesAsThereAreNumbers) {
-    const std::string letters = "A" + std::string(kLargest - 2, '.') + "Z";
-    playfile_.TotalFramesAllowed(kLargest);
-    putFrames(playfile_, letters);
-    cut(1, kLargest);
-    EXPECT_EQ(order(playfile_), "_");
-    playfile_.PasteInfo(1, clipboard_.get());
-    EXPECT_TRUE(order(playfile_) == letters);
-    EXPECT_TRUE(host_.reports.all.empty());
-}
-
 TEST_F(FrameEditing, MayTakeThePlayfileItselfForTheClipboard) {
     putFrames(playfile_, "ABC");
     playfile_.PasteInfo(2, &playfile_);
@@ -134,42 +122,6 @@ TEST_F(FrameEditing, CutsNoFrameThatCouldNotBeCopied) {
         EXPECT_EQ(host_.reports.takeNumbers().empty(), !hasFailed);
     });
     EXPECT_EQ(order(playfile_), "ADEF") << "older errors do not count";
-}
-
-TEST_F(FrameEditing, TellsWhetherAnEarlierFrameNeedsTheSameFile) {
-    struct Look {
-        const char *picture, *command;
-        std::int16_t display = 0, prefix = 0;
-    };
-    const struct {
-        const char* why;
-        Look earlier, frame;
-        bool isClone;
-    } cases[] = {
-        {"no files at all", {"", ""}, {"", ""}, false},
-        {"other capitals", {"p.bmp", ""}, {"P.bmp", ""}, false},
-        {"placed otherwise", {"p", "", 1}, {"p", "", 2}, false},
-        {"other effects do not count", {"p", "", 1, 5000}, {"p", "", 1, 7}, true},
-        {"only the later one photorealistic", {"p", ""}, {"p", "", 0, 9999}, true},
-        {"only the earlier one photorealistic", {"p", "", 0, 9999}, {"p", ""}, false},
-        {"the same command file, whatever the picture", {"p", "c", 1, 9999}, {"q", "c", 2}, true},
-        {"a picture named like a command file", {"x", ""}, {"", "x"}, false},
-    };
-    playfile_.TotalFrames(4);
-    const auto put = [&](std::int16_t number, const Look& look) {
-        playfile_.CurrentFrame(number);
-        playfile_.PicturefileName(look.picture);
-        playfile_.commandfile(look.command);
-        playfile_.PictureFileDisplay(look.display);
-        playfile_.PrefixCode(look.prefix);
-    };
-    for (const auto& row : cases) {
-        put(2, row.earlier);
-        put(4, row.frame);
-        EXPECT_EQ(playfile_.IsThereAPreviousClone(4), row.isClone) << row.why;
-        for (const auto number : std::vector<std::int16_t>{-1, 0, 1, 2, 5})
-            EXPECT_FALSE(playfile_.IsThereAPreviousClone(number)) << number;
-    }
 }
 
 } // namespace

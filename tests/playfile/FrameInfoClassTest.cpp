@@ -14,11 +14,11 @@ namespace {
 /// A property by its overload pair.
 template <class Value, class Given>
 struct Property {
-    Value (FrameInfoClass::*read)();
+    Value (FrameInfoClass::*read)() const;
     void (FrameInfoClass::*write)(Given);
 };
 template <class Value, class Given>
-Property(Value (FrameInfoClass::*)(), void (FrameInfoClass::*)(Given)) -> Property<Value, Given>;
+Property(Value (FrameInfoClass::*)() const, void (FrameInfoClass::*)(Given)) -> Property<Value, Given>;
 // clang-format off
 #define P(name) Property{&FrameInfoClass::name, &FrameInfoClass::name}
 constexpr std::tuple kTraced{
@@ -59,27 +59,6 @@ TEST_F(FrameInfo, StartsWithTwentyFramesOfOneLine) {
     playfile_.DisplayHeight(16);
     EXPECT_EQ(std::tuple(playfile_.CurrentFileName(), playfile_.DisplayWidth(), playfile_.DisplayHeight()),
               std::tuple("a", 80, 16));
-}
-
-TEST_F(FrameInfo, HoldsThePhotoRealisticEffectOnBothSidesOrOnNone) {
-    using Side = void (FrameInfoClass::*)(std::int16_t);
-    const Side prefix = &FrameInfoClass::PrefixCode, suffix = &FrameInfoClass::SuffixCode;
-    const struct {
-        const char* why;
-        Side side;
-        std::int16_t code;
-        std::pair<int, int> codes;
-    } cases[] = {{"the prefix takes the suffix along", prefix, 9999, {9999, 9999}},
-                 {"and leaves it without one", prefix, 4, {4, 0}},
-                 {"the suffix takes the prefix along", suffix, 9999, {9999, 9999}},
-                 {"and leaves it without one", suffix, 10, {0, 10}},
-                 {"other codes do not touch each other", prefix, 5, {5, 10}}};
-    playfile_.CurrentFrame(1);
-    for (const auto& row : cases) {
-        (playfile_.*row.side)(row.code);
-        EXPECT_EQ((std::pair<int, int>(playfile_.PrefixCode(), playfile_.SuffixCode())), row.codes)
-            << row.why;
-    }
 }
 
 TEST_F(FrameInfo, TrapsACursorOutsideTheFramesInTracedPropertiesOnly) {
@@ -144,40 +123,6 @@ TEST_F(FrameInfo, RefusesNumbersThatDoNotFit) {
     EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{6, 6, 6, 9, 9, 9}));
     EXPECT_EQ(std::tuple(playfile_.DelayTime(), playfile_.TotalFrames(), playfile_.TotalLinesAllowed()),
               std::tuple(0, 20, 1));
-}
-
-TEST_F(FrameInfo, CountsTheKindsByTheirStoredNumbersAndRoundsTheDelayAfterEveryFrame) {
-    const auto put = [&](std::int32_t type, double delay) {
-        playfile_.TotalFrames(static_cast<std::int16_t>(playfile_.TotalFrames() + 1));
-        playfile_.CurrentFrame(playfile_.TotalFrames());
-        playfile_.FrameType(FRAME_TYPES{type});
-        playfile_.DelayTime(delay);
-    };
-    // Each kind another number of times; 5 and -1 are no kind, but not blank either.
-    for (const int type : {0, 1, 2, 2, 3, 3, 3, 4, 4, 4, 4, 5, -1})
-        put(type, 0);
-    EXPECT_EQ((Numbers{playfile_.HowManyUsedFramesAreThere(), playfile_.HowManyGraphicsAreThere(),
-                       playfile_.HowManyTextFramesAreThere(), playfile_.HowManyGraphicTextFramesAreThere(),
-                       playfile_.HowManyCommandFileFramesAreThere()}),
-              (Numbers{12, 1, 2, 3, 4}));
-    const struct {
-        const char* why;
-        std::vector<double> delays;
-        std::int32_t total;
-        Numbers errors;
-    } cases[] = {{"halves go to the even number", {0.5, 0.5, 0.5}, 0, {}},
-                 {"not once at the end", {2.5, 0.4}, 2, {}},
-                 {"below zero", {-0.5, -1.5, -2}, -4, {}},
-                 {"up to the largest number", {2147483646, 1.4}, 2147483647, {}},
-                 {"back from beyond it is too late", {2147483647, 1, -1}, 0, {6}}};
-    for (const auto& row : cases) {
-        playfile_.TotalFrames(0);
-        put(0, 1000); // blank: never counted
-        for (const double delay : row.delays)
-            put(2, delay);
-        EXPECT_EQ(playfile_.WhatsTheTotalOfAllDelaysForThisFile(), row.total) << row.why;
-        EXPECT_EQ(host_.reports.takeNumbers(), row.errors) << row.why;
-    }
 }
 
 } // namespace

@@ -13,7 +13,7 @@ struct LegacyFields {
     std::string text = "";
     std::string suffix = "";
     std::uint8_t font = 0;
-    std::string flags = ""; ///< Of the first lines; those behind have none.
+    std::string flags = ""; ///< Of the first lines; the others have none.
     std::string reference = "";
 };
 

@@ -38,9 +38,8 @@ TEST_F(DefaultErrorReport, GoesToTheLogAndToTheOperatorUnlessItIsQuietOrSwitched
     fail();
     EXPECT_EQ(takeBoxes(), box_) << "and no other for the log";
     host_.machine.messageBoxes().isAttended = false;
-    testing::internal::CaptureStderr();
     fail();
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), report_) << "where nobody sees boxes";
+    EXPECT_EQ(host_.machine.console().error, report_) << "where nobody sees boxes";
 }
 
 TEST_F(DefaultErrorReport, LetsNoTextMakeLinesOfItsOwnOrSteerATerminal) {

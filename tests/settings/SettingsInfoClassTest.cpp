@@ -61,7 +61,7 @@ TEST_F(SettingsInfo, LoadsWhatItSaved) {
     settings_.SaveSettingsToDisk("any name");
     SettingsInfoClass loaded;
     loaded.GetSettingsFromDisk();
-    EXPECT_EQ(loaded.Settings(), settings_.Settings());
+    EXPECT_EQ(loaded.Value(), settings_.Value());
     EXPECT_EQ(loaded.LastGraphicFilePath(), "D:\\Pictures");
     EXPECT_FALSE(loaded.ShowFullPath()) << "held in memory only";
     EXPECT_EQ(loaded.ScheduleNumber(), 1);

@@ -31,7 +31,8 @@ public:
     std::string inHome(const std::string& name) const { return home() + "/" + name; }
 
     /// Runs the commands of a session, which start with "$ ". What comes out has to be what is written under
-    /// them: output, errors, and the exit code unless it is 0. Lines that start with "# " are remarks.
+    /// them: output, errors, and the exit code unless it is 0. A command of the program that only prints an
+    /// error takes one line: "! CODE ARGUMENTS -> ERROR". Lines that start with "# " are remarks.
     void play(const std::string& session) const {
         std::ifstream lines(VISTREL_SESSIONS_FOLDER "/" + session + ".txt");
         ASSERT_TRUE(lines);
@@ -41,6 +42,10 @@ public:
             if (line.starts_with("$ ")) {
                 runLast();
                 command = line.substr(2);
+            } else if (const std::size_t arrow = line.find(" -> "); line.starts_with("! ")) {
+                runLast();
+                command = "vistrel " + line.substr(4, arrow - 4);
+                wanted = "vistrel: " + line.substr(arrow + 4) + "\n[" + line[2] + "]\n";
             } else if (!line.starts_with("# ") && (!line.empty() || lines.peek() != '#')) {
                 wanted += line + "\n";
             }
@@ -53,7 +58,6 @@ private:
     std::string run(const std::string& command) const {
         const std::string script = "cd '" + home() + "'; export HOME='" + folder_.file("user") +
                                    R"sh(' XDG_CONFIG_HOME= LC_ALL=C
-                SESSIONS=')sh" VISTREL_SESSIONS_FOLDER R"sh('
                 vistrel() { ')sh" VISTREL_PROGRAM R"sh(' --home "$PWD" "$@"; }
                 names() { # the first letters of the frames of a playfile
                     vistrel show "$1" --json | sed -n 's/.*"FrameName": "\(.*\)",/\1-/p' | cut -c 1 | tr -d '\n'

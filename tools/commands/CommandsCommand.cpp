@@ -1,15 +1,12 @@
-// vistrel commands: the sign's commands, and the bytes that stand for them.
-#include "commands/CommandTable.h"
-#include "commands/clsCommandInterface.h"
+// vistrel commands: the sign's commands, and the bytes that the sign understands for them.
+#include "tools/commands/StoredCommands.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/JsonText.h"
 #include "tools/program/PropertyValues.h"
 #include "tools/program/Table.h"
 
-#include <algorithm>
 #include <charconv>
-#include <map>
 #include <optional>
 #include <sstream>
 #include <vector>
@@ -26,18 +23,6 @@ struct CommandsOptions {
     std::vector<std::string> bytes; ///< Typed with or without blanks between them.
 };
 
-/// Lets `use` work on the table, which is saved then.
-template <class Use>
-ExitCode withTable(Session& session, Use use) {
-    EveryErrorReporter reporter(session.errors);
-    const ScopedErrorReporter scope(reporter);
-    session.errors.about("the command table cannot be read");
-    clsCommandInterface commands;
-    const ExitCode code = use(commands);
-    session.errors.about("the command table cannot be saved");
-    return code;
-}
-
 /// As pairs of hexadecimal digits.
 std::string hexText(std::string_view bytes) {
     constexpr std::string_view digits = "0123456789ABCDEF";
@@ -51,7 +36,7 @@ std::string hexText(std::string_view bytes) {
     return text;
 }
 
-/// The way back; none when a word is not made of such pairs.
+/// The way back; nothing if a word is not made of such pairs.
 std::optional<std::string> bytesOfHex(const std::string& text) {
     std::string bytes;
     std::istringstream words(text);
@@ -66,71 +51,73 @@ std::optional<std::string> bytesOfHex(const std::string& text) {
     return bytes;
 }
 
-/// Every row as JSON, texts in UTF-8.
-std::vector<ordered_json> rows(clsCommandInterface& commands) {
-    std::vector<ordered_json> rows;
-    std::map<std::string, std::int16_t> found; // the first row of each key
-    const std::int32_t total = commands.iTotalCommands();
-    for (std::int32_t place = 1; place <= total; ++place) {
-        const auto number = static_cast<std::int16_t>(place);
-        const std::string key = commands.sCommandKeyByNum(number);
-        const std::string bytes = commands.sCommandBytesByNum(number);
-        const std::int16_t first = found.emplace(key, number).first->second;
-        rows.push_back({{"number", number},
-                        {"key", Utf8FromAnsi(key)},
-                        {"bytes", hexText(bytes)},
-                        {"text", Utf8FromAnsi(bytes)},
-                        {"isBuiltIn", number <= BuiltInCommandCount()},
-                        {"hiddenBy", first == number ? ordered_json() : ordered_json(first)}});
-    }
-    return rows;
+/// A command as it works: rows with the same key before it hide it.
+struct ShownCommand {
+    ShownCommand(const CommandTable& table, std::int32_t row)
+        : number(row), key(table.key(row)), bytes(table.bytesOf(key)), first(table.find(key).value_or(row)) {}
+    bool isBuiltIn() const { return number <= BuiltInCommandCount(); }
+    bool isHidden() const { return first != number; }
+
+    std::int32_t number;
+    std::string key;
+    std::string bytes; ///< Those of the first row with the key.
+    std::int32_t first;
+};
+
+std::vector<ShownCommand> shownCommands(const CommandTable& table) {
+    std::vector<ShownCommand> commands;
+    for (std::int32_t number = 1; number <= table.count(); ++number)
+        commands.emplace_back(table, number);
+    return commands;
 }
 
-void print(std::ostream& out, const std::vector<ordered_json>& rows) {
+void to_json(ordered_json& json, const ShownCommand& command) {
+    json = {{"number", command.number},
+            {"key", Utf8FromAnsi(command.key)},
+            {"bytes", hexText(command.bytes)},
+            {"text", Utf8FromAnsi(command.bytes)},
+            {"isBuiltIn", command.isBuiltIn()},
+            {"hiddenBy", command.isHidden() ? ordered_json(command.first) : ordered_json()}};
+}
+
+void print(std::ostream& out, const std::vector<ShownCommand>& commands) {
     Table table({{"No.", Table::Align::right}, {"Key"}, {"Bytes"}, {"As text"}, {"Made"}});
-    for (const ordered_json& row : rows) {
-        const std::string made = row["isBuiltIn"].get<bool>() ? "built in"
-                                 : row["hiddenBy"].is_null()  ? "own"
-                                                              : "own, hidden by " + CellText(row["hiddenBy"]);
-        table.addRow({CellText(row["number"]), CellText(row["key"]), CellText(row["bytes"]),
-                      CellText(row["text"]), made});
-    }
+    for (const ShownCommand& command : commands)
+        table.addRow({std::to_string(command.number), Visible(Utf8FromAnsi(command.key)),
+                      hexText(command.bytes), Visible(Utf8FromAnsi(command.bytes)),
+                      command.isBuiltIn()  ? "built in"
+                      : command.isHidden() ? "own, hidden by " + std::to_string(command.first)
+                                           : "own"});
     out << table;
 }
 
 ExitCode listCommands(const CommandsOptions& options, Session& session) {
-    return withTable(session, [&](clsCommandInterface& commands) {
-        const std::vector<ordered_json> all = rows(commands);
+    return WithStoredCommands(session.errors, [&](const CommandTable& table) {
+        const std::vector<ShownCommand> commands = shownCommands(table);
         if (options.json)
-            session.out << JsonText(all) << '\n';
+            session.out << JsonText(commands) << '\n';
         else
-            print(session.out, all);
+            print(session.out, commands);
         return ExitCode::done;
     });
 }
 
 ExitCode getCommand(const CommandsOptions& options, Session& session) {
-    return withTable(session, [&](clsCommandInterface& commands) {
-        const std::vector<ordered_json> all = rows(commands);
-        const auto row =
-            std::ranges::find_if(all, [&](const ordered_json& it) { return it["key"] == options.key; });
-        if (row == all.end()) {
+    return WithStoredCommands(session.errors, [&](const CommandTable& table) {
+        const std::optional<std::string> key = AnsiFromUtf8(options.key);
+        const std::optional<std::int32_t> number = key ? table.find(*key) : std::nullopt;
+        if (!number) {
             session.errors.about(options.key);
             session.errors.add("there is no command of that key");
             return ExitCode::failed;
         }
-        session.out << (options.json ? JsonText(*row) : CellText((*row)["bytes"])) << '\n';
+        const ShownCommand command(table, *number);
+        session.out << (options.json ? JsonText(command) : hexText(command.bytes)) << '\n';
         return ExitCode::done;
     });
 }
 
-bool isBuiltIn(const std::string& key) {
-    return std::ranges::any_of(BuiltInCommands(), [&](const CommandInfoType& command) {
-        return command.sCMDInfo[kCommandKey] == key;
-    });
-}
-
-/// What was typed as bytes; none after telling why.
+/// What was typed as bytes; nothing after the reason has been reported.
 std::optional<std::string> typedBytes(const CommandsOptions& options, ErrorLines& errors) {
     std::string typed;
     for (const std::string& part : options.bytes)
@@ -143,7 +130,8 @@ std::optional<std::string> typedBytes(const CommandsOptions& options, ErrorLines
     return bytes && bytes->empty() ? std::nullopt : bytes;
 }
 
-/// What the bytes of a command may be set to. None, after telling why, when that would not last.
+/// A key and its bytes as typed; nothing, after the reason has been reported, if the file would not keep
+/// them.
 std::optional<std::pair<std::string, std::string>> typedCommand(const CommandsOptions& options,
                                                                 ErrorLines& errors) {
     errors.about(options.key);
@@ -153,7 +141,7 @@ std::optional<std::pair<std::string, std::string>> typedCommand(const CommandsOp
         return std::nullopt;
     if (key->empty())
         errors.add("a command needs a key");
-    else if (isBuiltIn(*key))
+    else if (BuiltInCommands().find(*key))
         errors.add("a command that is built in cannot be changed");
     else if ((*key + *bytes).find_first_of("\n\r\xff") != key->npos)
         errors.add("a command table cannot hold the bytes 0A, 0D and FF");
@@ -166,9 +154,8 @@ ExitCode setCommand(const CommandsOptions& options, Session& session) {
     const auto command = typedCommand(options, session.errors);
     if (!command)
         return ExitCode::wrongUsage;
-    return withTable(session, [&](clsCommandInterface& commands) {
-        session.errors.about(options.key);
-        commands.sCommandBytesByKey(command->first, command->second);
+    return WithStoredCommands(session.errors, [&](CommandTable& table) {
+        table.set(command->first, command->second);
         return ExitCode::done;
     });
 }
@@ -190,7 +177,7 @@ void AddCommandsCommand(CLI::App& program, Session& session) {
         });
         return &command;
     };
-    constexpr const char* keyHelp = "Key of the command, as it stands in texts";
+    constexpr const char* keyHelp = "Key of the command, as texts hold it";
 
     add("list", &listCommands, "Shows every command", "vistrel commands list --home samples")
         ->add_flag("--json", options->json, "Prints an array of commands");

@@ -1,6 +1,7 @@
 // vistrel text: texts of signs, and the codes in them.
 #include "commands/LegacyVariables.h"
 #include "commands/PreviewText.h"
+#include "tools/commands/StoredCommands.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Decimal.h"
 #include "tools/program/Encoding.h"
@@ -19,11 +20,10 @@ struct TextOptions {
 };
 
 std::string previewOf(const std::string& text, const TextOptions& options, ErrorLines& errors) {
-    errors.about("the command table cannot be read or saved");
-    EveryErrorReporter reporter(errors);
-    const ScopedErrorReporter reporterScope(reporter);
     const ScopedMoment momentScope(options.at);
-    return PreviewText(text, options.hours.value);
+    return WithStoredCommands(errors, [&](const CommandTable& commands) {
+        return TextPreviews(commands, options.hours.value).of(text);
+    });
 }
 
 std::string converted(const std::string& text, const TextOptions&, ErrorLines&) {

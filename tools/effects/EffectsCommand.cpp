@@ -71,9 +71,12 @@ std::vector<Effect> allEffects() {
     std::vector<Effect> effects;
     for (std::int32_t number = 0; number <= std::numeric_limits<std::int16_t>::max(); ++number) {
         const auto code = static_cast<std::int16_t>(number);
-        Effect effect{
-            code,          PrefixName(code), SuffixName(code), prefixes.textOf(code), suffixes.textOf(code),
-            iniKeyOf(code)};
+        Effect effect{code,
+                      PrefixName(code).value_or(""),
+                      SuffixName(code).value_or(""),
+                      prefixes.textOf(code),
+                      suffixes.textOf(code),
+                      iniKeyOf(code)};
         if (!effect.prefixName.empty() || !effect.suffixName.empty() || effect.prefixListText ||
             effect.suffixListText)
             effects.push_back(std::move(effect));

@@ -1,16 +1,14 @@
 // vistrel convert: playfiles of the older format saved as current ones, many at once.
+#include "frame/Traced.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
-#include "platform/posix/StandardStreams.h"
 #include "tools/playfile/Opening.h"
 #include "tools/playfile/Saving.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <iostream>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
@@ -37,10 +35,10 @@ public:
 private:
     void show(const std::string& text) const {
         if (isWatched_)
-            std::cerr << text << std::flush;
+            (void)platform().console().write(StandardStream::error, text);
     }
 
-    bool isWatched_ = IsTerminal(StandardStream::error);
+    bool isWatched_ = platform().console().isTerminal(StandardStream::error);
     std::size_t current_ = 0;
     std::size_t total_;
 };
@@ -57,12 +55,6 @@ std::string targetOf(const std::string& file, const std::string& folder) {
     return JoinPath(folder, std::string(name) + ".playfile");
 }
 
-/// Links that lead nowhere count: what they name must not be made either.
-bool isThere(const std::string& path) {
-    std::error_code unknown;
-    return std::filesystem::exists(std::filesystem::symlink_status(path, unknown));
-}
-
 Conversion convertFile(const std::string& from, const std::string& to, Session& session) {
     ErrorLines& errors = session.errors;
     const std::size_t errorsBefore = errors.count();
@@ -74,7 +66,7 @@ Conversion convertFile(const std::string& from, const std::string& to, Session& 
         errors.add("not converted: it is a current playfile already");
         return Conversion::failed;
     }
-    if (isThere(to)) {
+    if (platform().files().hasEntry(to)) { // what a link that leads nowhere names must not be made either
         errors.add("not converted: " + to + " is there already");
         return Conversion::failed;
     }
@@ -87,12 +79,10 @@ Conversion convertFile(const std::string& from, const std::string& to, Session& 
 
 /// What one file throws does not keep the next from being converted.
 Conversion tryToConvert(const std::string& from, const std::string& to, Session& session) {
-    try {
-        return convertFile(from, to, session);
-    } catch (...) {
-        session.errors.add(CurrentError());
-        return Conversion::failed;
-    }
+    Conversion result = Conversion::failed;
+    if (const auto error = ErrorOf([&] { result = convertFile(from, to, session); }))
+        session.errors.add(*error);
+    return result;
 }
 
 ExitCode convert(const ConvertOptions& options, Session& session) {

@@ -14,7 +14,7 @@ using nlohmann::ordered_json;
 template <class Value>
 struct Property {
     std::string_view name;
-    Value (FrameInfoClass::*get)();
+    Value (FrameInfoClass::*get)() const;
 };
 using Text = Property<std::string>;
 using Number = Property<std::int16_t>;

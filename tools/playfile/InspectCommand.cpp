@@ -98,7 +98,7 @@ void printJson(std::ostream& out, const std::string& name, InputFile& file) {
     inspectRecords(file, [&](const InspectedRecord& record) {
         out << std::exchange(separator, ",\n") << JsonText(jsonOf(record));
     });
-    out << "\n],\n\"bytesBehindRecords\": " << ExtentOf(file).bytesBehind << "\n}\n";
+    out << "\n],\n\"bytesBehindRecords\": " << ExtentOf(file).bytesAfter << "\n}\n";
 }
 
 /// Those up to the last one that is set, in hexadecimal.
@@ -154,7 +154,7 @@ void printTables(std::ostream& out, InputFile& file) {
     out << fields << "\nBytes outside the known fields that are not zero: " << unknownCount << '\n';
     if (unknownCount > 0)
         out << unknown;
-    out << "Bytes behind the last whole record: " << ExtentOf(file).bytesBehind << '\n';
+    out << "Bytes behind the last whole record: " << ExtentOf(file).bytesAfter << '\n';
 }
 
 ExitCode inspect(const InspectOptions& options, Session& session) {

@@ -11,8 +11,8 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 /// Whether a keyword is there but stands for no effect. A loop that is too long is an error, which is told.
-bool isUnknown(const std::string& keyword, std::int16_t (*codeOf)(std::string_view)) try {
-    return !keyword.empty() && codeOf(keyword) == 0;
+bool isUnknown(const std::string& keyword, std::optional<std::int16_t> (*codeOf)(std::string_view)) try {
+    return !keyword.empty() && !codeOf(keyword);
 } catch (const RuntimeError&) {
     return false;
 }

@@ -25,8 +25,8 @@ void explainLegacyPlayfile(FrameInfoClass& playfile, bool isOpen, bool saidNo, E
     if (frames < extent.records)
         errors.add("only the first " + std::to_string(frames) + " of " + std::to_string(extent.records) +
                    " frames could be read");
-    if (extent.bytesBehind > 0)
-        errors.add("the last " + std::to_string(extent.bytesBehind) + " bytes are no whole frame");
+    if (extent.bytesAfter > 0)
+        errors.add("the last " + std::to_string(extent.bytesAfter) + " bytes are no whole frame");
 }
 
 } // namespace

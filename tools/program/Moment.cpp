@@ -27,6 +27,7 @@ public:
     FileSystem& files() override { return machine_.files(); }
     RegistryStore& registry() override { return machine_.registry(); }
     MessageBoxes& messageBoxes() override { return machine_.messageBoxes(); }
+    Console& console() override { return machine_.console(); }
     std::unique_ptr<ProfileFile> openProfile(const std::string& path) override {
         return machine_.openProfile(path);
     }

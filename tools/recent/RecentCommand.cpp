@@ -1,14 +1,11 @@
 // vistrel recent: the files opened last.
-#include "platform/LetterCase.h"
-#include "settings/MostRecentlyUsed.h"
+#include "settings/RecentFiles.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/JsonText.h"
 #include "tools/program/PropertyValues.h"
 
-#include <algorithm>
 #include <optional>
-#include <vector>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -18,33 +15,36 @@ struct RecentOptions {
     std::string name;
 };
 
-/// The names as they are on the disk.
-std::vector<std::string> recentNames(ErrorLines& errors) {
+/// The list as it is on the disk; what is wrong with it is reported.
+RecentFilesOutcome loadList(ErrorLines& errors) {
     errors.about("the list of recent files");
-    MostRecentlyUsed recent;
-    std::vector<std::string> names;
-    const std::int32_t total = recent.TotalFilesInList();
-    for (std::int32_t number = 1; number <= total; ++number)
-        names.push_back(recent.GetFileName(static_cast<std::int16_t>(number)));
-    std::erase(names, ""); // the last one usually is
-    return names;
+    const std::optional<std::string> path = RecentFilesPath();
+    RecentFilesOutcome list = path ? LoadRecentFiles(*path) : RecentFilesOutcome();
+    if (list.error)
+        errors.add(*list.error);
+    return list;
+}
+
+void printList(const RecentFiles& files, bool json, std::ostream& out) {
+    auto names = nlohmann::ordered_json::array();
+    for (const std::string& name : files.entries)
+        if (!name.empty())
+            names.push_back(Utf8FromAnsi(name));
+    if (json)
+        out << JsonText(names) << '\n';
+    else if (names.empty())
+        out << "No files\n";
+    else
+        for (const nlohmann::ordered_json& name : names)
+            out << CellText(name) << '\n';
 }
 
 ExitCode list(const RecentOptions& options, Session& session) {
-    auto names = nlohmann::ordered_json::array();
-    for (const std::string& name : recentNames(session.errors))
-        names.push_back(Utf8FromAnsi(name));
-    if (options.json)
-        session.out << JsonText(names) << '\n';
-    else if (names.empty())
-        session.out << "No files\n";
-    else
-        for (const nlohmann::ordered_json& name : names)
-            session.out << CellText(name) << '\n';
+    printList(loadList(session.errors).files, options.json, session.out);
     return ExitCode::done;
 }
 
-/// The typed name; none, after telling why, when the list cannot hold it.
+/// The typed name; nothing, after the reason has been reported, if the list cannot hold it.
 std::optional<std::string> typedName(const RecentOptions& options, ErrorLines& errors) {
     errors.about(options.name);
     std::optional<std::string> name = AnsiFromTyped(options.name, errors);
@@ -59,27 +59,41 @@ std::optional<std::string> typedName(const RecentOptions& options, ErrorLines& e
     return std::nullopt;
 }
 
-ExitCode add(const RecentOptions& options, Session& session) {
+/// Saves and prints the list that `change(files, name)` makes; it returns false if it cannot.
+template <class Change>
+ExitCode changeList(const RecentOptions& options, Session& session, Change change) {
     const std::optional<std::string> name = typedName(options, session.errors);
     if (!name)
         return ExitCode::wrongUsage;
-    session.errors.about("the list of recent files");
-    MostRecentlyUsed().AddFileToMostRecentlyUsedList(*name);
-    return list(options, session);
+    RecentFilesOutcome list = loadList(session.errors);
+    if (list.mayBeReplaced) {
+        if (!change(list.files, *name))
+            return ExitCode::failed;
+        if (const std::optional<RuntimeError> error = SaveRecentFiles(list.files)) {
+            session.errors.add(*error);
+            return ExitCode::failed;
+        }
+    }
+    printList(list.files, options.json, session.out);
+    return ExitCode::done;
+}
+
+ExitCode add(const RecentOptions& options, Session& session) {
+    return changeList(options, session, [](RecentFiles& files, const std::string& name) {
+        files.remove(name);
+        files.putFirst(name);
+        return true;
+    });
 }
 
 ExitCode remove(const RecentOptions& options, Session& session) {
-    const std::optional<std::string> name = typedName(options, session.errors);
-    if (!name)
-        return ExitCode::wrongUsage;
-    if (std::ranges::none_of(recentNames(session.errors),
-                             [&](const std::string& known) { return EqualIgnoringAnsiCase(known, *name); })) {
+    return changeList(options, session, [&](RecentFiles& files, const std::string& name) {
+        if (files.remove(name))
+            return true;
         session.errors.about(options.name);
         session.errors.add("the list of recent files has no such name");
-        return ExitCode::failed;
-    }
-    MostRecentlyUsed().RemoveFileFromMostRecentlyUsed(*name);
-    return list(options, session);
+        return false;
+    });
 }
 
 } // namespace

@@ -1,7 +1,5 @@
 // vistrel settings: the application's preferences.
-#include "frame/Conversions.h"
-#include "platform/LetterCase.h"
-#include "settings/SettingsInfoClass.h"
+#include "settings/PreferencesFile.h"
 #include "tools/program/Commands.h"
 #include "tools/program/JsonText.h"
 #include "tools/program/NameDistance.h"
@@ -9,145 +7,104 @@
 #include "tools/program/Table.h"
 
 #include <algorithm>
+#include <limits>
 #include <optional>
-#include <variant>
-#include <vector>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
-using SettingValue = std::variant<std::string, std::int16_t, double, bool>;
-
-struct NamedSetting {
-    std::string property;
-    std::string key;
-    SettingValue value;
-    SettingValue defaultValue;
-};
-
-std::vector<NamedSetting> namedSettings(const SettingsRecord& now, const SettingsRecord& defaults) {
-    std::vector<NamedSetting> all;
-    ForEachSetting(now, [&](const std::string& key, const auto& value, auto, const std::string& property) {
-        all.push_back({property, key, value, {}});
-    });
-    auto next = all.begin();
-    ForEachSetting(
-        defaults, [&](const auto&, const auto& value, auto, const auto&) { (next++)->defaultValue = value; });
-    return all;
-}
-
-/// Lets an error of loading be about the key that was read last.
-class LastKeyRead final : public TraceRecorder {
-public:
-    explicit LastKeyRead(ErrorLines& errors) : errors_(errors) {}
-    void entered(const TraceLine&) override {}
-    void left(const TraceLine& line) override {
-        if (line.procedure == "Function GetPrivateSetting")
-            errors_.about("VistrelLite.ini " + line.arguments);
+Preferences loadPreferences(ErrorLines& errors) {
+    PreferencesOutcome loaded = LoadPreferences();
+    if (loaded.error) {
+        errors.about("VistrelLite.ini, key " + loaded.error->key);
+        errors.add(loaded.error->error);
     }
-
-private:
-    ErrorLines& errors_;
-};
-
-/// All preferences as the file has them; what is wrong there goes to the session.
-std::vector<NamedSetting> loadSettings(Session& session) {
-    SettingsInfoClass settings;
-    const SettingsRecord defaults = settings.Settings();
-    LastKeyRead lastKey(session.errors);
-    const ScopedTraceRecorder scope(lastKey);
-    settings.GetSettingsFromDisk();
-    return namedSettings(settings.Settings(), defaults);
+    return std::move(loaded.values);
 }
 
-/// A value as the library saves it.
-struct StoredText {
-    std::string operator()(const std::string& text) const { return text; }
-    std::string operator()(std::int16_t number) const { return NumberToText(std::int32_t{number}); }
-    std::string operator()(double number) const { return NumberToText(number); }
-    std::string operator()(bool flag) const { return std::string(BooleanToText(flag)); }
-};
-
-std::string cellText(const SettingValue& value) {
-    return Visible(Utf8FromAnsi(std::visit(StoredText(), value)));
+template <class Value>
+std::string cellText(const Value& value) {
+    return Visible(Utf8FromAnsi(PreferenceText(value)));
 }
 
-/// What was typed, as the library saves values of the type of `value`; none after telling what is wanted.
-std::optional<std::string> storedText(const SettingValue& value, const std::string& typed,
-                                      ErrorLines& errors) {
-    return std::visit(
-        [&]<class Value>(const Value&) -> std::optional<std::string> {
-            const std::optional<Value> parsed = ValueFromTyped<Value>(typed, errors);
-            return parsed ? std::optional(StoredText()(*parsed)) : std::nullopt;
-        },
-        value);
-}
-
-/// The setting of that property name or key; none after telling which names come near.
-const NamedSetting* find(const std::vector<NamedSetting>& settings, const std::string& name,
-                         Session& session) {
-    for (const NamedSetting& setting : settings)
-        if (EqualIgnoringAsciiCase(setting.property, name) || EqualIgnoringAsciiCase(setting.key, name))
-            return &setting;
-    const auto nearest = std::ranges::min_element(settings, {}, [&](const NamedSetting& setting) {
-        return std::min(NameDistance(setting.property, name), NameDistance(setting.key, name));
-    });
-    session.errors.about(name);
-    session.errors.add("no such setting; the nearest name is " + nearest->property);
-    return nullptr;
+/// Calls `use(placed, value)` for the preference that has this property name or key, in any case. If there is
+/// none, reports the name that comes nearest.
+template <class Use>
+void withPreference(const std::string& name, const Preferences& preferences, ErrorLines& errors, Use use) {
+    std::size_t least = std::numeric_limits<std::size_t>::max();
+    std::string nearest;
+    const auto visit = [&](const auto& placed, const auto& value) {
+        const std::size_t distance =
+            std::min(NameDistance(placed.name(), name), NameDistance(placed.key(), name));
+        if (distance >= least)
+            return;
+        least = distance;
+        nearest = placed.name();
+        if (distance == 0)
+            use(placed, value);
+    };
+    ForEachPreference(visit, preferences);
+    if (least == 0)
+        return;
+    errors.about(name);
+    errors.add("no such setting; the nearest name is " + nearest);
 }
 
 ExitCode list(bool json, Session& session) {
-    const std::vector<NamedSetting> settings = loadSettings(session);
-    if (json) {
-        auto array = nlohmann::ordered_json::array();
-        for (const NamedSetting& setting : settings)
-            array.push_back(
-                {{"property", setting.property},
-                 {"key", setting.key},
-                 {"value", std::visit([](const auto& value) { return JsonOf(value); }, setting.value)},
-                 {"isDefault", setting.value == setting.defaultValue}});
-        session.out << JsonText(array) << '\n';
-        return ExitCode::done;
-    }
+    const Preferences preferences = loadPreferences(session.errors);
+    const Preferences defaults = DefaultPreferences(FindPreferenceFolders());
+    auto array = nlohmann::ordered_json::array();
     Table table({{"Property"}, {"Key"}, {"Value"}, {"Default"}});
-    for (const NamedSetting& setting : settings)
-        table.addRow({setting.property, setting.key, cellText(setting.value),
-                      setting.value == setting.defaultValue ? "yes" : ""});
-    session.out << table;
+    const auto visit = [&](const auto& placed, const auto& value, const auto& defaultValue) {
+        const bool isDefault = value == defaultValue;
+        array.push_back({{"property", placed.name()},
+                         {"key", placed.key()},
+                         {"value", JsonOf(value)},
+                         {"isDefault", isDefault}});
+        table.addRow({placed.name(), placed.key(), cellText(value), isDefault ? "yes" : ""});
+    };
+    ForEachPreference(visit, preferences, defaults);
+    if (json)
+        session.out << JsonText(array) << '\n';
+    else
+        session.out << table;
     return ExitCode::done;
 }
 
 ExitCode get(const std::string& name, Session& session) {
-    const std::vector<NamedSetting> settings = loadSettings(session);
-    const NamedSetting* setting = find(settings, name, session);
-    if (!setting)
-        return ExitCode::wrongUsage;
-    session.out << cellText(setting->value) << '\n';
-    return ExitCode::done;
+    auto code = ExitCode::wrongUsage;
+    const auto print = [&](const auto&, const auto& value) {
+        session.out << cellText(value) << '\n';
+        code = ExitCode::done;
+    };
+    withPreference(name, loadPreferences(session.errors), session.errors, print);
+    return code;
 }
 
-/// Writes the key and looks whether it got there, since writing itself does not tell.
-bool store(const std::string& key, const std::string& value) {
-    SettingsInfoClass settings;
-    settings.WriteSetting(key, value);
-    const std::string somethingElse = value.empty() ? "-" : "";
-    return settings.GetPrivateSetting(key, somethingElse) == value;
+void store(const std::string& key, const std::string& text, ErrorLines& errors) {
+    const std::optional<std::string> path = PreferencesPath();
+    if (!path)
+        return; // the reason has been reported
+    const WrittenPreference written = WritePreference(*path, key, text);
+    if (written.error)
+        errors.add(*written.error);
+    else if (!written.readsBack)
+        errors.add(
+            "only part of the text is kept: no blanks or quotes around it, and 254 characters at most");
 }
 
 ExitCode set(const std::string& name, const std::string& typed, Session& session) {
-    const SettingsRecord defaults = SettingsInfoClass().Settings();
-    const std::vector<NamedSetting> settings = namedSettings(defaults, defaults);
-    const NamedSetting* setting = find(settings, name, session);
-    if (!setting)
-        return ExitCode::wrongUsage;
-    session.errors.about(setting->property);
-    const std::optional<std::string> stored = storedText(setting->value, typed, session.errors);
-    if (!stored)
-        return ExitCode::wrongUsage;
-    if (!store(setting->key, *stored))
-        session.errors.add("the value was not stored, or does not read back as it is");
-    return ExitCode::done;
+    auto code = ExitCode::wrongUsage;
+    const auto change = [&]<class Value>(const auto& placed, const Value&) {
+        session.errors.about(placed.name());
+        const std::optional<Value> value = ValueFromTyped<Value>(typed, session.errors);
+        if (!value)
+            return;
+        store(placed.key(), PreferenceText(*value), session.errors);
+        code = ExitCode::done;
+    };
+    withPreference(name, {}, session.errors, change);
+    return code;
 }
 
 } // namespace

@@ -1,0 +1,40 @@
+// Where the errors that procedures trap are reported.
+#pragma once
+
+#include "frame/CallTrace.h"
+#include "frame/RuntimeError.h"
+#include "platform/ScopedInstallation.h"
+
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+
+struct ErrorReport {
+    RuntimeError error;
+    /// The procedure that trapped the error.
+    TraceLine procedure;
+    /// The procedures that were on the trace at that time, outermost first. Procedures that were entered
+    /// while tracing was off are missing. A procedure that let the error through comes after the one that
+    /// trapped it.
+    std::vector<TraceLine> stack;
+};
+
+/// Receives each error once, on the thread that trapped it. Several threads may report at the same time.
+class ErrorReporter {
+public:
+    virtual ~ErrorReporter() = default;
+    /// May call the library, but must not change objects whose procedures are running. What it throws is
+    /// ignored, so that a failing report never causes another error.
+    virtual void report(const ErrorReport& report) = 0;
+};
+
+/// The reporter in use while no other is installed: it writes a log file and informs the operator. The room
+/// `settings/` defines it, because the log's folder and the operator's wishes are settings.
+ErrorReporter& defaultErrorReporter();
+
+/// Installs a reporter for the whole process.
+using ScopedErrorReporter = ScopedInstallation<ErrorReporter>;
+template <>
+ErrorReporter*& ScopedErrorReporter::installed();
+
+} // namespace qrtVistrelClasses4

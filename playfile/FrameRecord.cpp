@@ -1,0 +1,54 @@
+#include "playfile/FrameRecord.h"
+
+#include "frame/Conversions.h"
+#include "playfile/Effects.h"
+
+#include <cmath>
+
+namespace qrtVistrelClasses4 {
+
+void EmptyFrame(FrameRecord& frame) {
+    frame.commandfile.clear();
+    frame.PicturefileName.clear();
+    frame.AudioFile.clear();
+    frame.FrameType = 0;
+    frame.DelayTime = 0;
+    frame.FrameName.clear();
+    frame.PrefixCode = 0;
+    frame.SuffixCode = 0;
+    frame.lines = OneBasedArray<LineRecord>(1);
+}
+
+NEW_FRAME_TYPES KindOf(const FrameRecord& frame) { return MeaningOf(FrameTypeAccessor::get(frame)); }
+
+bool IsOverlay(const FrameRecord& frame) { return frame.OverlayFrame != 0; }
+
+FRAME_TYPES FrameTypeAccessor::get(const FrameRecord& frame) {
+    return static_cast<FRAME_TYPES>(frame.FrameType);
+}
+void FrameTypeAccessor::set(FrameRecord& frame, FRAME_TYPES type) {
+    frame.FrameType = NarrowToInt16(static_cast<std::int32_t>(type));
+}
+
+template <std::int16_t FrameRecord::*code, std::int16_t FrameRecord::*other>
+void CoupledCodeAccessor<code, other>::set(FrameRecord& frame, std::int16_t value) {
+    frame.*code = value;
+    if (value == kPhotoRealistic)
+        frame.*other = kPhotoRealistic;
+    else if (frame.*other == kPhotoRealistic)
+        frame.*other = 0;
+}
+template struct CoupledCodeAccessor<&FrameRecord::PrefixCode, &FrameRecord::SuffixCode>;
+template struct CoupledCodeAccessor<&FrameRecord::SuffixCode, &FrameRecord::PrefixCode>;
+
+void DelayAccessor::set(FrameRecord& frame, double seconds) {
+    if (!std::isfinite(seconds))
+        throw RuntimeError(ErrorNumber::overflow);
+    frame.DelayTime = seconds;
+}
+
+std::int16_t LineLimitAccessor::get(const FrameRecord& frame) {
+    return NarrowToInt16(frame.FixedNumberOfLines);
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,33 @@
+// A playfile as a value: frames, and where they came from.
+#pragma once
+
+#include "playfile/FrameRecord.h"
+
+#include <cstdint>
+#include <string>
+
+namespace qrtVistrelClasses4 {
+
+struct Playfile {
+    OneBasedArray<FrameRecord> frames; ///< By their numbers, from 1.
+    std::string fileName;  ///< Path of the file it was loaded from or saved to last; empty if none.
+    bool isLegacy = false; ///< Whether it came from a file of the older format.
+
+    bool operator==(const Playfile&) const = default;
+};
+
+/// Number of frames that are not blank.
+std::int32_t CountUsedFrames(const Playfile& playfile);
+/// Number of frames of a kind.
+std::int32_t CountFrames(const Playfile& playfile, NEW_FRAME_TYPES kind);
+
+/// Seconds of all but blank frames. The sum is rounded after each frame, halves to the even number, so that
+/// delays of 0.5 never add up. Beyond 32 bits: error 6.
+std::int32_t TotalDelaySeconds(const Playfile& playfile);
+
+/// Whether a frame before frame `number` shows the same picture in the same way, or sends the same command
+/// file, so that the sign needs no second copy of the file. Names are compared exactly. False for a number
+/// outside the frames.
+bool HasPreviousClone(const Playfile& playfile, std::int32_t number);
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,124 @@
+#include "playfile/SavePlayfile.h"
+
+#include "platform/LetterCase.h"
+#include "platform/Path.h"
+#include "platform/Platform.h"
+#include "platform/ReplacementFile.h"
+#include "playfile/MediaFiles.h"
+#include "playfile/PlayfileFormat.h"
+
+#include <unordered_map>
+#include <utility>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+/// The files that the frames refer to, in the order in which saving looks at them.
+std::vector<FrameReference> referencesOf(const Playfile& playfile) {
+    std::vector<FrameReference> references;
+    std::int32_t number = 0;
+    for (const FrameRecord& frame : playfile.frames) {
+        ++number;
+        for (const auto member : {&FrameRecord::PicturefileName, &FrameRecord::commandfile})
+            if (const std::string& file = frame.*member; !file.empty())
+                references.push_back({number, member, file});
+    }
+    return references;
+}
+
+/// Copies files that may go away, once the operator has agreed; asks at the first of them.
+class ReferenceCopier {
+public:
+    ReferenceCopier(const SaveCircumstances& circumstances, SaveOutcome& outcome)
+        : circumstances_(circumstances), outcome_(outcome) {}
+
+    void copy(FrameReference reference) {
+        if (IsFixedDrive(reference.file) || !isWanted())
+            return;
+        if (std::optional<std::string> copy = copyOnce(reference.file))
+            outcome_.copies.push_back({std::move(reference), std::move(*copy)});
+        else
+            outcome_.failedCopies.push_back(std::move(reference));
+    }
+
+private:
+    /// What was copied last under a name, and where to; no copy when that failed.
+    struct Copied {
+        std::string source;
+        std::optional<std::string> copy;
+    };
+
+    bool isWanted() {
+        if (!isWanted_)
+            isWanted_ = circumstances_.wantsCopies && circumstances_.wantsCopies();
+        return *isWanted_;
+    }
+    /// Frames often share a file. It is copied again only when another of its name has been in between: the
+    /// last one wins.
+    std::optional<std::string> copyOnce(const std::string& file) {
+        Copied& last = copied_[AnsiUpper(SplitPath(file).name)];
+        if (last.source != file)
+            last = {file, CopyToDataFolder(file)};
+        return last.copy;
+    }
+
+    const SaveCircumstances& circumstances_;
+    SaveOutcome& outcome_;
+    std::optional<bool> isWanted_;
+    std::unordered_map<std::string, Copied> copied_; ///< By file name in upper case.
+};
+
+/// Writes a frame; `copy` is the first of those left to be put in, which are passed over when they are of
+/// this frame.
+void writeFrame(QuotedLineWriter& out, const FrameRecord& frame, std::int32_t number,
+                std::vector<CopiedReference>::const_iterator& copy,
+                std::vector<CopiedReference>::const_iterator end) {
+    if (copy == end || copy->reference.frame != number)
+        return WriteFrame(out, frame);
+    FrameRecord withCopies = frame;
+    for (; copy != end && copy->reference.frame == number; ++copy)
+        if (std::string& file = withCopies.*copy->reference.member; file == copy->reference.file)
+            file = copy->copy;
+    WriteFrame(out, withCopies);
+}
+
+void writePlayfile(const Playfile& playfile, const std::string& path, const SaveCircumstances& circumstances,
+                   SaveOutcome& outcome) {
+    ReplacementFile file(platform().files(), path);
+    Check(file.error());
+    const std::int32_t count = playfile.frames.upperBound();
+    ReferenceCopier copier(circumstances, outcome);
+    for (FrameReference& reference : referencesOf(playfile))
+        copier.copy(std::move(reference));
+    QuotedLineWriter out(file);
+    WriteFrameCount(out, count);
+    auto copy = outcome.copies.cbegin();
+    for (std::int32_t number = 1; number <= count; ++number)
+        writeFrame(out, playfile.frames.at(number), number, copy, outcome.copies.cend());
+    out.finish();
+    Check(file.commit());
+}
+
+} // namespace
+
+SaveOutcome SavePlayfile(const Playfile& playfile, const std::string& path,
+                         const SaveCircumstances& circumstances) {
+    SaveOutcome outcome;
+    try {
+        writePlayfile(playfile, path, circumstances, outcome);
+    } catch (const RuntimeError& error) {
+        outcome.error = error;
+    }
+    return outcome;
+}
+
+void ReferToCopies(Playfile& playfile, const std::vector<CopiedReference>& copies) {
+    for (const auto& [reference, copy] : copies) {
+        if (!playfile.frames.contains(reference.frame))
+            continue;
+        if (std::string& file = playfile.frames.at(reference.frame).*reference.member; file == reference.file)
+            file = copy;
+    }
+}
+
+} // namespace qrtVistrelClasses4

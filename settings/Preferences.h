@@ -1,0 +1,202 @@
+// The application's preferences as a value, and the one table of them.
+#pragma once
+
+#include "frame/MemberTable.h"
+#include "frame/OneBasedArray.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <type_traits>
+
+namespace qrtVistrelClasses4 {
+
+inline constexpr std::int32_t kBrightnessSchedules = 4;
+
+/// Part of a day at its own brightness. Times are texts of the form "6:30 PM".
+struct PreferredSchedule {
+    std::string BrightnessScheduleStartTime;
+    std::string BrightnessScheduleStopTime;
+    std::int16_t BrightnessScheduleBrightnessLevel{};
+
+    bool operator==(const PreferredSchedule&) const = default;
+};
+
+using PreferredSchedules = OneBasedArray<PreferredSchedule>;
+
+/// Texts are 8-bit characters of the ANSI code page. The default-made value is empty; what the application
+/// starts with comes from `DefaultPreferences`.
+struct Preferences {
+    std::string LastGraphicFilePath;
+    std::int16_t DisplayHeight{};
+    std::int16_t DisplayWidth{};
+    double DelayMinimum{};
+    double DelayMaximum{};
+    double DelayStep{};
+    bool WizardMode{};
+    bool SwitchOperated{};
+    std::string DisplayID;
+    std::int16_t ScrollPauseDelay{};
+    std::int16_t TemperatureProbeAdjust{};
+    std::int16_t TimeZoneAdjust{};
+    bool ResetOnGetParameters{};
+    std::int16_t ScrollingTextSpeed{};
+    bool UseDaylightSavingsTime{};
+    std::int16_t DisplayBrightnessLevel{};
+    std::int16_t SensorLimitMinimum{};
+    std::int16_t SensorLimitMaximum{};
+    std::int16_t ScheduleDefaultBrightness{};
+    PreferredSchedules schedules{kBrightnessSchedules};
+    bool DoesDisplaySupportColor{};
+    std::string LastPlayfilePath;
+    bool SupportOldFirmware{};
+    bool PlayAutoEnable{};
+    bool ChooseDispGetInfo{};
+    bool ChooseDispTransmit{};
+    bool AVIFixedDelay{};
+    std::int16_t AVIDelay{};
+    std::int16_t DefaultDelay{};
+    std::int16_t BroadcastTRDelay{};
+    bool ShowImages{};
+    bool AVICrop{};
+    bool BMPCrop{};
+
+    bool operator==(const Preferences&) const = default;
+};
+
+/// What is special about a preference.
+enum class PreferenceRule : std::uint8_t {
+    none,
+    graphicsFolder, ///< Its default is the folder for pictures.
+    playfileFolder, ///< Its default is the folder for playfiles.
+    neverZero,      ///< 0 is read as the default: it would leave the frame editor without a choice.
+};
+
+/// One preference: the name of its property, its key in the INI file, its member, and the text that a missing
+/// key reads as.
+template <class R, class Value>
+struct PreferenceRow {
+    using Record = R;
+    std::string_view name;
+    std::string_view key;
+    Value Record::*member;
+    std::string_view defaultText;
+    PreferenceRule rule = PreferenceRule::none;
+    Access access = Access::untraced;
+};
+template <class R, class Value>
+PreferenceRow(std::string_view, std::string_view, Value R::*, std::string_view,
+              PreferenceRule = PreferenceRule::none, Access = Access::untraced) -> PreferenceRow<R, Value>;
+
+/// Those of one schedule, in file order. The number of the schedule follows name and key.
+inline constexpr std::tuple kPreferredScheduleMembers{
+    PreferenceRow{"BrightnessScheduleStartTime", "ScheduledStartTime",
+                  &PreferredSchedule::BrightnessScheduleStartTime, "12:00 AM", PreferenceRule::none,
+                  Access::traced},
+    PreferenceRow{"BrightnessScheduleStopTime", "ScheduledStopTime",
+                  &PreferredSchedule::BrightnessScheduleStopTime, "12:00 AM", PreferenceRule::none,
+                  Access::traced},
+    PreferenceRow{"BrightnessScheduleBrightnessLevel", "ScheduledBrightnessLevel",
+                  &PreferredSchedule::BrightnessScheduleBrightnessLevel, "5", PreferenceRule::none,
+                  Access::traced},
+};
+
+/// All preferences, in file order.
+inline constexpr std::tuple kPreferenceMembers{
+    PreferenceRow{"LastGraphicFilePath", "LastGraphicPath", &Preferences::LastGraphicFilePath, "",
+                  PreferenceRule::graphicsFolder},
+    PreferenceRow{"DisplayHeight", "DisplayHeight", &Preferences::DisplayHeight, "64"},
+    PreferenceRow{"DisplayWidth", "DisplayWidth", &Preferences::DisplayWidth, "128"},
+    PreferenceRow{"DelayMinimum", "DelayMinimum", &Preferences::DelayMinimum, "0"},
+    PreferenceRow{"DelayMaximum", "DelayMaximum", &Preferences::DelayMaximum, "10000",
+                  PreferenceRule::neverZero},
+    PreferenceRow{"DelayStep", "DelayStep", &Preferences::DelayStep, "500", PreferenceRule::neverZero},
+    PreferenceRow{"WizardMode", "WizardMode", &Preferences::WizardMode, "False"},
+    PreferenceRow{"SwitchOperated", "SwitchOperated", &Preferences::SwitchOperated, "False"},
+    PreferenceRow{"DisplayID", "DisplayID", &Preferences::DisplayID, "1"},
+    PreferenceRow{"ScrollPauseDelay", "ScrollPauseDelay", &Preferences::ScrollPauseDelay, "5"},
+    PreferenceRow{"TemperatureProbeAdjust", "TemperatureProbeAdjustment",
+                  &Preferences::TemperatureProbeAdjust, "0"},
+    PreferenceRow{"TimeZoneAdjust", "TimeZoneAdjustment", &Preferences::TimeZoneAdjust, "0"},
+    PreferenceRow{"ResetOnGetParameters", "ResetOnGetParameters", &Preferences::ResetOnGetParameters, "True"},
+    PreferenceRow{"ScrollingTextSpeed", "ScrollingTextSpeed", &Preferences::ScrollingTextSpeed, "2"},
+    PreferenceRow{"UseDaylightSavingsTime", "UseDaylightSavingsTime", &Preferences::UseDaylightSavingsTime,
+                  "True"},
+    PreferenceRow{"DisplayBrightnessLevel", "DisplayBrightnessLevel", &Preferences::DisplayBrightnessLevel,
+                  "5"},
+    PreferenceRow{"SensorLimitMinimum", "SensorLimitMinimum", &Preferences::SensorLimitMinimum, "3"},
+    PreferenceRow{"SensorLimitMaximum", "SensorLimitMaximum", &Preferences::SensorLimitMaximum, "7"},
+    PreferenceRow{"ScheduleDefaultBrightness", "ScheduleDefaultBrightness",
+                  &Preferences::ScheduleDefaultBrightness, "5"},
+    PreferenceRow{"", "", &Preferences::schedules,
+                  ""}, // `kPreferredScheduleMembers`, for one schedule after the other
+    // The key lacks its "t" in every file there is.
+    PreferenceRow{"DoesDisplaySupportColor", "DoesDisplaySupporColor", &Preferences::DoesDisplaySupportColor,
+                  "False"},
+    PreferenceRow{"LastPlayfilePath", "LastPlayfilePath", &Preferences::LastPlayfilePath, "",
+                  PreferenceRule::playfileFolder},
+    PreferenceRow{"SupportOldFirmware", "SupportOldFirmware", &Preferences::SupportOldFirmware, "FALSE"},
+    PreferenceRow{"PlayAutoEnable", "PlayAutoEnable", &Preferences::PlayAutoEnable, "TRUE"},
+    PreferenceRow{"ChooseDispGetInfo", "ChooseDispGetInfo", &Preferences::ChooseDispGetInfo, "FALSE"},
+    PreferenceRow{"ChooseDispTransmit", "ChooseDispTransmit", &Preferences::ChooseDispTransmit, "FALSE"},
+    PreferenceRow{"AVIFixedDelay", "AVIFixedDelay", &Preferences::AVIFixedDelay, "FALSE"},
+    PreferenceRow{"AVIDelay", "AVIDelay", &Preferences::AVIDelay, "50"},
+    PreferenceRow{"DefaultDelay", "DefaultDelay", &Preferences::DefaultDelay, "3"},
+    PreferenceRow{"BroadcastTRDelay", "BroadcastTRDelay", &Preferences::BroadcastTRDelay, "500"},
+    PreferenceRow{"ShowImages", "ShowImage", &Preferences::ShowImages, "True"},
+    PreferenceRow{"AVICrop", "AVICrop", &Preferences::AVICrop, "FALSE"},
+    PreferenceRow{"BMPCrop", "BMPCrop", &Preferences::BMPCrop, "FALSE"},
+};
+
+template <class Record, class Value>
+constexpr const auto& PreferenceTableOf(Value Record::*) {
+    if constexpr (std::is_same_v<Record, PreferredSchedule>)
+        return kPreferredScheduleMembers;
+    else
+        return kPreferenceMembers;
+}
+
+/// The row of a member, found while compiling.
+template <auto member>
+inline constexpr const auto&
+    kPreferenceRow = std::get<RowIndex(PreferenceTableOf(member), member)>(PreferenceTableOf(member));
+/// The type of a member's value.
+template <auto member>
+using PreferenceValue = ValueOfRow<std::remove_cvref_t<decltype(kPreferenceRow<member>)>>;
+
+/// Number of keys in the file.
+inline constexpr std::size_t kPreferenceCount =
+    std::tuple_size_v<decltype(kPreferenceMembers)> - 1 +
+    kBrightnessSchedules * std::tuple_size_v<decltype(kPreferredScheduleMembers)>;
+
+/// A preference's place in the file: its row, and for those of a schedule the schedule's number ("1" to "4"),
+/// which follows name and key.
+template <class Row>
+struct PlacedPreference {
+    const Row& row;
+    std::string_view number;
+
+    std::string name() const { return std::string(row.name).append(number); }
+    std::string key() const { return std::string(row.key).append(number); }
+};
+
+/// Calls `visit(PlacedPreference, value...)` for each preference in file order, with its value in each of
+/// `records`.
+template <class Visit, class... Records>
+void ForEachPreference(Visit&& visit, Records&... records) {
+    ForEachRow(kPreferenceMembers, [&]<class Row>(const Row& row) {
+        if constexpr (!std::is_same_v<ValueOfRow<Row>, PreferredSchedules>)
+            visit(PlacedPreference<Row>{row, {}}, records.*row.member...);
+        else
+            for (std::int32_t number = 1; number <= kBrightnessSchedules; ++number) {
+                const std::string digits = std::to_string(number);
+                ForEachRow(kPreferredScheduleMembers, [&]<class Inner>(const Inner& inner) {
+                    visit(PlacedPreference<Inner>{inner, digits},
+                          (records.*row.member).at(number).*inner.member...);
+                });
+            }
+    });
+}
+
+} // namespace qrtVistrelClasses4

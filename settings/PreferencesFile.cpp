@@ -1,0 +1,154 @@
+#include "settings/PreferencesFile.h"
+
+#include "frame/Conversions.h"
+#include "frame/ErrorTrap.h"
+#include "platform/IniText.h"
+#include "platform/Path.h"
+#include "platform/Platform.h"
+#include "settings/AppFolder.h"
+#include "settings/clsSystemDirectory.h"
+
+#include <span>
+#include <utility>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr std::string_view kFileName = "VistrelLite.ini";
+constexpr std::string_view kSection = "VistrelLite";
+constexpr std::size_t kBufferSize = 255;
+
+void fromText(std::string& value, const std::string& text) { value = text; }
+void fromText(bool& value, const std::string& text) { value = TextToBoolean(text); }
+void fromText(double& value, const std::string& text) { value = LeadingNumber(text); }
+void fromText(std::int16_t& value, const std::string& text) { value = RoundToInt16(LeadingNumber(text)); }
+
+template <class Row>
+std::string defaultOf(const Row& row, const PreferenceFolders& folders) {
+    switch (row.rule) {
+    case PreferenceRule::graphicsFolder:
+        return folders.graphics;
+    case PreferenceRule::playfileFolder:
+        return folders.playfiles.value_or("");
+    default:
+        return std::string(row.defaultText);
+    }
+}
+
+std::optional<RuntimeError> errorOf(SystemError error) {
+    return error == SystemError::none ? std::nullopt : std::optional(ErrorFor(error));
+}
+
+/// Reads one preference after another, until a value does not convert.
+class PreferenceReader {
+public:
+    PreferenceReader(ProfileFile& file, const PreferenceFolders& folders, PreferencesOutcome& outcome)
+        : file_(file), folders_(folders), outcome_(outcome) {}
+
+    template <class Row, class Value>
+    void operator()(const PlacedPreference<Row>& placed, Value& value) {
+        if (outcome_.error)
+            return;
+        std::string key = placed.key();
+        const std::string defaultText = defaultOf(placed.row, folders_);
+        const std::string text = file_.read(kSection, key, defaultText, kBufferSize);
+        try {
+            fromText(value, text);
+            if (placed.row.rule == PreferenceRule::neverZero && value == Value())
+                fromText(value, defaultText);
+        } catch (const RuntimeError& error) {
+            outcome_.error = {std::move(key), error};
+            return;
+        }
+        outcome_.keysRead.push_back(std::move(key));
+    }
+
+private:
+    ProfileFile& file_;
+    const PreferenceFolders& folders_;
+    PreferencesOutcome& outcome_;
+};
+
+} // namespace
+
+PreferenceFolders FindPreferenceFolders() {
+    PreferenceFolders folders{JoinPath(LibraryFolder(), "Brivox Graphics"), SystemFolder(kDocumentsFolder)};
+    if (folders.playfiles)
+        folders.playfiles = JoinPath(*folders.playfiles, "Vistrel Sign Playfiles");
+    return folders;
+}
+
+std::optional<RuntimeError> MakePlayfileFolder(const PreferenceFolders& folders) {
+    FileSystem& files = platform().files();
+    if (!folders.playfiles || files.kindOf(*folders.playfiles) == EntryKind::folder)
+        return std::nullopt;
+    return errorOf(files.createFolder(*folders.playfiles));
+}
+
+std::optional<std::string> PreferencesPath() {
+    const std::uint64_t errorsBefore = TrappedErrors();
+    const std::string folder = GetAppFolder();
+    if (TrappedErrors() != errorsBefore)
+        return std::nullopt;
+    return platform().files().existingName(JoinPath(folder, kFileName));
+}
+
+Preferences DefaultPreferences(const PreferenceFolders& folders) {
+    Preferences preferences;
+    ForEachPreference(
+        [&](const auto& placed, auto& value) { fromText(value, defaultOf(placed.row, folders)); },
+        preferences);
+    return preferences;
+}
+
+std::string PreferenceText(const std::string& value) { return value; }
+std::string PreferenceText(bool value) { return std::string(BooleanToText(value)); }
+std::string PreferenceText(double value) { return NumberToText(value); }
+std::string PreferenceText(std::int16_t value) { return NumberToText(std::int32_t{value}); }
+
+std::unique_ptr<ProfileFile> OpenProfile(const std::string& path) { return platform().openProfile(path); }
+
+PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances) {
+    PreferencesOutcome outcome;
+    outcome.values = std::move(circumstances.before);
+    outcome.keysRead.reserve(kPreferenceCount);
+    const auto file = circumstances.open(circumstances.path);
+    outcome.isFileThere = file->isThere();
+    ForEachPreference(PreferenceReader(*file, circumstances.folders, outcome), outcome.values);
+    return outcome;
+}
+
+PreferencesOutcome LoadPreferences() {
+    const PreferenceFolders folders = FindPreferenceFolders();
+    (void)MakePlayfileFolder(folders); // preferences are loaded without it, too
+    if (const std::optional<std::string> path = PreferencesPath())
+        return LoadPreferences({*path, folders, DefaultPreferences(folders)});
+    PreferencesOutcome outcome; // the error has been trapped
+    outcome.values = DefaultPreferences(folders);
+    outcome.error = {"AppPath", RuntimeError(ErrorNumber::pathNotFound)};
+    return outcome;
+}
+
+std::optional<RuntimeError> SavePreferences(const Preferences& preferences, const std::string& path,
+                                            const ProfileOpener& open) {
+    const auto file = open(path);
+    ForEachPreference([&](const auto& placed,
+                          const auto& value) { file->write(kSection, placed.key(), PreferenceText(value)); },
+                      preferences);
+    return errorOf(file->commit());
+}
+
+std::string ReadPreference(const std::string& path, const std::string& key, const std::string& defaultText) {
+    return OpenProfile(path)->read(kSection, key, defaultText, kBufferSize);
+}
+
+WrittenPreference WritePreference(const std::string& path, const std::string& key, const std::string& text) {
+    const IniChange change{std::string(kSection), key, text};
+    const std::string alone = ApplyIniChanges("", std::span(&change, 1)).value_or("");
+    const auto file = OpenProfile(path);
+    file->write(kSection, key, text);
+    return {.error = errorOf(file->commit()),
+            .readsBack = ProfileString(IniIndex(alone).find(kSection, key), "", kBufferSize) == text};
+}
+
+} // namespace qrtVistrelClasses4

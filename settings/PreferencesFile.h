@@ -1,0 +1,91 @@
+// Preferences from and to their INI file.
+#pragma once
+
+#include "frame/RuntimeError.h"
+#include "settings/Preferences.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+
+class ProfileFile;
+
+/// The folders that are the defaults of two preferences.
+struct PreferenceFolders {
+    std::string graphics;
+    /// In the user's documents; nothing if the user has no such folder.
+    std::optional<std::string> playfiles;
+};
+
+/// Those of this machine and user. They may be missing.
+PreferenceFolders FindPreferenceFolders();
+/// Makes the folder for playfiles if it is missing, and returns the error of that.
+std::optional<RuntimeError> MakePlayfileFolder(const PreferenceFolders& folders);
+/// Full name of "VistrelLite.ini" in the application data folder; nothing after an error that was trapped.
+std::optional<std::string> PreferencesPath();
+
+/// What preferences are when the file has none.
+Preferences DefaultPreferences(const PreferenceFolders& folders);
+
+/// A preference as the file holds it.
+std::string PreferenceText(const std::string& value);
+std::string PreferenceText(bool value);
+std::string PreferenceText(double value);
+std::string PreferenceText(std::int16_t value);
+
+/// A value in the file that does not convert.
+struct PreferenceError {
+    std::string key;
+    RuntimeError error;
+};
+
+/// Opens the INI file `path`.
+using ProfileOpener = std::function<std::unique_ptr<ProfileFile>(const std::string& path)>;
+/// The platform's own way.
+std::unique_ptr<ProfileFile> OpenProfile(const std::string& path);
+
+struct PreferencesCircumstances {
+    std::string path;
+    PreferenceFolders folders;
+    Preferences before; ///< What preferences keep that are not read.
+    ProfileOpener open = OpenProfile;
+};
+
+/// What came of reading preferences.
+struct PreferencesOutcome {
+    Preferences values;
+    /// Keys whose values, or defaults where the file lacks them, were taken over: all of them, or those
+    /// before the one at fault.
+    std::vector<std::string> keysRead;
+    std::optional<PreferenceError> error;
+    bool isFileThere = false;
+};
+
+PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances);
+/// The same for the file and the folders of this machine. Makes the folder for playfiles if it can.
+PreferencesOutcome LoadPreferences();
+
+/// Writes all preferences in one step and keeps everything else in the file. Returns the error if that is
+/// refused.
+std::optional<RuntimeError> SavePreferences(const Preferences& preferences, const std::string& path,
+                                            const ProfileOpener& open = OpenProfile);
+
+/// The value of `key` in the file as it is now, cut to 254 characters; `defaultText` if it is missing.
+std::string ReadPreference(const std::string& path, const std::string& key, const std::string& defaultText);
+
+struct WrittenPreference {
+    std::optional<RuntimeError> error; ///< The file is as it was.
+    /// The file gives back the text as it is: without blanks or a pair of quotes around it, on one line, of
+    /// at most 254 characters.
+    bool readsBack = false;
+};
+
+/// Writes one key, and makes file and section if they are missing.
+WrittenPreference WritePreference(const std::string& path, const std::string& key, const std::string& text);
+
+} // namespace qrtVistrelClasses4

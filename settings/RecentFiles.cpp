@@ -1,0 +1,109 @@
+#include "settings/RecentFiles.h"
+
+#include "frame/DelimitedValues.h"
+#include "frame/ErrorTrap.h"
+#include "platform/LetterCase.h"
+#include "platform/Path.h"
+#include "platform/Platform.h"
+#include "platform/ReplacementFile.h"
+#include "settings/AppFolder.h"
+#include "settings/RegistrySettings.h"
+
+#include <cstdint>
+#include <utility>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+/// Where the list was written last.
+constexpr RegistrySetting kListFile{kVistrelLite, kSettingsSection, "MRU"};
+
+std::string defaultPath() { return JoinPath(LibraryFolder(), "VistrelLite.MRU"); }
+
+void readEntries(std::string_view text, OneBasedArray<std::string>& entries) {
+    DelimitedReader in(text);
+    for (std::int32_t number = 1; !in.atEnd(); ++number) {
+        entries.resize(number);
+        in.get(entries.at(number));
+    }
+}
+
+void writeEntries(const OneBasedArray<std::string>& entries, const std::string& path) {
+    ReplacementFile file(platform().files(), path);
+    Check(file.error());
+    DelimitedWriter out(file);
+    for (const std::string& entry : entries)
+        out.put(entry);
+    out.finish();
+    Check(file.commit());
+}
+
+} // namespace
+
+bool RecentFiles::remove(std::string_view name) {
+    bool isFound = false;
+    OneBasedArray<std::string> kept(entries.upperBound() + 1);
+    std::int32_t last = 1;
+    for (std::string& entry : entries) {
+        if (entry.empty())
+            continue;
+        if (EqualIgnoringAnsiCase(entry, name))
+            isFound = true;
+        else
+            kept.at(last++) = std::move(entry);
+    }
+    kept.resize(last);
+    entries = std::move(kept);
+    return isFound;
+}
+
+void RecentFiles::putFirst(const std::string& name) {
+    const std::int32_t last = entries.upperBound() + 1;
+    entries.resize(last);
+    entries.at(last) = name;
+    entries.move(last, 1);
+}
+
+std::optional<std::string> RecentFilesPath() {
+    const std::uint64_t errorsBefore = TrappedErrors();
+    std::string path = kListFile.read(defaultPath());
+    return TrappedErrors() == errorsBefore ? std::optional(std::move(path)) : std::nullopt;
+}
+
+RecentFilesOutcome LoadRecentFiles(const std::string& path) {
+    RecentFilesOutcome outcome;
+    outcome.files.entries.resize(1);
+    FileSystem& files = platform().files();
+    const auto file = files.read(path);
+    if (!file) {
+        outcome.error = ErrorFor(file.error());
+        const bool isMissing = file.error() == SystemError::fileNotFound;
+        if (isMissing)
+            outcome.error = outcome.error->quietly();
+        // The list's own folder, once it is there again, holds a list that must not be written over.
+        outcome.mayBeReplaced =
+            isMissing || (file.error() == SystemError::folderNotFound && path != defaultPath());
+        return outcome;
+    }
+    try {
+        readEntries(file.value().text(), outcome.files.entries);
+        outcome.mayBeReplaced = true;
+    } catch (const RuntimeError& error) { // a damaged file, whose names are not all here
+        outcome.error = error;
+        outcome.mayBeReplaced = files.copy(path, MakePlaceForBackup(files, path)) == SystemError::none;
+    }
+    return outcome;
+}
+
+std::optional<RuntimeError> SaveRecentFiles(const RecentFiles& files) {
+    const std::string path = defaultPath();
+    kListFile.write(path);
+    try {
+        writeEntries(files.entries, path);
+    } catch (const RuntimeError& error) {
+        return error;
+    }
+    return std::nullopt;
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,47 @@
+// The files opened last as a value, and their file.
+#pragma once
+
+#include "frame/OneBasedArray.h"
+#include "frame/RuntimeError.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace qrtVistrelClasses4 {
+
+/// Names of files, newest first. Names are equal if only the case of their letters differs (Windows-1252).
+struct RecentFiles {
+    /// The last one is usually empty.
+    OneBasedArray<std::string> entries;
+
+    /// Removes every entry of that name, and every empty one; a new empty one then ends the list. Returns
+    /// whether the name was there.
+    bool remove(std::string_view name);
+    /// Puts `name` before the other entries, which stay as they are.
+    void putFirst(const std::string& name);
+
+    bool operator==(const RecentFiles&) const = default;
+};
+
+/// What came of reading a list.
+struct RecentFilesOutcome {
+    RecentFiles files; ///< As far as it could be read; one empty entry if nothing could.
+    /// A file that does not exist yet is a quiet error.
+    std::optional<RuntimeError> error;
+    /// Saving loses no names: all have been read, or the damaged file has been copied.
+    bool mayBeReplaced = false;
+};
+
+/// Full name of the list that was saved last, by default that of `SaveRecentFiles`; nothing after an error
+/// that was trapped.
+std::optional<std::string> RecentFilesPath();
+
+/// Copies a damaged file to `path` + ".bak".
+RecentFilesOutcome LoadRecentFiles(const std::string& path);
+
+/// Saves the list as "VistrelLite.MRU" in the library's folder, and remembers that name for loading. Returns
+/// the error if the file was left as it was.
+std::optional<RuntimeError> SaveRecentFiles(const RecentFiles& files);
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,187 @@
+// Files of the current format, and what comes of reading them.
+#include "playfile/LoadPlayfile.h"
+
+#include "TestHost.h"
+#include "playfile/FrameInfoClass.h"
+#include "playfile/SavePlayfile.h"
+#include "settings/RegistrySettings.h"
+
+#include <gtest/gtest.h>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+/// The values of a playfile with one frame of one line, by their lines in the file: the first is the count.
+Texts oneFrame() {
+    // clang-format off
+    return {" 1 ", "c.cmd", "1.25", "16", "Welcome", "2", "p.bmp", "5001", "5000", "3", "-4", "7", "40", "1", "1", "12",
+            "1", "s.wav", "s", "t", "u", "v", "70000", "9", "1", "-2", "3", "1",
+            "6\x01 <sign> & more", "6", "False", "True", "False", "f.cff", "7", "-8", "x", "", "z", "4", "5", "-6",
+            "True", "True", "False"};
+    // clang-format on
+}
+constexpr std::size_t kLineCount = 27; ///< Place of the frame's number of lines.
+
+std::string fileOf(const Texts& values) {
+    std::string text = values.at(0) + "\r\n";
+    for (std::size_t line = 1; line < values.size(); ++line)
+        text += "\"" + values[line] + "\"\r\n";
+    return text;
+}
+std::string fileWith(std::size_t line, const std::string& value) {
+    Texts values = oneFrame();
+    values.at(line) = value;
+    return fileOf(values);
+}
+std::string withoutCount(const std::string& file) { return file.substr(5); }
+
+struct LoadingPlayfiles : testing::Test {
+    LoadingPlayfiles() { files().makeFolders(folder_); }
+    MemoryFileSystem& files() { return host_.machine.files(); }
+    LoadOutcome load(const std::string& text) {
+        files().put(path_, text);
+        return LoadPlayfile(path_);
+    }
+    /// What is read when the value in a line of the file is another one.
+    template <class Record, class Value>
+    void expectRead(const char* why, std::size_t line, const std::string& value, Value Record::*member,
+                    const std::type_identity_t<Value>& expected) {
+        const LoadOutcome outcome = load(fileWith(line, value));
+        ASSERT_TRUE(outcome.isComplete) << why;
+        const FrameRecord& frame = outcome.playfile.frames.at(1);
+        if constexpr (std::is_same_v<Record, FrameRecord>)
+            EXPECT_EQ(frame.*member, expected) << why;
+        else
+            EXPECT_EQ(frame.lines.at(1).*member, expected) << why;
+    }
+
+    TestHost host_;
+    std::string folder_ = host_.inLibrary("plays");
+    std::string path_ = JoinPath(folder_, "a.playfile");
+};
+
+TEST_F(LoadingPlayfiles, ReadsEveryValueIntoItsMemberAndSavingGivesItBack) {
+    Playfile expected{OneBasedArray<FrameRecord>(1), path_, false};
+    FrameRecord& frame = expected.frames.at(1) = {// clang-format off
+        .PicturefileName = "p.bmp", .commandfile = "c.cmd", .lines = OneBasedArray<LineRecord>(1), .FrameType = 2,
+        .FontHeight = 16, .PrefixCode = 5001, .DelayTime = 1.25, .SuffixCode = 5000, .FrameName = "Welcome",
+        .PictureFileDisplay = 3, .PictureFileType = -4, .TotalDisplayFramesUsedForThisFrame = 7, .RowHeightForGrid = 40,
+        .SendCommandFileAsIs = 1, .OverlayFrame = 1, .AVIFrames = 12, .FastScroll = 1, .AudioFile = "s.wav",
+        .WinBackColor = 70000, .FixedNumberOfLines = 9, .spareTexts = {"s", "t", "u", "v"}, .spareLongs = {1, -2, 3}};
+    frame.lines.at(1) = {
+        .LineFontSize = 6, .CurrentLineText = "6\" <sign> & more", .Inverse = true, .LineCustomFont = "f.cff",
+        .Merge = true, .spareShorts = {7, -8}, .spareTexts = {"x", "", "z"}, .spareLongs = {4, 5, -6},
+        .spareFlags = {true, false}};
+    // clang-format on
+    EXPECT_TRUE(load(fileOf(oneFrame())).playfile == expected);
+    files().put(path_, "old content");
+    EXPECT_TRUE(SavePlayfile(expected, path_).isWritten());
+    EXPECT_EQ(files().content(path_), fileOf(oneFrame()));
+}
+
+TEST_F(LoadingPlayfiles, ConvertsWhatOtherPlacesAndVersionsWrote) {
+    using Frame = FrameRecord;
+    expectRead("a decimal comma", 2, "1,25", &Frame::DelayTime, 1.25);
+    expectRead("a font height with decimals", 3, "15.6", &Frame::FontHeight, 16);
+    expectRead("half a dot goes to the even height", 3, "12.5", &Frame::FontHeight, 12);
+    expectRead("the old wipe as prefix", 7, "2001", &Frame::PrefixCode, 2000);
+    expectRead("the old wipe as suffix", 8, "2001", &Frame::SuffixCode, 2000);
+    expectRead("9999 on one side only is kept", 7, "9999", &Frame::SuffixCode, 5000);
+    expectRead("a flag as a number", 30, "-1", &LineRecord::Scrolling, true);
+    expectRead("a flag of a frame is kept as stored", 16, "-1", &Frame::FastScroll, -1);
+    WriteSetting("Vistrel3", "Settings", "AppPath", folder_);
+    expectRead("the old font 2 is a custom font now", 29, "2", &LineRecord::LineFontSize, 12);
+    expectRead("in the application's folder", 29, "2", &LineRecord::LineCustomFont,
+               JoinPath(JoinPath(folder_, "CustomFonts"), "FNT4X8.CFF"));
+}
+
+TEST_F(LoadingPlayfiles, FindsMissingFilesBesideThePlayfile) {
+    const std::string elsewhere = host_.inLibrary("here.bmp"), beside = JoinPath(folder_, "Moved.bmp");
+    for (const std::string& picture : {elsewhere, JoinPath(folder_, "here.bmp"), beside})
+        files().put(picture, "picture");
+    const std::tuple<const char*, std::string, std::string> cases[] = {
+        {"a reference that holds is kept", elsewhere, elsewhere},
+        {"a file that moved along", "Q:\\Signs\\Moved.bmp", beside},
+        {"spelt otherwise", "Q:\\Signs\\MOVED.BMP", beside},
+        {"a name alone says no place", "Moved.bmp", beside},
+        {"a file that is nowhere", "Q:\\Signs\\gone.bmp", "Q:\\Signs\\gone.bmp"},
+        {"a folder is no file", folder_, folder_}};
+    for (const auto& [why, reference, found] : cases) {
+        expectRead(why, 6, reference, &FrameRecord::PicturefileName, found);
+        expectRead(why, 1, reference, &FrameRecord::commandfile, found);
+    }
+}
+
+TEST_F(LoadingPlayfiles, SaysWhatIsWrongAndWhere) {
+    const std::string frame = withoutCount(fileOf(oneFrame()));
+    const struct {
+        std::string text;
+        int error;
+        std::size_t line;
+        int announced = 0, read = 0;
+    } cases[] = {// clang-format off
+        {"", 62, 1}, {"\r\n", 13, 1}, {" -1 \r\n", 9, 1}, {" 40000 \r\n", 6, 1}, {"PK\x03\x04", 13, 1}, {" 2 ", 62, 2, 2},
+        {" 2 \r\n" + frame, 62, 46, 2, 1}, {" 2 \r\n" + frame + "\"\"\r\n\"soon\"\r\n", 13, 47, 2, 1},
+        {" 3 \r\n" + frame + frame + "\"\"\r\n", 62, 91, 3, 2}, {fileWith(4, "two\r\nlines") + "\"\"", 0, 0, 1, 1},
+        {fileWith(kLineCount, "-1"), 9, 28, 1}, {fileWith(kLineCount, "32767"), 62, 46, 1}};
+    // clang-format on
+    for (const auto& row : cases) {
+        const LoadOutcome outcome = load(row.text);
+        const FileError error = outcome.error.value_or(FileError{RuntimeError(0, ""), 0});
+        EXPECT_EQ(std::tuple(error.error.number(), error.line.value(), outcome.framesAnnounced,
+                             outcome.framesRead, outcome.playfile.frames.upperBound(), outcome.isComplete),
+                  std::tuple(row.error, row.line, row.announced, row.read, row.read, row.error == 0))
+            << row.text;
+    }
+    const FileError missing = *LoadPlayfile(host_.inLibrary("missing.playfile")).error;
+    EXPECT_TRUE(missing.error.number() == 53 && !missing.line);
+    EXPECT_TRUE(host_.reports.all.empty()) << "outcomes are not reported";
+}
+
+TEST_F(LoadingPlayfiles, KeepsTheWholeFramesOfAFileThatIsCutShort) {
+    const std::string first = fileOf(oneFrame()),
+                      both = " 2 \r\n" + withoutCount(first) + withoutCount(first);
+    const FrameRecord whole = load(first).playfile.frames.at(1);
+    for (std::size_t size = 0; size <= both.size(); ++size) {
+        const LoadOutcome outcome = load(both.substr(0, size));
+        // The last quote and line end may be missing.
+        EXPECT_EQ(outcome.framesRead, size < first.size() - 3 ? 0 : size < both.size() - 3 ? 1 : 2) << size;
+        for (const FrameRecord& frame : outcome.playfile.frames)
+            EXPECT_TRUE(frame == whole) << size;
+    }
+}
+
+TEST_F(LoadingPlayfiles, LeavesWhatWasThereWhereNothingWasRead) {
+    FrameInfoClass playfile;
+    const auto load = [&](const std::string& text) {
+        playfile.TotalFrames(3);
+        for (std::int16_t number = 1; number <= 3; ++number) {
+            playfile.CurrentFrame(number);
+            playfile.FrameName("old");
+            playfile.FontWidth(number);
+        }
+        files().put(path_, text);
+        const bool isLoaded = playfile.GetPlayfileFromDisk(path_);
+        std::string names;
+        for (const FrameRecord& frame : playfile.Value().frames)
+            names += frame.FrameName + std::to_string(frame.FontWidth) + " ";
+        return std::string(isLoaded ? "loaded " : "failed ") + names;
+    };
+    const std::string frame = withoutCount(fileOf(oneFrame()));
+    EXPECT_EQ(load(" 1 \r\n" + frame), "loaded Welcome1 ") << "files do not hold that number";
+    EXPECT_EQ(load(" -1 \r\n"), "failed old1 old2 old3 ");
+    EXPECT_EQ(load(" 4 \r\n" + frame + frame.substr(0, 60)), "failed Welcome1 Welcome2 old3 0 ");
+    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{9, 62}));
+    EXPECT_FALSE(playfile.GetPlayfileFromDisk("/missing"));
+    EXPECT_EQ(playfile.CurrentFileName(), "/missing");
+    EXPECT_EQ(load(" 0 \r\n"), "loaded ") << "a playfile without frames is one";
+    files().observer = [&](const FileOperation& operation) {
+        if (operation.kind == FileOperation::look && operation.path == folder_)
+            playfile.TotalFrames(0);
+        return SystemError::none;
+    };
+    EXPECT_EQ(load(fileWith(1, folder_)), "loaded Welcome1 ") << "whatever the host does meanwhile";
+}
+
+} // namespace
+} // namespace qrtVistrelClasses4
