@@ -83,7 +83,7 @@ std::string show(const CommandPreview& preview, std::int16_t hourOffset) {
     }
 }
 
-/// The bytes in decimal, one behind the other.
+/// The bytes in decimal, one after the other.
 std::string decimalForm(const std::string& bytes) {
     std::string decimal;
     for (const char byte : bytes)

@@ -54,12 +54,12 @@ std::size_t TextCodes::sizeAtStart(std::string_view text) const {
         {keySizeAtStart(text), numberedCodeSize(text, kVariableCode), numberedCodeSize(text, kCounterCode)});
 }
 
-/// The last key that is not behind `text` in order starts with every key that `text` starts with.
+/// The last key that does not come after `text` in order starts with every key that `text` starts with.
 std::size_t TextCodes::keySizeAtStart(std::string_view text) const {
-    const auto behind = std::ranges::upper_bound(keys_, text);
-    if (behind == keys_.begin())
+    const auto after = std::ranges::upper_bound(keys_, text);
+    if (after == keys_.begin())
         return 0;
-    auto place = static_cast<std::size_t>(behind - keys_.begin()) - 1;
+    auto place = static_cast<std::size_t>(after - keys_.begin()) - 1;
     const std::size_t common = commonSize(keys_[place], text);
     while (place != kNone && keys_[place].size() > common)
         place = shorter_[place];

@@ -23,13 +23,13 @@ std::string timeText(const LocalTime& time) {
            twoDigits(time.hour) + ':' + twoDigits(time.minute) + ':' + twoDigits(time.second);
 }
 
-/// Whether a character steers what shows it, be it alone or, in UTF-8, behind `previous`.
+/// Whether a character controls a terminal, alone or, in UTF-8, together with `previous` before it.
 bool isControl(unsigned char previous, unsigned char code) {
     constexpr unsigned char openingOfUtf8Controls = 0xc2;
     return code < ' ' || code == 0x7f || (previous == openingOfUtf8Controls && code >= 0x80 && code <= 0x9f);
 }
 
-/// A text of whatever origin as it may stand in a line of a log, in a box and on a terminal.
+/// Any text in a form that is safe in a line of a log, in a box and on a terminal.
 std::string visible(std::string_view text) {
     constexpr std::string_view digits = "0123456789ABCDEF";
     std::string result;

@@ -2,7 +2,7 @@
 
 #include "frame/Traced.h"
 #include "frame/modClassIDGenerator.h"
-#include "platform/ProfileFile.h"
+#include "platform/Platform.h"
 #include "settings/PreferencesFile.h"
 
 #include <utility>
@@ -40,7 +40,7 @@ private:
 };
 
 std::unique_ptr<ProfileFile> openTraced(const std::string& path) {
-    return std::make_unique<TracedProfile>(OpenProfile(path));
+    return std::make_unique<TracedProfile>(platform().openProfile(path));
 }
 
 /// A folder that cannot be made is only logged: the preferences are loaded all the same.

@@ -64,13 +64,6 @@ struct ShownCommand {
     std::int32_t first;
 };
 
-std::vector<ShownCommand> shownCommands(const CommandTable& table) {
-    std::vector<ShownCommand> commands;
-    for (std::int32_t number = 1; number <= table.count(); ++number)
-        commands.emplace_back(table, number);
-    return commands;
-}
-
 void to_json(ordered_json& json, const ShownCommand& command) {
     json = {{"number", command.number},
             {"key", Utf8FromAnsi(command.key)},
@@ -80,24 +73,23 @@ void to_json(ordered_json& json, const ShownCommand& command) {
             {"hiddenBy", command.isHidden() ? ordered_json(command.first) : ordered_json()}};
 }
 
-void print(std::ostream& out, const std::vector<ShownCommand>& commands) {
-    Table table({{"No.", Table::Align::right}, {"Key"}, {"Bytes"}, {"As text"}, {"Made"}});
-    for (const ShownCommand& command : commands)
-        table.addRow({std::to_string(command.number), Visible(Utf8FromAnsi(command.key)),
-                      hexText(command.bytes), Visible(Utf8FromAnsi(command.bytes)),
-                      command.isBuiltIn()  ? "built in"
-                      : command.isHidden() ? "own, hidden by " + std::to_string(command.first)
-                                           : "own"});
-    out << table;
-}
-
 ExitCode listCommands(const CommandsOptions& options, Session& session) {
-    return WithStoredCommands(session.errors, [&](const CommandTable& table) {
-        const std::vector<ShownCommand> commands = shownCommands(table);
+    return WithStoredCommands(session.errors, [&](const CommandTable& commands) {
+        auto array = ordered_json::array();
+        Table table({{"No.", Table::Align::right}, {"Key"}, {"Bytes"}, {"As text"}, {"Made"}});
+        for (std::int32_t number = 1; number <= commands.count(); ++number) {
+            const ShownCommand command(commands, number);
+            array.push_back(command);
+            const std::string hidden =
+                command.isHidden() ? ", hidden by " + std::to_string(command.first) : "";
+            table.addRow({std::to_string(number), Visible(Utf8FromAnsi(command.key)), hexText(command.bytes),
+                          Visible(Utf8FromAnsi(command.bytes)),
+                          command.isBuiltIn() ? "built in" : "own" + hidden});
+        }
         if (options.json)
-            session.out << JsonText(commands) << '\n';
+            session.out << JsonText(array) << '\n';
         else
-            print(session.out, commands);
+            session.out << table;
         return ExitCode::done;
     });
 }
@@ -122,40 +114,35 @@ std::optional<std::string> typedBytes(const CommandsOptions& options, ErrorLines
     std::string typed;
     for (const std::string& part : options.bytes)
         typed += (typed.empty() ? "" : " ") + part;
-    std::optional<std::string> bytes = options.isText ? AnsiFromTyped(typed, errors) : bytesOfHex(typed);
-    if (!bytes && !options.isText)
+    if (options.isText)
+        return AnsiFromTyped(typed, errors);
+    const std::optional<std::string> bytes = bytesOfHex(typed);
+    if (!bytes)
         errors.add("bytes are pairs of hexadecimal digits, not \"" + typed + "\"; a text needs --text");
-    else if (bytes && bytes->empty())
-        errors.add("a command needs bytes");
-    return bytes && bytes->empty() ? std::nullopt : bytes;
+    return bytes;
 }
 
-/// A key and its bytes as typed; nothing, after the reason has been reported, if the file would not keep
-/// them.
-std::optional<std::pair<std::string, std::string>> typedCommand(const CommandsOptions& options,
-                                                                ErrorLines& errors) {
-    errors.about(options.key);
-    const std::optional<std::string> key = AnsiFromTyped(options.key, errors);
-    const std::optional<std::string> bytes = key ? typedBytes(options, errors) : std::nullopt;
-    if (!bytes)
-        return std::nullopt;
-    if (key->empty())
-        errors.add("a command needs a key");
-    else if (BuiltInCommands().find(*key))
-        errors.add("a command that is built in cannot be changed");
-    else if ((*key + *bytes).find_first_of("\n\r\xff") != key->npos)
-        errors.add("a command table cannot hold the bytes 0A, 0D and FF");
-    else
-        return std::pair(*key, *bytes);
-    return std::nullopt;
+/// The reason why the file would not keep a key with these bytes; nothing if it does.
+const char* faultOf(const std::string& key, const std::string& bytes) {
+    return bytes.empty()                 ? "a command needs bytes"
+           : key.empty()                 ? "a command needs a key"
+           : BuiltInCommands().find(key) ? "a command that is built in cannot be changed"
+           : (key + bytes).find_first_of("\n\r\xff") != key.npos
+               ? "a command table cannot hold the bytes 0A, 0D and FF"
+               : nullptr;
 }
 
 ExitCode setCommand(const CommandsOptions& options, Session& session) {
-    const auto command = typedCommand(options, session.errors);
-    if (!command)
+    session.errors.about(options.key);
+    const std::optional<std::string> key = AnsiFromTyped(options.key, session.errors);
+    const std::optional<std::string> bytes = key ? typedBytes(options, session.errors) : std::nullopt;
+    const char* const fault = bytes ? faultOf(*key, *bytes) : nullptr;
+    if (fault)
+        session.errors.add(fault);
+    if (!bytes || fault)
         return ExitCode::wrongUsage;
     return WithStoredCommands(session.errors, [&](CommandTable& table) {
-        table.set(command->first, command->second);
+        table.set(*key, *bytes);
         return ExitCode::done;
     });
 }
@@ -170,27 +157,22 @@ void AddCommandsCommand(CLI::App& program, Session& session) {
     commands.footer(
         "The table is read where it was saved last, at first db/VistrelLite.dat in the folder of the "
         "program, or of --home. Every use writes it anew.");
-    const auto add = [&](const char* name, auto run, const char* description, const char* example) {
-        CLI::App& command = AddCommand(commands, name, description, example);
-        command.callback([run, options, &session] {
-            session.command = [run, options, &session] { return run(*options, session); };
-        });
-        return &command;
-    };
     constexpr const char* keyHelp = "Key of the command, as texts hold it";
 
-    add("list", &listCommands, "Shows every command", "vistrel commands list --home samples")
-        ->add_flag("--json", options->json, "Prints an array of commands");
+    AddCommand(commands, "list", "Shows every command", "vistrel commands list --home samples", session,
+               options, &listCommands)
+        .add_flag("--json", options->json, "Prints an array of commands");
 
-    CLI::App* get = add("get", &getCommand, "Shows the bytes of a command", "vistrel commands get \"|hm|\"");
-    get->add_option("KEY", options->key, keyHelp)->required();
-    get->add_flag("--json", options->json, "Prints the command");
+    CLI::App& get = AddCommand(commands, "get", "Shows the bytes of a command",
+                               "vistrel commands get \"|hm|\"", session, options, &getCommand);
+    get.add_option("KEY", options->key, keyHelp)->required();
+    get.add_flag("--json", options->json, "Prints the command");
 
-    CLI::App* set = add("set", &setCommand, "Sets the bytes of a command, or adds one",
-                        "vistrel commands set \"|flash|\" 1B 80 46");
-    set->add_option("KEY", options->key, keyHelp)->required();
-    set->add_option("BYTES", options->bytes, "Pairs of hexadecimal digits")->required();
-    set->add_flag("--text", options->isText, "Takes BYTES as a text instead");
+    CLI::App& set = AddCommand(commands, "set", "Sets the bytes of a command, or adds one",
+                               "vistrel commands set \"|flash|\" 1B 80 46", session, options, &setCommand);
+    set.add_option("KEY", options->key, keyHelp)->required();
+    set.add_option("BYTES", options->bytes, "Pairs of hexadecimal digits")->required();
+    set.add_flag("--text", options->isText, "Takes BYTES as a text instead");
 }
 
 } // namespace qrtVistrelClasses4

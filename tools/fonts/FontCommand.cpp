@@ -3,7 +3,6 @@
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/ReplacementFile.h"
-#include "playfile/FrameInfoClass.h"
 #include "tools/fonts/FontGallery.h"
 #include "tools/fonts/FontNeeds.h"
 #include "tools/fonts/FontPictures.h"
@@ -126,15 +125,15 @@ bool has(const Font& font, unsigned char code) {
 
 ExitCode check(const FontOptions& options, Session& session) {
     const std::optional<Font> font = loadFont(options, session.errors);
-    FrameInfoClass playfile;
-    if (!font || !OpenPlayfile(playfile, options.playfile, options.answers, session.errors))
+    const auto opened = font ? OpenPlayfile(options.playfile, options.answers, session.errors) : std::nullopt;
+    if (!opened)
         return ExitCode::failed;
     session.errors.about("the command table cannot be read or saved");
     const ScopedMoment moment(options.at);
     const auto needs = [&] {
         EveryErrorReporter reporter(session.errors);
         const ScopedErrorReporter scope(reporter);
-        return NeedsOf(playfile.Value().frames);
+        return NeedsOf(opened->playfile.frames);
     }();
     Table lacking(
         {{"Code", Table::Align::right}, {"Character"}, {"Times", Table::Align::right}, {"First in"}});
@@ -165,11 +164,7 @@ void AddFontCommand(CLI::App& program, Session& session) {
                                 "vistrel font show bin/6x8.cmd");
     font.require_subcommand(1);
     const auto add = [&](const char* name, auto run, const char* description, const char* example) {
-        CLI::App& command = AddCommand(font, name, description, example);
-        command.callback([run, options, &session] {
-            session.command = [run, options, &session] { return run(*options, session); };
-        });
-        return &command;
+        return &AddCommand(font, name, description, example, session, options, run);
     };
     const auto addSize = [&](CLI::App& command, const char* description) {
         AddSizeOption(command, options->size, kLargestCellSide, description);

@@ -169,7 +169,7 @@ private:
         draw([&](std::int32_t number, const PixelBuffer& dots) {
             sheet.add(caption(number), dots, captionFont, picture);
         });
-        return save(picture, std::to_string(count) + (count == 1 ? " frame" : " frames"));
+        return save(picture, Counted(count, "frame"));
     }
 
     ExitCode save(const PixelBuffer& picture, const std::string& what) {
@@ -200,25 +200,26 @@ ExitCode preview(const PreviewOptions& options, Session& session) {
             return ExitCode::failed;
         sign = *found;
     }
-    FrameInfoClass playfile;
-    if (!OpenPlayfile(playfile, options.file, options.answers, session.errors))
+    const auto opened = OpenPlayfile(options.file, options.answers, session.errors);
+    if (!opened)
         return ExitCode::failed;
-    const std::int16_t last = playfile.TotalFrames();
+    const std::int32_t last = opened->playfile.frames.upperBound();
     if (const std::int16_t wanted = options.sheet ? std::int16_t{1} : options.frame; wanted > last) {
         session.errors.add("there is no frame " + std::to_string(wanted) + ", the last one is " +
                            std::to_string(last));
         return ExitCode::failed;
     }
     const ScopedMoment moment(options.at);
-    return Preview(options, sign, framesOf(playfile.Value()), session).run();
+    return Preview(options, sign, framesOf(opened->playfile), session).run();
 }
 
 } // namespace
 
 void AddPreviewCommand(CLI::App& program, Session& session) {
-    CLI::App& command = AddCommand(program, "preview", "Shows frames of a playfile as a sign does",
-                                   "vistrel preview harbour.playfile --sheet --out harbour.png");
     const auto options = std::make_shared<PreviewOptions>();
+    CLI::App& command =
+        AddCommand(program, "preview", "Shows frames of a playfile as a sign does",
+                   "vistrel preview harbour.playfile --sheet --out harbour.png", session, options, &preview);
     command.add_option("FILE", options->file, "The playfile")->required();
     auto* frame = command.add_option("--frame", options->frame, "The frame to show, from 1; else the first")
                       ->check(CLI::Range(1, kMost16Bit));
@@ -240,9 +241,6 @@ void AddPreviewCommand(CLI::App& program, Session& session) {
         ->needs(out);
     AddMomentOption(command, options->at);
     AddAnswerOptions(command, options->answers);
-    command.callback([options, &session] {
-        session.command = [options, &session] { return preview(*options, session); };
-    });
 }
 
 } // namespace qrtVistrelClasses4

@@ -1,4 +1,5 @@
 // vistrel: the library's work from the command line.
+#include "frame/Traced.h"
 #include "platform/Platform.h"
 #include "tools/program/Commands.h"
 
@@ -16,12 +17,10 @@ ExitCode run(Session& session, const std::optional<std::string>& home) {
     const auto machine = makePlatform({.home = home});
     const ScopedPlatform platformScope(*machine);
     const ScopedErrorReporter reporterScope(session.errors);
-    try {
-        return session.command();
-    } catch (const RuntimeError& error) {
-        session.errors.add(error);
-        return ExitCode::failed;
-    }
+    ExitCode code = ExitCode::failed;
+    if (const auto error = ErrorOf([&] { code = session.command(); }))
+        session.errors.add(*error);
+    return code;
 }
 
 /// Writes long texts to standard output in pieces.
