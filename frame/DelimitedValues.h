@@ -1,4 +1,4 @@
-// Files of values that stand on lines of their own or between commas, texts in quotes.
+// Files of values on lines of their own or between commas, with texts in quotes.
 #pragma once
 
 #include "frame/BufferedText.h"
@@ -11,9 +11,9 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Takes values from a text, one by one. Blanks before a value are passed over. A value in quotes ends at the
-/// next quote, wherever that is; any other at a comma or at the end of its line. What stands between a
-/// closing quote and the next comma or line end begins the next value.
+/// Takes values from a text, one by one. Blanks before a value are skipped. A value in quotes ends at the
+/// next quote, wherever that is; any other at a comma or at the end of its line. What is between a closing
+/// quote and the next comma or line end begins the next value.
 class DelimitedReader {
 public:
     /// `text` must outlive the reader.
@@ -58,7 +58,7 @@ public:
     /// Nothing but a flag itself, since a literal text would convert to one.
     void put(std::same_as<bool> auto flag) { putFlag(flag); }
 
-    /// Hands on what is left.
+    /// Writes what is left.
     void finish() { text_.finish(); }
 
 private:
