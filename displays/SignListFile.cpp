@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <type_traits>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -76,10 +77,29 @@ void writeTo(OutputFile& file, const SignList& list) {
     Check(file.close());
 }
 
-/// How many signs a file of that size holds at the most, if it was written here.
+/// Bytes of the shortest value of a row: `""`, `0` or `#TRUE#`, with its line end.
+template <class Row>
+constexpr std::size_t shortestOf(const Row&) {
+    using Value = ValueOfRow<Row>;
+    return std::is_same_v<Value, std::string> ? 4 : std::is_same_v<Value, bool> ? 8 : 3;
+}
+
+/// Bytes of the shortest sign that is written here.
+constexpr std::size_t shortestSign() {
+    std::size_t size = 0;
+    ForEachRow(kDisplayMembers, [&](const auto& row) {
+        if constexpr (requires { row.elements; })
+            ForEachRow(row.elements,
+                       [&](const auto& part) { size += kSchedulesOfADisplay * shortestOf(part); });
+        else
+            size += shortestOf(row);
+    });
+    return size;
+}
+
+/// The greatest number of signs in a file of that size, if it was written here.
 std::int32_t mostDisplays(std::size_t fileSize) {
-    constexpr std::size_t texts = 21, numbers = 21, flags = 6;
-    constexpr std::size_t shortest = 4 * texts + 3 * numbers + 8 * flags; // `""`, `0`, `#TRUE#`, line ends
+    constexpr std::size_t shortest = shortestSign();
     constexpr std::size_t mostNumbered = std::numeric_limits<std::int16_t>::max();
     return static_cast<std::int32_t>(std::min(fileSize / shortest, mostNumbered));
 }
