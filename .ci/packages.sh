@@ -1,8 +1,7 @@
 # shellcheck shell=bash
-# To be sourced: need_packages installs Debian packages that are missing.
+# Defines need_packages, for scripts that source this file.
 
-# need_packages NAME... : costs nothing when all are installed. Fails after telling what to install when it
-# may not do so itself.
+# need_packages NAME... : installs those that are missing. If it may not install, it prints what to install and fails.
 need_packages() {
     local package missing=()
     for package in "$@"; do

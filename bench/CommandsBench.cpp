@@ -63,7 +63,7 @@ void registerLegacy() {
 /// The built-in commands and those that a user has added: a key, a few bytes, and now and then a remark.
 std::vector<CommandInfoType> makeCommands() {
     const CommandTable builtIn = BuiltInCommands();
-    std::vector<CommandInfoType> commands(builtIn.begin(), builtIn.end());
+    std::vector<CommandInfoType> commands(builtIn.rows().begin(), builtIn.rows().end());
     Dice dice;
     while (commands.size() < kCommands) {
         auto& info = commands.emplace_back().sCMDInfo;

@@ -3,61 +3,15 @@
 #include "bench/Json.h"
 #include "bench/Ratio.h"
 
-#include <array>
 #include <string_view>
 
 namespace qrtVistrelClasses4::bench {
 namespace {
 
-template <std::size_t count>
-using Names = std::array<std::string_view, count>;
-
-constexpr Names<std::tuple_size_v<decltype(kDisplayFields)>> kDisplayNames{
-    "DisplayName",
-    "DisplayType",
-    "DisplayHeight",
-    "DisplayWidth",
-    "IsDisplayColor",
-    "DefaultColor",
-    "ColorsSupported",
-    "SwitchOperated",
-    "TempProbeInstalled",
-    "DisplayIDs",
-    "DaylightSavingsTime",
-    "ScrollPauseDelay",
-    "TempProbeAdjust",
-    "TimeZoneAdjustment",
-    "ScrollingTextSpeed",
-    "ResetOnGetParameters",
-    "BrightnessLevel",
-    "LightSensorMinimum",
-    "LightSensorMaximum",
-    "PhoneNumber",
-    "IPAddress",
-    "CommPort",
-    "BaudRate",
-    "ConnectionMethod",
-    "LightSensorInstalled",
-    "FrameSize",
-    "Switch1",
-    "Switch2",
-    "BlinkRateShow",
-    "BlinkRateClear",
-    "AppDesc",
-    "BlinkBehavior",
-    "BlinkTimes",
-    "Reserved1",
-    "Reserved2",
-    "BrightnessScheduleDefaultBrightness",
-};
-constexpr Names<std::tuple_size_v<decltype(kScheduleFields)>> kScheduleNames{"BrightnessLevel", "StartTime",
-                                                                             "StopTime"};
-
-template <class Record, class Fields, std::size_t count>
-void putAll(JsonWriter& out, const Record& record, const Fields& fields, const Names<count>& names) {
-    const std::string_view* name = names.data();
-    ForEachValue(record, fields, [&](const auto& value) {
-        PutKey(out, *name++);
+template <class Record, class Table>
+void putAll(JsonWriter& out, const Record& record, const Table& table) {
+    ForEachValue(record, table, [&](std::string_view name, const auto& value) {
+        PutKey(out, name.empty() ? "Reserved" : name);
         PutJson(out, value);
     });
 }
@@ -99,12 +53,12 @@ void SaveAsJson(const Displays& displays, const std::string& path) {
     out.StartArray();
     for (const DisplayRecord& display : displays) {
         out.StartObject();
-        putAll(out, display, kDisplayFields, kDisplayNames);
+        putAll(out, display, kDisplayMembers);
         PutKey(out, "Schedules");
         out.StartArray();
         for (const BrightnessSchedule& schedule : display.schedules) {
             out.StartObject();
-            putAll(out, schedule, kScheduleFields, kScheduleNames);
+            putAll(out, schedule, kScheduleMembers);
             out.EndObject();
         }
         out.EndArray();
@@ -116,11 +70,11 @@ void SaveAsJson(const Displays& displays, const std::string& path) {
 
 DisplayContents ContentsOf(const Displays& displays) {
     DisplayContents contents;
-    const auto addValue = [&](const auto& value) { add(contents, value); };
+    const auto addValue = [&](std::string_view, const auto& value) { add(contents, value); };
     for (const DisplayRecord& display : displays) {
-        ForEachValue(display, kDisplayFields, addValue);
+        ForEachValue(display, kDisplayMembers, addValue);
         for (const BrightnessSchedule& schedule : display.schedules)
-            ForEachValue(schedule, kScheduleFields, addValue);
+            ForEachValue(schedule, kScheduleMembers, addValue);
     }
     return contents;
 }

@@ -3,8 +3,8 @@
 #include "bench/Subjects.h"
 #include "bench/Timing.h"
 #include "platform/Platform.h"
-#include "tools/preview/FramePicture.h"
-#include "tools/preview/FrameSheet.h"
+#include "preview/FramePainter.h"
+#include "preview/FrameSheet.h"
 #include "tools/preview/PngFile.h"
 
 #include <algorithm>
@@ -20,17 +20,16 @@ constexpr double kMostOfEncoding = 0.5;
 
 /// Everything between an open playfile and the bytes of a PNG, from loading the fonts on. `home` holds the
 /// fonts; its commands are the built-in ones.
-PixelBuffer drawSheet(FrameInfoClass& playfile, const std::string& home) {
+PixelBuffer drawSheet(const FrameInfoClass& playfile, const std::string& home) {
     const auto machine = makePlatform({home});
     const ScopedPlatform use(*machine);
-    ErrorLines errors;
-    FramePainter painter({}, errors);
-    const OneBasedArray<FrameRecord> frames = ReadFrames(playfile);
+    FramePainter painter({});
+    const OneBasedArray<FrameRecord>& frames = playfile.Value().frames;
     FrameSheet sheet(frames.upperBound(), kSign, kScale);
     PixelBuffer picture = sheet.empty();
-    const auto captions = painter.fonts().find(0, {});
-    painter.show(frames, 1, frames.upperBound(), kSign, [&](std::int32_t number, const PixelBuffer& dots) {
-        sheet.add(frames.at(number).FrameName, dots, *captions, picture);
+    const Font& captionFont = painter.captionFont();
+    painter.draw(frames, 1, frames.upperBound(), kSign, [&](std::int32_t number, const PixelBuffer& dots) {
+        sheet.add(frames.at(number).FrameName, dots, captionFont, picture);
     });
     return picture;
 }

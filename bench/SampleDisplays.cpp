@@ -91,11 +91,11 @@ Displays MakeDisplays(std::int16_t count) {
 
 void SaveWithFmt(const Displays& displays, const std::string& path) {
     fmt::memory_buffer file;
-    const auto putValue = [&](const auto& value) { put(file, value); };
+    const auto putValue = [&](std::string_view, const auto& value) { put(file, value); };
     for (const DisplayRecord& display : displays) {
-        ForEachValue(display, kDisplayFields, putValue);
+        ForEachValue(display, kDisplayMembers, putValue);
         for (const BrightnessSchedule& schedule : display.schedules)
-            ForEachValue(schedule, kScheduleFields, putValue);
+            ForEachValue(schedule, kScheduleMembers, putValue);
     }
     WriteNewFile(path, {file.data(), file.size()});
 }

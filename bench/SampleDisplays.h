@@ -1,36 +1,31 @@
 // Lists of signs such as sites have, in any size.
 #pragma once
 
-#include "displays/DisplayFormat.h"
+#include "displays/DisplayRecord.h"
 
 #include <cstdint>
 #include <string>
-#include <tuple>
 #include <vector>
 
 namespace qrtVistrelClasses4::bench {
 
 using Displays = std::vector<DisplayRecord>;
 
-/// Signs in the network, on lines and behind modems, some with schedules; no value is one that reading mends.
-/// The same at every call.
+/// Signs in the network, on lines and on modems, some with schedules. Reading mends none of the values. Every
+/// call makes the same signs.
 Displays MakeDisplays(std::int16_t count);
 
 /// The file of these signs, written with {fmt}.
 void SaveWithFmt(const Displays& displays, const std::string& path);
 
-template <class Record, class Value>
-const Value& ValueOf(const Record& record, Value Record::*member) {
-    return record.*member;
-}
-template <class Value>
-const Value& ValueOf(const DisplayRecord& display, MendedField<Value> field) {
-    return display.*field.member;
-}
-/// Calls `visit` with each of these values, in file order.
-template <class Record, class Fields, class Visit>
-void ForEachValue(const Record& record, const Fields& fields, Visit visit) {
-    std::apply([&](auto... field) { (visit(ValueOf(record, field)), ...); }, fields);
+/// Calls `visit(name, value)` with each member of a record that has no table of its own, in file order.
+/// Members without a property have an empty name.
+template <class Record, class Table, class Visit>
+void ForEachValue(const Record& record, const Table& table, Visit visit) {
+    ForEachRow(table, [&](const auto& row) {
+        if constexpr (!requires { row.elements; })
+            visit(row.name, record.*row.member);
+    });
 }
 
 } // namespace qrtVistrelClasses4::bench

@@ -1,4 +1,4 @@
-# Lets `target`, built as unity, read the sources of each room as one. All of its sources are absolute paths.
+# Makes a unity build of `target` compile the sources of each room as one. Its sources must be absolute paths.
 function(qrt_rooms_as_one target)
     get_target_property(sources ${target} SOURCES)
     foreach(source IN LISTS sources)

@@ -1,15 +1,11 @@
 #include "commands/CommandTable.h"
 
-#include "frame/TextLines.h"
-
-#include <algorithm>
 #include <iterator>
-#include <tuple>
+#include <string_view>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
-
-constexpr char kFieldEnd = '\xff';
 
 /// Its two bytes are the command for the 24-hour clock.
 constexpr std::int16_t kMilitaryTime = 7700;
@@ -51,66 +47,44 @@ std::string bytesOf(std::int16_t number) {
     return {static_cast<char>(high), static_cast<char>(number & 0xff)};
 }
 
-/// Puts the fields of a line into a row: what is missing is empty, what is more is dropped.
-void readRow(std::string_view line, CommandInfoType& row) {
-    for (std::string& field : row.sCMDInfo) {
-        const std::size_t end = std::min(line.find(kFieldEnd), line.size());
-        field = line.substr(0, end);
-        line.remove_prefix(std::min(end + 1, line.size()));
-    }
-}
-
 } // namespace
 
 std::int32_t BuiltInCommandCount() { return static_cast<std::int32_t>(std::size(kBuiltInCommands)); }
 
 CommandTable BuiltInCommands() {
-    CommandTable commands(BuiltInCommandCount());
-    std::int32_t number = 0;
-    for (const auto& [key, bytes] : kBuiltInCommands) {
-        auto& info = commands.at(++number).sCMDInfo;
-        info[kCommandKey] = key;
-        info[kCommandBytes] = bytes.empty() ? bytesOf(kMilitaryTime) : std::string(bytes);
-    }
+    CommandTable commands;
+    for (const auto& [key, bytes] : kBuiltInCommands)
+        commands.add() = {{std::string(key), bytes.empty() ? bytesOf(kMilitaryTime) : std::string(bytes)}};
     return commands;
 }
 
-bool MayBeCommandTable(std::string_view text) {
-    constexpr auto fieldEnds = std::tuple_size_v<decltype(CommandInfoType::sCMDInfo)> - 1;
-    for (std::int32_t number = 1; number <= BuiltInCommandCount() && !text.empty(); ++number) {
-        const TextLine line = FirstLine(text);
-        text.remove_prefix(line.size);
-        const auto found = static_cast<std::size_t>(std::ranges::count(line.text, kFieldEnd));
-        if (!line.text.empty() && found < fieldEnds)
-            return false;
+std::optional<std::int32_t> CommandTable::find(const std::string& key) const {
+    if (const auto known = index_.find(key); known != index_.end())
+        return known->second;
+    while (indexed_ < count()) {
+        const std::string& next = this->key(indexed_ + 1);
+        index_.try_emplace(next, indexed_ + 1);
+        ++indexed_;
+        if (next == key)
+            return indexed_;
     }
-    return true;
+    return std::nullopt;
 }
 
-bool ReadCommandRows(std::string_view text, CommandTable& commands) {
-    for (std::int32_t number = 1; !text.empty(); ++number) {
-        const TextLine line = FirstLine(text);
-        text.remove_prefix(line.size);
-        if (number <= BuiltInCommandCount())
-            continue;
-        if (number > kMostCommands)
-            return false;
-        commands.resize(number);
-        readRow(line.text, commands.at(number));
-    }
-    return true;
+std::string CommandTable::bytesOf(const std::string& key) const {
+    const std::optional<std::int32_t> number = find(key);
+    return number ? rows_.at(*number).sCMDInfo[kCommandBytes] : key;
 }
 
-void WriteCommandRows(BufferedText& out, const CommandTable& commands) {
-    for (const CommandInfoType& command : commands) {
-        const auto& info = command.sCMDInfo;
-        out.append(info.front());
-        for (auto field = std::next(info.begin()); field != info.end(); ++field) {
-            out.appendLiteral("\xff");
-            out.append(*field);
-        }
-        out.appendLiteral("\r\n");
+void CommandTable::set(const std::string& key, const std::string& bytes) {
+    if (key.empty() || bytes.empty())
+        return;
+    if (const std::optional<std::int32_t> number = find(key)) {
+        rows_.at(*number).sCMDInfo[kCommandBytes] = bytes;
+        return;
     }
+    CommandInfoType added{{key, bytes}};
+    add() = std::move(added);
 }
 
 } // namespace qrtVistrelClasses4

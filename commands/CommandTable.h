@@ -1,18 +1,18 @@
-// The sign's commands: keys that stand in texts, and the bytes that the sign understands for them.
+// The sign's commands as a value: keys in sign texts, and the bytes that the sign understands for them.
 #pragma once
 
-#include "frame/BufferedText.h"
 #include "frame/OneBasedArray.h"
+#include "frame/RuntimeError.h"
 
 #include <array>
 #include <cstdint>
+#include <map>
+#include <optional>
 #include <string>
-#include <string_view>
 
 namespace qrtVistrelClasses4 {
 
-/// One command: its key, its byte string (one byte a character), and two texts that are carried from file to
-/// file without a meaning.
+/// One command: its key, its byte string (one byte a character), and two spare texts that files keep.
 struct CommandInfoType {
     std::array<std::string, 4> sCMDInfo;
 
@@ -25,20 +25,43 @@ inline constexpr std::size_t kCommandBytes = 1;
 
 inline constexpr std::int32_t kMostCommands = 32767;
 
-using CommandTable = OneBasedArray<CommandInfoType>;
+/// Rows of commands, numbered from 1: the built-in ones, then those that users added. Rows are only added at
+/// the end or given other bytes. Keys are compared exactly; of two rows with one key the first counts. One
+/// thread at a time: looking a key up remembers where it is.
+class CommandTable {
+public:
+    const OneBasedArray<CommandInfoType>& rows() const { return rows_; }
+    std::int32_t count() const { return rows_.upperBound(); }
+    /// The key of row `number`; error 9 outside the table.
+    const std::string& key(std::int32_t number) const { return rows_.at(number).sCMDInfo[kCommandKey]; }
+
+    /// Number of the first row with that key.
+    std::optional<std::int32_t> find(const std::string& key) const;
+    /// Byte string of that row; the key itself if there is none.
+    std::string bytesOf(const std::string& key) const;
+
+    /// Sets the byte string of that row, or adds a row. Without a key or without bytes it does nothing. Error
+    /// 6 if the table is full.
+    void set(const std::string& key, const std::string& bytes);
+    /// Adds an empty row, to be filled at once. Error 6 if the table is full.
+    CommandInfoType& add() {
+        if (count() == kMostCommands)
+            Raise(ErrorNumber::overflow);
+        rows_.resize(count() + 1);
+        return rows_.at(count());
+    }
+
+    bool operator==(const CommandTable& other) const { return rows_ == other.rows_; }
+
+private:
+    OneBasedArray<CommandInfoType> rows_;
+    /// The first row of each key, of the first `indexed_` rows: no more than have been looked through.
+    mutable std::map<std::string, std::int32_t> index_;
+    mutable std::int32_t indexed_ = 0;
+};
 
 /// The commands that every table starts with.
 CommandTable BuiltInCommands();
 std::int32_t BuiltInCommandCount();
-
-/// Whether the first lines of a file, which are not read, are such as a table has: all with their fields, or
-/// blank. Another file was not written as a table.
-bool MayBeCommandTable(std::string_view text);
-
-/// Adds the rows of a table file behind the built-in ones, which the file repeats in its first lines and
-/// which stay as they are. False when the file has more rows than can be numbered; those are left out then.
-bool ReadCommandRows(std::string_view text, CommandTable& commands);
-/// Writes all rows, one a line. A key or byte string with a line end (10) in it comes back as two rows.
-void WriteCommandRows(BufferedText& out, const CommandTable& commands);
 
 } // namespace qrtVistrelClasses4

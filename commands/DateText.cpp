@@ -44,10 +44,10 @@ private:
     std::string part(std::string_view run) {
         switch (run.front()) {
         case 'h':
-            behindHour_ = true;
+            isAfterHour_ = true;
             return number(hour(), run.size() > 1);
         case 'm':
-            return behindHour_ ? twoDigits(time_.minute) : month(run.size());
+            return isAfterHour_ ? twoDigits(time_.minute) : month(run.size());
         case 'd':
             return run.size() > 2 ? nameAt(names_.weekdays, time_.weekday) : twoDigits(time_.day);
         case 'y':
@@ -79,7 +79,7 @@ private:
     const LocalTime& time_;
     const CalendarNames& names_;
     bool halfDays_;
-    bool behindHour_ = false;
+    bool isAfterHour_ = false;
     std::string text_;
 };
 

@@ -9,8 +9,8 @@
 namespace qrtVistrelClasses4 {
 
 /// `time` by a pattern of "mmmm", "mmm", "mm", "dddd", "dd", "yyyy", "yy", "hh", "h" and "AMPM", with the
-/// user's names, and "/" and ":", which become the user's separators. "mm" behind an hour is minutes. With
-/// "AMPM" hours run from 1 to 12. Other characters stand for themselves.
+/// user's names, and "/" and ":", which become the user's separators. "mm" after an hour is minutes. With
+/// "AMPM" hours run from 1 to 12. Other characters are copied.
 std::string FormatDate(std::string_view pattern, const LocalTime& time, const CalendarNames& names);
 
 } // namespace qrtVistrelClasses4

@@ -100,7 +100,7 @@ int plainNumber(std::string_view digits) {
     return number;
 }
 
-/// Appends the code of the placeholder that stands between the braces. False when it is none.
+/// Appends the code of the placeholder that is between the braces. False if it is none.
 bool appendCode(std::string_view inBraces, std::string& text) {
     for (const NumberedPlaceholder& kind : kNumberedPlaceholders) {
         if (!inBraces.starts_with(kind.name))

@@ -6,10 +6,10 @@
 
 namespace qrtVistrelClasses4 {
 
-/// `text` with every placeholder ("{time}", "{vbl 7}", "{cnt 16}") rewritten as the code that stands for it
-/// now ("|h:m|", "VBL007", "CR16"). A time span ("{days}") has no code and goes. Placeholders are known by
-/// exact spelling and replaced one kind after another, so that one may arise from what another leaves behind;
-/// what is no placeholder stays. "" after an error, which is trapped.
+/// `text` with every placeholder ("{time}", "{vbl 7}", "{cnt 16}") replaced by its code of today ("|h:m|",
+/// "VBL007", "CR16"). A time span ("{days}") has no code and is removed. Placeholders are known by exact
+/// spelling and replaced one kind after another, so that removing one may make another. Anything else stays.
+/// "" after an error, which is trapped.
 std::string ConvertLegacyVariables(const std::string& text);
 
 } // namespace qrtVistrelClasses4

@@ -83,7 +83,7 @@ std::string show(const CommandPreview& preview, std::int16_t hourOffset) {
     }
 }
 
-/// The bytes in decimal, one behind the other.
+/// The bytes in decimal, one after the other.
 std::string decimalForm(const std::string& bytes) {
     std::string decimal;
     for (const char byte : bytes)
@@ -127,22 +127,11 @@ std::string previewCode(const std::string& code, std::int16_t hourOffset, BytesO
         Arg{"Code", code}, Arg{"HourOffset", hourOffset});
 }
 
-std::map<std::string, std::string> byteStringsByKey() {
-    std::map<std::string, std::string> byteStrings;
-    clsCommandInterface commands;
-    const std::int32_t total = commands.iTotalCommands();
-    for (std::int32_t place = 1; place <= total; ++place) {
-        const auto number = static_cast<std::int16_t>(place);
-        byteStrings.try_emplace(commands.sCommandKeyByNum(number), commands.sCommandBytesByNum(number));
-    }
-    return byteStrings;
-}
-
-std::vector<std::string> keysOf(const std::map<std::string, std::string>& byteStrings) {
+std::vector<std::string> keysOf(const CommandTable& commands) {
     std::vector<std::string> keys;
-    keys.reserve(byteStrings.size());
-    for (const auto& [key, bytes] : byteStrings)
-        keys.push_back(key);
+    keys.reserve(static_cast<std::size_t>(commands.count()));
+    for (std::int32_t number = 1; number <= commands.count(); ++number)
+        keys.push_back(commands.key(number));
     return keys;
 }
 
@@ -157,8 +146,11 @@ std::string PreviewText(std::string_view text, std::int16_t hourOffset) {
     return TextPreviews(hourOffset).of(text);
 }
 
+TextPreviews::TextPreviews(CommandTable commands, std::int16_t hourOffset)
+    : commands_(std::move(commands)), codes_(keysOf(commands_)), hourOffset_(hourOffset) {}
+
 TextPreviews::TextPreviews(std::int16_t hourOffset)
-    : commands_(byteStringsByKey()), codes_(keysOf(commands_)), hourOffset_(hourOffset) {}
+    : TextPreviews(clsCommandInterface().Value(), hourOffset) {}
 
 std::string TextPreviews::of(std::string_view text) {
     text = text.substr(0, kLongestPreview);
@@ -178,13 +170,10 @@ std::string TextPreviews::of(std::string_view text) {
 const std::string& TextPreviews::previewOf(std::string_view code) {
     if (const auto known = known_.find(code); known != known_.end())
         return known->second;
-    const auto bytesOf = [&](const std::string& key) {
-        const auto command = commands_.find(key);
-        return command == commands_.end() ? key : command->second;
-    };
     const std::string key(code);
-    return known_.emplace(key, previewCode(key, hourOffset_, bytesOf).substr(0, kLongestPreview))
-        .first->second;
+    std::string preview =
+        previewCode(key, hourOffset_, [&](const auto& it) { return commands_.bytesOf(it); });
+    return known_.emplace(key, preview.substr(0, kLongestPreview)).first->second;
 }
 
 } // namespace qrtVistrelClasses4

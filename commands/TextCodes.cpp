@@ -40,6 +40,7 @@ std::size_t commonSize(std::string_view one, std::string_view other) {
 TextCodes::TextCodes(std::vector<std::string> keys) : keys_(std::move(keys)) {
     std::erase_if(keys_, [](const std::string& key) { return key.empty() || key == kDrawnByFonts; });
     std::ranges::sort(keys_);
+    keys_.erase(std::unique(keys_.begin(), keys_.end()), keys_.end());
     for (std::size_t place = 0; place < keys_.size(); ++place) {
         std::size_t shorter = place - 1; // `kNone` before the first
         while (shorter != kNone && !keys_[place].starts_with(keys_[shorter]))
@@ -53,12 +54,12 @@ std::size_t TextCodes::sizeAtStart(std::string_view text) const {
         {keySizeAtStart(text), numberedCodeSize(text, kVariableCode), numberedCodeSize(text, kCounterCode)});
 }
 
-/// The last key that is not behind `text` in order starts with every key that `text` starts with.
+/// The last key that does not come after `text` in order starts with every key that `text` starts with.
 std::size_t TextCodes::keySizeAtStart(std::string_view text) const {
-    const auto behind = std::ranges::upper_bound(keys_, text);
-    if (behind == keys_.begin())
+    const auto after = std::ranges::upper_bound(keys_, text);
+    if (after == keys_.begin())
         return 0;
-    auto place = static_cast<std::size_t>(behind - keys_.begin()) - 1;
+    auto place = static_cast<std::size_t>(after - keys_.begin()) - 1;
     const std::size_t common = commonSize(keys_[place], text);
     while (place != kNone && keys_[place].size() > common)
         place = shorter_[place];

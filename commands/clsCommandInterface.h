@@ -1,10 +1,9 @@
 // The table of the sign's commands, with the rows that the user has added.
 #pragma once
 
-#include "commands/CommandTable.h"
+#include "commands/CommandTableFile.h"
 
 #include <cstdint>
-#include <map>
 #include <string>
 #include <string_view>
 
@@ -27,39 +26,32 @@ public:
     static constexpr std::string_view ClassName() { return "clsCommandInterface"; }
 
     /// Number of rows.
-    std::int16_t iTotalCommands();
+    std::int16_t iTotalCommands() const;
     /// Key of row `iCommand`; "" below 1.
-    std::string sCommandKeyByNum(std::int16_t iCommand);
+    std::string sCommandKeyByNum(std::int16_t iCommand) const;
     /// Byte string of the first row with that key; the key itself when there is none.
-    std::string sCommandBytesByKey(const std::string& sKey);
+    std::string sCommandBytesByKey(const std::string& sKey) const;
     /// Sets the byte string of the first row with that key, or adds a row. Without a key or without bytes it
     /// does nothing. A built-in row changes in memory only. More than 32767 rows are error 6.
     void sCommandBytesByKey(const std::string& sKey, const std::string& vData);
-    /// The same for the key of row `iCommand`; another row with that key may stand before it.
-    std::string sCommandBytesByNum(std::int16_t iCommand);
+    /// The same for the key of row `iCommand`; another row with that key may come before it.
+    std::string sCommandBytesByNum(std::int16_t iCommand) const;
     void sCommandBytesByNum(std::int16_t iCommand, const std::string& vData);
     /// Keeps the order as it is: rows are known by their numbers.
     void SortCommandByLargestFirst();
+
+    /// All rows.
+    const CommandTable& Value() const { return table_; }
 
 private:
     void LoadCommandTable();
     void SaveCommandTable();
     void BuildBuiltInCommands();
-    bool hasBuiltInCommands() const { return commands_.upperBound() >= BuiltInCommandCount(); }
-    /// -1 for none.
-    std::int32_t FindCommandIndex(const std::string& sKey);
-    std::int32_t numberOf(const std::string& key);
-    void setBytes(const std::string& key, const std::string& bytes);
-    void readFile(const std::string& path);
-    void writeFile(const std::string& path);
+    /// Shows on the trace that a key is looked up.
+    void FindCommandIndex(const std::string& sKey) const;
 
-    CommandTable commands_;
-    /// The first row of each key, of the first `numbered_` rows: as far as one has been looked for. Keys
-    /// never change.
-    std::map<std::string, std::int32_t> numbers_;
-    std::int32_t numbered_ = 0;
-    std::string readPath_;     ///< The file whose rows are all here.
-    bool readForeign_ = false; ///< That file was no table.
+    CommandTable table_;
+    CommandTableSource source_;
 };
 
 } // namespace qrtVistrelClasses4

@@ -1,218 +1,258 @@
 // The list of signs ("displays") of a site.
 #pragma once
 
-#include "displays/DisplayRecord.h"
+#include "displays/SignList.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <type_traits>
 
 namespace qrtVistrelClasses4 {
 
-class OutputFile;
-
-/// The signs that the application knows, and the cursor that its properties address. Signs and brightness
-/// schedules are numbered from 1. Texts are 8-bit characters of the ANSI code page, passed through unchanged.
-/// One thread at a time.
+/// Cursors, trace and error trap over a list of signs. Signs and brightness schedules are numbered from 1.
+/// Texts are 8-bit characters of the ANSI code page, passed through unchanged. One thread at a time.
 ///
 /// Every member traps its errors: the error is reported, the result is 0, "" or false, and the list stays as
-/// it was, unless told otherwise.
+/// it was unless the member says otherwise.
 class DisplayDatabaseClass {
 public:
-    /// One sign without a name, which does not count, under the cursor; no schedule selected.
+    /// Makes a list of one record without a name, which does not count. The record is under the cursor; no
+    /// schedule is selected.
     DisplayDatabaseClass();
     ~DisplayDatabaseClass();
     DisplayDatabaseClass(const DisplayDatabaseClass&) = delete;
     DisplayDatabaseClass& operator=(const DisplayDatabaseClass&) = delete;
 
+    /// The list itself. It changes with this object.
+    const SignList& Value() const { return list_; }
+
     static constexpr std::string_view ClassName() { return "DisplayDatabaseClass"; }
 
-    /// Always 0: lists of signs draw no identity number.
+    /// Always 0: lists of signs have no identity number.
     std::int32_t ClassDebugID() const { return 0; }
 
-    // The list. Nothing here moves the cursor.
+    // The list. Nothing here moves the cursor. `SignList` has the rules.
 
-    /// Number of the last sign; 0 when that one has no name, however many have one before it.
-    std::int16_t TotalDisplays();
-    /// Number of the first sign of that name, letters taken without case; -1 for none. Names are compared as
-    /// stored, so that a sign named "12" is found as "#12" only. Letters are those of Windows-1252.
-    std::int16_t FindDisplayByName(const std::string& theName);
-    /// Number of a new sign behind the last; -1 when the name is empty or taken. A last record without a name
-    /// counts as no list: the new name then goes to sign 1, which keeps all else, and the others go.
+    /// Number of the last sign; 0 if that one has no name, however many signs come before it.
+    std::int16_t TotalDisplays() const;
+    /// Number of the first sign of that name, in any case; -1 if there is none. Names are compared as they
+    /// are stored, so that a sign named "12" is found as "#12" only. Letters are those of Windows-1252.
+    std::int16_t FindDisplayByName(const std::string& theName) const;
+    /// Number of a new sign after the last one; -1 if the name is empty or taken. If the last record has no
+    /// name, the new name goes to sign 1, which keeps all other values, and the other records go.
     std::int16_t AddNewDisplay(const std::string& DisplayName);
-    /// Takes a sign out; the only one is emptied instead. A number outside the list does nothing. Always
-    /// false: callers look at `TotalDisplays`.
+    /// Takes a sign out; the only sign is emptied instead. Does nothing for a number outside the list. Always
+    /// returns false: callers look at `TotalDisplays`.
     bool RemoveDisplay(std::int16_t displayNumber);
-    /// Number of a new sign behind the last, equal to another but for its name; -1 when there is no such
-    /// other, or when the new name is empty or taken.
+    /// Number of a new sign after the last one, which equals the original but for its name; -1 if there is no
+    /// such original, or if the new name is empty or taken.
     std::int32_t Duplicate(const std::string& OriginalDisplayName, const std::string& NewDisplayName);
 
-    // The file. Its full name is the library's folder and the name given, which is usually "Displays.dat";
-    // the argument comes back with it.
+    // The file.
 
-    /// Writes all signs over the file, and remembers the file for reading. The list that was there stays
-    /// beside it, as name + ".bak". A failure is shown to the operator.
+    /// Writes all signs over the file `sFileName`, usually "Displays.dat", in the library's folder, and
+    /// remembers that file for reading. `sFileName` comes back as its full name. The list that was there is
+    /// kept beside it with ".bak" after its name. A failure is shown to the operator.
     void WriteAllDisplaysToDisk(std::string& sFileName);
+    /// As with an empty file name: the file would be the library's folder itself, so nothing is ever written.
+    /// The operator is shown the error, and the folder is remembered for reading.
     void WriteAllDisplaysToDisk();
-    /// Reads the signs of the file remembered last, wherever it is, and only without one that of the given
-    /// name. Values that old files leave empty are mended. After an error the signs read until then are the
-    /// list; without a record in the file it stays as it was.
+    /// Reads the signs of the file that is remembered, wherever it is; if none is, of the file `sFileName` in
+    /// the library's folder. `sFileName` comes back as the full name of the file read. Values that old files
+    /// leave empty are mended. After an error the signs read until then are the list; a file without a sign
+    /// leaves the list as it was.
     void RetrieveAllDisplayInfoFromDisk(std::string& sFileName);
+    /// As with an empty file name: reads the file that is remembered, and fails if none is.
     void RetrieveAllDisplayInfoFromDisk();
 
     // Texts for people.
 
-    /// "Direct Connect", "Network Connect", "Modem Connect", or "".
-    std::string TranslateConnectionMethodToString(std::int16_t iConnectionMethod);
-    /// How the current sign is reached: "COM1:9600", "10.0.0.5:3001".
-    std::string GetConnectionInfoInString();
+    /// "Direct Connect", "Network Connect", "Modem Connect"; empty for an unknown method.
+    std::string TranslateConnectionMethodToString(std::int16_t iConnectionMethod) const;
+    /// How the current sign is reached: "COM1:9600", "10.0.0.5:3001"; empty for an unknown method.
+    std::string GetConnectionInfoInString() const;
     /// Name of the current sign's type.
-    std::string GetSignTypeDescription();
-    /// Whether the current sign's firmware handles 16 x 16 fonts the newer way. Its version is told by one
-    /// digit before the last point of `AppDesc`, and what follows the point: "12.10" counts as 2.10.
-    bool UseNew16x16();
+    std::string GetSignTypeDescription() const;
+    /// True if the current sign's firmware handles 16 x 16 fonts the newer way. Its version consists of one
+    /// digit before the last point of `AppDesc` and of what follows the point: "12.10" counts as 2.10.
+    bool UseNew16x16() const;
 
-    // The cursors. Any value is kept; it is checked when used.
+    // The cursors. Any value is kept; it is checked when it is used.
 
     /// Number of the sign that the properties address.
-    std::int16_t CurrentDisplayNumber();
+    std::int16_t CurrentDisplayNumber() const;
     void CurrentDisplayNumber(std::int16_t vData);
     /// Number (1 to 4) of the schedule that the properties of schedules address.
-    std::int16_t CurrentBrightnessScheduleNumber();
+    std::int16_t CurrentBrightnessScheduleNumber() const;
     void CurrentBrightnessScheduleNumber(std::int16_t vData);
 
-    // The sign under `CurrentDisplayNumber`. Outside the list: error 9. `DisplayRecord` tells what each is.
+    // The sign under `CurrentDisplayNumber`. A cursor outside the list is error 9. `DisplayRecord` says what
+    // the values are.
 
     // Identity and size.
-    /// Reading and writing put "#" before a name that is a number, so that no name is taken for a number of a
-    /// sign.
-    std::string DisplayName();
-    void DisplayName(const std::string& vData);
-    /// Number of the sign type, as text. Setting a text that is no number is error 13.
-    std::string DisplayType();
-    void DisplayType(const std::string& vData);
+    /// Reading and writing put "#" before a name that is a number, and store it, so that no name is taken for
+    /// the number of a sign.
+    std::string DisplayName() { return readAndStore<&DisplayRecord::DisplayName>(); }
+    void DisplayName(const std::string& vData) { write<&DisplayRecord::DisplayName>(vData); }
+    /// Number of the sign type, as text. Setting a text that is not a number is error 13.
+    std::string DisplayType() const { return read<&DisplayRecord::DisplayType>(); }
+    void DisplayType(const std::string& vData) { write<&DisplayRecord::DisplayType>(vData); }
     /// Size in LED pixels.
-    std::int16_t DisplayHeight();
-    void DisplayHeight(std::int16_t vData);
-    std::int16_t DisplayWidth();
-    void DisplayWidth(std::int16_t vData);
-    std::int32_t FrameSize();
-    void FrameSize(std::int32_t vData);
+    std::int16_t DisplayHeight() const { return read<&DisplayRecord::DisplayHeight>(); }
+    void DisplayHeight(std::int16_t vData) { write<&DisplayRecord::DisplayHeight>(vData); }
+    std::int16_t DisplayWidth() const { return read<&DisplayRecord::DisplayWidth>(); }
+    void DisplayWidth(std::int16_t vData) { write<&DisplayRecord::DisplayWidth>(vData); }
+    std::int32_t FrameSize() const { return read<&DisplayRecord::FrameSize>(); }
+    void FrameSize(std::int32_t vData) { write<&DisplayRecord::FrameSize>(vData); }
     /// Description of the sign's firmware, with its version.
-    std::string AppDesc();
-    void AppDesc(const std::string& vData);
+    std::string AppDesc() const { return read<&DisplayRecord::AppDesc>(); }
+    void AppDesc(const std::string& vData) { write<&DisplayRecord::AppDesc>(vData); }
 
     // Colours.
-    bool IsDisplayColor();
-    void IsDisplayColor(bool vData);
-    std::string DefaultColor();
-    void DefaultColor(const std::string& vData);
-    std::string ColorsSupported();
-    void ColorsSupported(const std::string& vData);
+    bool IsDisplayColor() const { return read<&DisplayRecord::IsDisplayColor>(); }
+    void IsDisplayColor(bool vData) { write<&DisplayRecord::IsDisplayColor>(vData); }
+    std::string DefaultColor() const { return read<&DisplayRecord::DefaultColor>(); }
+    void DefaultColor(const std::string& vData) { write<&DisplayRecord::DefaultColor>(vData); }
+    std::string ColorsSupported() const { return read<&DisplayRecord::ColorsSupported>(); }
+    void ColorsSupported(const std::string& vData) { write<&DisplayRecord::ColorsSupported>(vData); }
 
     // Connection.
     /// 1 direct (serial), 2 network, 3 modem.
-    std::int16_t ConnectionMethod();
-    void ConnectionMethod(std::int16_t vData);
+    std::int16_t ConnectionMethod() const { return read<&DisplayRecord::ConnectionMethod>(); }
+    void ConnectionMethod(std::int16_t vData) { write<&DisplayRecord::ConnectionMethod>(vData); }
     /// Serial port, or TCP port of a sign in the network.
-    std::string CommPort();
-    void CommPort(const std::string& vData);
-    std::string BaudRate();
-    void BaudRate(const std::string& vData);
-    std::string PhoneNumber();
-    void PhoneNumber(const std::string& vData);
-    std::string IPAddress();
-    void IPAddress(const std::string& vData);
+    std::string CommPort() const { return read<&DisplayRecord::CommPort>(); }
+    void CommPort(const std::string& vData) { write<&DisplayRecord::CommPort>(vData); }
+    std::string BaudRate() const { return read<&DisplayRecord::BaudRate>(); }
+    void BaudRate(const std::string& vData) { write<&DisplayRecord::BaudRate>(vData); }
+    std::string PhoneNumber() const { return read<&DisplayRecord::PhoneNumber>(); }
+    void PhoneNumber(const std::string& vData) { write<&DisplayRecord::PhoneNumber>(vData); }
+    std::string IPAddress() const { return read<&DisplayRecord::IPAddress>(); }
+    void IPAddress(const std::string& vData) { write<&DisplayRecord::IPAddress>(vData); }
     /// Address, or addresses, of the sign on its line.
-    std::string DisplayIDs();
-    void DisplayIDs(const std::string& vData);
+    std::string DisplayIDs() const { return read<&DisplayRecord::DisplayIDs>(); }
+    void DisplayIDs(const std::string& vData) { write<&DisplayRecord::DisplayIDs>(vData); }
 
     // Clock, switches and scrolling.
-    bool SwitchOperated();
-    void SwitchOperated(bool vData);
-    std::int16_t Switch1();
-    void Switch1(std::int16_t vData);
-    std::int16_t Switch2();
-    void Switch2(std::int16_t vData);
-    bool DaylightSavingsTime();
-    void DaylightSavingsTime(bool vData);
-    std::int16_t TimeZoneAdjustment();
-    void TimeZoneAdjustment(std::int16_t vData);
-    std::int32_t ScrollPauseDelay();
-    void ScrollPauseDelay(std::int32_t vData);
-    std::int16_t ScrollingTextSpeed();
-    void ScrollingTextSpeed(std::int16_t vData);
-    bool ResetOnGetParameters();
-    void ResetOnGetParameters(bool vData);
-    bool TempProbeInstalled();
-    void TempProbeInstalled(bool vData);
-    std::int16_t TempProbeAdjust();
-    void TempProbeAdjust(std::int16_t vData);
+    bool SwitchOperated() const { return read<&DisplayRecord::SwitchOperated>(); }
+    void SwitchOperated(bool vData) { write<&DisplayRecord::SwitchOperated>(vData); }
+    std::int16_t Switch1() const { return read<&DisplayRecord::Switch1>(); }
+    void Switch1(std::int16_t vData) { write<&DisplayRecord::Switch1>(vData); }
+    std::int16_t Switch2() const { return read<&DisplayRecord::Switch2>(); }
+    void Switch2(std::int16_t vData) { write<&DisplayRecord::Switch2>(vData); }
+    bool DaylightSavingsTime() const { return read<&DisplayRecord::DaylightSavingsTime>(); }
+    void DaylightSavingsTime(bool vData) { write<&DisplayRecord::DaylightSavingsTime>(vData); }
+    std::int16_t TimeZoneAdjustment() const { return read<&DisplayRecord::TimeZoneAdjustment>(); }
+    void TimeZoneAdjustment(std::int16_t vData) { write<&DisplayRecord::TimeZoneAdjustment>(vData); }
+    std::int32_t ScrollPauseDelay() const { return read<&DisplayRecord::ScrollPauseDelay>(); }
+    void ScrollPauseDelay(std::int32_t vData) { write<&DisplayRecord::ScrollPauseDelay>(vData); }
+    std::int16_t ScrollingTextSpeed() const { return read<&DisplayRecord::ScrollingTextSpeed>(); }
+    void ScrollingTextSpeed(std::int16_t vData) { write<&DisplayRecord::ScrollingTextSpeed>(vData); }
+    bool ResetOnGetParameters() const { return read<&DisplayRecord::ResetOnGetParameters>(); }
+    void ResetOnGetParameters(bool vData) { write<&DisplayRecord::ResetOnGetParameters>(vData); }
+    bool TempProbeInstalled() const { return read<&DisplayRecord::TempProbeInstalled>(); }
+    void TempProbeInstalled(bool vData) { write<&DisplayRecord::TempProbeInstalled>(vData); }
+    std::int16_t TempProbeAdjust() const { return read<&DisplayRecord::TempProbeAdjust>(); }
+    void TempProbeAdjust(std::int16_t vData) { write<&DisplayRecord::TempProbeAdjust>(vData); }
 
     // Blinking.
-    std::int16_t BlinkRateShow();
-    void BlinkRateShow(std::int16_t vData);
-    std::int16_t BlinkRateClear();
-    void BlinkRateClear(std::int16_t vData);
-    std::string BlinkBehavior();
-    void BlinkBehavior(const std::string& vData);
-    std::string BlinkTimes();
-    void BlinkTimes(const std::string& vData);
+    std::int16_t BlinkRateShow() const { return read<&DisplayRecord::BlinkRateShow>(); }
+    void BlinkRateShow(std::int16_t vData) { write<&DisplayRecord::BlinkRateShow>(vData); }
+    std::int16_t BlinkRateClear() const { return read<&DisplayRecord::BlinkRateClear>(); }
+    void BlinkRateClear(std::int16_t vData) { write<&DisplayRecord::BlinkRateClear>(vData); }
+    std::string BlinkBehavior() const { return read<&DisplayRecord::BlinkBehavior>(); }
+    void BlinkBehavior(const std::string& vData) { write<&DisplayRecord::BlinkBehavior>(vData); }
+    std::string BlinkTimes() const { return read<&DisplayRecord::BlinkTimes>(); }
+    void BlinkTimes(const std::string& vData) { write<&DisplayRecord::BlinkTimes>(vData); }
 
     // Brightness.
-    std::int16_t BrightnessLevel();
-    void BrightnessLevel(std::int16_t vData);
-    bool LightSensorInstalled();
-    void LightSensorInstalled(bool vData);
-    std::int16_t LightSensorMinimum();
-    void LightSensorMinimum(std::int16_t vData);
-    /// Reading makes an unset one, 0, into 9.
-    std::int16_t LightSensorMaximum();
-    void LightSensorMaximum(std::int16_t vData);
-    /// Outside every schedule.
-    std::int16_t BrightnessScheduleDefaultBrightness();
-    void BrightnessScheduleDefaultBrightness(std::int16_t vData);
+    std::int16_t BrightnessLevel() const { return read<&DisplayRecord::BrightnessLevel>(); }
+    void BrightnessLevel(std::int16_t vData) { write<&DisplayRecord::BrightnessLevel>(vData); }
+    bool LightSensorInstalled() const { return read<&DisplayRecord::LightSensorInstalled>(); }
+    void LightSensorInstalled(bool vData) { write<&DisplayRecord::LightSensorInstalled>(vData); }
+    std::int16_t LightSensorMinimum() const { return read<&DisplayRecord::LightSensorMinimum>(); }
+    void LightSensorMinimum(std::int16_t vData) { write<&DisplayRecord::LightSensorMinimum>(vData); }
+    /// Reading an unset value, 0, stores and returns 9.
+    std::int16_t LightSensorMaximum() { return readAndStore<&DisplayRecord::LightSensorMaximum>(); }
+    void LightSensorMaximum(std::int16_t vData) { write<&DisplayRecord::LightSensorMaximum>(vData); }
+    /// Brightness outside every schedule.
+    std::int16_t BrightnessScheduleDefaultBrightness() const {
+        return read<&DisplayRecord::BrightnessScheduleDefaultBrightness>();
+    }
+    void BrightnessScheduleDefaultBrightness(std::int16_t vData) {
+        write<&DisplayRecord::BrightnessScheduleDefaultBrightness>(vData);
+    }
 
-    // The schedule under `CurrentBrightnessScheduleNumber` as well. Outside the schedules: error 9.
+    // The schedule under `CurrentBrightnessScheduleNumber` of that sign. A cursor outside the schedules is
+    // error 9.
 
-    std::string BrightnessScheduleXStartTime();
-    void BrightnessScheduleXStartTime(const std::string& vData);
-    std::string BrightnessScheduleXStopTime();
-    void BrightnessScheduleXStopTime(const std::string& vData);
-    std::int16_t BrightnessScheduleXBrightnessLevel();
-    void BrightnessScheduleXBrightnessLevel(std::int16_t vData);
+    std::string BrightnessScheduleXStartTime() const {
+        return readSchedule<&BrightnessSchedule::StartTime>();
+    }
+    void BrightnessScheduleXStartTime(const std::string& vData) {
+        writeSchedule<&BrightnessSchedule::StartTime>(vData);
+    }
+    std::string BrightnessScheduleXStopTime() const { return readSchedule<&BrightnessSchedule::StopTime>(); }
+    void BrightnessScheduleXStopTime(const std::string& vData) {
+        writeSchedule<&BrightnessSchedule::StopTime>(vData);
+    }
+    std::int16_t BrightnessScheduleXBrightnessLevel() const {
+        return readSchedule<&BrightnessSchedule::BrightnessLevel>();
+    }
+    void BrightnessScheduleXBrightnessLevel(std::int16_t vData) {
+        writeSchedule<&BrightnessSchedule::BrightnessLevel>(vData);
+    }
 
 private:
-    DisplayRecord& currentDisplay() { return displays_.at(currentDisplayNumber_); }
-    BrightnessSchedule& currentSchedule() { return currentDisplay().schedules.at(currentScheduleNumber_); }
+    template <const auto& table, auto member>
+    using Property = typename std::remove_cvref_t<decltype(kRowOf<table, member>)>::Property;
 
-    template <class Value>
-    Value readTraced(std::string_view name, Value DisplayRecord::*member);
-    template <class Value>
-    void writeTraced(std::string_view name, Value DisplayRecord::*member, const Value& vData);
-    template <class Value>
-    Value readUntraced(std::string_view name, Value DisplayRecord::*member);
-    template <class Value>
-    void writeUntraced(std::string_view name, Value DisplayRecord::*member, const Value& vData);
-    template <class Value>
-    Value readSchedule(std::string_view name, Value BrightnessSchedule::*member);
-    template <class Value>
-    void writeSchedule(std::string_view name, Value BrightnessSchedule::*member, const Value& vData);
+    template <auto member>
+    Property<kDisplayMembers, member> read() const {
+        static_assert(!kRowOf<kDisplayMembers, member>.onGet, "reading it stores a value");
+        return readRow(kRowOf<kDisplayMembers, member>);
+    }
+    template <auto member>
+    Property<kDisplayMembers, member> readAndStore() {
+        return readAndStoreRow(kRowOf<kDisplayMembers, member>);
+    }
+    template <auto member>
+    void write(const Property<kDisplayMembers, member>& vData) {
+        writeRow(kRowOf<kDisplayMembers, member>, vData);
+    }
+    template <auto member>
+    Property<kScheduleMembers, member> readSchedule() const {
+        return readRow(kRowOf<kScheduleMembers, member>);
+    }
+    template <auto member>
+    void writeSchedule(const Property<kScheduleMembers, member>& vData) {
+        writeRow(kRowOf<kScheduleMembers, member>, vData);
+    }
 
-    bool mayName(const std::string& name);
-    /// The record behind the last sign; a new one, unless the last record has no name.
-    DisplayRecord& append();
+    // Defined for the types of rows that the tables have.
+    template <class Row>
+    typename Row::Property readRow(const Row& row) const;
+    template <class Row>
+    typename Row::Property readAndStoreRow(const Row& row);
+    template <class Row>
+    void writeRow(const Row& row, const typename Row::Property& vData);
+
+    /// The sign, or the brightness schedule, under the cursors.
+    template <class Record>
+    const Record& current() const;
+    template <class Record>
+    Record& current();
+
+    bool isFree(const std::string& name) const;
     void writeDisplays(std::string& sFileName);
-    void writeTo(OutputFile& file);
     void readDisplays(std::string& sFileName);
 
-    OneBasedArray<DisplayRecord> displays_;
+    SignList list_;
     std::int16_t currentDisplayNumber_ = 0;
     std::int16_t currentScheduleNumber_ = 0;
-    /// Name of the file that the last save did not finish, and the size that it was left with.
-    std::optional<std::pair<std::string, std::uint64_t>> halfWritten_;
+    std::optional<HalfWrittenList> halfWritten_;
 };
 
 } // namespace qrtVistrelClasses4

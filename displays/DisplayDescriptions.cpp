@@ -2,7 +2,10 @@
 #include "displays/DisplayDatabaseClass.h"
 #include "displays/DisplayNames.h"
 #include "displays/DisplayProcedures.h"
+#include "frame/Conversions.h"
 #include "frame/Traced.h"
+
+#include <type_traits>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -12,44 +15,67 @@ constexpr double kNew16x16OfZr7 = 1.44;
 constexpr double kNew16x16 = 2.18;
 constexpr std::size_t kVersionSize = 4;
 
+/// How a sign is reached. `text` gives the text of a member.
+template <class Text>
+std::string connection(std::int16_t method, const Text& text) {
+    switch (method) {
+    case kDirectConnection:
+        return text(&DisplayRecord::CommPort) + ":" + text(&DisplayRecord::BaudRate);
+    case kNetworkConnection:
+        return text(&DisplayRecord::IPAddress) + ":" + text(&DisplayRecord::CommPort);
+    case kModemConnection:
+        return text(&DisplayRecord::PhoneNumber) + ":" + text(&DisplayRecord::CommPort) + ":" +
+               text(&DisplayRecord::BaudRate);
+    default:
+        return "";
+    }
+}
+
 } // namespace
 
-std::string DisplayDatabaseClass::TranslateConnectionMethodToString(std::int16_t iConnectionMethod) {
-    return trapped(DisplayFunction("TranslateConnectionMethodToString"), [&]() -> std::string {
-        switch (iConnectionMethod) {
-        case kDirectConnection:
-            return "Direct Connect";
-        case kNetworkConnection:
-            return "Network Connect";
-        case kModemConnection:
-            return "Modem Connect";
-        default:
-            return "";
-        }
+std::string_view ConnectionMethodName(std::int16_t connectionMethod) {
+    switch (connectionMethod) {
+    case kDirectConnection:
+        return "Direct Connect";
+    case kNetworkConnection:
+        return "Network Connect";
+    case kModemConnection:
+        return "Modem Connect";
+    default:
+        return "";
+    }
+}
+
+std::string ConnectionOf(const DisplayRecord& sign) {
+    return connection(sign.ConnectionMethod,
+                      [&](std::string DisplayRecord::*member) { return sign.*member; });
+}
+
+std::string DisplayDatabaseClass::TranslateConnectionMethodToString(std::int16_t iConnectionMethod) const {
+    return trapped(DisplayFunction("TranslateConnectionMethodToString"),
+                   [&] { return std::string(ConnectionMethodName(iConnectionMethod)); });
+}
+
+std::string DisplayDatabaseClass::GetConnectionInfoInString() const {
+    return trapped(DisplayFunction("GetConnectionInfoInString"), [&] {
+        return connection(ConnectionMethod(), [&](std::string DisplayRecord::*member) {
+            std::string text;
+            ForEachRow(kDisplayMembers, [&]<class Row>(const Row& row) {
+                if constexpr (std::is_same_v<Row, SignMember<std::string>>)
+                    if (row.member == member)
+                        text = readRow(row);
+            });
+            return text;
+        });
     });
 }
 
-std::string DisplayDatabaseClass::GetConnectionInfoInString() {
-    return trapped(DisplayFunction("GetConnectionInfoInString"), [&]() -> std::string {
-        switch (ConnectionMethod()) {
-        case kDirectConnection:
-            return CommPort() + ":" + BaudRate();
-        case kNetworkConnection:
-            return IPAddress() + ":" + CommPort();
-        case kModemConnection:
-            return PhoneNumber() + ":" + CommPort() + ":" + BaudRate();
-        default:
-            return "";
-        }
-    });
-}
-
-std::string DisplayDatabaseClass::GetSignTypeDescription() {
+std::string DisplayDatabaseClass::GetSignTypeDescription() const {
     return trapped(DisplayFunction("GetSignTypeDescription"),
                    [&] { return std::string(SignTypeName(TextToInt16(DisplayType()))); });
 }
 
-bool DisplayDatabaseClass::UseNew16x16() {
+bool DisplayDatabaseClass::UseNew16x16() const {
     return trapped(DisplayFunction("UseNew16x16"), [&] {
         const std::string description = AppDesc();
         const std::size_t point = description.rfind('.');

@@ -1,83 +1,68 @@
 #include "displays/DisplayFormat.h"
 
+#include "frame/Conversions.h"
+
 #include <algorithm>
+#include <type_traits>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
-constexpr std::string_view kUnsetNetworkPort = "3001";
-constexpr std::int16_t kUnsetBlinkRateShow = 600;
-constexpr std::int16_t kUnsetBlinkRateClear = 400;
+constexpr std::int16_t kUsualLightSensorMaximum = 9;
+constexpr std::string_view kUsualNetworkPort = "3001";
 
 bool isUnset(const std::string& port) {
     try {
         return LeadingNumber(port) <= 0;
-    } catch (const RuntimeError&) { // too large a number is one
+    } catch (const RuntimeError&) { // a number that is too large is a port
         return false;
     }
 }
 
-template <class Record, class Value>
-void getField(DelimitedReader& in, Record& record, Value Record::*member) {
-    in.get(record.*member);
-}
-template <class Value>
-void getField(DelimitedReader& in, DisplayRecord& display, MendedField<Value> field) {
-    in.get(display.*field.member);
-    field.mend(display);
-}
-template <class Record, class Fields>
-void getAll(DelimitedReader& in, Record& record, const Fields& fields) {
-    std::apply([&](auto... field) { (getField(in, record, field), ...); }, fields);
-}
-
-template <class Record, class Value>
-void putField(DelimitedWriter& out, const Record& record, Value Record::*member) {
-    out.put(record.*member);
-}
-template <class Value>
-void putField(DelimitedWriter& out, const DisplayRecord& display, MendedField<Value> field) {
-    out.put(display.*field.member);
-}
-template <class Record, class Fields>
-void putAll(DelimitedWriter& out, const Record& record, const Fields& fields) {
-    std::apply([&](auto... field) { (putField(out, record, field), ...); }, fields);
+/// Hands each value of a sign, its schedules included, to `visit(value, mend)` in file order. `mend` is
+/// called after the value was read; it is null for most.
+template <class Display, class Visit>
+void forEachValue(Display& display, const Visit& visit) {
+    ForEachRow(kDisplayMembers, [&]<class Row>(const Row& row) {
+        if constexpr (requires { row.elements; })
+            for (auto& schedule : display.*row.member)
+                ForEachRow(row.elements, [&](const auto& part) { visit(schedule.*part.member, nullptr); });
+        else
+            visit(display.*row.member, row.mend);
+    });
 }
 
 } // namespace
 
-void MendLightSensorMaximum(DisplayRecord& display) {
-    std::int16_t& maximum = display.LightSensorMaximum;
-    if (maximum == 0)
-        maximum = kUnsetLightSensorMaximum;
-    maximum = std::max(maximum, display.LightSensorMinimum);
+std::int16_t UsualMaximumIfUnset(const std::int16_t& maximum) {
+    return maximum == 0 ? kUsualLightSensorMaximum : maximum;
 }
 
-void MendNetworkPort(DisplayRecord& display) {
-    if (display.ConnectionMethod == kNetworkConnection && isUnset(display.CommPort))
-        display.CommPort = kUnsetNetworkPort;
+bool MendLightSensorMaximum(DisplayRecord& sign) {
+    const std::int16_t read = sign.LightSensorMaximum;
+    sign.LightSensorMaximum = std::max(UsualMaximumIfUnset(read), sign.LightSensorMinimum);
+    return sign.LightSensorMaximum != read;
 }
 
-void MendBlinkRateShow(DisplayRecord& display) {
-    if (display.BlinkRateShow == 0)
-        display.BlinkRateShow = kUnsetBlinkRateShow;
+bool MendNetworkPort(DisplayRecord& sign) {
+    const bool isMended = sign.ConnectionMethod == kNetworkConnection && isUnset(sign.CommPort);
+    if (isMended)
+        sign.CommPort = kUsualNetworkPort;
+    return isMended;
 }
 
-void MendBlinkRateClear(DisplayRecord& display) {
-    if (display.BlinkRateClear == 0)
-        display.BlinkRateClear = kUnsetBlinkRateClear;
-}
-
-void ReadDisplay(DelimitedReader& in, DisplayRecord& display) {
-    getAll(in, display, kDisplayFields);
-    for (BrightnessSchedule& schedule : display.schedules)
-        getAll(in, schedule, kScheduleFields);
+bool ReadDisplay(DelimitedReader& in, DisplayRecord& display) {
+    bool isMended = false;
+    forEachValue(display, [&](auto& value, auto mend) {
+        in.get(value);
+        if constexpr (!std::is_null_pointer_v<decltype(mend)>)
+            isMended = (mend && mend(display)) || isMended;
+    });
+    return isMended;
 }
 
 void WriteDisplay(DelimitedWriter& out, const DisplayRecord& display) {
-    putAll(out, display, kDisplayFields);
-    for (const BrightnessSchedule& schedule : display.schedules)
-        putAll(out, schedule, kScheduleFields);
+    forEachValue(display, [&](const auto& value, auto) { out.put(value); });
 }
 
 } // namespace qrtVistrelClasses4

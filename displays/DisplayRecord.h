@@ -1,10 +1,15 @@
-// What is known of one sign ("display").
+// What is known of one sign ("display"), and the tables of its members.
 #pragma once
 
+#include "displays/DisplayNames.h"
+#include "frame/MemberTable.h"
 #include "frame/OneBasedArray.h"
 
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <tuple>
+#include <type_traits>
 
 namespace qrtVistrelClasses4 {
 
@@ -15,10 +20,7 @@ inline constexpr std::int16_t kDirectConnection = 1; ///< Serial.
 inline constexpr std::int16_t kNetworkConnection = 2;
 inline constexpr std::int16_t kModemConnection = 3;
 
-/// What a `LightSensorMaximum` of 0 stands for.
-inline constexpr std::int16_t kUnsetLightSensorMaximum = 9;
-
-/// Part of a day at its own brightness. Times are kept as the application gives them.
+/// A part of the day with its own brightness. Times are kept as the application gives them.
 struct BrightnessSchedule {
     std::string StartTime;
     std::string StopTime;
@@ -27,15 +29,15 @@ struct BrightnessSchedule {
     bool operator==(const BrightnessSchedule&) const = default;
 };
 
-/// Units of delays, speeds and rates, and the forms of colours, addresses and blink texts, are the
-/// application's and the sign's own.
+/// One sign. Texts are 8-bit characters of the ANSI code page. The application and the sign decide on the
+/// units of delays, speeds and rates, and on the form of colours, addresses and blink texts.
 struct DisplayRecord {
     std::string DisplayName;
-    std::int16_t DisplayType = 0;   ///< Number of the sign type.
+    std::int16_t DisplayType = 0;   ///< Number of the sign type; `SignTypeName` gives its name.
     std::int16_t DisplayHeight = 0; ///< LED pixels.
     std::int16_t DisplayWidth = 0;  ///< LED pixels.
     bool IsDisplayColor = false;    ///< Shows more than one colour.
-    std::string DefaultColor;       ///< Of texts that give none.
+    std::string DefaultColor;       ///< Colour of texts that give none.
     std::string ColorsSupported;
     bool SwitchOperated = false;
     bool TempProbeInstalled = false;
@@ -48,7 +50,7 @@ struct DisplayRecord {
     bool ResetOnGetParameters = false;
     std::int16_t BrightnessLevel = 0;
     std::int16_t LightSensorMinimum = 0; ///< Lowest brightness under the sensor.
-    std::int16_t LightSensorMaximum = 0; ///< Highest; 0 when unset.
+    std::int16_t LightSensorMaximum = 0; ///< Highest brightness under the sensor; 0 if unset.
     std::string PhoneNumber;
     std::string IPAddress;
     std::string CommPort; ///< Serial port, or TCP port of a sign in the network.
@@ -60,16 +62,151 @@ struct DisplayRecord {
     std::int16_t Switch2 = 0;
     std::int16_t BlinkRateShow = 0;
     std::int16_t BlinkRateClear = 0;
-    std::string AppDesc; ///< The sign's firmware, with its version.
+    std::string AppDesc; ///< Description of the sign's firmware, with its version.
     std::string BlinkBehavior;
     std::string BlinkTimes;
-    // Carried from file to file; nothing here gives them a meaning.
+    // They have no meaning here, but are kept from file to file.
     std::string firstReserved;
     std::string secondReserved;
     OneBasedArray<BrightnessSchedule> schedules{kSchedulesOfADisplay};
-    std::int16_t BrightnessScheduleDefaultBrightness = 0; ///< Outside every schedule.
+    std::int16_t BrightnessScheduleDefaultBrightness = 0; ///< Brightness outside every schedule.
 
     bool operator==(const DisplayRecord&) const = default;
+};
+
+// Rules of single members. Those that mend a sign after reading it from a file return whether they changed
+// it.
+
+/// 9 in place of a `LightSensorMaximum` of 0.
+std::int16_t UsualMaximumIfUnset(const std::int16_t& maximum);
+/// Replaces an unset maximum by the usual one, then raises it to the minimum.
+bool MendLightSensorMaximum(DisplayRecord& sign);
+/// Replaces the unset port of a sign in the network by the usual one. In a file the connection method comes
+/// after the port.
+bool MendNetworkPort(DisplayRecord& sign);
+/// Replaces 0, which old files hold for an unset value, by the usual value.
+template <auto member, std::int16_t usual>
+bool MendZero(DisplayRecord& sign) {
+    const bool isUnset = sign.*member == 0;
+    if (isUnset)
+        sign.*member = usual;
+    return isUnset;
+}
+
+/// A member of a sign. A rule of its property gives what is stored in place of a value.
+template <class MemberValue, class PropertyValue = MemberValue>
+struct SignMember {
+    using Record = DisplayRecord;
+    using Value = MemberValue;
+    using Property = PropertyValue; ///< Type of the public class's property.
+    using Rule = Value (*)(const Value&);
+
+    std::string_view name; ///< Of the property; empty for a member that only files hold.
+    Value Record::*member;
+    Access access = Access::traced;
+    /// Called after the value was read from a file; returns whether it changed the sign.
+    bool (*mend)(DisplayRecord&) = nullptr;
+    Rule onGet = nullptr; ///< Applied by reading the property, which stores the result.
+    Rule onSet = nullptr; ///< Applied by writing the property.
+
+    Value get(const Record& sign) const { return onGet ? onGet(sign.*member) : sign.*member; }
+    void set(Record& sign, const Value& value) const {
+        if (onSet)
+            sign.*member = onSet(value);
+        else
+            sign.*member = value;
+    }
+};
+template <class Value>
+SignMember(std::string_view, Value DisplayRecord::*, Access = {}, bool (*)(DisplayRecord&) = nullptr,
+           std::type_identity_t<Value (*)(const Value&)> = nullptr,
+           std::type_identity_t<Value (*)(const Value&)> = nullptr) -> SignMember<Value>;
+
+/// A number that the public class takes and gives as text.
+constexpr SignMember<std::int16_t, std::string> NumberAsText(std::string_view name,
+                                                             std::int16_t DisplayRecord::*member) {
+    return {name, member};
+}
+
+/// A member of a brightness schedule.
+template <class MemberValue>
+struct ScheduleMember {
+    using Record = BrightnessSchedule;
+    using Value = MemberValue;
+    using Property = Value;
+
+    std::string_view name;
+    Value Record::*member;
+    std::string_view property; ///< Name of the public class's property.
+    Access access = Access::traced;
+
+    void set(Record& schedule, const Value& value) const { schedule.*member = value; }
+};
+template <class Value>
+ScheduleMember(std::string_view, Value BrightnessSchedule::*, std::string_view) -> ScheduleMember<Value>;
+
+/// A schedule's members in file order.
+inline constexpr std::tuple kScheduleMembers{
+    ScheduleMember{"BrightnessLevel", &BrightnessSchedule::BrightnessLevel,
+                   "BrightnessScheduleXBrightnessLevel"},
+    ScheduleMember{"StartTime", &BrightnessSchedule::StartTime, "BrightnessScheduleXStartTime"},
+    ScheduleMember{"StopTime", &BrightnessSchedule::StopTime, "BrightnessScheduleXStopTime"},
+};
+
+/// The schedules of a sign, each with the members of `elements`.
+struct SchedulesOfSign {
+    using Record = DisplayRecord;
+    static constexpr const auto& elements = kScheduleMembers;
+
+    std::string_view name;
+    std::string_view elementName;
+    OneBasedArray<BrightnessSchedule> Record::*member;
+    Access access = Access::none;
+};
+
+/// A sign's members in file order.
+inline constexpr std::tuple kDisplayMembers{
+    SignMember{"DisplayName", &DisplayRecord::DisplayName, Access::traced, nullptr, &EscapeNumericName,
+               &EscapeNumericName},
+    NumberAsText("DisplayType", &DisplayRecord::DisplayType),
+    SignMember{"DisplayHeight", &DisplayRecord::DisplayHeight},
+    SignMember{"DisplayWidth", &DisplayRecord::DisplayWidth},
+    SignMember{"IsDisplayColor", &DisplayRecord::IsDisplayColor},
+    SignMember{"DefaultColor", &DisplayRecord::DefaultColor},
+    SignMember{"ColorsSupported", &DisplayRecord::ColorsSupported},
+    SignMember{"SwitchOperated", &DisplayRecord::SwitchOperated},
+    SignMember{"TempProbeInstalled", &DisplayRecord::TempProbeInstalled},
+    SignMember{"DisplayIDs", &DisplayRecord::DisplayIDs},
+    SignMember{"DaylightSavingsTime", &DisplayRecord::DaylightSavingsTime},
+    SignMember{"ScrollPauseDelay", &DisplayRecord::ScrollPauseDelay},
+    SignMember{"TempProbeAdjust", &DisplayRecord::TempProbeAdjust},
+    SignMember{"TimeZoneAdjustment", &DisplayRecord::TimeZoneAdjustment},
+    SignMember{"ScrollingTextSpeed", &DisplayRecord::ScrollingTextSpeed},
+    SignMember{"ResetOnGetParameters", &DisplayRecord::ResetOnGetParameters},
+    SignMember{"BrightnessLevel", &DisplayRecord::BrightnessLevel},
+    SignMember{"LightSensorMinimum", &DisplayRecord::LightSensorMinimum},
+    SignMember{"LightSensorMaximum", &DisplayRecord::LightSensorMaximum, Access::traced,
+               &MendLightSensorMaximum, &UsualMaximumIfUnset},
+    SignMember{"PhoneNumber", &DisplayRecord::PhoneNumber},
+    SignMember{"IPAddress", &DisplayRecord::IPAddress},
+    SignMember{"CommPort", &DisplayRecord::CommPort},
+    SignMember{"BaudRate", &DisplayRecord::BaudRate},
+    SignMember{"ConnectionMethod", &DisplayRecord::ConnectionMethod, Access::traced, &MendNetworkPort},
+    SignMember{"LightSensorInstalled", &DisplayRecord::LightSensorInstalled},
+    SignMember{"FrameSize", &DisplayRecord::FrameSize, Access::trapped},
+    SignMember{"Switch1", &DisplayRecord::Switch1, Access::trapped},
+    SignMember{"Switch2", &DisplayRecord::Switch2, Access::trapped},
+    SignMember{"BlinkRateShow", &DisplayRecord::BlinkRateShow, Access::trapped,
+               &MendZero<&DisplayRecord::BlinkRateShow, 600>},
+    SignMember{"BlinkRateClear", &DisplayRecord::BlinkRateClear, Access::trapped,
+               &MendZero<&DisplayRecord::BlinkRateClear, 400>},
+    SignMember{"AppDesc", &DisplayRecord::AppDesc, Access::trapped},
+    SignMember{"BlinkBehavior", &DisplayRecord::BlinkBehavior, Access::trapped},
+    SignMember{"BlinkTimes", &DisplayRecord::BlinkTimes, Access::trapped},
+    SignMember{"", &DisplayRecord::firstReserved, Access::none},
+    SignMember{"", &DisplayRecord::secondReserved, Access::none},
+    SignMember{"BrightnessScheduleDefaultBrightness", &DisplayRecord::BrightnessScheduleDefaultBrightness},
+    SchedulesOfSign{"Schedules", "Schedule", &DisplayRecord::schedules},
 };
 
 } // namespace qrtVistrelClasses4

@@ -16,7 +16,7 @@ constexpr std::uint8_t kLeftmostDot = 0x80;
 constexpr std::int64_t kLastPixel = std::numeric_limits<std::int32_t>::max();
 constexpr std::int64_t kNoEnd = std::numeric_limits<std::int64_t>::max();
 
-/// Pixel by pixel, on what the host has.
+/// Draws pixel by pixel on a surface of the host.
 class ContextPainter final : public DotPainter {
 public:
     ContextPainter(DrawingTarget& target, bool useBitmapDC, Corner corner, const DotStyle& style)
@@ -49,8 +49,8 @@ private:
     DeviceContext& context_;
 };
 
-/// Runs of lit dots at once, on pixels in memory; where dark ones are drawn too, one row of pixels, and the
-/// others of the dots as copies of it.
+/// Draws runs of lit dots at once on pixels in memory. If dark dots are drawn too, it draws one row of pixels
+/// and copies it for the rest of the dots' height.
 class BufferPainter final : public DotPainter {
 public:
     BufferPainter(PixelBuffer& pixels, Corner corner, const DotStyle& style)

@@ -1,4 +1,4 @@
-// Dots on a drawing target.
+// Drawing single dots on a target.
 #pragma once
 
 #include "fonts/DrawingTarget.h"
@@ -8,9 +8,9 @@
 
 namespace qrtVistrelClasses4 {
 
-/// What a dot is drawn with.
+/// The colour that a dot gets.
 enum class Ink {
-    none, ///< It is not drawn.
+    none, ///< The dot is not drawn.
     font, ///< The colour of the font.
     back, ///< The background colour of the target.
 };
@@ -22,16 +22,16 @@ struct DotStyle {
     Ink dark;
 };
 
-/// Left upper corner of a letter, in pixels. Far to the right it may lie beyond what pixels are numbered by.
+/// Left upper corner of a letter, in pixels. Far right in a text it may be beyond the largest pixel number.
 struct Corner {
-    /// Fractions are cut off downwards. Error 6 for what passes 32 bits.
+    /// Fractions are rounded down. Throws error 6 for numbers that need more than 32 bits.
     Corner(float left, float top);
 
     std::int64_t x;
     std::int64_t y;
 };
 
-/// Draws dots of one letter after the other, and holds the target's device context as long as it lives.
+/// Draws the dots of one letter after the other. Holds the target's device context as long as it lives.
 class DotPainter {
 public:
     static std::unique_ptr<DotPainter> on(DrawingTarget& target, bool useBitmapDC, Corner corner,
@@ -39,16 +39,16 @@ public:
     virtual ~DotPainter() = default;
 
     /// Draws the `count` dots in the highest bits of `dots`, from left to right. Rows and columns are those
-    /// of the letter, from 0. Error 6 for pixels whose numbers pass 32 bits.
+    /// of the letter, from 0. Throws error 6 for pixels whose numbers need more than 32 bits.
     void draw(std::uint8_t dots, int count, int column, int row);
-    /// Whether the letter lies right of all pixels, so that drawing any `rows` of dots up to `columns` would
-    /// neither be seen nor be an error. Never for a surface of the host, which is asked for every pixel.
+    /// Whether the letter is right of all pixels, so that drawing any dots in `columns` and `rows` would
+    /// neither be seen nor be an error. Always false for a surface of the host, which gets every pixel.
     bool isPastSurface(int columns, int rows) const;
-    /// Goes on to the next letter.
+    /// Moves to the next letter.
     void moveRight(std::int64_t pixels) { corner_.x += pixels; }
 
 protected:
-    /// `end`: number of the first pixel right of the surface.
+    /// `end` is the number of the first pixel right of the surface.
     DotPainter(Corner corner, const DotStyle& style, std::int64_t end)
         : style_(style), corner_(corner), end_(end) {}
     const DotStyle& style() const { return style_; }

@@ -11,7 +11,7 @@ namespace {
 constexpr unsigned char kFirstCharacter = 32;
 constexpr unsigned char kLastCharacter = 127;
 
-/// Two codes of one glyph: keyboards and playfiles have the first, fonts the second.
+/// Keyboards and playfiles use this code; fonts keep the glyph under `kLastCharacter`.
 constexpr unsigned char kBrokenBar = 166;
 
 constexpr std::size_t kHeaderSize = 4; ///< An unused byte, the number of characters, width and height.
@@ -54,7 +54,7 @@ char asByte(int number) {
 
 } // namespace
 
-std::int32_t Font::glyphOffset(char character) const {
+std::optional<std::int32_t> Font::glyphOffset(char character) const {
     auto code = static_cast<unsigned char>(character);
     if (code == kBrokenBar)
         code = kLastCharacter;
@@ -62,7 +62,7 @@ std::int32_t Font::glyphOffset(char character) const {
     if (!characters.empty()) {
         const std::size_t found = characters.find(static_cast<char>(code));
         if (found == characters.npos)
-            return -1;
+            return std::nullopt;
         glyph = static_cast<std::int64_t>(found);
     }
     using Limits = std::numeric_limits<std::int32_t>;

@@ -1,49 +1,39 @@
-// Where fonts are searched, and what the operator is told of it.
-#include "fonts/FontProcedures.h"
-#include "fonts/FontSearch.h"
-#include "fonts/classFontMaster.h"
+#include "fonts/FontLoading.h"
+
 #include "fonts/clsFontSizes.h"
-#include "frame/Traced.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "settings/AppFolder.h"
 
 #include <algorithm>
+#include <string_view>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// Folders of the application in which a font is searched that is not where it should be.
+/// Folders of the application that are searched for a font that is not where it should be.
 constexpr std::string_view kOtherFolders[] = {"Extended", "CustomFonts"};
 
-/// Fonts that font 0 stands in for.
+/// Fonts that font 0 replaces when they are missing.
 constexpr std::string_view kReplacedFonts[] = {"6x8.cmd", "Fstnd08.cmd"};
 
-/// "" when there is no such file.
-std::string existingFile(const std::string& path) {
+std::optional<std::string> existingFile(const std::string& path) {
     FileSystem& files = platform().files();
     std::string existing = files.existingName(path);
-    return files.kindOf(existing) == EntryKind::file ? existing : std::string();
+    return files.kindOf(existing) == EntryKind::file ? std::optional(std::move(existing)) : std::nullopt;
 }
 
 std::string inApplicationFolder(std::string_view folder, std::string_view name) {
     return JoinPath(platform().files().existingName(JoinPath(GetAppFolder(), folder)), name);
 }
 
-/// A file of that name in one of the folders; "" when there is none.
-std::string findInOtherFolders(std::string_view name) {
+std::optional<std::string> findInOtherFolders(std::string_view name) {
     for (const std::string_view folder : kOtherFolders)
-        if (std::string found = existingFile(inApplicationFolder(folder, name)); !found.empty())
+        if (auto found = existingFile(inApplicationFolder(folder, name)))
             return found;
-    return {};
-}
-
-std::optional<Font> readFont(const std::string& path, std::int16_t width, std::int16_t height) {
-    const auto file = ValueOf(platform().files().openToRead(path));
-    std::string bytes(kLargestFontFile, '\0');
-    bytes.resize(ValueOf(file->readAt(0, bytes)));
-    return ParseFont(bytes, width, height);
+    return std::nullopt;
 }
 
 bool isReplacedByFont0(std::string_view name) {
@@ -51,94 +41,80 @@ bool isReplacedByFont0(std::string_view name) {
         kReplacedFonts, [&](std::string_view replaced) { return EqualIgnoringAnsiCase(name, replaced); });
 }
 
+/// Loads one font into an outcome.
+class FontLoader {
+public:
+    explicit FontLoader(bool useNewFont) : useNewFont_(useNewFont) {}
+
+    FontOutcome load(const std::string& path, CellSize size) {
+        const auto [folder, name] = SplitPath(path);
+        outcome_.path = existingFile(path);
+        if (!outcome_.path) {
+            say(std::string(name) + " NOT FOUND @ " + path + " in " + std::string(folder));
+            outcome_.path = findInOtherFolders(name);
+            if (outcome_.path && mayUseFont0_)
+                outcome_.source = FontSource::sameNameElsewhere;
+        }
+        if (outcome_.path)
+            read(size);
+        else if (mayUseFont0_ && isReplacedByFont0(name))
+            return loadFont0(name);
+        else
+            say("Error Loading Font. Could not find " + path);
+        return std::move(outcome_);
+    }
+
+    FontOutcome loadNumbered(std::int16_t fontNumber, std::int16_t signType) {
+        const auto size = clsFontSizes::FontSize(fontNumber);
+        if (!size)
+            return {};
+        const auto name = clsFontSizes::FontFile(fontNumber, signType, useNewFont_);
+        return load(inApplicationFolder("bin", name), *size);
+    }
+
+private:
+    FontOutcome loadFont0(std::string_view missing) {
+        say(std::string(missing) + " NOT FOUND");
+        mayUseFont0_ = false;
+        outcome_.source = FontSource::font0;
+        return loadNumbered(0, 0);
+    }
+
+    void read(CellSize size) {
+        auto font = ReadFont(*outcome_.path, size.width, size.height);
+        outcome_.error = font.error();
+        outcome_.font = std::move(font).valueOr(std::nullopt);
+        if (outcome_.error == SystemError::none && !outcome_.font)
+            say("Error Loading Font. Cut short: " + *outcome_.path);
+    }
+
+    void say(std::string message) { outcome_.messages.push_back(std::move(message)); }
+
+    bool useNewFont_;
+    bool mayUseFont0_ = true; ///< False while font 0 itself is loaded in place of another font.
+    FontOutcome outcome_;
+};
+
 } // namespace
 
-std::string FindFont(const std::string& path) {
-    std::string found = existingFile(path);
-    return found.empty() ? findInOtherFolders(SplitPath(path).name) : found;
-}
-
-bool classFontMaster::LoadFont(const std::string& path, std::int16_t width, std::int16_t height) {
-    return traced(
-        FontFunction("LoadFont"), [&] { return load(path, width, height, Fallback::toFont0); },
-        Arg{"path", path}, Arg{"width", width}, Arg{"height", height});
-}
-
-bool classFontMaster::LoadFontByNum(std::int16_t fontNumber, std::int16_t signType) {
-    return traced(
-        FontFunction("LoadFontByNum"), [&] { return loadNumbered(fontNumber, signType, Fallback::toFont0); },
-        Arg{"fontNumber", fontNumber}, Arg{"signType", signType});
-}
-
-bool classFontMaster::LoadExistingFont(const std::string& path, std::int16_t width, std::int16_t height) {
-    return traced(
-        FontFunction("LoadExistingFont"),
-        [&] {
-            if (path.empty())
-                return false;
-            const auto font = readFont(platform().files().existingName(path), width, height);
-            if (!font)
-                Raise(ErrorNumber::inputPastEnd);
-            font_ = *font;
-            return true;
-        },
-        Arg{"path", path}, Arg{"width", width}, Arg{"height", height});
-}
-
-void classFontMaster::FontSizeByNum(std::int16_t fontNumber) {
-    traced(
-        FontSub("FontSizeByNum"),
-        [&] {
-            const auto size = clsFontSizes::FontSize(fontNumber);
-            if (!size)
-                return;
-            font_.width = size->width;
-            font_.height = size->height;
-        },
-        Arg{"fontNumber", fontNumber});
-}
-
-bool classFontMaster::loadNumbered(std::int16_t fontNumber, std::int16_t signType, Fallback fallback) {
-    const auto size = clsFontSizes::FontSize(fontNumber);
+Result<std::optional<Font>> ReadFont(const std::string& path, std::int16_t width, std::int16_t height) {
+    const auto file = platform().files().openToRead(path);
+    if (!file)
+        return file.error();
+    std::string bytes(kLargestFontFile, '\0');
+    const auto size = file.value()->readAt(0, bytes);
     if (!size)
-        return false;
-    const auto name = clsFontSizes::FontFile(fontNumber, signType, useNewFont_);
-    return load(inApplicationFolder("bin", name), size->width, size->height, fallback);
+        return size.error();
+    bytes.resize(size.value());
+    return ParseFont(bytes, width, height);
 }
 
-bool classFontMaster::load(const std::string& path, std::int16_t width, std::int16_t height,
-                           Fallback fallback) {
-    const std::string found = findFont(path);
-    const std::string name(SplitPath(path).name);
-    if (found.empty() && fallback == Fallback::toFont0 && isReplacedByFont0(name)) {
-        tell(name + " NOT FOUND");
-        return loadNumbered(0, 0, Fallback::none);
-    }
-    if (found.empty()) {
-        tell("Error Loading Font. Could not find " + path);
-        return false;
-    }
-    const auto font = readFont(found, width, height);
-    if (!font) {
-        tell("Error Loading Font. Cut short: " + found);
-        return false;
-    }
-    font_ = *font;
-    return true;
+FontOutcome LoadFontFile(const std::string& path, std::int16_t width, std::int16_t height, bool useNewFont) {
+    return FontLoader(useNewFont).load(path, {width, height});
 }
 
-std::string classFontMaster::findFont(const std::string& path) {
-    std::string found = existingFile(path);
-    if (!found.empty())
-        return found;
-    const auto [folder, name] = SplitPath(path);
-    tell(std::string(name) + " NOT FOUND @ " + path + " in " + std::string(folder));
-    return findInOtherFolders(name);
-}
-
-void classFontMaster::tell(const std::string& message) {
-    if (const MessageHandler handler = onMessage_) // a copy, since the handler may replace itself
-        handler(message);
+FontOutcome LoadNumberedFont(std::int16_t fontNumber, std::int16_t signType, bool useNewFont) {
+    return FontLoader(useNewFont).loadNumbered(fontNumber, signType);
 }
 
 } // namespace qrtVistrelClasses4

@@ -5,15 +5,15 @@
 namespace qrtVistrelClasses4 {
 
 std::optional<Letter> Letter::find(const Font& font, char character) {
-    const std::int32_t offset = font.glyphOffset(character);
-    if (offset < 0 || static_cast<std::size_t>(offset) >= kGlyphStoreSize)
+    const std::optional<std::int32_t> offset = font.glyphOffset(character);
+    if (!offset || *offset < 0 || static_cast<std::size_t>(*offset) >= kGlyphStoreSize)
         return std::nullopt;
-    return Letter(font, static_cast<std::size_t>(offset));
+    return Letter(font, static_cast<std::size_t>(*offset));
 }
 
 Letter::Letter(const Font& font, std::size_t glyph)
     : font_(&font), bitmap_(glyph + 1),
-      cellWidth_(font.store[glyph] + (font.height > kHighestWithOwnGap ? kGapBehindLetters : 0)) {}
+      cellWidth_(font.store[glyph] + (font.height > kHighestWithOwnGap ? kGapAfterLetters : 0)) {}
 
 int Letter::groups() const {
     const int columns = std::min<int>(font_->width, cellWidth_);

@@ -1,4 +1,4 @@
-// One letter of a font, as it is drawn and measured.
+// One letter of a font, for drawing and measuring.
 #pragma once
 
 #include "fonts/FontFile.h"
@@ -10,26 +10,27 @@ namespace qrtVistrelClasses4 {
 
 inline constexpr int kDotsInByte = 8;
 
-/// Fonts up to this height have the gap between letters in the letters, as their last column. Behind letters
-/// of higher ones a gap of `kGapBehindLetters` is added.
+/// In fonts up to this height, the last column of a letter is the gap to the next. In higher fonts, a gap of
+/// `kGapAfterLetters` is added after each letter.
 inline constexpr int kHighestWithOwnGap = 8;
-inline constexpr int kGapBehindLetters = 3;
+inline constexpr int kGapAfterLetters = 3;
 
-inline constexpr int kWidestDrawnCell = 100; ///< Cells that are wider have no dots.
-inline constexpr int kMostDrawnColumns = 24; ///< Of a letter.
+inline constexpr int kWidestDrawnCell = 100; ///< Wider cells stay empty.
+inline constexpr int kMostDrawnColumns = 24; ///< Further columns of a letter are not drawn.
 
-/// Refers to its font. Columns of dots are numbered from 0, in groups of eight; rows from 0, from the top.
+/// Refers to its font, which must outlive it. Columns and rows are numbered from 0, from the left and from
+/// the top. Columns come in groups of eight.
 class Letter {
 public:
-    /// None for a character without a glyph in the font's store.
+    /// Nothing for a character without a glyph in the font's store.
     static std::optional<Letter> find(const Font& font, char character);
 
-    /// Columns that the letter takes in a text. Large fonts have a gap behind each letter.
+    /// Columns that the letter takes in a text, including the gap after it.
     int cellWidth() const { return cellWidth_; }
     int rows() const { return font_->height; }
-    /// Groups of columns that are drawn.
+    /// Number of groups that are drawn.
     int groups() const;
-    /// The dots of a group in a row, the leftmost in the highest bit. None beyond the end of the store.
+    /// The dots of a group in a row, the leftmost in the highest bit. Nothing beyond the end of the store.
     std::optional<std::uint8_t> dots(int group, int row) const;
 
 private:

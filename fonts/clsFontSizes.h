@@ -1,4 +1,4 @@
-// The fonts that have a number.
+// The numbered fonts.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,7 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Fonts are numbered from 0; several numbers may stand for one font.
+/// Fonts are numbered from 0. Several numbers may mean the same font.
 inline constexpr std::int16_t kNumberedFonts = 12;
 
 /// Size of a letter's cell in dots.
@@ -21,19 +21,19 @@ class clsFontSizes {
 public:
     static constexpr std::string_view ClassName() { return "clsFontSizes"; }
 
-    /// None for a number without a font.
+    /// Nothing for a number without a font.
     static std::optional<CellSize> FontSize(std::int16_t FontNumber);
-    /// Name of the font's file, without a folder, in the newer or the older set; "" for a number without a
-    /// font. In the newer set font 5 has letters of its own for some types of sign.
+    /// Name of the font's file, without a folder, in the newer or the older set. Empty for a number without a
+    /// font. In the newer set, some types of sign have a font 5 of their own.
     static std::string_view FontFile(std::int16_t FontNumber, std::int16_t SignType, bool UseNewFont);
 };
 
-/// Finches 104 and 105, and type 22 among the Kestrels, which has their letters.
+/// Finches (types 104 and 105), and the Kestrel of type 22, which has their letters.
 constexpr bool HasFinchLetters(std::int16_t signType) {
     return signType == 104 || signType == 105 || signType == 22;
 }
 
-/// All Kestrels, which are types 16 to 25, and the Finches 104 and 105.
+/// Kestrels (types 16 to 25) and Finches (104 and 105).
 constexpr bool HasKestrelOrFinchLetters(std::int16_t signType) {
     return (signType >= 16 && signType <= 25) || signType == 104 || signType == 105;
 }

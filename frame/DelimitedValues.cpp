@@ -25,6 +25,7 @@ std::string_view behindSeparator(std::string_view text) {
 } // namespace
 
 std::string_view DelimitedReader::value() {
+    refused_ = rest_.data(); // a value that is taken without this call has no error
     skipBlanks();
     if (atEnd())
         throw RuntimeError(ErrorNumber::inputPastEnd);
@@ -63,6 +64,14 @@ bool DelimitedReader::takeQuotedLine(std::string& text) {
     text.assign(rest_, 1, closing - 1);
     rest_.remove_prefix(closing + 3);
     return true;
+}
+
+std::size_t DelimitedReader::errorLine() const {
+    std::size_t number = 1;
+    for (const char* at = text_.data(); at != refused_; ++at)
+        if (*at == '\n' || (*at == '\r' && (at + 1 == refused_ || at[1] != '\n')))
+            ++number;
+    return number;
 }
 
 void DelimitedReader::get(std::string& text) {

@@ -4,6 +4,7 @@
 #include "frame/BufferedText.h"
 
 #include <concepts>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -16,7 +17,7 @@ namespace qrtVistrelClasses4 {
 class DelimitedReader {
 public:
     /// `text` must outlive the reader.
-    explicit DelimitedReader(std::string_view text) : rest_(text) {}
+    explicit DelimitedReader(std::string_view text) : text_(text), rest_(text), refused_(text.data()) {}
 
     bool atEnd() const { return rest_.empty(); }
 
@@ -30,13 +31,19 @@ public:
     /// "#TRUE#" or "#FALSE#" in any case, or a number: other than zero is true.
     void get(bool& flag);
 
+    /// After an error: number (from 1) of the line in which the value begins that could not be read. One more
+    /// than the last line if the text ends there.
+    std::size_t errorLine() const;
+
 private:
     void skipBlanks();
     std::string_view quotedValue();
     std::string_view plainValue();
     bool takeQuotedLine(std::string& text);
 
+    std::string_view text_;
     std::string_view rest_;
+    const char* refused_; ///< Where the value begins that could not be read.
 };
 
 /// Puts values on lines of their own, texts in quotes as they are: one that holds a quote or a line end does

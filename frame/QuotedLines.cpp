@@ -4,6 +4,7 @@
 #include "frame/TextLines.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -11,22 +12,23 @@ namespace {
 constexpr char kQuote = '"';
 constexpr std::string_view kQuotedLineEnd = "\"\r\n";
 
-/// `text` starts behind a quote that its line does not close. The value when a later line closes it:
-/// everything up to that quote. `size` is then all that the value takes, its last line end included.
+/// A value of several lines. `size` includes its last line end.
 struct LongValue {
     std::string_view value;
     std::size_t size = 0;
 };
-LongValue findLongValue(std::string_view text, std::size_t firstLineSize) {
+/// `text` starts after a quote that its first line does not close. Returns the value that a later line
+/// closes, if one does.
+std::optional<LongValue> findLongValue(std::string_view text, std::size_t firstLineSize) {
     const std::size_t quote = text.find(kQuote, firstLineSize);
     if (quote == text.npos)
-        return {};
+        return std::nullopt;
     const bool opensLine = text[quote - 1] == '\n';
-    const TextLine behind = FirstLine(text.substr(quote));
-    if (opensLine && behind.text.size() > 1)
-        return {};
-    const std::size_t closing = quote + behind.text.rfind(kQuote);
-    return {text.substr(0, closing), quote + behind.size};
+    const TextLine rest = FirstLine(text.substr(quote));
+    if (opensLine && rest.text.size() > 1)
+        return std::nullopt;
+    const std::size_t closing = quote + rest.text.rfind(kQuote);
+    return LongValue{text.substr(0, closing), quote + rest.size};
 }
 
 } // namespace
@@ -45,10 +47,9 @@ std::string_view QuotedLineReader::value() {
         if (closing != result.npos) {
             result = result.substr(0, closing);
         } else {
-            const LongValue longer = findLongValue(rest_.substr(start + 1), line.size - start - 1);
-            if (longer.size > 0) {
-                result = longer.value;
-                size = start + 1 + longer.size;
+            if (const auto longer = findLongValue(rest_.substr(start + 1), line.size - start - 1)) {
+                result = longer->value;
+                size = start + 1 + longer->size;
             }
         }
     }

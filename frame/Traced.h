@@ -101,4 +101,14 @@ std::optional<RuntimeError> ErrorOf(Body body) {
     }
 }
 
+/// Runs `body`. Its error goes on to the caller as one that is logged but not shown to the operator.
+template <class Body>
+std::invoke_result_t<Body&> quietly(Body body) {
+    try {
+        return body();
+    } catch (...) {
+        throw CurrentError().quietly();
+    }
+}
+
 } // namespace qrtVistrelClasses4

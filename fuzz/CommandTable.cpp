@@ -1,6 +1,6 @@
 // Any bytes as the command table, up to a NUL; then keys and byte strings to set, each up to a NUL.
-#include "commands/CommandTable.h"
 #include "Fuzz.h"
+#include "commands/CommandFormat.h"
 #include "commands/clsCommandInterface.h"
 
 #include <algorithm>
@@ -9,8 +9,10 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
+using Rows = OneBasedArray<CommandInfoType>;
+
 /// Sets the bytes in a plain list.
-void set(CommandTable& rows, const std::string& key, const std::string& bytes) {
+void set(Rows& rows, const std::string& key, const std::string& bytes) {
     if (key.empty() || bytes.empty())
         return;
     const auto isMeant = [&](const CommandInfoType& row) { return row.sCMDInfo[kCommandKey] == key; };
@@ -30,12 +32,12 @@ void RunFuzzed(FuzzedInput input) {
     TestHost host;
     const std::string path = host.inLibrary(JoinPath("db", "VistrelLite.dat"));
     const auto rowsInFile = [&] {
-        CommandTable rows = BuiltInCommands();
-        Require(ReadCommandRows(host.machine.files().content(path).value_or(""), rows), "rows have numbers");
-        return rows;
+        CommandTable table = BuiltInCommands();
+        Require(ReadCommandRows(host.machine.files().content(path).value_or(""), table), "rows have numbers");
+        return table.rows();
     };
     host.machine.files().put(path, input.text());
-    CommandTable rows = rowsInFile();
+    Rows rows = rowsInFile();
     { const clsCommandInterface table; }
     Require(rowsInFile() == rows, "every row is kept");
 
@@ -55,7 +57,7 @@ void RunFuzzed(FuzzedInput input) {
         Require(table->sCommandKeyByNum(number) == rows.at(number).sCMDInfo[kCommandKey], "rows keep places");
     table.reset();
     for (std::int32_t number = 1; number <= BuiltInCommandCount(); ++number)
-        rows.at(number) = BuiltInCommands().at(number); // change in memory only
+        rows.at(number) = BuiltInCommands().rows().at(number); // change in memory only
     Require(!allComeBack || rowsInFile() == rows, "what was set comes back");
     Require(host.reports.all.empty(), "nothing of it is an error");
 }

@@ -2,9 +2,7 @@
 #include "Fuzz.h"
 #include "fonts/FontFile.h"
 #include "fonts/PixelBuffer.h"
-#include "fonts/classFontMaster.h"
-
-#include <algorithm>
+#include "fonts/TextDrawing.h"
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -28,13 +26,6 @@ private:
     void SetPixel(std::int32_t x, std::int32_t y, Color color) override { pixels.fill(x, y, 1, 1, color); }
 };
 
-bool areEqual(const PixelBuffer& left, const PixelBuffer& right) {
-    for (std::int32_t y = 0; y < left.height(); ++y)
-        if (!std::ranges::equal(left.row(y), right.row(y)))
-            return false;
-    return true;
-}
-
 void requireSameFont(const Font& font, std::int16_t width, std::int16_t height) {
     const bool hasHeader = width == kSizeFromFile && height == kSizeFromFile;
     const std::string bytes = hasHeader ? HeaderFontBytes(font) : SizedFontBytes(font);
@@ -48,23 +39,21 @@ void requireSameFont(const Font& font, std::int16_t width, std::int16_t height) 
 struct Drawing {
     std::string text;
     float x, y;
-    std::int16_t background;
-    std::int16_t first, last;
+    bool background;
+    int first, last;
 
-    std::int32_t draw(classFontMaster& font, DrawingTarget& target) const {
-        std::int32_t advance = 0;
-        font.DrawText(text, target, x, y, background, 0, advance);
-        font.HilightSelection(text, target, x, y + 9, first, last, 0);
-        for (int times = 0; times < 2; ++times)
-            font.CycleIndexMarker(text, target, x, y, first, 0);
-        return advance;
+    std::int64_t draw(const Lettering& lettering, DrawingTarget& target) const {
+        const std::int64_t width = DrawLetters(lettering, text, {target, x, y}, background);
+        DrawSelection(lettering, text, {target, x, y + 9}, first, last);
+        for (const bool isShown : {true, false})
+            DrawIndexMarker(lettering, text, {target, x, y}, first, isShown);
+        return width;
     }
 };
 
 } // namespace
 
 void RunFuzzed(FuzzedInput input) {
-    TestHost host;
     const bool hasHeader = input.byte() % 2 == 0;
     const auto number = [&] { return static_cast<std::int16_t>(static_cast<std::int8_t>(input.byte())); };
     const std::int16_t width = hasHeader ? kSizeFromFile : number();
@@ -73,29 +62,20 @@ void RunFuzzed(FuzzedInput input) {
     const Drawing drawing{input.text().substr(0, 16),
                           static_cast<float>(number()),
                           static_cast<float>(number()),
-                          number(),
-                          static_cast<std::int16_t>(number() % 20),
-                          static_cast<std::int16_t>(number() % 20)};
-    const std::string path = host.inLibrary("font");
-    const std::string file = input.rest();
-    host.machine.files().put(path, file);
-
-    const auto parsed = ParseFont(file, width, height);
-    if (parsed)
-        requireSameFont(*parsed, width, height);
-    classFontMaster font;
-    const bool isLoaded = font.LoadExistingFont(path, width, height);
-    Require(isLoaded == parsed.has_value(), "a font is loaded when it can be read");
-    if (!isLoaded)
+                          number() != 0,
+                          number() % 20,
+                          number() % 20};
+    const auto font = ParseFont(input.rest(), width, height);
+    if (!font)
         return;
-    font.MagTimes(magnification);
-    font.FontColor(kInk);
+    requireSameFont(*font, width, height);
+    const Lettering lettering{*font, magnification, kInk};
     PixelBuffer direct(40, 30, kPaper);
     HostTarget byPixel(40, 30);
-    const std::int32_t advance = drawing.draw(font, direct);
-    Require(drawing.draw(font, byPixel) == advance, "a text has one width");
-    Require(advance == font.TextWidth(drawing.text), "which is the one that is told");
-    Require(areEqual(direct, byPixel.pixels), "every target shows the same");
+    const std::int64_t drawn = drawing.draw(lettering, direct);
+    Require(drawing.draw(lettering, byPixel) == drawn, "a text has one width");
+    Require(drawn == WidthOf(lettering, drawing.text), "which is the one that is measured");
+    Require(direct == byPixel.pixels, "every target shows the same");
 }
 
 } // namespace qrtVistrelClasses4

@@ -65,6 +65,8 @@ public:
     virtual ~FileSystem() = default;
 
     virtual EntryKind kindOf(const std::string& path) = 0;
+    /// True if `path` names anything, be it a link that leads nowhere.
+    virtual bool hasEntry(const std::string& path) = 0;
     /// Size in bytes of the file `path`.
     virtual Result<std::uint64_t> sizeOf(const std::string& path) = 0;
     /// The whole file, never while an `open` to replace it is writing. A folder or a device is

@@ -25,13 +25,24 @@ FileBytes narrowedText(std::string_view bytes) {
 
 std::string IniProfileFile::read(std::string_view section, std::string_view key,
                                  std::string_view defaultValue, std::size_t bufferSize) {
+    return ProfileString(index().find(section, key), defaultValue, bufferSize);
+}
+
+bool IniProfileFile::isThere() {
+    index();
+    return isThere_;
+}
+
+const IniIndex& IniProfileFile::index() {
     if (!index_) {
-        bytes_ = readFile().valueOr({});
+        auto bytes = readFile();
+        isThere_ = bytes.error() != SystemError::fileNotFound && bytes.error() != SystemError::folderNotFound;
+        bytes_ = std::move(bytes).valueOr({});
         if (isWideText(bytes_.text()))
             bytes_ = narrowedText(bytes_.text());
         index_.emplace(bytes_.text());
     }
-    return ProfileString(index_->find(section, key), defaultValue, bufferSize);
+    return *index_;
 }
 
 void IniProfileFile::write(std::string_view section, std::string_view key, std::string_view value) {

@@ -18,6 +18,7 @@ public:
     /// `files` must outlive this object. A file whose name differs only in case is found.
     IniProfileFile(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
 
+    bool isThere() override;
     std::string read(std::string_view section, std::string_view key, std::string_view defaultValue,
                      std::size_t bufferSize) override;
     void write(std::string_view section, std::string_view key, std::string_view value) override;
@@ -29,10 +30,12 @@ protected:
 
 private:
     Result<FileBytes> readFile();
+    const IniIndex& index();
 
     FileSystem& files_;
     std::string path_;
-    FileBytes bytes_; ///< What `index_` refers to.
+    FileBytes bytes_;      ///< What `index_` refers to.
+    bool isThere_ = false; ///< Known with the index.
     std::optional<IniIndex> index_;
     std::vector<IniChange> changes_;
 };

@@ -1,6 +1,7 @@
 // Everything the library asks of the machine it runs on.
 #pragma once
 
+#include "platform/Console.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBoxes.h"
 #include "platform/ProfileFile.h"
@@ -33,16 +34,16 @@ struct CalendarNames {
     std::array<std::string, 12> months;      ///< From January.
     std::array<std::string, 12> shortMonths; ///< From January.
     std::array<std::string, 7> weekdays;     ///< From Sunday.
-    std::string morning;                     ///< Marks hours before noon; empty where there is no marker.
+    std::string morning;                     ///< Mark of hours before noon; empty in locales without one.
     std::string afternoon;
     std::string dateSeparator;
     std::string timeSeparator;
 };
 
-/// Those of English.
+/// The names of the English locale.
 CalendarNames EnglishCalendarNames();
 
-/// Services are owned by the platform and live as long as it does.
+/// The services of a machine. The platform owns them, and several threads may use them at the same time.
 class Platform {
 public:
     virtual ~Platform() = default;
@@ -50,14 +51,16 @@ public:
     virtual FileSystem& files() = 0;
     virtual RegistryStore& registry() = 0;
     virtual MessageBoxes& messageBoxes() = 0;
+    virtual Console& console() = 0;
 
     virtual std::unique_ptr<ProfileFile> openProfile(const std::string& path) = 0;
     /// The INI file that belongs to the system itself ("win.ini").
     virtual std::string systemProfilePath() = 0;
 
-    /// Folder that the library was loaded from; it ends in a separator only when it is a root.
+    /// The folder that the library was loaded from. It ends in a separator only if it is a root.
     virtual std::string libraryFolder() = 0;
-    /// Path of a shell special folder, as the system gives it; none for a number it does not know.
+    /// The path of a shell special folder, as the system gives it. No value for a number that the system does
+    /// not know.
     virtual std::optional<std::string> specialFolder(int number) = 0;
 
     virtual LocalTime localTime() = 0;
@@ -65,10 +68,10 @@ public:
 };
 
 struct PlatformOptions {
-    /// One folder that stands for the library's folder and the user's documents and holds the settings store,
-    /// so that no place outside it is used by itself; its settings may name files anywhere, which are read
-    /// and written there. Empty for the machine's own places. Not supported on Windows.
-    std::string home;
+    /// A folder that replaces the library's folder and the user's folders, and holds the settings store. The
+    /// library then uses no place outside it, except for files that callers or settings name. Without it, the
+    /// machine's own places are used. Not supported on Windows.
+    std::optional<std::string> home;
 };
 
 /// The machine's own services.

@@ -16,6 +16,8 @@ namespace qrtVistrelClasses4 {
 class ProfileFile {
 public:
     virtual ~ProfileFile() = default;
+    /// Whether there is a file to read.
+    virtual bool isThere() = 0;
     /// The value, or `defaultValue` (without its trailing blanks) when file, section or key is missing. At
     /// most `bufferSize` - 1 characters; blanks around the value, and one pair of quotes around it, are not
     /// part of it.

@@ -4,13 +4,15 @@
 #include "platform/RegistryTree.h"
 
 #include <functional>
+#include <mutex>
 
 namespace qrtVistrelClasses4 {
 
-/// A store over a `RegistryTree`; who derives from it says where the tree is kept.
+/// A store over a `RegistryTree`. Derived classes say where the tree is kept. Several threads may use a store
+/// at the same time.
 class TreeRegistryStore : public RegistryStore {
 public:
-    bool keyExists(const RegistryKey& key) override { return tree().hasKey(key); }
+    bool keyExists(const RegistryKey& key) override;
     SystemError createKey(const RegistryKey& key) override;
     SystemError deleteKey(const RegistryKey& key) override;
     SystemError deleteValue(const RegistryKey& key, std::string_view name) override;
@@ -29,10 +31,16 @@ public:
 protected:
     using Edit = std::function<SystemError(RegistryTree&)>;
 
-    /// The tree as it is kept now, to be read at once.
+    /// The tree as it is kept now. Only one thread at a time is in this function or reads its result.
     virtual const RegistryTree& tree() = 0;
-    /// Runs `edit` on the tree as it is kept now, and keeps the result unless it failed.
+    /// Runs `edit` on the tree as it is kept now, and keeps the result unless `edit` failed. Only one thread
+    /// at a time is in this function.
     virtual SystemError change(const Edit& edit) = 0;
+
+private:
+    SystemError changeAlone(const Edit& edit);
+
+    std::mutex mutex_;
 };
 
 } // namespace qrtVistrelClasses4

@@ -6,7 +6,6 @@
 #include "settings/AppFolder.h"
 #include "settings/RegistrySettings.h"
 
-#include <cstdio>
 #include <mutex>
 #include <string>
 #include <string_view>
@@ -24,13 +23,13 @@ std::string timeText(const LocalTime& time) {
            twoDigits(time.hour) + ':' + twoDigits(time.minute) + ':' + twoDigits(time.second);
 }
 
-/// Whether a character steers what shows it, be it alone or, in UTF-8, behind `previous`.
+/// Whether a character controls a terminal, alone or, in UTF-8, together with `previous` before it.
 bool isControl(unsigned char previous, unsigned char code) {
     constexpr unsigned char openingOfUtf8Controls = 0xc2;
     return code < ' ' || code == 0x7f || (previous == openingOfUtf8Controls && code >= 0x80 && code <= 0x9f);
 }
 
-/// A text of whatever origin as it may stand in a line of a log, in a box and on a terminal.
+/// Any text in a form that is safe in a line of a log, in a box and on a terminal.
 std::string visible(std::string_view text) {
     constexpr std::string_view digits = "0123456789ABCDEF";
     std::string result;
@@ -66,7 +65,7 @@ void appendToLog(const std::string& text) {
     FileSystem& files = platform().files();
     const std::string folder = GetAppFolder();
     const std::string log = JoinPath(folder, kErrorLogName);
-    static constinit std::mutex mutex; // two threads must not both move the old log away
+    static std::mutex mutex; // two threads must not both move the old log away
     const std::lock_guard lock(mutex);
     if (const auto size = files.sizeOf(log); size && size.value() > kErrorLogLimitBytes)
         (void)files.moveOver(log, JoinPath(folder, kOldErrorLogName)); // refused: the log goes on growing
@@ -89,7 +88,7 @@ void showToOperator(const std::string& text) {
     if (messageBoxes().attended())
         showMessage({text, "Vistrel Error Report", MessageIcon::critical, MessageButtons::ok});
     else
-        std::fputs(text.c_str(), stderr);
+        (void)platform().console().write(StandardStream::error, text);
 }
 
 /// Guards a step of a report against running again on the same thread before it has ended.

@@ -15,13 +15,14 @@ inline constexpr std::string_view kErrorLogName = "VistrelErrors.log";
 inline constexpr std::string_view kOldErrorLogName = "VistrelErrors.old.log";
 inline constexpr std::uint64_t kErrorLogLimitBytes = 1 << 20;
 
-/// Characters that a report shows of one text: those of a path of the usual greatest length, and its name.
+/// The most characters of one text that a report shows: enough for the longest usual path and its name.
 inline constexpr std::size_t kLongestTextInReport = 300;
 
 /// Appends every report to the log. Shows it in a critical message box, unless the error is quiet or the
 /// setting "Vistrel3" / "Settings" / "ShowErrorReports" is false; where nobody could see a box it goes to
-/// standard error. Texts of a procedure, its arguments together, and of an error are cut behind
-/// `kLongestTextInReport` characters and marked by "..."; control characters show their codes ("<0D>").
+/// standard error. The name of a procedure, all its arguments together and the text of an error are each cut
+/// after `kLongestTextInReport` characters and then end in "..."; control characters show their codes
+/// ("<0D>").
 class DefaultErrorReporter : public ErrorReporter {
 public:
     void report(const ErrorReport& report) override;

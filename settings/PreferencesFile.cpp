@@ -39,6 +39,10 @@ std::optional<RuntimeError> errorOf(SystemError error) {
     return error == SystemError::none ? std::nullopt : std::optional(ErrorFor(error));
 }
 
+std::unique_ptr<ProfileFile> opened(const std::string& path, const ProfileOpener& open) {
+    return open ? open(path) : platform().openProfile(path);
+}
+
 /// Reads one preference after another, until a value does not convert.
 class PreferenceReader {
 public:
@@ -106,13 +110,12 @@ std::string PreferenceText(bool value) { return std::string(BooleanToText(value)
 std::string PreferenceText(double value) { return NumberToText(value); }
 std::string PreferenceText(std::int16_t value) { return NumberToText(std::int32_t{value}); }
 
-std::unique_ptr<ProfileFile> OpenProfile(const std::string& path) { return platform().openProfile(path); }
-
-PreferencesOutcome LoadPreferences(const PreferencesCircumstances& circumstances) {
+PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances) {
     PreferencesOutcome outcome;
-    outcome.values = circumstances.before;
-    outcome.isFileThere = platform().files().kindOf(circumstances.path) == EntryKind::file;
-    const auto file = circumstances.open(circumstances.path);
+    outcome.values = std::move(circumstances.before);
+    outcome.keysRead.reserve(kPreferenceCount);
+    const auto file = opened(circumstances.path, circumstances.open);
+    outcome.isFileThere = file->isThere();
     ForEachPreference(PreferenceReader(*file, circumstances.folders, outcome), outcome.values);
     return outcome;
 }
@@ -121,7 +124,7 @@ PreferencesOutcome LoadPreferences() {
     const PreferenceFolders folders = FindPreferenceFolders();
     (void)MakePlayfileFolder(folders); // preferences are loaded without it, too
     if (const std::optional<std::string> path = PreferencesPath())
-        return LoadPreferences({*path, folders, DefaultPreferences(folders)});
+        return LoadPreferences({*path, folders, DefaultPreferences(folders), {}});
     PreferencesOutcome outcome; // the error has been trapped
     outcome.values = DefaultPreferences(folders);
     outcome.error = {"AppPath", RuntimeError(ErrorNumber::pathNotFound)};
@@ -130,7 +133,7 @@ PreferencesOutcome LoadPreferences() {
 
 std::optional<RuntimeError> SavePreferences(const Preferences& preferences, const std::string& path,
                                             const ProfileOpener& open) {
-    const auto file = open(path);
+    const auto file = opened(path, open);
     ForEachPreference([&](const auto& placed,
                           const auto& value) { file->write(kSection, placed.key(), PreferenceText(value)); },
                       preferences);
@@ -138,13 +141,13 @@ std::optional<RuntimeError> SavePreferences(const Preferences& preferences, cons
 }
 
 std::string ReadPreference(const std::string& path, const std::string& key, const std::string& defaultText) {
-    return OpenProfile(path)->read(kSection, key, defaultText, kBufferSize);
+    return platform().openProfile(path)->read(kSection, key, defaultText, kBufferSize);
 }
 
 WrittenPreference WritePreference(const std::string& path, const std::string& key, const std::string& text) {
     const IniChange change{std::string(kSection), key, text};
     const std::string alone = ApplyIniChanges("", std::span(&change, 1)).value_or("");
-    const auto file = OpenProfile(path);
+    const auto file = platform().openProfile(path);
     file->write(kSection, key, text);
     return {.error = errorOf(file->commit()),
             .readsBack = ProfileString(IniIndex(alone).find(kSection, key), "", kBufferSize) == text};

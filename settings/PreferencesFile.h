@@ -44,16 +44,14 @@ struct PreferenceError {
     RuntimeError error;
 };
 
-/// Opens the INI file `path`.
+/// Opens the INI file `path`; an empty one does so as the platform does.
 using ProfileOpener = std::function<std::unique_ptr<ProfileFile>(const std::string& path)>;
-/// The platform's own way.
-std::unique_ptr<ProfileFile> OpenProfile(const std::string& path);
 
 struct PreferencesCircumstances {
     std::string path;
     PreferenceFolders folders;
     Preferences before; ///< What preferences keep that are not read.
-    ProfileOpener open = OpenProfile;
+    ProfileOpener open;
 };
 
 /// What came of reading preferences.
@@ -66,14 +64,14 @@ struct PreferencesOutcome {
     bool isFileThere = false;
 };
 
-PreferencesOutcome LoadPreferences(const PreferencesCircumstances& circumstances);
+PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances);
 /// The same for the file and the folders of this machine. Makes the folder for playfiles if it can.
 PreferencesOutcome LoadPreferences();
 
 /// Writes all preferences in one step and keeps everything else in the file. Returns the error if that is
 /// refused.
 std::optional<RuntimeError> SavePreferences(const Preferences& preferences, const std::string& path,
-                                            const ProfileOpener& open = OpenProfile);
+                                            const ProfileOpener& open = {});
 
 /// The value of `key` in the file as it is now, cut to 254 characters; `defaultText` if it is missing.
 std::string ReadPreference(const std::string& path, const std::string& key, const std::string& defaultText);

@@ -29,9 +29,9 @@ public:
     /// Removes the key and all below it. False when it is missing or refused.
     bool DeleteKey();
     bool DeleteValue(const std::string& ValueName);
-    /// Names of the keys directly below; none when the key is missing.
+    /// Names of the keys directly below; empty if the key is missing.
     std::vector<std::string> EnumRegistryKeys();
-    /// Names of the key's values; none when the key is missing.
+    /// Names of the key's values; empty if the key is missing.
     std::vector<std::string> EnumRegistryValues();
     /// The string value, or `DefaultValue` unchanged when key or value is missing.
     std::string GetRegistryValue(const std::string& ValueName, const std::string& DefaultValue);

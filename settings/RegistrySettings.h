@@ -15,7 +15,7 @@ inline constexpr std::string_view kSettingsSection = "Settings";
 std::string ReadSetting(const std::string& Application, const std::string& Section,
                         const std::string& ValueName, const std::string& DefaultValue);
 
-/// Stores a string. Failure is not told.
+/// Stores a string. A failure is not reported.
 void WriteSetting(const std::string& Application, const std::string& Section, const std::string& ValueName,
                   const std::string& Value);
 

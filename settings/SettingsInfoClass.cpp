@@ -2,7 +2,7 @@
 
 #include "frame/Traced.h"
 #include "frame/modClassIDGenerator.h"
-#include "platform/ProfileFile.h"
+#include "platform/Platform.h"
 #include "settings/PreferencesFile.h"
 
 #include <utility>
@@ -21,6 +21,7 @@ class TracedProfile final : public ProfileFile {
 public:
     explicit TracedProfile(std::unique_ptr<ProfileFile> file) : file_(std::move(file)) {}
 
+    bool isThere() override { return file_->isThere(); }
     std::string read(std::string_view section, std::string_view key, std::string_view defaultValue,
                      std::size_t bufferSize) override {
         return traced(
@@ -39,7 +40,7 @@ private:
 };
 
 std::unique_ptr<ProfileFile> openTraced(const std::string& path) {
-    return std::make_unique<TracedProfile>(OpenProfile(path));
+    return std::make_unique<TracedProfile>(platform().openProfile(path));
 }
 
 /// A folder that cannot be made is only logged: the preferences are loaded all the same.
@@ -102,12 +103,13 @@ void SettingsInfoClass::GetSettingsFromDisk(const std::optional<std::string>& sF
     traced(
         procedure(ProcedureKind::Sub, "GetSettingsFromDisk"),
         [&] {
-            const PreferenceFolders folders = FindPreferenceFolders();
+            PreferenceFolders folders = FindPreferenceFolders();
             makePlayfileFolder(folders);
-            const std::optional<std::string> path = PreferencesPath();
+            std::optional<std::string> path = PreferencesPath();
             if (!path)
                 return;
-            PreferencesOutcome outcome = LoadPreferences({*path, folders, preferences_, openTraced});
+            PreferencesOutcome outcome =
+                LoadPreferences({std::move(*path), std::move(folders), preferences_, openTraced});
             preferences_ = std::move(outcome.values);
             if (outcome.error)
                 throw outcome.error->error;

@@ -44,6 +44,7 @@ struct FileOperation {
 class MemoryFileSystem final : public FileSystem {
 public:
     EntryKind kindOf(const std::string& path) override;
+    bool hasEntry(const std::string& path) override { return kindOf(path) != EntryKind::missing; }
     Result<std::uint64_t> sizeOf(const std::string& path) override;
     Result<FileBytes> read(const std::string& path) override;
     Result<std::unique_ptr<InputFile>> openToRead(const std::string& path) override;
@@ -133,6 +134,18 @@ public:
     bool isAttended = true;
 };
 
+/// Keeps what is written.
+class MemoryConsole final : public Console {
+public:
+    bool isTerminal(StandardStream) override { return false; }
+    SystemError write(StandardStream stream, std::string_view text) override {
+        (stream == StandardStream::output ? output : error) += text;
+        return SystemError::none;
+    }
+
+    std::string output, error;
+};
+
 class MemoryPlatform final : public Platform {
 public:
     MemoryPlatform();
@@ -140,6 +153,7 @@ public:
     MemoryFileSystem& files() override { return files_; }
     MemoryRegistryStore& registry() override { return registry_; }
     MemoryMessageBoxes& messageBoxes() override { return boxes_; }
+    MemoryConsole& console() override { return console_; }
     std::unique_ptr<ProfileFile> openProfile(const std::string& path) override {
         return std::make_unique<IniProfileFile>(files_, path);
     }
@@ -159,6 +173,7 @@ private:
     MemoryFileSystem files_;
     MemoryRegistryStore registry_;
     MemoryMessageBoxes boxes_;
+    MemoryConsole console_;
 };
 
 } // namespace qrtVistrelClasses4

@@ -46,14 +46,7 @@ private:
 };
 
 SystemError PosixOutputFile::write(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written =
-            uninterrupted([&] { return ::write(file_.number(), bytes.data(), bytes.size()); });
-        if (written == -1)
-            return errorOn(path_);
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return SystemError::none;
+    return writeAll(file_.number(), bytes) ? SystemError::none : errorOn(path_);
 }
 
 SystemError PosixOutputFile::flush() {
@@ -171,6 +164,11 @@ EntryKind PosixFileSystem::kindOf(const std::string& path) {
     return S_ISDIR(status.st_mode) ? EntryKind::folder : EntryKind::other;
 }
 
+bool PosixFileSystem::hasEntry(const std::string& path) {
+    struct stat status {};
+    return isUsableName(path) && ::lstat(path.c_str(), &status) == 0;
+}
+
 Result<std::uint64_t> PosixFileSystem::sizeOf(const std::string& path) {
     struct stat status {};
     if (!lookUp(path, status))
@@ -219,7 +217,7 @@ Result<std::unique_ptr<OutputFile>> PosixFileSystem::open(const std::string& pat
 }
 
 Result<TemporaryFile> PosixFileSystem::createBeside(const std::string& path) {
-    if (!isName(path))
+    if (!isUsableName(path))
         return errorOn(path);
     const std::string folder = path.substr(0, path.rfind('/') + 1); // "" without one
     struct stat old {};
@@ -251,8 +249,9 @@ SystemError PosixFileSystem::mayWrite(const std::string& path) {
 }
 
 SystemError PosixFileSystem::moveOver(const std::string& from, const std::string& to) {
-    return isName(from) && isName(to) && ::rename(from.c_str(), to.c_str()) == 0 ? SystemError::none
-                                                                                 : errorOn(from);
+    return isUsableName(from) && isUsableName(to) && ::rename(from.c_str(), to.c_str()) == 0
+               ? SystemError::none
+               : errorOn(from);
 }
 
 SystemError PosixFileSystem::flushFolder(const std::string& folder) {
@@ -263,11 +262,11 @@ SystemError PosixFileSystem::flushFolder(const std::string& folder) {
 }
 
 SystemError PosixFileSystem::remove(const std::string& path) {
-    return isName(path) && ::unlink(path.c_str()) == 0 ? SystemError::none : errorOn(path);
+    return isUsableName(path) && ::unlink(path.c_str()) == 0 ? SystemError::none : errorOn(path);
 }
 
 SystemError PosixFileSystem::createFolder(const std::string& path) {
-    if (!isName(path) || ::mkdir(path.c_str(), 0777) != 0)
+    if (!isUsableName(path) || ::mkdir(path.c_str(), 0777) != 0)
         return errorOn(path);
     (void)flushFolder(folderOf(path)); // what is saved below must not go with it in a power cut
     return SystemError::none;

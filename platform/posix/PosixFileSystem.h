@@ -7,6 +7,7 @@ namespace qrtVistrelClasses4 {
 class PosixFileSystem final : public FileSystem {
 public:
     EntryKind kindOf(const std::string& path) override;
+    bool hasEntry(const std::string& path) override;
     Result<std::uint64_t> sizeOf(const std::string& path) override;
     Result<FileBytes> read(const std::string& path) override;
     Result<std::unique_ptr<InputFile>> openToRead(const std::string& path) override;

@@ -36,12 +36,13 @@ const UserFolder* find(int shellNumber) {
     return folder == kUserFolders.end() ? nullptr : folder;
 }
 
-std::string environment(const char* name) {
+/// No value also for an empty variable.
+std::optional<std::string> environment(const char* name) {
     const char* value = ::getenv(name);
-    return value ? value : "";
+    return value && *value != '\0' ? std::optional<std::string>(value) : std::nullopt;
 }
 
-/// `text` starts behind a quote: what stands before the next one that no "\" makes part of the text.
+/// `text` starts after a quote. Returns what comes before the next quote that no "\" makes part of the text.
 std::string upToQuote(std::string_view text) {
     std::string result;
     for (std::size_t i = 0; i < text.size() && text[i] != '"'; ++i) {
@@ -55,18 +56,22 @@ std::string upToQuote(std::string_view text) {
 } // namespace
 
 std::string userHome() {
-    if (std::string home = environment("HOME"); !home.empty())
-        return home;
-    const passwd* user = ::getpwuid(::geteuid());
+    if (const auto home = environment("HOME"))
+        return *home;
+    passwd entry{};
+    passwd* user = nullptr;
+    std::array<char, 4096> texts;
+    (void)::getpwuid_r(::geteuid(), &entry, texts.data(), texts.size(), &user);
     return user && user->pw_dir ? user->pw_dir : "/";
 }
 
 std::string configurationFolder() {
-    std::string folder = environment("XDG_CONFIG_HOME");
-    return IsRootedPath(folder) ? folder : JoinPath(userHome(), ".config");
+    const auto folder = environment("XDG_CONFIG_HOME");
+    return folder && IsRootedPath(*folder) ? *folder : JoinPath(userHome(), ".config");
 }
 
-std::string userDirectory(std::string_view text, std::string_view variable, std::string_view home) {
+std::optional<std::string> userDirectory(std::string_view text, std::string_view variable,
+                                         std::string_view home) {
     const std::string assignment = std::string(variable) + "=\"";
     for (std::string_view rest = text; !rest.empty();) {
         std::string_view line = rest.substr(0, rest.find('\n'));
@@ -79,9 +84,9 @@ std::string userDirectory(std::string_view text, std::string_view variable, std:
         if (isBelowHome)
             line.remove_prefix(homeVariable.size());
         std::string folder = std::string(isBelowHome ? home : "") + upToQuote(line);
-        return IsRootedPath(folder) ? folder : std::string();
+        return IsRootedPath(folder) ? std::optional(folder) : std::nullopt;
     }
-    return {};
+    return std::nullopt;
 }
 
 bool isUserFolder(int shellNumber) { return find(shellNumber) != nullptr; }
@@ -91,8 +96,8 @@ std::optional<std::string> userFolder(FileSystem& files, int shellNumber) {
     if (!folder)
         return {};
     const FileBytes directories = files.read(JoinPath(configurationFolder(), "user-dirs.dirs")).valueOr({});
-    std::string path = userDirectory(directories.text(), folder->variable, userHome());
-    return path.empty() ? JoinPath(userHome(), folder->usualName) : path;
+    const auto path = userDirectory(directories.text(), folder->variable, userHome());
+    return path ? *path : JoinPath(userHome(), folder->usualName);
 }
 
 SystemError makeFolders(FileSystem& files, const std::string& folder) {

@@ -1,4 +1,4 @@
-// Where this user keeps what.
+// The folders of this user.
 #pragma once
 
 #include "platform/FileSystem.h"
@@ -8,21 +8,23 @@
 
 namespace qrtVistrelClasses4 {
 
-/// The user's own folder.
+/// The user's home folder.
 std::string userHome();
-/// Folder for settings: $XDG_CONFIG_HOME, else ".config" in the user's own folder.
+/// The folder for settings: $XDG_CONFIG_HOME, else ".config" in the home folder.
 std::string configurationFolder();
-/// Whether a shell number stands for a folder that users have here.
+/// Whether users of this system have the folder with that shell number.
 bool isUserFolder(int shellNumber);
-/// The folder that a shell number stands for, as the desktop has it in "user-dirs.dirs", else by its usual
-/// English name in the user's own folder; none for a number that has no counterpart.
+/// The folder with that shell number: the one in the desktop's "user-dirs.dirs", else the usual English name
+/// in the home folder. No value for a number without a counterpart.
 std::optional<std::string> userFolder(FileSystem& files, int shellNumber);
-/// Makes `folder` with the folders above it, as far as they are missing.
+/// Makes `folder` and the folders above it, if they are missing.
 SystemError makeFolders(FileSystem& files, const std::string& folder);
-/// Folder of the program or shared library that holds this code.
+/// The folder of the program or shared library that contains this code.
 std::string moduleFolder();
 
-/// The folder that `variable` is set to in the text of a "user-dirs.dirs" file; empty when it is not set.
-std::string userDirectory(std::string_view text, std::string_view variable, std::string_view home);
+/// The folder that `variable` is set to in the text of a "user-dirs.dirs" file. No value if it is not set, or
+/// not to a full path.
+std::optional<std::string> userDirectory(std::string_view text, std::string_view variable,
+                                         std::string_view home);
 
 } // namespace qrtVistrelClasses4

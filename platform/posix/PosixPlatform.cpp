@@ -3,6 +3,7 @@
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/posix/PosixCalendar.h"
+#include "platform/posix/PosixConsole.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixFolders.h"
 #include "platform/posix/PosixRegistryStore.h"
@@ -17,13 +18,13 @@ namespace {
 /// Commits under a lock, so that two programs that save at the same time keep each other's keys.
 class LockedProfileFile final : public IniProfileFile {
 public:
-    /// `isOwn`: the file is the library's own, so that its folder is made when it is missing.
+    /// `isOwn`: the file belongs to the library, which makes its folder if that is missing.
     LockedProfileFile(FileSystem& machineFiles, const std::string& name, bool isOwn)
         : IniProfileFile(machineFiles, name), isOwn_(isOwn) {}
 
     SystemError commit() override {
         if (isOwn_)
-            (void)makeFolders(files(), folderOf(path())); // a missing folder is told by the commit
+            (void)makeFolders(files(), folderOf(path())); // the commit reports a missing folder
         const FolderLock lock(folderOf(files().resolveLinks(path())));
         return IniProfileFile::commit();
     }
@@ -41,13 +42,13 @@ std::string withoutTrailingSeparators(std::string folder) {
 class PosixPlatform final : public Platform {
 public:
     explicit PosixPlatform(const PlatformOptions& options)
-        : home_(options.home.empty() ? "" : withoutTrailingSeparators(files_.fullName(options.home))),
-          library_(home_.empty() ? moduleFolder() : home_), settings_(settingsFolder(home_)),
-          registry_(files_, JoinPath(settings_, "registry")) {}
+        : home_(fullName(options.home)), library_(home_ ? *home_ : moduleFolder()),
+          settings_(settingsFolder(home_)), registry_(files_, JoinPath(settings_, "registry")) {}
 
     FileSystem& files() override { return files_; }
     RegistryStore& registry() override { return registry_; }
     MessageBoxes& messageBoxes() override { return boxes_; }
+    Console& console() override { return console_; }
 
     std::unique_ptr<ProfileFile> openProfile(const std::string& path) override {
         return std::make_unique<LockedProfileFile>(files_, path, path == systemProfilePath());
@@ -60,22 +61,28 @@ public:
     CalendarNames calendarNames() override { return PosixCalendarNames(""); }
 
 private:
-    static std::string settingsFolder(const std::string& home) {
-        return home.empty() ? JoinPath(configurationFolder(), "qrtVistrelClasses4") : home;
+    static std::string settingsFolder(const std::optional<std::string>& home) {
+        return home ? *home : JoinPath(configurationFolder(), "qrtVistrelClasses4");
+    }
+    std::optional<std::string> fullName(const std::optional<std::string>& folder) {
+        if (!folder)
+            return std::nullopt;
+        return withoutTrailingSeparators(files_.fullName(*folder));
     }
 
     PosixFileSystem files_;
-    std::string home_; ///< Full name of the one in `PlatformOptions`.
+    std::optional<std::string> home_; ///< The full name of the one in `PlatformOptions`.
     std::string library_;
-    std::string settings_; ///< Folder of the settings store.
+    std::string settings_; ///< The folder of the settings store.
     PosixRegistryStore registry_;
     TerminalMessageBoxes boxes_;
+    PosixConsole console_;
 };
 
 std::optional<std::string> PosixPlatform::specialFolder(int number) {
-    if (home_.empty())
+    if (!home_)
         return userFolder(files_, number);
-    return isUserFolder(number) ? std::optional(home_) : std::nullopt;
+    return isUserFolder(number) ? home_ : std::nullopt;
 }
 
 LocalTime PosixPlatform::localTime() {

@@ -13,19 +13,19 @@ int Descriptor::close() {
     return result == -1 && errno != EINTR ? -1 : 0;
 }
 
-bool isName(const std::string& path) {
-    const bool isName = path.find('\0') == path.npos;
-    if (!isName)
+bool isUsableName(const std::string& path) {
+    const bool isUsable = path.find('\0') == path.npos;
+    if (!isUsable)
         errno = ENAMETOOLONG; // no file can have it
-    return isName;
+    return isUsable;
 }
 
 bool lookUp(const std::string& path, struct stat& status) {
-    return isName(path) && ::stat(path.c_str(), &status) == 0;
+    return isUsableName(path) && ::stat(path.c_str(), &status) == 0;
 }
 
 Descriptor openDescriptor(const std::string& path, int flags, unsigned mode) {
-    if (!isName(path))
+    if (!isUsableName(path))
         return {};
     return Descriptor(uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); }));
 }
@@ -78,6 +78,16 @@ SystemError errorOn(const std::string& path, int code) {
     default:
         return SystemError::deviceFailure;
     }
+}
+
+bool writeAll(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = uninterrupted([&] { return ::write(file, bytes.data(), bytes.size()); });
+        if (written == -1)
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
 }
 
 bool lockFile(int file, int operation) {

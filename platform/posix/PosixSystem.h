@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <string>
+#include <string_view>
 #include <sys/stat.h>
 #include <utility>
 
@@ -40,9 +41,9 @@ private:
     int number_ = -1;
 };
 
-/// Whether the system may be asked for `path`: it would take a name with a NUL for what stands before that.
-/// False with `errno` set.
-bool isName(const std::string& path);
+/// Whether `path` may be passed to the system, which would cut a name at its first NUL. False with `errno`
+/// set.
+bool isUsableName(const std::string& path);
 
 /// What the entry that `path` leads to is. False with `errno` set.
 bool lookUp(const std::string& path, struct stat& status);
@@ -59,6 +60,9 @@ std::string folderOf(const std::string& path);
 
 /// What `errno` means for an operation on `path`.
 SystemError errorOn(const std::string& path, int code = errno);
+
+/// Writes all of `bytes` to an open file. False with `errno` set.
+bool writeAll(int file, std::string_view bytes);
 
 /// Keeps other processes that lock the same folder waiting. Does nothing where the file system knows no
 /// locks, or where another process keeps its lock for seconds: a setting is better saved without than not at

@@ -14,14 +14,8 @@ Descriptor openTerminal() { return openDescriptor("/dev/tty", O_RDWR | O_NOCTTY)
 
 bool hasStandardTerminal() { return ::isatty(STDIN_FILENO) && ::isatty(STDERR_FILENO); }
 
-void print(int file, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t written = uninterrupted([&] { return ::write(file, text.data(), text.size()); });
-        if (written <= 0)
-            return; // there is no better place to tell of it
-        text.remove_prefix(static_cast<std::size_t>(written));
-    }
-}
+/// A failure has no better place to be reported.
+void print(int file, std::string_view text) { (void)writeAll(file, text); }
 
 /// Title and text on lines of their own. The terminal must not take anything in them for a command.
 std::string asLines(const Message& message) {

@@ -15,21 +15,21 @@ constexpr std::uint64_t kLargestFile = std::uint64_t{1} << 31;
 constexpr std::size_t kLongestPath = 32768;
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-/// Whether the system may be asked for `path`: it would take a name with a NUL for what stands before that.
-/// The thread's last error is set.
-bool isName(const std::string& path) {
-    const bool isName = path.find('\0') == path.npos;
-    if (!isName)
+/// Whether `path` may be passed to the system, which would cut a name at its first NUL. If not, the thread's
+/// last error is set.
+bool isUsableName(const std::string& path) {
+    const bool isUsable = path.find('\0') == path.npos;
+    if (!isUsable)
         ::SetLastError(ERROR_BAD_PATHNAME);
-    return isName;
+    return isUsable;
 }
 
 DWORD attributesOf(const std::string& path) {
-    return isName(path) ? ::GetFileAttributesA(path.c_str()) : INVALID_FILE_ATTRIBUTES;
+    return isUsableName(path) ? ::GetFileAttributesA(path.c_str()) : INVALID_FILE_ATTRIBUTES;
 }
 
 FileHandle openHandle(const std::string& path, DWORD access, DWORD share, DWORD disposition) {
-    if (!isName(path))
+    if (!isUsableName(path))
         return {};
     return FileHandle(
         ::CreateFileA(path.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -190,9 +190,13 @@ EntryKind WindowsFileSystem::kindOf(const std::string& path) {
     return attributes & FILE_ATTRIBUTE_DEVICE ? EntryKind::other : EntryKind::file;
 }
 
+bool WindowsFileSystem::hasEntry(const std::string& path) {
+    return attributesOf(path) != INVALID_FILE_ATTRIBUTES; // those of a link itself
+}
+
 Result<std::uint64_t> WindowsFileSystem::sizeOf(const std::string& path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
-    if (!isName(path) || !::GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data))
+    if (!isUsableName(path) || !::GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data))
         return lastSystemError();
     if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
         return SystemError::accessDenied;
@@ -251,7 +255,7 @@ Result<std::unique_ptr<OutputFile>> WindowsFileSystem::open(const std::string& p
 }
 
 Result<TemporaryFile> WindowsFileSystem::createBeside(const std::string& path) {
-    if (!isName(path))
+    if (!isUsableName(path))
         return lastSystemError();
     const std::string folder(SplitPath(path).folder);
     for (;;) {
@@ -280,7 +284,7 @@ SystemError WindowsFileSystem::moveOver(const std::string& from, const std::stri
     constexpr DWORD flags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
     constexpr int mostTries = 100;
     constexpr DWORD pause = 10; // milliseconds
-    if (!isName(from) || !isName(to))
+    if (!isUsableName(from) || !isUsableName(to))
         return lastSystemError();
     for (int tries = 1; !::MoveFileExA(from.c_str(), to.c_str(), flags); ++tries) {
         const SystemError error = lastSystemError();
@@ -294,15 +298,16 @@ SystemError WindowsFileSystem::moveOver(const std::string& from, const std::stri
 }
 
 SystemError WindowsFileSystem::remove(const std::string& path) {
-    return isName(path) && ::DeleteFileA(path.c_str()) ? SystemError::none : lastSystemError();
+    return isUsableName(path) && ::DeleteFileA(path.c_str()) ? SystemError::none : lastSystemError();
 }
 
 SystemError WindowsFileSystem::createFolder(const std::string& path) {
-    return isName(path) && ::CreateDirectoryA(path.c_str(), nullptr) ? SystemError::none : lastSystemError();
+    return isUsableName(path) && ::CreateDirectoryA(path.c_str(), nullptr) ? SystemError::none
+                                                                           : lastSystemError();
 }
 
 SystemError WindowsFileSystem::copy(const std::string& from, const std::string& to) {
-    if (!isName(from))
+    if (!isUsableName(from))
         return lastSystemError();
     const auto source = identity(from);
     if (source && source == identity(to))

@@ -2,6 +2,7 @@
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/windows/WindowsCalendar.h"
+#include "platform/windows/WindowsConsole.h"
 #include "platform/windows/WindowsFileSystem.h"
 #include "platform/windows/WindowsMessageBoxes.h"
 #include "platform/windows/WindowsProfileFile.h"
@@ -42,6 +43,7 @@ public:
     FileSystem& files() override { return files_; }
     RegistryStore& registry() override { return registry_; }
     MessageBoxes& messageBoxes() override { return boxes_; }
+    Console& console() override { return console_; }
 
     std::unique_ptr<ProfileFile> openProfile(const std::string& path) override {
         return std::make_unique<WindowsProfileFile>(path);
@@ -57,6 +59,7 @@ private:
     WindowsFileSystem files_;
     WindowsRegistryStore registry_;
     WindowsMessageBoxes boxes_;
+    WindowsConsole console_;
 };
 
 std::string WindowsPlatform::libraryFolder() {

@@ -1,5 +1,5 @@
-// What the tests of automation objects share: a thread that may use them, values, calls by name, a host's
-// objects.
+// What the tests of automation objects have in common: a thread that may use them, values, calls by name, and
+// objects of a host.
 #pragma once
 
 #include "automation/ComObject.h"
@@ -15,14 +15,14 @@
 
 namespace qrtVistrelClasses4 {
 
-/// A thread that has entered its apartment.
+/// Its thread has entered an apartment.
 class AutomationTest : public testing::Test {
 protected:
     AutomationTest() { CoInitialize(nullptr); }
     ~AutomationTest() override { CoUninitialize(); }
 };
 
-/// A VARIANT with what scripts pass.
+/// A VARIANT of a kind that scripts pass.
 struct Value : OwnedVariant {
     Value() = default;
     Value(int number) : Value(VT_I4) { V_I4(this) = number; }
@@ -42,7 +42,7 @@ struct Value : OwnedVariant {
         V_ERROR(&value) = DISP_E_PARAMNOTFOUND;
         return value;
     }
-    /// A variable, which has a type in some languages.
+    /// A reference to a variable. In some languages variables have a type.
     static Value reference(void* variable, int type = VT_VARIANT) {
         Value value(static_cast<VARENUM>(VT_BYREF | type));
         V_BYREF(&value) = variable;
@@ -53,17 +53,17 @@ private:
     explicit Value(VARENUM type) { V_VT(this) = static_cast<VARTYPE>(type); }
 };
 
-/// What a late-bound call came to.
+/// The result of a late-bound call.
 struct CallResult {
     HRESULT code = S_OK;
     Value value;
-    int wrongArgument = -1; ///< Counted from the last one.
+    int wrongArgument = -1; ///< Counted from 0, from the last one.
 };
 
 constexpr WORD kUse = DISPATCH_METHOD | DISPATCH_PROPERTYGET;
 constexpr WORD kSet = DISPATCH_PROPERTYPUT;
 
-/// Calls `name` of `object` as scripts do; arguments from first to last.
+/// Calls `name` of `object` as scripts do. `arguments` are listed from first to last.
 inline CallResult Call(IDispatch* object, const char* name, const std::vector<Value>& arguments = {},
                        WORD flags = kUse) {
     CallResult result;
@@ -93,7 +93,7 @@ ComPtr<Interface> Create(REFCLSID id) {
     return object;
 }
 
-/// An object of a host, which has a member of every name.
+/// An object of a host. It has a member of every name.
 class FakeHostObject : public ComObject<IDispatch> {
 public:
     STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
@@ -105,7 +105,7 @@ public:
     }
 
 protected:
-    std::string member_; ///< The one that is used next.
+    std::string member_; ///< The one that is called next.
 };
 
 } // namespace qrtVistrelClasses4

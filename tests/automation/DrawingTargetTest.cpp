@@ -1,68 +1,55 @@
-// Letters on device contexts of a host.
+// Pixels on device contexts of a host. That letters come to the same pixels on every target is tested in
+// fonts/.
 #include "AutomationTesting.h"
 #include "automation/HostDrawingTarget.h"
-#include "fonts/FontTesting.h"
+
+#include <array>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
-std::vector<Color> pixelsOf(PixelBuffer& buffer) {
-    std::vector<Color> pixels;
-    for (std::int32_t y = 0; y < buffer.height(); ++y)
-        pixels.insert(pixels.end(), buffer.row(y).begin(), buffer.row(y).end());
-    return pixels;
-}
+constexpr Color kAmber = Rgb(255, 191, 0);
 
-/// A bitmap of 32-bit pixels in a device context of its own.
-class MemoryBitmap {
-public:
-    MemoryBitmap(std::int32_t width, std::int32_t height, Color color) : width_(width), height_(height) {
-        const BITMAPINFO info{{sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
+/// A black bitmap of 2 x 2 pixels in a device context of its own.
+struct MemoryBitmap {
+    MemoryBitmap() {
+        const BITMAPINFO info{{sizeof(BITMAPINFOHEADER), 2, -2, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
         void* bits = nullptr;
-        bitmap_ = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-        previous_ = SelectObject(dc, bitmap_);
-        for (std::int32_t i = 0; i < width * height; ++i)
-            SetPixel(dc, i % width, i / width, color);
+        bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+        previous = SelectObject(dc, bitmap);
     }
     ~MemoryBitmap() {
-        SelectObject(dc, previous_);
-        DeleteObject(bitmap_);
+        SelectObject(dc, previous);
+        DeleteObject(bitmap);
         DeleteDC(dc);
     }
     MemoryBitmap(const MemoryBitmap&) = delete;
     MemoryBitmap& operator=(const MemoryBitmap&) = delete;
 
-    std::vector<Color> pixels() const {
-        std::vector<Color> pixels(static_cast<std::size_t>(width_ * height_));
-        for (std::int32_t i = 0; auto& pixel : pixels) {
-            pixel = GetPixel(dc, i % width_, i / width_);
-            ++i;
-        }
-        return pixels;
+    std::array<Color, 4> pixels() const {
+        return {GetPixel(dc, 0, 0), GetPixel(dc, 1, 0), GetPixel(dc, 0, 1), GetPixel(dc, 1, 1)};
     }
 
     const HDC dc = CreateCompatibleDC(nullptr);
-
-private:
-    std::int32_t width_, height_;
-    HBITMAP bitmap_ = nullptr;
-    HGDIOBJ previous_ = nullptr;
+    HBITMAP bitmap = nullptr;
+    HGDIOBJ previous = nullptr;
 };
 
 class FakePictureBox : public FakeHostObject {
 public:
-    HDC window = nullptr;
-    HDC bitmap = nullptr;
+    MemoryBitmap window, bitmap;
     int bitmapUsers = 0;
-    std::int32_t backColor = static_cast<std::int32_t>(kBackColor);
+    std::int32_t backColor = static_cast<std::int32_t>(kAmber);
+    HRESULT refusal = S_OK; ///< The answer to ReleaseBitmapDC.
 
     STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT* result, EXCEPINFO*,
                         UINT*) override {
         bitmapUsers += member_ == "GetBitmapDC" ? 1 : member_ == "ReleaseBitmapDC" ? -1 : 0;
         if (!result)
-            return member_ == "ReleaseBitmapDC" ? S_OK : DISP_E_MEMBERNOTFOUND;
+            return member_ == "ReleaseBitmapDC" ? refusal : DISP_E_MEMBERNOTFOUND;
         V_VT(result) = VT_I4; // handles have 32 bits that matter
-        V_I4(result) = member_ == "BackColor" ? backColor : HandleToLong(member_ == "hdc" ? window : bitmap);
+        V_I4(result) =
+            member_ == "BackColor" ? backColor : HandleToLong(member_ == "hdc" ? window.dc : bitmap.dc);
         return S_OK;
     }
 };
@@ -70,44 +57,25 @@ public:
 class DrawingTargetOfHost : public AutomationTest {
 protected:
     const ComPtr<FakePictureBox> box_ = MakeObject<FakePictureBox>();
+    HostDrawingTarget target_{box_.Get()};
 };
 
-TEST_F(DrawingTargetOfHost, ShowsWhatABufferShows) {
-    TestHost host;
-    classFontMaster fonts;
-    Font font{16, 16, {}};
-    Texts triangle;
-    for (std::size_t width = 1; width <= 16; ++width)
-        triangle.emplace_back(width, '#');
-    for (const int ownWidth : {13, 1, 16})
-        AddLetter(font, static_cast<char>('A' + font.characters.size()), triangle, ownWidth);
-    Load(host, fonts, font);
-    fonts.MagTimes(3);
-    for (const auto background : {std::int16_t{0}, std::int16_t{-1}})
-        for (const bool onBitmap : {false, true}) {
-            SCOPED_TRACE(testing::Message() << background << " " << onBitmap);
-            PixelBuffer buffer = UntouchedPixels(150, 50);
-            const MemoryBitmap picture(150, 50, kUntouched), unused(150, 50, kUntouched);
-            box_->window = onBitmap ? unused.dc : picture.dc;
-            box_->bitmap = onBitmap ? picture.dc : unused.dc;
-            HostDrawingTarget target(box_.Get());
-            for (DrawingTarget* drawn :
-                 {static_cast<DrawingTarget*>(&buffer), static_cast<DrawingTarget*>(&target)}) {
-                std::int32_t advance = 0;
-                fonts.DrawText("ABCA", *drawn, -20, -5, background, onBitmap, advance);
-                fonts.HilightSelection("ABCA", *drawn, -20, -5, 3, 3, onBitmap);
-            }
-            EXPECT_TRUE(picture.pixels() == pixelsOf(buffer));
-            EXPECT_EQ(box_->bitmapUsers, 0);
-        }
-    EXPECT_TRUE(host.reports.all.empty());
+TEST_F(DrawingTargetOfHost, DrawsOnItsWindowAndItsBitmap) {
+    target_.GetBitmapDC().SetPixel(1, 0, kAmber);
+    EXPECT_EQ(box_->bitmapUsers, 1);
+    target_.ReleaseBitmapDC();
+    EXPECT_EQ(box_->bitmapUsers, 0);
+    target_.hdc().SetPixel(0, 1, kAmber);
+    EXPECT_EQ(box_->bitmap.pixels(), (std::array<Color, 4>{0, kAmber, 0, 0}));
+    EXPECT_EQ(box_->window.pixels(), (std::array<Color, 4>{0, 0, kAmber, 0}));
+    box_->refusal = E_FAIL;
+    target_.ReleaseBitmapDC();
 }
 
 TEST_F(DrawingTargetOfHost, KnowsTheColoursOfTheSystem) {
-    HostDrawingTarget target(box_.Get());
-    EXPECT_EQ(target.BackColor(), kBackColor);
+    EXPECT_EQ(target_.BackColor(), kAmber);
     box_->backColor = static_cast<std::int32_t>(0x80000000 | COLOR_BTNFACE);
-    EXPECT_EQ(target.BackColor(), GetSysColor(COLOR_BTNFACE));
+    EXPECT_EQ(target_.BackColor(), GetSysColor(COLOR_BTNFACE));
 }
 
 } // namespace

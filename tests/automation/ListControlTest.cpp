@@ -1,4 +1,4 @@
-// List boxes of a host, and the members that fill them. What the lists offer is tested with the library.
+// List boxes of a host, and the members that fill them. What the lists hold is tested with the library.
 #include "AutomationTesting.h"
 #include "automation/HostListControl.h"
 #include "frame/RuntimeError.h"
@@ -18,11 +18,11 @@ class FakeListControl : public FakeHostObject {
 public:
     std::vector<std::string> calls; ///< Kinds and names of the members, and their arguments.
     HRESULT refusal = S_OK;         ///< What members answer.
-    EXCEPINFO exception{};          ///< What they tell of an error; handed on once.
-    std::function<void()> act;      ///< What the host does meanwhile.
+    EXCEPINFO exception{};          ///< The description of the next error.
+    std::function<void()> act;      ///< What the host does in each call.
 
     STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD flags, DISPPARAMS* passed, VARIANT* result,
-                        EXCEPINFO* told, UINT*) override {
+                        EXCEPINFO* described, UINT*) override {
         const bool puts = passed->cNamedArgs == 1 && *passed->rgdispidNamedArgs == DISPID_PROPERTYPUT;
         calls.push_back((flags == DISPATCH_METHOD                  ? "call "
                          : (flags & DISPATCH_PROPERTYGET)          ? "get "
@@ -38,7 +38,7 @@ public:
             V_VT(result) = VT_I2;
             V_I2(result) = 5;
         }
-        *told = std::exchange(exception, {});
+        *described = std::exchange(exception, {});
         if (act)
             act();
         return refusal;
@@ -47,7 +47,7 @@ public:
 
 class ListControlOfHost : public AutomationTest {
 protected:
-    /// What comes of an error of `control`.
+    /// Number and description of the error that `control` answers.
     static std::pair<int, std::string> errorOf(IDispatch* control) {
         try {
             HostListControl(control).Clear();
@@ -56,9 +56,8 @@ protected:
             return {error.number(), error.description()};
         }
     }
-    void expectLast(const std::string& prefixCall, const std::string& suffixCall) {
-        EXPECT_EQ(prefixes_->calls.back(), prefixCall);
-        EXPECT_EQ(suffixes_->calls.back(), suffixCall);
+    std::pair<std::string, std::string> lastCalls() {
+        return {prefixes_->calls.back(), suffixes_->calls.back()};
     }
 
     const ComPtr<_FrameInfoClass> playfile_ = Create<_FrameInfoClass>(CLSID_FrameInfoClass);
@@ -69,7 +68,7 @@ protected:
 TEST_F(ListControlOfHost, HasTheMembersOfAListBox) {
     HostListControl list(prefixes_.Get());
     EXPECT_EQ(list.ClassName(), "Object");
-    EXPECT_EQ(HostListControl(playfile_.Get()).ClassName(), "FrameInfoClass") << "where it tells";
+    EXPECT_EQ(HostListControl(playfile_.Get()).ClassName(), "FrameInfoClass") << "its class, if it is known";
     list.Clear();
     list.AddItem("Wipe On");
     list.ItemData(list.NewIndex(), 2000);
@@ -80,7 +79,8 @@ TEST_F(ListControlOfHost, HasTheMembersOfAListBox) {
                                         "put ItemData 5 2000", "call RemoveItem 0", "get ListCount"}));
 }
 
-TEST_F(ListControlOfHost, TellsItsErrors) {
+TEST_F(ListControlOfHost, ThrowsItsErrors) {
+    constexpr auto kOutOfMemory = static_cast<SCODE>(0x800A0007);
     const struct {
         const char* why;
         HRESULT refusal;
@@ -89,15 +89,10 @@ TEST_F(ListControlOfHost, TellsItsErrors) {
         const char* description;
         std::pair<int, std::string> wanted;
     } cases[] = {
-        {"a run-time error",
-         DISP_E_EXCEPTION,
-         0,
-         static_cast<SCODE>(0x800A0007),
-         "No memory",
-         {7, "No memory"}},
+        {"a run-time error", DISP_E_EXCEPTION, 0, kOutOfMemory, "No memory", {7, "No memory"}},
         {"a code of the control's own", DISP_E_EXCEPTION, 381, 0, "Invalid index", {381, "Invalid index"}},
         {"no run-time error", DISP_E_EXCEPTION, 0, E_FAIL, "Gone", {440, "Gone"}},
-        {"nothing told", DISP_E_EXCEPTION, 0, E_FAIL, "", {440, "Automation error"}},
+        {"no description", DISP_E_EXCEPTION, 0, E_FAIL, "", {440, "Automation error"}},
         {"a wrong type", DISP_E_TYPEMISMATCH, 0, 0, "", {13, "Type mismatch"}},
         {"a disconnected object", RPC_E_DISCONNECTED, 0, 0, "", {440, "Automation error"}},
     };
@@ -122,7 +117,7 @@ TEST_F(ListControlOfHost, MayBeMissing) {
     EXPECT_EQ(Call(playfile_.Get(), "FillEffectList", {"text", suffixes_.Get()}).code, DISP_E_TYPEMISMATCH);
 }
 
-TEST_F(ListControlOfHost, MayLetGoOfTheObjectThatFillsIt) {
+TEST_F(ListControlOfHost, MayReleaseTheObjectThatFillsIt) {
     _FrameInfoClass* const object = Create<_FrameInfoClass>(CLSID_FrameInfoClass).Detach();
     ULONG users = 0;
     prefixes_->act = [&] {
@@ -136,29 +131,29 @@ TEST_F(ListControlOfHost, MayLetGoOfTheObjectThatFillsIt) {
 
 // The last one here: from then on the process offers the optional effects.
 TEST_F(ListControlOfHost, IsFilledWithEffects) {
-    const std::string file = GetAppFolder() + "NewEffects.ini";
-    const std::string startLoop = "put ItemData 5 20000", endLoop = "put ItemData 5 20001";
-    const std::string loopRemoved = "call RemoveItem 4"; // dialogs have none
-    const auto prefixes2 = MakeObject<FakeListControl>(), suffixes2 = MakeObject<FakeListControl>();
-    VARIANT_BOOL loaded = VARIANT_TRUE;
-    const auto load = [&] {
-        playfile_->LoadNewEffectLists(prefixes_.Get(), suffixes_.Get(), prefixes2.Get(), suffixes2.Get(),
-                                      &loaded);
-        return loaded;
-    };
-    EXPECT_EQ(load(), VARIANT_FALSE) << "no file, no optional effects";
+    const std::pair<std::string, std::string> loopsLast{"put ItemData 5 20000", "put ItemData 5 20001"};
+    const std::pair<std::string, std::string> loopsRemoved{"call RemoveItem 4", "call RemoveItem 4"};
     ASSERT_EQ(playfile_->FillEffectList(prefixes_.Get(), suffixes_.Get()), S_OK);
     EXPECT_EQ(prefixes_->calls[1], "call AddItem No Effects");
-    expectLast(startLoop, endLoop);
+    EXPECT_EQ(lastCalls(), loopsLast);
     ASSERT_EQ(playfile_->RefreshEffectLists(prefixes_.Get(), suffixes_.Get()), S_OK);
-    expectLast(loopRemoved, loopRemoved);
+    EXPECT_EQ(lastCalls(), loopsRemoved);
 
-    std::ofstream(file) << "[Effects]\nDROP=false\n";
-    EXPECT_EQ(load(), VARIANT_TRUE);
+    const std::string file = GetAppFolder() + "NewEffects.ini";
+    const auto prefixes = prefixes_, suffixes = suffixes_; // of the editor; those of dialogs have no loops
+    prefixes_ = MakeObject<FakeListControl>();
+    suffixes_ = MakeObject<FakeListControl>();
+    for (const VARIANT_BOOL isThere : {VARIANT_FALSE, VARIANT_TRUE}) {
+        if (isThere)
+            std::ofstream(file) << "[Effects]\nDROP=false\n";
+        VARIANT_BOOL loaded = !isThere;
+        playfile_->LoadNewEffectLists(prefixes.Get(), suffixes.Get(), prefixes_.Get(), suffixes_.Get(),
+                                      &loaded);
+        EXPECT_EQ(loaded, isThere);
+    }
     std::remove(file.c_str());
-    expectLast(startLoop, endLoop);
-    EXPECT_EQ(prefixes2->calls.back(), loopRemoved);
-    EXPECT_EQ(suffixes2->calls.back(), loopRemoved);
+    EXPECT_EQ(lastCalls(), loopsRemoved);
+    EXPECT_EQ(std::pair(prefixes->calls.back(), suffixes->calls.back()), loopsLast);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
-// dump_typelib FILE: what a type library promises to programs: names, identifiers, member numbers, arguments.
+// dump_typelib FILE: prints what a type library promises to programs: names, identifiers, member numbers,
+// arguments.
 #include "automation/Module.h"
 #include "automation/Values.h"
 
@@ -8,6 +9,7 @@
 #include <iostream>
 #include <iterator>
 #include <map>
+#include <regex>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -65,19 +67,41 @@ std::string typeName(ITypeInfo& type, const TYPEDESC& description) {
     return nameOf(*named.Get());
 }
 
-void printFunction(ITypeInfo& type, const FUNCDESC& function) {
+std::string functionText(ITypeInfo& type, const FUNCDESC& function) {
     const auto names = namesOf(type, function.memid, function.cParams);
-    std::cout << "    " << function.memid << " " << kCalls.at(function.invkind) << names[0] << "(";
+    std::string text = std::to_string(function.memid) + " " + kCalls.at(function.invkind) + names[0] + "(";
     for (int i = 0; i < function.cParams; ++i) {
         const ELEMDESC& argument = function.lprgelemdescParam[i];
         const USHORT flags = argument.paramdesc.wParamFlags;
-        std::cout << (i ? ", " : "") << (flags & PARAMFLAG_FIN ? "in " : "")
-                  << (flags & PARAMFLAG_FOUT ? "out " : "") << (flags & PARAMFLAG_FRETVAL ? "retval " : "")
-                  << (flags & PARAMFLAG_FOPT ? "optional " : "") << typeName(type, argument.tdesc);
+        text += std::string(i ? ", " : "") + (flags & PARAMFLAG_FIN ? "in " : "") +
+                (flags & PARAMFLAG_FOUT ? "out " : "") + (flags & PARAMFLAG_FRETVAL ? "retval " : "") +
+                (flags & PARAMFLAG_FOPT ? "optional " : "") + typeName(type, argument.tdesc);
         if (function.invkind != INVOKE_PROPERTYPUT) // whose number gives the names of the get
-            std::cout << " " << names[static_cast<std::size_t>(i) + 1];
+            text += " " + names[static_cast<std::size_t>(i) + 1];
     }
-    std::cout << ") " << typeName(type, function.elemdescFunc.tdesc) << "\n";
+    return text + ") " + typeName(type, function.elemdescFunc.tdesc);
+}
+
+void printFunctions(ITypeInfo& type, UINT count) {
+    std::vector<std::string> texts;
+    for (UINT i = 0; i < count; ++i) {
+        FUNCDESC* function = nullptr;
+        check(type.GetFuncDesc(i, &function));
+        texts.push_back(functionText(type, *function));
+    }
+    // A get and the put after it share a line if they are those of a usual property.
+    const std::regex property(
+        R"((\d+) get (\w+)\(out retval (\w+)\* result\) HRESULT\n\1 put \2\(in \3\) HRESULT)");
+    for (UINT i = 0; i < count; ++i) {
+        std::smatch match;
+        const std::string pair = i + 1 < count ? texts[i] + "\n" + texts[i + 1] : "";
+        if (std::regex_match(pair, match, property)) {
+            std::cout << "    " << match[1] << " get put " << match[2] << " " << match[3] << "\n";
+            ++i;
+        } else {
+            std::cout << "    " << texts[i] << "\n";
+        }
+    }
 }
 
 void printVariable(ITypeInfo& type, const VARDESC& variable) {
@@ -96,7 +120,7 @@ ComPtr<ITypeInfo> referredType(ITypeInfo& type, UINT index) {
     return referred;
 }
 
-// What is described lives until the program ends.
+// Descriptions are not released: the program ends soon.
 
 void printType(ITypeInfo& type) {
     TYPEATTR* attributes = nullptr;
@@ -104,11 +128,7 @@ void printType(ITypeInfo& type) {
     std::cout << "\n"
               << (attributes->wTypeFlags & TYPEFLAG_FDUAL ? "dual " : "") << kKinds.at(attributes->typekind)
               << " " << nameOf(type) << " " << textOf(attributes->guid) << "\n";
-    for (UINT i = 0; i < attributes->cFuncs; ++i) {
-        FUNCDESC* function = nullptr;
-        check(type.GetFuncDesc(i, &function));
-        printFunction(type, *function);
-    }
+    printFunctions(type, attributes->cFuncs);
     for (UINT i = 0; i < attributes->cVars; ++i) {
         VARDESC* variable = nullptr;
         check(type.GetVarDesc(i, &variable));
@@ -132,8 +152,7 @@ void printLibrary(ITypeLib& library) {
         TYPEKIND kind{};
         check(library.GetTypeInfo(i, &type));
         check(library.GetTypeInfoType(i, &kind));
-        if (kind ==
-            TKIND_DISPATCH) // a dual interface: as it lies in memory, where the order of functions shows
+        if (kind == TKIND_DISPATCH) // a dual interface, of which the function table shows the order
             type = referredType(*type.Get(), static_cast<UINT>(-1));
         printType(*type.Get());
     }

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # Tests the core and the built server under Wine: run.sh BUILD_DIR [32_BIT_BUILD_DIR]
 #
-# Everything happens in a Wine prefix of its own, $WINEPREFIX or else BUILD_DIR/wine. The 32-bit build is checked
-# from outside only: what its server exports and needs, and what its type library promises.
-# Prints one line a test, "N passed, N failed" in the end, and fails when a test did.
+# Everything happens in a Wine prefix of its own, $WINEPREFIX or else BUILD_DIR/wine. The 32-bit server is not run:
+# only its exports, the libraries it needs and its type library are checked.
+# Prints one line for each test and "N passed, N failed" at the end. Fails if a test failed.
 set -u
 here=$(cd "$(dirname "$0")" && pwd)
 build=$(cd "$1" && pwd) || exit 2
@@ -26,7 +26,7 @@ report() { # STATUS NAME
 
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 
-# Runs a Windows program with its output in FILE; a program that hangs is stopped.
+# Runs a Windows program with its output in FILE. Stops it after two minutes.
 windows() { # FILE PROGRAM ARGUMENTS...
     local output=$1
     shift
@@ -38,15 +38,15 @@ windows() { # FILE PROGRAM ARGUMENTS...
 }
 
 set_up() {
-    rm -rf "$work" "$build"{,/tests}/{db,Displays.dat*,VistrelLite.MRU} # the server's own files lie beside it
+    rm -rf "$work" "$build"{,/tests}/{db,Displays.dat*,VistrelLite.MRU} # files that the server keeps in its own folder
     mkdir -p "$data" "$WINEPREFIX"
     cp "$here/../../samples/lobby.PL2" "$data"
     wineboot -i >"$work/wineboot.txt" 2>&1
-    # Windows and message boxes work without a display; what runs already has looked for one, and must start anew.
+    # Windows and message boxes then work without a display. Processes that have looked for one must start anew.
     windows "$work/setup.txt" reg add 'HKCU\Software\Wine\Drivers' /v Graphics /d null /f
     wineserver -k
     wineserver -w
-    wineserver -p10 # Stays between the programs, ends by itself.
+    wineserver -p10 # stays between the programs, and ends by itself
     windows "$work/setup.txt" reg add 'HKLM\Software\Brivox\Vistrel3\Settings' /v ShowErrorReports /d False /f
     windows "$work/setup.txt" reg add 'HKLM\Software\Brivox\Vistrel3\Settings' /v AppPath /d "$(windows_path "$data")" /f
     windows "$work/register.txt" regsvr32 /s "$(windows_path "$build/qrtVistrelClasses4.dll")"
@@ -63,7 +63,7 @@ run_script() { # FILE
     report $? "$(basename "$1") runs to its end"
 }
 
-# Tests in a program of their own print their names themselves.
+# Runs a program that prints the names of its tests itself.
 run_test_program() { # FILE
     local output
     output=$work/$(basename "$1" .exe).txt
@@ -75,7 +75,7 @@ run_test_program() { # FILE
     report $status "$(basename "$1") runs to its end"
 }
 
-# Two processes change the same files, which are not there before.
+# Lets two processes change the same files and settings, which do not exist before.
 run_twice() { # FILE FILTER
     windows "$work/setup.txt" reg delete 'HKLM\Software\Brivox\VistrelLite' /f
     local process statuses=0 started=()
@@ -97,7 +97,7 @@ check_contract() { # TYPE_LIBRARY NAME
     report $? "$2 keeps its promises"
 }
 
-# Nothing but the four functions goes out of a server, and nothing but the system's libraries comes in.
+# Checks that a server exports the four functions and needs only libraries of the system.
 check_server() { # FILE
     local headers
     headers=$(x86_64-w64-mingw32-objdump -p "$1")

@@ -1,20 +1,21 @@
-#include "TestHost.h"
+#include "HostTest.h"
+#include "commands/CommandFormat.h"
 #include "commands/clsCommandInterface.h"
 #include "settings/RegistrySettings.h"
 
 #include <gmock/gmock.h>
 
+#include <fstream>
+#include <iterator>
+
 namespace qrtVistrelClasses4 {
 namespace {
 
-// clang-format off
-const std::string kBuiltIn =
-    "|h:m|\377\024\377\377\r\n" "|hm|\377\036\024\377\377\r\n" "|m/dd/y|\377\0041\377\377\r\n"
-    "|mmmmmmm_dd,_yyy|\377\0042\377\377\r\n" "|dddddddd_mmmmmmmm_dd,_yyy|\377\0043\377\377\r\n"
-    "|mm_d|\377\0044\377\377\r\n" "|ddddddd|\377\0045\377\377\r\n" "##F\377\006\377\377\r\n"
-    "##C\377\003\377\377\r\n" "\246\377\177\377\377\r\n" "|CMMMMMM_DD,_YYY|\377\0046\377\377\r\n"
-    "|CDDDDDDD_MMMMMMMM_DD,_YYY|\377\0047\377\377\r\n" "|CM_D|\377\0048\377\377\r\n" "|CDDDDDD|\377\0049\377\377\r\n";
-// clang-format on
+const std::string kBuiltIn = [] {
+    std::ifstream file(QRT_SAMPLES_FOLDER "/db/VistrelLite.dat", std::ios::binary);
+    const std::string text(std::istreambuf_iterator<char>(file), {});
+    return text.substr(0, text.find("##BELL"));
+}();
 
 std::string repeated(const std::string& text, int times) {
     std::string result;
@@ -23,37 +24,32 @@ std::string repeated(const std::string& text, int times) {
     return result;
 }
 
-struct CommandTableTest : testing::Test {
-    MemoryFileSystem& files() { return host_.machine.files(); }
-    std::string content() { return files().content(path_).value_or("no file"); }
+struct CommandTableTest : HostTest {
     static void setPath(const std::string& to) { WriteSetting("VistrelLite", "Commands", "KeyByteFile", to); }
-    static std::string storedPath() { return ReadSetting("VistrelLite", "Commands", "KeyByteFile", "none"); }
-    static void loadAndSave() { const clsCommandInterface commands; }
+    static SavedCommandTable loadAndSave() {
+        const CommandTableOutcome loaded = LoadCommandTable(CommandTablePath());
+        return SaveCommandTable(loaded.table, loaded.source);
+    }
+    std::string content() { return files().content(path_).value_or("no file"); }
     std::string rewritten(const std::string& text) {
         files().put(path_, text);
-        loadAndSave();
+        EXPECT_FALSE(loadAndSave().error);
         return content();
     }
 
-    TestHost host_;
     std::string path_ = JoinPath(host_.inLibrary("db"), "VistrelLite.dat");
     std::string backup_ = path_ + ".bak";
 };
 
 TEST_F(CommandTableTest, KeepsRowsByteForByteButInTheirForm) {
-    EXPECT_EQ(clsCommandInterface().iTotalCommands(), 14);
+    EXPECT_TRUE(LoadCommandTable(path_).isMissing);
+    EXPECT_EQ(loadAndSave().path, path_);
     EXPECT_EQ(content(), kBuiltIn) << "where no file was";
-    EXPECT_EQ(storedPath(), path_);
-    std::string all;
-    for (int byte = 0; byte < 255; ++byte)
-        if (byte != '\r' && byte != '\n')
-            all += static_cast<char>(byte);
     const struct {
         const char* why;
         std::string read, written;
     } cases[] = {{"five fields", "k\377b\3772\3773\3774\r\n", "k\377b\3772\3773\r\n"},
                  {"empty lines", "\r\n\r\nk\r\n", "\377\377\377\r\n\377\377\377\r\nk\377\377\377\r\n"},
-                 {"every byte", all + "\377" + all + "\377\377\r\n", all + "\377" + all + "\377\377\r\n"},
                  {"no last line end", "a\377b\nc", "a\377b\377\377\r\nc\377\377\377\r\n"}};
     for (const auto& row : cases)
         for (const std::string& head : {kBuiltIn, repeated("\r\n", 14), repeated("##C\377x\377\377\n", 14)})
@@ -62,109 +58,89 @@ TEST_F(CommandTableTest, KeepsRowsByteForByteButInTheirForm) {
     EXPECT_EQ(files().fileNames(), Texts{path_});
 }
 
-TEST_F(CommandTableTest, TheFirstRowWithAKeyGivesItsBytes) {
+TEST_F(CommandTableTest, TheFirstRowWithAKeyHoldsItsBytes) {
     files().put(path_, kBuiltIn + "##C\377other\nk\377first\nk\377second\n\377nameless\n##c\n");
-    clsCommandInterface commands;
-    const std::pair<std::int16_t, const char*> byNumber[] = {
-        {15, "\003"}, {16, "first"}, {17, "first"}, {18, "nameless"}, {0, "nameless"}, {-32768, "nameless"}};
-    for (const auto& [number, bytes] : byNumber)
-        EXPECT_EQ(commands.sCommandBytesByNum(number), bytes) << number;
-    EXPECT_EQ(commands.sCommandKeyByNum(0), "");
-    EXPECT_EQ(commands.sCommandBytesByKey("##c"), "") << "the case counts";
-    EXPECT_EQ(commands.sCommandBytesByKey("K"), "K") << "unknown";
-    const auto isError9 = testing::Throws<RuntimeError>(testing::Property(&RuntimeError::number, 9));
-    EXPECT_THAT([&] { commands.sCommandKeyByNum(20); }, isError9);
-    EXPECT_THAT([&] { commands.sCommandBytesByNum(32767); }, isError9);
-    EXPECT_THAT([&] { commands.sCommandBytesByNum(20, "x"); }, isError9);
-    EXPECT_TRUE(host_.reports.all.empty()) << "the error is the caller's";
-}
-
-TEST_F(CommandTableTest, WritesBytesToTheFirstRowWithTheKeyOrToANewOne) {
-    const std::string before = kBuiltIn + "d\3772\377r\377s\r\nd\3773\377\377\r\n";
-    files().put(path_, before);
     {
         clsCommandInterface commands;
-        commands.sCommandBytesByNum(0, "no key");
-        commands.sCommandBytesByNum(16, "x"); // finds row 15
+        const std::pair<std::int16_t, const char*> byNumber[] = {
+            {15, "\003"}, {17, "first"}, {18, "nameless"}, {0, "nameless"}, {-32768, "nameless"}};
+        for (const auto& [number, bytes] : byNumber)
+            EXPECT_EQ(commands.sCommandBytesByNum(number), bytes) << number;
+        EXPECT_EQ(commands.sCommandKeyByNum(0), "");
+        EXPECT_EQ(commands.sCommandBytesByKey("##c"), "") << "the case counts";
+        EXPECT_EQ(commands.sCommandBytesByKey("K"), "K") << "unknown";
+        const auto isError9 = testing::Throws<RuntimeError>(testing::Property(&RuntimeError::number, 9));
+        EXPECT_THAT([&] { commands.sCommandKeyByNum(20); }, isError9);
+        EXPECT_THAT([&] { commands.sCommandBytesByNum(32767); }, isError9);
+        EXPECT_THAT([&] { commands.sCommandBytesByNum(20, "x"); }, isError9);
+        commands.sCommandBytesByNum(-1, "no key");
+        commands.sCommandBytesByNum(17, "x");
         commands.sCommandBytesByKey("D", "\001\240");
         commands.sCommandBytesByNum(1, "mine");
         commands.SortCommandByLargestFirst();
-        EXPECT_EQ(content(), before) << "until the end of the object's life";
+        EXPECT_EQ(commands.iTotalCommands(), 20);
     }
     EXPECT_EQ(content(), "|h:m|\377mine" + kBuiltIn.substr(7) +
-                             "d\377x\377r\377s\r\nd\3773\377\377\r\nD\377\001\240\377\377\r\n");
+                             "##C\377other\377\377\r\nk\377x\377\377\r\nk\377second\377\377\r\n"
+                             "\377nameless\377\377\r\n##c\377\377\377\r\nD\377\001\240\377\377\r\n");
     EXPECT_EQ(clsCommandInterface().sCommandBytesByNum(1), "\024") << "not from the file";
 }
 
 TEST_F(CommandTableTest, HoldsAsManyRowsAsCanBeNumbered) {
     const std::string full = kBuiltIn + repeated("k\377b\377\377\r\n", 32767 - 14);
-    files().put(path_, full);
+    EXPECT_EQ(rewritten(full), full);
+    files().put(path_, full + "one too many");
     {
         clsCommandInterface commands;
         commands.sCommandBytesByKey("new", "x");
         EXPECT_EQ(commands.iTotalCommands(), 32767);
     }
-    EXPECT_EQ(files().fileNames(), Texts{path_});
-    EXPECT_EQ(rewritten(full + "one too many"), full);
+    EXPECT_EQ(content(), full);
     EXPECT_EQ(files().content(backup_), full + "one too many");
     EXPECT_TRUE(host_.reports.all.back().error.isQuiet());
-    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{6, 6}));
+    EXPECT_EQ(takeErrors(), (Numbers{6, 6}));
 }
 
 TEST_F(CommandTableTest, KeepsACopyOfWhatNeverWasATable) {
-    const struct {
-        const char* why;
-        std::string file;
-        bool isKept;
-    } cases[] = {{"a letter", "Dear Sir,\r\n", true},
-                 {"behind blank lines", "\n\nDear Sir", true},
-                 {"a built-in row cut short", kBuiltIn.substr(0, kBuiltIn.size() - 3), true},
-                 {"a row of one's own without spare fields", kBuiltIn + "k\377b\r\n", false},
-                 {"nothing that could be lost", repeated("\r\n", 14), false}};
-    for (const auto& row : cases) {
-        (void)files().remove(backup_);
-        EXPECT_EQ(rewritten(row.file).substr(0, kBuiltIn.size()), kBuiltIn) << row.why;
-        EXPECT_EQ(files().content(backup_), row.isKept ? std::optional(row.file) : std::nullopt) << row.why;
-    }
+    const std::pair<std::string, bool> cases[] = {{"Dear Sir,\r\n", false},
+                                                  {"\n\nDear Sir", false},
+                                                  {kBuiltIn.substr(0, kBuiltIn.size() - 3), false},
+                                                  {kBuiltIn + "k\377b\r\n", true},
+                                                  {repeated("\r\n", 14), true}};
+    for (const auto& [text, mayBe] : cases)
+        EXPECT_EQ(MayBeCommandTable(text), mayBe) << text;
+    EXPECT_EQ(rewritten("Dear Sir"), kBuiltIn);
+    EXPECT_EQ(files().content(backup_), "Dear Sir");
     files().put(backup_, "kept before");
-    for (const char* time : {"first", "again"}) {
-        EXPECT_EQ(rewritten("Dear Sir"), kBuiltIn) << time;
-        EXPECT_EQ(files().content(backup_), "kept before") << time;
-        EXPECT_EQ(files().content(backup_ + "2"), "Dear Sir") << time;
-        EXPECT_EQ(files().fileNames().size(), 3U) << time;
+    for (const auto& copy : {std::optional(backup_ + "2"), std::optional<std::string>()}) {
+        files().put(path_, "Dear Sir");
+        EXPECT_EQ(loadAndSave().keptAs, copy) << "once";
     }
+    EXPECT_EQ(files().content(backup_), "kept before");
+    EXPECT_EQ(files().content(backup_ + "2"), "Dear Sir");
 }
 
 TEST_F(CommandTableTest, IsReadAndWrittenWhereTheSettingPointsUnlessNothingIsThere) {
     const std::string elsewhere = JoinPath(host_.inLibrary("network"), "table.dat");
     setPath(elsewhere);
-    loadAndSave();
+    EXPECT_EQ(loadAndSave().path, path_) << "nothing was there";
     EXPECT_EQ(files().kindOf(host_.inLibrary("network")), EntryKind::folder);
-    EXPECT_EQ(files().fileNames(), Texts{path_}) << "nothing was there";
-    EXPECT_EQ(storedPath(), path_);
+    EXPECT_EQ(CommandTablePath(), path_);
     files().put(elsewhere, kBuiltIn + "k\n");
     setPath(elsewhere);
-    loadAndSave();
+    EXPECT_EQ(loadAndSave().path, elsewhere);
     EXPECT_EQ(files().content(elsewhere), kBuiltIn + "k\377\377\377\r\n");
-    EXPECT_EQ(storedPath(), elsewhere);
     setPath(JoinPath(JoinPath(host_.inLibrary("a"), "b"), "table.dat"));
-    loadAndSave();
+    EXPECT_EQ(loadAndSave().keptAs, backup_) << "its rows were not read";
     EXPECT_EQ(files().kindOf(host_.inLibrary("a")), EntryKind::missing) << "one level is made, not two";
-    EXPECT_EQ(files().content(backup_), kBuiltIn) << "its rows were not read";
 }
 
-TEST_F(CommandTableTest, AtARootTheSettingIsSavedWithOneSeparatorTooMany) {
+TEST_F(CommandTableTest, AtARootIsSavedWithOneSeparatorTooMany) {
     const std::string root(SplitPath(host_.machine.library).folder);
     const std::string name = JoinPath("db", "VistrelLite.dat");
     host_.machine.library = root;
-    loadAndSave();
-    EXPECT_EQ(storedPath(), root + kPathSeparator + name) << "nothing was there";
-    EXPECT_EQ(files().content(root + name), kBuiltIn);
-    TestHost other;
-    other.machine.library = root;
-    other.machine.files().put(root + name, "");
-    loadAndSave();
-    EXPECT_EQ(storedPath(), root + name) << "where loading looks";
+    EXPECT_EQ(CommandTablePath(), root + name);
+    EXPECT_EQ(loadAndSave().path, root + kPathSeparator + name);
 }
 
 } // namespace

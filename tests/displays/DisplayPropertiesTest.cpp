@@ -3,66 +3,83 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-class DisplayProperties : public DisplaysTest {};
+std::string text(const std::string& value) { return value; }
+std::string text(std::int32_t value) { return std::to_string(value); }
 
-TEST_F(DisplayProperties, OfANewSignAreBlankButForTheHighestSensorMaximum) {
-    EXPECT_EQ(displays_.ClassDebugID(), 0);
-    EXPECT_EQ(displays_.CurrentDisplayNumber(), 1);
-    EXPECT_EQ(displays_.CurrentBrightnessScheduleNumber(), 0);
-    displays_.AddNewDisplay("A");
-    Texts lines = linesOf(kBlank);
-    lines[0] = "\"A\"";
-    EXPECT_EQ(saved(), fileText(lines));
-    EXPECT_EQ(displays_.LightSensorMaximum(), 9);
-    lines[18] = "9";
-    EXPECT_EQ(saved(), fileText(lines)) << "stored by reading it";
-}
-
-TEST_F(DisplayProperties, KeepEverySignAndScheduleApartInMemoryAndInTheFile) {
-    std::string written;
-    for (std::int16_t sign = 0; sign < 5; ++sign) {
-        displays_.AddNewDisplay("sign " + std::to_string(sign));
-        displays_.CurrentDisplayNumber(sign + 1);
-        for (const DisplayLine& line : kDisplayLines) {
-            displays_.CurrentBrightnessScheduleNumber(line.schedule);
-            line.write(displays_, 100 * sign + line.number);
+class DisplayProperties : public DisplaysTest {
+protected:
+    /// Calls `visit(name, member, get, set)` for each property, in file order.
+    template <class Visit>
+    void forEachProperty(Visit visit) {
+// clang-format off
+#define PROPERTY(name, inSign) visit(#name, [=](auto& sign) -> auto& { return sign.inSign; }, \
+        [&] { return displays_.name(); }, [&](const auto& value) { \
+            if constexpr (requires { displays_.name(value); }) displays_.name(value); \
+            else displays_.name(text(value)); });
+#define P(name) PROPERTY(name, name)
+#define S(name) PROPERTY(BrightnessScheduleX##name, schedules.at(number).name)
+        P(DisplayName) P(DisplayType) P(DisplayHeight) P(DisplayWidth) P(IsDisplayColor) P(DefaultColor)
+        P(ColorsSupported) P(SwitchOperated) P(TempProbeInstalled) P(DisplayIDs) P(DaylightSavingsTime)
+        P(ScrollPauseDelay) P(TempProbeAdjust) P(TimeZoneAdjustment) P(ScrollingTextSpeed) P(ResetOnGetParameters)
+        P(BrightnessLevel) P(LightSensorMinimum) P(LightSensorMaximum) P(PhoneNumber) P(IPAddress) P(CommPort)
+        P(BaudRate) P(ConnectionMethod) P(LightSensorInstalled) P(FrameSize) P(Switch1) P(Switch2) P(BlinkRateShow)
+        P(BlinkRateClear) P(AppDesc) P(BlinkBehavior) P(BlinkTimes) P(BrightnessScheduleDefaultBrightness)
+        for (std::int16_t number = 1; number <= 4; ++number) {
+            displays_.CurrentBrightnessScheduleNumber(number);
+            S(BrightnessLevel) S(StartTime) S(StopTime)
         }
-        Texts lines = linesOf(sign);
-        lines[33] = lines[34] = "\"\"";
-        written += fileText(lines);
+        // clang-format on
     }
-    EXPECT_EQ(saved(), written);
+};
+
+TEST_F(DisplayProperties, KeepEverySignAndScheduleApart) {
     load(fileOf({0, 1, 2, 3, 4}));
-    for (std::int16_t sign = 0; sign < 5; ++sign) {
-        displays_.CurrentDisplayNumber(sign + 1);
-        for (const DisplayLine& line : kDisplayLines) {
-            displays_.CurrentBrightnessScheduleNumber(line.schedule);
-            EXPECT_EQ(line.read(displays_), line.text(100 * sign + line.number)) << line.property;
-        }
+    SignList expected = displays_.Value();
+    for (std::int16_t sign = 1; sign <= 5; ++sign) {
+        displays_.CurrentDisplayNumber(sign);
+        int code = 100 * (sign - 1);
+        forEachProperty([&](const std::string& name, auto member, auto get, auto set) {
+            auto& value = member(expected.signs.at(sign));
+            using Value = std::remove_reference_t<decltype(value)>;
+            code += code % 100 == 33 ? 3 : 1; // two lines have no property
+            KeptTrace trace;
+            const ScopedTraceRecorder scope(trace);
+            EXPECT_EQ(text(get()), text(valueOf<Value>(code))) << name;
+            set(value = valueOf<Value>(code + 500)); // flags change in one of the signs at least
+            EXPECT_TRUE(displays_.Value() == expected) << name;
+            const bool isTraced = code % 100 < 26 || code % 100 > 33;
+            EXPECT_EQ(trace.lines.empty() ? "" : trace.lines[1],
+                      isTraced ? "< Property (Get) " + name + " ()" : "");
+        });
     }
-    EXPECT_EQ(saved(), fileOf({0, 1, 2, 3, 4}));
 }
 
 TEST_F(DisplayProperties, TrapACursorOutsideTheListOrTheSchedules) {
-    load(fileOf({0, 1, 2}));
-    const std::pair<std::int16_t, std::int16_t> cursors[] = {{0, 1}, {4, 1}, {1, 0}, {1, 5}};
-    for (const auto& [display, schedule] : cursors)
-        for (const DisplayLine& line : kDisplayLines) {
-            displays_.CurrentDisplayNumber(display);
-            displays_.CurrentBrightnessScheduleNumber(schedule);
-            if (display == 1 && line.schedule == 0)
-                continue;
-            line.write(displays_, 402); // a number as a sign type, too
-            EXPECT_EQ(line.read(displays_), line.text(0));
-            Texts told;
-            for (const auto& [error, procedure, stack] : std::exchange(host_.reports.all, {}))
-                told.push_back(std::to_string(error.number()) + " " + procedure.module + " " +
-                               procedure.procedure + (stack.empty() ? " untraced" : ""));
-            const std::string start = "9 DisplayDatabaseClass.cls Property ";
-            const std::string end = line.property + std::string(line.isTraced() ? "" : " untraced");
-            EXPECT_EQ(told, (Texts{start + "(Let) " + end, start + "(Get) " + end}));
-        }
-    EXPECT_EQ(saved(), fileOf({0, 1, 2}));
+    displays_.CurrentDisplayNumber(2);
+    forEachProperty([&](const std::string& name, auto member, auto get, auto set) {
+        DisplayRecord sign = signOf(4);
+        set(member(sign));
+        EXPECT_EQ(get(), decltype(get())());
+        EXPECT_EQ(host_.reports.all.back().procedure.procedure, "Property (Get) " + name);
+        EXPECT_EQ(takeErrors(), (Numbers{9, 9}));
+    });
+    displays_.CurrentDisplayNumber(1);
+    displays_.CurrentBrightnessScheduleNumber(5);
+    displays_.BrightnessScheduleXStopTime("lost");
+    EXPECT_EQ(takeErrors(), Numbers{9});
+}
+
+TEST_F(DisplayProperties, NameTheConnection) {
+    load(fileOf({0}));
+    std::string described;
+    for (std::int16_t method = 0; method <= 4; ++method) {
+        displays_.ConnectionMethod(method);
+        described += displays_.TranslateConnectionMethodToString(method) + " ";
+        described += displays_.GetConnectionInfoInString() + ", ";
+        EXPECT_EQ(ConnectionOf(displays_.Value().signs.at(1)), displays_.GetConnectionInfoInString());
+    }
+    EXPECT_EQ(described, " , Direct Connect text 22:text 23, Network Connect text 21:text 22, Modem Connect "
+                         "text 20:text 22:text 23,  , ");
 }
 
 TEST_F(DisplayProperties, GuardNamesThatReadAsPlainNumbers) {
@@ -71,14 +88,32 @@ TEST_F(DisplayProperties, GuardNamesThatReadAsPlainNumbers) {
         {"12.50", "12.50"}, {" 12", " 12"}, {"1e999", "1e999"}, {"Pier 1", "Pier 1"}, {"", ""}};
     for (const auto& [given, stored] : cases) {
         displays_.DisplayName(given);
-        EXPECT_EQ(displays_.DisplayName(), stored);
+        EXPECT_EQ(displays_.Value().signs.at(1).DisplayName, stored);
     }
-    Texts lines = linesOf(0);
-    lines[0] = "\"12\"";
-    load(fileText(lines)); // which takes any name
-    EXPECT_EQ(displays_.DisplayName(), "#12");
-    lines[0] = "\"#12\"";
-    EXPECT_EQ(saved(), fileText(lines)) << "guarded by reading it";
+    DisplayRecord sign = signOf(0);
+    sign.DisplayName = "12";
+    load(fileWith(sign)); // which takes any name
+    EXPECT_EQ(saved(), fileWith(sign));
+    EXPECT_EQ(displays_.DisplayName(), sign.DisplayName = "#12");
+    displays_.LightSensorMaximum(0);
+    EXPECT_EQ(displays_.LightSensorMaximum(), sign.LightSensorMaximum = 9);
+    EXPECT_EQ(saved(), fileWith(sign)) << "stored by reading them";
+}
+
+TEST_F(DisplayProperties, ShowNewFirmwareByOneDigitBeforeTheLastPoint) {
+    const std::tuple<const char*, const char*, bool> cases[] = {
+        {"V 218", "16", false},     {"V 2.18b", "16", true}, {"Rev 1.44", "160", true},
+        {"Rev 1.44", "170", false}, {"12.10", "16", false},  {"V 3.", "16", true},
+        {".99", "16", false}};
+    for (const auto& [firmware, type, isNew] : cases) {
+        displays_.AppDesc(firmware);
+        displays_.DisplayType(type);
+        EXPECT_EQ(displays_.UseNew16x16(), isNew) << firmware << ", type " << type;
+    }
+    EXPECT_EQ(displays_.GetSignTypeDescription(), "Kestrel");
+    displays_.CurrentDisplayNumber(2);
+    EXPECT_EQ(displays_.GetSignTypeDescription(), "");
+    EXPECT_EQ(takeErrors(), (Numbers{5, 9, 13})) << "a type that is not there is not a number";
 }
 
 } // namespace

@@ -1,6 +1,7 @@
-#include "fonts/DotPainter.h"
+#include "fonts/TextDrawing.h"
 
 #include "FontTesting.h"
+#include "frame/RuntimeError.h"
 
 #include <functional>
 #include <limits>
@@ -9,29 +10,29 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// A target that can only set pixels, and notes how it is used.
+/// A target that can only set pixels, and records how it is used.
 class ForeignTarget final : public DrawingTarget, private DeviceContext {
 public:
     explicit ForeignTarget(PixelBuffer& pixels) : pixels_(pixels) {}
 
     std::string ClassName() const override { return "PictureBox"; }
-    DeviceContext& GetBitmapDC() override { return note("GetBitmapDC"); }
-    void ReleaseBitmapDC() noexcept override { note("ReleaseBitmapDC"); }
-    DeviceContext& hdc() override { return note("hdc"); }
+    DeviceContext& GetBitmapDC() override { return record("GetBitmapDC"); }
+    void ReleaseBitmapDC() noexcept override { record("ReleaseBitmapDC"); }
+    DeviceContext& hdc() override { return record("hdc"); }
     Color BackColor() override { return kBackColor; }
     Texts takeCalls() { return std::exchange(calls_, {}); }
 
     bool refuses = false; ///< Pixels.
 
 private:
-    DeviceContext& note(const std::string& call) {
+    DeviceContext& record(const std::string& call) {
         calls_.push_back(call);
         return *this;
     }
     void SetPixel(std::int32_t x, std::int32_t y, Color color) override {
         if (refuses)
             throw RuntimeError(438, "Object doesn't support this property or method");
-        note((color == kFontColor ? "font " : "back ") + std::to_string(x) + " " + std::to_string(y));
+        record((color == kFontColor ? "font " : "back ") + std::to_string(x) + " " + std::to_string(y));
         pixels_.fill(x, y, 1, 1, color);
     }
 
@@ -39,43 +40,29 @@ private:
     Texts calls_;
 };
 
-class Drawing : public HostTest {
-protected:
-    void load(const Font& font) { Load(host_, fonts_, font); }
-    /// Draws a letter and gives its advance.
-    std::int32_t draw(const std::string& letter, DrawingTarget& target, bool background = false,
-                      bool useBitmapDC = false, float x = 0, float y = 0) {
-        std::int32_t advance = 99;
-        fonts_.DrawLetter(letter, target, x, y, background ? -1 : 0, useBitmapDC ? -1 : 0, advance);
-        return advance;
-    }
-
-    classFontMaster fonts_;
-};
-
 // What can be drawn.
-using Act = std::function<void(classFontMaster&, DrawingTarget&)>;
+using Act = std::function<void(const Lettering&, DrawingTarget&)>;
 
 Act text(const std::string& letters, bool background = true, float x = 0, float y = 0) {
-    return [=](classFontMaster& fonts, DrawingTarget& target) {
-        std::int32_t advance = 99;
-        fonts.DrawText(letters, target, x, y, background ? 1 : 0, 0, advance);
-        EXPECT_EQ(advance, fonts.TextWidth(letters));
+    return [=](const Lettering& lettering, DrawingTarget& target) {
+        EXPECT_EQ(DrawLetters(lettering, letters, {target, x, y}, background), WidthOf(lettering, letters));
     };
 }
-Act selection(const std::string& letters, std::int16_t first, std::int16_t last) {
-    return [=](classFontMaster& fonts, DrawingTarget& target) {
-        fonts.HilightSelection(letters, target, 0, 0, first, last, 0);
+Act selection(const std::string& letters, int first, int last) {
+    return [=](const Lettering& lettering, DrawingTarget& target) {
+        DrawSelection(lettering, letters, {target}, first, last);
     };
 }
-Act mark(const std::string& letters, std::int16_t index, int times = 1) {
-    return [=](classFontMaster& fonts, DrawingTarget& target) {
-        for (int turn = 0; turn < times; ++turn)
-            fonts.CycleIndexMarker(letters, target, 0, 0, index, 0);
+/// Shows a mark, and hides it again if `isHidden`.
+Act mark(const std::string& letters, int index, bool isHidden = false) {
+    return [=](const Lettering& lettering, DrawingTarget& target) {
+        DrawIndexMarker(lettering, letters, {target}, index, true);
+        if (isHidden)
+            DrawIndexMarker(lettering, letters, {target}, index, false);
     };
 }
 
-TEST_F(Drawing, ShowsTheSameDotsOnEveryTarget) {
+TEST(Drawing, ShowsTheSameDotsOnEveryTarget) {
     const Font small = FontOf(6, {"#.#", "...", "##."});
     const Font nine = FontOf(16, {"#.......#"}, 12);
     const Font wide = FontOf(33, {std::string(33, '#')}), cell100 = FontOf(100, {"#"}, 101);
@@ -87,6 +74,12 @@ TEST_F(Drawing, ShowsTheSameDotsOnEveryTarget) {
     Font tall{16, 9, {}}; // letters 9 dots high have a gap of 3
     AddLetter(tall, 'A', {".#.", "#.#", "#.#", "#.#", "#.#", "#.#", "#.#", "#.#", "#.#"});
     AddLetter(tall, 'I', Texts(9, "#"));
+    Font full{24, 24,
+              std::string(225, '\0')}; // of records of 73 bytes, so that glyph 223 is cut off by the store
+    std::iota(full.characters.begin(), full.characters.end(), '\0');
+    full.store.fill(0xff);
+    Texts cutOff(24, "-########-");
+    cutOff[21] = cutOff[22] = cutOff[23] = "----------";
     const struct {
         const char* why;
         Font font;
@@ -108,129 +101,68 @@ TEST_F(Drawing, ShowsTheSameDotsOnEveryTarget) {
         {"letters with gaps", tall, text("AI"), {"-.#....#...-", "-#.#...#...-"}},
         {"magnified", low, text("N."), {"--##..##....-", "--##..##....-", "--######..##-"}, 2},
         {"cut off", low, text("NN", true, -3.5F, -1), {"##...####", "##...####", "#########"}, 3},
+        {"a glyph up to the end of the store, and one after it", full, text("\xdf\xe0"), cutOff},
         {"a selection", low, selection("N.N", 2, 3), {"----##.#.-", "----#....-"}},
         {"letters counted with those without a glyph", low, selection("?N.", 3, 3), {"----##-", "----#.-"}},
         {"a selection with gaps", tall, selection("AI", 1, 1), {"-#.####-----", "-.#.###-----"}},
         {"a gap without dots in the font", block, selection("A", 1, 1), {"-................###-"}},
         {"a selection of more than there is", low, selection("N.", -5, 99), {"-.#.##-", "-...#.-"}},
         {"a mark not before the front", low, mark("N.", -7), {"#---", "#---"}},
-        {"which is hidden again", low, mark("N.", -7, 2), {".---", ".---"}},
-        {"a mark on a letter's dots", low, mark("N.", 2, 2), {"---#-", "---#-"}},
-        {"a mark behind what takes no room", low, mark("N.0?", 99, 2), {"-----.", "-----#"}},
-        {"a mark in a gap", tall, mark("AI", 2, 2), {"------.-", "------.-"}},
+        {"which is hidden again", low, mark("N.", -7, true), {".---", ".---"}},
+        {"a mark on a letter's dots", low, mark("N.", 2, true), {"---#-", "---#-"}},
+        {"a mark after letters that take no room", low, mark("N.0?", 99, true), {"-----.", "-----#"}},
+        {"a mark in a gap", tall, mark("AI", 2, true), {"------.-", "------.-"}},
     };
     for (const auto& row : cases) {
         const auto width = static_cast<std::int32_t>(row.picture[0].size());
         const auto height = static_cast<std::int32_t>(row.picture.size());
         PixelBuffer pixels = UntouchedPixels(width, height), foreignPixels = pixels;
         ForeignTarget foreign(foreignPixels);
-        for (DrawingTarget* target : std::initializer_list<DrawingTarget*>{&pixels, &foreign}) {
-            fonts_ = {};
-            fonts_.MagTimes(row.magnification);
-            load(row.font);
-            row.act(fonts_, *target);
-        }
+        for (DrawingTarget* target : std::initializer_list<DrawingTarget*>{&pixels, &foreign})
+            row.act({row.font, row.magnification, kFontColor}, *target);
         EXPECT_EQ(PictureOf(pixels), row.picture) << row.why;
-        EXPECT_EQ(PictureOf(foreignPixels), row.picture) << "pixel by pixel: " << row.why;
+        EXPECT_EQ(foreignPixels, pixels) << "pixel by pixel: " << row.why;
     }
 }
 
-TEST_F(Drawing, TellsWhereTheNextLetterStarts) {
-    const std::tuple<std::int16_t, std::int16_t, std::int16_t, std::int32_t> cases[] = {
-        {6, 8, 3, 18}, {6, 9, 1, 9},   {24, 32, 2, 54}, {255, 16, 32767, 8453886},
-        {0, 8, 4, 0},  {0, 16, 4, 12}, {6, 16, -1, -9}};
+TEST(Drawing, ReturnsWhereTheNextLetterStarts) {
     PixelBuffer none(0, 0);
-    for (const auto& [width, height, magnification, advance] : cases) {
-        load(FontOf(width, Texts(height, std::string(width, '.'))));
-        fonts_.MagTimes(magnification);
-        EXPECT_EQ(draw("A", none), advance) << width;
-        EXPECT_EQ(fonts_.LetterWidth("AAA"), advance) << "the first alone";
-        EXPECT_EQ(fonts_.TextWidth("ABAA"), 3 * advance) << "B has no glyph";
-        EXPECT_EQ(draw("B", none) + draw("", none), 0);
+    for (const auto& [height, magnification, advance] : {std::tuple(8, 3, 18), {9, 1, 9}, {16, -1, -9}}) {
+        const Font font = FontOf(6, Texts(static_cast<std::size_t>(height), "......"));
+        const Lettering lettering{font, static_cast<std::int16_t>(magnification)};
+        EXPECT_EQ(DrawLetters(lettering, "ABA", {none}, false), 2 * advance) << "B has no glyph";
     }
-    EXPECT_EQ(fonts_.GlyphOffset(""), -1);
 }
 
-TEST_F(Drawing, EndsWhereTheStoreEnds) {
-    Font font{24, 24, std::string(225, '\0')};
-    std::iota(font.characters.begin(), font.characters.end(), '\0');
-    font.store.fill(0xff);
-    load(font); // records of 73 bytes, the last but one of which starts 22 bytes before the end
-    PixelBuffer pixels = UntouchedPixels(10, 24);
-    EXPECT_EQ(draw("\xdf", pixels, true), 258);
-    EXPECT_EQ(draw("\xe0", pixels, true), 0);
-    Texts picture(24, "-########-");
-    picture[21] = picture[22] = picture[23] = "----------";
-    EXPECT_EQ(PictureOf(pixels), picture);
-}
-
-TEST_F(Drawing, UsesATargetOfTheHostPixelByPixel) {
-    load(FontOf(6, {".#"}));
-    fonts_.MagTimes(2);
+TEST(Drawing, UsesATargetOfTheHostPixelByPixel) {
+    const Font font = FontOf(6, {".#"});
+    const Lettering lettering{font, 2, kFontColor};
     PixelBuffer pixels(6, 2);
     ForeignTarget target(pixels);
-    draw("A", target);
-    draw("B", target); // no glyph, no use of the target
+    DrawLetters(lettering, "A", {target}, false);
+    DrawLetters(lettering, "B", {target}, false); // no glyph, no use of the target
     EXPECT_EQ(target.takeCalls(), (Texts{"hdc", "font 4 0", "font 5 0", "font 4 1", "font 5 1"}));
-    draw("A", target, true, true);
+    DrawLetters(lettering, "A", {target, 0, 0, true}, true);
     EXPECT_EQ(target.takeCalls(), (Texts{"GetBitmapDC", "back 2 0", "back 3 0", "back 2 1", "back 3 1",
                                          "font 4 0", "font 5 0", "font 4 1", "font 5 1", "ReleaseBitmapDC"}));
+    DrawLetters(lettering, "A", {target, 99}, false);
+    EXPECT_EQ(target.takeCalls().size(), 5U) << "the host gets even what it cannot show";
     target.refuses = true;
-    EXPECT_EQ(draw("A", target, false, true), 0);
-    EXPECT_EQ(takeErrors(), Numbers{438});
+    EXPECT_THROW(DrawLetters(lettering, "A", {target, 0, 0, true}, false), RuntimeError);
     EXPECT_EQ(target.takeCalls(), (Texts{"GetBitmapDC", "ReleaseBitmapDC"})) << "the host gets it back";
 }
 
-TEST_F(Drawing, TrapsPlacesBeyondAllPixels) {
-    load(FontOf(6, {"#"}));
+TEST(Drawing, RefusesPlacesBeyondAllPixels) {
+    const Font font = FontOf(6, {"#"});
     PixelBuffer pixels(6, 2);
-    constexpr float farAway = 2147483520; // the last one that 32 bits hold
-    const std::tuple<float, float, std::int16_t, Numbers> cases[] = {
-        {farAway, 0, 1, {}},        {2147483648.0F, 0, 1, {6}},
-        {farAway, 0, 100, {6}},     {0, farAway, 200, {6}},
-        {-2147483648.0F, 0, 1, {}}, {std::numeric_limits<float>::quiet_NaN(), 0, 1, {6}}};
-    for (const auto& [x, y, magnification, errors] : cases) {
-        fonts_.MagTimes(magnification);
-        draw("A", pixels, false, false, x, y);
-        EXPECT_EQ(takeErrors(), errors) << x << ' ' << y;
-    }
-}
-
-TEST(PixelBuffer, TakesPixelsOneByOneAsWell) {
-    PixelBuffer pixels = UntouchedPixels(2, 1);
-    DrawingTarget& target = pixels;
-    EXPECT_EQ(target.ClassName(), "PixelBuffer");
-    target.hdc().SetPixel(0, 0, kFontColor);
-    target.GetBitmapDC().SetPixel(1, 0, target.BackColor());
-    target.ReleaseBitmapDC();
-    EXPECT_EQ(pixels.row(0)[0], kFontColor);
-    EXPECT_EQ(pixels.row(0)[1], target.BackColor());
-}
-
-TEST(DotPainter, PassesOverWhatNeitherShowsNorFails) {
-    PixelBuffer pixels = UntouchedPixels(8, 2);
-    ForeignTarget foreign(pixels);
-    constexpr float farAway = 2147483520; // 127 before the last one that 32 bits hold
-    const struct {
-        const char* why;
-        DrawingTarget& target;
-        float x, y;
-        std::int16_t magnification;
-        bool isPast;
-    } cases[] = {
-        {"in the last column", pixels, 7, 0, 1, false},
-        {"right of it", pixels, 8, 0, 1, true},
-        {"far away", pixels, farAway, 0, 1, true},
-        {"dots to the right would be an error", pixels, farAway, 0, 6, false},
-        {"dots below would be one", pixels, 8, farAway, 1, false},
-        {"a host sees every pixel", foreign, 8, 0, 1, false},
+    constexpr float last = 2147483520, none = std::numeric_limits<float>::quiet_NaN(); // of 32 bits
+    const auto draw = [&](float x, float y, std::int16_t magnification) {
+        DrawLetters({font, magnification}, "A", {pixels, x, y}, false);
     };
-    for (const auto& [why, target, x, y, magnification, isPast] : cases)
-        EXPECT_EQ(
-            DotPainter::on(target, false, Corner(x, y), {magnification, kFontColor, Ink::font, Ink::none})
-                ->isPastSurface(25, 200),
-            isPast)
-            << why;
+    EXPECT_NO_THROW((draw(last, 0, 1), draw(-2147483648.0F, 0, 1)));
+    for (const auto& [x, y, magnification] :
+         {std::tuple(2147483648.0F, 0.0F, 1), {last, 0, 100}, {0, last, 200}, {none, 0, 1}})
+        EXPECT_THROW(draw(x, y, static_cast<std::int16_t>(magnification)), RuntimeError) << x << ' ' << y;
 }
 
 } // namespace

@@ -14,9 +14,9 @@ TEST(FontFile, HasGlyphsOfTheSizeThatItsCellNeeds) {
     for (const auto& [width, height, offset] : cells)
         EXPECT_EQ((Font{width, height, ""}.glyphOffset('A')), offset) << width;
     // Without characters they are those from 32 on. Character 166 has the glyph of 127.
-    const std::tuple<const char*, char, std::int32_t> characters[] = {
+    const std::tuple<const char*, char, std::optional<std::int32_t>> characters[] = {
         {"", '\xff', 2007}, {"", '\x1f', -9},  {"", '\xa6', 855},      {"xyzy", 'x', 0},
-        {"xyzy", 'y', 9},   {"xyzy", 'Z', -1}, {"xy\x7f", '\xa6', 18}, {"xy\xa6", '\xa6', -1}};
+        {"xyzy", 'y', 9},   {"xyzy", 'Z', {}}, {"xy\x7f", '\xa6', 18}, {"xy\xa6", '\xa6', {}}};
     for (const auto& [all, character, offset] : characters)
         EXPECT_EQ((Font{6, 8, all}.glyphOffset(character)), offset) << all << character;
 }

@@ -1,132 +1,70 @@
-#include "TestHost.h"
-#include "fonts/classFontMaster.h"
-#include "fonts/clsFontSizes.h"
+#include "fonts/FontLoading.h"
 
-#include <gtest/gtest.h>
+#include "HostTest.h"
+#include "fonts/clsFontSizes.h"
 
 #include <algorithm>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// A host of one font.
-struct FontHost {
-    FontHost() {
-        fonts.OnMessage([this](const std::string& message) { messages.push_back(message); });
-    }
-
-    /// A path with "/" below the application folder.
+class FontLoading : public HostTest {
+protected:
+    /// A path below the application folder, given with "/".
     std::string full(std::string path) {
         std::ranges::replace(path, '/', kPathSeparator);
-        return host.inLibrary(path);
+        return host_.inLibrary(path);
     }
-    /// Puts a font of the characters from 32 on, whose blank tells `mark`.
-    void put(const std::string& path, int mark) {
-        host.machine.files().put(full(path), std::string(1, static_cast<char>(mark)));
-    }
-    /// Mark of the font that is loaded; 0 for none.
-    int loaded() { return fonts.LetterWidth(" "); }
-    std::string size() const {
-        return std::to_string(fonts.FontWidth()) + 'x' + std::to_string(fonts.FontHeight());
-    }
-
-    TestHost host;
-    classFontMaster fonts;
-    Texts messages;
+    static int widthOfBlank(const FontOutcome& outcome) { return outcome.font ? outcome.font->store[0] : 0; }
 };
 
-TEST(FontLoading, LetsAHandlerReplaceItself) {
-    FontHost host;
-    std::string heard;
-    host.fonts.OnMessage([&, own = std::string(100, 'x')](const std::string& message) {
-        host.fonts.OnMessage(nullptr);
-        heard = own + message;
-    });
-    EXPECT_FALSE(host.fonts.LoadFont("gone.cmd", 6, 8));
-    EXPECT_EQ(heard, std::string(100, 'x') + "gone.cmd NOT FOUND @ gone.cmd in ");
-}
-
-TEST(FontLoading, KnowsTheFontOfEveryNumber) {
-    FontHost host;
-    std::string all;
-    for (std::int16_t number = 0; number < 12; ++number) {
-        host.fonts.FontSizeByNum(number);
-        all += host.size();
-        for (const bool isNew : {true, false})
-            all.append(" ").append(clsFontSizes::FontFile(number, 0, isNew));
-        all += ", ";
-    }
-    EXPECT_EQ(all, "6x8 Fstnd08.cmd 6x8.cmd, 6x8 Fstnd08.cmd 6x8.cmd, 4x8 4x8.cmd 4x8.cmd, "
-                   "5x8 Fstnd5x8.cmd 5x8.cmd, 5x8 Fstnd5x8.cmd 5x8.cmd, 6x8 Fstnd68b.cmd 6x8fb.cmd, "
-                   "16x16 Fstnd16.cmd 16x16.cmd, 16x16 Fstnd16.cmd 16x16.cmd, 24x24 24x24.cmd 24x24.cmd, "
-                   "24x24 24x24.cmd 24x24.cmd, 24x32 24x32.cmd 24x32.cmd, 24x32 24x32.cmd 24x32.cmd, ");
-    EXPECT_EQ(clsFontSizes::FontFile(12, 0, true), "");
+TEST_F(FontLoading, FindsTheFontOfANumberForATypeOfSign) {
     for (std::int16_t type = -1; type < 200; ++type)
         EXPECT_EQ(clsFontSizes::FontFile(5, type, true) == "Fsacl68b.cmd",
                   type >= 16 && type <= 25 && type != 22);
-    host.put("bin/Fsacl68b.cmd", 7);
-    host.fonts.UseNewFont(true);
-    EXPECT_TRUE(host.fonts.LoadFontByNum(5, 20));
-    EXPECT_FALSE(host.fonts.LoadFontByNum(-1, 20) || host.fonts.LoadFontByNum(12, 20));
-    host.fonts.FontSizeByNum(12);
-    EXPECT_EQ(host.size(), "6x8") << "as it was";
-    EXPECT_EQ(host.loaded(), 7);
-    EXPECT_EQ(host.messages, Texts());
+    files().put(full("bin/Fsacl68b.cmd"), "\7");
+    EXPECT_EQ(widthOfBlank(LoadNumberedFont(5, 20, true)), 7);
+    for (const std::int16_t number : {std::int16_t{-1}, kNumberedFonts}) {
+        const FontOutcome none = LoadNumberedFont(number, 20, true);
+        EXPECT_TRUE(!none.font && !none.path && none.messages.empty()) << number;
+    }
 }
 
-TEST(FontLoading, SearchesAFontAndTells) {
-    FontHost paths;
+TEST_F(FontLoading, ReportsWhichFileWasLoadedInItsPlace) {
     const auto missing = [&](const std::string& folder, const std::string& name) {
-        return name + " NOT FOUND @ " + paths.full(folder + name) + " in " + paths.full(folder);
+        return name + " NOT FOUND @ " + full(folder + name) + " in " + full(folder);
     };
     const std::string noMy = missing("fonts/", "My.cmd"), no6x8 = missing("", "6x8.cmd");
-    const std::string nowhere = "Error Loading Font. Could not find " + paths.full("fonts/My.cmd");
-    const std::string noFont0 = "Error Loading Font. Could not find " + paths.full("bin/6x8.cmd");
+    const std::string nowhere = "Error Loading Font. Could not find " + full("fonts/My.cmd");
+    const std::string noFont0 = "Error Loading Font. Could not find " + full("bin/6x8.cmd");
+    const Texts noStandard{missing("", "FSTND08.cmd"), "FSTND08.cmd NOT FOUND"};
+    using enum FontSource;
     const struct {
-        const char* why;
         std::string path;
         Texts files;
         int loaded; ///< Number of the file, from 1; 0 for none.
+        FontSource source;
         Texts messages;
     } cases[] = {
-        {"at its place", "fonts/My.cmd", {"fonts/My.cmd", "Extended/My.cmd"}, 1, {}},
-        {"not a folder", "fonts/My.cmd", {"fonts/My.cmd/My.cmd"}, 0, {noMy, nowhere}},
-        {"extended", "fonts/My.cmd", {"CustomFonts/My.cmd", "extended/my.cmd"}, 2, {noMy}},
-        {"custom", "fonts/My.cmd", {"bin/6x8.cmd", "CustomFonts/My.cmd"}, 2, {noMy}},
-        {"before font 0", "6x8.cmd", {"bin/6x8.cmd", "Extended/6x8.cmd"}, 2, {no6x8}},
-        {"font 0", "FSTND08.cmd", {"BIN/6X8.CMD"}, 1, {missing("", "FSTND08.cmd"), "FSTND08.cmd NOT FOUND"}},
-        {"no font 0", "6x8.cmd", {}, 0, {no6x8, "6x8.cmd NOT FOUND", missing("bin/", "6x8.cmd"), noFont0}},
+        {"fonts/My.cmd", {"fonts/My.cmd", "Extended/My.cmd"}, 1, requestedFile, {}},
+        {"fonts/My.cmd", {"fonts/My.cmd/My.cmd"}, 0, requestedFile, {noMy, nowhere}},
+        {"fonts/My.cmd", {"CustomFonts/My.cmd", "extended/my.cmd"}, 2, sameNameElsewhere, {noMy}},
+        {"fonts/My.cmd", {"bin/6x8.cmd", "CustomFonts/My.cmd"}, 2, sameNameElsewhere, {noMy}},
+        {"6x8.cmd", {"bin/6x8.cmd", "Extended/6x8.cmd"}, 2, sameNameElsewhere, {no6x8}},
+        {"FSTND08.cmd", {"BIN/6X8.CMD"}, 1, font0, noStandard},
+        {"6x8.cmd", {}, 0, font0, {no6x8, "6x8.cmd NOT FOUND", missing("bin/", "6x8.cmd"), noFont0}},
     };
     for (const auto& row : cases) {
-        SCOPED_TRACE(row.why);
-        FontHost host;
+        SCOPED_TRACE(testing::PrintToString(row.files));
+        TestHost host; // another machine with the same folders
         for (std::size_t i = 0; i < row.files.size(); ++i)
-            host.put(row.files[i], static_cast<int>(i) + 1);
-        EXPECT_EQ(host.fonts.LoadFont(host.full(row.path), 6, 8), row.loaded != 0);
-        EXPECT_EQ(host.loaded(), row.loaded);
-        EXPECT_EQ(host.messages, row.messages);
+            host.machine.files().put(full(row.files[i]), std::string(1, static_cast<char>(i + 1)));
+        const FontOutcome outcome = LoadFontFile(full(row.path), 6, 8, false);
+        EXPECT_EQ(widthOfBlank(outcome), row.loaded);
+        EXPECT_EQ(outcome.source, row.source);
+        EXPECT_EQ(outcome.messages, row.messages);
+        EXPECT_EQ(outcome.path.has_value(), row.loaded > 0);
     }
-}
-
-TEST(FontLoading, LeavesTheFontAloneWhenItFails) {
-    FontHost host;
-    host.put("bin/6x8.cmd", 6);
-    ASSERT_TRUE(host.fonts.LoadFontByNum(0, 0));
-    const std::string shortPath = host.full("short.cmd");
-    host.host.machine.files().put(shortPath, std::string("\0\2\5\7A", 5));
-    EXPECT_FALSE(host.fonts.LoadFont(host.full("SHORT.cmd"), -1, -1));
-    EXPECT_EQ(host.messages, Texts{"Error Loading Font. Cut short: " + shortPath});
-    const std::pair<std::string, Numbers> cases[] = {
-        {"", {}}, {host.full("6x8.cmd"), {53}}, {shortPath, {62}}, {host.full("bin"), {75}}};
-    for (const auto& [path, errors] : cases) {
-        EXPECT_FALSE(host.fonts.LoadExistingFont(path, -1, -1));
-        EXPECT_EQ(host.host.reports.takeNumbers(), errors) << path;
-    }
-    host.host.failReads(1, 1, SystemError::deviceFailure);
-    EXPECT_FALSE(host.fonts.LoadFontByNum(0, 0));
-    EXPECT_EQ(host.host.reports.takeNumbers(), Numbers{57});
-    EXPECT_EQ(host.messages.size(), 1u) << "messages tell of fonts that are missing or cut short";
-    EXPECT_EQ(host.size() + " " + std::to_string(host.loaded()), "6x8 6");
 }
 
 } // namespace

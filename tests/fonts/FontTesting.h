@@ -2,13 +2,10 @@
 #pragma once
 
 #include "HostTest.h"
-#include "fonts/FontFile.h"
 #include "fonts/PixelBuffer.h"
-#include "fonts/classFontMaster.h"
+#include "fonts/TextDrawing.h"
 
 #include <optional>
-#include <string>
-#include <vector>
 
 namespace qrtVistrelClasses4 {
 
@@ -16,10 +13,11 @@ inline constexpr Color kFontColor = Rgb(255, 176, 0);
 inline constexpr Color kBackColor = Rgb(0, 0, 64);
 inline constexpr Color kUntouched = Rgb(1, 2, 3);
 
-/// Gives the font one more letter, whose dots are "#". `ownWidth`: none for that of the rows.
+/// Sets a letter of the font, whose dots are "#". Without `ownWidth`, it is as wide as its rows.
 inline void AddLetter(Font& font, char character, const Texts& rows, std::optional<int> ownWidth = {}) {
-    const auto start = static_cast<std::size_t>(font.recordSize()) * font.characters.size();
-    font.characters += character;
+    if (font.characters.find(character) == std::string::npos)
+        font.characters += character;
+    const auto start = static_cast<std::size_t>(font.glyphOffset(character).value());
     font.store.at(start) = static_cast<std::uint8_t>(ownWidth.value_or(static_cast<int>(rows[0].size())));
     for (std::size_t row = 0; row < rows.size(); ++row)
         for (std::size_t column = 0; column < rows[row].size(); ++column)
@@ -28,21 +26,15 @@ inline void AddLetter(Font& font, char character, const Texts& rows, std::option
                     static_cast<std::uint8_t>(128 >> column % 8);
 }
 
+/// A font that has only the letter "A".
 inline Font FontOf(std::int16_t width, const Texts& rowsOfA, std::optional<int> ownWidth = {}) {
     Font font{width, static_cast<std::int16_t>(rowsOfA.size()), {}};
     AddLetter(font, 'A', rowsOfA, ownWidth);
     return font;
 }
 
-/// Puts the font into place, and the colour of the tests.
-inline void Load(TestHost& host, classFontMaster& fonts, const Font& font) {
-    host.machine.files().put(host.inLibrary("test.cmd"), HeaderFontBytes(font));
-    ASSERT_TRUE(fonts.LoadExistingFont(host.inLibrary("test.cmd"), kSizeFromFile, kSizeFromFile));
-    fonts.FontColor(kFontColor);
-}
-
-/// "#" for the colour of the font, "." for that of the background, "-" for a pixel that was not drawn.
-inline Texts PictureOf(const PixelBuffer& pixels) {
+/// "#" for the colour of the font, "." for the background, "-" for a pixel that was not drawn.
+inline Texts PictureOf(const Raster& pixels) {
     Texts rows;
     for (std::int32_t y = 0; y < pixels.height(); ++y) {
         rows.emplace_back();

@@ -38,9 +38,8 @@ TEST_F(DefaultErrorReport, GoesToTheLogAndToTheOperatorUnlessItIsQuietOrSwitched
     fail();
     EXPECT_EQ(takeBoxes(), box_) << "and no other for the log";
     host_.machine.messageBoxes().isAttended = false;
-    testing::internal::CaptureStderr();
     fail();
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), report_) << "where nobody sees boxes";
+    EXPECT_EQ(host_.machine.console().error, report_) << "where nobody sees boxes";
 }
 
 TEST_F(DefaultErrorReport, LetsNoTextMakeLinesOfItsOwnOrSteerATerminal) {
@@ -82,16 +81,12 @@ TEST_F(DefaultErrorReport, StartsANewLogPastOneMegabyte) {
 TEST_F(DefaultErrorReport, LogsWhatFailsWhileAMessageIsOpen) {
     /// A box during which the host goes on and fails again.
     struct BusyBox final : MessageBoxes {
-        MessageAnswer show(const Message&) override {
-            ++shown;
-            test->fail();
-            return MessageAnswer::ok;
-        }
+        explicit BusyBox(DefaultErrorReport& open) : test(open) {}
+        MessageAnswer show(const Message&) override { return test.fail(), ++shown, MessageAnswer::ok; }
         bool attended() override { return true; }
-        DefaultErrorReport* test = nullptr;
+        DefaultErrorReport& test;
         int shown = 0;
-    } box;
-    box.test = this;
+    } box(*this);
     const ScopedMessageBoxes scope(box);
     fail();
     EXPECT_EQ(box.shown, 1);

@@ -19,7 +19,7 @@ protected:
     const std::string path_ = host_.inLibrary("VistrelLite.MRU");
 };
 
-TEST_F(MostRecentlyUsedTest, AFirstNameMakesTheFile) {
+TEST_F(MostRecentlyUsedTest, ChangesTheFileAtOnce) {
     MostRecentlyUsed recent;
     recent.AddFileToMostRecentlyUsedList("");
     EXPECT_EQ(content(), "no file");
@@ -27,33 +27,15 @@ TEST_F(MostRecentlyUsedTest, AFirstNameMakesTheFile) {
     EXPECT_EQ(content(), lines({"A", ""}));
     EXPECT_TRUE(host_.reports.all.at(0).error.isQuiet());
     EXPECT_EQ(takeErrors(), (Numbers{53, 53, 53})) << "logged at each look";
-    EXPECT_EQ(recent.TotalFilesInList(), 2);
+    for (const char* name : {"b", "\351T\311", "a", "\311t\351"})
+        recent.AddFileToMostRecentlyUsedList(name);
+    EXPECT_EQ(content(), lines({"\311t\351", "a", "b", ""})) << "in its newest spelling";
+    EXPECT_EQ(recent.TotalFilesInList(), 4);
+    recent.RemoveFileFromMostRecentlyUsed("B");
+    EXPECT_EQ(content(), lines({"\311t\351", "a", ""}));
     recent.PurgeMRUList();
     EXPECT_EQ(recent.TotalFilesInList(), 0);
     EXPECT_EQ(recent.ClassDebugID() + 1, MostRecentlyUsed().ClassDebugID());
-}
-
-TEST_F(MostRecentlyUsedTest, ChangesWhatTheFileHolds) {
-    const struct {
-        const char *why, *name;
-        std::string before;
-        Texts added, removed;
-    } cases[] = {
-        {"new", "c", lines({"a", "b", ""}), {"c", "a", "b", ""}, {"a", "b", ""}},
-        {"every spelling", "B", lines({"b", "a", "B"}), {"B", "a", ""}, {"a", ""}},
-        {"beyond ASCII", "\311t\351", lines({"a", "\351T\311", ""}), {"\311t\351", "a", ""}, {"a", ""}},
-        {"empty entries", "aa", lines({"", "a", "", "b"}), {"aa", "a", "b", ""}, {"a", "b", ""}},
-        {"an empty name", "", lines({"a", "", "b"}), {"a", "", "b"}, {"a", "b", ""}}};
-    files().put(path_, "");
-    MostRecentlyUsed recent;
-    for (const auto& row : cases) {
-        files().put(path_, row.before);
-        recent.AddFileToMostRecentlyUsedList(row.name);
-        EXPECT_EQ(content(), lines(row.added)) << row.why;
-        files().put(path_, row.before);
-        recent.RemoveFileFromMostRecentlyUsed(row.name);
-        EXPECT_EQ(content(), lines(row.removed)) << row.why;
-    }
     const std::string damaged = lines({"a"}) + "\"damaged";
     files().put(path_, damaged);
     recent.AddFileToMostRecentlyUsedList("c");
@@ -81,14 +63,15 @@ TEST_F(MostRecentlyUsedTest, IsReadFromWhereTheSettingPointsAndWrittenBesideTheL
     const std::string elsewhere = JoinPath(host_.inLibrary("network"), "list");
     files().put(elsewhere, lines({"b", ""}));
     WriteSetting("VistrelLite", "Settings", "MRU", elsewhere);
-    MostRecentlyUsed recent;
-    recent.AddFileToMostRecentlyUsedList("c");
-    EXPECT_EQ(ReadSetting("VistrelLite", "Settings", "MRU", "none"), path_);
-    EXPECT_EQ(content(), lines({"c", "b", ""}));
-    WriteSetting("VistrelLite", "Settings", "MRU", JoinPath(host_.inLibrary("gone"), "list"));
-    recent.AddFileToMostRecentlyUsedList("d");
-    EXPECT_EQ(content(), lines({"d", ""})) << "no folder, no names to lose";
-    EXPECT_EQ(takeErrors(), (Numbers{76, 76}));
+    RecentFilesOutcome loaded = LoadRecentFiles(RecentFilesPath().value());
+    EXPECT_TRUE(loaded.mayBeReplaced && !loaded.error);
+    EXPECT_EQ(SaveRecentFiles(loaded.files), std::nullopt);
+    EXPECT_EQ(RecentFilesPath(), path_);
+    EXPECT_EQ(content(), lines({"b", ""}));
+    const std::string gone = JoinPath(host_.inLibrary("gone"), "list");
+    EXPECT_TRUE(LoadRecentFiles(gone).mayBeReplaced) << "no folder, no names to lose";
+    host_.failReads(1, 1);
+    EXPECT_FALSE(LoadRecentFiles(path_).mayBeReplaced);
 }
 
 } // namespace

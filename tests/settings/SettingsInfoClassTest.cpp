@@ -1,6 +1,7 @@
 #include "settings/SettingsInfoClass.h"
 
 #include "HostTest.h"
+#include "settings/PreferencesFile.h"
 #include "settings/RegistrySettings.h"
 
 namespace qrtVistrelClasses4 {
@@ -8,22 +9,23 @@ namespace {
 
 class SettingsInfo : public HostTest {
 protected:
-    void load(const std::string& lines) {
+    PreferencesOutcome load(const std::string& lines) {
         files().put(iniPath_, "[VistrelLite]\r\n" + lines);
-        settings_.GetSettingsFromDisk();
+        return LoadPreferences();
     }
 
     const std::string iniPath_ = host_.inLibrary("VistrelLite.ini");
     const std::string playfiles_ =
         JoinPath(host_.machine.specialFolders.at(kDocumentsFolder), "Vistrel Sign Playfiles");
-    SettingsInfoClass settings_;
 };
 
 TEST_F(SettingsInfo, StartsWithDefaultsWithoutTouchingTheDiskAndSavesThemInOrder) {
-    EXPECT_EQ(settings_.ClassDebugID() + 1, SettingsInfoClass().ClassDebugID());
+    SettingsInfoClass settings;
+    EXPECT_EQ(settings.ClassDebugID() + 1, SettingsInfoClass().ClassDebugID());
     EXPECT_EQ(files().fileNames(), Texts());
     EXPECT_EQ(files().kindOf(playfiles_), EntryKind::missing);
-    settings_.SaveSettingsToDisk();
+    EXPECT_FALSE(LoadPreferences().isFileThere);
+    settings.SaveSettingsToDisk("any name");
     std::string schedules;
     for (const std::string number : {"1", "2", "3", "4"})
         schedules += "ScheduledStartTime" + number + "=12:00 AM\r\nScheduledStopTime" + number +
@@ -40,74 +42,79 @@ TEST_F(SettingsInfo, StartsWithDefaultsWithoutTouchingTheDiskAndSavesThemInOrder
                   "\r\nSupportOldFirmware=False\r\nPlayAutoEnable=True\r\nChooseDispGetInfo=False\r\n"
                   "ChooseDispTransmit=False\r\nAVIFixedDelay=False\r\nAVIDelay=50\r\nDefaultDelay=3\r\n"
                   "BroadcastTRDelay=500\r\nShowImage=True\r\nAVICrop=False\r\nBMPCrop=False\r\n");
+    EXPECT_EQ(LoadPreferences().values, settings.Value());
 }
 
-TEST_F(SettingsInfo, LoadsWhatItSaved) {
-    settings_.LastGraphicFilePath("D:\\Pictures");
-    settings_.LastPlayfilePath("D:\\Plays");
-    settings_.DelayMinimum(-1.25);
-    settings_.DelayMaximum(1e15);
-    settings_.DisplayID("12");
-    settings_.WizardMode(true);
-    settings_.ShowFullPath(true);
-    settings_.TimeZoneAdjust(-5);
+TEST_F(SettingsInfo, AddressesTheScheduleUnderItsCursor) {
+    SettingsInfoClass settings;
     for (std::int16_t number = 0; number <= 5; ++number) {
-        settings_.ScheduleNumber(number);
-        settings_.BrightnessScheduleStartTime(std::to_string(number) + ":30 PM");
-        settings_.BrightnessScheduleStopTime(std::to_string(number) + ":45 PM");
-        settings_.BrightnessScheduleBrightnessLevel(number);
+        settings.ScheduleNumber(number);
+        settings.BrightnessScheduleBrightnessLevel(number);
     }
-    EXPECT_EQ(takeErrors(), Numbers(6, 9)) << "schedules are 1 to 4";
-    settings_.SaveSettingsToDisk("any name");
-    SettingsInfoClass loaded;
-    loaded.GetSettingsFromDisk();
-    EXPECT_EQ(loaded.Value(), settings_.Value());
-    EXPECT_EQ(loaded.LastGraphicFilePath(), "D:\\Pictures");
-    EXPECT_FALSE(loaded.ShowFullPath()) << "held in memory only";
-    EXPECT_EQ(loaded.ScheduleNumber(), 1);
-    loaded.ScheduleNumber(4);
-    EXPECT_EQ(loaded.BrightnessScheduleStartTime() + loaded.BrightnessScheduleStopTime(), "4:30 PM4:45 PM");
-    EXPECT_EQ(loaded.BrightnessScheduleBrightnessLevel(), 4);
+    EXPECT_EQ(takeErrors(), (Numbers{9, 9})) << "schedules are 1 to 4";
+    settings.ScheduleNumber(4);
+    settings.BrightnessScheduleStartTime("4:30 PM");
+    EXPECT_EQ(settings.BrightnessScheduleStartTime() + settings.BrightnessScheduleStopTime(),
+              "4:30 PM12:00 AM");
+    EXPECT_EQ(settings.Value().schedules.at(2).BrightnessScheduleBrightnessLevel, 2);
 }
 
 TEST_F(SettingsInfo, LoadsForgivinglyUpToAValueThatDoesNotConvert) {
-    load("DisplayHeight=32 pixels\r\nDelayMaximum=0\r\nDelayStep=0\r\nWizardMode=tRUE\r\nBMPCrop=-1\r\n"
-         "DisplayWidth=\r\n");
-    EXPECT_EQ(settings_.DisplayHeight(), 32);
-    EXPECT_EQ(settings_.DelayMinimum(), 0);
-    EXPECT_EQ(std::pair(settings_.DelayMaximum(), settings_.DelayStep()), std::pair(10000.0, 500.0))
-        << "not 0";
-    EXPECT_TRUE(settings_.WizardMode() && settings_.BMPCrop());
-    EXPECT_EQ(settings_.DisplayWidth(), 0) << "an empty value is there";
+    const auto [values, keys, error, isThere] =
+        load("DisplayHeight=32 pixels\r\nDelayMaximum=0\r\nDelayStep=0\r\nWizardMode=tRUE\r\nBMPCrop=-1\r\n"
+             "DisplayWidth=\r\n");
+    EXPECT_TRUE(isThere && !error);
+    EXPECT_EQ(keys.size(), kPreferenceCount);
+    EXPECT_EQ(values.DisplayHeight, 32);
+    EXPECT_EQ(std::pair(values.DelayMaximum, values.DelayStep), std::pair(10000.0, 500.0)) << "not 0";
+    EXPECT_EQ(std::pair(values.DelayMinimum, values.DisplayWidth), std::pair(0.0, std::int16_t{0}))
+        << "a value that is there, and empty";
+    EXPECT_TRUE(values.WizardMode && values.BMPCrop);
     EXPECT_EQ(files().kindOf(playfiles_), EntryKind::folder);
-    load("DisplayHeight=16\r\nDisplayWidth=99999\r\nDefaultDelay=9\r\n");
+
+    SettingsInfoClass settings;
+    settings.DefaultDelay(4);
+    const auto partly = load("DisplayHeight=16\r\nDisplayWidth=99999\r\nDefaultDelay=9\r\n");
+    EXPECT_EQ(partly.error.value().key, "DisplayWidth");
+    EXPECT_EQ(partly.keysRead, (std::vector<std::string>{"LastGraphicPath", "DisplayHeight"}));
+    EXPECT_EQ(partly.values.DefaultDelay, 3);
+    settings.GetSettingsFromDisk();
     EXPECT_EQ(takeErrors(), Numbers{6});
-    EXPECT_EQ(settings_.DisplayHeight(), 16);
-    EXPECT_EQ(settings_.DefaultDelay(), 3);
+    EXPECT_EQ(std::pair(settings.DisplayHeight(), settings.DefaultDelay()),
+              (std::pair<std::int16_t, std::int16_t>(16, 4)));
 }
 
-TEST_F(SettingsInfo, TellsWhenSavingIsRefused) {
+TEST_F(SettingsInfo, ReportsWhatCannotBeSavedAsItIs) {
     const std::string folder = host_.inLibrary("elsewhere");
     WriteSetting("Vistrel3", "Settings", "AppPath", folder);
     files().makeFolders(folder);
-    settings_.WriteSetting("Key", "there");
-    files().setReadOnly(JoinPath(folder, "VistrelLite.ini"));
-    settings_.WriteSetting("Key", "not kept");
-    settings_.SaveSettingsToDisk();
+    const std::string path = PreferencesPath().value();
+    int kept = 0;
+    for (const std::string& text : {std::string(254, 'a'), std::string(255, 'a'), std::string("a \"b\" c"),
+                                    std::string(" a"), std::string("a\nb"), std::string("'a'")}) {
+        const bool readsBack = WritePreference(path, "Key", text).readsBack;
+        EXPECT_EQ(readsBack, ReadPreference(path, "Key", "") == text) << text;
+        kept += readsBack ? 1 : 0;
+    }
+    EXPECT_EQ(kept, 2);
+    SettingsInfoClass settings;
+    settings.WriteSetting("Key", "kept");
+    files().setReadOnly(path);
+    EXPECT_EQ(WritePreference(path, "Key", "refused").error.value().number(), 75);
+    settings.WriteSetting("Key", "refused");
+    settings.SaveSettingsToDisk();
     EXPECT_EQ(takeErrors(), Numbers{75}) << "but none for a single key, which interrupts nobody";
-    EXPECT_EQ(settings_.GetPrivateSetting("Key", ""), "there");
-    EXPECT_EQ(files().fileNames(), Texts{JoinPath(folder, "VistrelLite.ini")});
+    EXPECT_EQ(settings.GetPrivateSetting("Key", ""), "kept");
+    EXPECT_EQ(files().fileNames(), Texts{path});
 }
 
 TEST_F(SettingsInfo, LoadsWithoutADocumentsFolder) {
     host_.machine.specialFolders[kDocumentsFolder] = host_.inLibrary("gone");
-    load("DisplayHeight=16\r\n");
-    EXPECT_EQ(settings_.DisplayHeight(), 16);
+    SettingsInfoClass().GetSettingsFromDisk();
     EXPECT_TRUE(host_.reports.all.at(0).error.isQuiet());
     EXPECT_EQ(takeErrors(), Numbers{76}) << "only logged";
     host_.machine.specialFolders.clear();
-    load("");
-    EXPECT_EQ(settings_.LastPlayfilePath(), "");
+    EXPECT_EQ(load("").values.LastPlayfilePath, "");
 }
 
 } // namespace

@@ -62,7 +62,6 @@ TEST(ErrorLines, AreToldOnceAndBeyondTheMostOnlyCounted) {
         errors.add(beyond);
     EXPECT_EQ(errors.lines().size(), kMostErrorLines + 1);
     EXPECT_EQ(errors.lines().back(), "vistrel: and 2 more");
-    EXPECT_EQ(errors.count(), kMostErrorLines + 2) << "whoever compares sees each new one";
 }
 
 } // namespace

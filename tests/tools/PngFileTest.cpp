@@ -3,13 +3,15 @@
 #include <gtest/gtest.h>
 #include <lodepng.h>
 
+#include <vector>
+
 namespace qrtVistrelClasses4 {
 namespace {
 
 TEST(Png, HoldsThePixelsForAnyDecoder) {
     for (const std::uint32_t colors : {1U, 256U, 257U, 60000U}) {
         SCOPED_TRACE(colors);
-        PixelBuffer picture(311, 200);
+        Raster picture(311, 200);
         std::vector<unsigned char> wanted, decoded;
         for (std::uint32_t number = 0; number < 311 * 200; ++number) {
             const Color color = number % colors * 0x10203 & 0xffffff;

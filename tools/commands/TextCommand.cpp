@@ -1,6 +1,7 @@
 // vistrel text: texts of signs, and the codes in them.
 #include "commands/LegacyVariables.h"
 #include "commands/PreviewText.h"
+#include "tools/commands/StoredCommands.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Decimal.h"
 #include "tools/program/Encoding.h"
@@ -18,16 +19,28 @@ struct TextOptions {
     Decimal<std::int16_t> hours;
 };
 
-std::string previewOf(const std::string& text, const TextOptions& options, ErrorLines& errors) {
-    errors.about("the command table cannot be read or saved");
-    EveryErrorReporter reporter(errors);
-    const ScopedErrorReporter reporterScope(reporter);
-    const ScopedMoment momentScope(options.at);
-    return PreviewText(text, options.hours.value);
+/// Prints what `make` makes of the text.
+template <class Make>
+ExitCode print(const TextOptions& options, Session& session, Make make) {
+    session.errors.about("TEXT");
+    const std::optional<std::string> text = AnsiFromTyped(options.text, session.errors);
+    if (!text)
+        return ExitCode::wrongUsage;
+    session.out << Visible(Utf8FromAnsi(make(*text))) << '\n';
+    return ExitCode::done;
 }
 
-std::string converted(const std::string& text, const TextOptions&, ErrorLines&) {
-    return ConvertLegacyVariables(text);
+ExitCode preview(const TextOptions& options, Session& session) {
+    return print(options, session, [&](const std::string& text) {
+        const ScopedMoment momentScope(options.at);
+        return WithStoredCommands(session.errors, [&](const CommandTable& commands) {
+            return TextPreviews(commands, options.hours.value).of(text);
+        });
+    });
+}
+
+ExitCode convert(const TextOptions& options, Session& session) {
+    return print(options, session, ConvertLegacyVariables);
 }
 
 } // namespace
@@ -37,29 +50,17 @@ void AddTextCommand(CLI::App& program, Session& session) {
     CLI::App& text = AddCommand(program, "text", "Shows and converts the codes in texts",
                                 "vistrel text preview \"It is |h:m|\"");
     text.require_subcommand(1);
-    const auto add = [&](const char* name, auto make, const char* description, const char* example) {
-        CLI::App& command = AddCommand(text, name, description, example);
-        command.add_option("TEXT", options->text, "A text of a sign")->required();
-        command.callback([make, options, &session] {
-            session.command = [make, options, &session] {
-                session.errors.about("TEXT");
-                const std::optional<std::string> typed = AnsiFromTyped(options->text, session.errors);
-                if (!typed)
-                    return ExitCode::wrongUsage;
-                session.out << Visible(Utf8FromAnsi(make(*typed, *options, session.errors))) << '\n';
-                return ExitCode::done;
-            };
-        });
-        return &command;
-    };
-    CLI::App* previewCommand = add(
-        "preview", &previewOf, "Shows a text as the preview does, with times, dates and variables for codes",
-        R"(vistrel text preview "It is |h:m|" --at "2026-11-21 14:30")");
-    AddMomentOption(*previewCommand, options->at);
-    previewCommand->add_option("--hours", options->hours, "Hours that times are ahead of the clock")
+    CLI::App& previewCommand = AddCommand(
+        text, "preview", "Shows a text as the preview does, with times, dates and variables for codes",
+        R"(vistrel text preview "It is |h:m|" --at "2026-11-21 14:30")", session, options, &preview);
+    AddMomentOption(previewCommand, options->at);
+    previewCommand.add_option("--hours", options->hours, "Hours that times are ahead of the clock")
         ->type_name("NUMBER");
-    add("convert", &converted, "Puts the codes for placeholders of older playfiles",
-        "vistrel text convert \"It is {time}\"");
+    CLI::App& convertCommand =
+        AddCommand(text, "convert", "Puts the codes for placeholders of older playfiles",
+                   "vistrel text convert \"It is {time}\"", session, options, &convert);
+    for (CLI::App* command : {&previewCommand, &convertCommand})
+        command->add_option("TEXT", options->text, "A text of a sign")->required();
 }
 
 } // namespace qrtVistrelClasses4

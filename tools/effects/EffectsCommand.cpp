@@ -52,7 +52,7 @@ private:
 struct Effect {
     std::int16_t code;
     std::string prefixName, suffixName;
-    /// What lists show for it; none where they do not offer it.
+    /// What lists show for it; nothing if they do not offer it.
     std::optional<std::string> prefixListText, suffixListText;
     std::string_view iniKey; ///< Its switch in "NewEffects.ini"; empty for an effect without one.
 };
@@ -62,7 +62,7 @@ std::string_view iniKeyOf(std::int16_t code) {
     return found == kOptionalEffects.end() ? std::string_view() : found->iniKey;
 }
 
-/// Every code that has a name or stands in a list.
+/// Every code that has a name or is in a list.
 std::vector<Effect> allEffects() {
     EffectList prefixes, suffixes, prefixesWithoutLoop, suffixesWithoutLoop;
     FrameInfoClass playfile;
@@ -116,7 +116,7 @@ void printTable(std::ostream& out, const std::vector<Effect>& effects) {
     out << table;
 }
 
-ExitCode showEffects(bool json, Session& session) {
+ExitCode showEffects(const bool& json, Session& session) {
     const std::vector<Effect> effects = allEffects();
     if (json) {
         auto array = nlohmann::ordered_json::array();
@@ -132,13 +132,10 @@ ExitCode showEffects(bool json, Session& session) {
 } // namespace
 
 void AddEffectsCommand(CLI::App& program, Session& session) {
-    CLI::App& command =
-        AddCommand(program, "effects", "Shows the effect codes, and which of them lists offer now",
-                   "vistrel effects --home samples");
     const auto json = std::make_shared<bool>(false);
-    command.add_flag("--json", *json, "Prints an array of effects");
-    command.callback(
-        [json, &session] { session.command = [json, &session] { return showEffects(*json, session); }; });
+    AddCommand(program, "effects", "Shows the effect codes, and which of them lists offer now",
+               "vistrel effects --home samples", session, json, &showEffects)
+        .add_flag("--json", *json, "Prints an array of effects");
 }
 
 } // namespace qrtVistrelClasses4

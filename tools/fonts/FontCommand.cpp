@@ -1,15 +1,13 @@
-// vistrel font: fonts of signs, shown, made from pictures, and checked against playfiles.
+// vistrel font: shows fonts of signs, makes them from pictures, and checks them against playfiles.
 #include "frame/RuntimeError.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/ReplacementFile.h"
-#include "playfile/FrameInfoClass.h"
 #include "tools/fonts/FontGallery.h"
 #include "tools/fonts/FontNeeds.h"
 #include "tools/fonts/FontPictures.h"
 #include "tools/fonts/FontScaling.h"
 #include "tools/playfile/Opening.h"
-#include "tools/preview/FramePicture.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/FileStart.h"
@@ -24,7 +22,7 @@ using nlohmann::ordered_json;
 
 struct FontOptions {
     std::string file;
-    std::optional<DotSize> size; ///< None: that of the font.
+    std::optional<DotSize> size; ///< Otherwise that of the font.
     std::string source;
     std::string playfile;
     std::optional<Moment> at;
@@ -35,7 +33,7 @@ struct FontOptions {
     bool quiet = false;
 };
 
-/// That of the numbered font whose file has this name.
+/// Size of the numbered font whose file has this name.
 std::optional<CellSize> sizeOfNumberedFont(std::string_view name) {
     constexpr std::int16_t ordinarySign = 0;
     constexpr std::int16_t signWithOwnFont = 16;
@@ -48,7 +46,7 @@ std::optional<CellSize> sizeOfNumberedFont(std::string_view name) {
     return std::nullopt;
 }
 
-/// None after telling why.
+/// Nothing, and an error, if the file is not a font.
 std::optional<Font> loadFont(const FontOptions& options, ErrorLines& errors) {
     errors.about(options.file);
     const std::string file = FileStart(options.file, kLargestFontFile);
@@ -88,9 +86,9 @@ ExitCode show(const FontOptions& options, Session& session) {
     return ExitCode::done;
 }
 
-/// None after telling why.
+/// Nothing, and an error, if the file has no pictures of letters.
 std::optional<FontPictures> readPictures(const std::string& path, ErrorLines& errors) {
-    constexpr std::size_t largest = std::size_t{4} << 20; // twice what pictures of the largest letters take
+    constexpr std::size_t largest = std::size_t{4} << 20; // twice the size of pictures of the largest letters
     errors.about(path);
     const std::string source = FileStart(path, largest + 1);
     if (source.size() <= largest)
@@ -120,22 +118,22 @@ ExitCode make(const FontOptions& options, Session& session) {
 }
 
 bool has(const Font& font, unsigned char code) {
-    const std::int32_t offset = font.glyphOffset(static_cast<char>(code));
-    return offset >= 0 && offset < static_cast<std::int32_t>(font.store.size()) &&
-           font.store[static_cast<std::size_t>(offset)] > 0;
+    const auto offset = font.glyphOffset(static_cast<char>(code));
+    return offset && *offset >= 0 && *offset < static_cast<std::int32_t>(font.store.size()) &&
+           font.store[static_cast<std::size_t>(*offset)] > 0;
 }
 
 ExitCode check(const FontOptions& options, Session& session) {
     const std::optional<Font> font = loadFont(options, session.errors);
-    FrameInfoClass playfile;
-    if (!font || !OpenPlayfile(playfile, options.playfile, options.answers, session.errors))
+    const auto opened = font ? OpenPlayfile(options.playfile, options.answers, session.errors) : std::nullopt;
+    if (!opened)
         return ExitCode::failed;
     session.errors.about("the command table cannot be read or saved");
     const ScopedMoment moment(options.at);
     const auto needs = [&] {
         EveryErrorReporter reporter(session.errors);
         const ScopedErrorReporter scope(reporter);
-        return NeedsOf(ReadFrames(playfile));
+        return NeedsOf(opened->playfile.frames);
     }();
     Table lacking(
         {{"Code", Table::Align::right}, {"Character"}, {"Times", Table::Align::right}, {"First in"}});
@@ -166,11 +164,7 @@ void AddFontCommand(CLI::App& program, Session& session) {
                                 "vistrel font show bin/6x8.cmd");
     font.require_subcommand(1);
     const auto add = [&](const char* name, auto run, const char* description, const char* example) {
-        CLI::App& command = AddCommand(font, name, description, example);
-        command.callback([run, options, &session] {
-            session.command = [run, options, &session] { return run(*options, session); };
-        });
-        return &command;
+        return &AddCommand(font, name, description, example, session, options, run);
     };
     const auto addSize = [&](CLI::App& command, const char* description) {
         AddSizeOption(command, options->size, kLargestCellSide, description);
@@ -195,11 +189,11 @@ void AddFontCommand(CLI::App& program, Session& session) {
     addSize(*makeCommand, "Size to enlarge the letters to, a whole number of times higher");
     makeCommand->add_flag("--header", options->header,
                           "Writes size and characters, too; else a font holds the characters 32 to 127");
-    makeCommand->add_flag("--quiet", options->quiet, "Says nothing of a font that is made");
+    makeCommand->add_flag("--quiet", options->quiet, "Prints nothing when the font is made");
 
-    CLI::App* checkCommand =
-        add("check", &check, "Tells which characters a playfile needs and a font lacks, codes as in previews",
-            "vistrel font check bin/6x8.cmd --for harbour.playfile");
+    CLI::App* checkCommand = add(
+        "check", &check, "Prints which characters a playfile needs and a font lacks, codes as in previews",
+        "vistrel font check bin/6x8.cmd --for harbour.playfile");
     checkCommand->add_option("FILE", options->file, "The font")->required();
     checkCommand->add_option("--for", options->playfile, "The playfile")->required();
     addSize(*checkCommand, sizeOfFont);

@@ -9,11 +9,11 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// Letters side by side, two rows of dots in one of text, under their characters.
+/// Letters side by side below their characters. A line of text shows two rows of dots.
 class Gallery {
 public:
     explicit Gallery(int height)
-        : gap_(height > kHighestWithOwnGap ? kGapBehindLetters : 0),
+        : gap_(height > kHighestWithOwnGap ? kGapAfterLetters : 0),
           lines_((static_cast<std::size_t>(height) + 1) / 2) {}
 
     std::size_t width() const { return WidthOf(characters_); }

@@ -1,4 +1,4 @@
-// The letters of a font, for the terminal.
+// The letters of a font in the terminal.
 #pragma once
 
 #include "tools/fonts/FontPictures.h"

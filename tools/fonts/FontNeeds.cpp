@@ -1,7 +1,7 @@
 #include "tools/fonts/FontNeeds.h"
 
 #include "commands/PreviewText.h"
-#include "tools/preview/FramePicture.h"
+#include "preview/FramePainter.h"
 
 #include <string_view>
 
@@ -10,7 +10,7 @@ namespace {
 
 using Needs = std::map<unsigned char, Need>;
 
-/// Control characters are not meant to be seen.
+/// Adds the characters of a text. Control characters are not shown.
 void addNeeds(Needs& needs, std::string_view text, std::int32_t frame, std::int32_t line) {
     constexpr unsigned char firstVisible = 32;
     for (const char character : text) {

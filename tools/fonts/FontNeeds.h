@@ -9,14 +9,14 @@
 
 namespace qrtVistrelClasses4 {
 
-/// How often a character is shown, and where first; numbers from 1.
+/// How often a character is shown, and where it is shown first. Numbers start at 1.
 struct Need {
     int times = 0;
     std::int32_t frame = 0;
     std::int32_t line = 0;
 };
 
-/// Needs by character, of the frames whose texts are drawn, codes as in previews.
+/// What frames whose texts are drawn need, by character. Codes in texts are replaced as in previews.
 std::map<unsigned char, Need> NeedsOf(const OneBasedArray<FrameRecord>& frames);
 
 } // namespace qrtVistrelClasses4

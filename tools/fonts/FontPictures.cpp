@@ -37,7 +37,7 @@ private:
         return line.substr(0, line.find_last_not_of(" \t\r") + 1);
     }
 
-    bool tell(std::size_t line, const std::string& what) {
+    bool fail(std::size_t line, const std::string& what) {
         errors_.add("line " + std::to_string(line) + ": " + what);
         return false;
     }
@@ -56,7 +56,7 @@ private:
         if (line.starts_with(kSizeKeyword))
             size = SizeFromText(line.substr(kSizeKeyword.size()), kLargestCellSide);
         if (!size)
-            return tell(number, R"(has to be "size" with width and height, as in "size 6x8")");
+            return fail(number, R"(has to be "size" with width and height, as in "size 6x8")");
         font_.cell = CellSizeOf(*size);
         return true;
     }
@@ -66,10 +66,10 @@ private:
             return false;
         const auto code = NumberFromText(line.substr(0, line.find(' ')), 0, kLargestCode);
         if (!code)
-            return tell(number, R"(neither a row of dots ("#" and ".") nor the code of a letter (0 to 255))");
+            return fail(number, R"(neither a row of dots ("#" and ".") nor the code of a letter (0 to 255))");
         const auto index = static_cast<std::size_t>(*code);
         if (seen_[index])
-            return tell(number, "a second letter " + std::to_string(*code));
+            return fail(number, "a second letter " + std::to_string(*code));
         seen_.set(index);
         font_.letters.push_back({static_cast<unsigned char>(*code), number, {}});
         return true;
@@ -77,12 +77,12 @@ private:
 
     bool takeRow(std::string_view line, std::size_t number) {
         if (font_.letters.empty())
-            return tell(number, "a row of dots before the code of its letter");
+            return fail(number, "a row of dots before the code of its letter");
         Picture& rows = font_.letters.back().rows;
         if (line.find_first_not_of("#.") != line.npos)
-            return tell(number, R"(a row holds nothing but "#" and ".")");
+            return fail(number, R"(a row holds nothing but "#" and ".")");
         if (!rows.empty() && line.size() != rows.front().size())
-            return tell(number, "the row is " + std::to_string(line.size()) + " dots wide, the first " +
+            return fail(number, "the row is " + std::to_string(line.size()) + " dots wide, the first " +
                                     std::to_string(rows.front().size()));
         rows.emplace_back(line);
         return true;
@@ -94,7 +94,7 @@ private:
         const LetterPicture& letter = font_.letters.back();
         const auto height = static_cast<std::size_t>(font_.cell.height);
         return letter.rows.size() == height ||
-               tell(letter.line, "letter " + std::to_string(letter.code) + " has " +
+               fail(letter.line, "letter " + std::to_string(letter.code) + " has " +
                                      std::to_string(letter.rows.size()) + " rows, not " +
                                      std::to_string(height));
     }
@@ -104,7 +104,7 @@ private:
     std::bitset<kLargestCode + 1> seen_;
 };
 
-/// Where the dot is in a letter's record: its byte, and its bit there.
+/// The byte of a dot in the store, and its bit in that byte.
 struct DotPlace {
     std::size_t index;
     unsigned bit;
@@ -115,7 +115,7 @@ DotPlace placeOf(std::size_t offset, const Font& font, std::size_t column, std::
             leftmost >> column % kDotsInByte};
 }
 
-/// Dots beyond the letter's record or the store are dark.
+/// The picture of the letter at an offset in the store. Dots beyond its record or the store are dark.
 Picture pictureAt(const Font& font, std::size_t offset) {
     const std::size_t width = font.store[offset];
     const std::size_t end = std::min(font.store.size(), offset + static_cast<std::size_t>(font.recordSize()));
@@ -139,15 +139,14 @@ void store(Font& font, std::size_t offset, const Picture& rows) {
         }
 }
 
-/// Columns that a row of the font's letters has bytes for and that drawing asks for; 0 when drawing asks for
-/// more than there are.
+/// Columns that are drawn of a letter of this font. 0 if its rows have too few bytes for them.
 int columnsOf(const Font& font) {
     const int wanted =
         std::min((font.width + kDotsInByte - 1) / kDotsInByte * kDotsInByte, kMostDrawnColumns);
     return font.bytesPerRow() * kDotsInByte >= wanted && font.width <= kWidestDrawnCell ? wanted : 0;
 }
 
-/// Why the letter has no place in `font`; empty when it has one.
+/// Why the font cannot hold the letter. Empty if it can.
 std::string refusal(const Font& font, FontLayout layout, const LetterPicture& letter) {
     const std::string name = "letter " + std::to_string(letter.code);
     const int columns = columnsOf(font);
@@ -222,7 +221,7 @@ std::optional<Font> FontOf(const FontPictures& pictures, FontLayout layout, Erro
             errors.add("line " + std::to_string(letter.line) + ": " + why);
             return std::nullopt;
         }
-        const std::int32_t offset = font.glyphOffset(static_cast<char>(letter.code));
+        const auto offset = font.glyphOffset(static_cast<char>(letter.code)).value();
         store(font, static_cast<std::size_t>(offset), letter.rows);
     }
     return font;

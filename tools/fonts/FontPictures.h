@@ -1,4 +1,4 @@
-// The letters of a font as pictures in a text, where people draw them.
+// The letters of a font as text pictures, for people to draw.
 #pragma once
 
 #include "fonts/FontFile.h"
@@ -17,12 +17,12 @@ namespace qrtVistrelClasses4 {
 inline constexpr char kLitDot = '#';
 inline constexpr char kDarkDot = '.';
 
-/// Rows of dots from the top, as many characters each as the letter is wide.
+/// Rows of dots from the top, each as many characters long as the letter is wide.
 using Picture = std::vector<std::string>;
 
 struct LetterPicture {
     unsigned char code = 0;
-    std::size_t line = 0; ///< Of the text that it was read from, from 1.
+    std::size_t line = 0; ///< Line number in the text that it was read from, from 1.
     Picture rows;
 };
 
@@ -31,29 +31,29 @@ struct FontPictures {
     std::vector<LetterPicture> letters;
 };
 
-/// The largest cell that a font can have is as wide and as high.
+/// Largest width and height of a font's cell.
 inline constexpr std::int16_t kLargestCellSide = 255;
 
-/// `size` is one up to `kLargestCellSide`.
+/// Both sides of `size` must be at most `kLargestCellSide`.
 constexpr CellSize CellSizeOf(DotSize size) {
     return {static_cast<std::int16_t>(size.width), static_cast<std::int16_t>(size.height)};
 }
 
-/// None after telling of the first line that is wrong.
+/// Reads the pictures of a font. Nothing, and an error about the first wrong line, if there is one.
 std::optional<FontPictures> ReadFontPictures(std::string_view text, ErrorLines& errors);
-/// What reads back as `font`.
+/// The text that reads back as `font`.
 std::string FontPicturesText(const FontPictures& font);
 
-/// Every letter of a font that can be drawn and is at least a dot wide.
+/// The letters of a font that can be drawn and are at least one dot wide.
 FontPictures PicturesOf(const Font& font);
 
 enum class FontLayout {
-    sized, ///< Characters 32 to 127; those without a picture have no dots and no width, but the gap of high
+    sized, ///< Characters 32 to 127. Those without a picture have no dots, and no width but the gap of high
            ///< fonts.
-    header ///< The characters that there are pictures of.
+    header ///< The characters that have a picture.
 };
 
-/// None after telling what no font of that layout can hold.
+/// Makes a font. Nothing, and an error, if no font of that layout can hold the pictures.
 std::optional<Font> FontOf(const FontPictures& pictures, FontLayout layout, ErrorLines& errors);
 
 } // namespace qrtVistrelClasses4

@@ -21,8 +21,8 @@ bool isLit(const Picture& letter, int column, int row) {
            letter[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)] == kLitDot;
 }
 
-/// What a lit dot becomes: a block, or where the stroke goes on slanted, a round joint and halves of the
-/// slanted strokes, which those of their other ends complete.
+/// What a lit dot becomes: a block, or a round joint with halves of slanted strokes. The dots at their other
+/// ends draw the other halves.
 class Joint {
 public:
     Joint(const Picture& letter, int column, int row, int factor) : radius_(factor) {
@@ -35,12 +35,12 @@ public:
                 corners_.push_back(corner);
     }
 
-    /// Whether it covers the point `x` right of and `y` below its middle, in halves of a dot.
+    /// Whether the joint covers the point `x` right of its middle and `y` below it, in halves of a dot.
     bool covers(int x, int y) const {
         return (std::abs(x) <= radius_ && std::abs(y) <= radius_ && coversInBlock(x, y)) ||
                std::ranges::any_of(corners_, [&](Step corner) {
                    const int along = x * corner.x + y * corner.y;
-                   const int across = x * corner.x - y * corner.y; // both are longer by the root of 2
+                   const int across = x * corner.x - y * corner.y; // both are longer by the square root of 2
                    return along >= 0 && along <= 2 * radius_ && across * across <= 2 * radius_ * radius_;
                });
     }

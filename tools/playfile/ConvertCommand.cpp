@@ -1,16 +1,14 @@
 // vistrel convert: playfiles of the older format saved as current ones, many at once.
+#include "frame/Traced.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
-#include "platform/posix/StandardStreams.h"
 #include "tools/playfile/Opening.h"
 #include "tools/playfile/Saving.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <iostream>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
@@ -21,8 +19,7 @@ struct ConvertOptions {
     std::string to;
 };
 
-/// Counts on the terminal while the files are converted, and leaves nothing of it. A message on the way is
-/// written over it.
+/// Counts on the terminal while the files are converted, and leaves no trace there.
 class Progress {
 public:
     explicit Progress(std::size_t total) : total_(total) {}
@@ -37,15 +34,13 @@ public:
 private:
     void show(const std::string& text) const {
         if (isWatched_)
-            std::cerr << text << std::flush;
+            (void)platform().console().write(StandardStream::error, text);
     }
 
-    bool isWatched_ = IsTerminal(StandardStream::error);
+    bool isWatched_ = platform().console().isTerminal(StandardStream::error);
     std::size_t current_ = 0;
     std::size_t total_;
 };
-
-enum class Conversion { complete, partial, failed };
 
 /// Name of the current playfile that the older one `file` becomes.
 std::string targetOf(const std::string& file, const std::string& folder) {
@@ -57,42 +52,25 @@ std::string targetOf(const std::string& file, const std::string& folder) {
     return JoinPath(folder, std::string(name) + ".playfile");
 }
 
-/// Links that lead nowhere count: what they name must not be made either.
-bool isThere(const std::string& path) {
-    std::error_code unknown;
-    return std::filesystem::exists(std::filesystem::symlink_status(path, unknown));
-}
+struct Counts {
+    std::size_t converted = 0;
+    std::size_t incomplete = 0; ///< Of those.
+};
 
-Conversion convertFile(const std::string& from, const std::string& to, Session& session) {
-    ErrorLines& errors = session.errors;
-    const std::size_t errorsBefore = errors.count();
-    FrameInfoClass playfile;
-    playfile.SetSuppressMessages(true); // whoever converts wants to go on
-    if (!OpenPlayfile(playfile, from, {}, errors))
-        return Conversion::failed;
-    if (!playfile.IsLegacy()) {
-        errors.add("not converted: it is a current playfile already");
-        return Conversion::failed;
-    }
-    if (isThere(to)) {
-        errors.add("not converted: " + to + " is there already");
-        return Conversion::failed;
-    }
-    if (SavePlayfile(playfile, to, {}, session) != ExitCode::done)
-        return Conversion::failed;
-    const std::int16_t count = playfile.TotalFrames();
-    session.out << Visible(from + " -> " + to) << "; " << count << (count == 1 ? " frame\n" : " frames\n");
-    return errors.count() == errorsBefore ? Conversion::complete : Conversion::partial;
-}
-
-/// What one file throws does not keep the next from being converted.
-Conversion tryToConvert(const std::string& from, const std::string& to, Session& session) {
-    try {
-        return convertFile(from, to, session);
-    } catch (...) {
-        session.errors.add(CurrentError());
-        return Conversion::failed;
-    }
+/// Counts the file if it becomes `to`; otherwise the reason goes to the session's errors.
+void convertFile(const std::string& from, const std::string& to, Counts& counts, Session& session) {
+    const auto opened = OpenPlayfile(from, {.yes = true}, session.errors); // whoever converts wants to go on
+    if (!opened)
+        return;
+    if (!opened->playfile.isLegacy)
+        return session.errors.add("not converted: it is a current playfile already");
+    if (platform().files().hasEntry(to)) // what a link that leads nowhere names must not be made either
+        return session.errors.add("not converted: " + to + " is there already");
+    if (!SaveOpened(*opened, to, {.no = true}, session)) // files that it refers to stay where they are
+        return;
+    ++counts.converted;
+    counts.incomplete += opened->isComplete ? 0 : 1;
+    session.out << Visible(from + " -> " + to) << "; " << Counted(opened->framesRead, "frame") << '\n';
 }
 
 ExitCode convert(const ConvertOptions& options, Session& session) {
@@ -100,42 +78,39 @@ ExitCode convert(const ConvertOptions& options, Session& session) {
     FileSystem& files = platform().files();
     if (files.kindOf(options.to) != EntryKind::folder)
         Check(files.createFolder(options.to));
-    std::size_t converted = 0;
-    std::size_t partial = 0;
+    const std::size_t total = options.files.size();
+    Counts counts;
     {
-        Progress progress(options.files.size());
+        Progress progress(total);
         for (const std::string& file : options.files) {
             progress.startNext();
-            const Conversion result = tryToConvert(file, targetOf(file, options.to), session);
-            converted += result != Conversion::failed ? 1 : 0;
-            partial += result == Conversion::partial ? 1 : 0;
+            const auto error =
+                ErrorOf([&] { convertFile(file, targetOf(file, options.to), counts, session); });
+            if (error) // the other files can be converted all the same
+                session.errors.add(*error);
         }
     }
-    const std::size_t total = options.files.size();
-    session.out << "Converted " << converted << " of " << total << (total == 1 ? " file" : " files");
-    if (partial > 0)
-        session.out << ", " << partial << " of them not completely";
+    session.out << "Converted " << counts.converted << " of " << Counted(total, "file");
+    if (counts.incomplete > 0)
+        session.out << ", " << counts.incomplete << " of them not completely";
     session.out << '\n';
-    return converted == total && partial == 0 ? ExitCode::done : ExitCode::failed;
+    return counts.converted == total && counts.incomplete == 0 ? ExitCode::done : ExitCode::failed;
 }
 
 } // namespace
 
 void AddConvertCommand(CLI::App& program, Session& session) {
+    const auto options = std::make_shared<ConvertOptions>();
     CLI::App& command =
         AddCommand(program, "convert", "Saves playfiles of the older format (PL2) as current ones",
-                   "vistrel convert old/*.PL2 --to new");
-    const auto options = std::make_shared<ConvertOptions>();
-    command.add_option("FILES", options->files, "The playfiles; bad ones are told and passed over")
+                   "vistrel convert old/*.PL2 --to new", session, options, &convert);
+    command.add_option("FILES", options->files, "The playfiles; bad ones are reported and left out")
         ->required();
     command
         .add_option("--to", options->to,
                     "Folder for the new ones, which end in .playfile; made when it is missing. Files that "
                     "are there already are left alone")
         ->required();
-    command.callback([options, &session] {
-        session.command = [options, &session] { return convert(*options, session); };
-    });
 }
 
 } // namespace qrtVistrelClasses4

@@ -1,5 +1,5 @@
 // vistrel export: the frames of a playfile for other tools.
-#include "playfile/FrameInfoClass.h"
+#include "playfile/XmlExport.h"
 #include "tools/playfile/Opening.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
@@ -14,33 +14,30 @@ struct ExportOptions {
 };
 
 ExitCode exportXml(const ExportOptions& options, Session& session) {
-    FrameInfoClass playfile;
-    if (!OpenPlayfile(playfile, options.file, options.answers, session.errors))
+    const auto opened = OpenPlayfile(options.file, options.answers, session.errors);
+    if (!opened)
         return ExitCode::failed;
-    const std::string& name = options.out.empty() ? options.file : options.out;
-    session.errors.about(name + ".xml");
-    if (!playfile.WriteXMLToDisk(name)) {
-        session.errors.add("not written");
+    const std::string path = (options.out.empty() ? options.file : options.out) + kXmlEnding;
+    session.errors.about(path);
+    if (const auto error = ExportXml(opened->playfile, path)) {
+        session.errors.add("not written: " + TextOf(*error));
         return ExitCode::failed;
     }
-    session.out << Visible(name + ".xml") << '\n';
+    session.out << Visible(path) << '\n';
     return ExitCode::done;
 }
 
 } // namespace
 
 void AddExportCommand(CLI::App& program, Session& session) {
+    const auto options = std::make_shared<ExportOptions>();
     CLI::App& command =
         AddCommand(program, "export", "Writes the frames of a playfile as XML for other tools",
-                   "vistrel export harbour.playfile --out harbour");
-    const auto options = std::make_shared<ExportOptions>();
+                   "vistrel export harbour.playfile --out harbour", session, options, &exportXml);
     command.add_option("FILE", options->file, "The playfile")->required();
     command.add_option("--out", options->out,
                        "Name to write to, without the \".xml\" that is added; else the playfile's own");
     AddAnswerOptions(command, options->answers);
-    command.callback([options, &session] {
-        session.command = [options, &session] { return exportXml(*options, session); };
-    });
 }
 
 } // namespace qrtVistrelClasses4

@@ -52,7 +52,7 @@ struct FramesOptions {
     FrameNumber at, from, to;
     FrameRange frames;
     std::string other;
-    std::optional<FrameRange> framesOfOther; ///< None: all.
+    std::optional<FrameRange> framesOfOther; ///< All of them if it is empty.
 };
 
 /// A number is checked before any frame moves.
@@ -66,7 +66,8 @@ bool isWithin(const char* argument, std::int32_t number, std::int32_t last, Erro
     return false;
 }
 
-bool isWithin(const char* argument, const FrameRange& range, FrameInfoClass& playfile, ErrorLines& errors) {
+bool isWithin(const char* argument, const FrameRange& range, const FrameInfoClass& playfile,
+              ErrorLines& errors) {
     const std::int32_t last = playfile.TotalFrames();
     if (!isWithin(argument, range.first, last, errors) || !isWithin(argument, range.last, last, errors))
         return false;
@@ -75,36 +76,44 @@ bool isWithin(const char* argument, const FrameRange& range, FrameInfoClass& pla
     return range.first <= range.last;
 }
 
-/// Whether `count` frames more may go in at `at`, which may be one behind the last frame. The library would
+/// Whether `count` frames more may go in at `at`, which may be one after the last frame. The library would
 /// leave out what passes the limit.
-bool isRoomAt(std::int32_t at, std::int32_t count, FrameInfoClass& playfile, ErrorLines& errors) {
+bool isRoomAt(std::int32_t at, std::int32_t count, const FrameInfoClass& playfile, ErrorLines& errors) {
     const std::int32_t last = playfile.TotalFrames();
     if (!isWithin("AT", at, last + 1, errors))
         return false;
     const std::int32_t allowed = playfile.TotalFramesAllowed();
-    if (last + count <= allowed)
-        return true;
-    errors.add("there would be " + std::to_string(last + count) + " frames, but at most " +
-               std::to_string(allowed) + " are allowed");
-    return false;
+    if (last + count > allowed)
+        errors.add("there would be " + std::to_string(last + count) + " frames, but at most " +
+                   std::to_string(allowed) + " are allowed");
+    return last + count <= allowed;
 }
 
-std::shared_ptr<FrameInfoClass> copyOf(const FrameRange& range, FrameInfoClass& playfile) {
-    std::shared_ptr<FrameInfoClass> clipboard;
+/// Puts copies of frames of `source` in at `AT`. Returns false, and adds the reason to `errors`, if that
+/// cannot be done.
+bool putIn(FrameInfoClass& playfile, const FrameRange& range, FrameInfoClass& source,
+           const FramesOptions& options, ErrorLines& errors) {
+    if (!isWithin("FRAMES", range, source, errors))
+        return false;
+    errors.about(options.file);
+    if (!isRoomAt(options.at.value, range.count(), playfile, errors))
+        return false;
     std::int16_t first = NarrowToInt16(range.first);
     std::int16_t last = NarrowToInt16(range.last);
-    playfile.CopyInfo(first, last, clipboard);
-    return clipboard;
+    std::shared_ptr<FrameInfoClass> clipboard;
+    source.CopyInfo(first, last, clipboard);
+    playfile.PasteInfo(NarrowToInt16(options.at.value), clipboard.get());
+    return true;
 }
 
-// The edits. Each tells what it has done, or adds an error.
+// The edits. Each returns what it has done, or adds an error.
 
 std::string insertFrame(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
     if (!isRoomAt(options.at.value, 1, playfile, errors))
         return {};
-    bool behindLast = options.at.value > playfile.TotalFrames();
-    playfile.CurrentFrame(behindLast ? playfile.TotalFrames() : NarrowToInt16(options.at.value));
-    playfile.InsertFrame(behindLast);
+    bool isAfterLast = options.at.value > playfile.TotalFrames();
+    playfile.CurrentFrame(isAfterLast ? playfile.TotalFrames() : NarrowToInt16(options.at.value));
+    playfile.InsertFrame(isAfterLast);
     return "inserted frame " + std::to_string(options.at.value);
 }
 
@@ -113,8 +122,8 @@ std::string deleteFrames(FrameInfoClass& playfile, const FramesOptions& options,
         return {};
     std::int16_t first = NarrowToInt16(options.frames.first);
     std::int16_t last = NarrowToInt16(options.frames.last);
-    std::shared_ptr<FrameInfoClass> clipboard;
-    playfile.CutInfo(first, last, clipboard);
+    std::shared_ptr<FrameInfoClass> cutOut;
+    playfile.CutInfo(first, last, cutOut);
     return "deleted " + text(options.frames);
 }
 
@@ -128,48 +137,43 @@ std::string moveFrame(FrameInfoClass& playfile, const FramesOptions& options, Er
 }
 
 std::string copyFrames(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
-    if (!isWithin("FRAMES", options.frames, playfile, errors) ||
-        !isRoomAt(options.at.value, options.frames.count(), playfile, errors))
+    if (!putIn(playfile, options.frames, playfile, options, errors))
         return {};
-    playfile.PasteInfo(NarrowToInt16(options.at.value), copyOf(options.frames, playfile).get());
     return "copied " + text(options.frames) + " to " + std::to_string(options.at.value);
 }
 
 std::string pasteFrames(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
+    const auto opened = OpenPlayfile(options.other, options.answers, errors);
+    if (!opened)
+        return {};
     FrameInfoClass other;
-    if (!OpenPlayfile(other, options.other, options.answers, errors))
-        return {};
+    other.Adopt(opened->playfile);
     const FrameRange range = options.framesOfOther.value_or(FrameRange(1, other.TotalFrames()));
-    if (!isWithin("FRAMES", range, other, errors))
+    if (!putIn(playfile, range, other, options, errors))
         return {};
-    const std::shared_ptr<FrameInfoClass> clipboard = copyOf(range, other);
-    errors.about(options.file);
-    if (!isRoomAt(options.at.value, range.count(), playfile, errors))
-        return {};
-    playfile.PasteInfo(NarrowToInt16(options.at.value), clipboard.get());
     return "pasted " + text(range) + " of " + options.other + " at " + std::to_string(options.at.value);
 }
 
-using Edit = decltype(&insertFrame);
-
-ExitCode editFrames(Edit edit, const FramesOptions& options, Session& session) {
-    FrameInfoClass playfile;
-    if (!OpenPlayfile(playfile, options.file, options.answers, session.errors))
+template <auto edit>
+ExitCode editFrames(const FramesOptions& options, Session& session) {
+    auto opened = OpenPlayfile(options.file, options.answers, session.errors);
+    if (!opened)
         return ExitCode::failed;
+    FrameInfoClass playfile;
+    playfile.Adopt(std::move(opened->playfile));
     const std::string done = edit(playfile, options, session.errors);
     if (!session.errors.empty())
         return ExitCode::failed;
     const std::string& name = options.out.empty() ? options.file : options.out;
-    const ExitCode code = SavePlayfile(playfile, name, options.answers, session);
-    if (code != ExitCode::done)
-        return code;
+    opened->playfile = playfile.Value();
+    if (!SaveOpened(*opened, name, options.answers, session))
+        return ExitCode::failed;
     const std::int16_t count = playfile.TotalFrames();
     if (options.json)
         session.out << JsonText({{"file", name}, {"done", done}, {"TotalFrames", count}}) << '\n';
     else
-        session.out << Visible(name + ": " + done) << "; " << count << (count == 1 ? " frame" : " frames")
-                    << " now\n";
-    return code;
+        session.out << Visible(name + ": " + done) << "; " << Counted(count, "frame") << " now\n";
+    return ExitCode::done;
 }
 
 } // namespace
@@ -184,18 +188,14 @@ void AddFramesCommand(CLI::App& program, Session& session) {
         .add_option(
             "FILE", options->file,
             "The playfile; saved in place unless --out names another file. Files that it names and that "
-            "are found only beside it are saved under that place")
+            "are found only beside it are saved with that place")
         ->required();
     frames.add_option("--out", options->out, "The file to save; one that is there is replaced");
     AddAnswerOptions(frames, options->answers);
     frames.add_flag("--json", options->json, "Prints the file, what was done and the number of frames");
 
-    const auto add = [&](const char* name, Edit edit, const char* description, const char* example) {
-        CLI::App& command = AddCommand(frames, name, description, example);
-        command.callback([edit, options, &session] {
-            session.command = [edit, options, &session] { return editFrames(edit, *options, session); };
-        });
-        return &command;
+    const auto add = [&](const char* name, auto run, const char* description, const char* example) {
+        return &AddCommand(frames, name, description, example, session, options, run);
     };
     const auto takeAt = [&](CLI::App* command) {
         command
@@ -207,22 +207,22 @@ void AddFramesCommand(CLI::App& program, Session& session) {
         command->add_option("FRAMES", options->frames, "One frame, as 4, or several, as 3-5")->required();
     };
 
-    takeAt(add("insert", &insertFrame, "Makes room for an empty frame",
+    takeAt(add("insert", &editFrames<insertFrame>, "Makes room for an empty frame",
                "vistrel frames harbour.playfile insert 3"));
-    takeFrames(add("delete", &deleteFrames, "Takes frames out; the only frame is emptied instead",
+    takeFrames(add("delete", &editFrames<deleteFrames>, "Takes frames out; the only frame is emptied instead",
                    "vistrel frames harbour.playfile delete 3-5"));
-    CLI::App* move = add("move", &moveFrame, "Moves a frame to the place of another",
+    CLI::App* move = add("move", &editFrames<moveFrame>, "Moves a frame to the place of another",
                          "vistrel frames harbour.playfile move 2 5");
     move->add_option("FROM", options->from, "Number of the frame, from 1")->required();
     move->add_option("TO", options->to, "Number that it has then")->required();
     CLI::App* copy =
-        add("copy", &copyFrames,
+        add("copy", &editFrames<copyFrames>,
             "Puts copies of frames elsewhere; merging of lines and their fixed number are not copied",
             "vistrel frames harbour.playfile copy 3-5 10");
     takeFrames(copy);
     takeAt(copy);
     CLI::App* paste = add(
-        "paste", &pasteFrames,
+        "paste", &editFrames<pasteFrames>,
         "Puts copies of another playfile's frames in; merging of lines and their fixed number are not copied",
         "vistrel frames harbour.playfile paste plant.playfile 1 --frames 3-5");
     paste->add_option("OTHER", options->other, "The other playfile")->required();

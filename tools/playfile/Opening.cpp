@@ -1,44 +1,61 @@
 #include "tools/playfile/Opening.h"
 
-#include "frame/RuntimeError.h"
-#include "playfile/LegacyFormat.h"
+#include "playfile/OperatorQuestions.h"
 
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// Tells why an opened file of the older format has not given all its frames, where the library keeps silent.
-void explainLegacyPlayfile(FrameInfoClass& playfile, bool isOpen, bool saidNo, ErrorLines& errors) {
-    const auto file = platform().files().openToRead(playfile.CurrentFileName());
-    if (!file)
-        return; // has been told
-    if (!HasLegacyMark(*file.value())) {
+void addMissingFrames(const LoadOutcome& outcome, ErrorLines& errors) {
+    if (outcome.framesRead < outcome.framesAnnounced)
+        errors.add("only the first " + std::to_string(outcome.framesRead) + " of " +
+                   std::to_string(outcome.framesAnnounced) + " frames could be read");
+}
+
+/// Whether to go on with a playfile of the older format.
+bool goesOn(const LoadOutcome& outcome, const AnswerOptions& options, ErrorLines& errors) {
+    if (outcome.error)
+        return false;
+    if (!outcome.legacy->hasMark) {
         errors.add(kNoLegacyMark);
-        return;
+        return false;
     }
-    if (saidNo)
+    if (!Answer(options, AskWhetherToOpenLegacyPlayfile)) {
         errors.add("not opened: it is of the older format (PL2), and the question whether to go on was "
                    "answered with no; --yes answers it with yes");
-    if (!isOpen)
-        return;
-    const LegacyExtent extent = ExtentOf(*file.value());
-    const auto frames = static_cast<std::uint64_t>(playfile.TotalFrames());
-    if (frames < extent.records)
-        errors.add("only the first " + std::to_string(frames) + " of " + std::to_string(extent.records) +
-                   " frames could be read");
-    if (extent.bytesAfter > 0)
-        errors.add("the last " + std::to_string(extent.bytesAfter) + " bytes are no whole frame");
+        return false;
+    }
+    addMissingFrames(outcome, errors);
+    if (const std::uint64_t count = outcome.legacy->bytesAfterRecords; count > 0)
+        errors.add("the last " + std::to_string(count) + " bytes are no whole frame");
+    return true;
+}
+
+std::optional<LoadOutcome> open(const std::string& name, const AnswerOptions& options, ErrorLines& errors) {
+    errors.about(name);
+    LoadOutcome outcome = LoadPlayfile(name);
+    if (outcome.error)
+        errors.add(*outcome.error);
+    if (outcome.playfile.isLegacy && !goesOn(outcome, options, errors))
+        return std::nullopt;
+    return outcome;
 }
 
 } // namespace
 
-bool OpenPlayfile(FrameInfoClass& playfile, const std::string& name, const AnswerOptions& options,
-                  ErrorLines& errors) {
-    errors.about(name);
-    const Answers answers(options);
-    const bool isOpen = playfile.GetPlayfileFromDisk(name);
-    if (playfile.IsLegacy())
-        explainLegacyPlayfile(playfile, isOpen, answers.saidNo(), errors);
-    return isOpen;
+std::optional<LoadOutcome> OpenPlayfile(const std::string& name, const AnswerOptions& options,
+                                        ErrorLines& errors) {
+    std::optional<LoadOutcome> outcome = open(name, options, errors);
+    if (outcome && outcome->error)
+        outcome.reset();
+    return outcome;
+}
+
+std::optional<LoadOutcome> OpenWholeFrames(const std::string& name, const AnswerOptions& options,
+                                           ErrorLines& errors) {
+    std::optional<LoadOutcome> outcome = open(name, options, errors);
+    if (outcome && outcome->error)
+        addMissingFrames(*outcome, errors);
+    return outcome;
 }
 
 } // namespace qrtVistrelClasses4

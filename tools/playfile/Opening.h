@@ -1,10 +1,11 @@
 // Opening a playfile, with the question that one of the older format asks.
 #pragma once
 
-#include "playfile/FrameInfoClass.h"
+#include "playfile/LoadPlayfile.h"
 #include "tools/program/Answers.h"
 #include "tools/program/ErrorLines.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,9 +14,15 @@ namespace qrtVistrelClasses4 {
 inline constexpr std::string_view kNoLegacyMark =
     "not a playfile of the older format (PL2): it does not start with \"PLWREV 1.50\"";
 
-/// Opens the file `name`; a failure goes to `errors`, which are about the file then. So do frames of the
-/// older format that could not be read, although the others are there and the result is true.
-bool OpenPlayfile(FrameInfoClass& playfile, const std::string& name, const AnswerOptions& options,
-                  ErrorLines& errors);
+/// Reads the file `name`. What is wrong with it goes to `errors`, which are about the file afterwards.
+/// Returns nothing if it could not be read to its end, or if it is of the older format and the answer is no.
+/// Frames of the older format that could not be read are errors, too, but the others are returned.
+std::optional<LoadOutcome> OpenPlayfile(const std::string& name, const AnswerOptions& options,
+                                        ErrorLines& errors);
+
+/// The same, but a current playfile is returned even if it could not be read to its end, with the frames that
+/// could.
+std::optional<LoadOutcome> OpenWholeFrames(const std::string& name, const AnswerOptions& options,
+                                           ErrorLines& errors);
 
 } // namespace qrtVistrelClasses4

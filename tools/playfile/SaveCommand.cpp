@@ -1,5 +1,4 @@
 // vistrel save: a playfile under another name.
-#include "playfile/FrameInfoClass.h"
 #include "tools/playfile/Opening.h"
 #include "tools/playfile/Saving.h"
 #include "tools/program/Commands.h"
@@ -14,23 +13,20 @@ struct SaveOptions {
 };
 
 ExitCode save(const SaveOptions& options, Session& session) {
-    FrameInfoClass playfile;
-    if (!OpenPlayfile(playfile, options.from, options.answers, session.errors))
-        return ExitCode::failed;
-    return SavePlayfile(playfile, options.to, options.answers, session);
+    const auto opened = OpenPlayfile(options.from, options.answers, session.errors);
+    return opened && SaveOpened(*opened, options.to, options.answers, session) ? ExitCode::done
+                                                                               : ExitCode::failed;
 }
 
 } // namespace
 
 void AddSaveCommand(CLI::App& program, Session& session) {
-    CLI::App& command = AddCommand(program, "save", "Opens a playfile and saves it under another name",
-                                   "vistrel save harbour.playfile pier.playfile");
     const auto options = std::make_shared<SaveOptions>();
+    CLI::App& command = AddCommand(program, "save", "Opens a playfile and saves it under another name",
+                                   "vistrel save harbour.playfile pier.playfile", session, options, &save);
     command.add_option("IN", options->from, "The playfile to open")->required();
     command.add_option("OUT", options->to, "The file to save; one that is there is replaced")->required();
     AddAnswerOptions(command, options->answers);
-    command.callback(
-        [options, &session] { session.command = [options, &session] { return save(*options, session); }; });
 }
 
 } // namespace qrtVistrelClasses4

@@ -1,28 +1,31 @@
 #include "tools/playfile/Saving.h"
 
 #include "playfile/LegacyFormat.h"
-#include "tools/playfile/LegacyLosses.h"
+#include "playfile/OperatorQuestions.h"
+#include "playfile/SavePlayfile.h"
+#include "tools/program/Encoding.h"
 
 namespace qrtVistrelClasses4 {
 
-ExitCode SavePlayfile(FrameInfoClass& playfile, const std::string& to, const AnswerOptions& options,
-                      Session& session) {
-    const Answers answers(options);
+bool SaveOpened(const LoadOutcome& opened, const std::string& to, const AnswerOptions& options,
+                Session& session) {
     session.errors.about(to);
     if (HasLegacyEnding(to)) {
         session.errors.add(
             "not saved: a name that ends in PL2 is for the older format, which cannot be saved");
-        return ExitCode::failed;
+        return false;
     }
-    const std::string from = playfile.CurrentFileName();
-    const bool isConverted = playfile.IsLegacy();
-    if (!playfile.WritePlayfileToDisk(to)) {
-        session.errors.add("not saved");
-        return ExitCode::failed;
+    const SaveOutcome saved = SavePlayfile(
+        opened.playfile, to, {.wantsCopies = [&] { return Answer(options, AskWhetherToCopyFiles); }});
+    if (saved.error) {
+        session.errors.add("not saved: " + TextOf(*saved.error));
+        return false;
     }
-    if (isConverted)
-        PrintLegacyLosses(from, playfile.TotalFrames(), session);
-    return ExitCode::done;
+    if (opened.legacy)
+        for (const auto& [frame, text] : opened.legacy->losses)
+            session.out << Visible(opened.playfile.fileName) << ": frame " << frame << " loses its "
+                        << VisibleAnsi(text) << '\n';
+    return true;
 }
 
 } // namespace qrtVistrelClasses4

@@ -1,7 +1,7 @@
 // Saving a playfile, with the answer to the question that it may ask.
 #pragma once
 
-#include "playfile/FrameInfoClass.h"
+#include "playfile/LoadPlayfile.h"
 #include "tools/program/Answers.h"
 #include "tools/program/Commands.h"
 
@@ -9,9 +9,9 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Saves `playfile` as the file `to`; a failure goes to the session's errors. What one of the older format
-/// loses by it is printed.
-ExitCode SavePlayfile(FrameInfoClass& playfile, const std::string& to, const AnswerOptions& options,
-                      Session& session);
+/// Saves an opened playfile as the file `to`, and prints what one of the older format loses by it. Returns
+/// false, and adds the reason to the session's errors, if it cannot be saved.
+bool SaveOpened(const LoadOutcome& opened, const std::string& to, const AnswerOptions& options,
+                Session& session);
 
 } // namespace qrtVistrelClasses4

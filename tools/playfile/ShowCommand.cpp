@@ -1,6 +1,5 @@
 // vistrel show: the frames of a playfile.
-#include "playfile/FrameInfoClass.h"
-#include "tools/playfile/FrameJson.h"
+#include "playfile/Effects.h"
 #include "tools/playfile/Opening.h"
 #include "tools/program/Commands.h"
 #include "tools/program/JsonText.h"
@@ -9,13 +8,13 @@
 
 #include <array>
 #include <limits>
-#include <string_view>
-#include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
 using nlohmann::ordered_json;
+
+constexpr const char* kLineCount = "TotalLinesAllowed"; // no member of a frame has it
 
 struct ShowOptions {
     std::string file;
@@ -24,36 +23,55 @@ struct ShowOptions {
     AnswerOptions answers;
 };
 
-std::string kindName(const ordered_json& frame) {
+std::string kindName(const FrameRecord& frame) {
     constexpr std::array names{"Blank", "Graphic", "Text", "Graphic/Text", "Command"};
     static_assert(static_cast<std::size_t>(NEW_FRAME_TYPES::FRAME_CMD) == names.size() - 1);
-    const auto kind = frame["FrameType"].get<std::int32_t>();
+    const auto kind = static_cast<std::int32_t>(KindOf(frame));
     return kind >= 0 && kind < static_cast<std::int32_t>(names.size()) ? names[static_cast<std::size_t>(kind)]
                                                                        : std::to_string(kind);
 }
 
-/// `name`, or the code where it has none.
-std::string effectName(const std::string& name, std::int16_t code) {
-    return name.empty() ? std::to_string(code) : name;
-}
-std::string appearName(FrameInfoClass& names, const ordered_json& frame) {
-    const auto code = frame["PrefixCode"].get<std::int16_t>();
-    return effectName(names.ConvertPrefixCodeToString(code), code);
-}
-std::string disappearName(FrameInfoClass& names, const ordered_json& frame) {
-    const auto code = frame["SuffixCode"].get<std::int16_t>();
-    return effectName(names.ConvertSuffixCodeToString(code), code);
+/// The name of an effect, or its code if it has none.
+std::string effectName(std::optional<std::string> (*nameOf)(std::int16_t), std::int16_t code) {
+    return nameOf(code).value_or(std::to_string(code));
 }
 
-std::string flags(const ordered_json& line) {
+/// What the number in a property means; "" for a property that needs no explanation.
+template <class Row>
+std::string meaningOf(const Row&, const FrameRecord& frame) {
+    if constexpr (std::is_same_v<Row, RowOf<&FrameRecord::FrameType>>)
+        return kindName(frame);
+    else if constexpr (std::is_same_v<Row, RowOf<&FrameRecord::PrefixCode>>)
+        return effectName(PrefixName, frame.PrefixCode);
+    else if constexpr (std::is_same_v<Row, RowOf<&FrameRecord::SuffixCode>>)
+        return effectName(SuffixName, frame.SuffixCode);
+    else
+        return {};
+}
+
+/// The names of the flags that are on.
+std::string flagsOf(const LineRecord& line) {
     std::string result;
-    for (const char* flag : {"Scrolling", "Blinking", "Inverse", "Merge"})
-        if (line[flag].get<bool>())
-            (result += result.empty() ? "" : ", ") += flag;
+    ForEachProperty(line, kLineMembers, [&]<class Row>(const std::string& name, const Row& row, const auto&) {
+        if constexpr (std::is_same_v<typename Row::Value, bool>)
+            if (row.get(line))
+                (result += result.empty() ? "" : ", ") += name;
+    });
     return result;
 }
 
-void printFrames(FrameInfoClass& playfile, std::int16_t last, Session& session) {
+/// Reports the properties of a frame that cannot be read.
+void reportUnreadable(const FrameRecord& frame, std::int32_t number, ErrorLines& errors) {
+    ForEachProperty(frame, kFrameMembers, [&](const std::string& name, const auto& row, const auto&) {
+        try {
+            (void)row.get(frame);
+        } catch (const RuntimeError& error) {
+            errors.add("frame " + std::to_string(number) + ", " + name + ": " + TextOf(error));
+        }
+    });
+}
+
+void printFrames(std::ostream& out, const Playfile& playfile) {
     constexpr auto right = Table::Align::right;
     Table table({{"No.", right},
                  {"Name"},
@@ -62,99 +80,78 @@ void printFrames(FrameInfoClass& playfile, std::int16_t last, Session& session) 
                  {"Disappears"},
                  {"Seconds", right},
                  {"Lines", right}});
-    for (std::int32_t number = 1; number <= last; ++number) {
-        const ordered_json frame =
-            FramePropertiesJson(playfile, static_cast<std::int16_t>(number), session.errors);
-        table.addRow({std::to_string(number), CellText(frame["FrameName"]), kindName(frame),
-                      appearName(playfile, frame), disappearName(playfile, frame),
-                      CellText(frame["DelayTime"]), CellText(frame["TotalLinesAllowed"])});
-    }
-    session.out << table;
+    std::int32_t number = 0;
+    for (const FrameRecord& frame : playfile.frames)
+        table.addRow({std::to_string(++number), VisibleAnsi(frame.FrameName), kindName(frame),
+                      effectName(PrefixName, frame.PrefixCode), effectName(SuffixName, frame.SuffixCode),
+                      NumberToText(frame.DelayTime), std::to_string(frame.lines.upperBound())});
+    out << table;
 }
 
-void printSummary(std::ostream& out, FrameInfoClass& playfile, std::int16_t frameCount) {
+void printSummary(std::ostream& out, const Playfile& playfile) {
+    const std::int32_t seconds = TotalDelaySeconds(playfile);
     out << '\n'
-        << playfile.HowManyUsedFramesAreThere() << " of " << frameCount << " frames used ("
-        << playfile.HowManyGraphicsAreThere() << " graphic, " << playfile.HowManyTextFramesAreThere()
-        << " text, " << playfile.HowManyGraphicTextFramesAreThere() << " graphic with text, "
-        << playfile.HowManyCommandFileFramesAreThere() << " command file), "
-        << playfile.WhatsTheTotalOfAllDelaysForThisFile() << " seconds in all\n";
+        << CountUsedFrames(playfile) << " of " << playfile.frames.upperBound() << " frames used ("
+        << CountFrames(playfile, NEW_FRAME_TYPES::FRAME_GRAPHIC) << " graphic, "
+        << CountFrames(playfile, NEW_FRAME_TYPES::FRAME_TEXT) << " text, "
+        << CountFrames(playfile, NEW_FRAME_TYPES::FRAME_GRAPHICTEXT) << " graphic with text, "
+        << CountFrames(playfile, NEW_FRAME_TYPES::FRAME_CMD) << " command file), " << seconds
+        << " seconds in all\n";
 }
 
-void printFrame(std::ostream& out, FrameInfoClass& playfile, const ordered_json& frame) {
+void printFrame(std::ostream& out, const FrameRecord& frame) {
     Table properties({{"Property"}, {"Value"}});
-    for (const auto& [name, value] : frame.items()) {
-        if (name == "Lines")
-            continue;
-        const std::string meaning = name == "FrameType"    ? kindName(frame)
-                                    : name == "PrefixCode" ? appearName(playfile, frame)
-                                    : name == "SuffixCode" ? disappearName(playfile, frame)
-                                                           : "";
-        properties.addRow({name, CellText(value) + (meaning.empty() ? "" : " (" + meaning + ")")});
-    }
+    ForEachProperty(frame, kFrameMembers, [&](const std::string& name, const auto& row, const auto&) {
+        const std::string meaning = meaningOf(row, frame);
+        properties.addRow(
+            {name, CellText(JsonOfProperty(row, frame)) + (meaning.empty() ? "" : " (" + meaning + ")")});
+    });
+    properties.addRow({kLineCount, std::to_string(frame.lines.upperBound())});
     Table lines(
         {{"Line", Table::Align::right}, {"Font", Table::Align::right}, {"Custom font"}, {"Flags"}, {"Text"}});
-    for (std::size_t i = 0; i < frame["Lines"].size(); ++i) {
-        const ordered_json& line = frame["Lines"][i];
-        lines.addRow({std::to_string(i + 1), CellText(line["LineFontSize"]), CellText(line["LineCustomFont"]),
-                      flags(line), CellText(line["CurrentLineText"])});
-    }
+    std::int32_t number = 0;
+    for (const LineRecord& line : frame.lines)
+        lines.addRow({std::to_string(++number), std::to_string(line.LineFontSize),
+                      VisibleAnsi(line.LineCustomFont), flagsOf(line), VisibleAnsi(line.CurrentLineText)});
     out << properties << '\n' << lines;
 }
 
-/// An array of frames, one after the other: as JSON they take far more memory than in the playfile.
-void printJson(FrameInfoClass& playfile, std::int16_t first, std::int16_t last, Session& session) {
-    session.out << '[';
-    const char* separator = "\n";
-    for (std::int32_t number = first; number <= last; ++number) {
-        const std::string text = JsonText(
-            ordered_json::array({FrameJson(playfile, static_cast<std::int16_t>(number), session.errors)}));
-        const std::string_view brackets("[\n\n]");
-        session.out << std::exchange(separator, ",\n")
-                    << std::string_view(text).substr(brackets.size() / 2, text.size() - brackets.size());
-    }
-    session.out << (first <= last ? "\n]\n" : "]\n");
-}
-
-/// Number of the last frame that was read. Those behind it, of a file that could not be read to its end, are
-/// like a frame without lines that nothing was ever stored in.
-std::int16_t lastFrameRead(FrameInfoClass& playfile) {
-    FrameInfoClass untouched;
-    untouched.TotalFrames(1);
-    untouched.CurrentFrame(1);
-    untouched.TotalLinesAllowed(0);
-    ErrorLines toldWhenShown;
-    const ordered_json unread = FramePropertiesJson(untouched, 1, toldWhenShown);
-    std::int16_t last = playfile.TotalFrames();
-    while (last > 0 && FramePropertiesJson(playfile, last, toldWhenShown) == unread)
-        --last;
-    return last;
+ordered_json jsonOf(const FrameRecord& frame) {
+    ordered_json object = JsonOf(frame, kFrameMembers);
+    object[kLineCount] = frame.lines.upperBound();
+    ordered_json& lines = object["Lines"] = ordered_json::array();
+    for (const LineRecord& line : frame.lines)
+        lines.push_back(JsonOf(line, kLineMembers));
+    return object;
 }
 
 ExitCode show(const ShowOptions& options, Session& session) {
-    FrameInfoClass playfile;
-    playfile.TotalFrames(0); // else its first twenty frames would stand for a file that cannot be read at all
-    const bool complete = OpenPlayfile(playfile, options.file, options.answers, session.errors);
-    if (!complete && playfile.IsLegacy())
+    const auto opened = OpenWholeFrames(options.file, options.answers, session.errors);
+    if (!opened)
         return ExitCode::failed;
-    const std::int16_t expected = playfile.TotalFrames();
-    const std::int16_t last = complete ? expected : lastFrameRead(playfile);
-    if (!complete && expected > 0)
-        session.errors.add("only the first " + std::to_string(last) + " of " + std::to_string(expected) +
-                           " frames could be read, the last of them perhaps in part");
-    if (options.frame > last) {
+    const Playfile& playfile = opened->playfile;
+    const std::int32_t count = playfile.frames.upperBound();
+    if (options.frame > count) {
         session.errors.add("there is no frame " + std::to_string(options.frame) + ", the last one is " +
-                           std::to_string(last));
+                           std::to_string(count));
         return ExitCode::failed;
     }
     const bool isOne = options.frame > 0;
+    const std::int32_t first = isOne ? options.frame : 1;
+    const std::int32_t last = isOne ? options.frame : count;
+    for (std::int32_t number = first; number <= last; ++number)
+        reportUnreadable(playfile.frames.at(number), number, session.errors);
     if (options.json) {
-        printJson(playfile, isOne ? options.frame : std::int16_t{1}, isOne ? options.frame : last, session);
+        JsonArray array(session.out);
+        for (std::int32_t number = first; number <= last; ++number)
+            array.add(jsonOf(playfile.frames.at(number)));
+        array.end();
+        session.out << '\n';
     } else if (isOne) {
-        printFrame(session.out, playfile, FrameJson(playfile, options.frame, session.errors));
-    } else if (complete || last > 0) {
-        printFrames(playfile, last, session);
-        printSummary(session.out, playfile, last);
+        printFrame(session.out, playfile.frames.at(options.frame));
+    } else if (!opened->error || count > 0) {
+        printFrames(session.out, playfile);
+        printSummary(session.out, playfile);
     }
     return ExitCode::done;
 }
@@ -162,17 +159,15 @@ ExitCode show(const ShowOptions& options, Session& session) {
 } // namespace
 
 void AddShowCommand(CLI::App& program, Session& session) {
-    CLI::App& command = AddCommand(program, "show", "Shows the frames of a playfile",
-                                   "vistrel show harbour.playfile --frame 2");
     const auto options = std::make_shared<ShowOptions>();
+    CLI::App& command = AddCommand(program, "show", "Shows the frames of a playfile",
+                                   "vistrel show harbour.playfile --frame 2", session, options, &show);
     command.add_option("FILE", options->file, "The playfile")->required();
     command
         .add_option("--frame", options->frame, "Shows one frame with all its properties and lines; from 1")
         ->check(CLI::Range(1, int{std::numeric_limits<std::int16_t>::max()}));
     command.add_flag("--json", options->json, "Prints an array of frames with every property");
     AddAnswerOptions(command, options->answers);
-    command.callback(
-        [options, &session] { session.command = [options, &session] { return show(*options, session); }; });
 }
 
 } // namespace qrtVistrelClasses4

@@ -18,12 +18,12 @@ void appendColor(std::vector<std::uint8_t>& bytes, Color color) {
     bytes.insert(bytes.end(), {RedOf(color), GreenOf(color), BlueOf(color)});
 }
 
-/// Colours by the number that a palette gives them.
+/// A palette, with the number of each colour in it.
 class Palette {
 public:
     static constexpr std::size_t kMostColors = 256;
 
-    /// None when the palette is full without the colour.
+    /// Nothing if the palette is full and lacks the colour.
     std::optional<std::uint8_t> numberOf(Color color) {
         for (std::size_t slot = color * kSpread >> kShift;; slot = (slot + 1) % slots_.size()) {
             if (!slots_[slot].isUsed) {
@@ -40,7 +40,7 @@ public:
     const std::vector<Color>& colors() const { return colors_; }
 
 private:
-    static constexpr std::uint32_t kSpread = 0x9e3779b1; ///< Colours that are alike fall on slots far apart.
+    static constexpr std::uint32_t kSpread = 0x9e3779b1; ///< Puts similar colours into slots far apart.
     static constexpr int kShift = 20;
 
     struct Slot {
@@ -52,8 +52,8 @@ private:
     std::vector<Color> colors_;
 };
 
-/// The pixels as numbers of a palette; none when they have too many colours.
-std::optional<std::vector<std::uint8_t>> numbered(const PixelBuffer& picture, Palette& palette) {
+/// The pixels as numbers in a palette. Nothing if they have too many colours.
+std::optional<std::vector<std::uint8_t>> numbered(const Raster& picture, Palette& palette) {
     std::vector<std::uint8_t> numbers(static_cast<std::size_t>(picture.width()) *
                                       static_cast<std::size_t>(picture.height()));
     auto place = numbers.begin();
@@ -67,7 +67,7 @@ std::optional<std::vector<std::uint8_t>> numbered(const PixelBuffer& picture, Pa
     return numbers;
 }
 
-std::vector<std::uint8_t> inChannels(const PixelBuffer& picture) {
+std::vector<std::uint8_t> inChannels(const Raster& picture) {
     std::vector<std::uint8_t> bytes;
     bytes.reserve(static_cast<std::size_t>(picture.width()) * static_cast<std::size_t>(picture.height()) *
                   kChannels);
@@ -90,7 +90,7 @@ std::string encode(png_image& image, const std::vector<std::uint8_t>& pixels,
 
 } // namespace
 
-std::string EncodePng(const PixelBuffer& picture) {
+std::string EncodePng(const Raster& picture) {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
     image.width = static_cast<png_uint_32>(picture.width());

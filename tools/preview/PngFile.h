@@ -1,14 +1,14 @@
-// Pictures as PNG.
+// Pictures in PNG files.
 #pragma once
 
-#include "fonts/PixelBuffer.h"
+#include "frame/Raster.h"
 
 #include <string>
 
 namespace qrtVistrelClasses4 {
 
-/// The bytes of a PNG file with the picture, which has a pixel at least. Up to 256 colours are kept in a
-/// palette. Throws `RuntimeError` when memory does not suffice.
-std::string EncodePng(const PixelBuffer& picture);
+/// The bytes of a PNG file. The picture must have at least one pixel. Up to 256 colours are stored in a
+/// palette. Throws `RuntimeError` if memory runs out.
+std::string EncodePng(const Raster& picture);
 
 } // namespace qrtVistrelClasses4

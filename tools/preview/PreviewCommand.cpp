@@ -1,16 +1,19 @@
 // vistrel preview: frames as the sign shows them.
+#include "media/BmpFile.h"
+#include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
-#include "platform/posix/StandardStreams.h"
+#include "playfile/ReferenceFinder.h"
+#include "preview/FramePainter.h"
+#include "preview/FrameSheet.h"
 #include "tools/playfile/Opening.h"
-#include "tools/preview/FramePicture.h"
-#include "tools/preview/FrameSheet.h"
-#include "tools/preview/LedPicture.h"
 #include "tools/preview/PngFile.h"
 #include "tools/preview/TerminalPicture.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/Moment.h"
+#include "tools/program/Size.h"
+#include "tools/signs/SignsFile.h"
 
 #include <limits>
 
@@ -33,20 +36,49 @@ struct PreviewOptions {
     bool sheet = false;
     std::optional<DotSize> size;
     std::string sign;
-    int scale = 0;   ///< 0: what suits.
-    std::string out; ///< Empty: the terminal.
+    int scale = 0;   ///< 0 for the usual one.
+    std::string out; ///< Empty for the terminal.
     std::optional<Moment> at;
     AnswerOptions answers;
 };
 
-/// The errors are about the playfile `name` when the painter paints.
-FramePainter makePainter(const SignLook& sign, const std::string& name, ErrorLines& errors) {
+FramePainter makePainter(const SignLook& sign, ErrorLines& errors) {
     errors.about("the command table cannot be read or saved");
     EveryErrorReporter reporter(errors);
     const ScopedErrorReporter scope(reporter);
-    FramePainter painter(sign, errors);
-    errors.about(name);
-    return painter;
+    return FramePainter(sign);
+}
+
+/// The sign of the typed name. Nothing, and an error, if the list of signs does not have it.
+std::optional<SignLook> findSignLook(const std::string& typed, ErrorLines& errors) {
+    const std::optional<SignsFile> file = LoadSigns(errors);
+    const std::optional<std::int16_t> number = file ? FindTypedSign(file->list, typed, errors) : std::nullopt;
+    return number ? std::optional(SignLookOf(file->list.signs.at(*number))) : std::nullopt;
+}
+
+void addFault(const PreviewFault& fault, ErrorLines& errors) {
+    using enum PreviewFault::What;
+    if (fault.error)
+        errors.add(*fault.error);
+    for (const std::string& message : fault.messages)
+        errors.add(fault.what == customFont ? Utf8FromAnsi(message) : message);
+    if (fault.what == unnamedFont)
+        errors.add("a line has a custom font, but names none");
+    if (fault.what == unknownFontNumber)
+        errors.add("there is no font " + fault.name);
+    if (fault.what == picture)
+        errors.add(Utf8FromAnsi(SplitPath(fault.name).name) +
+                   " cannot be drawn: it is no uncompressed BMP of up to " + std::to_string(kLargestBmpSide) +
+                   " x " + std::to_string(kLargestBmpSide) + " pixels");
+}
+
+/// The frames with full paths of their pictures, which loading an older playfile does not look for.
+OneBasedArray<FrameRecord> framesOf(const Playfile& playfile) {
+    OneBasedArray<FrameRecord> frames = playfile.frames;
+    ReferenceFinder finder(playfile.fileName);
+    for (FrameRecord& frame : frames)
+        finder.find(frame.PicturefileName);
+    return frames;
 }
 
 /// One run of the command, on an open playfile.
@@ -55,22 +87,29 @@ public:
     Preview(const PreviewOptions& options, const SignLook& sign, OneBasedArray<FrameRecord> frames,
             Session& session)
         : options_(options), session_(session), frames_(std::move(frames)),
-          painter_(makePainter(sign, options.file, session.errors)),
-          first_(options.sheet ? 1 : options.frame),
+          painter_(makePainter(sign, session.errors)), first_(options.sheet ? 1 : options.frame),
           last_(options.sheet ? frames_.upperBound() : options.frame),
           size_(options.size ? *options.size
                 : sign.size  ? *sign.size
                              : painter_.sizeFor(frames_)) {}
 
     ExitCode run() {
+        session_.errors.about(options_.file);
+        addFaults();
         if (options_.out.empty())
             return print();
         return options_.sheet ? drawSheet() : drawFrame();
     }
 
 private:
-    using Show = FramePainter::Show;
-    void show(const Show& show) { painter_.show(frames_, first_, last_, size_, show); }
+    void draw(const FramePainter::OnFrame& onFrame) {
+        painter_.draw(frames_, first_, last_, size_, onFrame);
+        addFaults();
+    }
+    void addFaults() {
+        for (const PreviewFault& fault : painter_.takeFaults())
+            addFault(fault, session_.errors);
+    }
 
     std::string caption(std::int32_t number) const {
         return std::to_string(number) + "  " + frames_.at(number).FrameName;
@@ -80,7 +119,7 @@ private:
     static bool fits(std::int64_t width, std::int64_t height) {
         return width <= kLargestSide && height <= kLargestSide && width * height <= kMostPixels;
     }
-    /// False after telling that so many pixels are too many.
+    /// False, after adding an error, if the picture would be too large.
     bool isDrawable(std::int64_t width, std::int64_t height) {
         if (fits(width, height))
             return true;
@@ -97,8 +136,8 @@ private:
                                 std::to_string(kMostDotsInText) + " are printed, more in a file with --out");
             return ExitCode::failed;
         }
-        const bool isTerminal = IsTerminal(StandardStream::output);
-        show([&](std::int32_t number, const PixelBuffer& dots) {
+        const bool isTerminal = platform().console().isTerminal(StandardStream::output);
+        draw([&](std::int32_t number, const PixelBuffer& dots) {
             if (options_.sheet)
                 session_.out << Visible(Utf8FromAnsi(caption(number))) << '\n';
             (isTerminal ? PrintColoredDots : PrintPlainDots)(session_.out, dots);
@@ -113,7 +152,7 @@ private:
         if (!isDrawable(width, height))
             return ExitCode::failed;
         PixelBuffer picture(static_cast<std::int32_t>(width), static_cast<std::int32_t>(height));
-        show([&](std::int32_t, const PixelBuffer& dots) { leds.draw(dots, picture, 0, 0); });
+        draw([&](std::int32_t, const PixelBuffer& dots) { leds.draw(dots, picture, 0, 0); });
         return save(picture, "frame " + std::to_string(first_));
     }
 
@@ -126,11 +165,11 @@ private:
         if (!isDrawable(sheet.width(), sheet.height()))
             return ExitCode::failed;
         PixelBuffer picture = sheet.empty();
-        const auto captions = painter_.fonts().find(0, {});
-        show([&](std::int32_t number, const PixelBuffer& dots) {
-            sheet.add(caption(number), dots, *captions, picture);
+        const Font& captionFont = painter_.captionFont();
+        draw([&](std::int32_t number, const PixelBuffer& dots) {
+            sheet.add(caption(number), dots, captionFont, picture);
         });
-        return save(picture, std::to_string(count) + (count == 1 ? " frame" : " frames"));
+        return save(picture, Counted(count, "frame"));
     }
 
     ExitCode save(const PixelBuffer& picture, const std::string& what) {
@@ -156,30 +195,31 @@ private:
 ExitCode preview(const PreviewOptions& options, Session& session) {
     SignLook sign;
     if (!options.sign.empty()) {
-        const auto found = FindSignLook(options.sign, session.errors);
+        const auto found = findSignLook(options.sign, session.errors);
         if (!found)
             return ExitCode::failed;
         sign = *found;
     }
-    FrameInfoClass playfile;
-    if (!OpenPlayfile(playfile, options.file, options.answers, session.errors))
+    const auto opened = OpenPlayfile(options.file, options.answers, session.errors);
+    if (!opened)
         return ExitCode::failed;
-    const std::int16_t last = playfile.TotalFrames();
+    const std::int32_t last = opened->playfile.frames.upperBound();
     if (const std::int16_t wanted = options.sheet ? std::int16_t{1} : options.frame; wanted > last) {
         session.errors.add("there is no frame " + std::to_string(wanted) + ", the last one is " +
                            std::to_string(last));
         return ExitCode::failed;
     }
     const ScopedMoment moment(options.at);
-    return Preview(options, sign, ReadFrames(playfile), session).run();
+    return Preview(options, sign, framesOf(opened->playfile), session).run();
 }
 
 } // namespace
 
 void AddPreviewCommand(CLI::App& program, Session& session) {
-    CLI::App& command = AddCommand(program, "preview", "Shows frames of a playfile as a sign does",
-                                   "vistrel preview harbour.playfile --sheet --out harbour.png");
     const auto options = std::make_shared<PreviewOptions>();
+    CLI::App& command =
+        AddCommand(program, "preview", "Shows frames of a playfile as a sign does",
+                   "vistrel preview harbour.playfile --sheet --out harbour.png", session, options, &preview);
     command.add_option("FILE", options->file, "The playfile")->required();
     auto* frame = command.add_option("--frame", options->frame, "The frame to show, from 1; else the first")
                       ->check(CLI::Range(1, kMost16Bit));
@@ -187,7 +227,7 @@ void AddPreviewCommand(CLI::App& program, Session& session) {
         ->excludes(frame);
     AddSizeOption(command, options->size, kMost16Bit,
                   "Dots of the sign, from 1x1 to 32767x32767; else the size of --sign, else one that takes "
-                  "all texts that stand still, and pictures, of the playfile, up to 512x128");
+                  "all texts that do not scroll, and all pictures, of the playfile, up to 512x128");
     command.add_option("--sign", options->sign,
                        "Name of a sign in the list of signs, whose size, type and colours are taken; else an "
                        "amber one");
@@ -201,9 +241,6 @@ void AddPreviewCommand(CLI::App& program, Session& session) {
         ->needs(out);
     AddMomentOption(command, options->at);
     AddAnswerOptions(command, options->answers);
-    command.callback([options, &session] {
-        session.command = [options, &session] { return preview(*options, session); };
-    });
 }
 
 } // namespace qrtVistrelClasses4

@@ -30,7 +30,7 @@ char letterFor(Color dot) {
 
 } // namespace
 
-void PrintColoredDots(std::ostream& out, const PixelBuffer& dots) {
+void PrintColoredDots(std::ostream& out, const Raster& dots) {
     for (std::int32_t y = 0; y < dots.height(); y += 2) {
         std::optional<Color> letter, back;
         for (std::int32_t x = 0; x < dots.width(); ++x) {
@@ -44,7 +44,7 @@ void PrintColoredDots(std::ostream& out, const PixelBuffer& dots) {
     }
 }
 
-void PrintPlainDots(std::ostream& out, const PixelBuffer& dots) {
+void PrintPlainDots(std::ostream& out, const Raster& dots) {
     for (std::int32_t y = 0; y < dots.height(); ++y) {
         for (const Color dot : dots.row(y))
             out << letterFor(dot);

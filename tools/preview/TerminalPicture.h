@@ -1,16 +1,16 @@
-// The dots of a sign in letters.
+// The dots of a sign as characters of a terminal.
 #pragma once
 
-#include "fonts/PixelBuffer.h"
+#include "frame/Raster.h"
 
 #include <ostream>
 
 namespace qrtVistrelClasses4 {
 
-/// In colours, two dots above each other in one cell of the terminal.
-void PrintColoredDots(std::ostream& out, const PixelBuffer& dots);
+/// Prints dots in their colours. A cell of the terminal shows two dots, one above the other.
+void PrintColoredDots(std::ostream& out, const Raster& dots);
 
-/// A letter a dot: "#" for one that is lit, "+" when not even to half, "." for a dark one.
-void PrintPlainDots(std::ostream& out, const PixelBuffer& dots);
+/// Prints a letter for each dot: "#" if it is lit, "+" if it is lit to less than half, "." if it is dark.
+void PrintPlainDots(std::ostream& out, const Raster& dots);
 
 } // namespace qrtVistrelClasses4

@@ -18,7 +18,7 @@ enum class ExitCode { done = 0, failed = 1, wrongUsage = 2 };
 struct Session {
     /// What the command shows; printed when it has ended, or when there is much of it.
     std::ostream& out;
-    /// Printed behind it. With any, a command that is done has failed.
+    /// Printed after it. A command that is done has failed if there are any.
     ErrorLines errors;
     /// The command that the arguments ask for.
     std::function<ExitCode()> command;
@@ -41,9 +41,24 @@ inline CLI::App& AddCommand(CLI::App& parent, const std::string& name, const std
                             const std::string& example) {
     CLI::App* command = parent.add_subcommand(name, description);
     command->formatter(std::make_shared<ExampleFirst>(example));
-    command->fallthrough(); // so that "--home" may stand anywhere
+    command->fallthrough(); // so that "--home" may be anywhere
     command->footer("As with every command, --home DIR keeps it to the settings and files of that folder.");
     return *command;
+}
+
+/// The same for a command that runs `run(options, session)`.
+template <class Options>
+CLI::App& AddCommand(CLI::App& parent, const std::string& name, const std::string& description,
+                     const std::string& example, Session& session, std::shared_ptr<Options> options,
+                     ExitCode (*run)(const Options& options, Session& session)) {
+    CLI::App& command = AddCommand(parent, name, description, example);
+    command.callback([=, &session] { session.command = [=, &session] { return run(*options, session); }; });
+    return command;
+}
+
+/// "1 frame", "2 frames".
+inline std::string Counted(std::size_t count, const std::string& noun) {
+    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
 void AddShowCommand(CLI::App& program, Session& session);

@@ -11,11 +11,14 @@ namespace qrtVistrelClasses4 {
 /// control characters of the same number, so that nothing is lost.
 std::string Utf8FromAnsi(std::string_view ansi);
 
-/// The way back; none when `utf8` is not UTF-8 or has a character that the code page lacks.
+/// The way back. Returns nothing if `utf8` is not UTF-8 or has a character that the code page lacks.
 std::optional<std::string> AnsiFromUtf8(std::string_view utf8);
 
 /// `utf8` with a visible sign in place of every control character, and of every byte that is not UTF-8, for
 /// the terminal.
 std::string Visible(std::string_view utf8);
+
+/// The same for a text of the library.
+inline std::string VisibleAnsi(std::string_view ansi) { return Visible(Utf8FromAnsi(ansi)); }
 
 } // namespace qrtVistrelClasses4

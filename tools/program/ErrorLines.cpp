@@ -6,21 +6,29 @@
 
 namespace qrtVistrelClasses4 {
 
+std::string TextOf(const RuntimeError& error) {
+    return error.description() + " (error " + std::to_string(error.number()) + ")";
+}
+
 void ErrorLines::add(std::string_view text) {
     std::string line = "vistrel: " + Visible((subject_.empty() ? "" : subject_ + ": ") + std::string(text));
-    if (told_.contains(line))
+    if (kept_.contains(line))
         return;
     if (lines_.size() == kMostErrorLines) {
         ++notKept_;
         return;
     }
-    told_.insert(line);
+    kept_.insert(line);
     lines_.push_back(std::move(line));
 }
 
 void ErrorLines::add(const RuntimeError& error) {
     if (!error.isQuiet())
-        add(error.description() + " (error " + std::to_string(error.number()) + ")");
+        add(TextOf(error));
+}
+
+void ErrorLines::add(const FileError& error) {
+    add((error.line ? "line " + std::to_string(*error.line) + ": " : "") + TextOf(error.error));
 }
 
 std::vector<std::string> ErrorLines::lines() const {

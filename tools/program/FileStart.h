@@ -1,4 +1,4 @@
-// Files of which only so much can be of use.
+// The first bytes of a file that may be far longer than any of its kind.
 #pragma once
 
 #include <cstddef>

@@ -3,7 +3,10 @@
 
 #include <nlohmann/json.hpp>
 
+#include <ostream>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 
@@ -12,5 +15,26 @@ namespace qrtVistrelClasses4 {
 inline std::string JsonText(const nlohmann::ordered_json& value) {
     return value.dump(2, ' ', true, nlohmann::ordered_json::error_handler_t::replace);
 }
+
+/// Prints an array one element at a time: as JSON a long file takes far more memory than in its records.
+class JsonArray {
+public:
+    /// `out` must outlive the array.
+    explicit JsonArray(std::ostream& out) : out_(out) { out_ << '['; }
+    void add(const nlohmann::ordered_json& element) {
+        constexpr std::string_view opening = "[\n", closing = "\n]";
+        const std::string array = JsonText(nlohmann::ordered_json::array({element})); // which indents it
+        out_ << std::exchange(separator_, ",\n")
+             << std::string_view(array).substr(opening.size(),
+                                               array.size() - opening.size() - closing.size());
+        end_ = closing;
+    }
+    void end() { out_ << end_; }
+
+private:
+    std::ostream& out_;
+    std::string_view separator_ = "\n";
+    std::string_view end_ = "]";
+};
 
 } // namespace qrtVistrelClasses4

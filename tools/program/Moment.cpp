@@ -5,7 +5,7 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// None when there is no such day or minute.
+/// Returns nothing if there is no such day or minute.
 std::optional<LocalTime> existing(LocalTime time) {
     const std::chrono::year_month_day day{std::chrono::year(time.year),
                                           std::chrono::month(static_cast<unsigned>(time.month)),
@@ -17,7 +17,7 @@ std::optional<LocalTime> existing(LocalTime time) {
     return time;
 }
 
-/// A machine whose clock stands still.
+/// A machine whose clock is stopped.
 class StoppedClock final : public Platform {
 public:
     StoppedClock(Platform& machine, const LocalTime& time) : machine_(machine), time_(time) {}
@@ -27,6 +27,7 @@ public:
     FileSystem& files() override { return machine_.files(); }
     RegistryStore& registry() override { return machine_.registry(); }
     MessageBoxes& messageBoxes() override { return machine_.messageBoxes(); }
+    Console& console() override { return machine_.console(); }
     std::unique_ptr<ProfileFile> openProfile(const std::string& path) override {
         return machine_.openProfile(path);
     }

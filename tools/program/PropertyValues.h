@@ -86,11 +86,21 @@ std::optional<Value> ValueFromTyped(std::string_view typed, ErrorLines& errors) 
 
 /// What the property of a row reads as: what the row's own `get` makes of it, if it has one.
 template <class Row>
-ValueOfRow<Row> ValueOfProperty(const Row& row, const typename Row::Record& record) {
+auto ValueOfProperty(const Row& row, const typename Row::Record& record) {
     if constexpr (requires { row.get(record); })
         return row.get(record);
     else
         return record.*row.member;
+}
+
+/// The same as JSON: null if the property cannot be read.
+template <class Row>
+nlohmann::ordered_json JsonOfProperty(const Row& row, const typename Row::Record& record) {
+    try {
+        return JsonOf(ValueOfProperty(row, record));
+    } catch (const RuntimeError&) {
+        return nullptr;
+    }
 }
 
 /// The counterpart of `ValueOfProperty`, with the row's own `set`.
@@ -141,7 +151,7 @@ nlohmann::ordered_json JsonOf(const Record& record, const Table& table) {
             for (const auto& element : record.*row.member)
                 value.push_back(JsonOf(element, row.elements));
         } else {
-            value = JsonOf(ValueOfProperty(row, record));
+            value = JsonOfProperty(row, record);
         }
     });
     return object;

@@ -1,5 +1,7 @@
-// Sizes in dots, and how they are typed.
+// Sizes in dots, as people type them.
 #pragma once
+
+#include "frame/Raster.h"
 
 #include <CLI/CLI.hpp>
 
@@ -9,12 +11,6 @@
 #include <string_view>
 
 namespace qrtVistrelClasses4 {
-
-/// A size in dots.
-struct DotSize {
-    std::int32_t width = 0;
-    std::int32_t height = 0;
-};
 
 /// The whole of `text`, digits alone, as a number from `least` to `most`.
 std::optional<std::int32_t> NumberFromText(std::string_view text, std::int32_t least, std::int32_t most);

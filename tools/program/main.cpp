@@ -1,36 +1,32 @@
 // vistrel: the library's work from the command line.
+#include "frame/Traced.h"
 #include "platform/Platform.h"
 #include "tools/program/Commands.h"
 
-#include <cerrno>
-#include <csignal>
 #include <cstddef>
-#include <cstdio>
 #include <exception>
-#include <iostream>
+#include <sstream>
 #include <streambuf>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// Runs the command with the program's own services in the library's place.
-ExitCode run(Session& session, const std::string& home) {
+/// Runs the command on the machine that `home` asks for, with the program's own error reporter.
+ExitCode run(Session& session, const std::optional<std::string>& home) {
     const auto machine = makePlatform({.home = home});
     const ScopedPlatform platformScope(*machine);
     const ScopedErrorReporter reporterScope(session.errors);
-    try {
-        return session.command();
-    } catch (const RuntimeError& error) {
-        session.errors.add(error);
-        return ExitCode::failed;
-    }
+    ExitCode code = ExitCode::failed;
+    if (const auto error = ErrorOf([&] { code = session.command(); }))
+        session.errors.add(*error);
+    return code;
 }
 
-/// Standard output, which gets long texts in pieces. A reader that wants no more is no failure.
+/// Writes long texts to standard output in pieces.
 class StandardOutput final : public std::streambuf {
 public:
-    StandardOutput() { startPiece(); }
+    explicit StandardOutput(Console& console) : console_(console) { startPiece(); }
     /// False when something could not be written.
     bool finish() {
         handOn();
@@ -45,34 +41,31 @@ private:
     }
     void startPiece() { setp(piece_.data(), piece_.data() + piece_.size()); }
     void handOn() {
-        const auto size = static_cast<std::size_t>(pptr() - pbase());
-        if (isOpen_ && (std::fwrite(pbase(), 1, size, stdout) != size || std::fflush(stdout) != 0)) {
-            isOpen_ = false;
-            hasFailed_ = errno != EPIPE;
-        }
+        const std::string_view piece(pbase(), static_cast<std::size_t>(pptr() - pbase()));
+        hasFailed_ = hasFailed_ || console_.write(StandardStream::output, piece) != SystemError::none;
         startPiece();
     }
 
     std::vector<char> piece_ = std::vector<char>(std::size_t{1} << 20);
-    bool isOpen_ = true;
+    Console& console_;
     bool hasFailed_ = false;
 };
 
-ExitCode finish(StandardOutput& output, ErrorLines& errors, ExitCode code) {
+ExitCode finish(StandardOutput& output, ErrorLines& errors, ExitCode code, Console& console) {
     if (!output.finish()) {
         errors.about({});
         errors.add("standard output cannot be written");
     }
     for (const std::string& line : errors.lines())
-        std::cerr << line << '\n';
+        (void)console.write(StandardStream::error, line + '\n');
     return code == ExitCode::done && !errors.empty() ? ExitCode::failed : code;
 }
 
-ExitCode runProgram(int argumentCount, char** arguments) {
-    StandardOutput output;
+ExitCode runProgram(const std::vector<std::string>& arguments, Console& console) {
+    StandardOutput output(console);
     std::ostream out(&output);
     Session session{out, {}, {}};
-    std::string home;
+    std::optional<std::string> home;
     CLI::App program(
         "Shows and changes playfiles, the list of signs, commands and settings of LED message signs",
         "vistrel");
@@ -99,25 +92,27 @@ ExitCode runProgram(int argumentCount, char** arguments) {
     AddEffectsCommand(program, session);
     AddFontCommand(program, session);
     try {
-        program.parse(argumentCount, arguments);
+        program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend())); // taken from the back
     } catch (const CLI::ParseError& error) {
-        const int code = program.exit(error, session.out, std::cerr);
-        return finish(output, session.errors, code == 0 ? ExitCode::done : ExitCode::wrongUsage);
+        std::ostringstream explanation;
+        const int code = program.exit(error, session.out, explanation);
+        (void)console.write(StandardStream::error, explanation.str());
+        return finish(output, session.errors, code == 0 ? ExitCode::done : ExitCode::wrongUsage, console);
     }
-    return finish(output, session.errors, run(session, home));
+    return finish(output, session.errors, run(session, home), console);
 }
 
 } // namespace
 } // namespace qrtVistrelClasses4
 
 int main(int argumentCount, char** arguments) {
-    std::signal(SIGPIPE, SIG_IGN); // a closed pipe is an error of writing, not the end of the process
+    namespace library = qrtVistrelClasses4;
+    const std::vector<std::string> typed = library::StartProgram(argumentCount, arguments);
+    library::Console& console = library::platform().console();
     try {
-        return static_cast<int>(qrtVistrelClasses4::runProgram(argumentCount, arguments));
+        return static_cast<int>(library::runProgram(typed, console));
     } catch (const std::exception& error) {
-        std::fprintf(stderr, "vistrel: %s\n", error.what());
-    } catch (...) {
-        std::fputs("vistrel: internal error\n", stderr);
+        (void)console.write(library::StandardStream::error, std::string("vistrel: ") + error.what() + '\n');
     }
-    return static_cast<int>(qrtVistrelClasses4::ExitCode::failed);
+    return static_cast<int>(library::ExitCode::failed);
 }

@@ -27,16 +27,11 @@ RecentFilesOutcome loadList(ErrorLines& errors) {
 
 void printList(const RecentFiles& files, bool json, std::ostream& out) {
     auto names = nlohmann::ordered_json::array();
+    std::string lines;
     for (const std::string& name : files.entries)
         if (!name.empty())
-            names.push_back(Utf8FromAnsi(name));
-    if (json)
-        out << JsonText(names) << '\n';
-    else if (names.empty())
-        out << "No files\n";
-    else
-        for (const nlohmann::ordered_json& name : names)
-            out << CellText(name) << '\n';
+            lines += CellText(names.emplace_back(Utf8FromAnsi(name))) + '\n';
+    out << (json ? JsonText(names) + '\n' : lines.empty() ? "No files\n" : lines);
 }
 
 ExitCode list(const RecentOptions& options, Session& session) {
@@ -47,54 +42,38 @@ ExitCode list(const RecentOptions& options, Session& session) {
 /// The typed name; nothing, after the reason has been reported, if the list cannot hold it.
 std::optional<std::string> typedName(const RecentOptions& options, ErrorLines& errors) {
     errors.about(options.name);
-    std::optional<std::string> name = AnsiFromTyped(options.name, errors);
-    if (!name)
-        return std::nullopt;
-    if (name->empty())
-        errors.add("a file needs a name");
-    else if (name->find('"') != name->npos)
-        errors.add("the list of recent files cannot hold quotes");
-    else
+    const std::optional<std::string> name = AnsiFromTyped(options.name, errors);
+    if (!name || (!name->empty() && name->find('"') == name->npos))
         return name;
+    errors.add(name->empty() ? "a file needs a name" : "the list of recent files cannot hold quotes");
     return std::nullopt;
 }
 
-/// Saves and prints the list that `change(files, name)` makes; it returns false if it cannot.
-template <class Change>
-ExitCode changeList(const RecentOptions& options, Session& session, Change change) {
+/// Saves and prints the list without the name, or with it in front.
+ExitCode change(const RecentOptions& options, Session& session, bool isAdded) {
     const std::optional<std::string> name = typedName(options, session.errors);
     if (!name)
         return ExitCode::wrongUsage;
-    RecentFilesOutcome list = loadList(session.errors);
-    if (list.mayBeReplaced) {
-        if (!change(list.files, *name))
-            return ExitCode::failed;
-        if (const std::optional<RuntimeError> error = SaveRecentFiles(list.files)) {
-            session.errors.add(*error);
-            return ExitCode::failed;
-        }
+    auto [files, error, mayBeReplaced] = loadList(session.errors);
+    if (!mayBeReplaced)
+        return ExitCode::failed;
+    const bool isKnown = files.remove(*name);
+    if (isAdded) {
+        files.putFirst(*name);
+    } else if (!isKnown) {
+        session.errors.about(options.name);
+        session.errors.add("the list of recent files has no such name");
+        return ExitCode::failed;
     }
-    printList(list.files, options.json, session.out);
+    if (const std::optional<RuntimeError> refusal = SaveRecentFiles(files))
+        session.errors.add(*refusal);
+    else
+        printList(files, options.json, session.out);
     return ExitCode::done;
 }
 
-ExitCode add(const RecentOptions& options, Session& session) {
-    return changeList(options, session, [](RecentFiles& files, const std::string& name) {
-        files.remove(name);
-        files.putFirst(name);
-        return true;
-    });
-}
-
-ExitCode remove(const RecentOptions& options, Session& session) {
-    return changeList(options, session, [&](RecentFiles& files, const std::string& name) {
-        if (files.remove(name))
-            return true;
-        session.errors.about(options.name);
-        session.errors.add("the list of recent files has no such name");
-        return false;
-    });
-}
+ExitCode add(const RecentOptions& options, Session& session) { return change(options, session, true); }
+ExitCode remove(const RecentOptions& options, Session& session) { return change(options, session, false); }
 
 } // namespace
 
@@ -104,20 +83,15 @@ void AddRecentCommand(CLI::App& program, Session& session) {
                                   "vistrel recent list");
     recent.require_subcommand(1);
     recent.add_flag("--json", options->json, "Prints an array of names");
-    const auto addOne = [&](const char* name, auto run, const char* description, const char* example) {
-        CLI::App& command = AddCommand(recent, name, description, example);
-        command.callback([run, options, &session] {
-            session.command = [run, options, &session] { return run(*options, session); };
-        });
-        return &command;
-    };
-    addOne("list", &list, "Shows the names, the newest first", "vistrel recent list --json");
-    addOne("add", &add, "Puts a name in front, and shows the list", "vistrel recent add harbour.playfile")
-        ->add_option("NAME", options->name, "Name of a file, which need not exist")
+    AddCommand(recent, "list", "Shows the names, the newest first", "vistrel recent list --json", session,
+               options, &list);
+    AddCommand(recent, "add", "Puts a name in front, and shows the list",
+               "vistrel recent add harbour.playfile", session, options, &add)
+        .add_option("NAME", options->name, "Name of a file, which need not exist")
         ->required();
-    addOne("remove", &remove, "Takes a name out, and shows the list",
-           "vistrel recent remove harbour.playfile")
-        ->add_option("NAME", options->name, "The name, in any case")
+    AddCommand(recent, "remove", "Takes a name out, and shows the list",
+               "vistrel recent remove harbour.playfile", session, options, &remove)
+        .add_option("NAME", options->name, "The name, in any case")
         ->required();
 }
 

@@ -13,6 +13,11 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
+struct SettingsOptions {
+    bool json = false;
+    std::string name, value;
+};
+
 Preferences loadPreferences(ErrorLines& errors) {
     PreferencesOutcome loaded = LoadPreferences();
     if (loaded.error) {
@@ -50,7 +55,7 @@ void withPreference(const std::string& name, const Preferences& preferences, Err
     errors.add("no such setting; the nearest name is " + nearest);
 }
 
-ExitCode list(bool json, Session& session) {
+ExitCode list(const SettingsOptions& options, Session& session) {
     const Preferences preferences = loadPreferences(session.errors);
     const Preferences defaults = DefaultPreferences(FindPreferenceFolders());
     auto array = nlohmann::ordered_json::array();
@@ -64,20 +69,20 @@ ExitCode list(bool json, Session& session) {
         table.addRow({placed.name(), placed.key(), cellText(value), isDefault ? "yes" : ""});
     };
     ForEachPreference(visit, preferences, defaults);
-    if (json)
+    if (options.json)
         session.out << JsonText(array) << '\n';
     else
         session.out << table;
     return ExitCode::done;
 }
 
-ExitCode get(const std::string& name, Session& session) {
+ExitCode get(const SettingsOptions& options, Session& session) {
     auto code = ExitCode::wrongUsage;
     const auto print = [&](const auto&, const auto& value) {
         session.out << cellText(value) << '\n';
         code = ExitCode::done;
     };
-    withPreference(name, loadPreferences(session.errors), session.errors, print);
+    withPreference(options.name, loadPreferences(session.errors), session.errors, print);
     return code;
 }
 
@@ -93,54 +98,38 @@ void store(const std::string& key, const std::string& text, ErrorLines& errors) 
             "only part of the text is kept: no blanks or quotes around it, and 254 characters at most");
 }
 
-ExitCode set(const std::string& name, const std::string& typed, Session& session) {
+ExitCode set(const SettingsOptions& options, Session& session) {
     auto code = ExitCode::wrongUsage;
     const auto change = [&]<class Value>(const auto& placed, const Value&) {
         session.errors.about(placed.name());
-        const std::optional<Value> value = ValueFromTyped<Value>(typed, session.errors);
+        const std::optional<Value> value = ValueFromTyped<Value>(options.value, session.errors);
         if (!value)
             return;
         store(placed.key(), PreferenceText(*value), session.errors);
         code = ExitCode::done;
     };
-    withPreference(name, {}, session.errors, change);
+    withPreference(options.name, {}, session.errors, change);
     return code;
 }
 
 } // namespace
 
 void AddSettingsCommand(CLI::App& program, Session& session) {
-    struct Options {
-        bool json = false;
-        std::string name, value;
-    };
-    const auto options = std::make_shared<Options>();
+    const auto options = std::make_shared<SettingsOptions>();
     CLI::App& settings = AddCommand(program, "settings", "Shows and changes the application's preferences",
                                     "vistrel settings set DisplayHeight 32");
     settings.require_subcommand(1);
-
-    CLI::App& listCommand =
-        AddCommand(settings, "list", "Shows every setting", "vistrel settings list --home samples");
-    listCommand.add_flag("--json", options->json, "Prints an array of settings");
-    listCommand.callback([options, &session] {
-        session.command = [options, &session] { return list(options->json, session); };
-    });
-
-    constexpr const char* nameHelp = "Its property or INI key, in any case";
+    AddCommand(settings, "list", "Shows every setting", "vistrel settings list --home samples", session,
+               options, &list)
+        .add_flag("--json", options->json, "Prints an array of settings");
     CLI::App& getCommand =
-        AddCommand(settings, "get", "Shows one setting", "vistrel settings get BrightnessScheduleStartTime2");
-    getCommand.add_option("NAME", options->name, nameHelp)->required();
-    getCommand.callback([options, &session] {
-        session.command = [options, &session] { return get(options->name, session); };
-    });
-
-    CLI::App& setCommand =
-        AddCommand(settings, "set", "Changes one setting", "vistrel settings set DisplayHeight 32");
-    setCommand.add_option("NAME", options->name, nameHelp)->required();
+        AddCommand(settings, "get", "Shows one setting", "vistrel settings get BrightnessScheduleStartTime2",
+                   session, options, &get);
+    CLI::App& setCommand = AddCommand(settings, "set", "Changes one setting",
+                                      "vistrel settings set DisplayHeight 32", session, options, &set);
+    for (CLI::App* command : {&getCommand, &setCommand})
+        command->add_option("NAME", options->name, "Its property or INI key, in any case")->required();
     setCommand.add_option("VALUE", options->value, "The new value")->required();
-    setCommand.callback([options, &session] {
-        session.command = [options, &session] { return set(options->name, options->value, session); };
-    });
 }
 
 } // namespace qrtVistrelClasses4

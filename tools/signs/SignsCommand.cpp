@@ -5,8 +5,7 @@
 #include "tools/program/JsonText.h"
 #include "tools/program/PropertyValues.h"
 #include "tools/program/Table.h"
-#include "tools/signs/SignList.h"
-#include "tools/signs/SignProperties.h"
+#include "tools/signs/SignsFile.h"
 
 #include <optional>
 #include <vector>
@@ -23,18 +22,18 @@ struct SignsOptions {
     std::vector<std::string> assignments; ///< As "DisplayWidth=128".
 };
 
-/// The typed name for a sign, which may be the present one of sign `number`; none, after telling why, when it
-/// cannot be used.
-std::optional<std::string> freeName(DisplayDatabaseClass& signs, const std::string& typed, ErrorLines& errors,
+/// The typed name for a sign, which may be the present one of sign `number`. Returns nothing, and adds the
+/// reason to `errors`, if it cannot be used.
+std::optional<std::string> freeName(const SignList& list, const std::string& typed, ErrorLines& errors,
                                     std::int16_t number = 0) {
     errors.about(typed);
     std::optional<std::string> name = AnsiFromTyped(typed, errors);
     if (!name)
         return std::nullopt;
-    const std::int16_t holder = FindSign(signs, *name);
+    const std::int16_t holder = FindSign(list, *name).value_or(number);
     if (name->empty())
         errors.add("a sign needs a name");
-    else if (holder >= 1 && holder != number)
+    else if (holder != number)
         errors.add("sign " + std::to_string(holder) + " has that name");
     else
         return name;
@@ -43,76 +42,87 @@ std::optional<std::string> freeName(DisplayDatabaseClass& signs, const std::stri
 
 // What is shown.
 
-std::string connection(DisplayDatabaseClass& signs) {
-    const std::string method = signs.TranslateConnectionMethodToString(signs.ConnectionMethod());
-    return Visible(Utf8FromAnsi(method.empty() ? method : method + " " + signs.GetConnectionInfoInString()));
+std::string shown(std::string_view ansi) { return Visible(Utf8FromAnsi(ansi)); }
+
+std::string connection(const DisplayRecord& sign) {
+    const std::string method(ConnectionMethodName(sign.ConnectionMethod));
+    return method.empty() ? method : shown(method + " " + ConnectionOf(sign));
 }
 
-void printSigns(std::ostream& out, DisplayDatabaseClass& signs, const std::vector<ordered_json>& records) {
+void printSigns(std::ostream& out, const SignList& list) {
     Table table({{"No.", Table::Align::right}, {"Name"}, {"Type"}, {"Size"}, {"Connection"}});
-    for (std::size_t i = 0; i < records.size(); ++i) {
-        const ordered_json& sign = records[i];
-        signs.CurrentDisplayNumber(static_cast<std::int16_t>(i + 1));
-        table.addRow({std::to_string(i + 1), CellText(sign["DisplayName"]), signs.GetSignTypeDescription(),
-                      CellText(sign["DisplayWidth"]) + " x " + CellText(sign["DisplayHeight"]),
-                      connection(signs)});
-    }
+    int number = 0;
+    for (const DisplayRecord& sign : list.signs)
+        table.addRow({std::to_string(++number), shown(sign.DisplayName),
+                      std::string(SignTypeName(sign.DisplayType)),
+                      std::to_string(sign.DisplayWidth) + " x " + std::to_string(sign.DisplayHeight),
+                      connection(sign)});
     out << table;
 }
 
 ExitCode listSigns(const SignsOptions& options, Session& session) {
-    SignList list;
-    const std::vector<ordered_json> records = list.records();
-    list.tellFaults(session.errors);
-    if (options.json)
-        session.out << JsonText(records) << '\n';
-    else if (!records.empty())
-        printSigns(session.out, list.signs, records);
-    else if (list.isComplete())
-        session.out << "No signs: " << Visible(list.path()) << " is empty\n";
-    else if (list.isMissing())
-        session.out << "No signs: there is no file " << Visible(list.path()) << " yet\n";
+    const std::optional<SignsFile> file = LoadSigns(session.errors);
+    if (!file)
+        return ExitCode::failed;
+    AddFaults(*file, session.errors);
+    if (options.json) {
+        auto array = ordered_json::array();
+        for (const DisplayRecord& sign : file->list.signs)
+            array.push_back(JsonOf(sign, kDisplayMembers));
+        session.out << JsonText(array) << '\n';
+    } else if (!file->list.signs.empty())
+        printSigns(session.out, file->list);
+    else if (file->isComplete())
+        session.out << "No signs: " << Visible(file->path) << " is empty\n";
+    else if (file->isMissing())
+        session.out << "No signs: there is no file " << Visible(file->path) << " yet\n";
     return ExitCode::done;
 }
 
-void printSign(std::ostream& out, DisplayDatabaseClass& signs, const ordered_json& sign) {
+void printSign(std::ostream& out, const DisplayRecord& sign) {
     Table properties({{"Property"}, {"Value"}});
-    for (const auto& [name, value] : sign.items()) {
-        if (name == "Schedules")
-            continue;
-        const std::string meaning = name == "DisplayType" ? signs.GetSignTypeDescription()
-                                    : name == "ConnectionMethod"
-                                        ? signs.TranslateConnectionMethodToString(value.get<std::int16_t>())
-                                        : "";
-        properties.addRow({name, CellText(value) + (meaning.empty() ? "" : " (" + meaning + ")")});
-    }
+    ForEachRow(kDisplayMembers, [&]<class Row>(const Row& row) {
+        if constexpr (!RowOfRecords<Row>) {
+            if (row.name.empty())
+                return;
+            const std::string_view meaning = row.name == "DisplayType" ? SignTypeName(sign.DisplayType)
+                                             : row.name == "ConnectionMethod"
+                                                 ? ConnectionMethodName(sign.ConnectionMethod)
+                                                 : "";
+            properties.addRow(
+                {std::string(row.name), CellText(JsonOf(ValueOfProperty(row, sign))) +
+                                            (meaning.empty() ? "" : " (" + std::string(meaning) + ")")});
+        }
+    });
     Table schedules(
         {{"Schedule", Table::Align::right}, {"Start"}, {"Stop"}, {"Brightness", Table::Align::right}});
-    for (std::size_t i = 0; i < sign["Schedules"].size(); ++i) {
-        const ordered_json& schedule = sign["Schedules"][i];
-        schedules.addRow({std::to_string(i + 1), CellText(schedule["StartTime"]),
-                          CellText(schedule["StopTime"]), CellText(schedule["BrightnessLevel"])});
-    }
+    int number = 0;
+    for (const BrightnessSchedule& schedule : sign.schedules)
+        schedules.addRow({std::to_string(++number), shown(schedule.StartTime), shown(schedule.StopTime),
+                          std::to_string(schedule.BrightnessLevel)});
     out << properties << '\n' << schedules;
 }
 
 ExitCode showSign(const SignsOptions& options, Session& session) {
-    SignList list;
-    list.tellFaults(session.errors);
-    if (!SelectSign(list.signs, options.name, session.errors))
+    const std::optional<SignsFile> file = LoadSigns(session.errors);
+    if (!file)
         return ExitCode::failed;
-    const ordered_json sign = SignJson(list.signs, list.signs.CurrentDisplayNumber());
+    AddFaults(*file, session.errors);
+    const std::optional<std::int16_t> number = FindTypedSign(file->list, options.name, session.errors);
+    if (!number)
+        return ExitCode::failed;
+    const DisplayRecord& sign = file->list.signs.at(*number);
     if (options.json)
-        session.out << JsonText(sign) << '\n';
+        session.out << JsonText(JsonOf(sign, kDisplayMembers)) << '\n';
     else
-        printSign(session.out, list.signs, sign);
+        printSign(session.out, sign);
     return ExitCode::done;
 }
 
-// The changes. What cannot be done has been told.
+// The changes. If one cannot be made, the reason is in `errors`.
 
-/// Does all assignments at the sign under the cursor.
-ExitCode assign(DisplayDatabaseClass& signs, const SignsOptions& options, ErrorLines& errors) {
+/// Makes all assignments to sign `number`.
+ExitCode assign(SignList& list, std::int16_t number, const SignsOptions& options, ErrorLines& errors) {
     for (const std::string& assignment : options.assignments) {
         const std::size_t equals = assignment.find('=');
         if (equals == assignment.npos || equals == 0) {
@@ -122,75 +132,76 @@ ExitCode assign(DisplayDatabaseClass& signs, const SignsOptions& options, ErrorL
         }
         const std::string property = assignment.substr(0, equals);
         const std::string value = assignment.substr(equals + 1);
-        if (EqualIgnoringAsciiCase(property, "DisplayName") &&
-            !freeName(signs, value, errors, signs.CurrentDisplayNumber()))
+        if (EqualIgnoringAsciiCase(property, "DisplayName") && !freeName(list, value, errors, number))
             return ExitCode::failed;
-        if (!SetSignProperty(signs, property, value, errors))
+        if (!SetByName(list.signs.at(number), kDisplayMembers, property, value, errors))
             return ExitCode::wrongUsage;
     }
     return ExitCode::done;
 }
 
-ExitCode addSign(DisplayDatabaseClass& signs, const SignsOptions& options, ErrorLines& errors) {
-    const std::optional<std::string> name = freeName(signs, options.name, errors);
+ExitCode addSign(SignList& list, const SignsOptions& options, ErrorLines& errors) {
+    const std::optional<std::string> name = freeName(list, options.name, errors);
     if (!name)
         return ExitCode::failed;
-    signs.CurrentDisplayNumber(signs.AddNewDisplay(*name));
-    const std::string added = signs.DisplayName();
-    const ExitCode assigned = assign(signs, options, errors);
-    if (assigned != ExitCode::done || signs.DisplayName() == added)
+    const std::int16_t number = list.addUnchecked(*name);
+    const ExitCode assigned = assign(list, number, options, errors);
+    if (assigned != ExitCode::done || list.signs.at(number).DisplayName == EscapeNumericName(*name))
         return assigned;
     errors.about(options.name);
     errors.add("a new sign cannot be given another name as DisplayName");
     return ExitCode::wrongUsage;
 }
 
-ExitCode removeSign(DisplayDatabaseClass& signs, const SignsOptions& options, ErrorLines& errors) {
-    if (!SelectSign(signs, options.name, errors))
+ExitCode removeSign(SignList& list, const SignsOptions& options, ErrorLines& errors) {
+    const std::optional<std::int16_t> number = FindTypedSign(list, options.name, errors);
+    if (!number)
         return ExitCode::failed;
-    signs.RemoveDisplay(signs.CurrentDisplayNumber());
+    list.remove(*number);
     return ExitCode::done;
 }
 
-ExitCode duplicateSign(DisplayDatabaseClass& signs, const SignsOptions& options, ErrorLines& errors) {
-    if (!SelectSign(signs, options.name, errors))
+ExitCode duplicateSign(SignList& list, const SignsOptions& options, ErrorLines& errors) {
+    const std::optional<std::int16_t> number = FindTypedSign(list, options.name, errors);
+    if (!number)
         return ExitCode::failed;
-    const std::optional<std::string> name = freeName(signs, options.newName, errors);
+    const std::optional<std::string> name = freeName(list, options.newName, errors);
     if (!name)
         return ExitCode::failed;
-    signs.Duplicate(signs.DisplayName(), *name);
+    list.duplicateUnchecked(*number, *name);
     return ExitCode::done;
 }
 
-ExitCode setProperties(DisplayDatabaseClass& signs, const SignsOptions& options, ErrorLines& errors) {
-    return SelectSign(signs, options.name, errors) ? assign(signs, options, errors) : ExitCode::failed;
+ExitCode setProperties(SignList& list, const SignsOptions& options, ErrorLines& errors) {
+    const std::optional<std::int16_t> number = FindTypedSign(list, options.name, errors);
+    return number ? assign(list, *number, options, errors) : ExitCode::failed;
 }
 
 struct Change {
-    ExitCode (*make)(DisplayDatabaseClass&, const SignsOptions&, ErrorLines&);
-    const char* told;
+    ExitCode (*make)(SignList&, const SignsOptions&, ErrorLines&);
+    const char* done;
 };
 
 ExitCode changeSigns(const Change& change, const SignsOptions& options, Session& session) {
-    SignList list;
-    if (!list.mayBeChanged(session.errors))
+    std::optional<SignsFile> file = LoadSigns(session.errors);
+    if (!file || !MayBeChanged(*file, session.errors))
         return ExitCode::failed;
-    const ExitCode made = change.make(list.signs, options, session.errors);
+    const ExitCode made = change.make(file->list, options, session.errors);
     if (made != ExitCode::done)
         return made;
-    const std::string readFrom = list.path();
-    if (!list.save(session.errors))
+    const std::string readFrom = file->path;
+    if (!SaveSigns(*file, session.errors))
         return ExitCode::failed;
     const std::string done =
-        change.told + (" " + options.name) + (options.newName.empty() ? "" : " as " + options.newName);
-    const std::int16_t count = list.signs.TotalDisplays();
+        change.done + (" " + options.name) + (options.newName.empty() ? "" : " as " + options.newName);
+    const std::int16_t count = file->list.count();
     if (options.json) {
-        session.out << JsonText({{"file", list.path()}, {"done", done}, {"TotalDisplays", count}}) << '\n';
+        session.out << JsonText({{"file", file->path}, {"done", done}, {"TotalDisplays", count}}) << '\n';
         return ExitCode::done;
     }
-    session.out << Visible(list.path() + ": " + done) << "; " << count << (count == 1 ? " sign" : " signs")
+    session.out << Visible(file->path + ": " + done) << "; " << count << (count == 1 ? " sign" : " signs")
                 << " now\n";
-    if (readFrom != list.path())
+    if (readFrom != file->path)
         session.out << Visible("The list had been read from " + readFrom + ", which is as it was.") << '\n';
     return ExitCode::done;
 }
@@ -225,17 +236,17 @@ void AddSignsCommand(CLI::App& program, Session& session) {
     const auto takeAssignments = [&](CLI::App* command) {
         return command->add_option("PROPERTIES", options->assignments,
                                    "What to set, as DisplayWidth=192 or \"Schedule1.StartTime=6:30 PM\"; "
-                                   "\"signs show\" tells the names");
+                                   "\"signs show\" prints the names");
     };
 
     add("list", &listSigns, "Shows all signs", "vistrel signs list");
     add("show", &showSign, "Shows a sign with all its properties", "vistrel signs show \"Pier 1\"")
         ->add_option("NAME", options->name, "Name of the sign, in any case")
         ->required();
-    takeAssignments(addChange("add", {&addSign, "added"}, "Puts a new sign behind the others",
+    takeAssignments(addChange("add", {&addSign, "added"}, "Adds a sign after the others",
                               "vistrel signs add Pier2 DisplayType=160 ConnectionMethod=1 CommPort=COM1"));
     addChange("remove", {&removeSign, "removed"}, "Takes a sign out", "vistrel signs remove Gate");
-    addChange("duplicate", {&duplicateSign, "duplicated"}, "Puts a copy of a sign behind the others",
+    addChange("duplicate", {&duplicateSign, "duplicated"}, "Adds a copy of a sign after the others",
               "vistrel signs duplicate Gate \"Back gate\"")
         ->add_option("NEWNAME", options->newName, "Name of the copy")
         ->required();

@@ -1,0 +1,104 @@
+// The list of signs ("displays") of a site as a value, and its file.
+#pragma once
+
+#include "displays/DisplayRecord.h"
+#include "frame/FileError.h"
+#include "frame/OneBasedArray.h"
+#include "frame/RuntimeError.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+
+/// A list of signs, numbered from 1 to at most 32767. A last record without a name makes the list count as
+/// empty.
+struct SignList {
+    OneBasedArray<DisplayRecord> signs;
+
+    /// Number of the last sign; 0 if there is none or it has no name, however many signs come before it.
+    std::int16_t count() const;
+    /// Number of the first sign of that name, in any case; nothing if there is none. Names are compared as
+    /// they are stored: see `EscapeNumericName`.
+    std::optional<std::int16_t> find(const std::string& name) const;
+
+    /// Number of a new sign after the last one; nothing if the name is empty or taken. If the last record has
+    /// no name, the new name goes to record 1, which keeps all other values, and the other records go. Error
+    /// 6 if the list is full.
+    std::optional<std::int16_t> add(const std::string& name);
+    /// Number of a new sign after the last one, which equals sign `original` but for its name; nothing if the
+    /// name is empty or taken. Error 6 if the list is full, 9 if there is no such sign.
+    std::optional<std::int16_t> duplicate(std::int16_t original, const std::string& name);
+    /// As `add` and `duplicate`, for a name that is known to be free.
+    std::int16_t addUnchecked(const std::string& name);
+    std::int16_t duplicateUnchecked(std::int16_t original, const std::string& name);
+    /// Takes a sign out; the only sign is emptied instead. Does nothing for a number outside the list.
+    void remove(std::int16_t number);
+
+    bool operator==(const SignList&) const = default;
+
+private:
+    DisplayRecord& grow();
+};
+
+/// "Direct Connect", "Network Connect" or "Modem Connect"; empty for an unknown method.
+std::string_view ConnectionMethodName(std::int16_t connectionMethod);
+/// How a sign is reached: "COM1:9600", "10.0.0.5:3001"; empty for an unknown method.
+std::string ConnectionOf(const DisplayRecord& sign);
+
+/// What came of reading a file over a list.
+struct SignListReading {
+    std::int32_t wholeSigns = 0;      ///< Number of signs read to their end.
+    std::vector<std::int16_t> mended; ///< Numbers of the signs whose empty values were mended.
+    std::optional<FileError> error;   ///< The error that ended reading.
+    bool isComplete() const { return !error; }
+    /// True if there is no such file.
+    bool isMissing() const;
+};
+
+/// What came of loading a list.
+struct SignListOutcome : SignListReading {
+    SignList list; ///< The signs that were read, the last of them in part if there was an error in it.
+};
+
+/// Loads the list in the file `path`. A file without a sign gives an empty list.
+SignListOutcome LoadSignList(const std::string& path);
+/// Reads the file `path` over `list`. A file that cannot be opened, or has no sign, leaves the list as it is.
+/// What an error leaves of the last sign is blank, but in sign 1 as it was.
+SignListReading ReadSignList(const std::string& path, SignList& list);
+
+/// A file that a save has left incomplete.
+struct HalfWrittenList {
+    std::string path;
+    std::uint64_t size = 0; ///< Bytes.
+
+    bool operator==(const HalfWrittenList&) const = default;
+};
+
+/// What came of saving a list.
+struct SignListSaving {
+    std::optional<RuntimeError> error;        ///< Why the file does not hold the whole list.
+    bool isStarted = false;                   ///< True if the old content was removed and writing began.
+    std::optional<RuntimeError> keepingError; ///< Why the previous list could not be kept; the save went on.
+    std::optional<HalfWrittenList> halfWritten; ///< To be handed to the next save.
+    bool isWritten() const { return !error; }
+};
+
+/// Saves all signs that count in the file `path`. The list that was there is kept beside it as name + ".bak"
+/// first. A copy that is not permitted does not stop the save, any other failure to copy does. `halfWritten`
+/// comes from the last save: a file that it left incomplete is not kept.
+SignListSaving SaveSignList(const SignList& list, const std::string& path,
+                            const std::optional<HalfWrittenList>& halfWritten = std::nullopt);
+
+/// Full name of the file that a list is saved in under `fileName`: it is in the library's folder.
+std::string SavedSignListPath(const std::string& fileName);
+/// Makes `path` the file that is read from now on.
+void RememberSignListPath(const std::string& path);
+/// Full name of the file that is read: the one remembered, or else the one saved as `fileName`. Nothing if
+/// the setting cannot be read; the error has been reported.
+std::optional<std::string> RememberedSignListPath(const std::string& fileName);
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,47 @@
+// Loading fonts: where their files are found, and what is loaded in place of a missing one.
+#pragma once
+
+#include "fonts/FontFile.h"
+#include "platform/SystemError.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+
+/// The file that a font was loaded from.
+enum class FontSource {
+    requestedFile,     ///< The file that was asked for.
+    sameNameElsewhere, ///< A file of the same name in another folder.
+    font0,             ///< The file of font 0, in place of a standard font that is missing.
+};
+
+/// What came of loading a font.
+struct FontOutcome {
+    /// Nothing if no file was found, or if it could not be read or ends before its glyphs start.
+    std::optional<Font> font;
+    /// The file that was found, spelt as on the disk.
+    std::optional<std::string> path;
+    FontSource source = FontSource::requestedFile;
+    /// Messages for the operator, in order.
+    std::vector<std::string> messages;
+    /// Why the file that was found could not be read.
+    SystemError error = SystemError::none;
+};
+
+/// Reads the font in the file `path`. Nothing if the file ends before its glyphs start.
+Result<std::optional<Font>> ReadFont(const std::string& path, std::int16_t width, std::int16_t height);
+
+/// Loads the font in the file `path`, or in a file of that name in "Extended" or "CustomFonts" of the
+/// application folder. If a standard font is in none of them, font 0 is loaded instead. Names of files are
+/// found in any case of their letters. If `width` and `height` are `kSizeFromFile`, the file holds the size.
+/// `useNewFont` chooses the set of numbered fonts that font 0 is taken from.
+FontOutcome LoadFontFile(const std::string& path, std::int16_t width, std::int16_t height, bool useNewFont);
+
+/// Loads a numbered font from "bin" of the application folder, else as `LoadFontFile` does. A number without
+/// a font gives no font and no message.
+FontOutcome LoadNumberedFont(std::int16_t fontNumber, std::int16_t signType, bool useNewFont);
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,49 @@
+// Texts in a font: their widths, their dots, and the marks on them.
+#pragma once
+
+#include "fonts/DrawingTarget.h"
+#include "fonts/FontFile.h"
+
+#include <cstdint>
+#include <string_view>
+
+namespace qrtVistrelClasses4 {
+
+/// A font as it is drawn. Characters without a glyph are not drawn and have no width.
+struct Lettering {
+    const Font& font;
+    std::int16_t magnification =
+        1;           ///< Pixels from one dot to the next, across and down. Below 1 nothing is drawn.
+    Color color = 0; ///< Of lit dots.
+};
+
+/// Where a text is drawn. Its first dots are one dot right of `x`.
+struct DrawingPlace {
+    DrawingTarget& target;
+    float x = 0; ///< In pixels; fractions are rounded down.
+    float y = 0;
+    bool useBitmapDC = false; ///< On the target's bitmap instead of the target itself.
+};
+
+/// Width of a text in pixels, including the gap after its last letter.
+std::int64_t WidthOf(const Lettering& lettering, std::string_view text);
+
+/// Draws the letters of a text side by side, taking the device context once. If `drawBackground`, dark dots
+/// are drawn in the target's background colour. Returns the width of the text. Throws error 6 for pixels
+/// whose numbers need more than 32 bits, and the errors of the target; the same holds for the functions
+/// below.
+std::int64_t DrawLetters(const Lettering& lettering, std::string_view text, const DrawingPlace& place,
+                         bool drawBackground);
+
+/// Draws the cells of the letters `first` to `last` (from 1) of a text, with lit dots in the background
+/// colour and all others in the colour of the lettering, gaps included.
+void DrawSelection(const Lettering& lettering, std::string_view text, const DrawingPlace& place, int first,
+                   int last);
+
+/// Draws a mark before letter `index` (from 1) of a text if `isShown`, else what is below the mark. An index
+/// below 1 is the start of the text, a larger one than the text has letters its end. The mark is one dot wide
+/// and covers the last column of the letter before it.
+void DrawIndexMarker(const Lettering& lettering, std::string_view text, const DrawingPlace& place, int index,
+                     bool isShown);
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,149 @@
+#include "fonts/classFontMaster.h"
+
+#include "fonts/clsFontSizes.h"
+#include "frame/Conversions.h"
+#include "frame/Traced.h"
+#include "platform/Platform.h"
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr Procedure procedure(ProcedureKind kind, std::string_view name) {
+    return {"classFontMaster.cls", kind, name};
+}
+constexpr Procedure sub(std::string_view name) { return procedure(ProcedureKind::Sub, name); }
+constexpr Procedure function(std::string_view name) { return procedure(ProcedureKind::Function, name); }
+
+std::int32_t inPixels(std::int64_t width) { return RoundToInt32(static_cast<double>(width)); }
+
+std::string_view firstLetter(std::string_view text) { return text.substr(0, 1); }
+
+} // namespace
+
+bool classFontMaster::LoadFont(const std::string& path, std::int16_t width, std::int16_t height) {
+    return traced(
+        function("LoadFont"), [&] { return take(LoadFontFile(path, width, height, useNewFont_)); },
+        Arg{"path", path}, Arg{"width", width}, Arg{"height", height});
+}
+
+bool classFontMaster::LoadFontByNum(std::int16_t fontNumber, std::int16_t signType) {
+    return traced(
+        function("LoadFontByNum"), [&] { return take(LoadNumberedFont(fontNumber, signType, useNewFont_)); },
+        Arg{"fontNumber", fontNumber}, Arg{"signType", signType});
+}
+
+bool classFontMaster::LoadExistingFont(const std::string& path, std::int16_t width, std::int16_t height) {
+    return traced(
+        function("LoadExistingFont"),
+        [&] {
+            if (path.empty())
+                return false;
+            const auto font = ValueOf(ReadFont(platform().files().existingName(path), width, height));
+            if (!font)
+                Raise(ErrorNumber::inputPastEnd);
+            font_ = *font;
+            return true;
+        },
+        Arg{"path", path}, Arg{"width", width}, Arg{"height", height});
+}
+
+void classFontMaster::FontSizeByNum(std::int16_t fontNumber) {
+    traced(
+        sub("FontSizeByNum"),
+        [&] {
+            const auto size = clsFontSizes::FontSize(fontNumber);
+            if (!size)
+                return;
+            font_.width = size->width;
+            font_.height = size->height;
+        },
+        Arg{"fontNumber", fontNumber});
+}
+
+std::int32_t classFontMaster::GlyphOffset(const std::string& letter) {
+    return traced(
+        function("GlyphOffset"),
+        [&] {
+            constexpr std::int32_t none = -1;
+            return letter.empty() ? none : font_.glyphOffset(letter.front()).value_or(none);
+        },
+        Arg{"letter", letter});
+}
+
+void classFontMaster::DrawLetter(const std::string& letter, DrawingTarget& target, float x, float y,
+                                 std::int16_t drawBackground, std::int16_t useBitmapDC,
+                                 std::int32_t& advance) {
+    DrawingTarget* const object = &target;
+    advance = 0;
+    traced(
+        sub("DrawLetter"),
+        [&] {
+            advance = inPixels(DrawLetters(lettering(), firstLetter(letter), {target, x, y, useBitmapDC != 0},
+                                           drawBackground != 0));
+        },
+        Arg{"letter", letter}, Arg{"target", object}, Arg{"x", x}, Arg{"y", y},
+        Arg{"drawBackground", drawBackground}, Arg{"useBitmapDC", useBitmapDC}, Arg{"advance", advance});
+}
+
+std::int32_t classFontMaster::LetterWidth(const std::string& letter) {
+    return traced(
+        function("LetterWidth"), [&] { return inPixels(WidthOf(lettering(), firstLetter(letter))); },
+        Arg{"letter", letter});
+}
+
+std::int32_t classFontMaster::TextWidth(const std::string& text) {
+    return traced(
+        function("TextWidth"), [&] { return inPixels(WidthOf(lettering(), text)); }, Arg{"text", text});
+}
+
+void classFontMaster::DrawText(const std::string& text, DrawingTarget& target, float x, float y,
+                               std::int16_t drawBackground, std::int16_t useBitmapDC, std::int32_t& advance) {
+    DrawingTarget* const object = &target;
+    advance = 0;
+    traced(
+        sub("DrawText"),
+        [&] {
+            advance = inPixels(
+                DrawLetters(lettering(), text, {target, x, y, useBitmapDC != 0}, drawBackground != 0));
+        },
+        Arg{"text", text}, Arg{"target", object}, Arg{"x", x}, Arg{"y", y},
+        Arg{"drawBackground", drawBackground}, Arg{"useBitmapDC", useBitmapDC}, Arg{"advance", advance});
+}
+
+void classFontMaster::HilightSelection(const std::string& text, DrawingTarget& target, float x, float y,
+                                       std::int16_t firstLetter, std::int16_t lastLetter,
+                                       std::int16_t useBitmapDC) {
+    DrawingTarget* const object = &target;
+    traced(
+        sub("HilightSelection"),
+        [&] {
+            DrawSelection(lettering(), text, {target, x, y, useBitmapDC != 0}, firstLetter, lastLetter);
+        },
+        Arg{"text", text}, Arg{"target", object}, Arg{"x", x}, Arg{"y", y}, Arg{"firstLetter", firstLetter},
+        Arg{"lastLetter", lastLetter}, Arg{"useBitmapDC", useBitmapDC});
+}
+
+void classFontMaster::CycleIndexMarker(const std::string& text, DrawingTarget& target, float x, float y,
+                                       std::int16_t index, std::int16_t useBitmapDC) {
+    DrawingTarget* const object = &target;
+    traced(
+        sub("CycleIndexMarker"),
+        [&] {
+            DrawIndexMarker(lettering(), text, {target, x, y, useBitmapDC != 0}, index, !isMarkerShown_);
+            isMarkerShown_ = !isMarkerShown_;
+        },
+        Arg{"text", text}, Arg{"target", object}, Arg{"x", x}, Arg{"y", y}, Arg{"index", index},
+        Arg{"useBitmapDC", useBitmapDC});
+}
+
+bool classFontMaster::take(const FontOutcome& outcome) {
+    for (const std::string& message : outcome.messages)
+        if (const MessageHandler handler = onMessage_) // a copy, since the handler may replace itself
+            handler(message);
+    Check(outcome.error);
+    if (outcome.font)
+        font_ = *outcome.font;
+    return outcome.font.has_value();
+}
+
+} // namespace qrtVistrelClasses4

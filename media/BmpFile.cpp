@@ -1,0 +1,146 @@
+#include "media/BmpFile.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr std::size_t kFileHeaderSize = 14;
+constexpr std::size_t kSmallestHeader = 40; ///< Older headers have narrower fields.
+constexpr std::size_t kMasks = 54;          ///< In longer headers, or after this one.
+constexpr std::size_t kMasksSize = 12;
+static_assert(kMasks + kMasksSize == kBmpStart);
+
+/// How pixels are stored in the file.
+constexpr std::uint32_t kUncompressed = 0;
+constexpr std::uint32_t kBitFields = 3; ///< As numbers with a mask for each colour.
+
+/// The bits of a pixel that hold each colour.
+struct Masks {
+    std::uint32_t red, green, blue;
+};
+constexpr Masks kByteMasks{0xff0000, 0xff00, 0xff};
+constexpr Masks kFiveBitMasks{0x7c00, 0x3e0, 0x1f};
+
+std::uint8_t byteAt(std::string_view bytes, std::size_t at) { return static_cast<std::uint8_t>(bytes[at]); }
+
+std::uint16_t shortAt(std::string_view bytes, std::size_t at) {
+    return static_cast<std::uint16_t>(byteAt(bytes, at) | byteAt(bytes, at + 1) << 8);
+}
+
+std::uint32_t longAt(std::string_view bytes, std::size_t at) {
+    return shortAt(bytes, at) | static_cast<std::uint32_t>(shortAt(bytes, at + 2)) << 16;
+}
+
+/// Palettes store a colour as blue, green, red.
+Color colorAt(std::string_view bytes, std::size_t at) {
+    return Rgb(byteAt(bytes, at + 2), byteAt(bytes, at + 1), byteAt(bytes, at));
+}
+
+struct Header {
+    std::size_t pixels; ///< Offset of the first row in the file.
+    std::size_t palette;
+    std::size_t colors; ///< Entries of the palette.
+    std::int64_t width;
+    std::int64_t height; ///< Below 0 if the first row is the topmost.
+    unsigned bits;       ///< Of a pixel.
+    std::uint32_t compression;
+    Masks masks; ///< Of pixels without a palette.
+
+    bool isReadable() const {
+        const auto fits = [](std::int64_t side) { return side >= 1 && side <= kLargestBmpSide; };
+        const bool mayHaveMasks = bits == 16 || bits == 32;
+        const bool isPlain = bits == 1 || bits == 4 || bits == 8 || bits == 24 || mayHaveMasks;
+        return fits(width) && fits(rows()) &&
+               ((compression == kUncompressed && isPlain) || (compression == kBitFields && mayHaveMasks));
+    }
+    std::int32_t rows() const { return static_cast<std::int32_t>(height < 0 ? -height : height); }
+    /// Bytes of a row, which ends at a multiple of four.
+    std::size_t rowSize() const { return (static_cast<std::size_t>(width) * bits + 31) / 32 * 4; }
+};
+
+std::optional<Header> parseHeader(std::string_view bytes, std::uint64_t fileSize) {
+    if (!bytes.starts_with("BM") || bytes.size() < kFileHeaderSize + kSmallestHeader)
+        return std::nullopt;
+    const std::size_t size = longAt(bytes, 14);
+    const std::size_t palette = kFileHeaderSize + size;
+    if (size < kSmallestHeader || palette > fileSize)
+        return std::nullopt;
+    Header header{longAt(bytes, 10),
+                  palette,
+                  longAt(bytes, 46),
+                  static_cast<std::int32_t>(longAt(bytes, 18)),
+                  static_cast<std::int32_t>(longAt(bytes, 22)),
+                  shortAt(bytes, 28),
+                  longAt(bytes, 30),
+                  shortAt(bytes, 28) == 16 ? kFiveBitMasks : kByteMasks};
+    if (header.compression == kBitFields) {
+        if (bytes.size() < kMasks + kMasksSize)
+            return std::nullopt;
+        header.masks = {longAt(bytes, kMasks), longAt(bytes, kMasks + 4), longAt(bytes, kMasks + 8)};
+    }
+    if (!header.isReadable() || header.pixels > fileSize ||
+        fileSize - header.pixels < header.rowSize() * static_cast<std::size_t>(header.rows()))
+        return std::nullopt;
+    const std::size_t most = header.bits <= 8 ? std::size_t{1} << header.bits : 0;
+    header.colors = std::min(
+        {header.colors == 0 ? most : header.colors, most, static_cast<std::size_t>(fileSize - palette) / 4});
+    return header;
+}
+
+/// The colour of a pixel that is a number in the palette. Black for a number beyond its end.
+Color paletteColor(const Header& header, std::string_view bytes, std::string_view row, std::size_t x) {
+    const std::size_t bit = x * header.bits;
+    const unsigned shift = 8 - header.bits - bit % 8;
+    const unsigned number = byteAt(row, bit / 8) >> shift & ((1U << header.bits) - 1);
+    return number < header.colors ? colorAt(bytes, header.palette + number * std::size_t{4}) : Color{0};
+}
+
+/// The bits of `mask` as a colour's brightness, up to 255.
+std::uint8_t brightness(std::uint32_t pixel, std::uint32_t mask) {
+    if (mask == 0)
+        return 0;
+    const int shift = std::countr_zero(mask);
+    const std::uint64_t brightest = mask >> shift;
+    return static_cast<std::uint8_t>(((pixel & mask) >> shift) * std::uint64_t{255} / brightest);
+}
+
+Color maskedColor(const Header& header, std::string_view row, std::size_t x) {
+    const std::size_t size = header.bits / 8;
+    std::uint32_t pixel = 0;
+    for (std::size_t byte = size; byte-- > 0;)
+        pixel = pixel << 8 | byteAt(row, x * size + byte);
+    return Rgb(brightness(pixel, header.masks.red), brightness(pixel, header.masks.green),
+               brightness(pixel, header.masks.blue));
+}
+
+} // namespace
+
+std::optional<DotSize> BmpSize(std::string_view start, std::uint64_t fileSize) {
+    const auto header = parseHeader(start, fileSize);
+    return header ? std::optional(DotSize{static_cast<std::int32_t>(header->width), header->rows()})
+                  : std::nullopt;
+}
+
+std::optional<Raster> ParseBmp(std::string_view bytes) {
+    const auto header = parseHeader(bytes, bytes.size());
+    if (!header)
+        return std::nullopt;
+    const std::int32_t rows = header->rows();
+    Raster picture(static_cast<std::int32_t>(header->width), rows);
+    for (std::int32_t y = 0; y < rows; ++y) {
+        const std::string_view row =
+            bytes.substr(header->pixels + static_cast<std::size_t>(y) * header->rowSize(), header->rowSize());
+        std::size_t x = 0;
+        for (Color& pixel : picture.row(header->height < 0 ? y : rows - 1 - y)) {
+            pixel = header->bits <= 8 ? paletteColor(*header, bytes, row, x) : maskedColor(*header, row, x);
+            ++x;
+        }
+    }
+    return picture;
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,30 @@
+// The arguments and standard streams of a program.
+#pragma once
+
+#include "platform/SystemError.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+
+enum class StandardStream { output, error };
+
+class Console {
+public:
+    virtual ~Console() = default;
+    /// True if the stream goes to a terminal, where a program may move the cursor and erase text by escape
+    /// sequences.
+    virtual bool isTerminal(StandardStream stream) = 0;
+    /// Writes the bytes of `text` unchanged and at once. When the reader of a pipe has gone, the text is
+    /// dropped; this is no failure.
+    virtual SystemError write(StandardStream stream, std::string_view text) = 0;
+};
+
+/// Prepares the process to be a console program. `main` calls this first, with its own arguments. From then
+/// on, writing to a pipe without a reader no longer ends the process. Returns the arguments after the
+/// program's name; they are 8-bit texts in the encoding of file names.
+std::vector<std::string> StartProgram(int argumentCount, const char* const* arguments);
+
+} // namespace qrtVistrelClasses4

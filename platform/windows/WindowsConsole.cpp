@@ -1,0 +1,52 @@
+#include "platform/windows/WindowsConsole.h"
+
+#include "platform/windows/WindowsSystem.h"
+
+#include <algorithm>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr DWORD kUnderstandsEscapeSequences = 4; // not named in every set of system headers
+
+/// Null if the process has no such stream, as programs with windows.
+HANDLE handleOf(StandardStream stream) {
+    const HANDLE handle =
+        ::GetStdHandle(stream == StandardStream::output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
+    return handle == INVALID_HANDLE_VALUE ? nullptr : handle;
+}
+
+bool hasReaderGone(DWORD code) { return code == ERROR_BROKEN_PIPE || code == ERROR_NO_DATA; }
+
+} // namespace
+
+bool WindowsConsole::isTerminal(StandardStream stream) {
+    const HANDLE handle = handleOf(stream);
+    DWORD mode = 0;
+    return handle && ::GetConsoleMode(handle, &mode) &&
+           ((mode & kUnderstandsEscapeSequences) != 0 ||
+            ::SetConsoleMode(handle, mode | kUnderstandsEscapeSequences));
+}
+
+SystemError WindowsConsole::write(StandardStream stream, std::string_view text) {
+    constexpr std::size_t largestPiece = 32768; // some consoles refuse more
+    const HANDLE handle = handleOf(stream);
+    if (!handle)
+        return SystemError::unsupported;
+    while (!text.empty()) {
+        DWORD written = 0;
+        const auto size = static_cast<DWORD>(std::min(text.size(), largestPiece));
+        if (!::WriteFile(handle, text.data(), size, &written, nullptr))
+            return hasReaderGone(::GetLastError()) ? SystemError::none : lastSystemError();
+        if (written == 0)
+            return SystemError::diskFull;
+        text.remove_prefix(written);
+    }
+    return SystemError::none;
+}
+
+std::vector<std::string> StartProgram(int argumentCount, const char* const* arguments) {
+    return {arguments + (argumentCount > 0 ? 1 : 0), arguments + argumentCount};
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/Console.h"
+
+namespace qrtVistrelClasses4 {
+
+class WindowsConsole final : public Console {
+public:
+    bool isTerminal(StandardStream stream) override;
+    SystemError write(StandardStream stream, std::string_view text) override;
+};
+
+} // namespace qrtVistrelClasses4

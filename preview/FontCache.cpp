@@ -1,0 +1,72 @@
+#include "preview/FontCache.h"
+
+#include "fonts/FontLoading.h"
+#include "fonts/clsFontSizes.h"
+
+#include <utility>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr bool kUseNewFont = true;
+
+/// Font 0 when its file is missing: it takes room, but has no dots.
+Font emptyFont() {
+    const CellSize size = clsFontSizes::FontSize(0).value_or(CellSize());
+    return {size.width, size.height, {}};
+}
+
+} // namespace
+
+FontCache::FontPointer FontCache::find(std::int16_t number, const std::string& customFont) {
+    return number < kNumberedFonts ? findNumbered(number) : findCustom(customFont);
+}
+
+std::vector<PreviewFault> FontCache::takeFaults() { return std::exchange(faults_, {}); }
+
+FontCache::FontPointer FontCache::findNumbered(std::int16_t number) {
+    if (const auto known = numbered_.find(number); known != numbered_.end())
+        return known->second;
+    using enum PreviewFault::What;
+    FontPointer font = accept(LoadNumberedFont(number, signType_, kUseNewFont),
+                              {number < 0 ? unknownFontNumber : numberedFont, std::to_string(number)});
+    if (!font)
+        font = number != 0 ? findNumbered(0) : std::make_shared<const Font>(emptyFont());
+    return numbered_[number] = font;
+}
+
+FontCache::FontPointer FontCache::findCustom(const std::string& name) {
+    if (const auto known = files_.find(name); known != files_.end()) {
+        if (!known->second)
+            return findNumbered(0);
+        if (const auto kept = custom_.find(*known->second); kept != custom_.end())
+            return kept->second;
+    }
+    using enum PreviewFault::What;
+    FontOutcome outcome =
+        name.empty() ? FontOutcome() : LoadFontFile(name, kSizeFromFile, kSizeFromFile, kUseNewFont);
+    const std::string file = outcome.path.value_or("");
+    const FontPointer font = accept(std::move(outcome), {name.empty() ? unnamedFont : customFont, name});
+    if (!font) {
+        files_[name].reset();
+        return findNumbered(0);
+    }
+    files_[name] = file;
+    if (const auto kept = custom_.find(file); kept != custom_.end()) // under another name
+        return kept->second;
+    if (custom_.size() == kMostCustomFonts)
+        custom_.clear();
+    return custom_[file] = font;
+}
+
+FontCache::FontPointer FontCache::accept(FontOutcome&& outcome, PreviewFault fault) {
+    if (outcome.font && outcome.source != FontSource::font0)
+        return std::make_shared<const Font>(*outcome.font);
+    fault.messages = std::move(outcome.messages);
+    if (outcome.error != SystemError::none)
+        fault.error = ErrorFor(outcome.error);
+    faults_.push_back(std::move(fault));
+    return nullptr;
+}
+
+} // namespace qrtVistrelClasses4

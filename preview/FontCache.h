@@ -1,0 +1,52 @@
+// The fonts that the lines of frames are drawn in.
+#pragma once
+
+#include "fonts/FontFile.h"
+#include "preview/PreviewFault.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+
+struct FontOutcome;
+
+/// Caches fonts, so that each is usually loaded only once, whatever names lines have for its file.
+class FontCache {
+public:
+    using FontPointer = std::shared_ptr<const Font>;
+
+    /// Font 5 depends on the type of the sign.
+    explicit FontCache(std::int16_t signType) : signType_(signType) {}
+
+    /// The font of a number. Numbers above the last one mean the font in the file `customFont`. If the font
+    /// cannot be loaded, the result is font 0; if that is missing too, a font whose letters have no dots.
+    FontPointer find(std::int16_t number, const std::string& customFont);
+
+    /// The fonts that could not be loaded since the last call.
+    std::vector<PreviewFault> takeFaults();
+
+    /// Custom fonts that are kept at a time.
+    static constexpr std::size_t kMostCustomFonts = 64;
+
+private:
+    FontPointer findNumbered(std::int16_t number);
+    FontPointer findCustom(const std::string& name);
+    /// The loaded font. Null, and one more fault, if font 0 has to replace it.
+    FontPointer accept(FontOutcome&& outcome, PreviewFault fault);
+
+    std::int16_t signType_;
+    std::vector<PreviewFault> faults_;
+    std::map<std::int16_t, FontPointer> numbered_;
+    /// The files of custom fonts by the names that lines have for them. Nothing if font 0 replaces the font.
+    std::unordered_map<std::string, std::optional<std::string>> files_;
+    std::unordered_map<std::string, FontPointer> custom_; ///< By file.
+};
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,221 @@
+#include "preview/FramePainter.h"
+
+#include "commands/PreviewText.h"
+#include "fonts/TextDrawing.h"
+#include "media/PictureCache.h"
+#include "platform/Path.h"
+#include "playfile/FrameRules.h"
+#include "preview/FontCache.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+// Signs that are made up for a playfile.
+constexpr DotSize kSmallestSign{48, 16};
+constexpr DotSize kLargestSign{512, 128};
+constexpr std::int32_t kDotsOfModule = 8; ///< Signs consist of square modules.
+
+constexpr std::int16_t kCaptionFont = 0;
+constexpr std::int16_t kLabelFont = 3;
+constexpr std::int32_t kLabelMargin = 4; ///< Dots between a label and the outside of its box.
+
+/// Letters start one dot right of where they are drawn.
+constexpr std::int32_t kDotsBeforeText = 1;
+
+bool hasPicture(const FrameRecord& frame) {
+    const NEW_FRAME_TYPES type = MeaningOf(FrameTypeOf(frame));
+    return type == NEW_FRAME_TYPES::FRAME_GRAPHIC || type == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT;
+}
+
+/// The file that a frame shows. Empty if it shows none.
+std::string mediumOf(const FrameRecord& frame) {
+    if (MeaningOf(FrameTypeOf(frame)) == NEW_FRAME_TYPES::FRAME_CMD)
+        return frame.commandfile;
+    return hasPicture(frame) ? frame.PicturefileName : std::string();
+}
+
+DotSize larger(DotSize one, DotSize other) {
+    return {std::max(one.width, other.width), std::max(one.height, other.height)};
+}
+
+std::int32_t wholeModules(std::int32_t dots) {
+    return (dots + kDotsOfModule - 1) / kDotsOfModule * kDotsOfModule;
+}
+
+/// Dots that a text takes in width, up to that of the largest sign.
+std::int32_t widthOnSign(const Font& font, std::string_view text) {
+    return static_cast<std::int32_t>(std::min<std::int64_t>(WidthOf({font}, text), kLargestSign.width));
+}
+
+void drawText(const Font& font, Color color, std::string_view text, PixelBuffer& dots, std::int32_t left,
+              std::int32_t top) {
+    DrawLetters({font, 1, color}, text, {dots, static_cast<float>(left), static_cast<float>(top)}, false);
+}
+
+void drawPicture(const SignLook& sign, const Raster& picture, PixelBuffer& dots) {
+    const auto width = static_cast<std::size_t>(std::min(picture.width(), dots.width()));
+    for (std::int32_t y = 0; y < std::min(picture.height(), dots.height()); ++y) {
+        auto dot = dots.row(y).begin();
+        for (const Color pixel : picture.row(y).first(width)) {
+            if (const Color lit = sign.dotFor(pixel))
+                *dot = lit;
+            ++dot;
+        }
+    }
+}
+
+} // namespace
+
+bool HasText(const FrameRecord& frame) {
+    const NEW_FRAME_TYPES type = MeaningOf(FrameTypeOf(frame));
+    return type == NEW_FRAME_TYPES::FRAME_TEXT || type == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT;
+}
+
+/// Draws one frame at a time.
+class FramePainter::Drawing {
+public:
+    explicit Drawing(const SignLook& sign) : sign_(sign), fonts_(sign.type) {}
+
+    DotSize sizeOf(const FrameRecord& frame) {
+        const DotSize medium = sizeOfMedium(mediumOf(frame));
+        const DotSize size = HasText(frame) ? larger(medium, sizeOfLines(frame)) : medium;
+        collectFaults();
+        return size;
+    }
+
+    void draw(const FrameRecord& frame, PixelBuffer& dots) {
+        if (!IsOverlay(frame))
+            drawBackground(frame, dots);
+        if (const std::string medium = mediumOf(frame); !medium.empty())
+            drawMedium(medium, dots);
+        if (HasText(frame))
+            drawLines(frame, dots);
+        collectFaults();
+    }
+
+    const Font& captionFont() { return *fonts_.find(kCaptionFont, {}); }
+
+    std::vector<PreviewFault> takeFaults() {
+        collectFaults();
+        return std::exchange(faults_, {});
+    }
+
+private:
+    DotSize sizeOfLines(const FrameRecord& frame) {
+        DotSize size;
+        std::int32_t bottom = 0;
+        for (const LineRecord& line : frame.lines) {
+            const auto font = fontOf(line);
+            bottom += font->height;
+            const std::int32_t width =
+                line.Scrolling ? 0 : widthOnSign(*font, texts_.of(line.CurrentLineText));
+            if (!line.CurrentLineText.empty() || line.Inverse)
+                size = larger(size, {width + kDotsBeforeText, bottom});
+            if (bottom >= kLargestSign.height)
+                break;
+        }
+        return size;
+    }
+
+    DotSize sizeOfMedium(const std::string& path) {
+        if (path.empty())
+            return {};
+        if (const auto size = pictures_.sizeOf(path))
+            return *size;
+        const auto font = fonts_.find(kLabelFont, {});
+        return {widthOnSign(*font, SplitPath(path).name) + 2 * kLabelMargin, font->height + 2 * kLabelMargin};
+    }
+
+    void drawBackground(const FrameRecord& frame, PixelBuffer& dots) const {
+        const bool isSystemColor = frame.WinBackColor < 0; // of the computer it was made on, not the sign's
+        const bool isDark = isSystemColor || !sign_.showsColors;
+        dots.fill(0, 0, dots.width(), dots.height(),
+                  isDark ? 0 : static_cast<Color>(frame.WinBackColor) & 0xffffff);
+    }
+
+    void drawLines(const FrameRecord& frame, PixelBuffer& dots) {
+        std::int32_t top = 0;
+        for (const LineRecord& line : frame.lines) {
+            if (top >= dots.height())
+                break;
+            const auto font = fontOf(line);
+            if (line.Inverse)
+                dots.fill(0, top, dots.width(), font->height, sign_.color);
+            drawText(*font, line.Inverse ? 0 : sign_.color, texts_.of(line.CurrentLineText), dots, 0, top);
+            top += font->height;
+        }
+    }
+
+    /// Draws a picture, or a box with the name of a file that cannot be drawn.
+    void drawMedium(const std::string& path, PixelBuffer& dots) {
+        if (const Raster* picture = pictures_.find(path))
+            drawPicture(sign_, *picture, dots);
+        else
+            drawBox(SplitPath(path).name, dots);
+    }
+
+    void drawBox(std::string_view label, PixelBuffer& dots) {
+        const Color color = sign_.dimmed();
+        const auto font = fonts_.find(kLabelFont, {});
+        const std::int64_t free = dots.width() - WidthOf({*font}, label) - kDotsBeforeText;
+        const auto left = static_cast<std::int32_t>(std::max<std::int64_t>(free / 2, kDotsBeforeText));
+        drawText(*font, color, label, dots, left, (dots.height() - font->height) / 2);
+        dots.fill(0, 0, dots.width(), 1, color);
+        dots.fill(0, dots.height() - 1, dots.width(), 1, color);
+        dots.fill(0, 0, 1, dots.height(), color);
+        dots.fill(dots.width() - 1, 0, 1, dots.height(), color);
+    }
+
+    FontCache::FontPointer fontOf(const LineRecord& line) {
+        return fonts_.find(line.LineFontSize, line.LineCustomFont);
+    }
+
+    void collectFaults() {
+        for (std::string& path : pictures_.takeUnreadable())
+            faults_.push_back({PreviewFault::What::picture, std::move(path)});
+        for (PreviewFault& fault : fonts_.takeFaults())
+            faults_.push_back(std::move(fault));
+    }
+
+    SignLook sign_;
+    FontCache fonts_;
+    PictureCache pictures_;
+    TextPreviews texts_{0};
+    std::vector<PreviewFault> faults_;
+};
+
+FramePainter::FramePainter(const SignLook& sign) : drawing_(std::make_unique<Drawing>(sign)) {}
+FramePainter::~FramePainter() = default;
+FramePainter::FramePainter(FramePainter&&) noexcept = default;
+FramePainter& FramePainter::operator=(FramePainter&&) noexcept = default;
+
+DotSize FramePainter::sizeFor(const OneBasedArray<FrameRecord>& frames) {
+    DotSize size = kSmallestSign;
+    for (const FrameRecord& frame : frames)
+        size = larger(size, drawing_->sizeOf(frame));
+    return {std::min(wholeModules(size.width), kLargestSign.width),
+            std::min(wholeModules(size.height), kLargestSign.height)};
+}
+
+void FramePainter::draw(const OneBasedArray<FrameRecord>& frames, std::int32_t first, std::int32_t last,
+                        DotSize size, const OnFrame& onFrame) {
+    std::int32_t number = first;
+    while (number > 1 && IsOverlay(frames.at(number)))
+        --number;
+    PixelBuffer dots(size.width, size.height);
+    for (; number <= last; ++number) {
+        drawing_->draw(frames.at(number), dots);
+        if (number >= first)
+            onFrame(number, dots);
+    }
+}
+
+const Font& FramePainter::captionFont() { return drawing_->captionFont(); }
+
+std::vector<PreviewFault> FramePainter::takeFaults() { return drawing_->takeFaults(); }
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,56 @@
+// Frames of a playfile as the dots of a sign.
+#pragma once
+
+#include "fonts/PixelBuffer.h"
+#include "frame/OneBasedArray.h"
+#include "playfile/FrameRecord.h"
+#include "preview/PreviewFault.h"
+#include "preview/SignLook.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+
+struct Font;
+
+/// Whether the lines of the frame are shown.
+bool HasText(const FrameRecord& frame);
+
+/// Draws frames. Lines that scroll are drawn from their start, pictures from the left upper corner, and
+/// animations, command files and unreadable pictures as a box with their name. References to pictures must be
+/// full paths. One thread at a time.
+class FramePainter {
+public:
+    /// Reads the command table, and writes it again.
+    explicit FramePainter(const SignLook& sign);
+    ~FramePainter();
+    FramePainter(FramePainter&&) noexcept;
+    FramePainter& operator=(FramePainter&&) noexcept;
+
+    /// Size of a sign, made of whole modules, that shows all texts that do not scroll and all pictures of the
+    /// frames. It is never larger than the largest signs.
+    DotSize sizeFor(const OneBasedArray<FrameRecord>& frames);
+
+    /// Receives the number of a frame, from 1, and its dots: the colour of each, 0 for a dark one. The dots
+    /// are valid during the call.
+    using OnFrame = std::function<void(std::int32_t number, const PixelBuffer& dots)>;
+    /// Draws the frames `first` to `last` one after the other, an overlay over the frame before it. Throws
+    /// error 9 if one of them does not exist.
+    void draw(const OneBasedArray<FrameRecord>& frames, std::int32_t first, std::int32_t last, DotSize size,
+              const OnFrame& onFrame);
+
+    /// Font 0, for captions. Valid as long as the painter.
+    const Font& captionFont();
+
+    /// Fonts and pictures that could not be shown as the playfile wants, since the last call.
+    std::vector<PreviewFault> takeFaults();
+
+private:
+    class Drawing;
+    std::unique_ptr<Drawing> drawing_;
+};
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,65 @@
+#include "preview/SignLook.h"
+
+#include "displays/DisplayRecord.h"
+#include "platform/LetterCase.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr unsigned kDarkest = 24; ///< Pixels darker than this leave their dot dark.
+
+struct NamedColor {
+    std::string_view name;
+    Color color;
+};
+
+constexpr NamedColor kLedColors[] = {
+    {"Amber", kAmber},
+    {"Red", Rgb(255, 40, 30)},
+    {"Green", Rgb(60, 255, 70)},
+    {"Yellow", Rgb(255, 225, 40)},
+    {"Orange", Rgb(255, 120, 0)},
+    {"Blue", Rgb(60, 120, 255)},
+    {"White", Rgb(255, 250, 240)},
+};
+
+Color ledColor(std::string_view name) {
+    const auto* const found =
+        std::find_if(std::begin(kLedColors), std::end(kLedColors),
+                     [&](const NamedColor& it) { return EqualIgnoringAsciiCase(it.name, name); });
+    return found == std::end(kLedColors) ? kAmber : found->color;
+}
+
+/// The colour at a brightness from 0 to 255.
+Color scaled(Color color, unsigned brightness) {
+    const auto part = [&](unsigned channel) { return static_cast<std::uint8_t>(channel * brightness / 255); };
+    return Rgb(part(RedOf(color)), part(GreenOf(color)), part(BlueOf(color)));
+}
+
+} // namespace
+
+Color SignLook::dotFor(Color pixel) const {
+    // A saturated blue is as bright a light as white.
+    const unsigned brightness = std::max({RedOf(pixel), GreenOf(pixel), BlueOf(pixel)});
+    if (brightness < kDarkest)
+        return 0;
+    return showsColors ? pixel : scaled(color, brightness);
+}
+
+Color SignLook::dimmed() const { return scaled(color, 127); }
+
+SignLook SignLookOf(const DisplayRecord& sign) {
+    SignLook look;
+    look.color = ledColor(sign.DefaultColor);
+    look.showsColors = sign.IsDisplayColor;
+    look.type = sign.DisplayType;
+    if (sign.DisplayWidth >= 1 && sign.DisplayHeight >= 1)
+        look.size = DotSize{sign.DisplayWidth, sign.DisplayHeight};
+    return look;
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,184 @@
+#include "preview/FramePainter.h"
+
+#include "displays/DisplayRecord.h"
+#include "fonts/FontTesting.h"
+#include "media/BmpTesting.h"
+#include "playfile/FrameTypes.h"
+#include "preview/FrameSheet.h"
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+using enum NEW_FRAME_TYPES;
+using Lines = std::vector<LineRecord>;
+
+template <class T>
+OneBasedArray<T> listOf(const std::vector<T>& elements) {
+    OneBasedArray<T> list(static_cast<std::int32_t>(elements.size()));
+    std::ranges::copy(elements, list.begin());
+    return list;
+}
+
+/// A line in the font of a file, or of a number of one digit.
+LineRecord line(const std::string& text, const std::string& font = "tiny", bool LineRecord::*flag = nullptr) {
+    LineRecord line;
+    line.CurrentLineText = text;
+    line.LineFontSize = static_cast<std::int16_t>(font.size() == 1 ? font[0] - '0' : 12);
+    line.LineCustomFont = font;
+    if (flag)
+        line.*flag = true;
+    return line;
+}
+
+FrameRecord frame(NEW_FRAME_TYPES type, const Lines& lines, const std::string& file = "",
+                  bool isOverlay = false) {
+    FrameRecord frame;
+    frame.FrameType = static_cast<std::int16_t>(type);
+    frame.PicturefileName = frame.commandfile = file;
+    frame.lines = listOf(lines);
+    frame.OverlayFrame = isOverlay ? 1 : 0;
+    return frame;
+}
+FrameRecord text(const Lines& lines) { return frame(FRAME_TEXT, lines); }
+
+/// Rows with blanks between them: "#" for a lit dot, "+" for one at half its brightness or less, "." for a
+/// dark one.
+std::string rowsOf(const Raster& dots) {
+    std::string rows;
+    for (std::int32_t y = 0; y < dots.height(); ++y) {
+        rows += y > 0 ? " " : "";
+        for (const Color dot : dots.row(y))
+            rows += dot == 0 ? '.' : std::max({RedOf(dot), GreenOf(dot), BlueOf(dot)}) < 128 ? '+' : '#';
+    }
+    return rows;
+}
+DotSize sizeOf(const std::string& rows) {
+    const std::size_t width = rows.find(' ');
+    return {static_cast<std::int32_t>(width), static_cast<std::int32_t>((rows.size() + 1) / (width + 1))};
+}
+
+class Frames : public HostTest {
+protected:
+    Frames() {
+        host_.machine.time = {2026, 11, 21, 0, 11, 0, 6};
+        Font tiny = FontOf(4, {"#.", "##", "#."});
+        AddLetter(tiny, '0', {"##", "##", "##"});
+        AddLetter(tiny, '1', {".#", ".#", ".#"});
+        Font standard = ParseFont({}, 6, 8).value(), condensed = ParseFont({}, 5, 8).value();
+        AddLetter(standard, 'A', {"#", ".", ".", ".", ".", ".", ".", "#"});
+        AddLetter(condensed, 'x', Texts(8, "#"));
+        put("tiny", HeaderFontBytes(tiny));
+        put("wide", HeaderFontBytes(FontOf(4, {"###", "..#"})));
+        files().put(host_.inLibrary("bin/Fstnd08.cmd"), SizedFontBytes(standard));
+        files().put(host_.inLibrary("bin/Fstnd5x8.cmd"), SizedFontBytes(condensed));
+    }
+    std::string put(const std::string& name, const std::string& content) {
+        files().put(host_.inLibrary("CustomFonts/" + name), content);
+        return host_.inLibrary("CustomFonts/" + name);
+    }
+    /// The last of the frames.
+    static PixelBuffer draw(const std::vector<FrameRecord>& frames, DotSize size, const SignLook& sign = {}) {
+        PixelBuffer last(0, 0);
+        const auto number = static_cast<std::int32_t>(frames.size());
+        FramePainter(sign).draw(listOf(frames), number, number, size,
+                                [&](std::int32_t, const PixelBuffer& dots) { last = dots; });
+        return last;
+    }
+
+    const std::string white_ = std::string(3, '\xff'), dark_ = std::string(3, '\0'),
+                      half_ = std::string(3, '\x64');
+    const std::string picture_ =
+        put("dots.bmp", Bmp(24, half_ + dark_ + dark_ + dark_ + white_ + white_ + dark_ + dark_));
+    const std::string bad_ = put("x.bmp", "BM, and no more");
+};
+
+TEST_F(Frames, AreDrawnAsASignShowsThem) {
+    const std::string box = "+++++ +...+ +.+.+ +.+.+ +.+.+ +.+.+ +.+.+ +.+.+ +.+.+ +.+.+ +...+ +++++";
+    const std::string stacked =
+        ".###...... ...#...... .......... .......... .......... .####.#.#. .####.#.#. "
+        ".####.#.#. #.######## #..####### #.######## .#.#.#.#.# .######### .#.#.#.#.# "
+        ".#........ .......... .......... .......... .......... .......... .......... "
+        ".#........ .#........";
+    const Lines lines{line("A", "wide"),
+                      line(""),
+                      line("?|hm|"),
+                      line("A", "tiny", &LineRecord::Inverse),
+                      line("AAAAAA", "tiny", &LineRecord::Scrolling),
+                      line("A", "0"),
+                      line("A")};
+    const FrameRecord one = frame(FRAME_TEXT, {line("1")}, "", true);
+    const FrameRecord below = frame(FRAME_TEXT, {line(""), line("A")}, "", true);
+    const struct {
+        const char* why;
+        std::vector<FrameRecord> frames;
+        std::string rows;
+    } cases[] = {
+        {"lines in their fonts, with codes and unknown letters", {text(lines)}, stacked},
+        {"nothing at all", {frame(FRAME_BLANK, {line("A")})}, "... ..."},
+        {"overlays over the frames before", {text({line("A")}), one, below}, ".## .## .## .#."},
+        {"a picture with text", {frame(FRAME_GRAPHICTEXT, {line("A")}, picture_)}, "##. +## .#."},
+        {"a picture alone", {frame(FRAME_GRAPHIC, {line("A")}, picture_)}, "##. +.. ..."},
+        {"a picture that is cut off", {frame(FRAME_GRAPHIC, {}, picture_)}, "# +"},
+        {"a text alone", {frame(FRAME_TEXT, {line("A")}, picture_)}, ".#. .## .#."},
+        {"an animation", {frame(FRAME_GRAPHIC, {}, host_.inLibrary("x"))}, box},
+        {"a command file", {frame(FRAME_CMD, {}, "x")}, box},
+        {"a picture that cannot be read", {frame(FRAME_GRAPHIC, {}, bad_)}, box},
+    };
+    for (const auto& [why, frames, rows] : cases)
+        EXPECT_EQ(rowsOf(draw(frames, sizeOf(rows))), rows) << why;
+}
+
+TEST_F(Frames, HaveTheColoursOfTheSign) {
+    FrameRecord shown = frame(FRAME_GRAPHIC, {}, picture_);
+    DisplayRecord sign;
+    sign.DisplayWidth = 3;
+    const std::tuple<const char*, bool, std::int32_t, Color, Color> cases[] = {
+        {"gREEN", false, 0x40, Rgb(60, 255, 70), 0},
+        {"Puce", false, 0x40, kAmber, 0},
+        {"Red", true, 0x40, 0xffffff, 0x40},
+        {"Red", true, -1, 0xffffff, 0}, // a colour of the system
+    };
+    for (const auto& [name, isColor, background, lit, dark] : cases) {
+        sign.DefaultColor = name;
+        sign.IsDisplayColor = isColor;
+        shown.WinBackColor = background;
+        const PixelBuffer dots = draw({shown}, {3, 1}, SignLookOf(sign));
+        EXPECT_EQ(std::pair(dots.row(0)[0], dots.row(0)[2]), std::pair(lit, dark)) << name;
+    }
+    EXPECT_EQ(SignLookOf(sign).size, std::nullopt) << "without a height";
+}
+
+TEST_F(Frames, NeedASignThatShowsAllThatDoesNotScroll) {
+    const std::string forty(40, 'A');
+    const std::tuple<const char*, FrameRecord, DotSize> cases[] = {
+        {"a long line, in whole modules", text({line(forty)}), {88, 16}},
+        {"a line that scrolls", text({line(forty, "tiny", &LineRecord::Scrolling)}), {48, 16}},
+        {"the last line with text",
+         text({line("", "1"), line("", "1"), line("A", "1"), line("", "1")}),
+         {48, 24}},
+        {"the name in a box", frame(FRAME_CMD, {}, std::string(60, 'x')), {72, 16}},
+        {"the largest", text(Lines(99, line(std::string(999, 'A')))), {512, 128}},
+    };
+    for (const auto& [why, shown, size] : cases)
+        EXPECT_EQ(FramePainter({}).sizeFor(listOf<FrameRecord>({shown, text({})})), size) << why;
+}
+
+TEST_F(Frames, BecomeASheetOfLeds) {
+    const auto frames = listOf<FrameRecord>({text({line("A")}), text({})});
+    FramePainter painter({});
+    FrameSheet sheet(2, {3, 3}, 8);
+    PixelBuffer picture = sheet.empty();
+    EXPECT_EQ(picture.size(), (DotSize{104, 80}));
+    painter.draw(frames, 1, 2, {3, 3}, [&](std::int32_t, const PixelBuffer& dots) {
+        sheet.add("AA", dots, painter.captionFont(), picture);
+    });
+    std::string middles; // of the dots of the first frame
+    for (std::int32_t y = 34 + 9; y < 34 + 9 + 24; y += 8)
+        for (std::size_t x = 12 + 9; x < 12 + 9 + 24; x += 8)
+            middles += RedOf(picture.row(y)[x]) > 200 ? '#' : '.';
+    EXPECT_EQ(middles, ".#..##.#.");
+    EXPECT_GT(RedOf(picture.row(12)[12]), 100) << "the caption";
+}
+
+} // namespace
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,27 @@
+// The command table on the disk, which every use writes anew.
+#pragma once
+
+#include "commands/CommandTableFile.h"
+#include "tools/program/ErrorLines.h"
+
+namespace qrtVistrelClasses4 {
+
+/// Loads the table, saves it after `use(table)`, and returns what `use` returned. Errors of both are
+/// reported.
+template <class Use>
+auto WithStoredCommands(ErrorLines& errors, Use use) {
+    CommandTableOutcome loaded = LoadCommandTable(CommandTablePath());
+    if (loaded.error) {
+        errors.about("the command table cannot be read");
+        errors.add(*loaded.error);
+    }
+    auto result = use(loaded.table);
+    const SavedCommandTable saved = SaveCommandTable(loaded.table, loaded.source);
+    if (saved.error) {
+        errors.about("the command table cannot be saved");
+        errors.add(*saved.error);
+    }
+    return result;
+}
+
+} // namespace qrtVistrelClasses4

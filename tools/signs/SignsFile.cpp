@@ -1,0 +1,126 @@
+#include "tools/signs/SignsFile.h"
+
+#include "platform/Platform.h"
+#include "tools/program/Encoding.h"
+#include "tools/program/PropertyValues.h"
+
+#include <type_traits>
+#include <utility>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr const char* kFileName = "Displays.dat";
+
+/// Leaves the list as it is after each property was read. A blank record at the end is all that is left of a
+/// list without signs, or of a sign that could not be read at all; it goes.
+void tidy(SignList& list) {
+    const std::int32_t last = list.signs.upperBound();
+    if (last > 0 && list.signs.at(last) == DisplayRecord())
+        list.signs.resize(last - 1);
+    for (DisplayRecord& sign : list.signs)
+        ForEachProperty(sign, kDisplayMembers, [](const auto&, const auto& row, auto& record) {
+            SetProperty(row, record, ValueOfProperty(row, record));
+        });
+}
+
+bool endsNameless(const SignList& list) { return !list.signs.empty() && list.count() == 0; }
+
+std::string counted(std::int32_t number, const char* what) {
+    return std::to_string(number) + " " + what + (number == 1 ? "" : "s");
+}
+
+/// False, after adding the reasons, if not all signs would be in the file.
+bool canBeSaved(const SignsFile& file, ErrorLines& errors) {
+    if (endsNameless(file.list)) {
+        errors.about(file.path);
+        errors.add("the list would end with a sign without a name, and count as empty");
+    }
+    for (const DisplayRecord& sign : file.list.signs) {
+        errors.about(Utf8FromAnsi(sign.DisplayName));
+        ForEachProperty(sign, kDisplayMembers,
+                        [&](const std::string& name, const auto& row, const auto& record) {
+                            if constexpr (std::is_same_v<decltype(ValueOfProperty(row, record)), std::string>)
+                                if ((record.*row.member).find('"') != std::string::npos)
+                                    errors.add(name + ": a list of signs cannot hold quotes");
+                        });
+    }
+    return errors.empty();
+}
+
+} // namespace
+
+std::optional<SignsFile> LoadSigns(ErrorLines& errors) {
+    errors.about(kFileName);
+    const std::optional<std::string> path = RememberedSignListPath(kFileName);
+    if (!path)
+        return std::nullopt;
+    SignsFile file{LoadSignList(*path), *path};
+    tidy(file.list);
+    return file;
+}
+
+void AddFaults(const SignsFile& file, ErrorLines& errors) {
+    errors.about(file.path);
+    if (file.error && !file.isMissing()) {
+        if (file.error->line)
+            errors.about(file.path + ", line " + std::to_string(*file.error->line));
+        errors.add(file.error->error);
+        errors.about(file.path);
+        if (!file.list.signs.empty())
+            errors.add("only " + counted(file.wholeSigns, "sign") + " could be read whole");
+    } else if (endsNameless(file.list)) {
+        errors.add("the last sign has no name, so that the list counts as empty and hides " +
+                   counted(file.list.signs.upperBound(), "record"));
+    }
+}
+
+bool MayBeChanged(const SignsFile& file, ErrorLines& errors) {
+    AddFaults(file, errors);
+    const std::string savedPath = SavedSignListPath(kFileName);
+    if (file.isMissing() && platform().files().kindOf(savedPath) != EntryKind::missing) {
+        errors.add(file.error->error);
+        errors.add("saving would put the change into another list, " + savedPath);
+    }
+    if (!errors.empty())
+        errors.add("not saved, since signs could be lost");
+    return errors.empty();
+}
+
+bool SaveSigns(SignsFile& file, ErrorLines& errors) {
+    tidy(file.list);
+    if (!canBeSaved(file, errors)) {
+        errors.about(file.path);
+        errors.add("not saved");
+        return false;
+    }
+    file.path = SavedSignListPath(kFileName);
+    RememberSignListPath(file.path);
+    const SignListSaving saving = SaveSignList(file.list, file.path);
+    if (saving.keepingError) {
+        errors.about("the previous list could not be kept as " + file.path + ".bak");
+        errors.add(*saving.keepingError);
+    }
+    errors.about(file.path + ": not saved");
+    if (saving.error)
+        errors.add(*saving.error);
+    return saving.isWritten();
+}
+
+std::optional<std::int16_t> FindSign(const SignList& list, const std::string& name) {
+    const std::optional<std::int16_t> number = list.find(name);
+    return number ? number : list.find(EscapeNumericName(name));
+}
+
+std::optional<std::int16_t> FindTypedSign(const SignList& list, const std::string& typed,
+                                          ErrorLines& errors) {
+    const std::optional<std::string> name = AnsiFromUtf8(typed);
+    const std::optional<std::int16_t> number = name ? FindSign(list, *name) : std::nullopt;
+    if (!number) {
+        errors.about(typed);
+        errors.add("there is no sign of that name");
+    }
+    return number;
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,40 @@
+// The list of signs as the program loads and saves it.
+#pragma once
+
+#include "displays/SignList.h"
+#include "tools/program/ErrorLines.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace qrtVistrelClasses4 {
+
+/// A list that was loaded from where it was saved last. Values are as the library's properties read them.
+struct SignsFile : SignListOutcome {
+    std::string path;
+};
+
+/// Loads the list, as far as it can be read. Adds an error, and returns nothing, if it is not known where the
+/// list is.
+std::optional<SignsFile> LoadSigns(ErrorLines& errors);
+
+/// Adds the reasons why the list is not what it should be.
+void AddFaults(const SignsFile& file, ErrorLines& errors);
+
+/// False, after adding the reason, if saving would lose signs.
+bool MayBeChanged(const SignsFile& file, ErrorLines& errors);
+
+/// Saves the list in the library's folder, and makes that its path. False, after adding the reason, if it was
+/// not saved. A quote in one of the two spare texts of a sign, which a file with texts outside quotes may
+/// hold, is not noticed.
+bool SaveSigns(SignsFile& file, ErrorLines& errors);
+
+/// Number of the sign of that name, in Windows-1252. A name that is a number is stored, and found, with "#"
+/// before it.
+std::optional<std::int16_t> FindSign(const SignList& list, const std::string& name);
+
+/// Number of the sign of the typed name. Adds an error if there is none.
+std::optional<std::int16_t> FindTypedSign(const SignList& list, const std::string& typed, ErrorLines& errors);
+
+} // namespace qrtVistrelClasses4
