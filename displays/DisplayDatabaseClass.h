@@ -92,8 +92,8 @@ public:
     // the values are.
 
     // Identity and size.
-    /// Reading and writing put "#" before a name that is a number, and store it, so that no name is taken for
-    /// the number of a sign.
+    /// Reading and writing put "#" before a name that is a number, so that no name is taken for the number of
+    /// a sign. Reading stores such a name, so that it is not const.
     std::string DisplayName() { return readAndStore<&DisplayRecord::DisplayName>(); }
     void DisplayName(const std::string& vData) { write<&DisplayRecord::DisplayName>(vData); }
     /// Number of the sign type, as text. Setting a text that is not a number is error 13.
@@ -174,7 +174,7 @@ public:
     void LightSensorInstalled(bool vData) { write<&DisplayRecord::LightSensorInstalled>(vData); }
     std::int16_t LightSensorMinimum() const { return read<&DisplayRecord::LightSensorMinimum>(); }
     void LightSensorMinimum(std::int16_t vData) { write<&DisplayRecord::LightSensorMinimum>(vData); }
-    /// Reading an unset value, 0, stores and returns 9.
+    /// Reading an unset value, 0, stores 9 and returns it, so that it is not const.
     std::int16_t LightSensorMaximum() { return readAndStore<&DisplayRecord::LightSensorMaximum>(); }
     void LightSensorMaximum(std::int16_t vData) { write<&DisplayRecord::LightSensorMaximum>(vData); }
     /// Brightness outside every schedule.

@@ -50,7 +50,7 @@ std::string_view ConnectionMethodName(std::int16_t connectionMethod);
 std::string ConnectionOf(const DisplayRecord& sign);
 
 /// What came of reading a file over a list.
-struct SignListReading {
+struct [[nodiscard]] SignListReading {
     std::int32_t wholeSigns = 0;      ///< Number of signs read to their end.
     std::vector<std::int16_t> mended; ///< Numbers of the signs whose empty values were mended.
     std::optional<FileError> error;   ///< The error that ended reading.
@@ -60,14 +60,15 @@ struct SignListReading {
 };
 
 /// What came of loading a list.
-struct SignListOutcome : SignListReading {
+struct [[nodiscard]] SignListOutcome : SignListReading {
     SignList list; ///< The signs that were read, the last of them in part if there was an error in it.
 };
 
 /// Loads the list in the file `path`. A file without a sign gives an empty list.
 SignListOutcome LoadSignList(const std::string& path);
 /// Reads the file `path` over `list`. A file that cannot be opened, or has no sign, leaves the list as it is.
-/// What an error leaves of the last sign is blank, but in sign 1 as it was.
+/// After an error the last sign has the values read until then. Its other values are blank, or in sign 1
+/// those that it had before.
 SignListReading ReadSignList(const std::string& path, SignList& list);
 
 /// A file that a save has left incomplete.
@@ -79,7 +80,7 @@ struct HalfWrittenList {
 };
 
 /// What came of saving a list.
-struct SignListSaving {
+struct [[nodiscard]] SignListSaving {
     std::optional<RuntimeError> error;        ///< Why the file does not hold the whole list.
     bool isStarted = false;                   ///< True if the old content was removed and writing began.
     std::optional<RuntimeError> keepingError; ///< Why the previous list could not be kept; the save went on.

@@ -12,8 +12,8 @@ class DisplayDatabaseClass;
 class SignListSynchronisation {
 public:
     virtual ~SignListSynchronisation() = default;
-    /// Called when `displays` has been saved and the setting "SyncPCScheduler" wants it. An error thrown here
-    /// is trapped as one of the save.
+    /// Called after `displays` was saved, if the setting "SyncPCScheduler" is "True". The save traps an error
+    /// thrown here.
     virtual void synchronise(DisplayDatabaseClass& displays) = 0;
 };
 

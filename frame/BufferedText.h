@@ -1,4 +1,4 @@
-// Text on its way into a file.
+// Writing text to files in large pieces.
 #pragma once
 
 #include "frame/Conversions.h"
@@ -14,11 +14,11 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Collects text in a buffer of fixed size and hands it on in large pieces. A refusal of the file is thrown
-/// as its run-time error.
+/// Collects text in a buffer of fixed size and writes it in large pieces. An error of the file is thrown as a
+/// run-time error.
 class BufferedText {
 public:
-    /// `file` must outlive this object. Nothing is written by destroying it; call `finish`.
+    /// `file` must outlive this object. The destructor writes nothing; call `finish`.
     explicit BufferedText(ByteSink& file) : file_(file) {}
 
     void append(std::string_view text) {
@@ -40,7 +40,7 @@ public:
         char* const place = room(kNumberTextSize);
         used_ += static_cast<std::size_t>(std::to_chars(place, place + kNumberTextSize, number).ptr - place);
     }
-    /// The text with one character for another.
+    /// Appends the text with each `character` replaced.
     void appendReplacing(std::string_view text, char character, char replacement) {
         while (!text.empty()) {
             const std::string_view piece = text.substr(0, kBufferSize);
@@ -50,14 +50,14 @@ public:
         }
     }
 
-    /// Hands on what is left.
+    /// Writes the rest.
     void finish() {
         Check(file_.write({buffer_.get(), used_}));
         used_ = 0;
     }
 
 private:
-    /// Where the next bytes go; `size` of them fit, which is at most what the buffer holds.
+    /// The place of the next `size` bytes, which must not be more than the buffer holds.
     char* room(std::size_t size) {
         if (size > kBufferSize - used_) [[unlikely]]
             finish();

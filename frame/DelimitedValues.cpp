@@ -14,7 +14,7 @@ constexpr char kSeparator = ',';
 constexpr std::string_view kLineEnd = "\r\n";
 
 /// `text` without the line end, or the separator, that it starts with.
-std::string_view behindSeparator(std::string_view text) {
+std::string_view afterSeparator(std::string_view text) {
     if (text.starts_with(kLineEnd))
         return text.substr(kLineEnd.size());
     const bool separates =
@@ -43,14 +43,14 @@ std::string_view DelimitedReader::quotedValue() {
     const std::string_view result = rest_.substr(1, closing - 1);
     rest_.remove_prefix(closing + 1);
     skipBlanks();
-    rest_ = behindSeparator(rest_);
+    rest_ = afterSeparator(rest_);
     return result;
 }
 
 std::string_view DelimitedReader::plainValue() {
     const std::size_t end = std::min(rest_.find_first_of(",\r\n"), rest_.size());
     const std::string_view result = rest_.substr(0, end);
-    rest_ = behindSeparator(rest_.substr(end));
+    rest_ = afterSeparator(rest_.substr(end));
     return result;
 }
 

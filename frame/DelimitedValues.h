@@ -1,4 +1,4 @@
-// Files of values that stand on lines of their own or between commas, texts in quotes.
+// Files of values on lines of their own or between commas, with texts in quotes.
 #pragma once
 
 #include "frame/BufferedText.h"
@@ -11,9 +11,9 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Takes values from a text, one by one. Blanks before a value are passed over. A value in quotes ends at the
-/// next quote, wherever that is; any other at a comma or at the end of its line. What stands between a
-/// closing quote and the next comma or line end begins the next value.
+/// Reads values from a text, one by one. Blanks before a value are skipped. A value in quotes ends at the
+/// next quote, even on a later line; any other value ends at a comma or at the end of its line. Text between
+/// a closing quote and the next comma or line end begins the next value.
 class DelimitedReader {
 public:
     /// `text` must outlive the reader.
@@ -21,14 +21,14 @@ public:
 
     bool atEnd() const { return rest_.empty(); }
 
-    /// The next value; a view of the text. Error 62 when the text ends before it does.
+    /// The next value, as a view of the text. Error 62 if the text ends before the value does.
     std::string_view value();
 
-    /// The next value as that type: error 13 when it does not convert, 6 when it does not fit.
+    /// The next value in the type of the argument. Error 13 if it cannot be converted, 6 if it does not fit.
     void get(std::string& text);
     void get(std::int16_t& number);
     void get(std::int32_t& number);
-    /// "#TRUE#" or "#FALSE#" in any case, or a number: other than zero is true.
+    /// "#TRUE#" or "#FALSE#" in any case, or a number, which is true unless it is 0.
     void get(bool& flag);
 
     /// After an error: number (from 1) of the line in which the value begins that could not be read. One more
@@ -46,19 +46,19 @@ private:
     const char* refused_; ///< Where the value begins that could not be read.
 };
 
-/// Puts values on lines of their own, texts in quotes as they are: one that holds a quote or a line end does
-/// not come back whole.
+/// Writes each value on a line of its own, and texts in quotes. Texts are not changed, so that one that
+/// contains a quote or a line end is read back in pieces.
 class DelimitedWriter {
 public:
-    /// `file` must outlive the writer. Nothing is written by destroying it; call `finish`.
+    /// `file` must outlive the writer. The destructor writes nothing; call `finish`.
     explicit DelimitedWriter(ByteSink& file) : text_(file) {}
 
     void put(std::string_view text);
     void put(std::int32_t number);
-    /// Nothing but a flag itself, since a literal text would convert to one.
+    /// Takes nothing but a flag, because a text literal would convert to one.
     void put(std::same_as<bool> auto flag) { putFlag(flag); }
 
-    /// Hands on what is left.
+    /// Writes the rest.
     void finish() { text_.finish(); }
 
 private:

@@ -1,4 +1,4 @@
-// Lists as the application numbers them.
+// Arrays that count from 1, as users of the application do.
 #pragma once
 
 #include "frame/RuntimeError.h"
@@ -10,8 +10,8 @@
 
 namespace qrtVistrelClasses4 {
 
-/// An array of elements 1 to `upperBound()`; the only place that knows that memory counts from 0.
-/// An empty array has the upper bound 0.
+/// An array of elements 1 to `upperBound()`, which is 0 for an empty array. This class is the only place that
+/// subtracts one.
 template <class T>
 class OneBasedArray {
 public:
@@ -22,7 +22,7 @@ public:
     bool empty() const { return elements_.empty(); }
     bool contains(std::int32_t number) const { return number >= 1 && number <= upperBound(); }
 
-    /// Error 9 when `number` is outside the array.
+    /// Error 9 if `number` is outside the array.
     T& at(std::int32_t number) {
         requireElement(number);
         return elements_[static_cast<std::size_t>(number) - 1];
@@ -32,31 +32,32 @@ public:
         return elements_[static_cast<std::size_t>(number) - 1];
     }
 
-    /// Keeps elements 1 to the smaller bound, new ones are default-made. Error 9 when negative.
+    /// Keeps the elements up to the smaller bound; new elements have their default value. Error 9 if
+    /// `upperBound` is negative.
     void resize(std::int32_t upperBound) {
         if (upperBound < 0)
             throw RuntimeError(ErrorNumber::subscriptOutOfRange);
         elements_.resize(static_cast<std::size_t>(upperBound));
     }
 
-    /// Sees to it that growing to `upperBound` moves no element. Keeps the bound.
+    /// Takes memory for `upperBound` elements, so that growing up to it moves none. The bound stays.
     void reserve(std::int32_t upperBound) { elements_.reserve(static_cast<std::size_t>(upperBound)); }
 
-    /// Moves the elements from `number` to the last but one up by one, over the last. What is left of element
-    /// `number` is valid and to be filled. Error 9 when `number` is outside the array.
+    /// Moves the elements from `number` on up by one; the last one is lost. Element `number` is valid
+    /// afterwards, but its value is not specified. Error 9 if `number` is outside the array.
     void moveUp(std::int32_t number) {
         requireElement(number);
         std::move_backward(place(number), end() - 1, end());
     }
 
-    /// Puts `count` copies of element `number` before it. Error 9 when `number` is outside the array.
+    /// Inserts `count` copies of element `number` before it. Error 9 if `number` is outside the array.
     void repeat(std::int32_t number, std::int32_t count) {
         const T copied = at(number);
         elements_.insert(place(number), static_cast<std::size_t>(count), copied);
     }
 
-    /// Takes elements `first` to `last` out, none when `last` is below `first`; those behind them move down.
-    /// Error 9 when one of them is outside the array, which then stays as it was.
+    /// Removes the elements `first` to `last`, and none if `last` is less than `first`. Error 9 if one of
+    /// them is outside the array, which then does not change.
     void erase(std::int32_t first, std::int32_t last) {
         if (last < first)
             return;
@@ -66,8 +67,8 @@ public:
     }
     void erase(std::int32_t number) { erase(number, number); }
 
-    /// Moves element `from` to the place of element `to`; those between close up. Error 9 when either is
-    /// outside the array, which then stays as it was.
+    /// Moves element `from` to the place of element `to`; the elements between them move by one. Error 9 if
+    /// either is outside the array, which then does not change.
     void move(std::int32_t from, std::int32_t to) {
         requireElement(to);
         T moved = std::move(at(from));

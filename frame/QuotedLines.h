@@ -1,4 +1,4 @@
-// Files of one quoted value a line.
+// Files with one quoted value on each line.
 #pragma once
 
 #include "frame/BufferedText.h"
@@ -11,14 +11,14 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Stands for a double quote inside a stored text, so that a value never holds the quote that ends it.
+/// Written instead of a double quote inside a text, so that a value contains no quote before its end.
 inline constexpr char kStoredQuote = '\x01';
 
-/// Takes values from the lines of a text, one by one. Lines end in LF or CR LF, the last one may lack its
-/// end. A value is what stands between the first and the last quote of its line, or the line when it opens no
-/// quote. A line that opens a quote and does not close it goes on up to the line that does, so that texts
-/// with line breaks come back; but when that line opens a quoted value of its own, a closing quote has been
-/// lost, and the value ends with its first line.
+/// Reads values from the lines of a text, one by one. Lines end in LF or CR LF; the last line may have no
+/// end. A value is the text between the first and the last quote of its line, or the whole line if that does
+/// not start with a quote. If a line does not close its quote, the value goes on up to the line that does, so
+/// that texts with line breaks can be read back. But if that line starts with a quote of its own, a closing
+/// quote has been lost, and the value ends with its first line.
 class QuotedLineReader {
 public:
     /// `text` must outlive the reader.
@@ -26,10 +26,10 @@ public:
 
     bool atEnd() const { return rest_.empty(); }
 
-    /// The next value as stored; a view of the text. Error 62 at the end of the text.
+    /// The next value as it is in the file, as a view of the text. Error 62 at the end of the text.
     std::string_view value();
 
-    /// The next value as that type: error 13 when it does not convert, 6 when it does not fit.
+    /// The next value in the type of the argument. Error 13 if it cannot be converted, 6 if it does not fit.
     void get(std::string& text);
     void get(std::int16_t& number);
     void get(std::int32_t& number);
@@ -46,21 +46,21 @@ private:
     const char* current_; ///< Where the value asked for last begins.
 };
 
-/// Puts values on lines of their own, in quotes.
+/// Writes each value in quotes on a line of its own.
 class QuotedLineWriter {
 public:
-    /// `file` must outlive the writer. Nothing is written by destroying it; call `finish`.
+    /// `file` must outlive the writer. The destructor writes nothing; call `finish`.
     explicit QuotedLineWriter(ByteSink& file) : text_(file) {}
 
-    /// A line as it is, without quotes around it.
+    /// Writes a line as it is, without quotes.
     void putPlainLine(std::string_view line);
     void put(std::string_view text);
     void put(std::int32_t number);
     void put(double number);
-    /// Nothing but a flag itself, since a literal text would convert to one.
+    /// Takes nothing but a flag, because a text literal would convert to one.
     void put(std::same_as<bool> auto flag) { putFlag(flag); }
 
-    /// Hands on what is left.
+    /// Writes the rest.
     void finish() { text_.finish(); }
 
 private:

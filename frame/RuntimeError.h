@@ -1,4 +1,4 @@
-// The library's one exception: a classic run-time error with its number and description.
+// The only exception of the library: a classic run-time error with its number and description.
 #pragma once
 
 #include "platform/SystemError.h"
@@ -9,7 +9,7 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Numbers that scripts and log readers know these errors by.
+/// The numbers by which scripts and readers of logs know these errors.
 enum class ErrorNumber : int {
     invalidProcedureCall = 5,
     overflow = 6,
@@ -34,10 +34,10 @@ std::string_view Describe(ErrorNumber number);
 class RuntimeError : public std::exception {
 public:
     explicit RuntimeError(ErrorNumber number);
-    /// With a text that says more than the usual one. `number` may be any number that a host raised.
+    /// An error with a description of its own. `number` may be any number that a host raised.
     RuntimeError(int number, std::string description);
 
-    /// The same error, to be logged but not shown to the operator.
+    /// The same error, marked so that it is logged but not shown to the operator.
     RuntimeError quietly() const;
 
     int number() const { return number_; }
@@ -51,16 +51,16 @@ private:
     bool quiet_ = false;
 };
 
-/// Throws that error. Small functions that rarely do stay small with it, so that calls of them cost nothing.
+/// Throws that error. A call of this function keeps small functions small enough to be inlined.
 [[noreturn]] void Raise(ErrorNumber number);
 
-/// The run-time error that tells of a refusal of the operating system; `error` is not `none`.
+/// The run-time error for an error of the operating system. `error` must not be `none`.
 RuntimeError ErrorFor(SystemError error);
 
-/// Throws when `error` is not `none`.
+/// Throws if `error` is not `none`.
 void Check(SystemError error);
 
-/// The value of `result`, or its error thrown.
+/// The value of `result`. Throws its error if there is none.
 template <class T>
 T ValueOf(Result<T> result) {
     Check(result.error());

@@ -1,4 +1,4 @@
-// Small things done to 8-bit texts.
+// Small functions on 8-bit texts.
 #pragma once
 
 #include <string_view>

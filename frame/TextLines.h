@@ -1,4 +1,4 @@
-// A text cut into its lines.
+// Reading a text line by line.
 #pragma once
 
 #include <charconv>
@@ -13,7 +13,7 @@ struct TextLine {
     std::size_t size;      ///< With its end.
 };
 
-/// The line that `text` starts with. Lines end in LF or CR LF, the last one may lack its end.
+/// The first line of `text`. Lines end in LF or CR LF; the last line may have no end.
 inline TextLine FirstLine(std::string_view text) {
     const std::size_t feed = text.find('\n');
     if (feed == text.npos)
@@ -22,7 +22,7 @@ inline TextLine FirstLine(std::string_view text) {
     return {text.substr(0, end), feed + 1};
 }
 
-/// Takes the first line off `text` when it is `line`, its end included.
+/// Removes the first line of `text` if it is `line`, which includes the line end.
 template <std::size_t size>
 bool TakeLine(std::string_view& text, const char (&line)[size]) {
     constexpr std::size_t length = size - 1;
@@ -32,8 +32,8 @@ bool TakeLine(std::string_view& text, const char (&line)[size]) {
     return true;
 }
 
-/// Takes the first line off `text` when it is an integer in its usual form, between `opening` and `ending`,
-/// which includes the line's end.
+/// Removes the first line of `text` if it is an integer in its usual form between `opening` and `ending`,
+/// which includes the line end.
 template <class Integer>
 bool TakeIntegerLine(std::string_view& text, std::string_view opening, std::string_view ending,
                      Integer& number) {
@@ -42,11 +42,11 @@ bool TakeIntegerLine(std::string_view& text, std::string_view opening, std::stri
     Integer parsed{};
     const char* const end = text.data() + text.size();
     const auto [digitsEnd, error] = std::from_chars(text.data() + opening.size(), end, parsed);
-    const std::string_view behind(digitsEnd, static_cast<std::size_t>(end - digitsEnd));
-    if (error != std::errc() || !behind.starts_with(ending))
+    const std::string_view rest(digitsEnd, static_cast<std::size_t>(end - digitsEnd));
+    if (error != std::errc() || !rest.starts_with(ending))
         return false;
     number = parsed;
-    text = behind.substr(ending.size());
+    text = rest.substr(ending.size());
     return true;
 }
 

@@ -5,11 +5,10 @@
 
 namespace qrtVistrelClasses4 {
 
-/// The next identity number of this thread, counting from 1. Past 2,147,483,647 there is none: error 6, to
-/// the caller.
+/// The next identity number of this thread; the first is 1. Throws error 6 after 2,147,483,647.
 std::int32_t GetNextClassDebugID();
 
-/// The number drawn last on this thread. Setting it lets a test stand at the end of the numbers.
+/// The last number that this thread received. Tests set it to reach the end of the numbers.
 std::int32_t LastClassDebugID();
 void LastClassDebugID(std::int32_t last);
 

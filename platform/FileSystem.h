@@ -25,26 +25,27 @@ struct FileBytes {
 class InputFile {
 public:
     virtual ~InputFile() = default;
-    /// Bytes that the file held when it was opened.
+    /// The size in bytes that the file had when it was opened.
     virtual std::uint64_t size() const = 0;
-    /// Fills `bytes` with those from `offset` on. The number of them: less at the end of the file.
+    /// Reads up to `bytes.size()` bytes starting at `offset`. Returns the number read, which is smaller at
+    /// the end of the file.
     virtual Result<std::size_t> readAt(std::uint64_t offset, std::span<char> bytes) = 0;
 };
 
-/// What takes bytes, one piece after another.
+/// Receives bytes, one piece after another.
 class ByteSink {
 public:
     virtual ~ByteSink() = default;
     virtual SystemError write(std::string_view bytes) = 0;
 };
 
-/// A file being written, from its first byte to its last. Destroying it closes it without a word; `close`
-/// tells of what only closing finds out.
+/// A file being written, from its first byte to its last. The destructor closes it and ignores errors;
+/// `close` reports them.
 class OutputFile : public ByteSink {
 public:
-    /// Returns when what was written so far would outlive a power cut.
+    /// Returns when all bytes written so far are safe from a power cut.
     virtual SystemError flush() = 0;
-    /// No other call may follow.
+    /// Must be the last call.
     virtual SystemError close() = 0;
 };
 
@@ -54,12 +55,14 @@ struct TemporaryFile {
 };
 
 enum class OpenMode {
-    replace, ///< Makes the file, or empties it. One at a time: others wait, and fail with `inUse` in the end.
-    append,  ///< Makes the file, or writes behind its last byte; never through a link.
+    replace, ///< Makes or empties the file. Others who do this meanwhile wait, and in the end fail with
+             ///< `inUse`.
+    append,  ///< Makes the file, or writes after its last byte; never through a link.
 };
 
-/// Names are 8-bit texts handed to the system unchanged; one that holds a NUL is `folderNotFound`. Operations
-/// follow symbolic links unless they say otherwise.
+/// Names are 8-bit texts that are passed to the system unchanged; a name with a NUL is `folderNotFound`.
+/// Operations follow symbolic links unless their comments say otherwise. Several threads may use the same
+/// object.
 class FileSystem {
 public:
     virtual ~FileSystem() = default;
@@ -67,47 +70,47 @@ public:
     virtual EntryKind kindOf(const std::string& path) = 0;
     /// True if `path` names anything, be it a link that leads nowhere.
     virtual bool hasEntry(const std::string& path) = 0;
-    /// Size in bytes of the file `path`.
+    /// The size of the file `path` in bytes.
     virtual Result<std::uint64_t> sizeOf(const std::string& path) = 0;
-    /// The whole file, never while an `open` to replace it is writing. A folder or a device is
-    /// `accessDenied`, more than 2 GiB `tooLarge`.
+    /// Reads the whole file. Waits while somebody has it open to replace it. A folder or a device is
+    /// `accessDenied`, a file of more than 2 GiB `tooLarge`.
     virtual Result<FileBytes> read(const std::string& path) = 0;
 
     /// A folder or a device is `accessDenied`.
     virtual Result<std::unique_ptr<InputFile>> openToRead(const std::string& path) = 0;
 
-    /// A folder, a device or a pipe is `accessDenied`, and a link that is to be appended to.
+    /// A folder, a device or a pipe is `accessDenied`; so is a link, to append.
     virtual Result<std::unique_ptr<OutputFile>> open(const std::string& path, OpenMode mode) = 0;
-    /// Makes an empty file under a fresh name in the folder of `path`, with the rights that the file `path`
-    /// has when there is one (on Windows: those of the folder).
+    /// Makes an empty file with a new name in the folder of `path`. It gets the rights of the file `path`, if
+    /// that exists (on Windows: the rights that the folder gives).
     virtual Result<TemporaryFile> createBeside(const std::string& path) = 0;
-    /// Whether `open` with `replace` would be let: `none` for a writable file, and for a missing one whose
-    /// folder exists. Changes nothing.
+    /// Whether `open` with `replace` would succeed: `none` for a writable file, and for a missing file in an
+    /// existing folder. Changes nothing.
     virtual SystemError mayWrite(const std::string& path) = 0;
-    /// Renames `from`, in one step, to `to` in the same folder, taking the place of a file that is there.
+    /// Renames `from` to `to`, in the same folder and in one step. An existing file `to` is replaced.
     virtual SystemError moveOver(const std::string& from, const std::string& to) = 0;
-    /// Returns when renames in `folder` would outlive a power cut.
+    /// Returns when renames in `folder` are safe from a power cut.
     virtual SystemError flushFolder(const std::string& folder) = 0;
     virtual SystemError remove(const std::string& path) = 0;
 
-    /// Makes one level.
+    /// Makes one folder. The folder above it must exist.
     virtual SystemError createFolder(const std::string& path) = 0;
-    /// A file at `to` is replaced when the copy is complete. A file copied onto itself is left alone.
+    /// Replaces a file `to` when the copy is complete. Copying a file onto itself does nothing.
     virtual SystemError copy(const std::string& from, const std::string& to) = 0;
 
-    /// Removes `path` when it is a link; what it leads to stays.
+    /// Removes `path` if it is a link. The file that it leads to stays.
     virtual SystemError removeLink(const std::string& path) = 0;
-    /// The file that `path` leads to after following links, so that replacing it keeps the link.
+    /// The file that `path` leads to when links are followed. Replacing that file keeps the links.
     virtual std::string resolveLinks(const std::string& path) = 0;
-    /// `path` with the current folder in front of it when it is relative; links stay as they are.
+    /// The full path of `path`, which may be relative to the current folder. Links are not followed.
     virtual std::string fullName(const std::string& path) = 0;
-    /// `path` with its last part spelt as on the disk when only the case of its letters differs; else as
-    /// given.
+    /// `path`, with the file name as it is spelt on the disk if only the case of letters differs. Otherwise
+    /// `path` unchanged.
     virtual std::string existingName(const std::string& path) = 0;
 
-    /// Whether `path` lies on a disk that stays with this machine. Windows goes by the first letter, as given
-    /// (so a network name never lies on one, a relative name rarely); elsewhere the path is resolved and the
-    /// file system behind it decides.
+    /// Whether `path` lies on a disk that is always in this machine. On Windows the first letter of `path` is
+    /// taken for the drive, so network names give false, and relative names mostly do. Elsewhere the file
+    /// system that the path leads to decides.
     virtual bool isFixedDrive(const std::string& path) = 0;
 };
 

@@ -64,7 +64,7 @@ SystemError IniProfileFile::commit() {
     if (!text)
         return SystemError::none;
     ReplacementFile file(files_, path_);
-    (void)file.write(*text); // a failure is kept and told by `commit`
+    (void)file.write(*text); // `commit` reports an error of this
     return file.commit();
 }
 

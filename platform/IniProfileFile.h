@@ -1,4 +1,4 @@
-// Profile file on a machine that has no profile functions of its own.
+// Profile files for machines without profile functions of their own.
 #pragma once
 
 #include "platform/FileSystem.h"
@@ -11,11 +11,11 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Parses the file once, on the first read; collects the writes and makes them all in `commit`, in one new
-/// version of the file. Reads do not see writes that are not committed.
+/// Parses the file once, on the first read. `commit` makes all writes together, in one new version of the
+/// file. Reads do not see writes that are not committed.
 class IniProfileFile : public ProfileFile {
 public:
-    /// `files` must outlive this object. A file whose name differs only in case is found.
+    /// `files` must outlive this object. The case of letters in the file name does not matter.
     IniProfileFile(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
 
     bool isThere() override;
@@ -34,8 +34,8 @@ private:
 
     FileSystem& files_;
     std::string path_;
-    FileBytes bytes_;      ///< What `index_` refers to.
-    bool isThere_ = false; ///< Known with the index.
+    FileBytes bytes_;      ///< `index_` refers to these.
+    bool isThere_ = false; ///< Known once `index_` is made.
     std::optional<IniIndex> index_;
     std::vector<IniChange> changes_;
 };

@@ -171,7 +171,7 @@ void IniEditor::collect(std::span<const IniChange> changes) {
         const int sections = CompareIgnoringAsciiCase(left.section, right.section);
         return sections < 0 || (sections == 0 && byName(left.key, right.key));
     });
-    // Changes to one key now stand side by side; the first gets the value of the last.
+    // Changes to one key are neighbours now; the first gets the value of the last.
     std::size_t kept = 0;
     for (const Pending& change : pending_) {
         if (kept > 0 && EqualIgnoringAsciiCase(pending_[kept - 1].section, change.section) &&

@@ -1,10 +1,10 @@
 // The text of an INI ("profile") file: finding values, and changing some while keeping the rest.
 //
-// A line that starts with "[" and holds a "]" opens a section, named by what stands between the first "[" and
-// the last "]". Any other line is a key, up to the first "=", and its value. Lines before the first section
-// belong to the section with the empty name. Comments are nothing special: they are keys that nobody asks
-// for. Blanks around lines, names and values do not count, ASCII letters are taken without case, and of two
-// sections or keys with one name the first counts. Lines end in LF, CR or CR LF.
+// A line that starts with "[" and contains a "]" opens a section; its name is the text between the first "["
+// and the last "]". Every other line is a key, up to the first "=", and its value. Lines before the first
+// section belong to the section with the empty name. Comments have no meaning of their own: they are keys
+// that nobody reads. Blanks around lines, names and values are ignored, and so is the case of ASCII letters.
+// Of two sections or keys with the same name the first counts. Lines end in LF, CR or CR LF.
 #pragma once
 
 #include <cstddef>
@@ -16,13 +16,15 @@
 
 namespace qrtVistrelClasses4 {
 
-/// All values of one text, ready to be found.
+/// An index of all values of a text.
 class IniIndex {
 public:
     /// `text` must outlive the index and the values that it gives.
     explicit IniIndex(std::string_view text);
 
-    /// The value with its quotes, if any; none when section or key is missing or the key has no "=".
+    /// The value, including quotes around it. No value if the section or the key is missing, or if the key
+    /// has no
+    /// "=".
     std::optional<std::string_view> find(std::string_view section, std::string_view key) const;
 
 private:
@@ -42,9 +44,9 @@ private:
     std::vector<Section> sections_; ///< By name.
 };
 
-/// What a program gets that asks for a value with a buffer of `bufferSize` characters: the value, else
-/// `defaultValue` without its trailing blanks, in either case without the quotes around it and cut to
-/// `bufferSize` - 1 characters.
+/// The text that a program receives if its buffer has `bufferSize` characters: the value, or else
+/// `defaultValue` without its trailing blanks. One pair of quotes around the text is removed, and it is cut
+/// to `bufferSize` - 1 characters.
 std::string ProfileString(std::optional<std::string_view> value, std::string_view defaultValue,
                           std::size_t bufferSize);
 
@@ -54,9 +56,9 @@ struct IniChange {
     std::string value;
 };
 
-/// `text` with the changes made, each line ended by CR LF; none when that changes no value. A key that is
-/// there keeps its place and spelling, a new one goes behind the last line of its section that is not blank,
-/// a new section to the end. Of several changes to one key the last counts.
+/// `text` with the changes made, and CR LF at the end of each line. No value if no value changes. An existing
+/// key keeps its place and spelling. A new key is added after the last line of its section that is not blank,
+/// a new section at the end. Of several changes to one key the last counts.
 std::optional<std::string> ApplyIniChanges(std::string_view text, std::span<const IniChange> changes);
 
 } // namespace qrtVistrelClasses4

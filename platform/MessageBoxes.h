@@ -19,10 +19,10 @@ struct Message {
 class MessageBoxes {
 public:
     virtual ~MessageBoxes() = default;
-    /// Blocks until the operator has answered. Timers and the like of the host go on meanwhile, and may
-    /// change any object. Where nobody can, a question is answered `no`.
+    /// Blocks until the operator has answered. Meanwhile the host's timers go on, and may change any object.
+    /// If nobody can see the box, a question is answered `no`.
     virtual MessageAnswer show(const Message& message) = 0;
-    /// Whether an operator could see a message now.
+    /// Whether an operator can see a message now.
     virtual bool attended() = 0;
 };
 

@@ -1,4 +1,4 @@
-// Texts whose counterparts on the system's side end at their first NUL.
+// Texts for system functions that stop at the first NUL.
 #pragma once
 
 #include <string_view>

@@ -1,4 +1,4 @@
-// File names as the machine writes them: one helper joins, one splits.
+// Joining and splitting of file names.
 #pragma once
 
 #include <string>
@@ -12,28 +12,29 @@ inline constexpr char kPathSeparator = '\\';
 inline constexpr char kPathSeparator = '/';
 #endif
 
-/// Windows takes "/" for a separator too, and playfiles made there name their files with "\" on every
-/// machine.
+/// Both characters separate folders on every machine: Windows accepts "/", and playfiles that were made on
+/// Windows contain "\".
 constexpr bool IsPathSeparator(char character) { return character == '\\' || character == '/'; }
 
-/// `folder` ending in a separator of this machine; an empty folder stays empty.
+/// `folder` with a separator at its end. An empty folder stays empty.
 std::string WithTrailingSeparator(std::string_view folder);
 
-/// `folder` and `name` with one separator between them; an empty folder gives `name` alone.
+/// `folder` and `name` with one separator between them, or `name` alone if `folder` is empty.
 std::string JoinPath(std::string_view folder, std::string_view name);
 
 struct SplitPathResult {
-    /// Up to and including the last separator, or on Windows the colon of a drive; empty when there is none.
+    /// The part up to and including the last separator (on Windows also the colon of a drive); empty without
+    /// one.
     std::string_view folder;
-    /// What follows.
+    /// The rest.
     std::string_view name;
 };
 
-/// Cuts `path` behind its last separator. The views refer to `path`.
+/// Splits `path` after its last separator. The views refer to `path`.
 SplitPathResult SplitPath(std::string_view path);
 
-/// Whether `path` says where it starts: on a drive ("C:") on Windows, at the root elsewhere.
-/// A Windows network name ("\\host\share") carries no drive and is not rooted.
+/// Whether `path` starts with a drive ("C:") on Windows, or with the root elsewhere. A Windows network name
+/// ("\\host\share") has no drive and is not rooted.
 bool IsRootedPath(std::string_view path);
 
 } // namespace qrtVistrelClasses4

@@ -9,24 +9,23 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Several reads or writes of one INI file in a row. Sections and keys are found without regard to case.
-/// Reads see the file as it is when the object first reads it; writes reach the file, one way or another, by
-/// the end of `commit`, and keep other sections, keys, comments and their order as they stand there then, so
-/// that two programs never lose each other's keys.
+/// A series of reads and writes of one INI file. The case of sections and keys does not matter. Reads see the
+/// file as it was when the object first read it. Writes are in the file when `commit` returns. They keep all
+/// other sections, keys and comments that the file has at that time, so that two programs never lose each
+/// other's keys.
 class ProfileFile {
 public:
     virtual ~ProfileFile() = default;
     /// Whether there is a file to read.
     virtual bool isThere() = 0;
-    /// The value, or `defaultValue` (without its trailing blanks) when file, section or key is missing. At
-    /// most `bufferSize` - 1 characters; blanks around the value, and one pair of quotes around it, are not
-    /// part of it.
+    /// The value, or `defaultValue` without its trailing blanks if the file, the section or the key is
+    /// missing. At most `bufferSize` - 1 characters are returned. Blanks around the value, and one pair of
+    /// quotes around it, are removed.
     virtual std::string read(std::string_view section, std::string_view key, std::string_view defaultValue,
                              std::size_t bufferSize) = 0;
-    /// Makes section and file when they are missing.
+    /// A missing section or file is made.
     virtual void write(std::string_view section, std::string_view key, std::string_view value) = 0;
-    /// Brings the writes to the file and tells of the first one that failed. Destroying the object without it
-    /// may drop them.
+    /// Makes the writes, and returns the first error. Without this call they may be lost.
     virtual SystemError commit() = 0;
 };
 

@@ -1,4 +1,4 @@
-// String values in a tree of keys: the Windows registry, or a file that stands in for it.
+// String values in a tree of keys: the Windows registry, or a file that replaces it.
 #pragma once
 
 #include "platform/SystemError.h"
@@ -20,24 +20,25 @@ enum class RegistryHive : std::uint32_t {
 
 struct RegistryKey {
     RegistryHive hive = RegistryHive::localMachine;
-    /// Parts separated by "\" on every machine, compared without regard to case.
+    /// Parts are separated by "\" on every machine. Case does not matter.
     std::string path;
 };
 
+/// Several threads may use a store at the same time.
 class RegistryStore {
 public:
     virtual ~RegistryStore() = default;
 
     virtual bool keyExists(const RegistryKey& key) = 0;
-    /// Makes the key with the keys above it; an existing key is left alone.
+    /// Makes the key and the keys above it. An existing key stays as it is.
     virtual SystemError createKey(const RegistryKey& key) = 0;
-    /// Removes the key and all below it. A missing key is `fileNotFound`.
+    /// Removes the key and everything below it. A missing key is `fileNotFound`.
     virtual SystemError deleteKey(const RegistryKey& key) = 0;
     virtual SystemError deleteValue(const RegistryKey& key, std::string_view name) = 0;
 
-    /// `fileNotFound` when key or value is missing or the value is not a string.
+    /// `fileNotFound` if the key or the value is missing, or if the value is not a string.
     virtual Result<std::string> readString(const RegistryKey& key, std::string_view name) = 0;
-    /// Makes the key when it is missing.
+    /// A missing key is made.
     virtual SystemError writeString(const RegistryKey& key, std::string_view name,
                                     std::string_view value) = 0;
 
@@ -46,7 +47,7 @@ public:
     /// Names of the values of the key, in the store's order.
     virtual Result<std::vector<std::string>> valueNames(const RegistryKey& key) = 0;
 
-    /// The same on another machine of the network; `unsupported` where there is no such service.
+    /// The same on another machine of the network. `unsupported` on systems without such a service.
     virtual Result<std::string> readRemoteString(const std::string& machine, const RegistryKey& key,
                                                  std::string_view name) = 0;
     virtual SystemError writeRemoteString(const std::string& machine, const RegistryKey& key,

@@ -27,7 +27,7 @@ std::string_view hiveName(RegistryHive hive) {
 }
 
 /// Names end at their first NUL, as they do for the system's own registry functions.
-/// Appends the parts of `path` that are not empty, each behind a "\".
+/// Appends the parts of `path` that are not empty, each after a "\".
 void appendParts(std::string& result, std::string_view path) {
     while (!path.empty()) {
         const std::string_view part = path.substr(0, path.find('\\'));
@@ -81,7 +81,7 @@ void appendEscaped(std::string& result, std::string_view text) {
     }
 }
 
-/// None when `text` is not what `appendEscaped` could have written.
+/// No value if `appendEscaped` cannot have written `text`.
 std::optional<std::string> unescaped(std::string_view text) {
     std::string result;
     result.reserve(text.size());
@@ -288,7 +288,7 @@ SystemError RegistryTree::removeValue(const RegistryKey& key, std::string_view n
 }
 
 std::vector<std::string> RegistryTree::subkeys(const RegistryKey& key) const {
-    // Folding keeps places, so that a name is cut from the spelt path where it stands in the folded one.
+    // A folded path is as long as the path, so that a name has the same place in both.
     const std::string below = foldedPath(fullPath(key)) + kFoldedSeparator;
     std::vector<std::string> names;
     std::string_view last;

@@ -1,4 +1,4 @@
-// Saving without ever losing what was there.
+// Replacing files without the risk of losing the old content.
 #pragma once
 
 #include "platform/FileSystem.h"
@@ -9,16 +9,16 @@
 
 namespace qrtVistrelClasses4 {
 
-/// What is added to the name of a file that is kept before another takes its place.
+/// The ending that is added to the name of an old file that is kept.
 inline constexpr std::string_view kBackupEnding = ".bak";
 
-/// Where to keep the file `path`. What is kept is never written through a link, which in a folder that others
-/// may write could lead to any file of the user: a link there is removed.
+/// The name under which to keep the old file `path`. If it is a link, the link is removed: in a folder that
+/// others may write to, it could lead to any file of the user.
 std::string MakePlaceForBackup(FileSystem& files, const std::string& path);
 
-/// A new version of a file. It is written beside the old one and takes its place in `commit`, so that a save
-/// cut short at any moment leaves the complete old file or the complete new one. Only where the folder takes
-/// no new file but the old one may be written is it written in place. Unless committed, the new version is
+/// A new version of a file. It is written beside the old version and replaces it in `commit`, so that a save
+/// that is interrupted leaves either the complete old file or the complete new one. If the folder accepts no
+/// new file, but the old file is writable, that one is overwritten. A new version that is not committed is
 /// removed.
 class ReplacementFile final : public ByteSink {
 public:
@@ -28,7 +28,7 @@ public:
     ReplacementFile(const ReplacementFile&) = delete;
     ReplacementFile& operator=(const ReplacementFile&) = delete;
 
-    /// The first failure so far, opening included. After one, writing does nothing more.
+    /// The first error so far, including those of opening. After an error nothing more is written.
     SystemError error() const { return error_; }
     SystemError write(std::string_view bytes) override;
     SystemError commit();
@@ -42,7 +42,7 @@ private:
     std::string temporaryPath_;
     std::unique_ptr<OutputFile> file_;
     bool inPlace_ = false;
-    std::string bytesInPlace_; ///< Kept until they are complete: the old file lives until then.
+    std::string bytesInPlace_; ///< Collected until `commit`, so that the old file stays until then.
     SystemError error_ = SystemError::none;
 };
 

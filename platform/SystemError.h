@@ -1,4 +1,4 @@
-// What the operating system answers: success, or one of the few refusals that the library tells apart.
+// Results of system calls: success, or one of the few errors that the library distinguishes.
 #pragma once
 
 #include <optional>
@@ -8,8 +8,8 @@ namespace qrtVistrelClasses4 {
 
 enum class [[nodiscard]] SystemError{
     none,          fileNotFound,  folderNotFound,
-    accessDenied, ///< No right to it, read-only, or not a plain file.
-    inUse,        ///< Another program holds it.
+    accessDenied, ///< No permission, read-only, or not a plain file.
+    inUse,        ///< Another program is using it.
     diskFull,      alreadyExists,
     deviceFailure, ///< The device reported a failed read or write.
     tooLarge,      ///< More than fits into memory.

@@ -5,8 +5,8 @@
 
 namespace qrtVistrelClasses4 {
 
-/// ".vistrel-", six letters and digits, ".tmp": another name at each call. Another process may come to the
-/// same one.
+/// ".vistrel-", six letters or digits, ".tmp". Each call returns another name, but another process may choose
+/// the same one.
 std::string TemporaryName();
 
 } // namespace qrtVistrelClasses4

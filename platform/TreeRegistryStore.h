@@ -1,4 +1,4 @@
-// Registry on a machine that has none of its own.
+// The registry of machines that have none of their own.
 #pragma once
 
 #include "platform/RegistryTree.h"

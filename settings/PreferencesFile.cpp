@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::string_view kFileName = "VistrelLite.ini";
 constexpr std::string_view kSection = "VistrelLite";
-constexpr std::size_t kBufferSize = 255;
+constexpr std::size_t kPreferenceBufferSize = 255;
 
 void fromText(std::string& value, const std::string& text) { value = text; }
 void fromText(bool& value, const std::string& text) { value = TextToBoolean(text); }
@@ -55,7 +55,7 @@ public:
             return;
         std::string key = placed.key();
         const std::string defaultText = defaultOf(placed.row, folders_);
-        const std::string text = file_.read(kSection, key, defaultText, kBufferSize);
+        const std::string text = file_.read(kSection, key, defaultText, kPreferenceBufferSize);
         try {
             fromText(value, text);
             if (placed.row.rule == PreferenceRule::neverZero && value == Value())
@@ -141,7 +141,7 @@ std::optional<RuntimeError> SavePreferences(const Preferences& preferences, cons
 }
 
 std::string ReadPreference(const std::string& path, const std::string& key, const std::string& defaultText) {
-    return platform().openProfile(path)->read(kSection, key, defaultText, kBufferSize);
+    return platform().openProfile(path)->read(kSection, key, defaultText, kPreferenceBufferSize);
 }
 
 WrittenPreference WritePreference(const std::string& path, const std::string& key, const std::string& text) {
@@ -150,7 +150,8 @@ WrittenPreference WritePreference(const std::string& path, const std::string& ke
     const auto file = platform().openProfile(path);
     file->write(kSection, key, text);
     return {.error = errorOf(file->commit()),
-            .readsBack = ProfileString(IniIndex(alone).find(kSection, key), "", kBufferSize) == text};
+            .readsBack =
+                ProfileString(IniIndex(alone).find(kSection, key), "", kPreferenceBufferSize) == text};
 }
 
 } // namespace qrtVistrelClasses4

@@ -23,7 +23,7 @@ bool isRelative(std::string_view path) {
     return !path.empty() && !IsPathSeparator(path.front()) && !hasDrive;
 }
 
-/// Without the separator at its end, "" stands for a root, and "C:" for that of a drive.
+/// Without the separator at its end, the root is "", and the root of a drive is "C:".
 bool isRoot(std::string_view path) { return path.empty() || (path.size() == 2 && path[1] == ':'); }
 
 FileBytes copyOf(std::string_view bytes) {
@@ -258,7 +258,7 @@ SystemError MemoryFileSystem::copy(const std::string& from, const std::string& t
     if (!bytes || normal(from) == normal(to))
         return bytes.error();
     ReplacementFile file(*this, to);
-    (void)file.write(bytes.value().text()); // a failure is kept and told by `commit`
+    (void)file.write(bytes.value().text()); // `commit` reports an error of this
     return file.commit();
 }
 

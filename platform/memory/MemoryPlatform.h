@@ -1,4 +1,4 @@
-// A machine that exists in memory only: the same on every run, and every failure can be had.
+// A machine in memory, for tests: it is the same in every run, and tests can make it fail.
 #pragma once
 
 #include "platform/IniProfileFile.h"
@@ -18,10 +18,10 @@
 
 namespace qrtVistrelClasses4 {
 
-/// What is asked of a `MemoryFileSystem`, told before it happens.
+/// An operation of a `MemoryFileSystem` that is about to happen.
 struct FileOperation {
     enum Kind {
-        look, ///< Kind, size, right to write, spelling.
+        look, ///< For kind, size, right to write or spelling.
         read,
         open,
         write,
@@ -39,8 +39,8 @@ struct FileOperation {
     OpenMode mode = OpenMode::replace;
 };
 
-/// Files and folders of one machine. Both separators are understood. The roots exist from the
-/// start, and one of them is the current folder.
+/// Understands both separators. The roots exist from the start, and one of them is the current folder. One
+/// thread at a time.
 class MemoryFileSystem final : public FileSystem {
 public:
     EntryKind kindOf(const std::string& path) override;
@@ -62,28 +62,28 @@ public:
     std::string existingName(const std::string& path) override;
     bool isFixedDrive(const std::string& path) override;
 
-    /// Puts a file, with the folders above it, asking nobody.
+    /// Makes a file and the folders above it. The observer does not see it.
     void put(const std::string& path, std::string_view content);
-    /// The content of a file; none when there is no such file.
+    /// The content of a file. No value if there is no such file.
     std::optional<std::string> content(const std::string& path) const;
     void makeFolders(const std::string& path);
-    /// Names of all files, in order.
+    /// The names of all files, in order.
     std::vector<std::string> fileNames() const;
-    /// A read-only file takes no new bytes; a read-only folder takes and gives up no entries.
+    /// A read-only file cannot be written; in a read-only folder no file can be made, renamed or removed.
     void setReadOnly(const std::string& path, bool readOnly = true);
-    /// Paths that start so do not lie on a fixed drive.
+    /// Paths that start with `prefix` do not lie on a fixed drive.
     void addLooseDrive(const std::string& prefix) { looseDrives_.insert(normal(prefix)); }
 
-    /// Bytes that may still be written; none when the disk is endless.
+    /// The number of bytes that fit on the disk. No value: any number.
     std::optional<std::uint64_t> bytesLeft;
-    /// Sees every operation first; anything but `none` makes it fail so.
+    /// Is called before every operation. If it returns an error, the operation fails with it.
     std::function<SystemError(const FileOperation&)> observer;
 
 private:
     friend class MemoryInputFile;
     friend class MemoryOutputFile;
     struct Entry {
-        std::shared_ptr<std::string> content; ///< None for a folder.
+        std::shared_ptr<std::string> content; ///< Null for a folder.
         bool readOnly = false;
     };
 
@@ -102,8 +102,8 @@ private:
 
 class MemoryRegistryStore final : public TreeRegistryStore {
 public:
-    /// Asked before every look and every change; anything but `none` makes it fail so. A look then finds
-    /// nothing.
+    /// Is called before every look and every change. If it returns an error, a change fails with it, and a
+    /// look finds nothing.
     std::function<SystemError()> observer;
 
 private:
@@ -123,7 +123,8 @@ private:
     const RegistryTree nothing_{};
 };
 
-/// Notes what is shown and answers as told beforehand; else `no`, or `ok` where that is the only button.
+/// Keeps what is shown. Takes the next of `answers`; without one, it answers `no`, or `ok` if that is the
+/// only button.
 class MemoryMessageBoxes final : public MessageBoxes {
 public:
     MessageAnswer show(const Message& message) override;
@@ -163,7 +164,7 @@ public:
     LocalTime localTime() override { return time; }
     CalendarNames calendarNames() override { return calendar; }
 
-    std::string library; ///< Folder that the library claims to be loaded from; exists from the start.
+    std::string library; ///< The library's folder; exists from the start.
     std::map<int, std::string>
         specialFolders; ///< By shell number; the documents folder exists from the start.
     LocalTime time{2001, 2, 3, 4, 5, 6, 6};

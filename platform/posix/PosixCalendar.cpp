@@ -54,13 +54,13 @@ private:
                reinterpret_cast<iconv_t>(-1); // NOLINT(performance-no-int-to-ptr): by definition
     }
 
-    static constexpr std::size_t kMostForOne = 4; ///< Characters that may stand for one that is missing.
+    static constexpr std::size_t kMostForOne = 4; ///< Characters that may replace one that is missing.
 
     locale_t locale_;
     iconv_t converter_;
 };
 
-/// What stands between the first two parts of a format like "%d.%m.%Y".
+/// The character between the first two parts of a format like "%d.%m.%Y".
 std::string separatorOf(const std::string& format, const std::string& usual) {
     for (std::size_t i = 0; i + 1 < format.size(); ++i)
         if (format[i] == '%')

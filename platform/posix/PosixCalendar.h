@@ -1,11 +1,11 @@
-// The names of days and months in a locale of the system.
+// The names of days and months in the system's locales.
 #pragma once
 
 #include "platform/Platform.h"
 
 namespace qrtVistrelClasses4 {
 
-/// Those of the locale `name`, the user's own for an empty one, English ones where there is no such locale.
+/// The names of the locale `name`. An empty name means the user's locale, an unknown one English.
 CalendarNames PosixCalendarNames(const char* name);
 
 } // namespace qrtVistrelClasses4

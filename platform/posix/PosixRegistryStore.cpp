@@ -52,7 +52,7 @@ SystemError PosixRegistryStore::change(const Edit& edit) {
     if (after == before)
         return SystemError::none;
     ReplacementFile file(files_, path_);
-    (void)file.write(after); // a failure is kept and told by `commit`
+    (void)file.write(after); // `commit` reports an error of this
     return file.commit();
 }
 

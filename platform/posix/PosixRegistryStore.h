@@ -10,10 +10,10 @@
 namespace qrtVistrelClasses4 {
 
 /// The settings store in one text file. Several processes may use it at the same time: each change is made
-/// under a lock to the file as it is then.
+/// under a lock, to the current file.
 class PosixRegistryStore final : public TreeRegistryStore {
 public:
-    /// `files` must outlive this object. The folder of `path` is made by the first change.
+    /// `files` must outlive this object. The first change makes the folder of `path`.
     PosixRegistryStore(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
 
 private:
@@ -23,8 +23,8 @@ private:
 
     FileSystem& files_;
     std::string path_;
-    RegistryTree tree_; ///< The file as read last.
-    /// That file, kept open so that its inode number is not given to a newer version of it.
+    RegistryTree tree_; ///< The file as it was read last.
+    /// That file. It is kept open so that no newer version of it can get its inode number.
     Descriptor file_;
     struct stat status_ {};
 };

@@ -1,4 +1,4 @@
-// Small tools over the system's calls.
+// Small helpers for system calls.
 #pragma once
 
 #include "platform/SystemError.h"
@@ -11,7 +11,7 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Makes a system call again for as long as signals interrupt it.
+/// Repeats a system call while signals interrupt it.
 template <class Call>
 auto uninterrupted(Call call) {
     auto result = call();
@@ -20,7 +20,7 @@ auto uninterrupted(Call call) {
     return result;
 }
 
-/// An open file or folder, closed with the object; -1 is none.
+/// An open file or folder, which the destructor closes. The number is -1 if there is none.
 class Descriptor {
 public:
     Descriptor() = default;
@@ -45,34 +45,34 @@ private:
 /// set.
 bool isUsableName(const std::string& path);
 
-/// What the entry that `path` leads to is. False with `errno` set.
+/// Gets the status of what `path` leads to. False with `errno` set.
 bool lookUp(const std::string& path, struct stat& status);
 
-/// Opens with close-on-exec set. `errno` tells why there is no descriptor.
+/// Opens with close-on-exec set. An empty descriptor with `errno` set after a failure.
 Descriptor openDescriptor(const std::string& path, int flags, unsigned mode = 0);
 
-/// Locks an open file for reading (`LOCK_SH`) or writing (`LOCK_EX`) until it is closed; waits for others,
-/// but not for ever. True also where the file system knows no locks.
+/// Locks an open file for reading (`LOCK_SH`) or writing (`LOCK_EX`) until it is closed. Waits up to some
+/// seconds for others, then returns false. True also if the file system has no locks.
 bool lockFile(int file, int operation);
 
-/// Folder that the entry `path` is in: up to the last "/", "." without one.
+/// The folder of `path`: the part before the last "/", or "." without one.
 std::string folderOf(const std::string& path);
 
-/// What `errno` means for an operation on `path`.
+/// The meaning of the error `code` for an operation on `path`.
 SystemError errorOn(const std::string& path, int code = errno);
 
 /// Writes all of `bytes` to an open file. False with `errno` set.
 bool writeAll(int file, std::string_view bytes);
 
-/// Keeps other processes that lock the same folder waiting. Does nothing where the file system knows no
-/// locks, or where another process keeps its lock for seconds: a setting is better saved without than not at
-/// all.
+/// Makes other processes that lock the same folder wait. If the file system has no locks, or if another
+/// process keeps its lock for seconds, the work goes on without a lock: that is better than not saving a
+/// setting.
 class FolderLock {
 public:
     explicit FolderLock(const std::string& folder);
 
 private:
-    Descriptor folder_; // closing it gives the lock back
+    Descriptor folder_; // closing it releases the lock
 };
 
 } // namespace qrtVistrelClasses4

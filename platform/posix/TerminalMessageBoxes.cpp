@@ -23,7 +23,7 @@ std::string asLines(const Message& message) {
     for (const char character : message.title + "\n" + message.text) {
         const auto code = static_cast<unsigned char>(character);
         const bool isControl = (code < 0x20 && character != '\n' && character != '\t') || code == 0x7f;
-        // In UTF-8 behind C2; some terminals take one alone, too.
+        // In UTF-8 they follow C2; some terminals also obey one alone.
         const bool isLateControl = code >= 0x80 && code < 0xa0;
         const bool isPart =
             isLateControl && !lines.empty() && static_cast<unsigned char>(lines.back()) >= 0x80;

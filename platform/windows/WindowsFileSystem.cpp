@@ -119,11 +119,11 @@ public:
     HANDLE handle() const { return file_.get(); }
 
     SystemError write(std::string_view bytes) override;
-    SystemError flush() override { return told(::FlushFileBuffers(file_.get()) != FALSE); }
-    SystemError close() override { return told(file_.close()); }
+    SystemError flush() override { return errorUnless(::FlushFileBuffers(file_.get()) != FALSE); }
+    SystemError close() override { return errorUnless(file_.close()); }
 
 private:
-    static SystemError told(bool success) { return success ? SystemError::none : lastSystemError(); }
+    static SystemError errorUnless(bool success) { return success ? SystemError::none : lastSystemError(); }
 
     FileHandle file_;
 };
@@ -169,7 +169,7 @@ bool isLink(const std::string& path) {
     return data.dwReserved0 == IO_REPARSE_TAG_SYMLINK;
 }
 
-/// What tells one file from another on this machine.
+/// Numbers that distinguish the files of this machine.
 std::optional<std::array<DWORD, 3>> identity(const std::string& path) {
     const FileHandle file = openHandle(path, 0, kShareAll, OPEN_EXISTING);
     BY_HANDLE_FILE_INFORMATION information{};

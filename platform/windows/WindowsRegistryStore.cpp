@@ -29,7 +29,7 @@ private:
     HKEY key_ = nullptr;
 };
 
-SystemError told(LSTATUS status) { return systemError(static_cast<DWORD>(status)); }
+SystemError errorOf(LSTATUS status) { return systemError(static_cast<DWORD>(status)); }
 
 /// The system's own value for a root key; none for a number that is no root key: it could happen to be some
 /// other handle of this program.
@@ -51,7 +51,7 @@ Result<OpenKey> openKey(HKEY root, const std::string& path, REGSAM access) {
     if (!root)
         return SystemError::fileNotFound;
     OpenKey key;
-    const SystemError error = told(::RegOpenKeyExA(root, path.c_str(), 0, access, key.receive()));
+    const SystemError error = errorOf(::RegOpenKeyExA(root, path.c_str(), 0, access, key.receive()));
     if (error != SystemError::none)
         return error;
     return key;
@@ -65,8 +65,8 @@ Result<OpenKey> makeKey(HKEY root, const std::string& path) {
     if (!root)
         return SystemError::fileNotFound;
     OpenKey key;
-    const SystemError error = told(::RegCreateKeyExA(root, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
-                                                     KEY_WRITE, nullptr, key.receive(), nullptr));
+    const SystemError error = errorOf(::RegCreateKeyExA(
+        root, path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE, KEY_WRITE, nullptr, key.receive(), nullptr));
     if (error != SystemError::none)
         return error;
     return key;
@@ -84,7 +84,7 @@ Result<std::string> stringIn(HKEY root, const std::string& path, std::string_vie
         const LSTATUS status = ::RegQueryValueExA(key.value().get(), valueName.c_str(), nullptr, &type,
                                                   reinterpret_cast<BYTE*>(text.data()), &size);
         if (status != ERROR_SUCCESS && status != ERROR_MORE_DATA)
-            return told(status);
+            return errorOf(status);
         if (type != REG_SZ && type != REG_EXPAND_SZ)
             return SystemError::fileNotFound;
         if (status == ERROR_SUCCESS) {
@@ -102,16 +102,17 @@ SystemError setStringIn(HKEY root, const std::string& path, std::string_view nam
     if (!key)
         return key.error();
     const std::string text(UntilNul(value));
-    return told(::RegSetValueExA(key.value().get(), std::string(name).c_str(), 0, REG_SZ,
-                                 reinterpret_cast<const BYTE*>(text.c_str()),
-                                 static_cast<DWORD>(text.size() + 1)));
+    return errorOf(::RegSetValueExA(key.value().get(), std::string(name).c_str(), 0, REG_SZ,
+                                    reinterpret_cast<const BYTE*>(text.c_str()),
+                                    static_cast<DWORD>(text.size() + 1)));
 }
 
 Result<OpenKey> connect(const std::string& machine, RegistryHive hive) {
     if (!predefined(hive))
         return SystemError::fileNotFound;
     OpenKey root;
-    const SystemError error = told(::RegConnectRegistryA(machine.c_str(), predefined(hive), root.receive()));
+    const SystemError error =
+        errorOf(::RegConnectRegistryA(machine.c_str(), predefined(hive), root.receive()));
     if (error != SystemError::none)
         return error;
     return root;
@@ -128,7 +129,7 @@ Result<std::vector<std::string>> enumerate(Next next) {
         if (status == ERROR_NO_MORE_ITEMS)
             return names;
         if (status != ERROR_SUCCESS)
-            return told(status);
+            return errorOf(status);
         names.push_back(buffer.substr(0, size));
     }
 }
@@ -149,12 +150,13 @@ SystemError WindowsRegistryStore::deleteKey(const RegistryKey& key) {
     if (path.find_first_not_of('\\') == path.npos)
         return SystemError::accessDenied;
     const HKEY root = predefined(key.hive);
-    return root ? told(::RegDeleteTreeA(root, path.c_str())) : SystemError::fileNotFound;
+    return root ? errorOf(::RegDeleteTreeA(root, path.c_str())) : SystemError::fileNotFound;
 }
 
 SystemError WindowsRegistryStore::deleteValue(const RegistryKey& key, std::string_view name) {
     const auto opened = openKey(key, KEY_SET_VALUE);
-    return opened ? told(::RegDeleteValueA(opened.value().get(), std::string(name).c_str())) : opened.error();
+    return opened ? errorOf(::RegDeleteValueA(opened.value().get(), std::string(name).c_str()))
+                  : opened.error();
 }
 
 Result<std::string> WindowsRegistryStore::readString(const RegistryKey& key, std::string_view name) {

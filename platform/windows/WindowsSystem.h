@@ -1,4 +1,4 @@
-// Small tools over the system's calls.
+// Small helpers for system calls.
 #pragma once
 
 #include "platform/SystemError.h"
@@ -9,12 +9,12 @@
 
 namespace qrtVistrelClasses4 {
 
-/// What a system error code means.
+/// The meaning of a system error code.
 SystemError systemError(DWORD code);
-/// What the code of the calling thread's last failure means.
+/// The meaning of the calling thread's last error.
 SystemError lastSystemError();
 
-/// An open file, closed with the object.
+/// An open file, which the destructor closes.
 class FileHandle {
 public:
     FileHandle() = default;

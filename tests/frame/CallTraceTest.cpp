@@ -5,7 +5,6 @@
 #include "frame/Traced.h"
 #include "frame/modClassIDGenerator.h"
 #include "playfile/FrameInfoClass.h"
-#include "settings/RegistrySettings.h"
 #include "settings/SettingsInfoClass.h"
 
 #include <gtest/gtest.h>
@@ -83,21 +82,16 @@ TEST_F(CallTrace, BeginsWithTheCallOfTheHost) {
     DisplayDatabaseClass signs;
     auto clipboard = std::make_shared<FrameInfoClass>();
     std::int16_t first = 2, last = 1;
-    const struct {
-        std::function<void()> call;
-        const char* line;
-    } cases[] = {{[&] { playfile.MoveFrame(3, 1); }, "Sub MoveFrame (From=3, WhereTo=1)"},
-                 {[&] { playfile.InitFrame(4); }, "Sub InitFrame (LineToInit=4)"},
-                 {[&] { playfile.CurrentFrame(2); }, "Property (Let) CurrentFrame (vData=2)"},
-                 {[&] { playfile.CopyInfo(first, last, clipboard); },
-                  "Sub CopyInfo (CopyFromY=2, CopyToY=1, MyClipboard=<FrameInfoClass>)"},
-                 {[&] { signs.AddNewDisplay("Pier"); }, "Function AddNewDisplay (DisplayName=Pier)"},
-                 {[] { WriteSetting("App", "S", "n", "v"); },
-                  "Sub WriteSetting (Application=App, Section=S, ValueName=n, Value=v)"}};
-    for (const auto& row : cases) {
+    const std::pair<std::function<void()>, const char*> cases[] = {
+        {[&] { playfile.MoveFrame(3, 1); }, "Sub MoveFrame (From=3, WhereTo=1)"},
+        {[&] { playfile.CurrentFrame(2); }, "Property (Let) CurrentFrame (vData=2)"},
+        {[&] { playfile.CopyInfo(first, last, clipboard); },
+         "Sub CopyInfo (CopyFromY=2, CopyToY=1, MyClipboard=<FrameInfoClass>)"},
+        {[&] { signs.AddNewDisplay("Pier"); }, "Function AddNewDisplay (DisplayName=Pier)"}};
+    for (const auto& [call, line] : cases) {
         trace_.lines.clear();
-        row.call();
-        EXPECT_EQ(trace_.lines.at(0), std::string("> ") + row.line);
+        call();
+        EXPECT_EQ(trace_.lines.at(0), std::string("> ") + line);
     }
 }
 

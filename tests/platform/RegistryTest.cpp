@@ -68,8 +68,7 @@ TYPED_TEST(RegistryStoreTest, DeletesAKeyWithAllBelowItAndNothingElse) {
 TYPED_TEST(RegistryStoreTest, RefusesMissingKeysAndNeverDeletesARootKey) {
     RegistryStore& store = this->platform().registry();
     const RegistryKey unknown{static_cast<RegistryHive>(7), "Software"};
-    for (const RegistryKey& key :
-         {unknown, TestFixture::key("missing"), TestFixture::key("missing\\deeper")}) {
+    for (const RegistryKey& key : {unknown, TestFixture::key("missing\\deeper")}) {
         EXPECT_FALSE(store.keyExists(key)) << key.path;
         EXPECT_EQ(
             (std::vector{store.readString(key, "v").error(), store.deleteValue(key, "v"),
