@@ -6,6 +6,8 @@
 #include "playfile/LoadPlayfile.h"
 
 #include <algorithm>
+#include <functional>
+#include <type_traits>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
@@ -53,44 +55,60 @@ void FrameInfoClass::writeOwn(std::string_view name, Type& field, const Type& vD
         propertyLet(name), [&] { field = vData; }, Arg{"vData", vData});
 }
 
-template <class Type>
-Type FrameInfoClass::readRecord(Property property, Type (*get)(const FrameRecord&)) const {
-    const auto body = [&] { return get(currentFrame()); };
-    return property.access == Access::traced ? traced(propertyGet(property.name), body) : untraced(body);
-}
-template <class Type>
-Type FrameInfoClass::readRecord(Property property, Type (*get)(const LineRecord&)) const {
-    const auto isEmpty = [&] {
-        if (property.quirk != Quirk::forgivesCursors)
-            return currentFrame().lines.empty();
-        return !playfile_.frames.contains(currentFrameNumber_) ||
-               !currentFrame().lines.contains(currentLineNumber_);
+template <Access access, class Record, class Type, class Given, bool isPlain>
+Type FrameInfoClass::Property<access, Record, Type, Given, isPlain>::read(const FrameInfoClass& playfile,
+                                                                          const MemberColumns& row,
+                                                                          Getter get) {
+    const auto body = [&]() -> Type {
+        if constexpr (std::is_same_v<Record, FrameRecord>)
+            return std::invoke(get, playfile.currentFrame());
+        else if (const LineRecord* line = playfile.lineToRead(row.quirk))
+            return std::invoke(get, *line);
+        else
+            return Type();
     };
-    const auto body = [&] { return isEmpty() ? Type() : get(currentFrame().lines.at(currentLineNumber_)); };
-    return property.access == Access::traced ? traced(propertyGet(property.name), body) : untraced(body);
+    if constexpr (access == Access::traced)
+        return traced(propertyGet(row.name), body);
+    else
+        return untraced(body);
 }
 
-template <class Given>
-void FrameInfoClass::writeRecord(Property property, void (*set)(FrameRecord&, Given), Given vData) {
-    const auto body = [&] { set(currentFrame(), vData); };
-    if (property.access == Access::traced)
-        traced(propertyLet(property.name), body, Arg{"vData", vData});
+template <Access access, class Record, class Type, class Given, bool isPlain>
+void FrameInfoClass::Property<access, Record, Type, Given, isPlain>::write(FrameInfoClass& playfile,
+                                                                           const MemberColumns& row,
+                                                                           Setter set, Given vData) {
+    const auto put = [&](Record& record) {
+        if constexpr (isPlain)
+            record.*set = vData;
+        else
+            set(record, vData);
+    };
+    const auto body = [&] {
+        if constexpr (std::is_same_v<Record, FrameRecord>)
+            put(playfile.currentFrame());
+        else if (LineRecord* line = playfile.lineToWrite(row.quirk))
+            put(*line);
+    };
+    if constexpr (access == Access::traced)
+        traced(propertyLet(row.name), body, Arg{"vData", vData});
     else
         untraced(body);
 }
-template <class Given>
-void FrameInfoClass::writeRecord(Property property, void (*set)(LineRecord&, Given), Given vData) {
-    const auto body = [&] {
-        OneBasedArray<LineRecord>& lines = currentFrame().lines;
-        const bool isForgiven =
-            property.quirk == Quirk::forgivesCursors && currentLineNumber_ > lines.upperBound();
-        if (!lines.empty() && !isForgiven)
-            set(lines.at(currentLineNumber_), vData);
-    };
-    if (property.access == Access::traced)
-        traced(propertyLet(property.name), body, Arg{"vData", vData});
-    else
-        untraced(body);
+
+const LineRecord* FrameInfoClass::lineToRead(Quirk quirk) const {
+    if (quirk == Quirk::forgivesCursors && !playfile_.frames.contains(currentFrameNumber_))
+        return nullptr;
+    const OneBasedArray<LineRecord>& lines = currentFrame().lines;
+    if (lines.empty() || (quirk == Quirk::forgivesCursors && !lines.contains(currentLineNumber_)))
+        return nullptr;
+    return &lines.at(currentLineNumber_);
+}
+
+LineRecord* FrameInfoClass::lineToWrite(Quirk quirk) {
+    OneBasedArray<LineRecord>& lines = currentFrame().lines;
+    if (lines.empty() || (quirk == Quirk::forgivesCursors && currentLineNumber_ > lines.upperBound()))
+        return nullptr;
+    return &lines.at(currentLineNumber_);
 }
 
 template std::int16_t FrameInfoClass::readOwn(std::string_view, const std::int16_t&) const;
@@ -98,26 +116,25 @@ template std::string FrameInfoClass::readOwn(std::string_view, const std::string
 template void FrameInfoClass::writeOwn(std::string_view, std::int16_t&, const std::int16_t&);
 template void FrameInfoClass::writeOwn(std::string_view, std::string&, const std::string&);
 
-template std::string FrameInfoClass::readRecord(Property, std::string (*)(const FrameRecord&)) const;
-template void FrameInfoClass::writeRecord(Property, void (*)(FrameRecord&, const std::string&),
-                                          const std::string&);
-template std::int16_t FrameInfoClass::readRecord(Property, std::int16_t (*)(const FrameRecord&)) const;
-template void FrameInfoClass::writeRecord(Property, void (*)(FrameRecord&, std::int16_t), std::int16_t);
-template std::int32_t FrameInfoClass::readRecord(Property, std::int32_t (*)(const FrameRecord&)) const;
-template void FrameInfoClass::writeRecord(Property, void (*)(FrameRecord&, std::int32_t), std::int32_t);
-template bool FrameInfoClass::readRecord(Property, bool (*)(const FrameRecord&)) const;
-template void FrameInfoClass::writeRecord(Property, void (*)(FrameRecord&, bool), bool);
-template double FrameInfoClass::readRecord(Property, double (*)(const FrameRecord&)) const;
-template void FrameInfoClass::writeRecord(Property, void (*)(FrameRecord&, double), double);
-template FRAME_TYPES FrameInfoClass::readRecord(Property, FRAME_TYPES (*)(const FrameRecord&)) const;
-template void FrameInfoClass::writeRecord(Property, void (*)(FrameRecord&, FRAME_TYPES), FRAME_TYPES);
-template std::string FrameInfoClass::readRecord(Property, std::string (*)(const LineRecord&)) const;
-template void FrameInfoClass::writeRecord(Property, void (*)(LineRecord&, const std::string&),
-                                          const std::string&);
-template std::int16_t FrameInfoClass::readRecord(Property, std::int16_t (*)(const LineRecord&)) const;
-template void FrameInfoClass::writeRecord(Property, void (*)(LineRecord&, std::int16_t), std::int16_t);
-template bool FrameInfoClass::readRecord(Property, bool (*)(const LineRecord&)) const;
-template void FrameInfoClass::writeRecord(Property, void (*)(LineRecord&, bool), bool);
+// Every kind of property that the tables have.
+// clang-format off
+template struct FrameInfoClass::Property<Access::traced, FrameRecord, std::string, const std::string&, true>;
+template struct FrameInfoClass::Property<Access::traced, FrameRecord, std::int16_t, std::int16_t, true>;
+template struct FrameInfoClass::Property<Access::traced, FrameRecord, std::int16_t, std::int16_t, false>;
+template struct FrameInfoClass::Property<Access::traced, FrameRecord, double, double, false>;
+template struct FrameInfoClass::Property<Access::traced, FrameRecord, FRAME_TYPES, FRAME_TYPES, false>;
+template struct FrameInfoClass::Property<Access::untraced, FrameRecord, std::string, const std::string&, true>;
+template struct FrameInfoClass::Property<Access::untraced, FrameRecord, std::int16_t, std::int16_t, true>;
+template struct FrameInfoClass::Property<Access::untraced, FrameRecord, std::int32_t, std::int32_t, true>;
+template struct FrameInfoClass::Property<Access::untraced, FrameRecord, std::int16_t, std::int32_t, false>;
+template struct FrameInfoClass::Property<Access::untraced, FrameRecord, std::int16_t, bool, false>;
+template struct FrameInfoClass::Property<Access::untraced, FrameRecord, bool, bool, false>;
+template struct FrameInfoClass::Property<Access::traced, LineRecord, std::string, const std::string&, true>;
+template struct FrameInfoClass::Property<Access::traced, LineRecord, std::int16_t, std::int16_t, true>;
+template struct FrameInfoClass::Property<Access::traced, LineRecord, bool, bool, true>;
+template struct FrameInfoClass::Property<Access::untraced, LineRecord, std::string, const std::string&, true>;
+template struct FrameInfoClass::Property<Access::untraced, LineRecord, bool, bool, true>;
+// clang-format on
 
 // Numbers of frames and lines.
 

@@ -251,6 +251,10 @@ private:
     const FrameRecord& currentFrame() const { return playfile_.frames.at(currentFrameNumber_); }
     FrameRecord& currentFrame() { return playfile_.frames.at(currentFrameNumber_); }
 
+    /// The line under the cursors; null if its property reads empty or is not stored. Else outside: error 9.
+    const LineRecord* lineToRead(Quirk quirk) const;
+    LineRecord* lineToWrite(Quirk quirk);
+
     // How a property reaches its value: in this object, in the frame or in the line under the cursors.
 
     template <class Type>
@@ -258,35 +262,35 @@ private:
     template <class Type>
     void writeOwn(std::string_view name, Type& field, const Type& vData);
 
-    /// How a row's property is reached, without the row's own type.
+    /// Properties of one kind: those of a record that read a `Value` and are set to a `Given`. Plain ones are
+    /// reached by a pointer to their member, others by the functions of their row.
+    template <Access access, class Record, class Value, class Given, bool isPlain>
     struct Property {
-        std::string_view name;
-        Access access;
-        Quirk quirk;
+        using Getter = std::conditional_t<isPlain, Value Record::*, Value (*)(const Record&)>;
+        using Setter = std::conditional_t<isPlain, Value Record::*, void (*)(Record&, Given)>;
+        static Value read(const FrameInfoClass& playfile, const MemberColumns& row, Getter get);
+        static void write(FrameInfoClass& playfile, const MemberColumns& row, Setter set, Given vData);
     };
-    template <class Type>
-    Type readRecord(Property property, Type (*get)(const FrameRecord&)) const;
-    template <class Type>
-    Type readRecord(Property property, Type (*get)(const LineRecord&)) const;
-    template <class Given>
-    void writeRecord(Property property, void (*set)(FrameRecord&, Given), Given vData);
-    template <class Given>
-    void writeRecord(Property property, void (*set)(LineRecord&, Given), Given vData);
+    template <class Row>
+    using PropertyOf = Property<kMember<Row::member>.access, typename Row::Record, typename Row::Value,
+                                typename Row::Given, Row::isPlain>;
 
     template <class Row>
-    static constexpr Property propertyOf(const Row& row) {
-        return {row.name, row.access, row.quirk};
-    }
-    template <class Row>
     typename Row::Value readRow(const Row& row) const {
-        return readRecord(propertyOf(row), &Row::get);
+        if constexpr (Row::isPlain)
+            return PropertyOf<Row>::read(*this, row, Row::member);
+        else
+            return PropertyOf<Row>::read(*this, row, &Row::get);
     }
     template <class Row>
     void writeRow(const Row& row, typename Row::Given vData) {
-        writeRecord<typename Row::Given>(propertyOf(row), &Row::set, vData);
+        if constexpr (Row::isPlain)
+            PropertyOf<Row>::write(*this, row, Row::member, vData);
+        else
+            PropertyOf<Row>::write(*this, row, &Row::set, vData);
     }
     template <auto member>
-    auto read() const -> typename RowOf<member>::Value {
+    typename RowOf<member>::Value read() const {
         return readRow(kMember<member>);
     }
     template <auto member>

@@ -155,25 +155,38 @@ enum class Quirk : std::uint8_t {
                      ///< stored.
 };
 
+/// What a row says whatever the type of its member.
+struct MemberColumns {
+    constexpr MemberColumns(std::string_view propertyName, Access propertyAccess,
+                            std::string_view nameInFiles = {}, int placeInExport = 0,
+                            int placeInClipboard = 0, Quirk itsQuirk = Quirk::none)
+        : name(propertyName), access(propertyAccess), fileName(nameInFiles), exportPlace(placeInExport),
+          clipboardPlace(placeInClipboard), quirk(itsQuirk) {}
+
+    std::string_view name; ///< Of the property; "" for spare values.
+    Access access;
+    std::string_view fileName; ///< In the export and in the description of the file; "" if files lack it.
+    int exportPlace;           ///< From 1, in the export; 0 if it lacks the value.
+    int clipboardPlace;        ///< From 1, in the order that copies set values; 0 if they lack it.
+    Quirk quirk;
+
+    constexpr bool isInFile() const { return !fileName.empty(); }
+};
+
 /// A row of a record's table.
 template <auto pointer, class Accessor = PlainAccessor<pointer>>
-struct PlayfileMember {
+struct PlayfileMember : MemberColumns {
+    using MemberColumns::MemberColumns;
     using Record = typename MemberClass<pointer>::Record;
     using Value = decltype(Accessor::get(std::declval<const Record&>()));  ///< What the property reads.
     using Given = typename SetterArgument<decltype(&Accessor::set)>::Type; ///< What it is set to.
     static constexpr auto member = pointer;
+    /// Whether the property reads and sets the member as it is.
+    static constexpr bool isPlain = std::is_same_v<Accessor, PlainAccessor<pointer>>;
     /// Whether the property is set to a flag that is stored as a number; exports have 0 and -1 for it.
     static constexpr bool isFlagInNumber =
         std::is_same_v<Given, bool> && !std::is_same_v<typename MemberClass<pointer>::Value, bool>;
 
-    std::string_view name; ///< Of the property; "" for spare values.
-    Access access = Access::none;
-    std::string_view fileName{}; ///< In the export and in the description of the file; "" if files lack it.
-    int exportPlace = 0;         ///< From 1, in the export; 0 if it lacks the value.
-    int clipboardPlace = 0;      ///< From 1, in the order that copies set values; 0 if they lack it.
-    Quirk quirk = Quirk::none;
-
-    constexpr bool isInFile() const { return !fileName.empty(); }
     static Value get(const Record& record) { return Accessor::get(record); }
     static void set(Record& record, Given value) { Accessor::set(record, value); }
 };

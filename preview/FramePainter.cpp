@@ -4,7 +4,6 @@
 #include "fonts/TextDrawing.h"
 #include "media/PictureCache.h"
 #include "platform/Path.h"
-#include "playfile/FrameRules.h"
 #include "preview/FontCache.h"
 
 #include <algorithm>
@@ -27,13 +26,13 @@ constexpr std::int32_t kLabelMargin = 4; ///< Dots between a label and the outsi
 constexpr std::int32_t kDotsBeforeText = 1;
 
 bool hasPicture(const FrameRecord& frame) {
-    const NEW_FRAME_TYPES type = MeaningOf(FrameTypeOf(frame));
+    const NEW_FRAME_TYPES type = KindOf(frame);
     return type == NEW_FRAME_TYPES::FRAME_GRAPHIC || type == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT;
 }
 
 /// The file that a frame shows. Empty if it shows none.
 std::string mediumOf(const FrameRecord& frame) {
-    if (MeaningOf(FrameTypeOf(frame)) == NEW_FRAME_TYPES::FRAME_CMD)
+    if (KindOf(frame) == NEW_FRAME_TYPES::FRAME_CMD)
         return frame.commandfile;
     return hasPicture(frame) ? frame.PicturefileName : std::string();
 }
@@ -71,7 +70,7 @@ void drawPicture(const SignLook& sign, const Raster& picture, PixelBuffer& dots)
 } // namespace
 
 bool HasText(const FrameRecord& frame) {
-    const NEW_FRAME_TYPES type = MeaningOf(FrameTypeOf(frame));
+    const NEW_FRAME_TYPES type = KindOf(frame);
     return type == NEW_FRAME_TYPES::FRAME_TEXT || type == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT;
 }
 

@@ -7,34 +7,23 @@
 
 #include <limits>
 #include <tuple>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// A property by its overload pair.
-template <class Value, class Given>
-struct Property {
-    Value (FrameInfoClass::*read)() const;
-    void (FrameInfoClass::*write)(Given);
-};
-template <class Value, class Given>
-Property(Value (FrameInfoClass::*)() const, void (FrameInfoClass::*)(Given)) -> Property<Value, Given>;
+using Use = void (*)(FrameInfoClass&);
 // clang-format off
-#define P(name) Property{&FrameInfoClass::name, &FrameInfoClass::name}
-constexpr std::tuple kTraced{
+#define P(name) [](FrameInfoClass& p) { p.name({}); }, [](FrameInfoClass& p) { EXPECT_EQ(p.name(), decltype(p.name())()); }
+constexpr Use kTraced[] = {
     P(FrameName), P(PrefixCode), P(SuffixCode), P(DelayTime), P(commandfile), P(FontWidth), P(FontHeight), P(Scrolling),
-    P(LineFontSize), P(CurrentLineFont), P(PicturefileName), P(PictureFileType), P(PictureFileDisplay), P(TotalDisplayFramesUsedForThisFrame)};
-constexpr std::tuple kUntraced{
+    P(LineFontSize), P(CurrentLineFont), P(PicturefileName), P(PictureFileType), P(PictureFileDisplay),
+    P(TotalDisplayFramesUsedForThisFrame)};
+constexpr Use kUntraced[] = {
     P(RowHeightForGrid), P(AVIFrames), P(AudioFile), P(WinBackColor), P(FixedNumberOfLines), P(OverlayFrame),
     P(FastScroll), P(LineCustomFont), P(Blinking), P(Inverse), P(Merge)};
 #undef P
 // clang-format on
-
-/// Calls `visit` for each of them.
-template <class Properties, class Visit>
-void forEach(const Properties& properties, Visit visit) {
-    std::apply([&](const auto&... property) { (visit(property), ...); }, properties);
-}
 
 auto throwsError(int number) {
     return testing::Throws<RuntimeError>(testing::Property(&RuntimeError::number, number));
@@ -64,15 +53,12 @@ TEST_F(FrameInfo, StartsWithTwentyFramesOfOneLine) {
 TEST_F(FrameInfo, TrapsACursorOutsideTheFramesInTracedPropertiesOnly) {
     for (const auto cursor : std::vector<std::int16_t>{0, -1, 21, 32767}) {
         playfile_.CurrentFrame(cursor);
-        forEach(kTraced, [&]<class Value, class Given>(Property<Value, Given> property) {
-            (playfile_.*property.write)(Value());
-            EXPECT_EQ((playfile_.*property.read)(), Value());
-            EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{9, 9}));
-        });
-        forEach(kUntraced, [&]<class Value, class Given>(Property<Value, Given> property) {
-            EXPECT_THAT([&] { (playfile_.*property.write)(Value()); }, throwsError(9));
-            EXPECT_THAT([&] { (playfile_.*property.read)(); }, throwsError(9));
-        });
+        for (const Use use : kTraced) {
+            use(playfile_);
+            EXPECT_EQ(host_.reports.takeNumbers(), Numbers{9});
+        }
+        for (const Use use : kUntraced)
+            EXPECT_THAT([&] { use(playfile_); }, throwsError(9));
         EXPECT_EQ(playfile_.CurrentLineText(), "") << "reading a line's text forgives";
         EXPECT_TRUE(host_.reports.all.empty());
         playfile_.TotalLinesAllowed(5);

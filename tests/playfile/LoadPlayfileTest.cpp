@@ -172,9 +172,9 @@ TEST_F(LoadingPlayfiles, LeavesWhatWasThereWhereNothingWasRead) {
     EXPECT_EQ(load(" -1 \r\n"), "failed old1 old2 old3 ");
     EXPECT_EQ(load(" 4 \r\n" + frame + frame.substr(0, 60)), "failed Welcome1 Welcome2 old3 0 ");
     EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{9, 62}));
+    EXPECT_EQ(load(" 0 \r\n"), "loaded ") << "a playfile without frames is one";
     EXPECT_FALSE(playfile.GetPlayfileFromDisk("/missing"));
     EXPECT_EQ(playfile.CurrentFileName(), "/missing");
-    EXPECT_EQ(load(" 0 \r\n"), "loaded ") << "a playfile without frames is one";
     files().observer = [&](const FileOperation& operation) {
         if (operation.kind == FileOperation::look && operation.path == folder_)
             playfile.TotalFrames(0);
