@@ -1,6 +1,7 @@
 #include "commands/CommandTableFile.h"
 
 #include "commands/CommandFormat.h"
+#include "frame/SystemErrors.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"

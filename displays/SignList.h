@@ -2,7 +2,6 @@
 #pragma once
 
 #include "displays/DisplayRecord.h"
-#include "frame/FileError.h"
 #include "frame/OneBasedArray.h"
 #include "frame/RuntimeError.h"
 

@@ -3,6 +3,7 @@
 #include "displays/SignList.h"
 #include "frame/Conversions.h"
 #include "frame/ErrorTrap.h"
+#include "frame/SystemErrors.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"

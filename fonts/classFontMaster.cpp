@@ -2,6 +2,7 @@
 
 #include "fonts/clsFontSizes.h"
 #include "frame/Conversions.h"
+#include "frame/SystemErrors.h"
 #include "frame/Traced.h"
 #include "platform/Platform.h"
 

@@ -3,6 +3,7 @@
 
 #include "frame/Conversions.h"
 #include "frame/RuntimeError.h"
+#include "frame/SystemErrors.h"
 #include "platform/FileSystem.h"
 
 #include <algorithm>

@@ -29,32 +29,6 @@ constexpr std::array kDescriptions{
     Description{ErrorNumber::pathNotFound, "Path not found"},
 };
 
-ErrorNumber numberFor(SystemError error) {
-    switch (error) {
-    case SystemError::fileNotFound:
-        return ErrorNumber::fileNotFound;
-    case SystemError::folderNotFound:
-        return ErrorNumber::pathNotFound;
-    case SystemError::accessDenied:
-        return ErrorNumber::pathFileAccess;
-    case SystemError::inUse:
-        return ErrorNumber::permissionDenied;
-    case SystemError::diskFull:
-        return ErrorNumber::diskFull;
-    case SystemError::alreadyExists:
-        return ErrorNumber::fileAlreadyExists;
-    case SystemError::deviceFailure:
-        return ErrorNumber::deviceIoError;
-    case SystemError::tooLarge:
-        return ErrorNumber::outOfMemory;
-    case SystemError::unsupported:
-        return ErrorNumber::deviceUnavailable;
-    case SystemError::none:
-        break;
-    }
-    return ErrorNumber::internalError;
-}
-
 } // namespace
 
 std::string_view Describe(ErrorNumber number) {
@@ -77,12 +51,5 @@ RuntimeError RuntimeError::quietly() const {
 }
 
 void Raise(ErrorNumber number) { throw RuntimeError(number); }
-
-RuntimeError ErrorFor(SystemError error) { return RuntimeError(numberFor(error)); }
-
-void Check(SystemError error) {
-    if (error != SystemError::none)
-        throw ErrorFor(error);
-}
 
 } // namespace qrtVistrelClasses4

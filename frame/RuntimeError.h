@@ -1,9 +1,9 @@
 // The only exception of the library: a classic run-time error with its number and description.
 #pragma once
 
-#include "platform/SystemError.h"
-
+#include <cstddef>
 #include <exception>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -54,17 +54,12 @@ private:
 /// Throws that error. A call of this function keeps small functions small enough to be inlined.
 [[noreturn]] void Raise(ErrorNumber number);
 
-/// The run-time error for an error of the operating system. `error` must not be `none`.
-RuntimeError ErrorFor(SystemError error);
-
-/// Throws if `error` is not `none`.
-void Check(SystemError error);
-
-/// The value of `result`. Throws its error if there is none.
-template <class T>
-T ValueOf(Result<T> result) {
-    Check(result.error());
-    return std::move(result).value();
-}
+/// Why a file was not read to its end.
+struct FileError {
+    RuntimeError error;
+    /// Number (from 1) of the line of the value that was refused; one more than the last line if the file
+    /// ends too early. None if it was no line: the file could not be opened or read.
+    std::optional<std::size_t> line;
+};
 
 } // namespace qrtVistrelClasses4

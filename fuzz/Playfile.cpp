@@ -6,7 +6,6 @@
 #include "playfile/LoadPlayfile.h"
 #include "playfile/PlayfileFormat.h"
 #include "playfile/SavePlayfile.h"
-#include "playfile/XmlExport.h"
 
 #include <algorithm>
 #include <vector>

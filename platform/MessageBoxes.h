@@ -1,6 +1,8 @@
 // Modal questions and messages to the operator.
 #pragma once
 
+#include "platform/ScopedInstallation.h"
+
 #include <string>
 
 namespace qrtVistrelClasses4 {
@@ -25,5 +27,10 @@ public:
     /// Whether an operator can see a message now.
     virtual bool attended() = 0;
 };
+
+/// Installs other message boxes for the whole process.
+using ScopedMessageBoxes = ScopedInstallation<MessageBoxes>;
+template <>
+MessageBoxes*& ScopedMessageBoxes::installed();
 
 } // namespace qrtVistrelClasses4

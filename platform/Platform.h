@@ -91,9 +91,4 @@ MessageBoxes& messageBoxes();
 /// Shows `message` in these boxes.
 MessageAnswer showMessage(const Message& message);
 
-/// Installs other message boxes for the whole process.
-using ScopedMessageBoxes = ScopedInstallation<MessageBoxes>;
-template <>
-MessageBoxes*& ScopedMessageBoxes::installed();
-
 } // namespace qrtVistrelClasses4

@@ -2,6 +2,7 @@
 
 #include "frame/MemberTable.h"
 #include "frame/RuntimeError.h"
+#include "frame/SystemErrors.h"
 #include "frame/Text.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"

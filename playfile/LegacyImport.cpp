@@ -2,6 +2,7 @@
 
 #include "commands/LegacyVariables.h"
 #include "frame/Conversions.h"
+#include "frame/SystemErrors.h"
 #include "frame/Text.h"
 #include "frame/Traced.h"
 #include "platform/Platform.h"

@@ -1,6 +1,7 @@
 // Reading the current format, with the corrections that belong to it.
 #include "playfile/LoadPlayfile.h"
 
+#include "frame/SystemErrors.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "playfile/Effects.h"

@@ -1,7 +1,7 @@
 // Reading a playfile, and what came of it.
 #pragma once
 
-#include "frame/FileError.h"
+#include "frame/RuntimeError.h"
 #include "playfile/Playfile.h"
 
 #include <cstdint>

@@ -1,5 +1,6 @@
 #include "playfile/MediaFiles.h"
 
+#include "frame/SystemErrors.h"
 #include "frame/Traced.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"

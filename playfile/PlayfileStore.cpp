@@ -7,7 +7,6 @@
 #include "playfile/LoadPlayfile.h"
 #include "playfile/OperatorQuestions.h"
 #include "playfile/SavePlayfile.h"
-#include "playfile/XmlExport.h"
 
 #include <utility>
 

@@ -1,5 +1,6 @@
 #include "playfile/SavePlayfile.h"
 
+#include "frame/SystemErrors.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"

@@ -1,4 +1,4 @@
-// Writing a playfile, and what came of it.
+// Writing a playfile or its export, and what came of it.
 #pragma once
 
 #include "frame/RuntimeError.h"
@@ -53,5 +53,12 @@ SaveOutcome SavePlayfile(const Playfile& playfile, const std::string& path,
 
 /// Puts the copies of a save in the place of the references that are still there.
 void ReferToCopies(Playfile& playfile, const std::vector<CopiedReference>& copies);
+
+/// What is added to a playfile's name for its export.
+inline constexpr const char* kXmlEnding = ".xml";
+
+/// Writes all frames and lines to the file `path`. Returns the error if that fails, which leaves the file
+/// that was there as it was.
+[[nodiscard]] std::optional<RuntimeError> ExportXml(const Playfile& playfile, const std::string& path);
 
 } // namespace qrtVistrelClasses4

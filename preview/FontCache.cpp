@@ -2,6 +2,7 @@
 
 #include "fonts/FontLoading.h"
 #include "fonts/clsFontSizes.h"
+#include "frame/SystemErrors.h"
 
 #include <utility>
 

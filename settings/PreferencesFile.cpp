@@ -2,6 +2,7 @@
 
 #include "frame/Conversions.h"
 #include "frame/ErrorTrap.h"
+#include "frame/SystemErrors.h"
 #include "platform/IniText.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"

@@ -2,6 +2,7 @@
 
 #include "frame/DelimitedValues.h"
 #include "frame/ErrorTrap.h"
+#include "frame/SystemErrors.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"

@@ -1,4 +1,5 @@
 #include "frame/CallTrace.h"
+#include "frame/SystemErrors.h"
 
 #include "TestHost.h"
 #include "displays/DisplayDatabaseClass.h"

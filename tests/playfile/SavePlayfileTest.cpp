@@ -3,7 +3,6 @@
 
 #include "TestHost.h"
 #include "playfile/FrameInfoClass.h"
-#include "playfile/XmlExport.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,6 @@
 // vistrel font: shows fonts of signs, makes them from pictures, and checks them against playfiles.
 #include "frame/RuntimeError.h"
+#include "frame/SystemErrors.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/ReplacementFile.h"

@@ -1,4 +1,5 @@
 // vistrel convert: playfiles of the older format saved as current ones, many at once.
+#include "frame/SystemErrors.h"
 #include "frame/Traced.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"

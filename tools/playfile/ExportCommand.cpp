@@ -1,5 +1,5 @@
 // vistrel export: the frames of a playfile for other tools.
-#include "playfile/XmlExport.h"
+#include "playfile/SavePlayfile.h"
 #include "tools/playfile/Opening.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"

@@ -1,4 +1,5 @@
 // vistrel inspect: what a playfile of the older format holds, and what opening it does not take over.
+#include "frame/SystemErrors.h"
 #include "platform/Platform.h"
 #include "playfile/LegacyFormat.h"
 #include "tools/playfile/Opening.h"

@@ -1,4 +1,5 @@
 // vistrel preview: frames as the sign shows them.
+#include "frame/SystemErrors.h"
 #include "media/BmpFile.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "frame/ErrorTrap.h"
-#include "frame/FileError.h"
+#include "frame/RuntimeError.h"
 
 #include <cstddef>
 #include <string>

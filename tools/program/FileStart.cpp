@@ -1,6 +1,7 @@
 #include "tools/program/FileStart.h"
 
 #include "frame/RuntimeError.h"
+#include "frame/SystemErrors.h"
 #include "platform/Platform.h"
 
 namespace qrtVistrelClasses4 {

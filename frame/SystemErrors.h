@@ -1,0 +1,24 @@
+// Errors of the operating system as run-time errors.
+#pragma once
+
+#include "frame/RuntimeError.h"
+#include "platform/SystemError.h"
+
+#include <utility>
+
+namespace qrtVistrelClasses4 {
+
+/// The run-time error for an error of the operating system. `error` must not be `none`.
+RuntimeError ErrorFor(SystemError error);
+
+/// Throws if `error` is not `none`.
+void Check(SystemError error);
+
+/// The value of `result`. Throws its error if there is none.
+template <class T>
+T ValueOf(Result<T> result) {
+    Check(result.error());
+    return std::move(result).value();
+}
+
+} // namespace qrtVistrelClasses4
