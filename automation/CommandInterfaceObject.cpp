@@ -1,6 +1,6 @@
 #include "automation/PublicClasses.h"
-#include "commands/clsCommandInterface.h"
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
+#include <qrtVistrelClasses4/clsCommandInterface.h>
 
 #include <qrtVistrelClasses4Members.h>
 

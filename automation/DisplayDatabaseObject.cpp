@@ -1,5 +1,5 @@
 #include "automation/PublicClasses.h"
-#include "displays/DisplayDatabaseClass.h"
+#include <qrtVistrelClasses4/DisplayDatabaseClass.h>
 
 #include <qrtVistrelClasses4Members.h>
 

@@ -1,6 +1,6 @@
 #include "automation/HostListControl.h"
 #include "automation/PublicClasses.h"
-#include "playfile/FrameInfoClass.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
 
 #include <qrtVistrelClasses4Members.h>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "automation/HostObject.h"
-#include "fonts/DrawingTarget.h"
+#include <qrtVistrelClasses4/DrawingTarget.h>
 
 namespace qrtVistrelClasses4 {
 

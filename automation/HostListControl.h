@@ -2,7 +2,7 @@
 #pragma once
 
 #include "automation/HostObject.h"
-#include "playfile/ListControl.h"
+#include <qrtVistrelClasses4/ListControl.h>
 
 namespace qrtVistrelClasses4 {
 

@@ -1,7 +1,7 @@
 #include "automation/HostObject.h"
 
 #include "automation/Values.h"
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <ocidl.h>
 

@@ -1,5 +1,5 @@
 #include "automation/PublicClasses.h"
-#include "settings/MostRecentlyUsed.h"
+#include <qrtVistrelClasses4/MostRecentlyUsed.h>
 
 #include <qrtVistrelClasses4Members.h>
 

@@ -1,5 +1,5 @@
 #include "automation/PublicClasses.h"
-#include "settings/SettingsInfoClass.h"
+#include <qrtVistrelClasses4/SettingsInfoClass.h>
 
 #include <qrtVistrelClasses4Members.h>
 

@@ -1,6 +1,6 @@
 #include "automation/Values.h"
 
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <ole2.h>
 

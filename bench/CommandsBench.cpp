@@ -6,8 +6,8 @@
 #include "bench/Timing.h"
 #include "bench/WholeFile.h"
 #include "commands/LegacyVariables.h"
-#include "commands/clsCommandInterface.h"
 #include "settings/RegistrySettings.h"
+#include <qrtVistrelClasses4/clsCommandInterface.h>
 
 #include <algorithm>
 

@@ -6,9 +6,9 @@
 #include "bench/Subjects.h"
 #include "bench/Timing.h"
 #include "bench/WholeFile.h"
-#include "displays/DisplayDatabaseClass.h"
 #include "platform/LetterCase.h"
 #include "settings/RegistrySettings.h"
+#include <qrtVistrelClasses4/DisplayDatabaseClass.h>
 
 #include <algorithm>
 #include <strings.h>

@@ -2,7 +2,7 @@
 #include "bench/SamplePlayfile.h"
 #include "bench/Subjects.h"
 #include "bench/Timing.h"
-#include "playfile/FrameInfoClass.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
 
 #include <algorithm>
 #include <cstring>

@@ -3,8 +3,8 @@
 #include "bench/Subjects.h"
 #include "bench/Timing.h"
 #include "bench/WholeFile.h"
-#include "fonts/PixelBuffer.h"
 #include "fonts/classFontMaster.h"
+#include <qrtVistrelClasses4/PixelBuffer.h>
 
 #include <pixman.h>
 

@@ -4,8 +4,8 @@
 #include "bench/Subjects.h"
 #include "bench/Timing.h"
 #include "bench/WholeFile.h"
-#include "playfile/FrameInfoClass.h"
 #include "playfile/LegacyFormat.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
 
 #include <array>
 #include <fcntl.h>

@@ -6,7 +6,7 @@
 #include "bench/Subjects.h"
 #include "bench/Timing.h"
 #include "bench/WholeFile.h"
-#include "playfile/FrameInfoClass.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
 
 namespace qrtVistrelClasses4::bench {
 namespace {

@@ -3,9 +3,9 @@
 #include "bench/Subjects.h"
 #include "bench/Timing.h"
 #include "platform/Platform.h"
-#include "preview/FramePainter.h"
 #include "preview/FrameSheet.h"
 #include "tools/preview/PngFile.h"
+#include <qrtVistrelClasses4/FramePainter.h>
 
 #include <algorithm>
 #include <filesystem>

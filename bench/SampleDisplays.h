@@ -1,7 +1,7 @@
 // Lists of signs such as sites have, in any size.
 #pragma once
 
-#include "displays/DisplayRecord.h"
+#include <qrtVistrelClasses4/DisplayRecord.h>
 
 #include <cstdint>
 #include <string>

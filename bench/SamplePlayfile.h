@@ -2,7 +2,7 @@
 #pragma once
 
 #include "bench/BenchFolder.h"
-#include "playfile/FrameInfoClass.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
 
 #include <cstdint>
 #include <memory>

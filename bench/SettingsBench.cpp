@@ -3,7 +3,7 @@
 #include "bench/WholeFile.h"
 #include "frame/Conversions.h"
 #include "settings/RegistrySettings.h"
-#include "settings/SettingsInfoClass.h"
+#include <qrtVistrelClasses4/SettingsInfoClass.h>
 
 #include <SimpleIni.h>
 

@@ -1,7 +1,7 @@
 // A property costs as little with the call trace as it does without.
 #include "bench/Subjects.h"
-#include "frame/CallTrace.h"
-#include "playfile/FrameInfoClass.h"
+#include <qrtVistrelClasses4/CallTrace.h>
+#include <qrtVistrelClasses4/FrameInfoClass.h>
 
 namespace qrtVistrelClasses4::bench {
 namespace {

@@ -2,12 +2,7 @@
 include(CMakePackageConfigHelpers)
 
 install(TARGETS qrtVistrelClasses4 EXPORT qrtVistrelClasses4Targets ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-foreach(room IN LISTS QRT_ROOMS)
-    install(DIRECTORY ${PROJECT_SOURCE_DIR}/${room}
-        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/qrtVistrelClasses4
-        FILES_MATCHING PATTERN "*.h"
-        PATTERN memory EXCLUDE PATTERN posix EXCLUDE PATTERN windows EXCLUDE)
-endforeach()
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/qrtVistrelClasses4 DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/qrtVistrelClasses4)
 install(EXPORT qrtVistrelClasses4Targets NAMESPACE qrtVistrelClasses4:: DESTINATION ${package_dir})
 file(WRITE ${PROJECT_BINARY_DIR}/qrtVistrelClasses4Config.cmake

@@ -1,8 +1,8 @@
 // The lines of a command table file.
 #pragma once
 
-#include "commands/CommandTable.h"
 #include "frame/BufferedText.h"
+#include <qrtVistrelClasses4/CommandTable.h>
 
 #include <string_view>
 

@@ -1,4 +1,4 @@
-#include "commands/CommandTable.h"
+#include <qrtVistrelClasses4/CommandTable.h>
 
 #include <iterator>
 #include <string_view>

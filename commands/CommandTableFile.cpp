@@ -1,4 +1,4 @@
-#include "commands/CommandTableFile.h"
+#include <qrtVistrelClasses4/CommandTableFile.h>
 
 #include "commands/CommandFormat.h"
 #include "frame/SystemErrors.h"

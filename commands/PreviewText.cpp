@@ -3,11 +3,11 @@
 #include "commands/DateText.h"
 #include "commands/NumberedCodes.h"
 #include "commands/VariableProcedures.h"
-#include "commands/clsCommandInterface.h"
 #include "frame/Traced.h"
 #include "platform/LetterCase.h"
 #include "platform/Platform.h"
 #include "settings/RegistrySettings.h"
+#include <qrtVistrelClasses4/clsCommandInterface.h>
 
 #include <algorithm>
 #include <charconv>

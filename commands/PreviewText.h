@@ -1,8 +1,8 @@
 // What the preview shows in place of a code.
 #pragma once
 
-#include "commands/CommandTable.h"
 #include "commands/TextCodes.h"
+#include <qrtVistrelClasses4/CommandTable.h>
 
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "commands/clsCommandInterface.h"
+#include <qrtVistrelClasses4/clsCommandInterface.h>
 
 #include "frame/Traced.h"
 

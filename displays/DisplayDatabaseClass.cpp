@@ -1,4 +1,4 @@
-#include "displays/DisplayDatabaseClass.h"
+#include <qrtVistrelClasses4/DisplayDatabaseClass.h>
 
 #include "displays/DisplayProcedures.h"
 #include "frame/Conversions.h"

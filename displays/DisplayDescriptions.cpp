@@ -1,9 +1,9 @@
 // What the user interface says of a sign.
-#include "displays/DisplayDatabaseClass.h"
-#include "displays/DisplayNames.h"
 #include "displays/DisplayProcedures.h"
 #include "frame/Conversions.h"
 #include "frame/Traced.h"
+#include <qrtVistrelClasses4/DisplayDatabaseClass.h>
+#include <qrtVistrelClasses4/DisplayNames.h>
 
 #include <type_traits>
 

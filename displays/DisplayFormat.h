@@ -1,8 +1,8 @@
 // The list of signs as a file: one value a line, sign after sign, without names, count or version.
 #pragma once
 
-#include "displays/DisplayRecord.h"
 #include "frame/DelimitedValues.h"
+#include <qrtVistrelClasses4/DisplayRecord.h>
 
 #include <tuple>
 

@@ -1,7 +1,7 @@
-#include "displays/DisplayNames.h"
+#include <qrtVistrelClasses4/DisplayNames.h>
 
 #include "frame/Conversions.h"
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <algorithm>
 #include <iterator>

@@ -1,11 +1,11 @@
 // Saving and loading by the object: trace, trap, message box and synchronisation.
-#include "displays/DisplayDatabaseClass.h"
 #include "displays/DisplayProcedures.h"
-#include "displays/SignListSynchronisation.h"
 #include "frame/Traced.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "settings/RegistrySettings.h"
+#include <qrtVistrelClasses4/DisplayDatabaseClass.h>
+#include <qrtVistrelClasses4/SignListSynchronisation.h>
 
 #include <utility>
 

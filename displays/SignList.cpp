@@ -1,4 +1,4 @@
-#include "displays/SignList.h"
+#include <qrtVistrelClasses4/SignList.h>
 
 #include "frame/Conversions.h"
 #include "platform/LetterCase.h"

@@ -1,6 +1,5 @@
 // The file of a list of signs, and where it is.
 #include "displays/DisplayFormat.h"
-#include "displays/SignList.h"
 #include "frame/Conversions.h"
 #include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
@@ -9,6 +8,7 @@
 #include "platform/ReplacementFile.h"
 #include "settings/AppFolder.h"
 #include "settings/RegistrySettings.h"
+#include <qrtVistrelClasses4/SignList.h>
 
 #include <algorithm>
 #include <limits>

@@ -1,8 +1,8 @@
 #include "fonts/DotPainter.h"
 
-#include "fonts/PixelBuffer.h"
 #include "frame/Conversions.h"
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/PixelBuffer.h>
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <algorithm>
 #include <bit>

@@ -1,7 +1,7 @@
 // Drawing single dots on a target.
 #pragma once
 
-#include "fonts/DrawingTarget.h"
+#include <qrtVistrelClasses4/DrawingTarget.h>
 
 #include <cstdint>
 #include <memory>

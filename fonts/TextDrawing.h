@@ -1,8 +1,8 @@
 // Texts in a font: their widths, their dots, and the marks on them.
 #pragma once
 
-#include "fonts/DrawingTarget.h"
 #include "fonts/FontFile.h"
+#include <qrtVistrelClasses4/DrawingTarget.h>
 
 #include <cstdint>
 #include <string_view>

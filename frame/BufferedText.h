@@ -2,9 +2,9 @@
 #pragma once
 
 #include "frame/Conversions.h"
-#include "frame/RuntimeError.h"
 #include "frame/SystemErrors.h"
 #include "platform/FileSystem.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <algorithm>
 #include <charconv>

@@ -1,7 +1,7 @@
 #include "frame/Conversions.h"
 
-#include "frame/RuntimeError.h"
 #include "platform/LetterCase.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <algorithm>
 #include <charconv>

@@ -1,8 +1,8 @@
 // What happens to an error that a procedure traps.
 #pragma once
 
-#include "frame/ErrorReporter.h"
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/ErrorReporter.h>
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <cstdint>
 

@@ -1,7 +1,7 @@
 #include "frame/QuotedLines.h"
 
-#include "frame/RuntimeError.h"
 #include "frame/TextLines.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <algorithm>
 #include <optional>

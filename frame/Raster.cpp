@@ -1,4 +1,4 @@
-#include "frame/Raster.h"
+#include <qrtVistrelClasses4/Raster.h>
 
 #include <algorithm>
 

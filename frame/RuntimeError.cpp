@@ -1,4 +1,4 @@
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <array>
 #include <utility>

@@ -1,8 +1,8 @@
 // Errors of the operating system as run-time errors.
 #pragma once
 
-#include "frame/RuntimeError.h"
 #include "platform/SystemError.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <utility>
 

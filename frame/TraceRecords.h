@@ -1,9 +1,9 @@
 // What the call trace keeps of a running procedure. Only `traced` and its relatives use this directly.
 #pragma once
 
-#include "frame/CallTrace.h"
 #include "frame/Conversions.h"
 #include "frame/Procedure.h"
+#include <qrtVistrelClasses4/CallTrace.h>
 
 #include <cstdint>
 #include <memory>

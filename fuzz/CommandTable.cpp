@@ -1,7 +1,7 @@
 // Any bytes as the command table, up to a NUL; then keys and byte strings to set, each up to a NUL.
 #include "Fuzz.h"
 #include "commands/CommandFormat.h"
-#include "commands/clsCommandInterface.h"
+#include <qrtVistrelClasses4/clsCommandInterface.h>
 
 #include <algorithm>
 #include <optional>

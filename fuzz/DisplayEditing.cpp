@@ -1,8 +1,8 @@
 // Edits of the list of signs, held against a plain list.
 #include "Fuzz.h"
-#include "displays/DisplayDatabaseClass.h"
-#include "displays/DisplayNames.h"
 #include "platform/LetterCase.h"
+#include <qrtVistrelClasses4/DisplayDatabaseClass.h>
+#include <qrtVistrelClasses4/DisplayNames.h>
 
 #include <algorithm>
 #include <vector>

@@ -1,7 +1,7 @@
 // Any bytes as a list of signs.
 #include "Fuzz.h"
-#include "displays/DisplayDatabaseClass.h"
 #include "displays/DisplayFormat.h"
+#include <qrtVistrelClasses4/DisplayDatabaseClass.h>
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 // Any bytes as a font of both layouts, and text drawn in it: layout, width, height, place, a text, the file.
 #include "Fuzz.h"
 #include "fonts/FontFile.h"
-#include "fonts/PixelBuffer.h"
 #include "fonts/TextDrawing.h"
+#include <qrtVistrelClasses4/PixelBuffer.h>
 
 namespace qrtVistrelClasses4 {
 namespace {

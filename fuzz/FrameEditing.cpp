@@ -1,6 +1,6 @@
 // Edits of a playfile, held against a plain list that has the rules in terms of taking out and putting in.
 #include "Fuzz.h"
-#include "playfile/FrameInfoClass.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
 
 #include <algorithm>
 #include <array>

@@ -2,8 +2,8 @@
 #include "Fuzz.h"
 #include "commands/LegacyVariables.h"
 #include "playfile/LegacyFormat.h"
-#include "playfile/LoadPlayfile.h"
-#include "playfile/SavePlayfile.h"
+#include <qrtVistrelClasses4/LoadPlayfile.h>
+#include <qrtVistrelClasses4/SavePlayfile.h>
 
 #include <algorithm>
 

@@ -1,11 +1,11 @@
 // Any bytes as a playfile.
 #include "Fuzz.h"
-#include "frame/RuntimeError.h"
 #include "playfile/Effects.h"
-#include "playfile/FrameInfoClass.h"
-#include "playfile/LoadPlayfile.h"
 #include "playfile/PlayfileFormat.h"
-#include "playfile/SavePlayfile.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
+#include <qrtVistrelClasses4/LoadPlayfile.h>
+#include <qrtVistrelClasses4/RuntimeError.h>
+#include <qrtVistrelClasses4/SavePlayfile.h>
 
 #include <algorithm>
 #include <vector>

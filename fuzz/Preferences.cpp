@@ -1,6 +1,6 @@
 // Any bytes as the file of the preferences.
 #include "Fuzz.h"
-#include "settings/SettingsInfoClass.h"
+#include <qrtVistrelClasses4/SettingsInfoClass.h>
 
 namespace qrtVistrelClasses4 {
 

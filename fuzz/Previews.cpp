@@ -1,7 +1,7 @@
 // The preview of any text with any keys of commands: an hour offset, the command table up to a NUL, the text.
 #include "Fuzz.h"
 #include "commands/PreviewText.h"
-#include "commands/clsCommandInterface.h"
+#include <qrtVistrelClasses4/clsCommandInterface.h>
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 #include "Fuzz.h"
 #include "frame/DelimitedValues.h"
 #include "platform/LetterCase.h"
-#include "settings/MostRecentlyUsed.h"
+#include <qrtVistrelClasses4/MostRecentlyUsed.h>
 
 #include <algorithm>
 

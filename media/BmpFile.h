@@ -1,7 +1,7 @@
 // Pictures in BMP files.
 #pragma once
 
-#include "frame/Raster.h"
+#include <qrtVistrelClasses4/Raster.h>
 
 #include <cstddef>
 #include <cstdint>

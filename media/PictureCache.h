@@ -1,7 +1,7 @@
 // Picture files, each read few times however many frames show it.
 #pragma once
 
-#include "frame/Raster.h"
+#include <qrtVistrelClasses4/Raster.h>
 
 #include <cstdint>
 #include <optional>

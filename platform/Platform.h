@@ -3,10 +3,10 @@
 
 #include "platform/Console.h"
 #include "platform/FileSystem.h"
-#include "platform/MessageBoxes.h"
 #include "platform/ProfileFile.h"
 #include "platform/RegistryStore.h"
-#include "platform/ScopedInstallation.h"
+#include <qrtVistrelClasses4/MessageBoxes.h>
+#include <qrtVistrelClasses4/ScopedInstallation.h>
 
 #include <array>
 #include <memory>

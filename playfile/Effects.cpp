@@ -1,7 +1,7 @@
 #include "playfile/Effects.h"
 
 #include "frame/Conversions.h"
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <optional>
 

@@ -1,9 +1,9 @@
 // Copying frames into and out of a clipboard, which is a playfile of its own.
 #include "frame/Conversions.h"
 #include "frame/Traced.h"
-#include "playfile/FrameInfoClass.h"
 #include "playfile/FrameProcedures.h"
 #include "playfile/MemberOrder.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
 
 #include <type_traits>
 #include <utility>

@@ -1,8 +1,8 @@
 // How full a playfile is, and how long it runs.
 #include "frame/Conversions.h"
 #include "frame/Traced.h"
-#include "playfile/FrameInfoClass.h"
 #include "playfile/FrameProcedures.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
 
 namespace qrtVistrelClasses4 {
 

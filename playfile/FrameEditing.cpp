@@ -1,8 +1,8 @@
 // Inserting, deleting and moving frames.
 #include "frame/Conversions.h"
 #include "frame/Traced.h"
-#include "playfile/FrameInfoClass.h"
 #include "playfile/FrameProcedures.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
 
 #include <algorithm>
 #include <utility>

@@ -3,11 +3,11 @@
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "playfile/Effects.h"
-#include "playfile/FrameInfoClass.h"
 #include "playfile/FrameProcedures.h"
-#include "playfile/ListControl.h"
 #include "settings/AppFolder.h"
 #include "settings/IniFile.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
+#include <qrtVistrelClasses4/ListControl.h>
 
 namespace qrtVistrelClasses4 {
 

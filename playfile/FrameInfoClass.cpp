@@ -1,9 +1,9 @@
-#include "playfile/FrameInfoClass.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
 
 #include "frame/Conversions.h"
 #include "frame/Traced.h"
 #include "playfile/FrameProcedures.h"
-#include "playfile/LoadPlayfile.h"
+#include <qrtVistrelClasses4/LoadPlayfile.h>
 
 #include <algorithm>
 #include <functional>

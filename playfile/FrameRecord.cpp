@@ -1,4 +1,4 @@
-#include "playfile/FrameRecord.h"
+#include <qrtVistrelClasses4/FrameRecord.h>
 
 #include "frame/Conversions.h"
 #include "playfile/Effects.h"

@@ -1,11 +1,11 @@
 #include "playfile/LegacyFormat.h"
 
-#include "frame/MemberTable.h"
-#include "frame/RuntimeError.h"
 #include "frame/SystemErrors.h"
 #include "frame/Text.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
+#include <qrtVistrelClasses4/MemberTable.h>
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <algorithm>
 #include <span>

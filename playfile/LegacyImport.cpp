@@ -9,7 +9,7 @@
 #include "playfile/Effects.h"
 #include "playfile/FrameProcedures.h"
 #include "playfile/LegacyFormat.h"
-#include "settings/SettingsInfoClass.h"
+#include <qrtVistrelClasses4/SettingsInfoClass.h>
 
 #include <algorithm>
 #include <limits>

@@ -1,7 +1,7 @@
 // Playfiles of the older generation: their records become frames.
 #pragma once
 
-#include "playfile/LoadPlayfile.h"
+#include <qrtVistrelClasses4/LoadPlayfile.h>
 
 namespace qrtVistrelClasses4 {
 

@@ -1,5 +1,5 @@
 // Reading the current format, with the corrections that belong to it.
-#include "playfile/LoadPlayfile.h"
+#include <qrtVistrelClasses4/LoadPlayfile.h>
 
 #include "frame/SystemErrors.h"
 #include "platform/Path.h"

@@ -1,7 +1,7 @@
 // Rows of a member table in another order than that of the file.
 #pragma once
 
-#include "playfile/FrameRecord.h"
+#include <qrtVistrelClasses4/FrameRecord.h>
 
 #include <array>
 #include <cstddef>

@@ -1,4 +1,4 @@
-#include "playfile/Playfile.h"
+#include <qrtVistrelClasses4/Playfile.h>
 
 #include "frame/Conversions.h"
 #include "playfile/Effects.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "frame/QuotedLines.h"
-#include "playfile/FrameRecord.h"
+#include <qrtVistrelClasses4/FrameRecord.h>
 
 #include <cstdint>
 

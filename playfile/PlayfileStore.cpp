@@ -1,12 +1,12 @@
 // What `FrameInfoClass` makes of loading, saving and exporting a playfile: its trap, its boxes, its results.
 #include "frame/Traced.h"
 #include "platform/Platform.h"
-#include "playfile/FrameInfoClass.h"
 #include "playfile/FrameProcedures.h"
 #include "playfile/LegacyFormat.h"
-#include "playfile/LoadPlayfile.h"
 #include "playfile/OperatorQuestions.h"
-#include "playfile/SavePlayfile.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
+#include <qrtVistrelClasses4/LoadPlayfile.h>
+#include <qrtVistrelClasses4/SavePlayfile.h>
 
 #include <utility>
 

@@ -1,4 +1,4 @@
-#include "playfile/SavePlayfile.h"
+#include <qrtVistrelClasses4/SavePlayfile.h>
 
 #include "frame/SystemErrors.h"
 #include "platform/LetterCase.h"

@@ -1,7 +1,7 @@
 // The export for other tools: every value between its tags, in quotes as in the playfile, on lines of their
 // own. No declaration and no root element, which readers of existing exports do not expect.
 #include "frame/SystemErrors.h"
-#include "playfile/SavePlayfile.h"
+#include <qrtVistrelClasses4/SavePlayfile.h>
 
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"

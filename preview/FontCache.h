@@ -2,7 +2,7 @@
 #pragma once
 
 #include "fonts/FontFile.h"
-#include "preview/PreviewFault.h"
+#include <qrtVistrelClasses4/PreviewFault.h>
 
 #include <cstddef>
 #include <cstdint>

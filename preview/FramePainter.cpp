@@ -1,4 +1,4 @@
-#include "preview/FramePainter.h"
+#include <qrtVistrelClasses4/FramePainter.h>
 
 #include "commands/PreviewText.h"
 #include "fonts/TextDrawing.h"

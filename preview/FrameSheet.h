@@ -1,8 +1,8 @@
 // Many frames in one picture.
 #pragma once
 
-#include "fonts/PixelBuffer.h"
-#include "preview/LedPainter.h"
+#include <qrtVistrelClasses4/LedPainter.h>
+#include <qrtVistrelClasses4/PixelBuffer.h>
 
 #include <cstdint>
 #include <string>

@@ -1,4 +1,4 @@
-#include "preview/LedPainter.h"
+#include <qrtVistrelClasses4/LedPainter.h>
 
 #include <algorithm>
 #include <cstddef>

@@ -1,7 +1,7 @@
-#include "preview/SignLook.h"
+#include <qrtVistrelClasses4/SignLook.h>
 
-#include "displays/DisplayRecord.h"
 #include "platform/LetterCase.h"
+#include <qrtVistrelClasses4/DisplayRecord.h>
 
 #include <algorithm>
 #include <iterator>

@@ -2,7 +2,7 @@
 // operator.
 #pragma once
 
-#include "frame/ErrorReporter.h"
+#include <qrtVistrelClasses4/ErrorReporter.h>
 
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "settings/MostRecentlyUsed.h"
+#include <qrtVistrelClasses4/MostRecentlyUsed.h>
 
 #include "frame/Traced.h"
 #include "frame/modClassIDGenerator.h"

@@ -1,4 +1,4 @@
-#include "settings/PreferencesFile.h"
+#include <qrtVistrelClasses4/PreferencesFile.h>
 
 #include "frame/Conversions.h"
 #include "frame/ErrorTrap.h"

@@ -1,4 +1,4 @@
-#include "settings/RecentFiles.h"
+#include <qrtVistrelClasses4/RecentFiles.h>
 
 #include "frame/DelimitedValues.h"
 #include "frame/ErrorTrap.h"

@@ -1,9 +1,9 @@
-#include "settings/SettingsInfoClass.h"
+#include <qrtVistrelClasses4/SettingsInfoClass.h>
 
 #include "frame/Traced.h"
 #include "frame/modClassIDGenerator.h"
 #include "platform/Platform.h"
-#include "settings/PreferencesFile.h"
+#include <qrtVistrelClasses4/PreferencesFile.h>
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/MessageBoxes.h"
+#include <qrtVistrelClasses4/MessageBoxes.h>
 
 namespace qrtVistrelClasses4 {
 

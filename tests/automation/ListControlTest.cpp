@@ -1,8 +1,8 @@
 // List boxes of a host, and the members that fill them. What the lists hold is tested with the library.
 #include "AutomationTesting.h"
 #include "automation/HostListControl.h"
-#include "frame/RuntimeError.h"
 #include "settings/AppFolder.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <qrtVistrelClasses4.h>
 

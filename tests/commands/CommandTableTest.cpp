@@ -1,7 +1,7 @@
 #include "HostTest.h"
 #include "commands/CommandFormat.h"
-#include "commands/clsCommandInterface.h"
 #include "settings/RegistrySettings.h"
+#include <qrtVistrelClasses4/clsCommandInterface.h>
 
 #include <gmock/gmock.h>
 

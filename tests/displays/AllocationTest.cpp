@@ -1,8 +1,8 @@
 // What is done often or on many records must not cost memory.
 #include "Allocations.h"
 #include "HostTest.h"
-#include "displays/DisplayDatabaseClass.h"
-#include "playfile/FrameInfoClass.h"
+#include <qrtVistrelClasses4/DisplayDatabaseClass.h>
+#include <qrtVistrelClasses4/FrameInfoClass.h>
 
 namespace qrtVistrelClasses4 {
 namespace {

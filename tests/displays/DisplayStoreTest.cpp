@@ -1,7 +1,7 @@
 // Reading and writing the list of signs.
 #include "DisplayTesting.h"
-#include "displays/SignListSynchronisation.h"
 #include "settings/RegistrySettings.h"
+#include <qrtVistrelClasses4/SignListSynchronisation.h>
 
 namespace qrtVistrelClasses4 {
 namespace {

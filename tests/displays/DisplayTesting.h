@@ -2,8 +2,8 @@
 #pragma once
 
 #include "HostTest.h"
-#include "displays/DisplayDatabaseClass.h"
 #include "displays/DisplayFormat.h"
+#include <qrtVistrelClasses4/DisplayDatabaseClass.h>
 
 #include <string>
 #include <type_traits>

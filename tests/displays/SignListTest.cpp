@@ -1,6 +1,6 @@
 // The rules of a list of signs, on the value.
-#include "displays/SignList.h"
 #include "DisplayTesting.h"
+#include <qrtVistrelClasses4/SignList.h>
 
 namespace qrtVistrelClasses4 {
 namespace {

@@ -1,12 +1,12 @@
 #include "Stores.h"
 
-#include "commands/clsCommandInterface.h"
-#include "displays/DisplayDatabaseClass.h"
-#include "playfile/FrameInfoClass.h"
 #include "playfile/LegacyBytes.h"
 #include "settings/IniFile.h"
-#include "settings/MostRecentlyUsed.h"
-#include "settings/SettingsInfoClass.h"
+#include <qrtVistrelClasses4/DisplayDatabaseClass.h>
+#include <qrtVistrelClasses4/FrameInfoClass.h>
+#include <qrtVistrelClasses4/MostRecentlyUsed.h>
+#include <qrtVistrelClasses4/SettingsInfoClass.h>
+#include <qrtVistrelClasses4/clsCommandInterface.h>
 
 #ifndef _WIN32
 #include "platform/posix/PosixRegistryStore.h"

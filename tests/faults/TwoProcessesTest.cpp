@@ -2,11 +2,11 @@
 // hundred times. On Windows this program is started twice, and QRT_PROCESS says which process each one is.
 #include "TempFolder.h"
 #include "TestHost.h"
-#include "commands/clsCommandInterface.h"
-#include "displays/DisplayDatabaseClass.h"
 #include "settings/IniFile.h"
-#include "settings/MostRecentlyUsed.h"
 #include "settings/RegistrySettings.h"
+#include <qrtVistrelClasses4/DisplayDatabaseClass.h>
+#include <qrtVistrelClasses4/MostRecentlyUsed.h>
+#include <qrtVistrelClasses4/clsCommandInterface.h>
 
 #include <gtest/gtest.h>
 

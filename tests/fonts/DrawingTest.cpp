@@ -1,7 +1,7 @@
 #include "fonts/TextDrawing.h"
 
 #include "FontTesting.h"
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <functional>
 #include <limits>

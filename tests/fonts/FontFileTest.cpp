@@ -1,6 +1,6 @@
 #include "fonts/FontFile.h"
 
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "HostTest.h"
-#include "fonts/PixelBuffer.h"
 #include "fonts/TextDrawing.h"
+#include <qrtVistrelClasses4/PixelBuffer.h>
 
 #include <optional>
 

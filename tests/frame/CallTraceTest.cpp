@@ -1,12 +1,12 @@
-#include "frame/CallTrace.h"
 #include "frame/SystemErrors.h"
+#include <qrtVistrelClasses4/CallTrace.h>
 
 #include "TestHost.h"
-#include "displays/DisplayDatabaseClass.h"
 #include "frame/Traced.h"
 #include "frame/modClassIDGenerator.h"
-#include "playfile/FrameInfoClass.h"
-#include "settings/SettingsInfoClass.h"
+#include <qrtVistrelClasses4/DisplayDatabaseClass.h>
+#include <qrtVistrelClasses4/FrameInfoClass.h>
+#include <qrtVistrelClasses4/SettingsInfoClass.h>
 
 #include <gtest/gtest.h>
 

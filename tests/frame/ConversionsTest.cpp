@@ -1,6 +1,6 @@
 #include "frame/Conversions.h"
 
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // The system's own conversions are the measure of ours, for any inputs.
 #include "RandomInputs.h"
 #include "frame/Conversions.h"
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <gtest/gtest.h>
 

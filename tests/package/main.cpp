@@ -1,5 +1,5 @@
-#include "playfile/FrameInfoClass.h"
-#include "settings/SettingsInfoClass.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
+#include <qrtVistrelClasses4/SettingsInfoClass.h>
 
 #include <iostream>
 

@@ -1,8 +1,8 @@
 #include "playfile/Effects.h"
 
 #include "TestHost.h"
-#include "playfile/FrameInfoClass.h"
-#include "playfile/ListControl.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
+#include <qrtVistrelClasses4/ListControl.h>
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // The limits of editing. fuzz/FrameEditing holds the rest against a list.
 #include "Allocations.h"
 #include "TestHost.h"
-#include "playfile/FrameInfoClass.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "LegacyBytes.h"
 #include "TestHost.h"
-#include "playfile/FrameInfoClass.h"
 #include "playfile/LegacyFormat.h"
-#include "playfile/LoadPlayfile.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
+#include <qrtVistrelClasses4/LoadPlayfile.h>
 
 #include <gtest/gtest.h>
 

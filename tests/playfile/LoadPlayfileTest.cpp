@@ -1,10 +1,10 @@
 // Files of the current format, and what comes of reading them.
-#include "playfile/LoadPlayfile.h"
+#include <qrtVistrelClasses4/LoadPlayfile.h>
 
 #include "TestHost.h"
-#include "playfile/FrameInfoClass.h"
-#include "playfile/SavePlayfile.h"
 #include "settings/RegistrySettings.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
+#include <qrtVistrelClasses4/SavePlayfile.h>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // Rules of frames and playfiles as values.
-#include "playfile/Playfile.h"
+#include <qrtVistrelClasses4/Playfile.h>
 
 #include "TestHost.h"
-#include "playfile/FrameInfoClass.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // Playfiles saved and exported.
-#include "playfile/SavePlayfile.h"
+#include <qrtVistrelClasses4/SavePlayfile.h>
 
 #include "TestHost.h"
-#include "playfile/FrameInfoClass.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
 
 #include <gtest/gtest.h>
 

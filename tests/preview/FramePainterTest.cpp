@@ -1,10 +1,10 @@
-#include "preview/FramePainter.h"
+#include <qrtVistrelClasses4/FramePainter.h>
 
-#include "displays/DisplayRecord.h"
 #include "fonts/FontTesting.h"
 #include "media/BmpTesting.h"
-#include "playfile/FrameTypes.h"
 #include "preview/FrameSheet.h"
+#include <qrtVistrelClasses4/DisplayRecord.h>
+#include <qrtVistrelClasses4/FrameTypes.h>
 
 namespace qrtVistrelClasses4 {
 namespace {

@@ -1,8 +1,8 @@
-#include "settings/SettingsInfoClass.h"
+#include <qrtVistrelClasses4/SettingsInfoClass.h>
 
 #include "HostTest.h"
-#include "settings/PreferencesFile.h"
 #include "settings/RegistrySettings.h"
+#include <qrtVistrelClasses4/PreferencesFile.h>
 
 namespace qrtVistrelClasses4 {
 namespace {

@@ -2,19 +2,19 @@
 // of this test alone: cmake --workflow --preset threads
 #include "TempFolder.h"
 #include "commands/PreviewText.h"
-#include "commands/clsCommandInterface.h"
-#include "displays/DisplayDatabaseClass.h"
 #include "fonts/classFontMaster.h"
 #include "frame/Traced.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
-#include "playfile/FrameInfoClass.h"
 #include "settings/DefaultErrorReport.h"
 #include "settings/IniFile.h"
-#include "settings/MostRecentlyUsed.h"
 #include "settings/RegistryRoutines.h"
-#include "settings/SettingsInfoClass.h"
+#include <qrtVistrelClasses4/DisplayDatabaseClass.h>
+#include <qrtVistrelClasses4/FrameInfoClass.h>
+#include <qrtVistrelClasses4/MostRecentlyUsed.h>
+#include <qrtVistrelClasses4/SettingsInfoClass.h>
+#include <qrtVistrelClasses4/clsCommandInterface.h>
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // The command table on the disk, which every use writes anew.
 #pragma once
 
-#include "commands/CommandTableFile.h"
 #include "tools/program/ErrorLines.h"
+#include <qrtVistrelClasses4/CommandTableFile.h>
 
 namespace qrtVistrelClasses4 {
 

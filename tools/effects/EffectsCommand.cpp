@@ -1,10 +1,10 @@
 // vistrel effects: the effect codes, and which of them lists offer.
 #include "playfile/Effects.h"
-#include "playfile/FrameInfoClass.h"
-#include "playfile/ListControl.h"
 #include "tools/program/Commands.h"
 #include "tools/program/JsonText.h"
 #include "tools/program/Table.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
+#include <qrtVistrelClasses4/ListControl.h>
 
 #include <nlohmann/json.hpp>
 

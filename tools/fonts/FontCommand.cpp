@@ -1,5 +1,4 @@
 // vistrel font: shows fonts of signs, makes them from pictures, and checks them against playfiles.
-#include "frame/RuntimeError.h"
 #include "frame/SystemErrors.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
@@ -15,6 +14,7 @@
 #include "tools/program/JsonText.h"
 #include "tools/program/Moment.h"
 #include "tools/program/Table.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 namespace qrtVistrelClasses4 {
 namespace {

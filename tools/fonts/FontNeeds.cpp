@@ -1,7 +1,7 @@
 #include "tools/fonts/FontNeeds.h"
 
 #include "commands/PreviewText.h"
-#include "preview/FramePainter.h"
+#include <qrtVistrelClasses4/FramePainter.h>
 
 #include <string_view>
 

@@ -1,8 +1,8 @@
 // The characters that a playfile needs its fonts to have.
 #pragma once
 
-#include "frame/OneBasedArray.h"
-#include "playfile/FrameRecord.h"
+#include <qrtVistrelClasses4/FrameRecord.h>
+#include <qrtVistrelClasses4/OneBasedArray.h>
 
 #include <cstdint>
 #include <map>

@@ -1,8 +1,8 @@
 // vistrel export: the frames of a playfile for other tools.
-#include "playfile/SavePlayfile.h"
 #include "tools/playfile/Opening.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
+#include <qrtVistrelClasses4/SavePlayfile.h>
 
 namespace qrtVistrelClasses4 {
 namespace {

@@ -1,12 +1,12 @@
 // vistrel frames: frames inserted, deleted, moved and copied.
 #include "frame/Conversions.h"
-#include "playfile/FrameInfoClass.h"
 #include "tools/playfile/Opening.h"
 #include "tools/playfile/Saving.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Decimal.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/JsonText.h"
+#include <qrtVistrelClasses4/FrameInfoClass.h>
 
 #include <istream>
 #include <memory>

@@ -1,9 +1,9 @@
 // Opening a playfile, with the question that one of the older format asks.
 #pragma once
 
-#include "playfile/LoadPlayfile.h"
 #include "tools/program/Answers.h"
 #include "tools/program/ErrorLines.h"
+#include <qrtVistrelClasses4/LoadPlayfile.h>
 
 #include <optional>
 #include <string>

@@ -2,8 +2,8 @@
 
 #include "playfile/LegacyFormat.h"
 #include "playfile/OperatorQuestions.h"
-#include "playfile/SavePlayfile.h"
 #include "tools/program/Encoding.h"
+#include <qrtVistrelClasses4/SavePlayfile.h>
 
 namespace qrtVistrelClasses4 {
 

@@ -1,9 +1,9 @@
 // Saving a playfile, with the answer to the question that it may ask.
 #pragma once
 
-#include "playfile/LoadPlayfile.h"
 #include "tools/program/Answers.h"
 #include "tools/program/Commands.h"
+#include <qrtVistrelClasses4/LoadPlayfile.h>
 
 #include <string>
 

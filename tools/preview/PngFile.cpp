@@ -1,6 +1,6 @@
 #include "tools/preview/PngFile.h"
 
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <png.h>
 

@@ -1,7 +1,7 @@
 // Pictures in PNG files.
 #pragma once
 
-#include "frame/Raster.h"
+#include <qrtVistrelClasses4/Raster.h>
 
 #include <string>
 

@@ -5,7 +5,6 @@
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
 #include "playfile/ReferenceFinder.h"
-#include "preview/FramePainter.h"
 #include "preview/FrameSheet.h"
 #include "tools/playfile/Opening.h"
 #include "tools/preview/PngFile.h"
@@ -15,6 +14,7 @@
 #include "tools/program/Moment.h"
 #include "tools/program/Size.h"
 #include "tools/signs/SignsFile.h"
+#include <qrtVistrelClasses4/FramePainter.h>
 
 #include <limits>
 

@@ -1,7 +1,7 @@
 // The dots of a sign as characters of a terminal.
 #pragma once
 
-#include "frame/Raster.h"
+#include <qrtVistrelClasses4/Raster.h>
 
 #include <ostream>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "frame/ErrorTrap.h"
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <cstddef>
 #include <string>

@@ -1,8 +1,8 @@
 #include "tools/program/FileStart.h"
 
-#include "frame/RuntimeError.h"
 #include "frame/SystemErrors.h"
 #include "platform/Platform.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 namespace qrtVistrelClasses4 {
 

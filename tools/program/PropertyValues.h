@@ -3,12 +3,12 @@
 #pragma once
 
 #include "frame/Conversions.h"
-#include "frame/MemberTable.h"
-#include "frame/RuntimeError.h"
 #include "platform/LetterCase.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/ErrorLines.h"
 #include "tools/program/NameDistance.h"
+#include <qrtVistrelClasses4/MemberTable.h>
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <nlohmann/json.hpp>
 

@@ -1,7 +1,7 @@
 // Sizes in dots, as people type them.
 #pragma once
 
-#include "frame/Raster.h"
+#include <qrtVistrelClasses4/Raster.h>
 
 #include <CLI/CLI.hpp>
 

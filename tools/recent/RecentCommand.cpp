@@ -1,9 +1,9 @@
 // vistrel recent: the files opened last.
-#include "settings/RecentFiles.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/JsonText.h"
 #include "tools/program/PropertyValues.h"
+#include <qrtVistrelClasses4/RecentFiles.h>
 
 #include <optional>
 

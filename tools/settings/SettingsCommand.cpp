@@ -1,10 +1,10 @@
 // vistrel settings: the application's preferences.
-#include "settings/PreferencesFile.h"
 #include "tools/program/Commands.h"
 #include "tools/program/JsonText.h"
 #include "tools/program/NameDistance.h"
 #include "tools/program/PropertyValues.h"
 #include "tools/program/Table.h"
+#include <qrtVistrelClasses4/PreferencesFile.h>
 
 #include <algorithm>
 #include <limits>

@@ -1,8 +1,8 @@
 // The list of signs as the program loads and saves it.
 #pragma once
 
-#include "displays/SignList.h"
 #include "tools/program/ErrorLines.h"
+#include <qrtVistrelClasses4/SignList.h>
 
 #include <cstdint>
 #include <optional>

@@ -1,8 +1,8 @@
 // Preferences from and to their INI file.
 #pragma once
 
-#include "frame/RuntimeError.h"
-#include "settings/Preferences.h"
+#include <qrtVistrelClasses4/Preferences.h>
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <cstdint>
 #include <functional>

@@ -1,8 +1,8 @@
 // The application's preferences as a value, and the one table of them.
 #pragma once
 
-#include "frame/MemberTable.h"
-#include "frame/OneBasedArray.h"
+#include <qrtVistrelClasses4/MemberTable.h>
+#include <qrtVistrelClasses4/OneBasedArray.h>
 
 #include <cstdint>
 #include <string>

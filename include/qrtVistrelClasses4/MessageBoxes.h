@@ -1,7 +1,7 @@
 // Modal questions and messages to the operator.
 #pragma once
 
-#include "platform/ScopedInstallation.h"
+#include <qrtVistrelClasses4/ScopedInstallation.h>
 
 #include <string>
 

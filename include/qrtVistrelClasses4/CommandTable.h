@@ -1,8 +1,8 @@
 // The sign's commands as a value: keys in sign texts, and the bytes that the sign understands for them.
 #pragma once
 
-#include "frame/OneBasedArray.h"
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/OneBasedArray.h>
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <array>
 #include <cstdint>

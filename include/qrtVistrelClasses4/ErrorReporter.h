@@ -1,9 +1,9 @@
 // Where the errors that procedures trap are reported.
 #pragma once
 
-#include "frame/CallTrace.h"
-#include "frame/RuntimeError.h"
-#include "platform/ScopedInstallation.h"
+#include <qrtVistrelClasses4/CallTrace.h>
+#include <qrtVistrelClasses4/RuntimeError.h>
+#include <qrtVistrelClasses4/ScopedInstallation.h>
 
 #include <vector>
 

@@ -3,7 +3,7 @@
 // Every procedure of the library enters and leaves the trace by itself. Each thread has a trace of its own.
 #pragma once
 
-#include "platform/ScopedInstallation.h"
+#include <qrtVistrelClasses4/ScopedInstallation.h>
 
 #include <string>
 #include <string_view>

@@ -2,9 +2,9 @@
 // members.
 #pragma once
 
-#include "frame/MemberTable.h"
-#include "frame/OneBasedArray.h"
-#include "playfile/FrameTypes.h"
+#include <qrtVistrelClasses4/FrameTypes.h>
+#include <qrtVistrelClasses4/MemberTable.h>
+#include <qrtVistrelClasses4/OneBasedArray.h>
 
 #include <array>
 #include <cstdint>

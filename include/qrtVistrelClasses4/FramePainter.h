@@ -1,11 +1,11 @@
 // Frames of a playfile as the dots of a sign.
 #pragma once
 
-#include "fonts/PixelBuffer.h"
-#include "frame/OneBasedArray.h"
-#include "playfile/FrameRecord.h"
-#include "preview/PreviewFault.h"
-#include "preview/SignLook.h"
+#include <qrtVistrelClasses4/FrameRecord.h>
+#include <qrtVistrelClasses4/OneBasedArray.h>
+#include <qrtVistrelClasses4/PixelBuffer.h>
+#include <qrtVistrelClasses4/PreviewFault.h>
+#include <qrtVistrelClasses4/SignLook.h>
 
 #include <cstdint>
 #include <functional>

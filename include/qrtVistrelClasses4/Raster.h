@@ -1,7 +1,7 @@
 // A picture in memory: rows of dots or pixels.
 #pragma once
 
-#include "frame/Color.h"
+#include <qrtVistrelClasses4/Color.h>
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
 // The application's preferences.
 #pragma once
 
-#include "settings/Preferences.h"
+#include <qrtVistrelClasses4/Preferences.h>
 
 #include <cstdint>
 #include <optional>

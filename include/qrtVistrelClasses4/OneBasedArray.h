@@ -1,7 +1,7 @@
 // Arrays that count from 1, as users of the application do.
 #pragma once
 
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <algorithm>
 #include <cstdint>

@@ -1,7 +1,7 @@
 // A playfile as a value: frames, and where they came from.
 #pragma once
 
-#include "playfile/FrameRecord.h"
+#include <qrtVistrelClasses4/FrameRecord.h>
 
 #include <cstdint>
 #include <string>

@@ -1,7 +1,7 @@
 // What a preview could not show as the playfile wants it.
 #pragma once
 
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <optional>
 #include <string>

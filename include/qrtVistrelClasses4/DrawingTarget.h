@@ -1,7 +1,7 @@
 // Surfaces that letters are drawn on.
 #pragma once
 
-#include "frame/Color.h"
+#include <qrtVistrelClasses4/Color.h>
 
 #include <cstdint>
 #include <string>

@@ -1,8 +1,8 @@
 // A picture in memory that letters can be drawn on.
 #pragma once
 
-#include "fonts/DrawingTarget.h"
-#include "frame/Raster.h"
+#include <qrtVistrelClasses4/DrawingTarget.h>
+#include <qrtVistrelClasses4/Raster.h>
 
 namespace qrtVistrelClasses4 {
 

@@ -1,9 +1,9 @@
 // One playfile: its frames and lines, read and written through cursors.
 #pragma once
 
-#include "playfile/FrameRecord.h"
-#include "playfile/FrameTypes.h"
-#include "playfile/Playfile.h"
+#include <qrtVistrelClasses4/FrameRecord.h>
+#include <qrtVistrelClasses4/FrameTypes.h>
+#include <qrtVistrelClasses4/Playfile.h>
 
 #include <cstdint>
 #include <memory>

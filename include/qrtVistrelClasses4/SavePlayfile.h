@@ -1,8 +1,8 @@
 // Writing a playfile or its export, and what came of it.
 #pragma once
 
-#include "frame/RuntimeError.h"
-#include "playfile/Playfile.h"
+#include <qrtVistrelClasses4/Playfile.h>
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <cstdint>
 #include <functional>

@@ -1,7 +1,7 @@
 // The files opened last.
 #pragma once
 
-#include "settings/RecentFiles.h"
+#include <qrtVistrelClasses4/RecentFiles.h>
 
 #include <cstdint>
 #include <string>

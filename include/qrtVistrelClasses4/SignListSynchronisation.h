@@ -1,7 +1,7 @@
 // The host's own database of signs, kept equal to the list.
 #pragma once
 
-#include "platform/ScopedInstallation.h"
+#include <qrtVistrelClasses4/ScopedInstallation.h>
 
 namespace qrtVistrelClasses4 {
 

@@ -1,9 +1,9 @@
 // The list of signs ("displays") of a site as a value, and its file.
 #pragma once
 
-#include "displays/DisplayRecord.h"
-#include "frame/OneBasedArray.h"
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/DisplayRecord.h>
+#include <qrtVistrelClasses4/OneBasedArray.h>
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 // The list of signs ("displays") of a site.
 #pragma once
 
-#include "displays/SignList.h"
+#include <qrtVistrelClasses4/SignList.h>
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 // The dots of a sign drawn as LEDs.
 #pragma once
 
-#include "frame/Raster.h"
+#include <qrtVistrelClasses4/Raster.h>
 
 #include <cstdint>
 #include <vector>

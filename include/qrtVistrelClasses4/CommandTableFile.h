@@ -1,8 +1,8 @@
 // The command table from and to its file.
 #pragma once
 
-#include "commands/CommandTable.h"
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/CommandTable.h>
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 // What a preview needs to know of a sign.
 #pragma once
 
-#include "frame/Raster.h"
+#include <qrtVistrelClasses4/Raster.h>
 
 #include <cstdint>
 #include <optional>

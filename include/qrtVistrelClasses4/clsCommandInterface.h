@@ -1,7 +1,7 @@
 // The table of the sign's commands, with the rows that the user has added.
 #pragma once
 
-#include "commands/CommandTableFile.h"
+#include <qrtVistrelClasses4/CommandTableFile.h>
 
 #include <cstdint>
 #include <string>

@@ -1,8 +1,8 @@
 // The files opened last as a value, and their file.
 #pragma once
 
-#include "frame/OneBasedArray.h"
-#include "frame/RuntimeError.h"
+#include <qrtVistrelClasses4/OneBasedArray.h>
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <optional>
 #include <string>

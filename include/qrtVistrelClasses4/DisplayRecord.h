@@ -1,9 +1,9 @@
 // What is known of one sign ("display"), and the tables of its members.
 #pragma once
 
-#include "displays/DisplayNames.h"
-#include "frame/MemberTable.h"
-#include "frame/OneBasedArray.h"
+#include <qrtVistrelClasses4/DisplayNames.h>
+#include <qrtVistrelClasses4/MemberTable.h>
+#include <qrtVistrelClasses4/OneBasedArray.h>
 
 #include <cstdint>
 #include <string>
