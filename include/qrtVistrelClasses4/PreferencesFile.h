@@ -50,7 +50,7 @@ using ProfileOpener = std::function<std::unique_ptr<ProfileFile>(const std::stri
 struct PreferencesCircumstances {
     std::string path;
     PreferenceFolders folders;
-    Preferences before; ///< What preferences keep that are not read.
+    Preferences before; ///< The values of preferences that are not read.
     ProfileOpener open;
 };
 
