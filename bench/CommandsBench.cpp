@@ -86,8 +86,7 @@ std::string tableOf(const std::vector<CommandInfoType>& commands) {
 
 std::unique_ptr<clsCommandInterface> load() { return std::make_unique<clsCommandInterface>(); }
 
-/// An object's making loads the table, its end saves it. What is not asked for happens while no time is
-/// taken.
+/// The constructor loads the table, and the destructor saves it. Only one of them is timed.
 void registerTable(const std::string& path) {
     RegisterWork("commands/load", [](benchmark::State& state) { TimeMaking(state, load); });
     RegisterWork("commands/save", [](benchmark::State& state) {

@@ -24,7 +24,7 @@ constexpr double kMostOfLoop = 1.3;
 
 constexpr std::int16_t kSigns = 10000;
 constexpr std::int16_t kMany = 30000; ///< Nearly as many as can be numbered.
-/// With a quarter of either, for growth.
+/// Both sizes and a quarter of each, to measure growth.
 constexpr std::int16_t kSizes[] = {kSigns / 4, kSigns, kMany / 4, kMany};
 
 constexpr std::size_t kLinesOfASign = 48;
@@ -34,13 +34,13 @@ struct Sample {
     std::int16_t signs;
     std::string list;
     std::string json;
-    std::string savedName; ///< As the library takes it, which puts its own folder in front.
+    std::string savedName; ///< The name for the library, which puts its own folder in front.
     std::string saved;
 
     std::string size() const { return std::to_string(signs); }
 };
 
-/// The library reads where it is told to have written last.
+/// The library reads the file that its setting names as the one written last.
 void load(DisplayDatabaseClass& displays, const Sample& sample) {
     displays.RetrieveAllDisplayInfoFromDisk();
     Require(displays.TotalDisplays() == sample.signs, "cannot load " + sample.list);
@@ -128,7 +128,7 @@ std::int16_t findWithLoop(const Displays& displays, const std::string& name) {
                                    : static_cast<std::int16_t>(found - displays.begin() + 1);
 }
 
-/// The last sign, asked for in other letters.
+/// The last sign, searched in another case.
 void registerFind(const Sample& sample) {
     const Displays records = MakeDisplays(sample.signs);
     std::string name = records.back().DisplayName;
@@ -161,7 +161,7 @@ void compareContestants(std::vector<Ratio>& ratios) {
     add("find", "loop", Bound::aim, kMostOfLoop);
 }
 
-/// The limits' own growth tells what memory costs that no longer fits the processor's caches.
+/// The growth of the limits shows what memory costs that no longer fits the processor's caches.
 void compareGrowth(std::vector<Ratio>& ratios) {
     for (const std::string kind : {"load/", "load/limit/", "save/", "save/limit/"})
         for (const std::int16_t signs : {kSigns, kMany}) {

@@ -1,4 +1,4 @@
-// Frames inserted, deleted and moved: records change places, whatever they hold.
+// Frames inserted, deleted and moved: records change places, whatever their content.
 #include "bench/SamplePlayfile.h"
 #include "bench/Subjects.h"
 #include "bench/Timing.h"
@@ -94,7 +94,7 @@ void registerEdit(const std::string& name, Edit<Frames> edit, const BenchFolder&
     });
 }
 
-/// Every record to the place of its neighbour, as bytes.
+/// Moves every record to the place of its neighbour, as bytes.
 void registerLimit(const std::string& name) {
     RegisterWork(name, [](benchmark::State& state) {
         constexpr std::size_t size = kUsual.frames * sizeof(FrameRecord);

@@ -11,7 +11,7 @@ namespace qrtVistrelClasses4::bench {
 /// An array of frames, each an object with its values by name, "Lines" being an array of such objects.
 std::string MakeJson(const Frames& frames);
 
-/// What was read, as far as it takes to see that it is all there.
+/// A summary of what was read, to check that nothing is missing.
 struct JsonContents {
     std::size_t frames = 0;
     std::size_t lines = 0;

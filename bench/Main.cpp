@@ -1,5 +1,5 @@
-// Measures the library beside what a user would pick instead and beside the least that the work can cost, and
-// prints how they compare. Options are those of Google Benchmark.
+// Measures the library against what a user would use instead and against the least that the work can cost,
+// and prints how they compare. Options are those of Google Benchmark.
 #include "bench/Subjects.h"
 #include "platform/Platform.h"
 

@@ -1,5 +1,5 @@
 // What is measured. Each function makes its files, checks that all contestants do the same work, registers
-// the benchmarks, and tells how they are to compare. The folder must stay as long as benchmarks run.
+// the benchmarks, and returns how they should compare. The folder must stay as long as benchmarks run.
 #pragma once
 
 #include "bench/BenchFolder.h"

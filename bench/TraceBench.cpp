@@ -9,7 +9,7 @@ namespace {
 constexpr double kMostWhenOn = 4.0;
 constexpr double kMostWhenOff = 1.3;
 
-/// Longer than what a string holds without memory of its own.
+/// Longer than a string can hold without an allocation.
 const std::string kText = "Platform 12, departures until 22:00";
 
 /// Switches the trace of this thread for as long as it lives.

@@ -20,7 +20,7 @@ constexpr double kMostOfLimit = 7;
 
 struct Element {
     const char* name;
-    std::optional<std::string_view> value; ///< None if it encloses the elements after it.
+    std::optional<std::string_view> value; ///< Empty if it encloses the elements after it.
 
     bool operator==(const Element& other) const {
         return std::string_view(name) == other.name && value == other.value;
@@ -98,7 +98,7 @@ void exportXml(FrameInfoClass& frames, const std::string& name) {
 /// Playfiles of one size, exported by either contestant.
 struct Sample {
     PlayfileSize size;
-    std::string name; ///< As the library takes it, which adds its ending.
+    std::string name; ///< The name for the library, which adds its ending.
     std::string own;
     std::string peer;
 };

@@ -11,7 +11,7 @@ namespace {
 
 constexpr char kFieldEnd = '\xff';
 
-/// Puts the fields of a line into an empty row: what is missing stays empty, what is more is dropped.
+/// Puts the fields of a line into an empty row: missing fields stay empty, and further ones are dropped.
 void readRow(std::string_view line, CommandInfoType& row) {
     for (std::string& field : row.sCMDInfo) {
         const std::size_t end = std::min(line.find(kFieldEnd), line.size());

@@ -8,12 +8,12 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Whether the first lines of a file, which are not read, are such as a table has: all with their fields, or
-/// blank. Another file was not written as a table.
+/// Whether a file may have been written as a table: each of its first lines, which are not read, has all
+/// fields or is blank.
 bool MayBeCommandTable(std::string_view text);
 
 /// Adds the rows of a table file after the built-in ones. The file repeats those in its first lines, which
-/// are not read. False if the file has more rows than can be numbered; those are left out then.
+/// are not read. False if the file has more rows than can be numbered; the rows beyond are left out.
 bool ReadCommandRows(std::string_view text, CommandTable& commands);
 /// Writes all rows, one a line. A key or byte string with a line end (10) in it comes back as two rows.
 void WriteCommandRows(BufferedText& out, const CommandTable& commands);

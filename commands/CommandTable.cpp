@@ -12,7 +12,7 @@ constexpr std::int16_t kMilitaryTime = 7700;
 
 struct BuiltInCommand {
     std::string_view key;
-    std::string_view bytes; ///< Empty: those of `kMilitaryTime`.
+    std::string_view bytes; ///< If empty, those of `kMilitaryTime`.
 };
 
 constexpr BuiltInCommand kBuiltInCommands[] = {

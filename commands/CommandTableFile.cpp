@@ -19,8 +19,8 @@ std::string tableBelow(const std::string& folder) {
     return folder + "db" + kPathSeparator + "VistrelLite.dat";
 }
 
-/// Where the table is saved: over the file that there is, else below the library's folder. After a root this
-/// has one separator more than loading takes, which existing settings hold so.
+/// Where the table is saved: over the existing file, else below the library's folder. If that folder is a
+/// root, the name has one separator more than the name used for loading. Existing settings hold it like that.
 std::string pathToSave() {
     std::string path = CommandTablePath();
     if (platform().files().kindOf(path) != EntryKind::file)
@@ -37,8 +37,8 @@ void makeFolderOf(const std::string& path) {
     (void)platform().files().createFolder(folder);
 }
 
-/// Keeps a file whose rows are not in the table, but never in place of one that was kept before. One that
-/// cannot be read can still be renamed. Returns the name of the copy.
+/// Keeps a file whose rows are not in the table. Never replaces a file that was kept before. A file that
+/// cannot be read can still be renamed. Returns the new name.
 std::string keep(FileSystem& files, const std::string& path) {
     Check(files.mayWrite(path));
     std::string backup = MakePlaceForBackup(files, path);
@@ -49,8 +49,8 @@ std::string keep(FileSystem& files, const std::string& path) {
     return backup;
 }
 
-/// Copies a file that is no table to a name that no file has, and returns that name; nothing if there is such
-/// a copy.
+/// Copies a file that is no table to a new name, and returns that name; nothing if there is such a copy
+/// already.
 std::optional<std::string> keepForeign(FileSystem& files, const std::string& path) {
     const std::string first = path + std::string(kBackupEnding);
     std::string backup = first;
@@ -60,7 +60,7 @@ std::optional<std::string> keepForeign(FileSystem& files, const std::string& pat
             return std::nullopt;
         backup = first + std::to_string(number);
     }
-    Check(files.removeLink(backup)); // to nothing: the copy would be made where it leads
+    Check(files.removeLink(backup)); // a link to nothing: the copy would be made where it leads
     Check(files.copy(path, backup));
     return backup;
 }
@@ -94,7 +94,7 @@ void writeFile(const CommandTable& table, const CommandTableSource& source, Save
     out.finish();
     if (isRead && source.isForeign)
         saved.keptAs =
-            keepForeign(files, saved.path); // now, so that a save that fails leaves no copy each time
+            keepForeign(files, saved.path); // only now, so that failing saves do not each leave a copy
     Check(file.commit());
 }
 

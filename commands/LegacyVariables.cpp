@@ -40,7 +40,7 @@ constexpr NamedPlaceholder kNamedPlaceholders[] = {
     {"minutes", ""},
 };
 
-/// Placeholders of a name and the number of their code, as "{vbl 7}".
+/// Placeholders that consist of a name and the number of their code, such as "{vbl 7}".
 struct NumberedPlaceholder {
     std::string_view name;
     NumberedCode code;
@@ -51,12 +51,12 @@ constexpr NumberedPlaceholder kNumberedPlaceholders[] = {
     {"cnt ", kCounterCode},
 };
 
-/// `digits` are those of its number, without zeros before it.
+/// `digits` are those of its number, without leading zeros.
 void appendNumberedCode(const NumberedCode& kind, std::string_view digits, std::string& text) {
     text.append(kind.letters).append(kind.digits - digits.size(), '0').append(digits);
 }
 
-/// Calls `take(placeholder, code)` for every placeholder, in the order that they are replaced in.
+/// Calls `take(placeholder, code)` for every placeholder, in the order in which they are replaced.
 template <class Take>
 void forEachPlaceholder(Take take) {
     for (const auto& [name, code] : kNamedPlaceholders)
@@ -90,7 +90,7 @@ std::string replaceInOrder(std::string text) {
     return text;
 }
 
-/// The number of a placeholder as it is written: decimal, without zeros before it. 0 for anything else.
+/// The number of a placeholder as it is written: decimal, without leading zeros. 0 for anything else.
 int plainNumber(std::string_view digits) {
     int number = 0;
     const char* const end = digits.data() + digits.size();
@@ -100,7 +100,7 @@ int plainNumber(std::string_view digits) {
     return number;
 }
 
-/// Appends the code of the placeholder that is between the braces. False if it is none.
+/// Appends the code of the placeholder between the braces. False if there is no placeholder.
 bool appendCode(std::string_view inBraces, std::string& text) {
     for (const NumberedPlaceholder& kind : kNumberedPlaceholders) {
         if (!inBraces.starts_with(kind.name))
@@ -120,8 +120,8 @@ bool appendCode(std::string_view inBraces, std::string& text) {
     return true;
 }
 
-/// A new placeholder can only arise around another one, within braces of its own. Without braces in braces,
-/// one pass over the text does what the passes for each kind would.
+/// A new placeholder can only arise around another one, within braces of its own. If no braces are within
+/// braces, one pass over the text does the same as a pass for each kind.
 std::string convert(const std::string& text) {
     std::string result;
     result.reserve(text.size());

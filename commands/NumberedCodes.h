@@ -1,4 +1,4 @@
-// Codes that are letters and a number of a fixed number of digits, as "VBL007".
+// Codes that consist of letters and a number with a fixed count of digits, such as "VBL007".
 #pragma once
 
 #include <cstddef>

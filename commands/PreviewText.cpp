@@ -32,7 +32,7 @@ bool isCounter(std::string_view code) {
 struct CommandPreview {
     std::int32_t decimal;
     enum { text, date, capitalDate, clock, militaryClock } kind;
-    std::string_view pattern; ///< Of a date or a time; else the text itself.
+    std::string_view pattern; ///< The pattern of a date or a time; else the text itself.
 };
 
 constexpr CommandPreview kCommandPreviews[] = {

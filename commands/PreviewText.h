@@ -15,25 +15,25 @@ namespace qrtVistrelClasses4 {
 
 /// The text that is shown for one code of a sign text: the time `HourOffset` hours from now, today's date in
 /// one of its forms, the stored value of a variable ("VBL012"), or a counter's own code. Commands are known
-/// by their bytes in decimal, taken as one number; any other command shows these digits, a code without a
-/// command those of its own characters. Never fails. Each call that has to look a command up reads the
-/// command table and writes it anew.
+/// by their bytes in decimal, taken as one number; any other command shows these digits, and a code without a
+/// command shows those of its own characters. Never fails. Each call that has to look up a command reads the
+/// command table and writes it again.
 std::string PreviewCommandText(const std::string& Code, std::int16_t HourOffset);
 
-/// The most characters of a text and of its preview: far more than a sign shows, and few enough that no long
-/// command or variable fills the memory.
+/// The most characters of a text and of its preview. This is far more than a sign shows, and few enough to
+/// keep long commands and variables from filling the memory.
 inline constexpr std::size_t kLongestPreview = 65536;
 
 /// `text` as it is shown: from its start on, the longest code (see `TextCodes`) at each place is replaced by
-/// its preview, which is not looked at again. What goes beyond `kLongestPreview`, of `text` or of its
-/// preview, is left out. Reads the command table once and writes it anew.
+/// its preview, which is not looked at again. Whatever goes beyond `kLongestPreview`, in `text` or in its
+/// preview, is left out. Reads the command table once and writes it again.
 std::string PreviewText(std::string_view text, std::int16_t hourOffset);
 
 /// The same for many texts, with each code looked up once.
 class TextPreviews {
 public:
     TextPreviews(CommandTable commands, std::int16_t hourOffset);
-    /// With the table on the disk, which is read once and written anew.
+    /// Uses the command table on disk, which is read once and written again.
     explicit TextPreviews(std::int16_t hourOffset);
     std::string of(std::string_view text);
 

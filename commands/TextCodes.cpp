@@ -23,7 +23,7 @@ std::size_t numberedCodeSize(std::string_view text, const NumberedCode& kind) {
     return number >= 1 && number <= kind.last ? size : 0;
 }
 
-/// How many characters two texts have in common from their starts on.
+/// Number of characters that two texts have in common at their starts.
 std::size_t commonSize(std::string_view one, std::string_view other) {
     constexpr std::size_t step = 64; // many at once are compared much faster
     const std::size_t most = std::min(one.size(), other.size());

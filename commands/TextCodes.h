@@ -12,11 +12,11 @@ namespace qrtVistrelClasses4 {
 /// "CR16").
 class TextCodes {
 public:
-    /// `keys` are those of the commands. An empty one is no code, nor is the character with code 166, which
-    /// fonts draw.
+    /// `keys` are the keys of commands. An empty key is not a code. The character with code 166 is not one
+    /// either, because fonts draw it.
     explicit TextCodes(std::vector<std::string> keys);
 
-    /// Size of the longest code that `text` starts with; 0 where it starts with none.
+    /// Size of the longest code that `text` starts with; 0 if it does not start with a code.
     std::size_t sizeAtStart(std::string_view text) const;
 
 private:

@@ -135,7 +135,7 @@ void DisplayDatabaseClass::CurrentBrightnessScheduleNumber(std::int16_t vData) {
         Arg{"vData", vData});
 }
 
-// The list. Finding a name asks for the total on the trace, and so does adding a sign.
+// The list. Members that find, add or remove a sign also show a call of `TotalDisplays` on the trace.
 
 std::int16_t DisplayDatabaseClass::TotalDisplays() const {
     return traced(propertyGet("TotalDisplays"), [&] { return list_.count(); });

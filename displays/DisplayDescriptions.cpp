@@ -1,4 +1,4 @@
-// What the user interface says of a sign.
+// Texts about a sign for the user interface.
 #include "displays/DisplayProcedures.h"
 #include "frame/Conversions.h"
 #include "frame/Traced.h"

@@ -14,7 +14,7 @@ constexpr std::string_view kUsualNetworkPort = "3001";
 bool isUnset(const std::string& port) {
     try {
         return LeadingNumber(port) <= 0;
-    } catch (const RuntimeError&) { // a number that is too large is a port
+    } catch (const RuntimeError&) { // a number that is too large is left as the port
         return false;
     }
 }

@@ -14,7 +14,7 @@ inline constexpr int kValuesOfADisplay =
                      kSchedulesOfADisplay * std::tuple_size_v<decltype(kScheduleMembers)>);
 
 /// Reads one sign and mends the values that old files leave empty; returns whether there were any. After an
-/// error the values before the bad one have been read.
+/// error, the values before the bad one have been read.
 bool ReadDisplay(DelimitedReader& in, DisplayRecord& display);
 void WriteDisplay(DelimitedWriter& out, const DisplayRecord& display);
 

@@ -92,7 +92,7 @@ void DisplayDatabaseClass::RetrieveAllDisplayInfoFromDisk() {
 void DisplayDatabaseClass::readDisplays(std::string& sFileName) {
     const std::optional<std::string> path = RememberedSignListPath(sFileName);
     if (!path)
-        return; // the error has been reported, and nobody knows where the list is
+        return; // the error has been reported, and it is not known where the list is
     sFileName = *path;
     const SignListReading reading = ReadSignList(sFileName, list_);
     if (reading.error)

@@ -20,12 +20,12 @@ namespace {
 
 constexpr RegistrySetting kDataFile{kVistrelLite, "Preview", "DisplayDataFile"};
 
-/// Whether a file is a list to its end. One that was cut short between two signs is taken for a shorter list.
+/// True if a file is a complete list. A list that was cut short between two signs counts as complete.
 bool isWholeList(std::string_view text) {
-    if (text.find('\0') != text.npos) // where a power cut has left out a piece
+    if (text.find('\0') != text.npos) // a power cut has left out a piece
         return false;
     if (text.ends_with('\n') && std::ranges::count(text, '\n') % kValuesOfADisplay == 0)
-        return true; // without reading it, as nearly all are
+        return true; // most lists need not be read any further
     try {
         DelimitedReader in(text);
         for (DisplayRecord display; !in.atEnd();)
@@ -36,8 +36,8 @@ bool isWholeList(std::string_view text) {
     }
 }
 
-/// Copies the list that is about to be overwritten. An empty file holds none, and half a list never takes the
-/// place of a whole one.
+/// Copies the list that is about to be overwritten. An empty file holds no list, and half a list never
+/// replaces a whole one.
 SystemError copyPrevious(FileSystem& files, const std::string& path) {
     if (files.kindOf(path) == EntryKind::folder)
         return SystemError::none;
@@ -50,13 +50,13 @@ SystemError copyPrevious(FileSystem& files, const std::string& path) {
     if (!isWholeList(previous.value().text()) && files.kindOf(copy) == EntryKind::file)
         return SystemError::none;
     ReplacementFile backup(files, MakePlaceForBackup(files, path));
-    (void)backup.write(previous.value().text()); // a failure is kept, and told by `commit`
+    (void)backup.write(previous.value().text()); // `commit` reports a failure of this
     return backup.commit();
 }
 
 /// Copies the list that is about to be overwritten. Returns the error of a copy that is not permitted, which
-/// does not stop the save. Every other failure does: it would hit the save as well, and without a copy both
-/// lists would be lost.
+/// does not stop the save. Every other failure does stop it: the save would fail, too, and without a copy
+/// both lists would be lost.
 std::optional<RuntimeError> keepPrevious(FileSystem& files, const std::string& path) {
     const SystemError error = copyPrevious(files, path);
     if (error == SystemError::accessDenied || error == SystemError::inUse)
@@ -161,7 +161,7 @@ SignListSaving SaveSignList(const SignList& list, const std::string& path,
         saving.isStarted = true;
         writeTo(*file, list);
         saving.halfWritten.reset();
-        if (isNew) // its name must outlive a power cut, too, where the file system can see to it
+        if (isNew) // its name must outlive a power cut, too, if the file system supports that
             (void)files.flushFolder(std::string(SplitPath(path).folder));
     });
     if (saving.error && isOpened)

@@ -22,7 +22,7 @@ struct DotStyle {
     Ink dark;
 };
 
-/// Left upper corner of a letter, in pixels. Far right in a text it may be beyond the largest pixel number.
+/// Upper left corner of a letter, in pixels. Far right in a text it may be beyond the largest pixel number.
 struct Corner {
     /// Fractions are rounded down. Throws error 6 for numbers that need more than 32 bits.
     Corner(float left, float top);

@@ -12,10 +12,10 @@ namespace qrtVistrelClasses4 {
 
 inline constexpr std::size_t kGlyphStoreSize = 16301;
 
-/// Only so many bytes of a file matter: four with the sizes, the characters, the store.
+/// No more bytes of a file than these are used: four with the sizes, the characters, and the store.
 inline constexpr std::size_t kLargestFontFile = 4 + 255 + kGlyphStoreSize;
 
-/// Instead of a width and a height: the file holds them.
+/// Passed as width and height if the file holds them.
 inline constexpr std::int16_t kSizeFromFile = -1;
 
 /// A font. Sizes are in dots. A glyph starts with a byte that holds the letter's own width. The bytes with
@@ -27,7 +27,7 @@ struct Font {
     std::string characters; ///< In the order of their glyphs.
     std::array<std::uint8_t, kGlyphStoreSize> store{};
 
-    /// As files have it: 0 up to a width of 3, 1 up to 11, 2 up to 19, 3 up to 27, and so on.
+    /// By the rule of the files: 0 up to a width of 3, 1 up to 11, 2 up to 19, 3 up to 27, and so on.
     int bytesPerRow() const { return (width + width % 8) / 8; }
     /// Bytes from the start of one glyph to that of the next.
     int recordSize() const { return bytesPerRow() * height + 1; }

@@ -40,8 +40,8 @@ Result<std::optional<Font>> ReadFont(const std::string& path, std::int16_t width
 /// `useNewFont` chooses the set of numbered fonts that font 0 is taken from.
 FontOutcome LoadFontFile(const std::string& path, std::int16_t width, std::int16_t height, bool useNewFont);
 
-/// Loads a numbered font from "bin" of the application folder, else as `LoadFontFile` does. A number without
-/// a font gives no font and no message.
+/// Loads a numbered font from "bin" of the application folder. If it is not there, searches for it as
+/// `LoadFontFile` does. A number without a font gives no font and no message.
 FontOutcome LoadNumberedFont(std::int16_t fontNumber, std::int16_t signType, bool useNewFont);
 
 } // namespace qrtVistrelClasses4

@@ -14,7 +14,7 @@ struct Lettering {
     const Font& font;
     std::int16_t magnification =
         1;           ///< Pixels from one dot to the next, across and down. Below 1 nothing is drawn.
-    Color color = 0; ///< Of lit dots.
+    Color color = 0; ///< Colour of lit dots.
 };
 
 /// Where a text is drawn. Its first dots are one dot right of `x`.
@@ -22,7 +22,7 @@ struct DrawingPlace {
     DrawingTarget& target;
     float x = 0; ///< In pixels; fractions are rounded down.
     float y = 0;
-    bool useBitmapDC = false; ///< On the target's bitmap instead of the target itself.
+    bool useBitmapDC = false; ///< True to draw on the target's bitmap instead of the target itself.
 };
 
 /// Width of a text in pixels, including the gap after its last letter.
@@ -40,9 +40,9 @@ std::int64_t DrawLetters(const Lettering& lettering, std::string_view text, cons
 void DrawSelection(const Lettering& lettering, std::string_view text, const DrawingPlace& place, int first,
                    int last);
 
-/// Draws a mark before letter `index` (from 1) of a text if `isShown`, else what is below the mark. An index
-/// below 1 is the start of the text, a larger one than the text has letters its end. The mark is one dot wide
-/// and covers the last column of the letter before it.
+/// Draws a mark before letter `index` (from 1) of a text if `isShown`, else draws what is below the mark. An
+/// index below 1 means the start of the text, and one above the number of letters its end. The mark is one
+/// dot wide and covers the last column of the letter before it.
 void DrawIndexMarker(const Lettering& lettering, std::string_view text, const DrawingPlace& place, int index,
                      bool isShown);
 

@@ -53,9 +53,10 @@ public:
     /// the search and before the font changes.
     void OnMessage(MessageHandler handler) { onMessage_ = std::move(handler); }
 
-    /// Loads the file `path`, or one of that name in "Extended" or "CustomFonts" of the application folder,
-    /// or font 0 in place of a standard font; see `LoadFontFile`. If both sizes are `kSizeFromFile`, the file
-    /// holds the size. False if there is no such file, or if it ends before its glyphs start.
+    /// Loads the file `path`, or a file of that name in "Extended" or "CustomFonts" of the application
+    /// folder, or font 0 if a standard font is missing; see `LoadFontFile`. If both sizes are
+    /// `kSizeFromFile`, the file holds the size. False if there is no such file, or if it ends before its
+    /// glyphs start.
     bool LoadFont(const std::string& path, std::int16_t width, std::int16_t height);
     /// Loads a numbered font from "bin" of the application folder. False for a number without a font.
     bool LoadFontByNum(std::int16_t fontNumber, std::int16_t signType);
@@ -68,8 +69,8 @@ public:
     // Letters. Of a text, only the first character counts. A character without a glyph is not drawn and has
     // no width.
 
-    /// Index of the glyph's first byte in the font's store, possibly outside it; -1 for a character that the
-    /// font lacks.
+    /// Index of the glyph's first byte in the font's store, which may be outside the store; -1 for a
+    /// character that the font lacks.
     std::int32_t GlyphOffset(const std::string& letter);
     /// Draws a letter. Its dots start one dot right of `x`. If `drawBackground` is not 0, dark dots are drawn
     /// in the target's background colour. If `useBitmapDC` is not 0, the letter is drawn on the target's
@@ -90,10 +91,10 @@ public:
     /// the background colour and all others in `FontColor`, gaps included.
     void HilightSelection(const std::string& text, DrawingTarget& target, float x, float y,
                           std::int16_t firstLetter, std::int16_t lastLetter, std::int16_t useBitmapDC);
-    /// Shows a mark before letter `index` of a text at `x`, `y`; the next call hides it. An index below 1 is
-    /// the start of the text, one above the number of letters its end. The mark is one dot wide and covers
-    /// the last column of the letter before it, whose dots are drawn again when the mark goes. Hide a mark
-    /// with the text and the index that it was shown with before showing another.
+    /// Shows a mark before letter `index` of a text at `x`, `y`; the next call hides it. An index below 1
+    /// means the start of the text, and one above the number of letters its end. The mark is one dot wide and
+    /// covers the last column of the letter before it, whose dots are drawn again when the mark goes. Hide a
+    /// mark with the text and the index that it was shown with before showing another.
     void CycleIndexMarker(const std::string& text, DrawingTarget& target, float x, float y,
                           std::int16_t index, std::int16_t useBitmapDC);
 

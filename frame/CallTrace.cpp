@@ -39,7 +39,7 @@ OwnedRecord* findHostRecord(std::string_view module, std::string_view procedure)
     return nullptr;
 }
 
-/// For what must not make a procedure fail that would succeed without a trace.
+/// Runs a step of the trace. Its errors must not make a procedure fail that would succeed without a trace.
 template <class Step>
 void ignoringErrors(Step step) noexcept {
     try {
@@ -73,7 +73,7 @@ void TraceEnter(std::string_view module, std::string_view procedure, std::string
 void TraceLeave(std::string_view module, std::string_view procedure, std::string_view arguments) {
     if (traceState.on && traceState.recorder)
         ignoringErrors([&] { traceState.recorder->left(makeLine(module, procedure, arguments)); });
-    // Also while tracing is off: it may have been on at the entry.
+    // This is done even while tracing is off, because it may have been on at the entry.
     if (OwnedRecord* record = findHostRecord(module, procedure))
         traceState.unwindTo(record->outer);
 }
@@ -104,7 +104,7 @@ void TraceState::recordExit(const TraceRecord& record) {
 void TraceState::abandon(TraceRecord& record) noexcept {
     unwindTo(&record);
     innermost = record.outer;
-    if (innermost) // without a caller, nobody's trap or exit would ever drop the copy
+    if (innermost) // without a caller, no trap or exit would ever drop the copy
         ignoringErrors([&] { pushOwned(record.atEntry()); });
 }
 

@@ -83,7 +83,8 @@ Integer roundTo(double value) {
     return static_cast<Integer>(rounded);
 }
 
-/// Whether a number lies in the middle of two numbers of 15 digits. It has 16 itself then, the last a 5.
+/// Whether a number lies in the middle of two numbers of 15 digits. Such a number has 16 digits, of which the
+/// last is a 5.
 bool isTie(double value) {
     constexpr std::size_t sizeOf16Digits = 17;
     constexpr int manyDigits = 50;

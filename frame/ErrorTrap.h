@@ -14,7 +14,7 @@ class TraceRecord;
 /// errors, sees from a change that one of them has failed.
 std::uint64_t TrappedErrors();
 
-/// Reports an error that does not stop the running procedure: it is logged, and the operator is not bothered.
+/// Reports an error that does not stop the running procedure: it is logged, but not shown to the operator.
 void ReportQuietly(const RuntimeError& error) noexcept;
 
 /// Reports the exception being handled as an error of the procedure that `record` describes, then takes the

@@ -101,7 +101,8 @@ std::optional<RuntimeError> ErrorOf(Body body) {
     }
 }
 
-/// Runs `body`. Its error goes on to the caller as one that is logged but not shown to the operator.
+/// Runs `body`. Its error is thrown on to the caller, marked as quiet: it is logged, but not shown to the
+/// operator.
 template <class Body>
 std::invoke_result_t<Body&> quietly(Body body) {
     try {

@@ -1,4 +1,4 @@
-// Edits of the list of signs, held against a plain list.
+// Edits of the list of signs, compared with a plain list.
 #include "Fuzz.h"
 #include "platform/LetterCase.h"
 #include <qrtVistrelClasses4/DisplayDatabaseClass.h>
@@ -49,7 +49,7 @@ struct ListModel {
     }
 };
 
-/// A list and its model, to which the same is done.
+/// A list and its model. Both get the same operations.
 class DisplaysAndModel {
 public:
     explicit DisplaysAndModel(FuzzedInput& input) : input_(input) {}

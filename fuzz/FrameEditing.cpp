@@ -1,4 +1,4 @@
-// Edits of a playfile, held against a plain list that has the rules in terms of taking out and putting in.
+// Edits of a playfile, compared with a plain list whose rules are written as removals and insertions.
 #include "Fuzz.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 
@@ -70,9 +70,9 @@ FrameRecord emptied(FrameRecord frame) {
     return frame;
 }
 
-/// A frame that has gone through the properties of a playfile into one that holds `below` in its place, of
-/// which the values stay that no property carries.
-FrameRecord carriedOver(const FrameRecord& below, FrameRecord frame) {
+/// What `frame` becomes when its properties are set on a frame that was `below`. Values that no property sets
+/// stay those of `below`.
+FrameRecord pastedOver(const FrameRecord& below, FrameRecord frame) {
     frame.SendCommandFileAsIs = frame.SendCommandFileAsIs != 0 ? 1 : 0;
     frame.OverlayFrame = frame.OverlayFrame != 0 ? 1 : 0;
     frame.FastScroll = frame.FastScroll == 1 ? 1 : 0;
@@ -96,9 +96,9 @@ FrameRecord carriedOver(const FrameRecord& below, FrameRecord frame) {
     return frame;
 }
 
-/// The same into a new clipboard, which `Merge` never gets into.
+/// The same for a new clipboard, into which `Merge` is never copied.
 FrameRecord copied(const FrameRecord& frame) {
-    FrameRecord copy = carriedOver(emptyFrame(), frame);
+    FrameRecord copy = pastedOver(emptyFrame(), frame);
     for (LineRecord& line : copy.lines)
         line.Merge = false;
     return copy;
@@ -207,14 +207,14 @@ struct ListModel {
         for (int index = 0; index < fitting; ++index) {
             if (holds(at + index))
                 frame(at + index) =
-                    carriedOver(frame(at + index), clipboard.at(static_cast<std::size_t>(index)));
+                    pastedOver(frame(at + index), clipboard.at(static_cast<std::size_t>(index)));
             else
                 fail();
         }
     }
 };
 
-/// A playfile and its model, which are told the same.
+/// A playfile and its model. Both get the same operations.
 class PlayfileAndModel {
 public:
     explicit PlayfileAndModel(FuzzedInput& input) : input_(input) {

@@ -10,7 +10,7 @@
 
 namespace qrtVistrelClasses4 {
 
-/// The bytes of one run, taken from the front. Behind the last come zeros and empty texts.
+/// The bytes of one run, taken from the front. After the last byte come zeros and empty texts.
 class FuzzedInput {
 public:
     explicit FuzzedInput(std::string_view bytes) : rest_(bytes) {}
@@ -26,7 +26,7 @@ private:
     std::string_view rest_;
 };
 
-/// Takes what writers write.
+/// Keeps what is written.
 struct KeptBytes final : ByteSink {
     std::string text;
     SystemError write(std::string_view bytes) override {
@@ -35,7 +35,7 @@ struct KeptBytes final : ByteSink {
     }
 };
 
-/// Ends the program, which fuzzer and replay tell as a finding.
+/// Ends the program if `holds` is false, which fuzzer and replay report as a finding.
 void Require(bool holds, const char* what);
 
 /// Does what the input says, and requires what always holds.

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t kFileHeaderSize = 14;
 constexpr std::size_t kSmallestHeader = 40; ///< Older headers have narrower fields.
-constexpr std::size_t kMasks = 54;          ///< In longer headers, or after this one.
+constexpr std::size_t kMasks = 54;          ///< Place of the masks, in longer headers or after this one.
 constexpr std::size_t kMasksSize = 12;
 static_assert(kMasks + kMasksSize == kBmpStart);
 

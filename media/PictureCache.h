@@ -1,4 +1,4 @@
-// Picture files, each read few times however many frames show it.
+// Picture files, each read only a few times, no matter how many frames show it.
 #pragma once
 
 #include <qrtVistrelClasses4/Raster.h>
@@ -12,15 +12,16 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Reads pictures and caches them. A path that is not a full one, or not that of a file, has no picture.
+/// Reads pictures and caches them. There is no picture for a path that is not a full path, or that is not a
+/// file.
 class PictureCache {
 public:
     /// The picture in a file, valid until the next call. Null if the file is missing or cannot be read, or if
     /// it is of a kind that only the sign knows.
     const Raster* find(const std::string& path);
 
-    /// Size in pixels of the picture in a file, for which only the start of the file is read. Nothing if
-    /// there is no picture that can be read.
+    /// Size in pixels of the picture in a file, for which only the start of the file is read. Returns nothing
+    /// if there is no readable picture.
     std::optional<DotSize> sizeOf(const std::string& path);
 
     /// Paths of BMP files that could not be read since the last call, each path only once.

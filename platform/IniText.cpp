@@ -153,7 +153,7 @@ private:
     std::vector<Group> groups_;    ///< By section.
     Group* current_ = nullptr;     ///< The changes to the section being copied.
     std::string out_;
-    std::size_t insertAt_ = 0; ///< Behind the last line of the section being copied that is not blank.
+    std::size_t insertAt_ = 0; ///< After the last line of the section being copied that is not blank.
     bool changed_ = false;
 };
 

@@ -10,7 +10,7 @@ std::string TemporaryName() {
     constexpr std::string_view characters = "abcdefghijklmnopqrstuvwxyz012345"; // 5 bits each
     constexpr int count = 6;
     constexpr unsigned step = 0x9e3779b1; // odd, so that no number comes twice
-    // Asking for true chance costs more than writing a small file.
+    // Drawing a truly random number each time would cost more than writing a small file.
     static std::atomic<unsigned> number{std::random_device{}()};
     unsigned bits = number.fetch_add(step);
     std::string name = ".vistrel-";

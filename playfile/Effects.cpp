@@ -8,7 +8,7 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// An effect that no list offers. Only playfiles bring it.
+/// An effect that no list offers. Only playfiles contain it.
 struct UnlistedEffect {
     std::int16_t code;
     std::string_view name;
@@ -105,7 +105,7 @@ std::optional<std::int16_t> PrefixCodeOf(std::string_view text) {
     const double rounds = LeadingNumber(bracketedText(text));
     if (rounds <= 0)
         return std::nullopt;
-    // The whole name is converted, not the count in it, and never is a number: loops are chosen by a list's
+    // The whole name is converted, not the count in it, so it is never a number. Lists choose loops by their
     // item data.
     return TextToInt16(loopName(rounds));
 }

@@ -19,8 +19,8 @@ std::shared_ptr<FrameInfoClass> keepAlive(const FrameInfoClass* playfile,
 
 } // namespace
 
-// `own()` is the own record. It is looked up for every property, because properties of the other playfile
-// report their errors, and the host may change any playfile meanwhile.
+// `own()` returns the record of this playfile. It is called again for every property: properties of the other
+// playfile report their errors, and the host may change any playfile while it receives a report.
 
 template <class Own>
 void FrameInfoClass::copyToOther(Own own, FrameInfoClass& other) {

@@ -10,8 +10,8 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// Makes room at frame `number` below the last frame, which is to be a new one. What is left at `number` are
-/// the settings of the frame that was there.
+/// Moves frame `number` and the frames after it up by one. The last frame must be a new one, since it is
+/// lost. Frame `number` keeps the settings of the frame that was there.
 void makeRoom(OneBasedArray<FrameRecord>& frames, std::int32_t number) {
     auto spareTexts = frames.at(number).spareTexts;
     frames.moveUp(number);
@@ -36,7 +36,7 @@ void FrameInfoClass::insertFrame(bool& bLast) {
     if (bLast) {
         currentFrameNumber_ = NarrowToInt16(currentFrameNumber_ + 1);
     } else if (currentFrameNumber_ < 1) {
-        // Frames move up one by one; there is none to move into frame 1, which keeps what it holds.
+        // All frames move up by one. No frame moves into frame 1, which keeps its content.
         FrameRecord first = playfile_.frames.at(1);
         playfile_.frames.moveUp(1);
         playfile_.frames.at(1) = std::move(first);

@@ -17,8 +17,8 @@ std::string newEffectsPath() {
     return platform().files().existingName(JoinPath(GetAppFolder(), "NewEffects.ini"));
 }
 
-/// The switches of the optional effects in the file. An effect that it does not name is on; otherwise only
-/// "TRUE", in capitals, is.
+/// The switches of the optional effects in the file. An effect is on if the file does not name it, or sets it
+/// to "TRUE" in capitals.
 class OptionalEffectSwitches {
 public:
     OptionalEffectSwitches() { ini_.Register("Effects", newEffectsPath()); }

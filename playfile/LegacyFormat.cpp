@@ -40,7 +40,7 @@ std::uint8_t byteAt(std::string_view bytes, std::size_t place) {
     return static_cast<std::uint8_t>(bytes[place]);
 }
 
-/// The first byte is the length of the text; one too long for the field is cut.
+/// The first byte is the length of the text. A text that is too long for the field is cut.
 void get(std::string_view field, std::string& text) { text = field.substr(1, byteAt(field, 0)); }
 void get(std::string_view field, std::uint8_t& number) { number = byteAt(field, 0); }
 /// The lowest byte comes first.

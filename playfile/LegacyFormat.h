@@ -14,11 +14,11 @@ namespace qrtVistrelClasses4 {
 
 inline constexpr std::string_view kLegacyMark = "PLWREV 1.50";
 inline constexpr std::size_t kLegacyRecordSize = 18704;
-/// The known fields lie within the first bytes of a record, this many.
+/// The known fields lie within this many bytes at the start of a record.
 inline constexpr std::size_t kLegacyUsedSize = 1124;
 inline constexpr std::size_t kLegacyFlagCount = 24;
 
-/// Whether a playfile of that name is of this format: it ends in "PL2", in any case.
+/// True if a playfile of that name is of this format: the name ends in "PL2", in any case.
 bool HasLegacyEnding(std::string_view fileName);
 
 /// One frame as the file holds it.
@@ -36,7 +36,7 @@ struct LegacyRecord {
 
 inline constexpr char kLegacyLineEnd = '\x1f';
 
-/// Whether a suffix keyword makes one scrolling line of all lines of the text: "SC", in any case.
+/// True for the suffix keyword that joins all lines of the text into one scrolling line: "SC", in any case.
 bool IsJoiningKeyword(std::string_view keyword);
 
 /// The font number for a record's code; 0 for an unknown code.
@@ -57,7 +57,7 @@ std::vector<LegacyByteRange> KnownLegacyBytes();
 /// `RuntimeError`.
 bool HasLegacyMark(InputFile& file);
 
-/// Number of records that are whole, and of the bytes after them, in a file with the mark.
+/// The number of whole records in a file with the mark, and of the bytes after them.
 struct LegacyExtent {
     std::uint64_t records = 0;
     std::uint64_t bytesAfter = 0;

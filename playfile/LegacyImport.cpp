@@ -53,8 +53,8 @@ Cropping croppingFromSettings() {
     return {settings.BMPCrop(), settings.AVICrop()};
 }
 
-/// A kind of number that may be too large for a frame, which costs that number, but nothing else of the
-/// playfile. The operator sees the first error only: a damaged file has one in every record.
+/// A kind of number that may be too large for a frame. Then the number is lost, but nothing else of the
+/// playfile. The operator sees only the first error, since a damaged file may have one in every record.
 class RiskyNumber {
 public:
     /// What `convert` returns. Throws its error; from the second one on, the error is marked as quiet.
@@ -195,7 +195,7 @@ FrameRecord Import::nextFrame(const LegacyRecord& record) {
     return frame;
 }
 
-/// The records of the file, `most` of them at the most; none if it lacks the mark.
+/// The records of the file, at most `most` of them; none if the file lacks the mark.
 std::vector<LegacyRecord> readRecords(const std::string& fileName, std::size_t most, LoadOutcome& outcome) {
     const auto file = ValueOf(platform().files().openToRead(fileName));
     LegacyDetails& details = outcome.legacy.emplace();
@@ -214,7 +214,7 @@ std::vector<LegacyRecord> readRecords(const std::string& fileName, std::size_t m
 
 void ImportLegacyPlayfile(LoadOutcome& outcome, const LoadCircumstances& circumstances) {
     outcome.playfile.isLegacy = true;
-    // One more than allowed: the limit is looked at when it has been passed.
+    // One more than allowed: the application checks the limit only after it has been passed.
     const auto most = static_cast<std::size_t>(std::max<std::int32_t>(circumstances.framesAllowed + 1, 0));
     const std::vector<LegacyRecord> records = readRecords(outcome.playfile.fileName, most, outcome);
     const Cropping cropping = circumstances.cropping ? circumstances.cropping() : croppingFromSettings();

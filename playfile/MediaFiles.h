@@ -6,7 +6,7 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Whether the path starts at a drive (elsewhere than on Windows: at the root) and leads to a file.
+/// True if the path starts at a drive (on systems other than Windows: at the root) and leads to a file.
 bool FileExists(const std::string& sFileName);
 
 /// Whether the file lies on a disk that is built into this machine.

@@ -58,7 +58,7 @@ std::int16_t ReadFrameCount(QuotedLineReader& in) {
 }
 
 void WriteFrameCount(QuotedLineWriter& out, std::int32_t count) {
-    out.putPlainLine(' ' + NumberToText(count) + ' '); // a blank in the place of a minus sign
+    out.putPlainLine(' ' + NumberToText(count) + ' '); // the blank takes the place of a minus sign
 }
 
 void ReadFrameValues(QuotedLineReader& in, FrameRecord& frame) {

@@ -21,8 +21,8 @@ constexpr void ForEachFileRow(const Table& table, Visit&& visit) {
 std::int16_t ReadFrameCount(QuotedLineReader& in);
 void WriteFrameCount(QuotedLineWriter& out, std::int32_t count);
 
-/// Reads the values of a frame and gives it as many lines as the file says; the lines keep what they hold.
-/// At an error the values before the bad one have been read.
+/// Reads the values of a frame and gives it as many lines as the file says; existing lines keep their
+/// content. After an error, the values before the bad one have been read.
 void ReadFrameValues(QuotedLineReader& in, FrameRecord& frame);
 void ReadLineValues(QuotedLineReader& in, LineRecord& line);
 

@@ -13,11 +13,12 @@ public:
     /// `playfile` is the path of the playfile.
     explicit ReferenceFinder(const std::string& playfile);
 
-    /// Makes the reference name the file beside the playfile when only that one exists.
+    /// Makes the reference name the file beside the playfile if only that file exists.
     void find(std::string& reference);
 
 private:
-    /// Full name of the file, if there is one. Looked for once, since frames often share a picture.
+    /// Full name of the file, if there is one. It is looked for only once, since frames often share a
+    /// picture.
     const std::optional<std::string>& besidePlayfile(const std::string& reference);
 
     std::string folder_;

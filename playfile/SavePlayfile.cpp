@@ -43,7 +43,7 @@ public:
     }
 
 private:
-    /// What was copied last under a name, and where to; no copy when that failed.
+    /// The file that was copied last under a name, and its copy; no copy if copying failed.
     struct Copied {
         std::string source;
         std::optional<std::string> copy;
@@ -54,8 +54,8 @@ private:
             isWanted_ = circumstances_.wantsCopies && circumstances_.wantsCopies();
         return *isWanted_;
     }
-    /// Frames often share a file. It is copied again only when another of its name has been in between: the
-    /// last one wins.
+    /// Frames often share a file. A file is copied again only if another file of the same name was copied in
+    /// between: the last one wins.
     std::optional<std::string> copyOnce(const std::string& file) {
         Copied& last = copied_[AnsiUpper(SplitPath(file).name)];
         if (last.source != file)
@@ -69,8 +69,8 @@ private:
     std::unordered_map<std::string, Copied> copied_; ///< By file name in upper case.
 };
 
-/// Writes a frame; `copy` is the first of those left to be put in, which are passed over when they are of
-/// this frame.
+/// Writes a frame, with its references to copies. `copy` is the first copy of this frame or of a later one;
+/// it is moved past those of this frame.
 void writeFrame(QuotedLineWriter& out, const FrameRecord& frame, std::int32_t number,
                 std::vector<CopiedReference>::const_iterator& copy,
                 std::vector<CopiedReference>::const_iterator end) {

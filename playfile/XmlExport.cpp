@@ -1,5 +1,5 @@
 // The export for other tools: every value between its tags, in quotes as in the playfile, on lines of their
-// own. No declaration and no root element, which readers of existing exports do not expect.
+// own. There is no declaration and no root element, because readers of existing exports do not expect them.
 #include "frame/SystemErrors.h"
 #include <qrtVistrelClasses4/SavePlayfile.h>
 

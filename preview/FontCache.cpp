@@ -11,7 +11,7 @@ namespace {
 
 constexpr bool kUseNewFont = true;
 
-/// Font 0 when its file is missing: it takes room, but has no dots.
+/// Font 0 if its file is missing: its lines have a height, but its letters no dots.
 Font emptyFont() {
     const CellSize size = clsFontSizes::FontSize(0).value_or(CellSize());
     return {size.width, size.height, {}};

@@ -45,7 +45,7 @@ std::int32_t wholeModules(std::int32_t dots) {
     return (dots + kDotsOfModule - 1) / kDotsOfModule * kDotsOfModule;
 }
 
-/// Dots that a text takes in width, up to that of the largest sign.
+/// Width of a text in dots, at most that of the largest sign.
 std::int32_t widthOnSign(const Font& font, std::string_view text) {
     return static_cast<std::int32_t>(std::min<std::int64_t>(WidthOf({font}, text), kLargestSign.width));
 }
@@ -130,7 +130,8 @@ private:
     }
 
     void drawBackground(const FrameRecord& frame, PixelBuffer& dots) const {
-        const bool isSystemColor = frame.WinBackColor < 0; // of the computer it was made on, not the sign's
+        const bool isSystemColor =
+            frame.WinBackColor < 0; // of the computer that it was made on, not the sign's
         const bool isDark = isSystemColor || !sign_.showsColors;
         dots.fill(0, 0, dots.width(), dots.height(),
                   isDark ? 0 : static_cast<Color>(frame.WinBackColor) & 0xffffff);

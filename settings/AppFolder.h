@@ -10,7 +10,7 @@ namespace qrtVistrelClasses4 {
 /// live there.
 std::string GetAppFolder();
 
-/// The folder that the library was loaded from; it ends in a separator only when it is a root. The list of
+/// The folder that the library was loaded from; it ends in a separator only if it is a root. The list of
 /// signs and the recent files live there.
 std::string LibraryFolder();
 

@@ -124,7 +124,8 @@ void DefaultErrorReporter::report(const ErrorReport& report) {
         if (report.error.isQuiet() || !operatorWantsReports())
             return;
     }
-    // While a message is open the host may go on and fail again: that is logged, but makes no second message.
+    // While a message is open, the host may go on and fail again. Such errors are logged, but not shown in a
+    // second message.
     if (const ReentryGuard guard(inMessage); guard.isFirst())
         showToOperator(text);
 }

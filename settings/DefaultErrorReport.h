@@ -10,7 +10,7 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Name of the log in the application data folder, and what it is called once it has grown past its limit.
+/// Name of the log in the application data folder, and its name once it has grown past its limit.
 inline constexpr std::string_view kErrorLogName = "VistrelErrors.log";
 inline constexpr std::string_view kOldErrorLogName = "VistrelErrors.old.log";
 inline constexpr std::uint64_t kErrorLogLimitBytes = 1 << 20;
@@ -19,10 +19,10 @@ inline constexpr std::uint64_t kErrorLogLimitBytes = 1 << 20;
 inline constexpr std::size_t kLongestTextInReport = 300;
 
 /// Appends every report to the log. Shows it in a critical message box, unless the error is quiet or the
-/// setting "Vistrel3" / "Settings" / "ShowErrorReports" is false; where nobody could see a box it goes to
-/// standard error. The name of a procedure, all its arguments together and the text of an error are each cut
-/// after `kLongestTextInReport` characters and then end in "..."; control characters show their codes
-/// ("<0D>").
+/// setting "Vistrel3" / "Settings" / "ShowErrorReports" is false; if nobody can see a box, the report goes to
+/// standard error instead. The name of a procedure, all its arguments together and the text of an error are
+/// each cut after `kLongestTextInReport` characters and then end in "..."; control characters show their
+/// codes ("<0D>").
 class DefaultErrorReporter : public ErrorReporter {
 public:
     void report(const ErrorReport& report) override;

@@ -1,4 +1,4 @@
-// General routines for INI files: one that the caller names, and the system's own.
+// Routines for INI files: for a file that the caller names, and for the system's own.
 #pragma once
 
 #include <string>
@@ -6,17 +6,17 @@
 
 namespace qrtVistrelClasses4 {
 
-/// One section of an INI file of the caller's. Reading or writing before `Register` shows a critical message
-/// box, and reads the default or writes nothing.
+/// One section of an INI file that the caller names. Without a call of `Register`, reading and writing show a
+/// critical message box; the result is then the default, and nothing is written.
 class PrivateIni {
 public:
     static constexpr std::string_view ClassName() { return "PrivateIni"; }
 
-    /// Notes section and file for the calls that follow; blanks around both are dropped.
+    /// Sets section and file for the calls that follow. Blanks around both are dropped.
     void Register(const std::string& Section, const std::string& FileName);
-    /// The value as it is in the file now, cut to 254 characters; `DefaultValue` when it is missing.
+    /// The value as it is in the file now, cut to 254 characters; `DefaultValue` if it is missing.
     std::string Read(const std::string& Key, const std::string& DefaultValue);
-    /// False when the file cannot be written.
+    /// False if the file cannot be written.
     bool Write(const std::string& Key, const std::string& Value);
 
 private:

@@ -81,7 +81,8 @@ RecentFilesOutcome LoadRecentFiles(const std::string& path) {
         const bool isMissing = file.error() == SystemError::fileNotFound;
         if (isMissing)
             outcome.error = outcome.error->quietly();
-        // The list's own folder, once it is there again, holds a list that must not be written over.
+        // If the default folder is missing for a while, the list in it must not be overwritten when it is
+        // back.
         outcome.mayBeReplaced =
             isMissing || (file.error() == SystemError::folderNotFound && path != defaultPath());
         return outcome;

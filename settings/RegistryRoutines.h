@@ -11,8 +11,8 @@
 namespace qrtVistrelClasses4 {
 
 /// The key `Subkey` under the hive `hKey`. Nothing is held open between calls; two objects may name the same
-/// key. Every operation but the two accessors is traced. A refusal of the system is the operation's failure
-/// result, not an error.
+/// key. Every operation but the two accessors is traced. If the system refuses an operation, the operation
+/// returns its failure result; that is not an error.
 class RegistryRoutines {
 public:
     static constexpr std::string_view ClassName() { return "RegistryRoutines"; }
@@ -24,21 +24,22 @@ public:
     void Subkey(const std::string& vData) { key_.path = vData; }
 
     bool KeyExists();
-    /// Makes the key and those above it; an existing one is left alone. False when it is refused.
+    /// Makes the key and those above it; an existing one is left alone. False if the system refuses.
     bool CreateKey();
-    /// Removes the key and all below it. False when it is missing or refused.
+    /// Removes the key and all below it. False if it is missing or the system refuses.
     bool DeleteKey();
     bool DeleteValue(const std::string& ValueName);
     /// Names of the keys directly below; empty if the key is missing.
     std::vector<std::string> EnumRegistryKeys();
     /// Names of the key's values; empty if the key is missing.
     std::vector<std::string> EnumRegistryValues();
-    /// The string value, or `DefaultValue` unchanged when key or value is missing.
+    /// The string value, or `DefaultValue` unchanged if the key or the value is missing.
     std::string GetRegistryValue(const std::string& ValueName, const std::string& DefaultValue);
-    /// Stores a string value, making the key when needed.
+    /// Stores a string value, and makes the key if needed.
     bool SetRegistryValue(const std::string& ValueName, const std::string& Value);
 
-    /// The same on another machine of the network. Where there is no such service: the default, and false.
+    /// The same on another machine of the network. If there is no such service, reading returns the default,
+    /// and writing false.
     std::string ReadRemoteRegistryValue(const std::string& MachineName, const std::string& ValueName,
                                         const std::string& DefaultValue);
     bool WriteRemoteRegistryValue(const std::string& MachineName, const std::string& ValueName,

@@ -11,7 +11,7 @@ inline constexpr std::string_view kVistrel3 = "Vistrel3";
 inline constexpr std::string_view kVistrelLite = "VistrelLite";
 inline constexpr std::string_view kSettingsSection = "Settings";
 
-/// The stored string, or `DefaultValue` unchanged when it was never written.
+/// The stored string, or `DefaultValue` unchanged if it was never written.
 std::string ReadSetting(const std::string& Application, const std::string& Section,
                         const std::string& ValueName, const std::string& DefaultValue);
 

@@ -10,7 +10,7 @@ thread_local int failing = 0; ///< Number of the allocation that fails.
 
 } // namespace
 
-// These serve the whole test program.
+// These replace the functions of the whole test program.
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
     if (++allocations == failing)
         return nullptr;

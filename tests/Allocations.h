@@ -1,14 +1,14 @@
-// How often memory is allocated, and what becomes of a program that gets none.
+// Counting allocations, and making them fail.
 #pragma once
 
 namespace qrtVistrelClasses4 {
 
-/// By this thread, since it started. The test program's own `operator new` counts.
+/// Allocations of this thread since it started. The test program's own `operator new` counts them.
 int AllocationCount();
 
 /// Makes one allocation of this thread fail, the `number`-th from now on; 0 makes none fail.
 void FailAllocation(int number);
-/// Whether that one has failed.
+/// Whether that allocation has failed.
 bool AllocationHasFailed();
 
 /// Allocations that `work` makes.

@@ -1,4 +1,4 @@
-// A test on a machine in memory. It fails for every error and every message box that it does not take.
+// A test on a machine in memory. It fails for every error and every message box that the test does not take.
 #pragma once
 
 #include "TestHost.h"

@@ -18,7 +18,8 @@ struct TraceLine {
     std::string arguments; ///< In brackets: "(From=2, WhereTo=7)".
 };
 
-/// Put a procedure of the host on the trace and take it off again. Nothing happens while tracing is off.
+/// `TraceEnter` puts a procedure of the host on the trace, and `TraceLeave` takes it off again. While tracing
+/// is off, `TraceEnter` does nothing.
 void TraceEnter(std::string_view module, std::string_view procedure, std::string_view arguments);
 void TraceLeave(std::string_view module, std::string_view procedure, std::string_view arguments);
 
@@ -39,7 +40,7 @@ public:
     virtual void left(const TraceLine& line) = 0;
 };
 
-/// Installs a recorder for the calling thread, and must be destroyed on it.
+/// Installs a recorder for the calling thread. Must be destroyed on the same thread.
 using ScopedTraceRecorder = ScopedInstallation<TraceRecorder>;
 template <>
 TraceRecorder*& ScopedTraceRecorder::installed();

@@ -19,15 +19,15 @@ struct CommandInfoType {
     bool operator==(const CommandInfoType&) const = default;
 };
 
-/// Places in `sCMDInfo`.
+/// Indexes into `sCMDInfo`, from 0.
 inline constexpr std::size_t kCommandKey = 0;
 inline constexpr std::size_t kCommandBytes = 1;
 
 inline constexpr std::int32_t kMostCommands = 32767;
 
 /// Rows of commands, numbered from 1: the built-in ones, then those that users added. Rows are only added at
-/// the end or given other bytes. Keys are compared exactly; of two rows with one key the first counts. One
-/// thread at a time: looking a key up remembers where it is.
+/// the end or given other bytes. Keys are compared exactly; of two rows with the same key, the first counts.
+/// One thread at a time, even to look up keys: `find` remembers where they are.
 class CommandTable {
 public:
     const OneBasedArray<CommandInfoType>& rows() const { return rows_; }
@@ -55,7 +55,7 @@ public:
 
 private:
     OneBasedArray<CommandInfoType> rows_;
-    /// The first row of each key, of the first `indexed_` rows: no more than have been looked through.
+    /// The first row of each key among the first `indexed_` rows. Later rows have not been looked at yet.
     mutable std::map<std::string, std::int32_t> index_;
     mutable std::int32_t indexed_ = 0;
 };

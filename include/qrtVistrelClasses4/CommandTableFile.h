@@ -1,4 +1,4 @@
-// The command table from and to its file.
+// Loading and saving the command table.
 #pragma once
 
 #include <qrtVistrelClasses4/CommandTable.h>
@@ -10,11 +10,11 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Where a table came from, which saving it has to know.
+/// Where a table came from. Saving depends on it.
 struct CommandTableSource {
-    /// The file whose rows are all in the table. Another file that is saved over is copied first.
+    /// The file whose rows are all in the table. Any other file is copied before a save replaces it.
     std::optional<std::string> path;
-    bool isForeign = false; ///< That file was not written as a table. It is copied, too.
+    bool isForeign = false; ///< True if that file was not written as a table. It is copied, too.
 };
 
 /// What came of reading a table.
@@ -22,7 +22,7 @@ struct CommandTableOutcome {
     CommandTable table; ///< The built-in rows, and those that were read.
     CommandTableSource source;
     std::int32_t rowsRead = 0;
-    bool isMissing = false; ///< There is no file yet, which is no error.
+    bool isMissing = false; ///< True if there is no file yet. This is not an error.
     std::optional<RuntimeError> error;
 };
 
@@ -30,16 +30,16 @@ struct CommandTableOutcome {
 struct SavedCommandTable {
     std::string path;                  ///< The file, which is also remembered for loading.
     std::optional<std::string> keptAs; ///< The copy that this save made of the file that was there.
-    std::optional<RuntimeError> error; ///< The file is as it was.
+    std::optional<RuntimeError> error; ///< If there is one, the file is unchanged.
 };
 
 /// Full name of the table that was saved last; by default "db/VistrelLite.dat" in the library's folder.
 std::string CommandTablePath();
 
-/// Makes the last folder of `path` if it is missing.
+/// Loads the file `path`. Makes the last folder of `path` if it is missing.
 CommandTableOutcome LoadCommandTable(const std::string& path);
 
-/// Saves over the file that there is, or else to the default name.
+/// Replaces the existing file, or saves under the default name if there is none.
 SavedCommandTable SaveCommandTable(const CommandTable& table, const CommandTableSource& source);
 
 } // namespace qrtVistrelClasses4

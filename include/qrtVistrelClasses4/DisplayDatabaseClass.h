@@ -40,31 +40,32 @@ public:
     /// Number of the first sign of that name, in any case; -1 if there is none. Names are compared as they
     /// are stored, so that a sign named "12" is found as "#12" only. Letters are those of Windows-1252.
     std::int16_t FindDisplayByName(const std::string& theName) const;
-    /// Number of a new sign after the last one; -1 if the name is empty or taken. If the last record has no
-    /// name, the new name goes to sign 1, which keeps all other values, and the other records go.
+    /// Adds a sign after the last one and returns its number; -1 if the name is empty or taken. If the last
+    /// record has no name, sign 1 gets the new name and keeps all other values, and the other records are
+    /// removed.
     std::int16_t AddNewDisplay(const std::string& DisplayName);
-    /// Takes a sign out; the only sign is emptied instead. Does nothing for a number outside the list. Always
+    /// Removes a sign. The only sign is emptied instead. Does nothing for a number outside the list. Always
     /// returns false: callers look at `TotalDisplays`.
     bool RemoveDisplay(std::int16_t displayNumber);
-    /// Number of a new sign after the last one, which equals the original but for its name; -1 if there is no
-    /// such original, or if the new name is empty or taken.
+    /// Adds a copy of the original under the new name after the last sign, and returns its number; -1 if
+    /// there is no such original, or if the new name is empty or taken.
     std::int32_t Duplicate(const std::string& OriginalDisplayName, const std::string& NewDisplayName);
 
     // The file.
 
     /// Writes all signs over the file `sFileName`, usually "Displays.dat", in the library's folder, and
-    /// remembers that file for reading. `sFileName` comes back as its full name. The list that was there is
-    /// kept beside it with ".bak" after its name. A failure is shown to the operator.
+    /// remembers that file for reading. `sFileName` comes back as its full name. The previous list is kept
+    /// beside it, with ".bak" added to its name. A failure is shown to the operator.
     void WriteAllDisplaysToDisk(std::string& sFileName);
-    /// As with an empty file name: the file would be the library's folder itself, so nothing is ever written.
-    /// The operator is shown the error, and the folder is remembered for reading.
+    /// The same with an empty file name. That is the name of the library's folder itself, so nothing is ever
+    /// written: the operator is shown the error, and the folder is remembered for reading.
     void WriteAllDisplaysToDisk();
-    /// Reads the signs of the file that is remembered, wherever it is; if none is, of the file `sFileName` in
-    /// the library's folder. `sFileName` comes back as the full name of the file read. Values that old files
-    /// leave empty are mended. After an error the signs read until then are the list; a file without a sign
-    /// leaves the list as it was.
+    /// Reads the signs from the remembered file, wherever it is. If no file is remembered, reads `sFileName`
+    /// in the library's folder. `sFileName` comes back as the full name of the file read. Values that old
+    /// files leave empty are mended. After an error, the list consists of the signs read so far. A file
+    /// without a sign leaves the list as it was.
     void RetrieveAllDisplayInfoFromDisk(std::string& sFileName);
-    /// As with an empty file name: reads the file that is remembered, and fails if none is.
+    /// The same with an empty file name: reads the remembered file, and fails if there is none.
     void RetrieveAllDisplayInfoFromDisk();
 
     // Texts for people.
@@ -93,7 +94,7 @@ public:
 
     // Identity and size.
     /// Reading and writing put "#" before a name that is a number, so that no name is taken for the number of
-    /// a sign. Reading stores such a name, so that it is not const.
+    /// a sign. Reading stores such a name, so this function is not const.
     std::string DisplayName() { return readAndStore<&DisplayRecord::DisplayName>(); }
     void DisplayName(const std::string& vData) { write<&DisplayRecord::DisplayName>(vData); }
     /// Number of the sign type, as text. Setting a text that is not a number is error 13.
@@ -174,7 +175,7 @@ public:
     void LightSensorInstalled(bool vData) { write<&DisplayRecord::LightSensorInstalled>(vData); }
     std::int16_t LightSensorMinimum() const { return read<&DisplayRecord::LightSensorMinimum>(); }
     void LightSensorMinimum(std::int16_t vData) { write<&DisplayRecord::LightSensorMinimum>(vData); }
-    /// Reading an unset value, 0, stores 9 and returns it, so that it is not const.
+    /// Reading an unset value, 0, stores 9 and returns it, so this function is not const.
     std::int16_t LightSensorMaximum() { return readAndStore<&DisplayRecord::LightSensorMaximum>(); }
     void LightSensorMaximum(std::int16_t vData) { write<&DisplayRecord::LightSensorMaximum>(vData); }
     /// Brightness outside every schedule.

@@ -1,4 +1,4 @@
-// What is known of one sign ("display"), and the tables of its members.
+// What is known about one sign ("display"), and the tables of its members.
 #pragma once
 
 #include <qrtVistrelClasses4/DisplayNames.h>
@@ -74,14 +74,14 @@ struct DisplayRecord {
     bool operator==(const DisplayRecord&) const = default;
 };
 
-// Rules of single members. Those that mend a sign after reading it from a file return whether they changed
-// it.
+// Corrections of single members. Those that mend a sign after it was read from a file return whether they
+// changed it.
 
-/// 9 in place of a `LightSensorMaximum` of 0.
+/// Returns 9 for a `LightSensorMaximum` of 0, and any other value unchanged.
 std::int16_t UsualMaximumIfUnset(const std::int16_t& maximum);
 /// Replaces an unset maximum by the usual one, then raises it to the minimum.
 bool MendLightSensorMaximum(DisplayRecord& sign);
-/// Replaces the unset port of a sign in the network by the usual one. In a file the connection method comes
+/// Replaces the unset port of a sign in the network by the usual one. In a file, the connection method comes
 /// after the port.
 bool MendNetworkPort(DisplayRecord& sign);
 /// Replaces 0, which old files hold for an unset value, by the usual value.
@@ -93,21 +93,22 @@ bool MendZero(DisplayRecord& sign) {
     return isUnset;
 }
 
-/// A member of a sign. A rule of its property gives what is stored in place of a value.
+/// A member of a sign. Its property may have corrections: functions that return what is stored in place of a
+/// value.
 template <class MemberValue, class PropertyValue = MemberValue>
 struct SignMember {
     using Record = DisplayRecord;
     using Value = MemberValue;
     using Property = PropertyValue; ///< Type of the public class's property.
-    using Rule = Value (*)(const Value&);
+    using Correction = Value (*)(const Value&);
 
     std::string_view name; ///< Of the property; empty for a member that only files hold.
     Value Record::*member;
     Access access = Access::traced;
     /// Called after the value was read from a file; returns whether it changed the sign.
     bool (*mend)(DisplayRecord&) = nullptr;
-    Rule onGet = nullptr; ///< Applied by reading the property, which stores the result.
-    Rule onSet = nullptr; ///< Applied by writing the property.
+    Correction onGet = nullptr; ///< Applied by reading the property, which stores the result.
+    Correction onSet = nullptr; ///< Applied by writing the property.
 
     Value get(const Record& sign) const { return onGet ? onGet(sign.*member) : sign.*member; }
     void set(Record& sign, const Value& value) const {

@@ -24,7 +24,7 @@ struct LoadOutcome;
 /// playfile as it was.
 class FrameInfoClass {
 public:
-    /// Twenty empty frames of one line each, no current frame.
+    /// Makes twenty empty frames of one line each. No frame is the current one.
     FrameInfoClass();
     ~FrameInfoClass();
     FrameInfoClass(const FrameInfoClass&) = delete;
@@ -35,12 +35,12 @@ public:
     /// The playfile itself. Any member that is not `const` may change it, as may a host while an error or a
     /// question is put before the operator.
     const Playfile& Value() const { return playfile_; }
-    /// Takes `playfile` in the place of the one that was there. The cursors stay.
+    /// Replaces the playfile by `playfile`. The cursors stay.
     void Adopt(Playfile playfile);
 
     // The playfile.
 
-    /// Always 0: playfiles draw no identity number.
+    /// Always 0: playfiles have no identity number.
     std::int32_t ClassDebugID() const { return 0; }
     /// Number of the frame that frame and line properties address. Any value is kept; it is checked when
     /// used.
@@ -57,18 +57,18 @@ public:
     /// Path of the playfile.
     std::string CurrentFileName() const { return readOwn("CurrentFileName", playfile_.fileName); }
     void CurrentFileName(const std::string& vData) { writeOwn("CurrentFileName", playfile_.fileName, vData); }
-    /// The most frames that the playfile may have. Only `PasteInfo` and the import of an older playfile keep
-    /// to it.
+    /// The most frames that the playfile may have. Only `PasteInfo` and the import of an older playfile
+    /// respect it.
     std::int16_t TotalFramesAllowed() const { return readOwn("TotalFramesAllowed", totalFramesAllowed_); }
     void TotalFramesAllowed(std::int16_t vData) {
         writeOwn("TotalFramesAllowed", totalFramesAllowed_, vData);
     }
-    /// Whether there are unsaved changes. The application sets it; nothing here does. Untraced.
+    /// Whether there are unsaved changes. Only the application sets it. Untraced.
     bool PlayFileHasChanged() const { return playFileHasChanged_; }
     void PlayFileHasChanged(bool vData) { playFileHasChanged_ = vData; }
     /// Whether the playfile came from the older format. Untraced.
     bool IsLegacy() const { return playfile_.isLegacy; }
-    /// With true, questions are not asked. Failures are shown all the same. Untraced.
+    /// If true, no questions are asked. Failures are still shown. Untraced.
     void SetSuppressMessages(bool bNewValue) { suppressMessages_ = bNewValue; }
 
     /// Number of the last frame. Setting it keeps the frames up to the new number and gives each new frame
@@ -81,14 +81,15 @@ public:
     /// stay.
     void InitFrame(std::int16_t LineToInit);
 
-    // The frame under `CurrentFrame`. Outside the frames: error 9.
+    // The frame under `CurrentFrame`. A cursor outside the frames is error 9.
 
     std::string FrameName() const { return read<&FrameRecord::FrameName>(); }
     void FrameName(const std::string& vData) { write<&FrameRecord::FrameName>(vData); }
-    /// A number of `NEW_FRAME_TYPES` under this type's name; see `FrameTypes.h`. Beyond 16 bits: error 6.
+    /// A number of `NEW_FRAME_TYPES` under this type's name; see `FrameTypes.h`. A number beyond 16 bits is
+    /// error 6.
     FRAME_TYPES FrameType() const { return read<&FrameRecord::FrameType>(); }
     void FrameType(FRAME_TYPES vData) { write<&FrameRecord::FrameType>(vData); }
-    /// Appear effect. 9999 is only ever held together with the disappear effect 9999.
+    /// Appear effect. 9999 always goes together with the disappear effect 9999.
     std::int16_t PrefixCode() const { return read<&FrameRecord::PrefixCode>(); }
     void PrefixCode(std::int16_t vData) { write<&FrameRecord::PrefixCode>(vData); }
     /// Disappear effect, coupled in the same way.
@@ -115,7 +116,8 @@ public:
     void TotalDisplayFramesUsedForThisFrame(std::int16_t vData) {
         write<&FrameRecord::TotalDisplayFramesUsedForThisFrame>(vData);
     }
-    /// Number of the frame's last line. Setting it keeps the lines up to the new number; negative is error 9.
+    /// Number of the frame's last line. Setting it keeps the lines up to the new number. A negative number is
+    /// error 9.
     std::int16_t TotalLinesAllowed() const;
     void TotalLinesAllowed(std::int16_t vData);
 
@@ -141,10 +143,11 @@ public:
     std::int16_t FixedNumberOfLines() const { return read<&FrameRecord::FixedNumberOfLines>(); }
     void FixedNumberOfLines(std::int32_t vData) { write<&FrameRecord::FixedNumberOfLines>(vData); }
 
-    // The line under `CurrentLineNumber`. A frame without lines reads 0, "" or false and stores nothing; else
-    // outside the lines: error 9.
+    // The line under `CurrentLineNumber`. In a frame without lines, properties read 0, "" or false and store
+    // nothing. In any other frame, a cursor outside the lines is error 9.
 
-    /// Outside frames or lines it reads "", and after the last line it stores nothing, without an error.
+    /// With a cursor outside frames or lines it reads "", and after the last line it stores nothing. Neither
+    /// is an error.
     std::string CurrentLineText() const { return read<&LineRecord::CurrentLineText>(); }
     void CurrentLineText(const std::string& vData) { write<&LineRecord::CurrentLineText>(vData); }
     bool Scrolling() const { return read<&LineRecord::Scrolling>(); }
@@ -165,22 +168,23 @@ public:
     std::string LineCustomFont() const { return read<&LineRecord::LineCustomFont>(); }
     void LineCustomFont(const std::string& vData) { write<&LineRecord::LineCustomFont>(vData); }
 
-    // Frames in other places. Nothing here looks at `PlayFileHasChanged`.
+    // Inserting, removing, moving and copying frames. Nothing here reads or sets `PlayFileHasChanged`.
 
-    /// Inserts an empty frame at the cursor, which stays: the frame there and all after it move up by one.
-    /// The new frame keeps the settings that `InitFrame` leaves alone. `bLast` is for a cursor on the last
-    /// frame: the cursor goes to the next frame instead, and no frame moves. If there is a frame after the
-    /// cursor all the same, it is emptied. `bLast` comes back true when the cursor is on the last frame but
-    /// one. More than 32767 frames are error 6 and change nothing. A cursor outside the frames is error 9,
-    /// and still there is one frame more: below 1 the first frame is there twice then, else the last is
-    /// empty.
+    /// Inserts an empty frame at the cursor, which stays: the frame there and all frames after it move up by
+    /// one. The new frame keeps the settings that `InitFrame` leaves alone. Pass true as `bLast` if the
+    /// cursor is on the last frame: the new frame then becomes the last one, the cursor moves to it, and no
+    /// other frame moves. If `bLast` is true but there is a frame after the cursor, that frame is emptied.
+    /// `bLast` comes back true if the cursor is on the last frame but one. More than 32767 frames are error 6
+    /// and change nothing. A cursor outside the frames is error 9, but a frame is added all the same: with a
+    /// cursor below 1 it is a second copy of the first frame, otherwise an empty last frame.
     void InsertFrame(bool& bLast);
     void InsertFrame();
     /// Removes the frame at the cursor and sets the cursor to the one before. The only frame is emptied
     /// instead. A cursor outside the frames is error 9 and changes nothing.
     void DeleteCurrentFrame();
-    /// Moves frame `From` to the place of frame `WhereTo`; those between close up. Equal numbers do nothing,
-    /// whatever they are. Otherwise a number outside the frames is error 9 and changes nothing.
+    /// Moves frame `From` to the place of frame `WhereTo`; the frames between them move by one. If the
+    /// numbers are equal, nothing happens, even outside the frames. Otherwise a number outside the frames is
+    /// error 9 and changes nothing.
     void MoveFrame(std::int16_t From, std::int16_t WhereTo);
 
     /// Puts a new playfile into `MyClipboard`, with copies of the frames from one number to the other. The
@@ -188,14 +192,15 @@ public:
     /// empty frames. `Merge` and `FixedNumberOfLines` are not copied.
     void CopyInfo(std::int16_t& CopyFromY, std::int16_t& CopyToY,
                   std::shared_ptr<FrameInfoClass>& MyClipboard);
-    /// The same, and removes the frames as `DeleteCurrentFrame` does, which is on the trace once for all of
-    /// them. They stay if they could not be copied.
+    /// Does the same, and then removes the frames as `DeleteCurrentFrame` does. The trace shows one call of
+    /// it for all frames. Frames that could not be copied stay.
     void CutInfo(std::int16_t& CutFromY, std::int16_t& CutToY, std::shared_ptr<FrameInfoClass>& MyClipboard);
     /// Sets the cursor to `PasteTo` and puts copies of all frames of the clipboard there; the frames from
-    /// `PasteTo` on move up. What would pass `TotalFramesAllowed` is left out, but when nothing more can be
-    /// inserted the copies replace the frames that are there. Every insertion and every copy that does not
-    /// find its place is an error of its own. Uses the clipboard's cursors. A null clipboard does nothing.
-    /// The trace shows the first insertion that finds its place, but none of those after it.
+    /// `PasteTo` on move up. Copies that would get numbers above `TotalFramesAllowed` are left out. If fewer
+    /// frames can be inserted than are copied, the remaining copies replace existing frames. Every insertion
+    /// or copy at a place that does not exist is an error of its own. Uses the clipboard's cursors. A null
+    /// clipboard does nothing. The trace shows the insertions up to the first one that succeeds, but none
+    /// after it.
     void PasteInfo(std::int16_t PasteTo, FrameInfoClass* MyClipboardInfo);
 
     /// `HasPreviousClone` of the playfile.
@@ -233,25 +238,26 @@ public:
 
     // The file.
 
-    /// Loads the file over the frames, as `LoadPlayfileOver` does, and remembers its name. False when the
-    /// file cannot be read to its end; what was read until then stays. A name ending in "PL2" is one of the
-    /// older format: at most `TotalFramesAllowed` frames and one more are read, and then the operator is
-    /// asked, unless suppressed, whether to go on. The answer "no" gives false, but the frames stay.
+    /// Loads the file over the frames, as `LoadPlayfileOver` does, and remembers its name. False if the file
+    /// cannot be read to its end; what was read until then stays. A name ending in "PL2" is one of the older
+    /// format: at most `TotalFramesAllowed` frames and one more are read, and then the operator is asked,
+    /// unless suppressed, whether to go on. The answer "no" gives false, but the frames stay.
     bool GetPlayfileFromDisk(const std::string& sFileName);
     /// Saves all frames and remembers the name. Asks once, unless suppressed, whether files on drives that
-    /// may go away are to be copied into the application's data folder. False when the file cannot be
-    /// written; a box has told the operator, and the file that was there stays as it was.
+    /// may go away are to be copied into the application's data folder. False if the file cannot be written:
+    /// a message box has then informed the operator, and the existing file is unchanged.
     bool WritePlayfileToDisk(const std::string& sFileName);
     /// Exports all frames for other tools into `sFileName` + ".xml", and remembers the name without ".xml".
-    /// False when the file cannot be written; a box has told the operator, and the file that was there stays
-    /// as it was.
+    /// False if the file cannot be written: a message box has then informed the operator, and the existing
+    /// file is unchanged.
     bool WriteXMLToDisk(const std::string& sFileName);
 
 private:
     const FrameRecord& currentFrame() const { return playfile_.frames.at(currentFrameNumber_); }
     FrameRecord& currentFrame() { return playfile_.frames.at(currentFrameNumber_); }
 
-    /// The line under the cursors; null if its property reads empty or is not stored. Else outside: error 9.
+    /// The line under the cursors; null if its property reads empty or is not stored. Any other cursor
+    /// outside the lines is error 9.
     const LineRecord* lineToRead(Quirk quirk) const;
     LineRecord* lineToWrite(Quirk quirk);
 
@@ -299,16 +305,16 @@ private:
     }
 
     void insertFrame(bool& bLast);
-    /// Calls `InsertFrame` up to `count` times, but not beyond `TotalFramesAllowed`. The frames after the
-    /// first one that finds its place without an error are equal to it, and inserted at once.
+    /// Calls `InsertFrame` up to `count` times, but not beyond `TotalFramesAllowed`. Once a frame has been
+    /// inserted without an error, the others are copies of it, all inserted in one step.
     void insertFrames(std::int32_t count);
     void copyFrames(std::int16_t& first, std::int16_t& last, std::shared_ptr<FrameInfoClass>& clipboard);
     void PutInfoFromFrameIntoVariable(std::int32_t FrameNum, std::int32_t VarFrameNum,
                                       FrameInfoClass* VarToPlaceIn);
     void PutInfoFromVariableIntoFrame(std::int32_t FrameNum, std::int32_t VarFrameNum,
                                       FrameInfoClass* VarToPlaceIn);
-    /// Sets what copies of frames carry through the properties of `other`. `own()` is the record that is
-    /// read.
+    /// Sets what copies of frames take along through the properties of `other`. `own()` returns the record
+    /// that is read.
     template <class Own>
     static void copyToOther(Own own, FrameInfoClass& other);
     template <class Own>
@@ -318,7 +324,7 @@ private:
     /// Has `MakeLineVarsValid` look again at the frames from `number` on.
     void checkLinesFrom(std::int32_t number);
     bool GetLegacyPlayfileFromDisk(const std::string& sFileName);
-    /// Loads the file over the frames. Throws the error of one that cannot be read to its end.
+    /// Loads the file over the frames. Throws an error if the file cannot be read to its end.
     LoadOutcome load(const std::string& sFileName);
 
     Playfile playfile_;

@@ -19,7 +19,7 @@ struct Font;
 /// Whether the lines of the frame are shown.
 bool HasText(const FrameRecord& frame);
 
-/// Draws frames. Lines that scroll are drawn from their start, pictures from the left upper corner, and
+/// Draws frames. Lines that scroll are drawn from their start, pictures from the upper left corner, and
 /// animations, command files and unreadable pictures as a box with their name. References to pictures must be
 /// full paths. One thread at a time.
 class FramePainter {

@@ -1,5 +1,4 @@
-// What a playfile holds: frames, and the lines of text in them, each record with the one table of its
-// members.
+// What a playfile holds: frames, and the lines of text in them, each record with the table of its members.
 #pragma once
 
 #include <qrtVistrelClasses4/FrameTypes.h>
@@ -94,14 +93,14 @@ struct PlainAccessor {
     static void set(Record& record, Given value) { record.*member = value; }
 };
 
-/// The stored number under the other numbering's name. Setting a number beyond 16 bits is error 6.
+/// The stored number as a value of the other enumeration. Setting a number beyond 16 bits is error 6.
 struct FrameTypeAccessor {
     static FRAME_TYPES get(const FrameRecord& frame);
     static void set(FrameRecord& frame, FRAME_TYPES type);
 };
 
-/// One of a frame's two effect codes. `kPhotoRealistic` is held by both or by none: setting it sets the
-/// other, and setting anything else takes it away from the other.
+/// One of a frame's two effect codes. Either both codes are `kPhotoRealistic` or neither is: setting one code
+/// to it sets the other, too, and setting anything else removes it from the other.
 template <std::int16_t FrameRecord::*code, std::int16_t FrameRecord::*other>
 struct CoupledCodeAccessor {
     static std::int16_t get(const FrameRecord& frame) { return frame.*code; }
@@ -110,7 +109,7 @@ struct CoupledCodeAccessor {
 using PrefixCodeAccessor = CoupledCodeAccessor<&FrameRecord::PrefixCode, &FrameRecord::SuffixCode>;
 using SuffixCodeAccessor = CoupledCodeAccessor<&FrameRecord::SuffixCode, &FrameRecord::PrefixCode>;
 
-/// Seconds. Infinity, or no number at all, is error 6, since no file could hold it.
+/// Seconds. Infinity and values that are not numbers are error 6, since no file could hold them.
 struct DelayAccessor {
     static double get(const FrameRecord& frame) { return frame.DelayTime; }
     static void set(FrameRecord& frame, double seconds);
@@ -151,11 +150,11 @@ enum class Quirk : std::uint8_t {
     none,
     roundedWhenRead,    ///< A whole number that old files hold with decimals.
     outOfClipboardOnly, ///< Copied out of a clipboard, but not into one, so that it is lost on the way.
-    forgivesCursors, ///< With a cursor outside frames or lines it reads empty, and after the lines it is not
-                     ///< stored.
+    forgivesCursors, ///< With a cursor outside frames or lines it reads empty, and after the last line it is
+                     ///< not stored.
 };
 
-/// What a row says whatever the type of its member.
+/// The columns of a row that do not depend on the type of its member.
 struct MemberColumns {
     constexpr MemberColumns(std::string_view propertyName, Access propertyAccess,
                             std::string_view nameInFiles = {}, int placeInExport = 0,
@@ -252,7 +251,7 @@ inline constexpr const auto&
 template <auto member>
 using RowOf = std::remove_cvref_t<decltype(kMember<member>)>;
 
-/// A second name of a line's font; of no table, so that nothing holds the number twice.
+/// A second name of a line's font. It is in no table, so that files and copies hold the number only once.
 inline constexpr PlayfileMember<&LineRecord::LineFontSize> kCurrentLineFont{"CurrentLineFont",
                                                                             Access::traced};
 

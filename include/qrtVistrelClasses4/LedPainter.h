@@ -14,11 +14,11 @@ public:
     /// `scale` is the number of pixels from one dot to the next, at least 1.
     explicit LedPainter(int scale);
 
-    /// Pixels that a row or column of so many dots takes, including the rim of the sign on both sides.
+    /// Pixels that a row or column of `dots` dots takes, including the rim of the sign on both sides.
     std::int64_t sizeOf(std::int32_t dots) const {
         return std::int64_t{dots} * scale_ + std::int64_t{2} * rim();
     }
-    /// Draws a sign, with the left upper corner of its rim at `left`, `top`. All of it must be inside the
+    /// Draws a sign, with the upper left corner of its rim at `left`, `top`. All of it must be inside the
     /// picture. Colour 0 is a dark dot.
     void draw(const Raster& dots, Raster& picture, std::int32_t left, std::int32_t top);
 

@@ -6,7 +6,7 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Items are numbered from 0. What the host's control refuses arrives as a `RuntimeError`.
+/// Items are numbered from 0. If the host's control refuses a call, the call throws a `RuntimeError`.
 class ListControl {
 public:
     virtual ~ListControl() = default;

@@ -1,5 +1,5 @@
-// One table a record: its members with their names, in the order of its file, and what else is to be known of
-// each. Files, JSON, typed values, clipboards and properties walk it.
+// Each record has one table of its members: their names, in the order of its file, and what else is known
+// about them. Files, JSON, typed values, clipboards and properties all use that table.
 #pragma once
 
 #include <cstddef>
@@ -37,7 +37,7 @@ constexpr std::size_t RowIndex(const Table& table, Member sought) {
     return index;
 }
 
-/// The row of a member, found while compiling: `kRowOf<kSignMembers, &SignRecord::DisplayName>.name`.
+/// The row of a member, found at compile time: `kRowOf<kSignMembers, &SignRecord::DisplayName>.name`.
 template <const auto& table, auto member>
 inline constexpr const auto& kRowOf = std::get<RowIndex(table, member)>(table);
 

@@ -11,12 +11,12 @@ namespace qrtVistrelClasses4 {
 
 /// The names of the files opened last, newest first, and their file "VistrelLite.MRU". Every change reads the
 /// file first and writes it at once, so that objects and processes see each other's changes. The list usually
-/// ends with an empty entry, and has no limit. A damaged file is copied to name + ".bak" and read as far as
-/// it goes, and the next change writes that; a name with a quote in it damages the file. One thread at a
-/// time.
+/// ends with an empty entry, and has no limit. A damaged file is copied to name + ".bak" and read up to the
+/// damage, and the next change writes what was read. A name that contains a quote damages the file. One
+/// thread at a time.
 ///
 /// Every member but `ClassDebugID` is traced and traps its errors: the result is then 0 or "". A file that
-/// does not exist yet is an error that nobody is bothered with.
+/// does not exist yet is a quiet error: it is logged, but not shown to the operator.
 class MostRecentlyUsed {
 public:
     /// Reads the file.
@@ -27,19 +27,19 @@ public:
 
     static constexpr std::string_view ClassName() { return "MostRecentlyUsed"; }
 
-    /// The object's identity number, from 1; 0 when the numbers ran out.
+    /// The object's identity number, from 1; 0 if there were no numbers left.
     std::int32_t ClassDebugID() const { return classDebugID_; }
 
-    /// Puts the name in front, in place of every other spelling of it; an empty one changes nothing. Where
-    /// the file is there but cannot be opened, nothing is changed, so that no names are lost.
+    /// Puts the name in front and removes all other spellings of it. An empty name changes nothing. If the
+    /// file exists but cannot be opened, nothing is changed, so that no names are lost.
     void AddFileToMostRecentlyUsedList(const std::string& sFileName);
-    /// Takes out every entry that is equal but for the case of its letters, and every empty one; a new empty
-    /// one then ends the list.
+    /// Removes every entry of that name, in any case, and every empty entry. A new empty entry then ends the
+    /// list.
     void RemoveFileFromMostRecentlyUsed(const std::string& sFileName);
     /// Leaves one empty entry in memory. The file keeps its names, and the next change reads them again.
     void PurgeMRUList();
 
-    /// Entry 1, where `GetNextFile` then goes on from.
+    /// Entry 1. `GetNextFile` continues from there.
     std::string GetFirstFileName();
     /// The next entry; "" after the last.
     std::string GetNextFile();
@@ -53,9 +53,9 @@ public:
 
 private:
     void AddEntry(const std::string& sFileName);
-    /// False when it failed; the file was left alone then.
+    /// False if it failed; the file is then unchanged.
     bool RemoveEntry(const std::string& sFileName);
-    /// False when there are names that could neither be read nor kept: they must not be written over.
+    /// False if there are names that could neither be read nor kept. They must not be overwritten.
     bool GetMRUFromDisk();
     void WriteMRUToDisk();
 

@@ -40,7 +40,8 @@ public:
         elements_.resize(static_cast<std::size_t>(upperBound));
     }
 
-    /// Takes memory for `upperBound` elements, so that growing up to it moves none. The bound stays.
+    /// Reserves memory for `upperBound` elements, so that growing up to that number moves no element. The
+    /// bound stays.
     void reserve(std::int32_t upperBound) { elements_.reserve(static_cast<std::size_t>(upperBound)); }
 
     /// Moves the elements from `number` on up by one; the last one is lost. Element `number` is valid

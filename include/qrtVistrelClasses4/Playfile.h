@@ -9,7 +9,7 @@
 namespace qrtVistrelClasses4 {
 
 struct Playfile {
-    OneBasedArray<FrameRecord> frames; ///< By their numbers, from 1.
+    OneBasedArray<FrameRecord> frames; ///< Numbered from 1.
     std::string fileName;  ///< Path of the file it was loaded from or saved to last; empty if none.
     bool isLegacy = false; ///< Whether it came from a file of the older format.
 
@@ -21,8 +21,8 @@ std::int32_t CountUsedFrames(const Playfile& playfile);
 /// Number of frames of a kind.
 std::int32_t CountFrames(const Playfile& playfile, NEW_FRAME_TYPES kind);
 
-/// Seconds of all but blank frames. The sum is rounded after each frame, halves to the even number, so that
-/// delays of 0.5 never add up. Beyond 32 bits: error 6.
+/// The total delay of all frames but blank ones, in seconds. The sum is rounded after each frame, halves to
+/// the even number, so that delays of 0.5 never add up. A sum beyond 32 bits is error 6.
 std::int32_t TotalDelaySeconds(const Playfile& playfile);
 
 /// Whether a frame before frame `number` shows the same picture in the same way, or sends the same command

@@ -1,4 +1,4 @@
-// The application's preferences as a value, and the one table of them.
+// The application's preferences as a value, and their table.
 #pragma once
 
 #include <qrtVistrelClasses4/MemberTable.h>
@@ -25,8 +25,8 @@ struct PreferredSchedule {
 
 using PreferredSchedules = OneBasedArray<PreferredSchedule>;
 
-/// Texts are 8-bit characters of the ANSI code page. The default-made value is empty; what the application
-/// starts with comes from `DefaultPreferences`.
+/// Texts are 8-bit characters of the ANSI code page. A default-constructed value is empty.
+/// `DefaultPreferences` returns what the application starts with.
 struct Preferences {
     std::string LastGraphicFilePath;
     std::int16_t DisplayHeight{};
@@ -89,7 +89,7 @@ template <class R, class Value>
 PreferenceRow(std::string_view, std::string_view, Value R::*, std::string_view,
               PreferenceRule = PreferenceRule::none, Access = Access::untraced) -> PreferenceRow<R, Value>;
 
-/// Those of one schedule, in file order. The number of the schedule follows name and key.
+/// The preferences of one schedule, in file order. The number of the schedule is added to name and key.
 inline constexpr std::tuple kPreferredScheduleMembers{
     PreferenceRow{"BrightnessScheduleStartTime", "ScheduledStartTime",
                   &PreferredSchedule::BrightnessScheduleStartTime, "12:00 AM", PreferenceRule::none,
@@ -131,7 +131,7 @@ inline constexpr std::tuple kPreferenceMembers{
                   &Preferences::ScheduleDefaultBrightness, "5"},
     PreferenceRow{"", "", &Preferences::schedules,
                   ""}, // `kPreferredScheduleMembers`, for one schedule after the other
-    // The key lacks its "t" in every file there is.
+    // The key lacks its "t" in all existing files.
     PreferenceRow{"DoesDisplaySupportColor", "DoesDisplaySupporColor", &Preferences::DoesDisplaySupportColor,
                   "False"},
     PreferenceRow{"LastPlayfilePath", "LastPlayfilePath", &Preferences::LastPlayfilePath, "",
@@ -170,8 +170,8 @@ inline constexpr std::size_t kPreferenceCount =
     std::tuple_size_v<decltype(kPreferenceMembers)> - 1 +
     kBrightnessSchedules * std::tuple_size_v<decltype(kPreferredScheduleMembers)>;
 
-/// A preference's place in the file: its row, and for those of a schedule the schedule's number ("1" to "4"),
-/// which follows name and key.
+/// A preference's place in the file: its row, and for a preference of a schedule the schedule's number ("1"
+/// to "4"), which is added to name and key.
 template <class Row>
 struct PlacedPreference {
     const Row& row;

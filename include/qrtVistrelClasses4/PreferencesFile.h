@@ -1,4 +1,4 @@
-// Preferences from and to their INI file.
+// Loading and saving preferences.
 #pragma once
 
 #include <qrtVistrelClasses4/Preferences.h>
@@ -22,17 +22,17 @@ struct PreferenceFolders {
     std::optional<std::string> playfiles;
 };
 
-/// Those of this machine and user. They may be missing.
+/// The folders of this machine and user. They may not exist.
 PreferenceFolders FindPreferenceFolders();
-/// Makes the folder for playfiles if it is missing, and returns the error of that.
+/// Makes the folder for playfiles if it is missing. Returns the error if that fails.
 std::optional<RuntimeError> MakePlayfileFolder(const PreferenceFolders& folders);
 /// Full name of "VistrelLite.ini" in the application data folder; nothing after an error that was trapped.
 std::optional<std::string> PreferencesPath();
 
-/// What preferences are when the file has none.
+/// The preferences that apply if the file has none.
 Preferences DefaultPreferences(const PreferenceFolders& folders);
 
-/// A preference as the file holds it.
+/// The text of a preference in the file.
 std::string PreferenceText(const std::string& value);
 std::string PreferenceText(bool value);
 std::string PreferenceText(double value);
@@ -44,20 +44,20 @@ struct PreferenceError {
     RuntimeError error;
 };
 
-/// Opens the INI file `path`; an empty one does so as the platform does.
+/// Opens the INI file `path`. If the function is empty, the platform opens it.
 using ProfileOpener = std::function<std::unique_ptr<ProfileFile>(const std::string& path)>;
 
 struct PreferencesCircumstances {
     std::string path;
     PreferenceFolders folders;
-    Preferences before; ///< What preferences keep that are not read.
+    Preferences before; ///< The values of preferences that are not read.
     ProfileOpener open;
 };
 
 /// What came of reading preferences.
 struct PreferencesOutcome {
     Preferences values;
-    /// Keys whose values, or defaults where the file lacks them, were taken over: all of them, or those
+    /// Keys whose values, or whose defaults if the file lacks them, were taken over: all keys, or those
     /// before the one at fault.
     std::vector<std::string> keysRead;
     std::optional<PreferenceError> error;
@@ -68,8 +68,7 @@ PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances);
 /// The same for the file and the folders of this machine. Makes the folder for playfiles if it can.
 PreferencesOutcome LoadPreferences();
 
-/// Writes all preferences in one step and keeps everything else in the file. Returns the error if that is
-/// refused.
+/// Writes all preferences in one step and keeps everything else in the file. Returns the error if that fails.
 std::optional<RuntimeError> SavePreferences(const Preferences& preferences, const std::string& path,
                                             const ProfileOpener& open = {});
 
@@ -77,9 +76,9 @@ std::optional<RuntimeError> SavePreferences(const Preferences& preferences, cons
 std::string ReadPreference(const std::string& path, const std::string& key, const std::string& defaultText);
 
 struct WrittenPreference {
-    std::optional<RuntimeError> error; ///< The file is as it was.
-    /// The file gives back the text as it is: without blanks or a pair of quotes around it, on one line, of
-    /// at most 254 characters.
+    std::optional<RuntimeError> error; ///< If there is one, the file is unchanged.
+    /// True if the same text is read back: it has no blanks or pair of quotes around it, is on one line, and
+    /// has at most 254 characters.
     bool readsBack = false;
 };
 

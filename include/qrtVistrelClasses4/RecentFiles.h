@@ -18,7 +18,7 @@ struct RecentFiles {
     /// Removes every entry of that name, and every empty one; a new empty one then ends the list. Returns
     /// whether the name was there.
     bool remove(std::string_view name);
-    /// Puts `name` before the other entries, which stay as they are.
+    /// Puts `name` in front of the other entries, which stay as they are.
     void putFirst(const std::string& name);
 
     bool operator==(const RecentFiles&) const = default;
@@ -29,7 +29,7 @@ struct RecentFilesOutcome {
     RecentFiles files; ///< As far as it could be read; one empty entry if nothing could.
     /// A file that does not exist yet is a quiet error.
     std::optional<RuntimeError> error;
-    /// Saving loses no names: all have been read, or the damaged file has been copied.
+    /// True if saving loses no names: all have been read, or the damaged file has been copied.
     bool mayBeReplaced = false;
 };
 
@@ -37,11 +37,11 @@ struct RecentFilesOutcome {
 /// that was trapped.
 std::optional<std::string> RecentFilesPath();
 
-/// Copies a damaged file to `path` + ".bak".
+/// Loads the file `path`. A damaged file is also copied to `path` + ".bak".
 RecentFilesOutcome LoadRecentFiles(const std::string& path);
 
 /// Saves the list as "VistrelLite.MRU" in the library's folder, and remembers that name for loading. Returns
-/// the error if the file was left as it was.
+/// the error if that fails; the file is then unchanged.
 std::optional<RuntimeError> SaveRecentFiles(const RecentFiles& files);
 
 } // namespace qrtVistrelClasses4

@@ -58,7 +58,7 @@ private:
 struct FileError {
     RuntimeError error;
     /// Number (from 1) of the line of the value that was refused; one more than the last line if the file
-    /// ends too early. None if it was no line: the file could not be opened or read.
+    /// ends too early. Empty if no line is to blame, because the file could not be opened or read.
     std::optional<std::size_t> line;
 };
 

@@ -13,8 +13,8 @@
 namespace qrtVistrelClasses4 {
 
 struct SaveCircumstances {
-    /// Asked at most once, when the first file is found that is on a drive that may go away: whether such
-    /// files are to be copied into the application's data folder. If it is empty, they are not.
+    /// Returns whether files on drives that may go away are to be copied into the application's data folder.
+    /// Called at most once, when the first such file is found. If empty, they are not copied.
     std::function<bool()> wantsCopies{};
 };
 
@@ -27,17 +27,17 @@ struct FrameReference {
     bool operator==(const FrameReference&) const = default;
 };
 
-/// A reference that was replaced by a copy's.
+/// A reference that now leads to a copy of its file.
 struct CopiedReference {
-    FrameReference reference; ///< As it was.
+    FrameReference reference; ///< The reference before the change.
     std::string copy;         ///< Full name.
 
     bool operator==(const CopiedReference&) const = default;
 };
 
 struct SaveOutcome {
-    std::optional<RuntimeError> error; ///< None if the playfile was written.
-    /// In the order of the frames, also if the playfile could not be written afterwards.
+    std::optional<RuntimeError> error; ///< Empty if the playfile was written.
+    /// In the order of the frames. Filled even if the playfile could not be written afterwards.
     std::vector<CopiedReference> copies;
     /// Files whose copying failed, which has been reported. They are referred to where they are.
     std::vector<FrameReference> failedCopies;
@@ -45,20 +45,21 @@ struct SaveOutcome {
     bool isWritten() const { return !error; }
 };
 
-/// Writes a playfile to `path`, with the references of the copies it makes. A failure leaves the file that
-/// was there as it was. The question and reports of failed copies may change `playfile`: its frames are
-/// looked at anew afterwards, as many as there were at first, and one that has gone is error 9.
+/// Writes a playfile to `path`, with references to the copies that it makes. A failure leaves the existing
+/// file unchanged. The host may change `playfile` while a question is asked or a failed copy is reported. The
+/// frames are looked up again afterwards, as many as there were at first, and a frame that has gone is error
+/// 9.
 SaveOutcome SavePlayfile(const Playfile& playfile, const std::string& path,
                          const SaveCircumstances& circumstances = {});
 
-/// Puts the copies of a save in the place of the references that are still there.
+/// Makes references lead to the copies of a save, if the references are still there.
 void ReferToCopies(Playfile& playfile, const std::vector<CopiedReference>& copies);
 
 /// What is added to a playfile's name for its export.
 inline constexpr const char* kXmlEnding = ".xml";
 
-/// Writes all frames and lines to the file `path`. Returns the error if that fails, which leaves the file
-/// that was there as it was.
+/// Writes all frames and lines to the file `path`. Returns the error if that fails; the existing file is then
+/// unchanged.
 [[nodiscard]] std::optional<RuntimeError> ExportXml(const Playfile& playfile, const std::string& path);
 
 } // namespace qrtVistrelClasses4

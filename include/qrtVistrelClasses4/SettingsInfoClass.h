@@ -10,12 +10,12 @@
 
 namespace qrtVistrelClasses4 {
 
-/// The preferences in memory, and their way from and to "VistrelLite.ini" in the application data folder.
-/// Setting a property touches no file. One thread at a time. Traced members trap their errors; plain
+/// The preferences in memory. They are loaded from and saved to "VistrelLite.ini" in the application data
+/// folder. Setting a property touches no file. One thread at a time. Traced members trap their errors; plain
 /// accessors are untraced.
 class SettingsInfoClass {
 public:
-    /// The defaults, with schedule 1 selected; the preferences on the disk are left alone.
+    /// Starts with the defaults, and with schedule 1 selected. The preferences on disk are not touched.
     SettingsInfoClass();
     ~SettingsInfoClass();
     SettingsInfoClass(const SettingsInfoClass&) = delete;
@@ -23,28 +23,29 @@ public:
 
     static constexpr std::string_view ClassName() { return "SettingsInfoClass"; }
 
-    /// The object's identity number, from 1; 0 when the numbers ran out.
+    /// The object's identity number, from 1; 0 if there were no numbers left.
     std::int32_t ClassDebugID() const { return classDebugID_; }
 
     /// All preferences at once.
     const Preferences& Value() const { return preferences_; }
 
-    /// The value of `Key` in the file as it is now, cut to 254 characters; `DefaultValue` when it is missing.
+    /// The value of `Key` in the file as it is now, cut to 254 characters; `DefaultValue` if it is missing.
     std::string GetPrivateSetting(const std::string& Key, const std::string& DefaultValue) const;
-    /// Writes one key, and makes file and section when needed. A failure is not reported.
+    /// Writes one key, and makes the file and the section if needed. A failure is not reported.
     void WriteSetting(const std::string& Key, const std::string& Value);
 
-    /// Loads every preference, and makes the playfile folder in the user's documents when it is missing. The
-    /// first value that does not convert is trapped; the preferences before it are loaded then. `sFileName`
-    /// is only noted on the trace.
+    /// Loads every preference, and makes the playfile folder in the user's documents if it is missing. The
+    /// first value that does not convert is an error, which is trapped; only the preferences before it are
+    /// then loaded. `sFileName` is only shown on the trace.
     void GetSettingsFromDisk(const std::optional<std::string>& sFileName = std::nullopt);
-    /// Saves every preference. `sFileName` is only noted on the trace.
+    /// Saves every preference. `sFileName` is only shown on the trace.
     void SaveSettingsToDisk(const std::optional<std::string>& sFileName = std::nullopt);
 
-    /// Which schedule (1 to 4) the schedule properties address. Any value is kept; it is checked when used.
+    /// Number (1 to 4) of the schedule that the schedule properties address. Any value is kept; it is checked
+    /// when used.
     std::int16_t ScheduleNumber() const { return scheduleNumber_; }
     void ScheduleNumber(std::int16_t vData) { scheduleNumber_ = vData; }
-    /// Schedule properties are traced; outside the schedules: error 9.
+    /// Schedule properties are traced. A number outside the schedules is error 9.
     std::string BrightnessScheduleStartTime() const {
         return read<&PreferredSchedule::BrightnessScheduleStartTime>();
     }

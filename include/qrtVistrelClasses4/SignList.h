@@ -24,17 +24,17 @@ struct SignList {
     /// they are stored: see `EscapeNumericName`.
     std::optional<std::int16_t> find(const std::string& name) const;
 
-    /// Number of a new sign after the last one; nothing if the name is empty or taken. If the last record has
-    /// no name, the new name goes to record 1, which keeps all other values, and the other records go. Error
-    /// 6 if the list is full.
+    /// Adds a sign after the last one and returns its number; nothing if the name is empty or taken. If the
+    /// last record has no name, record 1 gets the new name and keeps all other values, and the other records
+    /// are removed. Error 6 if the list is full.
     std::optional<std::int16_t> add(const std::string& name);
-    /// Number of a new sign after the last one, which equals sign `original` but for its name; nothing if the
-    /// name is empty or taken. Error 6 if the list is full, 9 if there is no such sign.
+    /// Adds a copy of sign `original` under another name after the last sign, and returns its number; nothing
+    /// if the name is empty or taken. Error 6 if the list is full, 9 if there is no such sign.
     std::optional<std::int16_t> duplicate(std::int16_t original, const std::string& name);
-    /// As `add` and `duplicate`, for a name that is known to be free.
+    /// Like `add` and `duplicate`, for a name that is known to be free.
     std::int16_t addUnchecked(const std::string& name);
     std::int16_t duplicateUnchecked(std::int16_t original, const std::string& name);
-    /// Takes a sign out; the only sign is emptied instead. Does nothing for a number outside the list.
+    /// Removes a sign. The only sign is emptied instead. Does nothing for a number outside the list.
     void remove(std::int16_t number);
 
     bool operator==(const SignList&) const = default;
@@ -60,14 +60,14 @@ struct [[nodiscard]] SignListReading {
 
 /// What came of loading a list.
 struct [[nodiscard]] SignListOutcome : SignListReading {
-    SignList list; ///< The signs that were read, the last of them in part if there was an error in it.
+    SignList list; ///< The signs that were read. If there was an error in the last one, only a part of it.
 };
 
 /// Loads the list in the file `path`. A file without a sign gives an empty list.
 SignListOutcome LoadSignList(const std::string& path);
 /// Reads the file `path` over `list`. A file that cannot be opened, or has no sign, leaves the list as it is.
-/// After an error the last sign has the values read until then. Its other values are blank, or in sign 1
-/// those that it had before.
+/// After an error, the last sign has the values read so far. Its other values are blank, or in sign 1 those
+/// that it had before.
 SignListReading ReadSignList(const std::string& path, SignList& list);
 
 /// A file that a save has left incomplete.
@@ -83,13 +83,13 @@ struct [[nodiscard]] SignListSaving {
     std::optional<RuntimeError> error;        ///< Why the file does not hold the whole list.
     bool isStarted = false;                   ///< True if the old content was removed and writing began.
     std::optional<RuntimeError> keepingError; ///< Why the previous list could not be kept; the save went on.
-    std::optional<HalfWrittenList> halfWritten; ///< To be handed to the next save.
+    std::optional<HalfWrittenList> halfWritten; ///< Pass it to the next save.
     bool isWritten() const { return !error; }
 };
 
-/// Saves all signs that count in the file `path`. The list that was there is kept beside it as name + ".bak"
-/// first. A copy that is not permitted does not stop the save, any other failure to copy does. `halfWritten`
-/// comes from the last save: a file that it left incomplete is not kept.
+/// Saves all signs that count in the file `path`. Before that, the previous list is copied to name + ".bak".
+/// If the copy is not permitted, the list is saved all the same; any other failure to copy stops the save.
+/// `halfWritten` comes from the last save: a file that it left incomplete is not copied.
 SignListSaving SaveSignList(const SignList& list, const std::string& path,
                             const std::optional<HalfWrittenList>& halfWritten = std::nullopt);
 

@@ -12,7 +12,7 @@ struct DisplayRecord;
 
 inline constexpr Color kAmber = Rgb(255, 170, 0);
 
-/// Unless changed, an amber sign of no special type.
+/// By default, an amber sign of no special type.
 struct SignLook {
     std::optional<DotSize> size;
     Color color = kAmber;

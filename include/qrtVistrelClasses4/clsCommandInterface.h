@@ -9,13 +9,13 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Translates command keys of sign texts into the bytes for the sign. Making an object reads the table file,
-/// and its end writes the file anew; a file that was no table is copied to name + ".bak" first. Keys and byte
-/// strings are bytes, one a character; keys are compared exactly. Rows are numbered from 1: the built-in
+/// Translates command keys of sign texts into the bytes for the sign. The constructor reads the table file,
+/// and the destructor writes it again; a file that was not a table is first copied to name + ".bak". Keys and
+/// byte strings are bytes, one a character; keys are compared exactly. Rows are numbered from 1: the built-in
 /// ones, then those of the file, then new ones. One thread at a time.
 ///
-/// Members are traced. They trap their errors as quiet ones: nobody is shown a message. But an index above
-/// the number of rows is error 9 to the caller.
+/// Members are traced. They trap their errors as quiet ones, without a message to the operator. But an index
+/// above the number of rows throws error 9 to the caller.
 class clsCommandInterface {
 public:
     clsCommandInterface();
@@ -29,7 +29,7 @@ public:
     std::int16_t iTotalCommands() const;
     /// Key of row `iCommand`; "" below 1.
     std::string sCommandKeyByNum(std::int16_t iCommand) const;
-    /// Byte string of the first row with that key; the key itself when there is none.
+    /// Byte string of the first row with that key; the key itself if there is none.
     std::string sCommandBytesByKey(const std::string& sKey) const;
     /// Sets the byte string of the first row with that key, or adds a row. Without a key or without bytes it
     /// does nothing. A built-in row changes in memory only. More than 32767 rows are error 6.
@@ -37,7 +37,7 @@ public:
     /// The same for the key of row `iCommand`; another row with that key may come before it.
     std::string sCommandBytesByNum(std::int16_t iCommand) const;
     void sCommandBytesByNum(std::int16_t iCommand, const std::string& vData);
-    /// Keeps the order as it is: rows are known by their numbers.
+    /// Leaves the order as it is: callers know rows by their numbers.
     void SortCommandByLargestFirst();
 
     /// All rows.

@@ -36,7 +36,7 @@ constexpr std::uint32_t kUserSpaceFileSystem = 0x65735546; // FUSE
 /// `path`, or the nearest folder above it that exists, without links.
 std::string nearestExisting(std::string path) {
     std::array<char, PATH_MAX> resolved;
-    if (path.size() >= resolved.size()) // no name of a file, whatever it leads to
+    if (path.size() >= resolved.size()) // too long for the name of a file, whatever it leads to
         path.resize(resolved.size() - 1);
     while (!::realpath(path.c_str(), resolved.data())) {
         std::string folder = folderOf(path);

@@ -104,9 +104,9 @@ bool isSameFile(const struct stat& one, const struct stat& other) {
 
 FileBytes makeBytes(std::size_t capacity) { return {std::make_unique_for_overwrite<char[]>(capacity), 0}; }
 
-/// Reads to the end of the file, which may have grown or shrunk since its size was asked for.
+/// Reads to the end of the file, which may have grown or shrunk since its size was read.
 Result<FileBytes> readToEnd(int file, std::size_t expectedSize, const std::string& path) {
-    std::size_t capacity = expectedSize + 1; // the end shows without more room
+    std::size_t capacity = expectedSize + 1; // then the end is found without more room
     FileBytes bytes = makeBytes(capacity);
     for (;;) {
         const ssize_t count =
@@ -268,7 +268,7 @@ SystemError PosixFileSystem::remove(const std::string& path) {
 SystemError PosixFileSystem::createFolder(const std::string& path) {
     if (!isUsableName(path) || ::mkdir(path.c_str(), 0777) != 0)
         return errorOn(path);
-    (void)flushFolder(folderOf(path)); // what is saved below must not go with it in a power cut
+    (void)flushFolder(folderOf(path)); // a power cut must not remove it with what is saved in it
     return SystemError::none;
 }
 
@@ -299,7 +299,7 @@ std::string PosixFileSystem::resolveLinks(const std::string& path) {
     std::array<char, PATH_MAX> resolved;
     if (::realpath(path.c_str(), resolved.data()))
         return resolved.data();
-    // A link to a file that is yet to be made; a link to itself fails otherwise.
+    // The link leads to a file that does not exist yet. A link to itself fails in another way.
     const ssize_t size = errno == ENOENT ? ::readlink(path.c_str(), resolved.data(), resolved.size()) : -1;
     if (size <= 0)
         return path;

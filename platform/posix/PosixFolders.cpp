@@ -102,7 +102,7 @@ std::optional<std::string> userFolder(FileSystem& files, int shellNumber) {
 
 SystemError makeFolders(FileSystem& files, const std::string& folder) {
     if (folder.size() >= PATH_MAX)
-        return SystemError::folderNotFound; // as the system would say, but not for each level
+        return SystemError::folderNotFound; // the system's answer, without trying each level
     if (files.kindOf(folder) == EntryKind::folder)
         return SystemError::none;
     if (const std::string above = folderOf(folder); above.size() < folder.size())

@@ -27,7 +27,7 @@ const RegistryTree& PosixRegistryStore::tree() {
     const bool isMissing =
         bytes.error() == SystemError::fileNotFound || bytes.error() == SystemError::folderNotFound;
     if (!bytes && !isMissing)
-        return tree_; // rather than none at all
+        return tree_; // the last tree is better than none
     tree_ = bytes ? RegistryTree(bytes.value().text()) : RegistryTree();
     if (bytes) {
         file_ = std::move(file);

@@ -8,7 +8,7 @@
 namespace qrtVistrelClasses4 {
 
 int Descriptor::close() {
-    // Never made again: an interrupted close has closed.
+    // Never repeated: even an interrupted close has closed the file.
     const int result = number_ == -1 ? 0 : ::close(std::exchange(number_, -1));
     return result == -1 && errno != EINTR ? -1 : 0;
 }

@@ -4,7 +4,8 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Messages go to standard error, questions to the terminal. Without a terminal nobody is asked.
+/// Messages go to standard error, questions to the terminal. Without a terminal, every question is answered
+/// "no".
 class TerminalMessageBoxes final : public MessageBoxes {
 public:
     MessageAnswer show(const Message& message) override;

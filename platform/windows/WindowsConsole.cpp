@@ -9,7 +9,7 @@ namespace {
 
 constexpr DWORD kUnderstandsEscapeSequences = 4; // not named in every set of system headers
 
-/// Null if the process has no such stream, as programs with windows.
+/// Null if the process has no such stream, as is usual for programs with windows.
 HANDLE handleOf(StandardStream stream) {
     const HANDLE handle =
         ::GetStdHandle(stream == StandardStream::output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);

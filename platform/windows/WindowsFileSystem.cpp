@@ -50,7 +50,7 @@ Result<FileHandle> openSource(const std::string& path) {
 }
 
 /// Locks an open file until it is closed, for writing or else for reading; waits for others, but not for
-/// ever. True also where the file system knows no locks.
+/// ever. Also true if the file system has no locks.
 bool lockFile(HANDLE file, bool forWriting) {
     constexpr int mostTries = 500;
     constexpr DWORD pause = 10; // milliseconds
@@ -65,7 +65,7 @@ bool lockFile(HANDLE file, bool forWriting) {
     return false;
 }
 
-/// Fills `bytes`, or less of it at the end of the file; `used` is how many.
+/// Reads until `bytes` is full or the file ends. `used` becomes the number of bytes read.
 SystemError fill(HANDLE file, std::span<char> bytes, std::size_t& used) {
     constexpr std::size_t largestPiece = std::size_t{1} << 30;
     used = 0;
@@ -111,7 +111,7 @@ private:
 
 class WindowsOutputFile final : public OutputFile {
 public:
-    /// False when there is no such handle, with the reason as the thread's last error.
+    /// Returns false, and sets the thread's last error, if there is no handle.
     bool open(const std::string& path, DWORD disposition, DWORD share = FILE_SHARE_READ) {
         file_ = openForWriting(path, disposition, share);
         return static_cast<bool>(file_);
@@ -155,8 +155,8 @@ SystemError flushFile(const std::string& path) {
     return error;
 }
 
-/// Whether `path` is a link that was made to lead to another file. Other things with a target of their own,
-/// as files that lie on a server until they are read, are files.
+/// Whether `path` is a link that was made to lead to another file. Other entries with a target, such as files
+/// that stay on a server until they are read, count as files.
 bool isLink(const std::string& path) {
     WIN32_FIND_DATAA data{};
     if (const DWORD attributes = attributesOf(path);
@@ -237,7 +237,7 @@ Result<std::unique_ptr<OutputFile>> WindowsFileSystem::open(const std::string& p
     if (mode == OpenMode::append && isLink(path))
         return SystemError::accessDenied;
     auto file = std::make_unique<WindowsOutputFile>();
-    // Who replaces the file at the same time is to wait for the lock.
+    // Others that replace the file at the same time must be able to open it, and wait for the lock.
     const DWORD share = mode == OpenMode::replace ? kShareAll : FILE_SHARE_READ;
     if (!file->open(path, OPEN_ALWAYS, share))
         return lastSystemError();
@@ -276,7 +276,7 @@ SystemError WindowsFileSystem::mayWrite(const std::string& path) {
     }
     if (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY))
         return SystemError::accessDenied;
-    // Who replaces or asks for the file at the same time is not to notice.
+    // Others that open the file at the same time must not notice.
     return openForWriting(path, OPEN_EXISTING, kShareAll) ? SystemError::none : lastSystemError();
 }
 
@@ -372,7 +372,7 @@ std::string WindowsFileSystem::existingName(const std::string& path) {
         return path;
     ::FindClose(search);
     const SplitPathResult parts = SplitPath(path);
-    // Found by its short name, it differs in more than case.
+    // If the file was found by its short name, the name differs in more than case.
     return ::lstrcmpiA(data.cFileName, std::string(parts.name).c_str()) == 0
                ? std::string(parts.folder) + data.cFileName
                : path;

@@ -26,7 +26,7 @@ std::string registered(const std::string& key) {
     return text;
 }
 
-/// The registered server; registered again in the end.
+/// The registered server. It is registered again at the end.
 class Server : public AutomationTest {
 protected:
     Server() {
@@ -86,7 +86,7 @@ HKEY_CLASSES_ROOT\CLSID\{9AE6AD44-C589-4050-9359-78F603D30A08}\Version
     EXPECT_EQ(run("DllUnregisterServer"), S_OK) << "nothing left to remove is no failure";
 }
 
-/// What an application puts beside itself in place of a registration.
+/// The file that an application can have beside it instead of a registration.
 constexpr char kManifest[] = R"(<assembly xmlns="urn:schemas-microsoft-com:asm.v1" manifestVersion="1.0">
   <assemblyIdentity type="win32" name="Test" version="1.0.0.0"/>
   <file name="qrtVistrelClasses4.dll">

@@ -1,4 +1,4 @@
-// What is done often or on many records must not cost memory.
+// Operations that run often or on many records must not allocate memory.
 #include "Allocations.h"
 #include "HostTest.h"
 #include <qrtVistrelClasses4/DisplayDatabaseClass.h>

@@ -60,7 +60,7 @@ class DisplaysTest : public HostTest {
 protected:
     void write(std::string fileName = "Displays.dat") { displays_.WriteAllDisplaysToDisk(fileName); }
     void read(std::string fileName = "Displays.dat") { displays_.RetrieveAllDisplayInfoFromDisk(fileName); }
-    /// The list as it is written.
+    /// The text of the saved list.
     std::string saved() {
         write();
         return files().content(path_).value_or("no file");

@@ -1,4 +1,4 @@
-// Files and settings stores that fail, one operation or all from one on.
+// Files and settings stores that fail, in one operation or in all operations from one on.
 #pragma once
 
 #include "TestHost.h"
@@ -11,7 +11,7 @@ struct Fault {
     const char* name;
     SystemError error;
     int errorNumber;
-    /// Whether the operation can fail so. `exists`: the file that it opens is there.
+    /// Whether the operation can fail in this way. `exists`: the file that it opens exists.
     bool (*hits)(FileOperation::Kind kind, bool exists);
     bool hitsRegistry = true;
     bool takesHalf = false; ///< Of a write, before it fails.

@@ -26,7 +26,7 @@ std::size_t told(TestHost& host, bool countsQuiet) {
            host.machine.messageBoxes().shown.size();
 }
 
-/// Whether `work` ends without a message and a report; reports that are only logged may not count.
+/// Whether `work` ends without a message and a report. Quiet reports may be ignored.
 template <class Work>
 bool untold(TestHost& host, Work work, bool countsQuiet = false) {
     const std::size_t before = told(host, countsQuiet);
@@ -121,8 +121,8 @@ Subject privateIni(TestHost& host, const std::string& path) {
             [=] { return *text; }};
 }
 
-/// The next version has a new name in front. One that was there would be taken out first, by a save of its
-/// own.
+/// The next version has a new name in front. A name that is in the list already would first be removed by a
+/// save of its own.
 Subject recentFiles(TestHost& host, const std::string& path) {
     const auto recent = std::make_shared<std::optional<MostRecentlyUsed>>(std::in_place);
     const auto version = std::make_shared<Version>();
@@ -144,7 +144,7 @@ Subject recentFiles(TestHost& host, const std::string& path) {
             }};
 }
 
-/// The table is read when an object of it is made, and saved when that goes.
+/// The table is read by the constructor of its object, and saved by the destructor.
 Subject commandTable(TestHost& host, const std::string&) {
     const auto table = std::make_shared<std::optional<clsCommandInterface>>();
     return {

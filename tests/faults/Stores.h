@@ -14,7 +14,7 @@ namespace qrtVistrelClasses4 {
 /// What a save finds, and what it leaves.
 enum class Version { old, next };
 
-/// An object of the library. Results say whether it worked, as far as the host learns.
+/// An object of the library. Results say whether it worked, as far as the host can know.
 struct Subject {
     std::function<void(Version)> hold; ///< Takes on a content, in memory.
     std::function<bool()> save;
@@ -40,7 +40,8 @@ struct Store {
     std::string file; ///< Below the library's folder.
     Subject (*make)(TestHost& host, const std::string& path);
     unsigned traits = 0;
-    const char* title = nullptr; ///< Of the message box after a failed save; none: an error is reported.
+    const char* title =
+        nullptr; ///< Title of the message box after a failed save; null if an error is reported instead.
 
     bool is(unsigned trait) const { return (traits & trait) != 0; }
     bool saves() const { return !is(onlyLoads); }

@@ -38,9 +38,9 @@ Outcome systems(Convert convert) {
     return {0, result == DISP_E_OVERFLOW ? 6 : result == DISP_E_TYPEMISMATCH ? 13 : static_cast<int>(result)};
 }
 
-/// Not drawn, as no file holds it: what stands for money, negative money, thousands and other bases, a sign
-/// behind the number, and several signs or blanks behind one before it, all of which the system understands;
-/// exponents of many digits, which it takes for too large even when they are negative.
+/// Leaves out what no file contains, although the system understands it: currency, negative money, thousands
+/// and other bases, a sign after the number, and several signs, or blanks after a sign, before it. Also
+/// leaves out exponents of many digits, which the system takes for too large even if they are negative.
 std::string randomNumberText(RandomInputs& random) {
     const std::string_view sign = random.below(2) == 0 ? "" : random.below(2) == 0 ? "-" : "+";
     std::string text = random.text({" ", "  ", "\t"}, 1).append(sign);

@@ -14,8 +14,9 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// What Wine's writing leaves of lines that it does not change: no blanks around names and values, nothing
-/// behind a section, no blank line and none without a name. Windows leaves them alone, as we do.
+/// How Wine rewrites the lines that it does not change: without blanks around names and values, without
+/// anything after a section, and without blank lines and lines without a name. Windows leaves them alone, as
+/// we do.
 std::string asWineWrites(std::string text) {
     std::erase_if(text, [](char character) { return std::strchr(" \t\v\f\r\x1a", character); });
     std::istringstream lines(text);

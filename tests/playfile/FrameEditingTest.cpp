@@ -32,7 +32,7 @@ std::string order(const FrameInfoClass& playfile) {
 
 struct FrameEditing : testing::Test {
     void cut(std::int16_t first, std::int16_t last) { playfile_.CutInfo(first, last, clipboard_); }
-    /// Cuts frames 2 and 3 of six until no allocation fails any more; `look` is called after each time.
+    /// Cuts frames 2 and 3 of six, with each allocation failing in turn; `look` is called after each time.
     template <class Look>
     void cutWithEachAllocationFailing(Look look) {
         bool hasFailed = true;

@@ -35,7 +35,7 @@ TEST(Playfile, CountsTheKindsByTheirStoredNumbersAndRoundsTheDelayAfterEveryFram
     const TestHost host;
     FrameInfoClass p;
     std::vector<FrameRecord> frames;
-    // Each kind another number of times; 5 and -1 are no kind, but not blank either.
+    // Each kind occurs a different number of times. 5 and -1 are not kinds, but not blank either.
     for (const int type : {0, 1, 2, 2, 3, 3, 3, 4, 4, 4, 4, 5, -1})
         frames.emplace_back().FrameType = static_cast<std::int16_t>(type);
     p.Adopt(playfileOf(frames));

@@ -1,4 +1,4 @@
-// The program as its user meets it: commands that are typed in a shell, and what comes out.
+// The program as users see it: commands that are typed in a shell, and their output.
 #pragma once
 
 #include "TempFolder.h"
@@ -30,9 +30,9 @@ public:
 
     std::string inHome(const std::string& name) const { return home() + "/" + name; }
 
-    /// Runs the commands of a session, which start with "$ ". What comes out has to be what is written under
-    /// them: output, errors, and the exit code unless it is 0. A command of the program that only prints an
-    /// error takes one line: "! CODE ARGUMENTS -> ERROR". Lines that start with "# " are remarks.
+    /// Runs the commands of a session, which start with "$ ". The text under each command must be what the
+    /// command prints: output, errors, and the exit code unless it is 0. A command of the program that only
+    /// prints an error takes one line: "! CODE ARGUMENTS -> ERROR". Lines that start with "# " are remarks.
     void play(const std::string& session) const {
         std::ifstream lines(VISTREL_SESSIONS_FOLDER "/" + session + ".txt");
         ASSERT_TRUE(lines);

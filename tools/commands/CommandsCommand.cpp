@@ -36,7 +36,7 @@ std::string hexText(std::string_view bytes) {
     return text;
 }
 
-/// The way back; nothing if a word is not made of such pairs.
+/// The bytes of such a text; nothing if a word does not consist of such pairs.
 std::optional<std::string> bytesOfHex(const std::string& text) {
     std::string bytes;
     std::istringstream words(text);
@@ -51,7 +51,7 @@ std::optional<std::string> bytesOfHex(const std::string& text) {
     return bytes;
 }
 
-/// A command as it works: rows with the same key before it hide it.
+/// A command as it takes effect: the first row with its key decides.
 struct ShownCommand {
     ShownCommand(const CommandTable& table, std::int32_t row)
         : number(row), key(table.key(row)), bytes(table.bytesOf(key)), first(table.find(key).value_or(row)) {}
@@ -60,7 +60,7 @@ struct ShownCommand {
 
     std::int32_t number;
     std::string key;
-    std::string bytes; ///< Those of the first row with the key.
+    std::string bytes; ///< The bytes of the first row with the key.
     std::int32_t first;
 };
 
@@ -109,7 +109,7 @@ ExitCode getCommand(const CommandsOptions& options, Session& session) {
     });
 }
 
-/// What was typed as bytes; nothing after the reason has been reported.
+/// The bytes that were typed; nothing, after reporting the reason, if they cannot be used.
 std::optional<std::string> typedBytes(const CommandsOptions& options, ErrorLines& errors) {
     std::string typed;
     for (const std::string& part : options.bytes)

@@ -1,4 +1,4 @@
-// The command table on the disk, which every use writes anew.
+// The command table on disk, which is written again after each use.
 #pragma once
 
 #include "tools/program/ErrorLines.h"

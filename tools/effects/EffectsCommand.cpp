@@ -52,7 +52,7 @@ private:
 struct Effect {
     std::int16_t code;
     std::string prefixName, suffixName;
-    /// What lists show for it; nothing if they do not offer it.
+    /// The texts that lists show for it; nothing if they do not offer it.
     std::optional<std::string> prefixListText, suffixListText;
     std::string_view iniKey; ///< Its switch in "NewEffects.ini"; empty for an effect without one.
 };

@@ -23,7 +23,7 @@ using nlohmann::ordered_json;
 
 struct FontOptions {
     std::string file;
-    std::optional<DotSize> size; ///< Otherwise that of the font.
+    std::optional<DotSize> size; ///< If missing, that of the font.
     std::string source;
     std::string playfile;
     std::optional<Moment> at;
@@ -47,7 +47,7 @@ std::optional<CellSize> sizeOfNumberedFont(std::string_view name) {
     return std::nullopt;
 }
 
-/// Nothing, and an error, if the file is not a font.
+/// Adds an error and returns nothing if the file is not a font.
 std::optional<Font> loadFont(const FontOptions& options, ErrorLines& errors) {
     errors.about(options.file);
     const std::string file = FileStart(options.file, kLargestFontFile);
@@ -87,7 +87,7 @@ ExitCode show(const FontOptions& options, Session& session) {
     return ExitCode::done;
 }
 
-/// Nothing, and an error, if the file has no pictures of letters.
+/// Adds an error and returns nothing if the file has no pictures of letters.
 std::optional<FontPictures> readPictures(const std::string& path, ErrorLines& errors) {
     constexpr std::size_t largest = std::size_t{4} << 20; // twice the size of pictures of the largest letters
     errors.about(path);

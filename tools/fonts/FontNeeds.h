@@ -1,4 +1,4 @@
-// The characters that a playfile needs its fonts to have.
+// The characters that the fonts of a playfile must have.
 #pragma once
 
 #include <qrtVistrelClasses4/FrameRecord.h>

@@ -39,7 +39,8 @@ constexpr CellSize CellSizeOf(DotSize size) {
     return {static_cast<std::int16_t>(size.width), static_cast<std::int16_t>(size.height)};
 }
 
-/// Reads the pictures of a font. Nothing, and an error about the first wrong line, if there is one.
+/// Reads the pictures of a font. If a line is wrong, adds an error about the first such line and returns
+/// nothing.
 std::optional<FontPictures> ReadFontPictures(std::string_view text, ErrorLines& errors);
 /// The text that reads back as `font`.
 std::string FontPicturesText(const FontPictures& font);
@@ -48,12 +49,12 @@ std::string FontPicturesText(const FontPictures& font);
 FontPictures PicturesOf(const Font& font);
 
 enum class FontLayout {
-    sized, ///< Characters 32 to 127. Those without a picture have no dots, and no width but the gap of high
-           ///< fonts.
+    sized, ///< Characters 32 to 127. Those without a picture have no dots, and no width except for the gap in
+           ///< high fonts.
     header ///< The characters that have a picture.
 };
 
-/// Makes a font. Nothing, and an error, if no font of that layout can hold the pictures.
+/// Makes a font. Adds an error and returns nothing if no font of that layout can hold the pictures.
 std::optional<Font> FontOf(const FontPictures& pictures, FontLayout layout, ErrorLines& errors);
 
 } // namespace qrtVistrelClasses4

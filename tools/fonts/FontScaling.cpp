@@ -35,7 +35,8 @@ public:
                 corners_.push_back(corner);
     }
 
-    /// Whether the joint covers the point `x` right of its middle and `y` below it, in halves of a dot.
+    /// True if the joint covers the point that is `x` right of its middle and `y` below it, in halves of a
+    /// dot.
     bool covers(int x, int y) const {
         return (std::abs(x) <= radius_ && std::abs(y) <= radius_ && coversInBlock(x, y)) ||
                std::ranges::any_of(corners_, [&](Step corner) {

@@ -10,8 +10,8 @@ namespace qrtVistrelClasses4 {
 Picture Enlarged(const Picture& letter, int factor);
 
 /// Enlarges letters for cells of `cell`, each as many times as the cell is higher. If small letters contain
-/// the gap to the next one and large letters do not, it is removed. Nothing, and an error, if the height is
-/// not a whole number of times higher, or if a letter would be wider than is drawn.
+/// the gap to the next one and large letters do not, it is removed. Adds an error and returns nothing if the
+/// new height is not a multiple of the old one, or if a letter would be too wide to be drawn.
 std::optional<FontPictures> Enlarged(const FontPictures& font, CellSize cell, ErrorLines& errors);
 
 } // namespace qrtVistrelClasses4

@@ -20,7 +20,7 @@ struct ConvertOptions {
     std::string to;
 };
 
-/// Counts on the terminal while the files are converted, and leaves no trace there.
+/// Shows on the terminal which file is being converted, and removes that text at the end.
 class Progress {
 public:
     explicit Progress(std::size_t total) : total_(total) {}
@@ -43,7 +43,7 @@ private:
     std::size_t total_;
 };
 
-/// Name of the current playfile that the older one `file` becomes.
+/// Name of the playfile of the current format that `file` is converted to.
 std::string targetOf(const std::string& file, const std::string& folder) {
     constexpr std::string_view ending = ".PL2";
     std::string_view name = SplitPath(file).name;
@@ -55,19 +55,20 @@ std::string targetOf(const std::string& file, const std::string& folder) {
 
 struct Counts {
     std::size_t converted = 0;
-    std::size_t incomplete = 0; ///< Of those.
+    std::size_t incomplete = 0; ///< How many of those are incomplete.
 };
 
-/// Counts the file if it becomes `to`; otherwise the reason goes to the session's errors.
+/// Converts the file `from` to `to`, and counts it. If that fails, the reason goes to the session's errors.
 void convertFile(const std::string& from, const std::string& to, Counts& counts, Session& session) {
-    const auto opened = OpenPlayfile(from, {.yes = true}, session.errors); // whoever converts wants to go on
+    const auto opened =
+        OpenPlayfile(from, {.yes = true}, session.errors); // whoever converts files wants them opened
     if (!opened)
         return;
     if (!opened->playfile.isLegacy)
         return session.errors.add("not converted: it is a current playfile already");
-    if (platform().files().hasEntry(to)) // what a link that leads nowhere names must not be made either
+    if (platform().files().hasEntry(to)) // a link that leads nowhere must not be written through either
         return session.errors.add("not converted: " + to + " is there already");
-    if (!SaveOpened(*opened, to, {.no = true}, session)) // files that it refers to stay where they are
+    if (!SaveOpened(*opened, to, {.no = true}, session)) // the files it refers to stay where they are
         return;
     ++counts.converted;
     counts.incomplete += opened->isComplete ? 0 : 1;

@@ -9,7 +9,7 @@ namespace {
 
 struct ExportOptions {
     std::string file;
-    std::string out; ///< Empty: the name of the playfile.
+    std::string out; ///< If empty, the name of the playfile.
     AnswerOptions answers;
 };
 

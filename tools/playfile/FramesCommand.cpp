@@ -20,7 +20,7 @@ using FrameNumber = Decimal<std::int32_t>;
 
 /// Frame numbers as they were typed, from the first to the last one meant.
 struct FrameRange {
-    // Not an aggregate: options would take those from a single number, too.
+    // Not an aggregate, because options would also accept a single number for an aggregate.
     FrameRange() = default;
     FrameRange(std::int32_t firstFrame, std::int32_t lastFrame) : first(firstFrame), last(lastFrame) {}
 
@@ -45,14 +45,14 @@ std::string text(const FrameRange& range) {
 
 struct FramesOptions {
     std::string file;
-    std::string out; ///< Empty: the playfile itself.
+    std::string out; ///< If empty, the playfile itself.
     AnswerOptions answers;
     bool json = false;
 
     FrameNumber at, from, to;
     FrameRange frames;
     std::string other;
-    std::optional<FrameRange> framesOfOther; ///< All of them if it is empty.
+    std::optional<FrameRange> framesOfOther; ///< If empty, all frames.
 };
 
 /// A number is checked before any frame moves.
@@ -76,8 +76,8 @@ bool isWithin(const char* argument, const FrameRange& range, const FrameInfoClas
     return range.first <= range.last;
 }
 
-/// Whether `count` frames more may go in at `at`, which may be one after the last frame. The library would
-/// leave out what passes the limit.
+/// True if `count` more frames can be inserted at `at`, which may be one after the last frame. The library
+/// would leave out frames beyond the limit.
 bool isRoomAt(std::int32_t at, std::int32_t count, const FrameInfoClass& playfile, ErrorLines& errors) {
     const std::int32_t last = playfile.TotalFrames();
     if (!isWithin("AT", at, last + 1, errors))
@@ -89,7 +89,7 @@ bool isRoomAt(std::int32_t at, std::int32_t count, const FrameInfoClass& playfil
     return last + count <= allowed;
 }
 
-/// Puts copies of frames of `source` in at `AT`. Returns false, and adds the reason to `errors`, if that
+/// Inserts copies of frames of `source` at `AT`. Returns false, and adds the reason to `errors`, if that
 /// cannot be done.
 bool putIn(FrameInfoClass& playfile, const FrameRange& range, FrameInfoClass& source,
            const FramesOptions& options, ErrorLines& errors) {
@@ -106,7 +106,7 @@ bool putIn(FrameInfoClass& playfile, const FrameRange& range, FrameInfoClass& so
     return true;
 }
 
-// The edits. Each returns what it has done, or adds an error.
+// The edits. Each returns a text about what it has done, or adds an error.
 
 std::string insertFrame(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
     if (!isRoomAt(options.at.value, 1, playfile, errors))

@@ -1,4 +1,4 @@
-// vistrel inspect: what a playfile of the older format holds, and what opening it does not take over.
+// vistrel inspect: what a playfile of the older format contains, and what is lost when it is opened.
 #include "frame/SystemErrors.h"
 #include "platform/Platform.h"
 #include "playfile/LegacyFormat.h"
@@ -81,7 +81,7 @@ ordered_json jsonOf(const InspectedRecord& record) {
             {"unknownBytes", {{"count", countOf(record.unknown)}, {"ranges", ranges}}}};
 }
 
-/// Record by record: a long file does not become one large value in memory.
+/// Prints record by record, so that a long file does not become one large value in memory.
 void printJson(std::ostream& out, const std::string& name, InputFile& file) {
     out << "{\n\"file\": " << JsonText(name) << ",\n\"records\": ";
     JsonArray records(out);
@@ -90,7 +90,7 @@ void printJson(std::ostream& out, const std::string& name, InputFile& file) {
     out << ",\n\"bytesBehindRecords\": " << ExtentOf(file).bytesAfter << "\n}\n";
 }
 
-/// Those up to the last one that is set, in hexadecimal.
+/// The flags up to the last one that is set, in hexadecimal.
 std::string flagsText(const std::array<std::uint8_t, kLegacyFlagCount>& flags) {
     constexpr std::string_view digits = "0123456789ABCDEF";
     std::string text;

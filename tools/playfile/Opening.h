@@ -14,9 +14,9 @@ namespace qrtVistrelClasses4 {
 inline constexpr std::string_view kNoLegacyMark =
     "not a playfile of the older format (PL2): it does not start with \"PLWREV 1.50\"";
 
-/// Reads the file `name`. What is wrong with it goes to `errors`, which are about the file afterwards.
+/// Reads the file `name`. Adds what is wrong with it to `errors`, whose subject is the file from then on.
 /// Returns nothing if it could not be read to its end, or if it is of the older format and the answer is no.
-/// Frames of the older format that could not be read are errors, too, but the others are returned.
+/// Frames of the older format that could not be read are errors, too, but the other frames are returned.
 std::optional<LoadOutcome> OpenPlayfile(const std::string& name, const AnswerOptions& options,
                                         ErrorLines& errors);
 

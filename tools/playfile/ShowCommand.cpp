@@ -18,7 +18,7 @@ constexpr const char* kLineCount = "TotalLinesAllowed"; // no member of a frame 
 
 struct ShowOptions {
     std::string file;
-    std::int16_t frame = 0; ///< 0: all of them.
+    std::int16_t frame = 0; ///< 0 for all frames.
     bool json = false;
     AnswerOptions answers;
 };

@@ -29,7 +29,7 @@ constexpr int kScaleOfSheet = 3;
 
 constexpr std::int64_t kMostPixels = 100'000'000;
 constexpr std::int64_t kMostDotsInText = 4'000'000;
-constexpr std::int64_t kLargestSide = 1'000'000; ///< Of a PNG, by its library.
+constexpr std::int64_t kLargestSide = 1'000'000; ///< Limit of the PNG library.
 
 struct PreviewOptions {
     std::string file;
@@ -50,7 +50,8 @@ FramePainter makePainter(const SignLook& sign, ErrorLines& errors) {
     return FramePainter(sign);
 }
 
-/// The sign of the typed name. Nothing, and an error, if the list of signs does not have it.
+/// The look of the sign with the typed name. Adds an error and returns nothing if the list of signs does not
+/// have it.
 std::optional<SignLook> findSignLook(const std::string& typed, ErrorLines& errors) {
     const std::optional<SignsFile> file = LoadSigns(errors);
     const std::optional<std::int16_t> number = file ? FindTypedSign(file->list, typed, errors) : std::nullopt;
@@ -73,7 +74,7 @@ void addFault(const PreviewFault& fault, ErrorLines& errors) {
                    " x " + std::to_string(kLargestBmpSide) + " pixels");
 }
 
-/// The frames with full paths of their pictures, which loading an older playfile does not look for.
+/// The frames, with full paths of their pictures. Loading an older playfile does not look for these.
 OneBasedArray<FrameRecord> framesOf(const Playfile& playfile) {
     OneBasedArray<FrameRecord> frames = playfile.frames;
     ReferenceFinder finder(playfile.fileName);

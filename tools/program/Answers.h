@@ -5,7 +5,7 @@
 
 namespace qrtVistrelClasses4 {
 
-/// How questions are answered beforehand. With neither they are asked.
+/// How questions are answered beforehand. If both are false, questions are asked.
 struct AnswerOptions {
     bool yes = false;
     bool no = false;

@@ -16,9 +16,9 @@ enum class ExitCode { done = 0, failed = 1, wrongUsage = 2 };
 
 /// One run of the program.
 struct Session {
-    /// What the command shows; printed when it has ended, or when there is much of it.
+    /// What the command shows. It is printed when the command has ended, or earlier if there is much of it.
     std::ostream& out;
-    /// Printed after it. A command that is done has failed if there are any.
+    /// Printed after the output. A command with errors has failed, even if it returns `done`.
     ErrorLines errors;
     /// The command that the arguments ask for.
     std::function<ExitCode()> command;

@@ -5,7 +5,7 @@
 
 namespace qrtVistrelClasses4 {
 
-/// A whole number in decimal. Options that are plain integers take octal and hexadecimal ones, too.
+/// A whole number in decimal. Options that are plain integers also accept octal and hexadecimal numbers.
 template <class Value>
 struct Decimal {
     Decimal() = default;

@@ -53,7 +53,7 @@ bool isEncodedIn(char32_t character, std::size_t size) {
     return character >= smallest[size - 1] && character <= 0x10ffff && !isSurrogate;
 }
 
-/// Takes one character off the front. Returns nothing if there is no whole one.
+/// Removes the first character and returns it. Returns nothing if there is no whole character.
 std::optional<char32_t> takeCharacter(std::string_view& utf8) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(utf8[i]); };
     const std::size_t size = byte(0) < 0x80 ? 1 : byte(0) < 0xe0 ? 2 : byte(0) < 0xf0 ? 3 : 4;

@@ -11,7 +11,8 @@ namespace qrtVistrelClasses4 {
 /// control characters of the same number, so that nothing is lost.
 std::string Utf8FromAnsi(std::string_view ansi);
 
-/// The way back. Returns nothing if `utf8` is not UTF-8 or has a character that the code page lacks.
+/// The reverse of `Utf8FromAnsi`. Returns nothing if `utf8` is not UTF-8 or has a character that the code
+/// page lacks.
 std::optional<std::string> AnsiFromUtf8(std::string_view utf8);
 
 /// `utf8` with a visible sign in place of every control character, and of every byte that is not UTF-8, for

@@ -21,12 +21,12 @@ std::string TextOf(const RuntimeError& error);
 /// Keeps errors until the program has shown what it has to show.
 class ErrorLines final : public ErrorReporter {
 public:
-    /// What the errors that follow are about: a file name, say, or a setting.
+    /// Sets what the following errors are about, for example a file name or a setting.
     void about(std::string_view subject) { subject_ = subject; }
 
-    /// Kept once, however often it is added.
+    /// A text that is added several times is kept once.
     void add(std::string_view text);
-    /// An error of the library's. Quiet ones are left out.
+    /// An error of the library. Quiet errors are left out.
     void add(const RuntimeError& error);
     /// An error in a file, with its line.
     void add(const FileError& error);
@@ -34,7 +34,7 @@ public:
     void report(const ErrorReport& report) override { add(report.error); }
 
     bool empty() const { return lines_.empty(); }
-    /// The last one counts those that have not been kept.
+    /// The last line counts the errors that were not kept.
     std::vector<std::string> lines() const;
 
 private:
@@ -44,7 +44,7 @@ private:
     std::size_t notKept_ = 0;
 };
 
-/// Reports quiet errors, too, as lines: if the library goes on without a word, the user of the program wants
+/// Keeps quiet errors as lines, too: even if the library goes on without a message, users of the program want
 /// to know.
 class EveryErrorReporter final : public ErrorReporter {
 public:

@@ -6,7 +6,7 @@
 
 namespace qrtVistrelClasses4 {
 
-/// The file's first bytes, `most` at the most. Raises the file system's errors.
+/// The first bytes of the file, at most `most`. Throws errors of the file system.
 std::string FileStart(const std::string& path, std::size_t most);
 
 } // namespace qrtVistrelClasses4

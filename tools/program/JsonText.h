@@ -10,13 +10,13 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Indented, and in ASCII: a playfile's control characters beyond it must not reach the terminal either.
-/// Bytes of file names that are not UTF-8 become U+FFFD.
+/// Indented, and in ASCII, so that control characters beyond ASCII in a playfile do not reach the terminal
+/// either. Bytes of file names that are not UTF-8 become U+FFFD.
 inline std::string JsonText(const nlohmann::ordered_json& value) {
     return value.dump(2, ' ', true, nlohmann::ordered_json::error_handler_t::replace);
 }
 
-/// Prints an array one element at a time: as JSON a long file takes far more memory than in its records.
+/// Prints an array one element at a time, because a long file takes far more memory as JSON than as records.
 class JsonArray {
 public:
     /// `out` must outlive the array.

@@ -1,4 +1,4 @@
-// The moment that texts with times and dates are shown at.
+// The moment for which texts with times and dates are shown.
 #pragma once
 
 #include "platform/Platform.h"
@@ -11,7 +11,7 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Not an aggregate: options would take its first number alone, too.
+/// Not an aggregate, because options would also accept its first number alone for an aggregate.
 struct Moment {
     Moment() = default;
     LocalTime time;

@@ -1,4 +1,4 @@
-// How near a mistyped name comes to another.
+// How similar a mistyped name is to another.
 #pragma once
 
 #include <cstddef>
@@ -6,7 +6,7 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Number of letters to put in, take out or change to make one name of the other, taken without case.
+/// Number of letters to insert, remove or change to turn one name into the other. Case is ignored.
 std::size_t NameDistance(std::string_view one, std::string_view other);
 
 } // namespace qrtVistrelClasses4

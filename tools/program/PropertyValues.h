@@ -1,5 +1,5 @@
-// Values of the library's properties, as they are shown and as they are typed in; those of a whole record by
-// its member table.
+// Values of the library's properties, as they are shown and typed in. A whole record is handled by its member
+// table.
 #pragma once
 
 #include "frame/Conversions.h"
@@ -70,7 +70,8 @@ struct TypedIn<bool> {
     static bool read(const std::string& text) { return TextToBoolean(text); }
 };
 
-/// The value that was typed. Returns nothing, and adds to `errors` what is wanted, if it is of another type.
+/// The value that was typed. Returns nothing, and adds the type that is expected to `errors`, if it is of
+/// another type.
 template <class Value>
 std::optional<Value> ValueFromTyped(std::string_view typed, ErrorLines& errors) {
     const std::optional<std::string> ansi = AnsiFromTyped(typed, errors);
@@ -84,7 +85,7 @@ std::optional<Value> ValueFromTyped(std::string_view typed, ErrorLines& errors) 
     }
 }
 
-/// What the property of a row reads as: what the row's own `get` makes of it, if it has one.
+/// The value of a row's property: the result of the row's own `get` if it has one, else the member.
 template <class Row>
 auto ValueOfProperty(const Row& row, const typename Row::Record& record) {
     if constexpr (requires { row.get(record); })
@@ -157,7 +158,7 @@ nlohmann::ordered_json JsonOf(const Record& record, const Table& table) {
     return object;
 }
 
-/// Name of the property that is most like `name`.
+/// Name of the property that is most similar to `name`.
 template <class Record, class Table>
 std::string NearestProperty(const Record& record, const Table& table, std::string_view name) {
     std::string nearest;
@@ -176,7 +177,7 @@ std::string NearestProperty(const Record& record, const Table& table, std::strin
 template <class Record, class Table>
 bool SetByName(Record& record, const Table& table, std::string_view name, std::string_view typed,
                ErrorLines& errors) {
-    std::optional<bool> done; // empty as long as the property is not found
+    std::optional<bool> done; // empty until the property is found
     ForEachProperty(
         record, table,
         [&]<class Row>(const std::string& fullName, const Row& row, typename Row::Record& holder) {

@@ -12,10 +12,10 @@
 
 namespace qrtVistrelClasses4 {
 
-/// The whole of `text`, digits alone, as a number from `least` to `most`.
+/// The number in `text`, which must consist of digits alone. Nothing unless it is from `least` to `most`.
 std::optional<std::int32_t> NumberFromText(std::string_view text, std::int32_t least, std::int32_t most);
 
-/// "128x32" or "128X32". None unless both are numbers from 1 to `largest`.
+/// "128x32" or "128X32". Nothing unless both are numbers from 1 to `largest`.
 std::optional<DotSize> SizeFromText(std::string_view text, std::int32_t largest);
 
 /// "--size", which takes sizes up to `largest`. `size` must outlive the command.

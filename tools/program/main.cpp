@@ -1,4 +1,4 @@
-// vistrel: the library's work from the command line.
+// vistrel: the library on the command line.
 #include "frame/Traced.h"
 #include "platform/Platform.h"
 #include "tools/program/Commands.h"
@@ -92,7 +92,8 @@ ExitCode runProgram(const std::vector<std::string>& arguments, Console& console)
     AddEffectsCommand(program, session);
     AddFontCommand(program, session);
     try {
-        program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend())); // taken from the back
+        program.parse(std::vector<std::string>(arguments.rbegin(),
+                                               arguments.rend())); // the parser takes them from the end
     } catch (const CLI::ParseError& error) {
         std::ostringstream explanation;
         const int code = program.exit(error, session.out, explanation);

@@ -15,7 +15,7 @@ struct RecentOptions {
     std::string name;
 };
 
-/// The list as it is on the disk; what is wrong with it is reported.
+/// The list on disk. Anything wrong with it is reported.
 RecentFilesOutcome loadList(ErrorLines& errors) {
     errors.about("the list of recent files");
     const std::optional<std::string> path = RecentFilesPath();
@@ -39,7 +39,7 @@ ExitCode list(const RecentOptions& options, Session& session) {
     return ExitCode::done;
 }
 
-/// The typed name; nothing, after the reason has been reported, if the list cannot hold it.
+/// The typed name; nothing, after reporting the reason, if the list cannot hold it.
 std::optional<std::string> typedName(const RecentOptions& options, ErrorLines& errors) {
     errors.about(options.name);
     const std::optional<std::string> name = AnsiFromTyped(options.name, errors);

@@ -19,7 +19,7 @@ struct SignsOptions {
     bool json = false;
     std::string name;
     std::string newName;
-    std::vector<std::string> assignments; ///< As "DisplayWidth=128".
+    std::vector<std::string> assignments; ///< For example "DisplayWidth=128".
 };
 
 /// The typed name for a sign, which may be the present one of sign `number`. Returns nothing, and adds the
@@ -119,7 +119,7 @@ ExitCode showSign(const SignsOptions& options, Session& session) {
     return ExitCode::done;
 }
 
-// The changes. If one cannot be made, the reason is in `errors`.
+// The changes. If a change cannot be made, its reason is in `errors`.
 
 /// Makes all assignments to sign `number`.
 ExitCode assign(SignList& list, std::int16_t number, const SignsOptions& options, ErrorLines& errors) {

@@ -10,13 +10,14 @@
 
 namespace qrtVistrelClasses4 {
 
-/// A list that was loaded from where it was saved last. Values are as the library's properties read them.
+/// A list that was loaded from the place where it was saved last. Values are as the library's properties read
+/// them.
 struct SignsFile : SignListOutcome {
     std::string path;
 };
 
-/// Loads the list, as far as it can be read. Adds an error, and returns nothing, if it is not known where the
-/// list is.
+/// Loads the list up to the first error. Adds an error and returns nothing if it is not known where the list
+/// is.
 std::optional<SignsFile> LoadSigns(ErrorLines& errors);
 
 /// Adds the reasons why the list is not what it should be.
