@@ -30,7 +30,8 @@ struct BrightnessSchedule {
 };
 
 /// One sign. Texts are 8-bit characters of the ANSI code page. The application and the sign decide on the
-/// units of delays, speeds and rates, and on the form of colours, addresses and blink texts.
+/// units of delays, speeds, rates, sizes of frames and adjustments of the clock, and on the form of colours,
+/// addresses and blink texts.
 struct DisplayRecord {
     std::string DisplayName;
     std::int16_t DisplayType = 0;   ///< Number of the sign type; `SignTypeName` gives its name.
@@ -44,8 +45,8 @@ struct DisplayRecord {
     std::string DisplayIDs; ///< Address, or addresses, on the line.
     bool DaylightSavingsTime = false;
     std::int32_t ScrollPauseDelay = 0;
-    std::int16_t TempProbeAdjust = 0; ///< Added to the probe's reading.
-    std::int16_t TimeZoneAdjustment = 0;
+    std::int16_t TempProbeAdjust = 0;    ///< Added to the probe's reading.
+    std::int16_t TimeZoneAdjustment = 0; ///< Of the sign's clock.
     std::int16_t ScrollingTextSpeed = 0;
     bool ResetOnGetParameters = false;
     std::int16_t BrightnessLevel = 0;
@@ -57,12 +58,12 @@ struct DisplayRecord {
     std::string BaudRate;
     std::int16_t ConnectionMethod = 0;
     bool LightSensorInstalled = false;
-    std::int32_t FrameSize = 0;
-    std::int16_t Switch1 = 0;
-    std::int16_t Switch2 = 0;
-    std::int16_t BlinkRateShow = 0;
-    std::int16_t BlinkRateClear = 0;
-    std::string AppDesc; ///< Description of the sign's firmware, with its version.
+    std::int32_t FrameSize = 0;      ///< Of the sign; kept for the application.
+    std::int16_t Switch1 = 0;        ///< Value of the first switch; kept for the application.
+    std::int16_t Switch2 = 0;        ///< Value of the second switch; kept for the application.
+    std::int16_t BlinkRateShow = 0;  ///< How long a blinking text is shown.
+    std::int16_t BlinkRateClear = 0; ///< How long it is not shown.
+    std::string AppDesc;             ///< Description of the sign's firmware, with its version.
     std::string BlinkBehavior;
     std::string BlinkTimes;
     // They have no meaning here, but are kept from file to file.

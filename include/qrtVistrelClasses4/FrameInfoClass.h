@@ -81,7 +81,8 @@ public:
     /// stay.
     void InitFrame(std::int16_t LineToInit);
 
-    // The frame under `CurrentFrame`. A cursor outside the frames is error 9.
+    // The frame under `CurrentFrame`. A cursor outside the frames is error 9. `FrameRecord` has the meaning
+    // and the unit of each value.
 
     std::string FrameName() const { return read<&FrameRecord::FrameName>(); }
     void FrameName(const std::string& vData) { write<&FrameRecord::FrameName>(vData); }
@@ -152,7 +153,7 @@ public:
     void CurrentLineText(const std::string& vData) { write<&LineRecord::CurrentLineText>(vData); }
     bool Scrolling() const { return read<&LineRecord::Scrolling>(); }
     void Scrolling(bool vData) { write<&LineRecord::Scrolling>(vData); }
-    /// Font number, under either name.
+    /// Font number (see `LineRecord`), under either name.
     std::int16_t LineFontSize() const { return read<&LineRecord::LineFontSize>(); }
     void LineFontSize(std::int16_t vData) { write<&LineRecord::LineFontSize>(vData); }
     std::int16_t CurrentLineFont() const { return readRow(kCurrentLineFont); }

@@ -17,12 +17,13 @@ namespace qrtVistrelClasses4 {
 
 /// A line of text. Texts are 8-bit characters of the ANSI code page.
 struct LineRecord {
-    std::int16_t LineFontSize = 0; ///< Font number.
-    std::string CurrentLineText;   ///< May hold embedded sign variables.
+    /// Font number: 0 to 11 are the numbered fonts, 12 is the font in the file `LineCustomFont`.
+    std::int16_t LineFontSize = 0;
+    std::string CurrentLineText; ///< May hold embedded sign variables.
     bool Scrolling = false;
     bool Blinking = false;
     bool Inverse = false;
-    std::string LineCustomFont; ///< File name of a custom font; empty for none.
+    std::string LineCustomFont; ///< File name of a custom font, used by font number 12; empty for none.
     bool Merge = false;
     // Spare values of the file. They are kept, and have no meaning here.
     std::array<std::int16_t, 2> spareShorts{};
@@ -37,24 +38,28 @@ struct FrameRecord {
     std::string PicturefileName; ///< Picture or animation file.
     std::string commandfile;     ///< Raw command file of a command frame.
     OneBasedArray<LineRecord> lines;
-    std::int16_t FrameType = 0; ///< A number of `NEW_FRAME_TYPES`, or any other; see `KindOf`.
-    std::int16_t FontWidth = 0; ///< Files do not hold it.
-    std::int16_t FontHeight = 0;
+    std::int16_t FrameType = 0;  ///< A number of `NEW_FRAME_TYPES`, or any other; see `KindOf`.
+    std::int16_t FontWidth = 0;  ///< Kept for the application, but files do not hold it.
+    std::int16_t FontHeight = 0; ///< Kept for the application.
     std::int16_t PrefixCode = 0; ///< Appear effect.
     double DelayTime = 0;        ///< Seconds that the frame stays.
     std::int16_t SuffixCode = 0; ///< Disappear effect.
     std::string FrameName;
-    std::int16_t PictureFileDisplay = 0; ///< How the picture is placed.
-    std::int16_t PictureFileType = 0;
+    /// How the picture is placed. Loading an older playfile stores 1 for a cropped picture and 0 for others.
+    std::int16_t PictureFileDisplay = 0;
+    std::int16_t PictureFileType = 0;                    ///< Kind of picture file; kept for the application.
     std::int16_t TotalDisplayFramesUsedForThisFrame = 0; ///< Frames of the sign that it takes when sent.
+    /// Height of the frame's row in the application's grid of frames; the application decides on the unit.
     std::int16_t RowHeightForGrid = 0;
     // Flags are stored as 1 and 0, but files hold other numbers too. Each flag reads those in its own way.
     std::int16_t SendCommandFileAsIs = 0; ///< 1 when the command file is sent unchanged.
     std::int16_t OverlayFrame = 0;        ///< 1 when drawn over the frame before.
-    std::int16_t AVIFrames = 0;           ///< Pictures in the animation file.
+    std::int16_t AVIFrames = 0;           ///< Number of pictures in the animation file.
     std::int16_t FastScroll = 0;          ///< 1 when scrolling lines scroll fast.
-    std::string AudioFile;
-    std::int32_t WinBackColor = 0;       ///< Background of the preview: red + 256 * green + 65536 * blue.
+    std::string AudioFile;                ///< Kept for the application.
+    /// Background of the preview: red + 256 * green + 65536 * blue. A negative number means a colour of the
+    /// system that it was chosen on; previews draw black instead.
+    std::int32_t WinBackColor = 0;
     std::int32_t FixedNumberOfLines = 0; ///< Other than 0: the frame keeps this many lines.
     // Spare values of the file. They are kept, and have no meaning here.
     std::array<std::string, 4> spareTexts;

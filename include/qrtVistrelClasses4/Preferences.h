@@ -25,18 +25,21 @@ struct PreferredSchedule {
 
 using PreferredSchedules = OneBasedArray<PreferredSchedule>;
 
+/// The library itself uses only `BMPCrop` and `AVICrop`, and keeps all others for the application. The
+/// application and the sign decide on the units of delays, speeds and adjustments, and on the range of
+/// brightness and sensor levels. No value is checked, except as `PreferenceRule::neverZero` says.
 /// Texts are 8-bit characters of the ANSI code page. A default-constructed value is empty.
 /// `DefaultPreferences` returns what the application starts with.
 struct Preferences {
-    std::string LastGraphicFilePath;
-    std::int16_t DisplayHeight{};
-    std::int16_t DisplayWidth{};
-    double DelayMinimum{};
-    double DelayMaximum{};
-    double DelayStep{};
+    std::string LastGraphicFilePath; ///< Folder of pictures.
+    std::int16_t DisplayHeight{};    ///< LED pixels.
+    std::int16_t DisplayWidth{};     ///< LED pixels.
+    double DelayMinimum{};           ///< Least delay that the frame editor offers.
+    double DelayMaximum{};           ///< Greatest delay that it offers.
+    double DelayStep{};              ///< Distance between the delays that it offers.
     bool WizardMode{};
     bool SwitchOperated{};
-    std::string DisplayID;
+    std::string DisplayID; ///< Address of the sign.
     std::int16_t ScrollPauseDelay{};
     std::int16_t TemperatureProbeAdjust{};
     std::int16_t TimeZoneAdjust{};
@@ -49,7 +52,7 @@ struct Preferences {
     std::int16_t ScheduleDefaultBrightness{};
     PreferredSchedules schedules{kBrightnessSchedules};
     bool DoesDisplaySupportColor{};
-    std::string LastPlayfilePath;
+    std::string LastPlayfilePath; ///< Folder of playfiles.
     bool SupportOldFirmware{};
     bool PlayAutoEnable{};
     bool ChooseDispGetInfo{};
@@ -59,8 +62,8 @@ struct Preferences {
     std::int16_t DefaultDelay{};
     std::int16_t BroadcastTRDelay{};
     bool ShowImages{};
-    bool AVICrop{};
-    bool BMPCrop{};
+    bool AVICrop{}; ///< Animations of an older playfile are cropped.
+    bool BMPCrop{}; ///< Bitmaps of an older playfile are cropped.
 
     bool operator==(const Preferences&) const = default;
 };
