@@ -28,8 +28,8 @@ public:
     virtual void report(const ErrorReport& report) = 0;
 };
 
-/// The reporter in use while no other is installed: it writes a log file and informs the operator. The room
-/// `settings/` defines it, because the log's folder and the operator's wishes are settings.
+/// The reporter in use while no other is installed: it writes a log file and informs the operator, in
+/// the way that the application's settings say.
 ErrorReporter& defaultErrorReporter();
 
 /// Installs a reporter for the whole process.

@@ -63,10 +63,10 @@ public:
     void TotalFramesAllowed(std::int16_t vData) {
         writeOwn("TotalFramesAllowed", totalFramesAllowed_, vData);
     }
-    /// Whether there are unsaved changes. Only the application sets it. Untraced.
+    /// True if there are unsaved changes. Only the application sets it. Untraced.
     bool PlayFileHasChanged() const { return playFileHasChanged_; }
     void PlayFileHasChanged(bool vData) { playFileHasChanged_ = vData; }
-    /// Whether the playfile came from the older format. Untraced.
+    /// True if the playfile came from the older format. Untraced.
     bool IsLegacy() const { return playfile_.isLegacy; }
     /// If true, no questions are asked. Failures are still shown. Untraced.
     void SetSuppressMessages(bool bNewValue) { suppressMessages_ = bNewValue; }
@@ -90,7 +90,7 @@ public:
     /// error 6.
     FRAME_TYPES FrameType() const { return read<&FrameRecord::FrameType>(); }
     void FrameType(FRAME_TYPES vData) { write<&FrameRecord::FrameType>(vData); }
-    /// Appear effect. 9999 always goes together with the disappear effect 9999.
+    /// Appear effect. 9999 (PhotoRealistic) is set for both effects or for neither.
     std::int16_t PrefixCode() const { return read<&FrameRecord::PrefixCode>(); }
     void PrefixCode(std::int16_t vData) { write<&FrameRecord::PrefixCode>(vData); }
     /// Disappear effect, coupled in the same way.

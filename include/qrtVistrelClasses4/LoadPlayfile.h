@@ -15,7 +15,7 @@ namespace qrtVistrelClasses4 {
 /// The most frames that the application allows in a playfile.
 inline constexpr std::int16_t kUsualFramesAllowed = 1048;
 
-/// Whether pictures of a kind are cropped, which decides how an older playfile places them.
+/// The kinds of picture that are cropped. An older playfile does not say it for its pictures.
 struct Cropping {
     bool bitmaps = false;
     bool animations = false;

@@ -11,7 +11,7 @@ namespace qrtVistrelClasses4 {
 struct Playfile {
     OneBasedArray<FrameRecord> frames; ///< Numbered from 1.
     std::string fileName;  ///< Path of the file it was loaded from or saved to last; empty if none.
-    bool isLegacy = false; ///< Whether it came from a file of the older format.
+    bool isLegacy = false; ///< True if it came from a file of the older format.
 
     bool operator==(const Playfile&) const = default;
 };
