@@ -23,7 +23,8 @@ public:
 
     static constexpr std::string_view ClassName() { return "SettingsInfoClass"; }
 
-    /// The object's identity number, from 1; 0 if there were no numbers left.
+    /// The object's identity number, from 1; 0 if there were no numbers left. Each thread counts on its own,
+    /// so objects of two threads can have the same number.
     std::int32_t ClassDebugID() const { return classDebugID_; }
 
     /// All preferences at once.
