@@ -1,4 +1,7 @@
 // Loading and saving the command table.
+//
+// These functions use the platform and the settings of the process. Several threads may call them at once for
+// different files.
 #pragma once
 
 #include <qrtVistrelClasses4/CommandTable.h>

@@ -231,7 +231,8 @@ public:
     /// skipped.
     void FillEffectList(ListControl* prefixList, ListControl* suffixList);
     /// If "NewEffects.ini" exists, offers the optional effects from now on and fills both pairs of lists; the
-    /// second pair ends without its loop items. True only for the one call in the process that does so.
+    /// second pair ends without its loop items. True only for the one call in the process that does so:
+    /// what is offered is one atomic flag, which all objects and threads share.
     bool LoadNewEffectLists(ListControl* prefixList1, ListControl* suffixList1, ListControl* prefixList2,
                             ListControl* suffixList2);
     /// Fills the lists of a dialog, always without their loop items.

@@ -1,4 +1,7 @@
 // The files opened last as a value, and their file.
+//
+// The functions of files use the platform and the settings of the process. Several threads may call them at
+// once for different files.
 #pragma once
 
 #include <qrtVistrelClasses4/OneBasedArray.h>

@@ -1,4 +1,7 @@
 // Writing a playfile or its export, and what came of it.
+//
+// These functions use the platform and the settings of the process. Several threads may call them at once for
+// different files.
 #pragma once
 
 #include <qrtVistrelClasses4/Playfile.h>

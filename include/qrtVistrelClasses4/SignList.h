@@ -1,4 +1,7 @@
 // The list of signs ("displays") of a site as a value, and its file.
+//
+// The functions of files use the platform and the settings of the process. Several threads may call them at
+// once for different files.
 #pragma once
 
 #include <qrtVistrelClasses4/DisplayRecord.h>
