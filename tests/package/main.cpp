@@ -1,4 +1,4 @@
-// The README's example, as a program of its own that knows only the installed headers.
+// A user's program: loads a playfile and draws a frame of it with the installed headers only.
 #include <qrtVistrelClasses4/FramePainter.h>
 #include <qrtVistrelClasses4/LoadPlayfile.h>
 #include <qrtVistrelClasses4/SettingsInfoClass.h>
