@@ -3,6 +3,7 @@
 #include "frame/Conversions.h"
 #include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
+#include "frame/Traced.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
@@ -128,13 +129,13 @@ bool SignListReading::isMissing() const {
 
 SignListReading ReadSignList(const std::string& path, SignList& list) {
     SignListReading reading;
-    try {
+    const auto error = ErrorOf([&] {
         const FileBytes bytes = ValueOf(platform().files().read(path));
         list.signs.reserve(mostDisplays(bytes.size));
         readSigns(bytes.text(), list, reading);
-    } catch (...) {
-        reading.error = FileError{CurrentError(), {}};
-    }
+    });
+    if (error)
+        reading.error = FileError{*error, {}};
     return reading;
 }
 
@@ -150,7 +151,7 @@ SignListSaving SaveSignList(const SignList& list, const std::string& path,
     saving.halfWritten = halfWritten;
     FileSystem& files = platform().files();
     bool isOpened = false;
-    try {
+    saving.error = ErrorOf([&] {
         if (!halfWritten || *halfWritten != halfWrittenAt(files, path))
             saving.keepingError = keepPrevious(files, path); // else the copy is the last whole list
         const bool isNew = files.kindOf(path) == EntryKind::missing;
@@ -162,11 +163,9 @@ SignListSaving SaveSignList(const SignList& list, const std::string& path,
         saving.halfWritten.reset();
         if (isNew) // its name must outlive a power cut, too, if the file system supports that
             (void)files.flushFolder(std::string(SplitPath(path).folder));
-    } catch (...) {
-        saving.error = CurrentError();
-        if (isOpened)
-            saving.halfWritten = halfWrittenAt(files, path);
-    }
+    });
+    if (saving.error && isOpened)
+        saving.halfWritten = halfWrittenAt(files, path);
     return saving;
 }
 

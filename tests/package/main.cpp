@@ -1,12 +1,20 @@
-#include <qrtVistrelClasses4/FrameInfoClass.h>
+// The README's example, as a program of its own that knows only the installed headers.
+#include <qrtVistrelClasses4/FramePainter.h>
+#include <qrtVistrelClasses4/LoadPlayfile.h>
 #include <qrtVistrelClasses4/SettingsInfoClass.h>
 
 #include <iostream>
 
+using namespace qrtVistrelClasses4;
+
 int main(int, char** arguments) {
-    qrtVistrelClasses4::FrameInfoClass playfile;
-    qrtVistrelClasses4::SettingsInfoClass settings;
-    if (!playfile.GetPlayfileFromDisk(arguments[1]))
+    const LoadOutcome outcome = LoadPlayfile(arguments[1]);
+    if (!outcome.isComplete)
         return 1;
-    std::cout << playfile.TotalFrames() << " frames for a sign " << settings.DisplayWidth() << " dots wide\n";
+    const SettingsInfoClass settings;
+    std::cout << outcome.framesRead << " frames for a sign " << settings.DisplayWidth() << " dots wide\n";
+    FramePainter painter(SignLook{});
+    painter.draw(outcome.playfile.frames, 1, 1, {8, 2}, [](std::int32_t number, const PixelBuffer& dots) {
+        std::cout << "frame " << number << ", " << dots.width() << " x " << dots.height() << " dots\n";
+    });
 }

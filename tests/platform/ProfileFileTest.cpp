@@ -107,6 +107,12 @@ TYPED_TEST(ProfileFileTest, FindsTheFileInAnotherCaseAndNeitherMakesAFolderNorCh
     EXPECT_EQ(this->machine.fileCount(), 1);
 }
 
+TEST(IniText, KeepsBlankLinesAndIndentationOfOtherLines) {
+    const IniChange changes[] = {{"S", "k", "w"}, {"S", "n", "x"}};
+    EXPECT_EQ(ApplyIniChanges("\r\n  [S]  \r\n\r\n  k = v  \r\n\tj=1\r\n\r\n \t\r\n[T]\r\n", changes),
+              "\r\n  [S]  \r\n\r\nk=w\r\n\tj=1\r\nn=x\r\n\r\n \t\r\n[T]\r\n");
+}
+
 TEST(IniText, LeavesAFileOf16BitCharactersAsItIs) {
     MemoryPlatform machine;
     const std::string path = JoinPath(machine.library, "wide.ini"), text("\xff\xfe[\0S\0]\0", 8);

@@ -13,11 +13,14 @@ TEST_F(IniFiles, AreReadAndWrittenInTheSectionThatIsRegistered) {
     EXPECT_EQ(ini.Read("Key", "default"), "default");
     ini.Register("Section without a file", " ");
     EXPECT_FALSE(ini.Write("Key", "value"));
+    ini.Register(" ", path);
+    EXPECT_EQ(ini.Read("Key", "default"), "default");
     SystemIni system;
     EXPECT_EQ(system.Read("Key", "default"), "default");
     const std::string title = "! IniFile Logic Error: [Section] ";
     const std::string unregistered = title + "and FileName Not Registered in Private.Ini!";
-    EXPECT_EQ(takeBoxes(), (Texts{unregistered, unregistered, title + "Not Registered in Win.Ini!"}));
+    EXPECT_EQ(takeBoxes(),
+              (Texts{unregistered, unregistered, unregistered, title + "Not Registered in Win.Ini!"}));
     ini.Register("  Pier ", "  " + path + "  ");
     EXPECT_EQ(ini.Read("Name", "none"), "none");
     EXPECT_TRUE(ini.Write("Name", "East"));
