@@ -47,7 +47,7 @@ void RunFuzzed(FuzzedInput input) {
     host.machine.files().put(path, text);
     auto [names, fails] = readDirectly(text);
     MostRecentlyUsed recent;
-    Require(host.reports.all.empty() == !fails, "a damaged file is told");
+    Require(host.reports.all.empty() == !fails, "a damaged file is reported");
     Require(host.machine.files().content(path + ".bak") == (fails ? std::optional(text) : std::nullopt),
             "a damaged file is kept");
     while (!input.atEnd() && !hasQuotes(names)) {

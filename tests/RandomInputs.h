@@ -13,8 +13,8 @@ class RandomInputs {
 public:
     /// As many as `QRT_RANDOM_INPUTS` in the environment says.
     static int count() {
-        const char* const told = std::getenv("QRT_RANDOM_INPUTS");
-        return told ? std::atoi(told) : 3000;
+        const char* const given = std::getenv("QRT_RANDOM_INPUTS");
+        return given ? std::atoi(given) : 3000;
     }
     int below(int bound) { return static_cast<int>(random_() % static_cast<unsigned>(bound)); }
     unsigned long long bits() { return random_(); }

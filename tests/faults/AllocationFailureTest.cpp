@@ -7,7 +7,9 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-bool tells(const Store& store) { return store.saves() && store.loads() && !store.is(Store::loadsSilently); }
+bool reportsFailures(const Store& store) {
+    return store.saves() && store.loads() && !store.is(Store::loadsSilently);
+}
 
 class AllocationFailure : public testing::TestWithParam<Store> {};
 
@@ -48,7 +50,7 @@ TEST_P(AllocationFailure, LosesNothingAndLeavesAUsableObject) {
     RecordProperty("runs", number);
 }
 
-INSTANTIATE_TEST_SUITE_P(Stores, AllocationFailure, testing::ValuesIn(StoresThat(tells)),
+INSTANTIATE_TEST_SUITE_P(Stores, AllocationFailure, testing::ValuesIn(StoresThat(reportsFailures)),
                          [](const auto& row) { return std::string(row.param.name); });
 
 } // namespace

@@ -20,7 +20,7 @@ namespace {
 
 const char* wordFor(Version version) { return version == Version::next ? "next" : "old"; }
 
-std::size_t told(TestHost& host, bool countsQuiet) {
+std::size_t reportCount(TestHost& host, bool countsQuiet) {
     const auto counts = [=](const ErrorReport& report) { return countsQuiet || !report.error.isQuiet(); };
     return static_cast<std::size_t>(std::ranges::count_if(host.reports.all, counts)) +
            host.machine.messageBoxes().shown.size();
@@ -29,9 +29,9 @@ std::size_t told(TestHost& host, bool countsQuiet) {
 /// Whether `work` ends without a message and a report. Quiet reports may be ignored.
 template <class Work>
 bool untold(TestHost& host, Work work, bool countsQuiet = false) {
-    const std::size_t before = told(host, countsQuiet);
+    const std::size_t before = reportCount(host, countsQuiet);
     work();
-    return told(host, countsQuiet) == before;
+    return reportCount(host, countsQuiet) == before;
 }
 
 Subject currentPlayfile(TestHost&, const std::string& path) {

@@ -41,7 +41,7 @@ TYPED_TEST(ProfileFileTest, FindsSectionsAndKeys) {
         {"only one pair of quotes is taken off", "[S]\r\nk=\"' v '\"\r\n", "' v '"},
         {"one quote alone", "[S]\r\nk=\"\r\n", "\""},
         {"longer than fits", "[S]\r\nk=" + std::string(300, 'x'), std::string(254, 'x')},
-        {"default loses only blanks behind it", "", "  64\t", "S", "k", "  64\t  "},
+        {"default loses only blanks after it", "", "  64\t", "S", "k", "  64\t  "},
         {"its quotes are taken off", "", " 64 ", "S", "k", "' 64 '"},
         {"no room but for the end", "", "", "S", "k", "64", 1},
         {"no room at all", "", "", "S", "k", "64", 0},

@@ -12,7 +12,7 @@ TEST(Encoding, EveryByteIsACharacterOfTheCodePageAndComesBack) {
         EXPECT_EQ(AnsiFromUtf8(Utf8FromAnsi(ansi)), ansi);
     }
     EXPECT_EQ(Utf8FromAnsi("Caf\xe9 \x80\x9f \x81\x9d \xa0"), "Caf\u00e9 \u20ac\u0178 \u0081\u009d \u00a0")
-        << "first and last of its own range, undefined codes, first behind";
+        << "first and last of its own range, undefined codes, first after it";
 }
 
 TEST(Encoding, WhatTheCodePageLacksHasNoWayBack) {
@@ -40,7 +40,7 @@ TEST(Encoding, ControlCharactersAreShownBySigns) {
         {"letters of any length stay", "Caf\u00e9 \u20ac\U0001f600\U0010ffff",
          "Caf\u00e9 \u20ac\U0001f600\U0010ffff"},
         {"a control character alone", "\x9b[m", "\\x9B[m"},
-        {"one behind half a letter", "\xc3\x1b\xe2\x9d", "\\xC3\u241b\\xE2\\x9D"},
+        {"one after half a letter", "\xc3\x1b\xe2\x9d", "\\xC3\u241b\\xE2\\x9D"},
         {"one with more bytes than it takes", "\xe0\x82\x9b", "\\xE0\\x82\\x9B"},
         {"no character: half of a pair", "\xed\xa0\x80", "\\xED\\xA0\\x80"},
         {"no character: too large", "\xf4\x90\x80\x80", "\\xF4\\x90\\x80\\x80"},

@@ -27,12 +27,12 @@ TEST(FontPictures, BecomeTheBytesOfBothLayouts) {
     EXPECT_EQ(SizedFontBytes(FontOf(*pictures, FontLayout::sized, errors).value()), sized + none);
 }
 
-TEST(FontPictures, TellTheLineThatIsWrong) {
+TEST(FontPictures, ReportTheLineThatIsWrong) {
     std::string tall = "size 100x255\n126\n";
     for (int row = 0; row < 255; ++row)
         tall += ".\n";
     const std::string start = "size 4x2\n65 A\n";
-    const std::string noSize = R"(line 1: has to be "size" with width and height, as in "size 6x8")";
+    const std::string noSize = R"(line 1: must be "size" with width and height, such as "size 6x8")";
     const std::string noCode =
         R"(line 2: neither a row of dots ("#" and ".") nor the code of a letter (0 to 255))";
     constexpr auto header = FontLayout::header, sized = FontLayout::sized;

@@ -100,7 +100,7 @@ ExitCode getCommand(const CommandsOptions& options, Session& session) {
         const std::optional<std::int32_t> number = key ? table.find(*key) : std::nullopt;
         if (!number) {
             session.errors.about(options.key);
-            session.errors.add("there is no command of that key");
+            session.errors.add("there is no command with that key");
             return ExitCode::failed;
         }
         const ShownCommand command(table, *number);
@@ -126,7 +126,7 @@ std::optional<std::string> typedBytes(const CommandsOptions& options, ErrorLines
 const char* faultOf(const std::string& key, const std::string& bytes) {
     return bytes.empty()                 ? "a command needs bytes"
            : key.empty()                 ? "a command needs a key"
-           : BuiltInCommands().find(key) ? "a command that is built in cannot be changed"
+           : BuiltInCommands().find(key) ? "a built-in command cannot be changed"
            : (key + bytes).find_first_of("\n\r\xff") != key.npos
                ? "a command table cannot hold the bytes 0A, 0D and FF"
                : nullptr;

@@ -54,10 +54,10 @@ void AddTextCommand(CLI::App& program, Session& session) {
         text, "preview", "Shows a text as the preview does, with times, dates and variables for codes",
         R"(vistrel text preview "It is |h:m|" --at "2026-11-21 14:30")", session, options, &preview);
     AddMomentOption(previewCommand, options->at);
-    previewCommand.add_option("--hours", options->hours, "Hours that times are ahead of the clock")
+    previewCommand.add_option("--hours", options->hours, "Hours to add to the times shown")
         ->type_name("NUMBER");
     CLI::App& convertCommand =
-        AddCommand(text, "convert", "Puts the codes for placeholders of older playfiles",
+        AddCommand(text, "convert", "Replaces placeholders of older playfiles by their codes",
                    "vistrel text convert \"It is {time}\"", session, options, &convert);
     for (CLI::App* command : {&previewCommand, &convertCommand})
         command->add_option("TEXT", options->text, "A text of a sign")->required();

@@ -187,13 +187,14 @@ void AddFontCommand(CLI::App& program, Session& session) {
         ->add_option("SOURCE", options->source, R"(The pictures, "#" and "." under the code of each letter)")
         ->required();
     makeCommand->add_option("FILE", options->file, "The font to write")->required();
-    addSize(*makeCommand, "Size to enlarge the letters to, a whole number of times higher");
+    addSize(*makeCommand, "Size to enlarge the letters to; its height must be a multiple of theirs");
     makeCommand->add_flag("--header", options->header,
                           "Writes size and characters, too; else a font holds the characters 32 to 127");
     makeCommand->add_flag("--quiet", options->quiet, "Prints nothing when the font is made");
 
     CLI::App* checkCommand = add(
-        "check", &check, "Prints which characters a playfile needs and a font lacks, codes as in previews",
+        "check", &check,
+        "Prints the characters that a playfile needs and a font lacks, with codes replaced as in previews",
         "vistrel font check bin/6x8.cmd --for harbour.playfile");
     checkCommand->add_option("FILE", options->file, "The font")->required();
     checkCommand->add_option("--for", options->playfile, "The playfile")->required();

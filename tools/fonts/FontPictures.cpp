@@ -56,7 +56,7 @@ private:
         if (line.starts_with(kSizeKeyword))
             size = SizeFromText(line.substr(kSizeKeyword.size()), kLargestCellSide);
         if (!size)
-            return fail(number, R"(has to be "size" with width and height, as in "size 6x8")");
+            return fail(number, R"(must be "size" with width and height, such as "size 6x8")");
         font_.cell = CellSizeOf(*size);
         return true;
     }

@@ -91,7 +91,7 @@ Picture Enlarged(const Picture& letter, int factor) {
 std::optional<FontPictures> Enlarged(const FontPictures& font, CellSize cell, ErrorLines& errors) {
     if (cell.height % font.cell.height != 0) {
         errors.add("letters " + std::to_string(font.cell.height) + " dots high cannot become " +
-                   std::to_string(cell.height) + " high, only a whole number of times higher");
+                   std::to_string(cell.height) + " high, only a multiple of their height");
         return std::nullopt;
     }
     const int factor = cell.height / font.cell.height;
@@ -104,7 +104,7 @@ std::optional<FontPictures> Enlarged(const FontPictures& font, CellSize cell, Er
         if (width > kMostDrawnColumns) {
             errors.add("line " + std::to_string(letter.line) + ": letter " + std::to_string(letter.code) +
                        " would become " + std::to_string(width) + " dots wide, and no more than " +
-                       std::to_string(kMostDrawnColumns) + " are ever drawn");
+                       std::to_string(kMostDrawnColumns) + " are drawn");
             return std::nullopt;
         }
         letter.rows = Enlarged(letter.rows, factor);

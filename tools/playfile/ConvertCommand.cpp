@@ -67,7 +67,7 @@ void convertFile(const std::string& from, const std::string& to, Counts& counts,
     if (!opened->playfile.isLegacy)
         return session.errors.add("not converted: it is a current playfile already");
     if (platform().files().hasEntry(to)) // a link that leads nowhere must not be written through either
-        return session.errors.add("not converted: " + to + " is there already");
+        return session.errors.add("not converted: " + to + " exists already");
     if (!SaveOpened(*opened, to, {.no = true}, session)) // the files it refers to stay where they are
         return;
     ++counts.converted;
@@ -110,8 +110,8 @@ void AddConvertCommand(CLI::App& program, Session& session) {
         ->required();
     command
         .add_option("--to", options->to,
-                    "Folder for the new ones, which end in .playfile; made when it is missing. Files that "
-                    "are there already are left alone")
+                    "Folder for the new files, which end in .playfile; made if it is missing. Existing files "
+                    "are left alone")
         ->required();
 }
 

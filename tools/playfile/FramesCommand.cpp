@@ -185,12 +185,11 @@ void AddFramesCommand(CLI::App& program, Session& session) {
                    "vistrel frames harbour.playfile move 2 5 --out new.playfile");
     frames.require_subcommand(1);
     frames
-        .add_option(
-            "FILE", options->file,
-            "The playfile; saved in place unless --out names another file. Files that it names and that "
-            "are found only beside it are saved with that place")
+        .add_option("FILE", options->file,
+                    "The playfile; saved in place unless --out names another file. Files that it refers to "
+                    "and that are found only beside it are saved with that place")
         ->required();
-    frames.add_option("--out", options->out, "The file to save; one that is there is replaced");
+    frames.add_option("--out", options->out, "The file to save; an existing file is replaced");
     AddAnswerOptions(frames, options->answers);
     frames.add_flag("--json", options->json, "Prints the file, what was done and the number of frames");
 
@@ -200,25 +199,25 @@ void AddFramesCommand(CLI::App& program, Session& session) {
     const auto takeAt = [&](CLI::App* command) {
         command
             ->add_option("AT", options->at,
-                         "Number, from 1, that the first new frame gets; one more than the last: the end")
+                         "Number, from 1, that the first new frame gets; one more than the last for the end")
             ->required();
     };
     const auto takeFrames = [&](CLI::App* command) {
-        command->add_option("FRAMES", options->frames, "One frame, as 4, or several, as 3-5")->required();
+        command->add_option("FRAMES", options->frames, "One frame, such as 4, or several, such as 3-5")
+            ->required();
     };
 
-    takeAt(add("insert", &editFrames<insertFrame>, "Makes room for an empty frame",
+    takeAt(add("insert", &editFrames<insertFrame>, "Inserts an empty frame",
                "vistrel frames harbour.playfile insert 3"));
-    takeFrames(add("delete", &editFrames<deleteFrames>, "Takes frames out; the only frame is emptied instead",
+    takeFrames(add("delete", &editFrames<deleteFrames>, "Deletes frames; the only frame is emptied instead",
                    "vistrel frames harbour.playfile delete 3-5"));
     CLI::App* move = add("move", &editFrames<moveFrame>, "Moves a frame to the place of another",
                          "vistrel frames harbour.playfile move 2 5");
     move->add_option("FROM", options->from, "Number of the frame, from 1")->required();
-    move->add_option("TO", options->to, "Number that it has then")->required();
-    CLI::App* copy =
-        add("copy", &editFrames<copyFrames>,
-            "Puts copies of frames elsewhere; merging of lines and their fixed number are not copied",
-            "vistrel frames harbour.playfile copy 3-5 10");
+    move->add_option("TO", options->to, "Number that it gets")->required();
+    CLI::App* copy = add("copy", &editFrames<copyFrames>,
+                         "Inserts copies of frames; merging of lines and their fixed number are not copied",
+                         "vistrel frames harbour.playfile copy 3-5 10");
     takeFrames(copy);
     takeAt(copy);
     CLI::App* paste = add(
@@ -228,7 +227,7 @@ void AddFramesCommand(CLI::App& program, Session& session) {
     paste->add_option("OTHER", options->other, "The other playfile")->required();
     takeAt(paste);
     paste->add_option("--frames", options->framesOfOther,
-                      "One frame of it, as 4, or several, as 3-5; else all");
+                      "One frame of it, such as 4, or several, such as 3-5; else all");
 }
 
 } // namespace qrtVistrelClasses4

@@ -26,7 +26,7 @@ bool goesOn(const LoadOutcome& outcome, const AnswerOptions& options, ErrorLines
     }
     addMissingFrames(outcome, errors);
     if (const std::uint64_t count = outcome.legacy->bytesAfterRecords; count > 0)
-        errors.add("the last " + std::to_string(count) + " bytes are no whole frame");
+        errors.add("the last " + std::to_string(count) + " bytes are not a whole frame");
     return true;
 }
 

@@ -25,7 +25,7 @@ void AddSaveCommand(CLI::App& program, Session& session) {
     CLI::App& command = AddCommand(program, "save", "Opens a playfile and saves it under another name",
                                    "vistrel save harbour.playfile pier.playfile", session, options, &save);
     command.add_option("IN", options->from, "The playfile to open")->required();
-    command.add_option("OUT", options->to, "The file to save; one that is there is replaced")->required();
+    command.add_option("OUT", options->to, "The file to save; an existing file is replaced")->required();
     AddAnswerOptions(command, options->answers);
 }
 

@@ -65,13 +65,13 @@ void addFault(const PreviewFault& fault, ErrorLines& errors) {
     for (const std::string& message : fault.messages)
         errors.add(fault.what == customFont ? Utf8FromAnsi(message) : message);
     if (fault.what == unnamedFont)
-        errors.add("a line has a custom font, but names none");
+        errors.add("a line has a custom font, but does not name it");
     if (fault.what == unknownFontNumber)
         errors.add("there is no font " + fault.name);
     if (fault.what == picture)
         errors.add(Utf8FromAnsi(SplitPath(fault.name).name) +
-                   " cannot be drawn: it is no uncompressed BMP of up to " + std::to_string(kLargestBmpSide) +
-                   " x " + std::to_string(kLargestBmpSide) + " pixels");
+                   " cannot be drawn: it is not an uncompressed BMP of up to " +
+                   std::to_string(kLargestBmpSide) + " x " + std::to_string(kLargestBmpSide) + " pixels");
 }
 
 /// The frames, with full paths of their pictures. Loading an older playfile does not look for these.
@@ -228,14 +228,15 @@ void AddPreviewCommand(CLI::App& program, Session& session) {
     command.add_flag("--sheet", options->sheet, "Shows all frames, with their numbers and names")
         ->excludes(frame);
     AddSizeOption(command, options->size, kMost16Bit,
-                  "Dots of the sign, from 1x1 to 32767x32767; else the size of --sign, else one that takes "
+                  "Dots of the sign, from 1x1 to 32767x32767; else the size of --sign, else one that shows "
                   "all texts that do not scroll, and all pictures, of the playfile, up to 512x128");
     command.add_option("--sign", options->sign,
-                       "Name of a sign in the list of signs, whose size, type and colours are taken; else an "
+                       "Name of a sign in the list of signs, whose size, type and colours are used; else an "
                        "amber one");
-    auto* out = command.add_option("--out", options->out,
-                                   "PNG file to write the picture to; else it goes to the terminal, or in "
-                                   "plain letters to where output goes");
+    auto* out = command.add_option(
+        "--out", options->out,
+        "PNG file to write the picture to; without it, the picture goes to the terminal, or in "
+        "plain letters to a file or pipe");
     command
         .add_option("--scale", options->scale,
                     "Pixels from one dot to the next; else 6, in a sheet 3 or as many as it allows")

@@ -89,7 +89,7 @@ void AddRecentCommand(CLI::App& program, Session& session) {
                "vistrel recent add harbour.playfile", session, options, &add)
         .add_option("NAME", options->name, "Name of a file, which need not exist")
         ->required();
-    AddCommand(recent, "remove", "Takes a name out, and shows the list",
+    AddCommand(recent, "remove", "Removes a name, and shows the list",
                "vistrel recent remove harbour.playfile", session, options, &remove)
         .add_option("NAME", options->name, "The name, in any case")
         ->required();

@@ -95,7 +95,8 @@ void store(const std::string& key, const std::string& text, ErrorLines& errors) 
         errors.add(*written.error);
     else if (!written.readsBack)
         errors.add(
-            "only part of the text is kept: no blanks or quotes around it, and 254 characters at most");
+            "only part of the text is kept: the file holds no blanks or quotes around it, and at most 254 "
+            "characters");
 }
 
 ExitCode set(const SettingsOptions& options, Session& session) {

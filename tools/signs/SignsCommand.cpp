@@ -202,7 +202,7 @@ ExitCode changeSigns(const Change& change, const SignsOptions& options, Session&
     session.out << Visible(file->path + ": " + done) << "; " << count << (count == 1 ? " sign" : " signs")
                 << " now\n";
     if (readFrom != file->path)
-        session.out << Visible("The list had been read from " + readFrom + ", which is as it was.") << '\n';
+        session.out << Visible("The list was read from " + readFrom + ", which is unchanged.") << '\n';
     return ExitCode::done;
 }
 
@@ -214,8 +214,9 @@ void AddSignsCommand(CLI::App& program, Session& session) {
                                  "vistrel signs set \"Pier 1\" DisplayWidth=192");
     signs.require_subcommand(1);
     signs.add_flag("--json", options->json, "Prints JSON: signs with every property, or what was done");
-    signs.footer("The list is read where it was saved last. It is saved as Displays.dat in the folder of the "
-                 "program, or of --home; the list that was there stays beside it as Displays.dat.bak.");
+    signs.footer(
+        "The list is read from where it was saved last. It is saved as Displays.dat in the folder of the "
+        "program, or of --home. The previous list is kept beside it as Displays.dat.bak.");
 
     const auto add = [&](const char* name, auto run, const char* description, const char* example) {
         CLI::App& command = AddCommand(signs, name, description, example);
@@ -234,9 +235,10 @@ void AddSignsCommand(CLI::App& program, Session& session) {
         return command;
     };
     const auto takeAssignments = [&](CLI::App* command) {
-        return command->add_option("PROPERTIES", options->assignments,
-                                   "What to set, as DisplayWidth=192 or \"Schedule1.StartTime=6:30 PM\"; "
-                                   "\"signs show\" prints the names");
+        return command->add_option(
+            "PROPERTIES", options->assignments,
+            "What to set, such as DisplayWidth=192 or \"Schedule1.StartTime=6:30 PM\"; "
+            "\"signs show\" prints the names");
     };
 
     add("list", &listSigns, "Shows all signs", "vistrel signs list");

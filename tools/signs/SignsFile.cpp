@@ -68,7 +68,7 @@ void AddFaults(const SignsFile& file, ErrorLines& errors) {
         errors.add(file.error->error);
         errors.about(file.path);
         if (!file.list.signs.empty())
-            errors.add("only " + counted(file.wholeSigns, "sign") + " could be read whole");
+            errors.add("only " + counted(file.wholeSigns, "sign") + " could be read completely");
     } else if (endsNameless(file.list)) {
         errors.add("the last sign has no name, so that the list counts as empty and hides " +
                    counted(file.list.signs.upperBound(), "record"));
