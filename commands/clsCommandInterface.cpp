@@ -1,5 +1,6 @@
 #include <qrtVistrelClasses4/clsCommandInterface.h>
 
+#include "frame/SystemErrors.h"
 #include "frame/Traced.h"
 
 #include <utility>
@@ -36,8 +37,7 @@ void clsCommandInterface::LoadCommandTable() {
             CommandTableOutcome outcome = qrtVistrelClasses4::LoadCommandTable(CommandTablePath());
             table_ = std::move(outcome.table);
             source_ = std::move(outcome.source);
-            if (outcome.error)
-                throw *outcome.error;
+            Check(outcome.error);
         });
     });
 }
@@ -50,8 +50,7 @@ void clsCommandInterface::SaveCommandTable() {
     traced(sub("SaveCommandTable"), [&] {
         quietly([&] {
             const SavedCommandTable saved = qrtVistrelClasses4::SaveCommandTable(table_, source_);
-            if (saved.error)
-                throw *saved.error;
+            Check(saved.error);
         });
     });
 }

@@ -38,4 +38,9 @@ void Check(SystemError error) {
         throw ErrorFor(error);
 }
 
+void Check(const std::optional<RuntimeError>& error) {
+    if (error)
+        throw RuntimeError(*error);
+}
+
 } // namespace qrtVistrelClasses4

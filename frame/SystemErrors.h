@@ -4,6 +4,7 @@
 #include "platform/SystemError.h"
 #include <qrtVistrelClasses4/RuntimeError.h>
 
+#include <optional>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
@@ -13,6 +14,8 @@ RuntimeError ErrorFor(SystemError error);
 
 /// Throws if `error` is not `none`.
 void Check(SystemError error);
+/// Throws the error of an outcome, if there is one.
+void Check(const std::optional<RuntimeError>& error);
 
 /// The value of `result`. Throws its error if there is none.
 template <class T>

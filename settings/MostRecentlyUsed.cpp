@@ -1,5 +1,6 @@
 #include <qrtVistrelClasses4/MostRecentlyUsed.h>
 
+#include "frame/SystemErrors.h"
 #include "frame/Traced.h"
 #include "frame/modClassIDGenerator.h"
 
@@ -107,8 +108,7 @@ bool MostRecentlyUsed::GetMRUFromDisk() {
         RecentFilesOutcome outcome = LoadRecentFiles(*path);
         files_ = std::move(outcome.files);
         mayBeReplaced = outcome.mayBeReplaced;
-        if (outcome.error)
-            throw *outcome.error;
+        Check(outcome.error);
     });
     return mayBeReplaced;
 }

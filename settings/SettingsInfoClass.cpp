@@ -1,5 +1,6 @@
 #include <qrtVistrelClasses4/SettingsInfoClass.h>
 
+#include "frame/SystemErrors.h"
 #include "frame/Traced.h"
 #include "frame/modClassIDGenerator.h"
 #include "platform/Platform.h"

@@ -116,7 +116,7 @@ std::optional<std::string> typedBytes(const CommandsOptions& options, ErrorLines
         typed += (typed.empty() ? "" : " ") + part;
     if (options.isText)
         return AnsiFromTyped(typed, errors);
-    const std::optional<std::string> bytes = bytesOfHex(typed);
+    std::optional<std::string> bytes = bytesOfHex(typed);
     if (!bytes)
         errors.add("bytes are pairs of hexadecimal digits, not \"" + typed + "\"; a text needs --text");
     return bytes;

@@ -5,6 +5,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <concepts>
 #include <functional>
 #include <memory>
 #include <ostream>
@@ -57,7 +58,7 @@ CLI::App& AddCommand(CLI::App& parent, const std::string& name, const std::strin
 }
 
 /// "1 frame", "2 frames".
-inline std::string Counted(std::size_t count, const std::string& noun) {
+inline std::string Counted(std::integral auto count, const std::string& noun) {
     return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 

@@ -42,7 +42,7 @@ ExitCode list(const RecentOptions& options, Session& session) {
 /// The typed name; nothing, after reporting the reason, if the list cannot hold it.
 std::optional<std::string> typedName(const RecentOptions& options, ErrorLines& errors) {
     errors.about(options.name);
-    const std::optional<std::string> name = AnsiFromTyped(options.name, errors);
+    std::optional<std::string> name = AnsiFromTyped(options.name, errors);
     if (!name || (!name->empty() && name->find('"') == name->npos))
         return name;
     errors.add(name->empty() ? "a file needs a name" : "the list of recent files cannot hold quotes");
