@@ -14,12 +14,14 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// The files that the frames refer to, in the order in which saving looks at them.
+/// The files that the frames refer to, in the order in which saving looks at them. Error 6 for a delay that
+/// cannot be read from a file.
 std::vector<FrameReference> referencesOf(const Playfile& playfile) {
     std::vector<FrameReference> references;
     std::int32_t number = 0;
     for (const FrameRecord& frame : playfile.frames) {
         ++number;
+        DelayAccessor::check(frame.DelayTime);
         for (const auto member : {&FrameRecord::PicturefileName, &FrameRecord::commandfile})
             if (const std::string& file = frame.*member; !file.empty())
                 references.push_back({number, member, file});

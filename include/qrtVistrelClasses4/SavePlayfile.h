@@ -46,9 +46,10 @@ struct SaveOutcome {
 };
 
 /// Writes a playfile to `path`, with references to the copies that it makes. A failure leaves the existing
-/// file unchanged. The host may change `playfile` while a question is asked or a failed copy is reported. The
-/// frames are looked up again afterwards, as many as there were at first, and a frame that has gone is error
-/// 9.
+/// file unchanged. A delay that is infinite or not a number is error 6, since a file with it could not be
+/// loaded; then nothing is copied either. The host may change `playfile` while a question is asked or a
+/// failed copy is reported. The frames are looked up again afterwards, as many as there were at first, and a
+/// frame that has gone is error 9.
 SaveOutcome SavePlayfile(const Playfile& playfile, const std::string& path,
                          const SaveCircumstances& circumstances = {});
 

@@ -87,9 +87,11 @@ struct [[nodiscard]] SignListSaving {
     bool isWritten() const { return !error; }
 };
 
-/// Saves all signs that count in the file `path`. Before that, the previous list is copied to name + ".bak".
-/// If the copy is not permitted, the list is saved all the same; any other failure to copy stops the save.
-/// `halfWritten` comes from the last save: a file that it left incomplete is not copied.
+/// Saves all signs that count in the file `path`. A text with a quote in it does not come back from the file,
+/// and may make the rest of the list unreadable: the caller makes sure that there is none. Before that, the
+/// previous list is copied to name + ".bak". If the copy is not permitted, the list is saved all the same;
+/// any other failure to copy stops the save. `halfWritten` comes from the last save: a file that it left
+/// incomplete is not copied.
 SignListSaving SaveSignList(const SignList& list, const std::string& path,
                             const std::optional<HalfWrittenList>& halfWritten = std::nullopt);
 
