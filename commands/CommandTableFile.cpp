@@ -1,6 +1,7 @@
 #include <qrtVistrelClasses4/CommandTableFile.h>
 
 #include "commands/CommandFormat.h"
+#include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
@@ -100,9 +101,13 @@ void writeFile(const CommandTable& table, const CommandTableSource& source, Save
 
 } // namespace
 
-std::string CommandTablePath() { return kTableFile.read(tableBelow(WithTrailingSeparator(LibraryFolder()))); }
+std::string CommandTablePath() try {
+    return kTableFile.read(tableBelow(WithTrailingSeparator(LibraryFolder())));
+} catch (...) {
+    RethrowAsRuntimeError();
+}
 
-CommandTableOutcome LoadCommandTable(const std::string& path) {
+CommandTableOutcome LoadCommandTable(const std::string& path) try {
     CommandTableOutcome outcome;
     outcome.table = BuiltInCommands();
     makeFolderOf(path);
@@ -112,9 +117,11 @@ CommandTableOutcome LoadCommandTable(const std::string& path) {
         outcome.error = error;
     }
     return outcome;
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
-SavedCommandTable SaveCommandTable(const CommandTable& table, const CommandTableSource& source) {
+SavedCommandTable SaveCommandTable(const CommandTable& table, const CommandTableSource& source) try {
     SavedCommandTable saved;
     saved.path = pathToSave();
     kTableFile.write(saved.path);
@@ -125,6 +132,8 @@ SavedCommandTable SaveCommandTable(const CommandTable& table, const CommandTable
         saved.error = error;
     }
     return saved;
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
 } // namespace qrtVistrelClasses4

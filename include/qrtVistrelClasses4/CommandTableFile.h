@@ -1,4 +1,6 @@
 // Loading and saving the command table.
+// The functions report failures of files in what they return. They throw error 7 for lack of memory and error
+// 51 for an unknown failure.
 #pragma once
 
 #include <qrtVistrelClasses4/CommandTable.h>

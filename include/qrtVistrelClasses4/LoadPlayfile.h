@@ -1,4 +1,6 @@
 // Reading a playfile, and what came of it.
+// The functions report failures of files in what they return. They throw error 7 for lack of memory and error
+// 51 for an unknown failure.
 #pragma once
 
 #include <qrtVistrelClasses4/Playfile.h>
@@ -67,7 +69,7 @@ struct LoadOutcome {
 
 /// Reads a playfile; a name ending in "PL2", in any case, is one of the older format. `playfile` has the
 /// frames that were read whole. References to picture and command files that are missing are replaced by
-/// files of that name beside the playfile. Throws what is not a failure of the file, such as lack of memory.
+/// files of that name beside the playfile.
 LoadOutcome LoadPlayfile(const std::string& path, const LoadCircumstances& circumstances = {});
 
 /// Reads a playfile over `existing`. What is not read stays as it was: members that files do not hold, and

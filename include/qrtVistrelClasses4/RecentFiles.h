@@ -1,4 +1,6 @@
 // The files opened last as a value, and their file.
+// The functions for the file report failures of files in what they return. They throw error 7 for lack of
+// memory and error 51 for an unknown failure.
 #pragma once
 
 #include <qrtVistrelClasses4/OneBasedArray.h>

@@ -1,4 +1,6 @@
 // Writing a playfile or its export, and what came of it.
+// The functions report failures of files in what they return. They throw error 7 for lack of memory and error
+// 51 for an unknown failure.
 #pragma once
 
 #include <qrtVistrelClasses4/Playfile.h>
