@@ -1,4 +1,4 @@
-#include <qrtVistrelClasses4/PreferencesFile.h>
+#include "settings/PreferenceProfile.h"
 
 #include "frame/Conversions.h"
 #include "frame/ErrorTrap.h"
@@ -38,10 +38,6 @@ std::string defaultOf(const Row& row, const PreferenceFolders& folders) {
 
 std::optional<RuntimeError> errorOf(SystemError error) {
     return error == SystemError::none ? std::nullopt : std::optional(ErrorFor(error));
-}
-
-std::unique_ptr<ProfileFile> opened(const std::string& path, const ProfileOpener& open) {
-    return open ? open(path) : platform().openProfile(path);
 }
 
 /// Reads one preference after another, until a value does not convert.
@@ -119,14 +115,18 @@ std::string PreferenceText(bool value) { return std::string(BooleanToText(value)
 std::string PreferenceText(double value) { return NumberToText(value); }
 std::string PreferenceText(std::int16_t value) { return NumberToText(std::int32_t{value}); }
 
-PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances) try {
+PreferencesOutcome ReadPreferences(ProfileFile& file, const PreferenceFolders& folders, Preferences before) {
     PreferencesOutcome outcome;
-    outcome.values = std::move(circumstances.before);
+    outcome.values = std::move(before);
     outcome.keysRead.reserve(kPreferenceCount);
-    const auto file = opened(circumstances.path, circumstances.open);
-    outcome.isFileThere = file->isThere();
-    ForEachPreference(PreferenceReader(*file, circumstances.folders, outcome), outcome.values);
+    outcome.isFileThere = file.isThere();
+    ForEachPreference(PreferenceReader(file, folders, outcome), outcome.values);
     return outcome;
+}
+
+PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances) try {
+    return ReadPreferences(*platform().openProfile(circumstances.path), circumstances.folders,
+                           std::move(circumstances.before));
 } catch (...) {
     RethrowAsRuntimeError();
 }
@@ -135,7 +135,7 @@ PreferencesOutcome LoadPreferences() try {
     const PreferenceFolders folders = FindPreferenceFolders();
     (void)MakePlayfileFolder(folders); // preferences are loaded without it, too
     if (const std::optional<std::string> path = PreferencesPath())
-        return LoadPreferences({*path, folders, DefaultPreferences(folders), {}});
+        return LoadPreferences({*path, folders, DefaultPreferences(folders)});
     PreferencesOutcome outcome; // the error has been trapped
     outcome.values = DefaultPreferences(folders);
     outcome.error = {"AppPath", RuntimeError(ErrorNumber::pathNotFound)};
@@ -144,13 +144,15 @@ PreferencesOutcome LoadPreferences() try {
     RethrowAsRuntimeError();
 }
 
-std::optional<RuntimeError> SavePreferences(const Preferences& preferences, const std::string& path,
-                                            const ProfileOpener& open) try {
-    const auto file = opened(path, open);
+std::optional<RuntimeError> WritePreferences(ProfileFile& file, const Preferences& preferences) {
     ForEachPreference([&](const auto& placed,
-                          const auto& value) { file->write(kSection, placed.key(), PreferenceText(value)); },
+                          const auto& value) { file.write(kSection, placed.key(), PreferenceText(value)); },
                       preferences);
-    return errorOf(file->commit());
+    return errorOf(file.commit());
+}
+
+std::optional<RuntimeError> SavePreferences(const Preferences& preferences, const std::string& path) try {
+    return WritePreferences(*platform().openProfile(path), preferences);
 } catch (...) {
     RethrowAsRuntimeError();
 }

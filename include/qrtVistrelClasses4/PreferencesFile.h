@@ -7,15 +7,11 @@
 #include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <cstdint>
-#include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
-
-class ProfileFile;
 
 /// The folders that are the defaults of two preferences.
 struct PreferenceFolders {
@@ -46,14 +42,10 @@ struct PreferenceError {
     RuntimeError error;
 };
 
-/// Opens the INI file `path`. If the function is empty, the platform opens it.
-using ProfileOpener = std::function<std::unique_ptr<ProfileFile>(const std::string& path)>;
-
 struct PreferencesCircumstances {
     std::string path;
     PreferenceFolders folders;
     Preferences before; ///< The values of preferences that are not read.
-    ProfileOpener open;
 };
 
 /// What came of reading preferences.
@@ -71,8 +63,7 @@ PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances);
 PreferencesOutcome LoadPreferences();
 
 /// Writes all preferences in one step and keeps everything else in the file. Returns the error if that fails.
-std::optional<RuntimeError> SavePreferences(const Preferences& preferences, const std::string& path,
-                                            const ProfileOpener& open = {});
+std::optional<RuntimeError> SavePreferences(const Preferences& preferences, const std::string& path);
 
 /// The value of `key` in the file as it is now, cut to 254 characters; `defaultText` if it is missing.
 std::string ReadPreference(const std::string& path, const std::string& key, const std::string& defaultText);
