@@ -26,7 +26,7 @@ bool FrameInfoClass::GetPlayfileFromDisk(const std::string& sFileName) {
             playfile_.fileName = sFileName;
             if (HasLegacyEnding(sFileName))
                 return GetLegacyPlayfileFromDisk(sFileName);
-            load(sFileName);
+            (void)load(sFileName);
             return true;
         },
         Arg{"sFileName", sFileName});

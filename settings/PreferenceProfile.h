@@ -11,6 +11,6 @@ namespace qrtVistrelClasses4 {
 /// Like `LoadPreferences`, from `file`.
 PreferencesOutcome ReadPreferences(ProfileFile& file, const PreferenceFolders& folders, Preferences before);
 /// Like `SavePreferences`, to `file`.
-std::optional<RuntimeError> WritePreferences(ProfileFile& file, const Preferences& preferences);
+[[nodiscard]] std::optional<RuntimeError> WritePreferences(ProfileFile& file, const Preferences& preferences);
 
 } // namespace qrtVistrelClasses4

@@ -20,7 +20,7 @@ struct CommandTableSource {
 };
 
 /// What came of reading a table.
-struct CommandTableOutcome {
+struct [[nodiscard]] CommandTableOutcome {
     CommandTable table; ///< The built-in rows, and those that were read.
     CommandTableSource source;
     std::int32_t rowsRead = 0;
@@ -29,7 +29,7 @@ struct CommandTableOutcome {
 };
 
 /// What came of saving a table.
-struct SavedCommandTable {
+struct [[nodiscard]] SavedCommandTable {
     std::string path;                  ///< The file, which is also remembered for loading.
     std::optional<std::string> keptAs; ///< The copy that this save made of the file that was there.
     std::optional<RuntimeError> error; ///< If there is one, the file is unchanged.

@@ -56,7 +56,7 @@ struct LegacyDetails {
     std::vector<LegacyLoss> refusedNumbers;
 };
 
-struct LoadOutcome {
+struct [[nodiscard]] LoadOutcome {
     Playfile playfile;
     std::int32_t framesAnnounced = 0; ///< By the file's count, or records of an older file.
     std::int32_t framesRead = 0;      ///< Those read whole, which are the first ones.

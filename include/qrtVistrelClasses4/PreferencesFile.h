@@ -23,7 +23,7 @@ struct PreferenceFolders {
 /// The folders of this machine and user. They may not exist.
 PreferenceFolders FindPreferenceFolders();
 /// Makes the folder for playfiles if it is missing. Returns the error if that fails.
-std::optional<RuntimeError> MakePlayfileFolder(const PreferenceFolders& folders);
+[[nodiscard]] std::optional<RuntimeError> MakePlayfileFolder(const PreferenceFolders& folders);
 /// Full name of "VistrelLite.ini" in the application data folder; nothing after an error that was trapped.
 std::optional<std::string> PreferencesPath();
 
@@ -49,7 +49,7 @@ struct PreferencesCircumstances {
 };
 
 /// What came of reading preferences.
-struct PreferencesOutcome {
+struct [[nodiscard]] PreferencesOutcome {
     Preferences values;
     /// Keys whose values, or whose defaults if the file lacks them, were taken over: all keys, or those
     /// before the one at fault.
@@ -63,12 +63,13 @@ PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances);
 PreferencesOutcome LoadPreferences();
 
 /// Writes all preferences in one step and keeps everything else in the file. Returns the error if that fails.
-std::optional<RuntimeError> SavePreferences(const Preferences& preferences, const std::string& path);
+[[nodiscard]] std::optional<RuntimeError> SavePreferences(const Preferences& preferences,
+                                                          const std::string& path);
 
 /// The value of `key` in the file as it is now, cut to 254 characters; `defaultText` if it is missing.
 std::string ReadPreference(const std::string& path, const std::string& key, const std::string& defaultText);
 
-struct WrittenPreference {
+struct [[nodiscard]] WrittenPreference {
     std::optional<RuntimeError> error; ///< If there is one, the file is unchanged.
     /// True if the same text is read back: it has no blanks or pair of quotes around it, is on one line, and
     /// has at most 254 characters.

@@ -27,7 +27,7 @@ struct RecentFiles {
 };
 
 /// What came of reading a list.
-struct RecentFilesOutcome {
+struct [[nodiscard]] RecentFilesOutcome {
     RecentFiles files; ///< As far as it could be read; one empty entry if nothing could.
     /// A file that does not exist yet is a quiet error.
     std::optional<RuntimeError> error;
@@ -44,6 +44,6 @@ RecentFilesOutcome LoadRecentFiles(const std::string& path);
 
 /// Saves the list as "VistrelLite.MRU" in the library's folder, and remembers that name for loading. Returns
 /// the error if that fails; the file is then unchanged.
-std::optional<RuntimeError> SaveRecentFiles(const RecentFiles& files);
+[[nodiscard]] std::optional<RuntimeError> SaveRecentFiles(const RecentFiles& files);
 
 } // namespace qrtVistrelClasses4

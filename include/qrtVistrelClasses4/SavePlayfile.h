@@ -37,7 +37,7 @@ struct CopiedReference {
     bool operator==(const CopiedReference&) const = default;
 };
 
-struct SaveOutcome {
+struct [[nodiscard]] SaveOutcome {
     std::optional<RuntimeError> error; ///< Empty if the playfile was written.
     /// In the order of the frames. Filled even if the playfile could not be written afterwards.
     std::vector<CopiedReference> copies;
