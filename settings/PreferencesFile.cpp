@@ -59,9 +59,7 @@ public:
                 fromText(value, defaultText);
         } catch (const RuntimeError& error) {
             outcome_.error = {std::move(key), error};
-            return;
         }
-        outcome_.keysRead.push_back(std::move(key));
     }
 
 private:
@@ -118,8 +116,6 @@ std::string PreferenceText(std::int16_t value) { return NumberToText(std::int32_
 PreferencesOutcome ReadPreferences(ProfileFile& file, const PreferenceFolders& folders, Preferences before) {
     PreferencesOutcome outcome;
     outcome.values = std::move(before);
-    outcome.keysRead.reserve(kPreferenceCount);
-    outcome.isFileThere = file.isThere();
     ForEachPreference(PreferenceReader(file, folders, outcome), outcome.values);
     return outcome;
 }

@@ -21,7 +21,6 @@ class TracedProfile final : public ProfileFile {
 public:
     explicit TracedProfile(std::unique_ptr<ProfileFile> file) : file_(std::move(file)) {}
 
-    bool isThere() override { return file_->isThere(); }
     std::string read(std::string_view section, std::string_view key, std::string_view defaultValue,
                      std::size_t bufferSize) override {
         return traced(

@@ -23,7 +23,6 @@ struct CommandTableSource {
 struct [[nodiscard]] CommandTableOutcome {
     CommandTable table; ///< The built-in rows, and those that were read.
     CommandTableSource source;
-    std::int32_t rowsRead = 0;
     bool isMissing = false; ///< True if there is no file yet. This is not an error.
     std::optional<RuntimeError> error;
 };
@@ -31,7 +30,6 @@ struct [[nodiscard]] CommandTableOutcome {
 /// What came of saving a table.
 struct [[nodiscard]] SavedCommandTable {
     std::string path;                  ///< The file, which is also remembered for loading.
-    std::optional<std::string> keptAs; ///< The copy that this save made of the file that was there.
     std::optional<RuntimeError> error; ///< If there is one, the file is unchanged.
 };
 

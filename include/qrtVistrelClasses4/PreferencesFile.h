@@ -9,7 +9,6 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace qrtVistrelClasses4 {
 
@@ -50,12 +49,8 @@ struct PreferencesCircumstances {
 
 /// What came of reading preferences.
 struct [[nodiscard]] PreferencesOutcome {
-    Preferences values;
-    /// Keys whose values, or whose defaults if the file lacks them, were taken over: all keys, or those
-    /// before the one at fault.
-    std::vector<std::string> keysRead;
+    Preferences values; ///< After an error, only those before the one at fault were read.
     std::optional<PreferenceError> error;
-    bool isFileThere = false;
 };
 
 PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances);
