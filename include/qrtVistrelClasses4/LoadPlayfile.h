@@ -4,6 +4,7 @@
 #pragma once
 
 #include <qrtVistrelClasses4/Playfile.h>
+#include <qrtVistrelClasses4/PreferencesFile.h>
 #include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <cstdint>
@@ -54,6 +55,8 @@ struct LegacyDetails {
     /// Loop counts and widths that are too large for a frame. The frame has 0 instead, and each has been
     /// reported as error 6.
     std::vector<LegacyLoss> refusedNumbers;
+    /// Why pictures may not be placed as the preferences say. Does not make the outcome incomplete.
+    std::optional<PreferenceError> preferencesError{};
 };
 
 struct [[nodiscard]] LoadOutcome {
