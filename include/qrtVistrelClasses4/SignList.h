@@ -45,10 +45,10 @@ private:
     DisplayRecord& grow();
 };
 
-/// "Direct Connect", "Network Connect" or "Modem Connect"; empty for an unknown method.
-std::string_view ConnectionMethodName(std::int16_t connectionMethod);
-/// How a sign is reached: "COM1:9600", "10.0.0.5:3001"; empty for an unknown method.
-std::string ConnectionOf(const DisplayRecord& sign);
+/// "Direct Connect", "Network Connect" or "Modem Connect"; nothing for an unknown method.
+std::optional<std::string_view> ConnectionMethodName(std::int16_t connectionMethod);
+/// How a sign is reached: "COM1:9600", "10.0.0.5:3001"; nothing for an unknown method.
+std::optional<std::string> ConnectionOf(const DisplayRecord& sign);
 
 /// What came of reading a file over a list.
 struct [[nodiscard]] SignListReading {

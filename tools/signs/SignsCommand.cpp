@@ -45,8 +45,8 @@ std::optional<std::string> freeName(const SignList& list, const std::string& typ
 std::string shown(std::string_view ansi) { return Visible(Utf8FromAnsi(ansi)); }
 
 std::string connection(const DisplayRecord& sign) {
-    const std::string method(ConnectionMethodName(sign.ConnectionMethod));
-    return method.empty() ? method : shown(method + " " + ConnectionOf(sign));
+    const auto method = ConnectionMethodName(sign.ConnectionMethod);
+    return method ? shown(std::string(*method) + " " + ConnectionOf(sign).value_or("")) : "";
 }
 
 void printSigns(std::ostream& out, const SignList& list) {
@@ -87,7 +87,7 @@ void printSign(std::ostream& out, const DisplayRecord& sign) {
                 return;
             const std::string_view meaning = row.name == "DisplayType" ? SignTypeName(sign.DisplayType)
                                              : row.name == "ConnectionMethod"
-                                                 ? ConnectionMethodName(sign.ConnectionMethod)
+                                                 ? ConnectionMethodName(sign.ConnectionMethod).value_or("")
                                                  : "";
             properties.addRow(
                 {std::string(row.name), CellText(JsonOf(ValueOfProperty(row, sign))) +
