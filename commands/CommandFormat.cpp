@@ -11,13 +11,15 @@ namespace {
 
 constexpr char kFieldEnd = '\xff';
 
-/// Puts the fields of a line into an empty row: missing fields stay empty, and further ones are dropped.
-void readRow(std::string_view line, CommandInfoType& row) {
+/// The row of a line: missing fields are empty, and further ones are dropped.
+CommandInfoType rowOf(std::string_view line) {
+    CommandInfoType row;
     for (std::string& field : row.sCMDInfo) {
         const std::size_t end = std::min(line.find(kFieldEnd), line.size());
         field = line.substr(0, end);
         line.remove_prefix(std::min(end + 1, line.size()));
     }
+    return row;
 }
 
 } // namespace
@@ -42,7 +44,7 @@ bool ReadCommandRows(std::string_view text, CommandTable& commands) {
             continue;
         if (number > kMostCommands)
             return false;
-        readRow(line.text, commands.add());
+        commands.add(rowOf(line.text));
     }
     return true;
 }

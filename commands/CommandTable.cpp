@@ -2,7 +2,6 @@
 
 #include <iterator>
 #include <string_view>
-#include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -54,7 +53,7 @@ std::int32_t BuiltInCommandCount() { return static_cast<std::int32_t>(std::size(
 CommandTable BuiltInCommands() {
     CommandTable commands;
     for (const auto& [key, bytes] : kBuiltInCommands)
-        commands.add() = {{std::string(key), bytes.empty() ? bytesOf(kMilitaryTime) : std::string(bytes)}};
+        commands.add({{std::string(key), bytes.empty() ? bytesOf(kMilitaryTime) : std::string(bytes)}});
     return commands;
 }
 
@@ -83,8 +82,7 @@ void CommandTable::set(const std::string& key, const std::string& bytes) {
         rows_.at(*number).sCMDInfo[kCommandBytes] = bytes;
         return;
     }
-    CommandInfoType added{{key, bytes}};
-    add() = std::move(added);
+    add({{key, bytes}});
 }
 
 } // namespace qrtVistrelClasses4

@@ -1,6 +1,7 @@
 #include <qrtVistrelClasses4/CommandTableFile.h>
 
 #include "commands/CommandFormat.h"
+#include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
@@ -38,31 +39,28 @@ void makeFolderOf(const std::string& path) {
 }
 
 /// Keeps a file whose rows are not in the table. Never replaces a file that was kept before. A file that
-/// cannot be read can still be renamed. Returns the new name.
-std::string keep(FileSystem& files, const std::string& path) {
+/// cannot be read can still be renamed.
+void keep(FileSystem& files, const std::string& path) {
     Check(files.mayWrite(path));
-    std::string backup = MakePlaceForBackup(files, path);
+    const std::string backup = MakePlaceForBackup(files, path);
     if (files.kindOf(backup) != EntryKind::missing)
         throw RuntimeError(ErrorNumber::fileAlreadyExists);
     if (files.copy(path, backup) != SystemError::none)
         Check(files.moveOver(path, backup));
-    return backup;
 }
 
-/// Copies a file that is no table to a new name, and returns that name; nothing if there is such a copy
-/// already.
-std::optional<std::string> keepForeign(FileSystem& files, const std::string& path) {
+/// Copies a file that is no table to a new name, unless there is such a copy already.
+void keepForeign(FileSystem& files, const std::string& path) {
     const std::string first = path + std::string(kBackupEnding);
     std::string backup = first;
     const auto bytes = files.read(path);
     for (int number = 2; files.kindOf(backup) != EntryKind::missing; ++number) {
         if (bytes && files.read(backup).valueOr({}).text() == bytes.value().text())
-            return std::nullopt;
+            return;
         backup = first + std::to_string(number);
     }
     Check(files.removeLink(backup)); // a link to nothing: the copy would be made where it leads
     Check(files.copy(path, backup));
-    return backup;
 }
 
 void readFile(const std::string& path, CommandTableOutcome& outcome) {
@@ -73,36 +71,37 @@ void readFile(const std::string& path, CommandTableOutcome& outcome) {
         return;
     Check(file.error());
     outcome.source.isForeign = !MayBeCommandTable(file.value().text());
-    const bool isWhole = ReadCommandRows(file.value().text(), outcome.table);
-    outcome.rowsRead = outcome.table.count() - BuiltInCommandCount();
-    if (!isWhole)
+    if (!ReadCommandRows(file.value().text(), outcome.table))
         throw RuntimeError(ErrorNumber::overflow);
     outcome.source.path = path;
 }
 
-void writeFile(const CommandTable& table, const CommandTableSource& source, SavedCommandTable& saved) {
+void writeFile(const CommandTable& table, const CommandTableSource& source, const std::string& path) {
     if (table.count() < BuiltInCommandCount())
         throw RuntimeError(ErrorNumber::outOfMemory); // no row would be where reading looks for it
     FileSystem& files = platform().files();
-    const bool isRead = saved.path == source.path;
-    if (!isRead && files.kindOf(saved.path) != EntryKind::missing)
-        saved.keptAs = keep(files, saved.path);
-    ReplacementFile file(files, saved.path);
+    const bool isRead = path == source.path;
+    if (!isRead && files.kindOf(path) != EntryKind::missing)
+        keep(files, path);
+    ReplacementFile file(files, path);
     Check(file.error());
     BufferedText out(file);
     WriteCommandRows(out, table);
     out.finish();
     if (isRead && source.isForeign)
-        saved.keptAs =
-            keepForeign(files, saved.path); // only now, so that failing saves do not each leave a copy
+        keepForeign(files, path); // only now, so that failing saves do not each leave a copy
     Check(file.commit());
 }
 
 } // namespace
 
-std::string CommandTablePath() { return kTableFile.read(tableBelow(WithTrailingSeparator(LibraryFolder()))); }
+std::string CommandTablePath() try {
+    return kTableFile.read(tableBelow(WithTrailingSeparator(LibraryFolder())));
+} catch (...) {
+    RethrowAsRuntimeError();
+}
 
-CommandTableOutcome LoadCommandTable(const std::string& path) {
+CommandTableOutcome LoadCommandTable(const std::string& path) try {
     CommandTableOutcome outcome;
     outcome.table = BuiltInCommands();
     makeFolderOf(path);
@@ -112,19 +111,23 @@ CommandTableOutcome LoadCommandTable(const std::string& path) {
         outcome.error = error;
     }
     return outcome;
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
-SavedCommandTable SaveCommandTable(const CommandTable& table, const CommandTableSource& source) {
+SavedCommandTable SaveCommandTable(const CommandTable& table, const CommandTableSource& source) try {
     SavedCommandTable saved;
     saved.path = pathToSave();
     kTableFile.write(saved.path);
     makeFolderOf(saved.path);
     try {
-        writeFile(table, source, saved);
+        writeFile(table, source, saved.path);
     } catch (const RuntimeError& error) {
         saved.error = error;
     }
     return saved;
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
 } // namespace qrtVistrelClasses4

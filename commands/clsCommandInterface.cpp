@@ -19,7 +19,7 @@ constexpr Procedure propertyLet(std::string_view name) { return procedure(Proced
 
 clsCommandInterface::clsCommandInterface() {
     traced(sub("Class_Initialize"), [&] {
-        table_.add();
+        table_.add({});
         LoadCommandTable();
     });
 }

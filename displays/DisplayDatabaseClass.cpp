@@ -52,17 +52,21 @@ DisplayDatabaseClass::~DisplayDatabaseClass() {
 
 // The properties.
 
-template <>
-const DisplayRecord& DisplayDatabaseClass::current() const {
-    return list_.signs.at(currentDisplayNumber_);
+template <class Record, class Self>
+auto& DisplayDatabaseClass::currentOf(Self& self) {
+    auto& sign = self.list_.signs.at(self.currentDisplayNumber_);
+    if constexpr (std::is_same_v<Record, BrightnessSchedule>)
+        return sign.schedules.at(self.currentScheduleNumber_);
+    else
+        return sign;
 }
-template <>
-const BrightnessSchedule& DisplayDatabaseClass::current() const {
-    return current<DisplayRecord>().schedules.at(currentScheduleNumber_);
+template <class Record>
+const Record& DisplayDatabaseClass::current() const {
+    return currentOf<Record>(*this);
 }
 template <class Record>
 Record& DisplayDatabaseClass::current() {
-    return const_cast<Record&>(std::as_const(*this).current<Record>());
+    return currentOf<Record>(*this);
 }
 
 template <class Row>

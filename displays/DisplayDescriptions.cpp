@@ -15,9 +15,9 @@ constexpr double kNew16x16OfZr7 = 1.44;
 constexpr double kNew16x16 = 2.18;
 constexpr std::size_t kVersionSize = 4;
 
-/// How a sign is reached. `text` gives the text of a member.
+/// How a sign is reached; nothing for an unknown method. `text` gives the text of a member.
 template <class Text>
-std::string connection(std::int16_t method, const Text& text) {
+std::optional<std::string> connection(std::int16_t method, const Text& text) {
     switch (method) {
     case kDirectConnection:
         return text(&DisplayRecord::CommPort) + ":" + text(&DisplayRecord::BaudRate);
@@ -27,13 +27,13 @@ std::string connection(std::int16_t method, const Text& text) {
         return text(&DisplayRecord::PhoneNumber) + ":" + text(&DisplayRecord::CommPort) + ":" +
                text(&DisplayRecord::BaudRate);
     default:
-        return "";
+        return std::nullopt;
     }
 }
 
 } // namespace
 
-std::string_view ConnectionMethodName(std::int16_t connectionMethod) {
+std::optional<std::string_view> ConnectionMethodName(std::int16_t connectionMethod) {
     switch (connectionMethod) {
     case kDirectConnection:
         return "Direct Connect";
@@ -42,23 +42,23 @@ std::string_view ConnectionMethodName(std::int16_t connectionMethod) {
     case kModemConnection:
         return "Modem Connect";
     default:
-        return "";
+        return std::nullopt;
     }
 }
 
-std::string ConnectionOf(const DisplayRecord& sign) {
+std::optional<std::string> ConnectionOf(const DisplayRecord& sign) {
     return connection(sign.ConnectionMethod,
                       [&](std::string DisplayRecord::*member) { return sign.*member; });
 }
 
 std::string DisplayDatabaseClass::TranslateConnectionMethodToString(std::int16_t iConnectionMethod) const {
     return trapped(DisplayFunction("TranslateConnectionMethodToString"),
-                   [&] { return std::string(ConnectionMethodName(iConnectionMethod)); });
+                   [&] { return std::string(ConnectionMethodName(iConnectionMethod).value_or("")); });
 }
 
 std::string DisplayDatabaseClass::GetConnectionInfoInString() const {
     return trapped(DisplayFunction("GetConnectionInfoInString"), [&] {
-        return connection(ConnectionMethod(), [&](std::string DisplayRecord::*member) {
+        const auto shown = connection(ConnectionMethod(), [&](std::string DisplayRecord::*member) {
             std::string text;
             ForEachRow(kDisplayMembers, [&]<class Row>(const Row& row) {
                 if constexpr (std::is_same_v<Row, SignMember<std::string>>)
@@ -67,6 +67,7 @@ std::string DisplayDatabaseClass::GetConnectionInfoInString() const {
             });
             return text;
         });
+        return shown.value_or("");
     });
 }
 

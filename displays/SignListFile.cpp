@@ -146,7 +146,7 @@ SignListOutcome LoadSignList(const std::string& path) {
 }
 
 SignListSaving SaveSignList(const SignList& list, const std::string& path,
-                            const std::optional<HalfWrittenList>& halfWritten) {
+                            const std::optional<HalfWrittenList>& halfWritten) try {
     SignListSaving saving;
     saving.halfWritten = halfWritten;
     FileSystem& files = platform().files();
@@ -167,16 +167,26 @@ SignListSaving SaveSignList(const SignList& list, const std::string& path,
     if (saving.error && isOpened)
         saving.halfWritten = halfWrittenAt(files, path);
     return saving;
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
-std::string SavedSignListPath(const std::string& fileName) { return JoinPath(LibraryFolder(), fileName); }
+std::string SavedSignListPath(const std::string& fileName) try {
+    return JoinPath(LibraryFolder(), fileName);
+} catch (...) {
+    RethrowAsRuntimeError();
+}
 
-void RememberSignListPath(const std::string& path) { kDataFile.write(path); }
+void RememberSignListPath(const std::string& path) try { kDataFile.write(path); } catch (...) {
+    RethrowAsRuntimeError();
+}
 
-std::optional<std::string> RememberedSignListPath(const std::string& fileName) {
+std::optional<std::string> RememberedSignListPath(const std::string& fileName) try {
     const std::uint64_t errorsBefore = TrappedErrors();
     std::string path = kDataFile.read(SavedSignListPath(fileName));
     return TrappedErrors() == errorsBefore ? std::optional(std::move(path)) : std::nullopt;
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
 } // namespace qrtVistrelClasses4

@@ -66,10 +66,8 @@ public:
 
     FontOutcome loadNumbered(std::int16_t fontNumber, std::int16_t signType) {
         const auto size = clsFontSizes::FontSize(fontNumber);
-        if (!size)
-            return {};
         const auto name = clsFontSizes::FontFile(fontNumber, signType, useNewFont_);
-        return load(inApplicationFolder("bin", name), *size);
+        return size && name ? load(inApplicationFolder("bin", *name), *size) : FontOutcome();
     }
 
 private:

@@ -19,7 +19,7 @@ enum class FontSource {
 };
 
 /// What came of loading a font.
-struct FontOutcome {
+struct [[nodiscard]] FontOutcome {
     /// Nothing if no file was found, or if it could not be read or ends before its glyphs start.
     std::optional<Font> font;
     /// The file that was found, spelt as on the disk.

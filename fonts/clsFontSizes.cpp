@@ -38,10 +38,11 @@ std::optional<CellSize> clsFontSizes::FontSize(std::int16_t FontNumber) {
     return font ? std::optional(font->size) : std::nullopt;
 }
 
-std::string_view clsFontSizes::FontFile(std::int16_t FontNumber, std::int16_t SignType, bool UseNewFont) {
+std::optional<std::string_view> clsFontSizes::FontFile(std::int16_t FontNumber, std::int16_t SignType,
+                                                       bool UseNewFont) {
     const NumberedFont* font = find(FontNumber);
     if (!font)
-        return {};
+        return std::nullopt;
     if (!UseNewFont)
         return font->file;
     const bool isKestrel = HasKestrelOrFinchLetters(SignType) && !HasFinchLetters(SignType);

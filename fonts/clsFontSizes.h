@@ -23,9 +23,10 @@ public:
 
     /// Nothing for a number without a font.
     static std::optional<CellSize> FontSize(std::int16_t FontNumber);
-    /// Name of the font's file, without a folder, in the newer or the older set. Empty for a number without a
-    /// font. In the newer set, some types of sign have a font 5 of their own.
-    static std::string_view FontFile(std::int16_t FontNumber, std::int16_t SignType, bool UseNewFont);
+    /// Name of the font's file, without a folder, in the newer or the older set. Nothing for a number without
+    /// a font. In the newer set, some types of sign have a font 5 of their own.
+    static std::optional<std::string_view> FontFile(std::int16_t FontNumber, std::int16_t SignType,
+                                                    bool UseNewFont);
 };
 
 /// Finches (types 104 and 105), and the Kestrel of type 22, which has their letters.

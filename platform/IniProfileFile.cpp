@@ -28,16 +28,9 @@ std::string IniProfileFile::read(std::string_view section, std::string_view key,
     return ProfileString(index().find(section, key), defaultValue, bufferSize);
 }
 
-bool IniProfileFile::isThere() {
-    index();
-    return isThere_;
-}
-
 const IniIndex& IniProfileFile::index() {
     if (!index_) {
-        auto bytes = readFile();
-        isThere_ = bytes.error() != SystemError::fileNotFound && bytes.error() != SystemError::folderNotFound;
-        bytes_ = std::move(bytes).valueOr({});
+        bytes_ = readFile().valueOr({});
         if (isWideText(bytes_.text()))
             bytes_ = narrowedText(bytes_.text());
         index_.emplace(bytes_.text());

@@ -18,7 +18,6 @@ public:
     /// `files` must outlive this object. The case of letters in the file name does not matter.
     IniProfileFile(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
 
-    bool isThere() override;
     std::string read(std::string_view section, std::string_view key, std::string_view defaultValue,
                      std::size_t bufferSize) override;
     void write(std::string_view section, std::string_view key, std::string_view value) override;
@@ -34,8 +33,7 @@ private:
 
     FileSystem& files_;
     std::string path_;
-    FileBytes bytes_;      ///< `index_` refers to these.
-    bool isThere_ = false; ///< Known once `index_` is made.
+    FileBytes bytes_; ///< `index_` refers to these.
     std::optional<IniIndex> index_;
     std::vector<IniChange> changes_;
 };

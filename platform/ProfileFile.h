@@ -16,8 +16,6 @@ namespace qrtVistrelClasses4 {
 class ProfileFile {
 public:
     virtual ~ProfileFile() = default;
-    /// Whether there is a file to read.
-    virtual bool isThere() = 0;
     /// The value, or `defaultValue` without its trailing blanks if the file, the section or the key is
     /// missing. At most `bufferSize` - 1 characters are returned. Blanks around the value, and one pair of
     /// quotes around it, are removed.

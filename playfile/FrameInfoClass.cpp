@@ -76,7 +76,8 @@ Type FrameInfoClass::Property<access, Record, Type, Given, isPlain>::read(const 
 template <Access access, class Record, class Type, class Given, bool isPlain>
 void FrameInfoClass::Property<access, Record, Type, Given, isPlain>::write(FrameInfoClass& playfile,
                                                                            const MemberColumns& row,
-                                                                           Setter set, Given vData) {
+                                                                           Setter set, Given vData,
+                                                                           void (*check)(Given)) {
     const auto put = [&](Record& record) {
         if constexpr (isPlain)
             record.*set = vData;
@@ -84,6 +85,8 @@ void FrameInfoClass::Property<access, Record, Type, Given, isPlain>::write(Frame
             set(record, vData);
     };
     const auto body = [&] {
+        if (check)
+            check(vData);
         if constexpr (std::is_same_v<Record, FrameRecord>)
             put(playfile.currentFrame());
         else if (LineRecord* line = playfile.lineToWrite(row.quirk))

@@ -42,9 +42,13 @@ template struct CoupledCodeAccessor<&FrameRecord::PrefixCode, &FrameRecord::Suff
 template struct CoupledCodeAccessor<&FrameRecord::SuffixCode, &FrameRecord::PrefixCode>;
 
 void DelayAccessor::set(FrameRecord& frame, double seconds) {
+    check(seconds);
+    frame.DelayTime = seconds;
+}
+
+void DelayAccessor::check(double seconds) {
     if (!std::isfinite(seconds))
         throw RuntimeError(ErrorNumber::overflow);
-    frame.DelayTime = seconds;
 }
 
 std::int16_t LineLimitAccessor::get(const FrameRecord& frame) {

@@ -9,7 +9,6 @@
 #include "playfile/Effects.h"
 #include "playfile/FrameProcedures.h"
 #include "playfile/LegacyFormat.h"
-#include <qrtVistrelClasses4/SettingsInfoClass.h>
 
 #include <algorithm>
 #include <limits>
@@ -47,10 +46,11 @@ std::string joined(const std::vector<std::string>& lines) {
     return text;
 }
 
-Cropping croppingFromSettings() {
-    SettingsInfoClass settings;
-    settings.GetSettingsFromDisk();
-    return {settings.BMPCrop(), settings.AVICrop()};
+/// From the preferences' file. Notes its error in `outcome`.
+Cropping croppingFromPreferences(LoadOutcome& outcome) {
+    PreferencesOutcome preferences = LoadPreferences();
+    outcome.legacy->preferencesError = std::move(preferences.error);
+    return {preferences.values.BMPCrop, preferences.values.AVICrop};
 }
 
 /// A kind of number that may be too large for a frame. Then the number is lost, but nothing else of the
@@ -217,7 +217,8 @@ void ImportLegacyPlayfile(LoadOutcome& outcome, const LoadCircumstances& circums
     // One more than allowed: the application checks the limit only after it has been passed.
     const auto most = static_cast<std::size_t>(std::max<std::int32_t>(circumstances.framesAllowed + 1, 0));
     const std::vector<LegacyRecord> records = readRecords(outcome.playfile.fileName, most, outcome);
-    const Cropping cropping = circumstances.cropping ? circumstances.cropping() : croppingFromSettings();
+    const Cropping cropping =
+        circumstances.cropping ? circumstances.cropping() : croppingFromPreferences(outcome);
     LegacyDetails& details = *outcome.legacy;
     if (!details.hasMark)
         return;

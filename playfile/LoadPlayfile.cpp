@@ -1,6 +1,7 @@
 // Reading the current format, with the corrections that belong to it.
 #include <qrtVistrelClasses4/LoadPlayfile.h>
 
+#include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
@@ -71,7 +72,7 @@ void readPlayfile(LoadOutcome& outcome, const LoadCircumstances& circumstances) 
 } // namespace
 
 LoadOutcome LoadPlayfileOver(Playfile existing, const std::string& path,
-                             const LoadCircumstances& circumstances) {
+                             const LoadCircumstances& circumstances) try {
     LoadOutcome outcome{.playfile = std::move(existing)};
     outcome.playfile.fileName = path;
     try {
@@ -83,6 +84,8 @@ LoadOutcome LoadPlayfileOver(Playfile existing, const std::string& path,
         outcome.error = FileError{error, {}};
     }
     return outcome;
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
 LoadOutcome LoadPlayfile(const std::string& path, const LoadCircumstances& circumstances) {

@@ -7,11 +7,18 @@
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/LoadPlayfile.h>
 #include <qrtVistrelClasses4/SavePlayfile.h>
+#include <qrtVistrelClasses4/SettingsInfoClass.h>
 
 #include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
+
+Cropping croppingFromSettings() {
+    SettingsInfoClass settings;
+    settings.GetSettingsFromDisk();
+    return {settings.BMPCrop(), settings.AVICrop()};
+}
 
 void showSaveError(const char* text) {
     showMessage({text, "Unable to save playfile", MessageIcon::critical, MessageButtons::ok});
@@ -26,7 +33,7 @@ bool FrameInfoClass::GetPlayfileFromDisk(const std::string& sFileName) {
             playfile_.fileName = sFileName;
             if (HasLegacyEnding(sFileName))
                 return GetLegacyPlayfileFromDisk(sFileName);
-            load(sFileName);
+            (void)load(sFileName);
             return true;
         },
         Arg{"sFileName", sFileName});
@@ -45,7 +52,8 @@ bool FrameInfoClass::GetLegacyPlayfileFromDisk(const std::string& sFileName) {
 
 LoadOutcome FrameInfoClass::load(const std::string& sFileName) {
     // A copy, because the host may look at the frames while errors on the way are reported to it.
-    LoadOutcome outcome = LoadPlayfileOver(playfile_, sFileName, {.framesAllowed = totalFramesAllowed_});
+    LoadOutcome outcome = LoadPlayfileOver(
+        playfile_, sFileName, {.cropping = croppingFromSettings, .framesAllowed = totalFramesAllowed_});
     Adopt(std::move(outcome.playfile));
     if (outcome.error)
         throw outcome.error->error;

@@ -1,5 +1,6 @@
 #include <qrtVistrelClasses4/SavePlayfile.h>
 
+#include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
@@ -14,12 +15,14 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// The files that the frames refer to, in the order in which saving looks at them.
+/// The files that the frames refer to, in the order in which saving looks at them. Error 6 for a delay that
+/// cannot be read from a file.
 std::vector<FrameReference> referencesOf(const Playfile& playfile) {
     std::vector<FrameReference> references;
     std::int32_t number = 0;
     for (const FrameRecord& frame : playfile.frames) {
         ++number;
+        DelayAccessor::check(frame.DelayTime);
         for (const auto member : {&FrameRecord::PicturefileName, &FrameRecord::commandfile})
             if (const std::string& file = frame.*member; !file.empty())
                 references.push_back({number, member, file});
@@ -103,7 +106,7 @@ void writePlayfile(const Playfile& playfile, const std::string& path, const Save
 } // namespace
 
 SaveOutcome SavePlayfile(const Playfile& playfile, const std::string& path,
-                         const SaveCircumstances& circumstances) {
+                         const SaveCircumstances& circumstances) try {
     SaveOutcome outcome;
     try {
         writePlayfile(playfile, path, circumstances, outcome);
@@ -111,15 +114,19 @@ SaveOutcome SavePlayfile(const Playfile& playfile, const std::string& path,
         outcome.error = error;
     }
     return outcome;
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
-void ReferToCopies(Playfile& playfile, const std::vector<CopiedReference>& copies) {
+void ReferToCopies(Playfile& playfile, const std::vector<CopiedReference>& copies) try {
     for (const auto& [reference, copy] : copies) {
         if (!playfile.frames.contains(reference.frame))
             continue;
         if (std::string& file = playfile.frames.at(reference.frame).*reference.member; file == reference.file)
             file = copy;
     }
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
 } // namespace qrtVistrelClasses4

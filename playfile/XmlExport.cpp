@@ -1,5 +1,6 @@
 // The export for other tools: every value between its tags, in quotes as in the playfile, on lines of their
 // own. There is no declaration and no root element, because readers of existing exports do not expect them.
+#include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
 #include <qrtVistrelClasses4/SavePlayfile.h>
 
@@ -99,6 +100,8 @@ std::optional<RuntimeError> ExportXml(const Playfile& playfile, const std::strin
     return std::nullopt;
 } catch (const RuntimeError& error) {
     return error;
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
 } // namespace qrtVistrelClasses4

@@ -115,8 +115,7 @@ bool MostRecentlyUsed::GetMRUFromDisk() {
 
 void MostRecentlyUsed::WriteMRUToDisk() {
     traced(sub("WriteMRUToDisk"), [&] {
-        if (const std::optional<RuntimeError> error = SaveRecentFiles(files_))
-            throw *error;
+        Check(SaveRecentFiles(files_));
     });
 }
 

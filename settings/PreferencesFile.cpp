@@ -1,4 +1,4 @@
-#include <qrtVistrelClasses4/PreferencesFile.h>
+#include "settings/PreferenceProfile.h"
 
 #include "frame/Conversions.h"
 #include "frame/ErrorTrap.h"
@@ -40,10 +40,6 @@ std::optional<RuntimeError> errorOf(SystemError error) {
     return error == SystemError::none ? std::nullopt : std::optional(ErrorFor(error));
 }
 
-std::unique_ptr<ProfileFile> opened(const std::string& path, const ProfileOpener& open) {
-    return open ? open(path) : platform().openProfile(path);
-}
-
 /// Reads one preference after another, until a value does not convert.
 class PreferenceReader {
 public:
@@ -63,9 +59,7 @@ public:
                 fromText(value, defaultText);
         } catch (const RuntimeError& error) {
             outcome_.error = {std::move(key), error};
-            return;
         }
-        outcome_.keysRead.push_back(std::move(key));
     }
 
 private:
@@ -76,34 +70,42 @@ private:
 
 } // namespace
 
-PreferenceFolders FindPreferenceFolders() {
+PreferenceFolders FindPreferenceFolders() try {
     PreferenceFolders folders{JoinPath(LibraryFolder(), "Brivox Graphics"), SystemFolder(kDocumentsFolder)};
     if (folders.playfiles)
         folders.playfiles = JoinPath(*folders.playfiles, "Vistrel Sign Playfiles");
     return folders;
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
-std::optional<RuntimeError> MakePlayfileFolder(const PreferenceFolders& folders) {
+std::optional<RuntimeError> MakePlayfileFolder(const PreferenceFolders& folders) try {
     FileSystem& files = platform().files();
     if (!folders.playfiles || files.kindOf(*folders.playfiles) == EntryKind::folder)
         return std::nullopt;
     return errorOf(files.createFolder(*folders.playfiles));
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
-std::optional<std::string> PreferencesPath() {
+std::optional<std::string> PreferencesPath() try {
     const std::uint64_t errorsBefore = TrappedErrors();
     const std::string folder = GetAppFolder();
     if (TrappedErrors() != errorsBefore)
         return std::nullopt;
     return platform().files().existingName(JoinPath(folder, kFileName));
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
-Preferences DefaultPreferences(const PreferenceFolders& folders) {
+Preferences DefaultPreferences(const PreferenceFolders& folders) try {
     Preferences preferences;
     ForEachPreference(
         [&](const auto& placed, auto& value) { fromText(value, defaultOf(placed.row, folders)); },
         preferences);
     return preferences;
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
 std::string PreferenceText(const std::string& value) { return value; }
@@ -111,41 +113,55 @@ std::string PreferenceText(bool value) { return std::string(BooleanToText(value)
 std::string PreferenceText(double value) { return NumberToText(value); }
 std::string PreferenceText(std::int16_t value) { return NumberToText(std::int32_t{value}); }
 
-PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances) {
+PreferencesOutcome ReadPreferences(ProfileFile& file, const PreferenceFolders& folders, Preferences before) {
     PreferencesOutcome outcome;
-    outcome.values = std::move(circumstances.before);
-    outcome.keysRead.reserve(kPreferenceCount);
-    const auto file = opened(circumstances.path, circumstances.open);
-    outcome.isFileThere = file->isThere();
-    ForEachPreference(PreferenceReader(*file, circumstances.folders, outcome), outcome.values);
+    outcome.values = std::move(before);
+    ForEachPreference(PreferenceReader(file, folders, outcome), outcome.values);
     return outcome;
 }
 
-PreferencesOutcome LoadPreferences() {
+PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances) try {
+    return ReadPreferences(*platform().openProfile(circumstances.path), circumstances.folders,
+                           std::move(circumstances.before));
+} catch (...) {
+    RethrowAsRuntimeError();
+}
+
+PreferencesOutcome LoadPreferences() try {
     const PreferenceFolders folders = FindPreferenceFolders();
     (void)MakePlayfileFolder(folders); // preferences are loaded without it, too
     if (const std::optional<std::string> path = PreferencesPath())
-        return LoadPreferences({*path, folders, DefaultPreferences(folders), {}});
+        return LoadPreferences({*path, folders, DefaultPreferences(folders)});
     PreferencesOutcome outcome; // the error has been trapped
     outcome.values = DefaultPreferences(folders);
     outcome.error = {"AppPath", RuntimeError(ErrorNumber::pathNotFound)};
     return outcome;
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
-std::optional<RuntimeError> SavePreferences(const Preferences& preferences, const std::string& path,
-                                            const ProfileOpener& open) {
-    const auto file = opened(path, open);
+std::optional<RuntimeError> WritePreferences(ProfileFile& file, const Preferences& preferences) {
     ForEachPreference([&](const auto& placed,
-                          const auto& value) { file->write(kSection, placed.key(), PreferenceText(value)); },
+                          const auto& value) { file.write(kSection, placed.key(), PreferenceText(value)); },
                       preferences);
-    return errorOf(file->commit());
+    return errorOf(file.commit());
 }
 
-std::string ReadPreference(const std::string& path, const std::string& key, const std::string& defaultText) {
+std::optional<RuntimeError> SavePreferences(const Preferences& preferences, const std::string& path) try {
+    return WritePreferences(*platform().openProfile(path), preferences);
+} catch (...) {
+    RethrowAsRuntimeError();
+}
+
+std::string ReadPreference(const std::string& path, const std::string& key,
+                           const std::string& defaultText) try {
     return platform().openProfile(path)->read(kSection, key, defaultText, kPreferenceBufferSize);
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
-WrittenPreference WritePreference(const std::string& path, const std::string& key, const std::string& text) {
+WrittenPreference WritePreference(const std::string& path, const std::string& key,
+                                  const std::string& text) try {
     const IniChange change{std::string(kSection), key, text};
     const std::string alone = ApplyIniChanges("", std::span(&change, 1)).value_or("");
     const auto file = platform().openProfile(path);
@@ -153,6 +169,8 @@ WrittenPreference WritePreference(const std::string& path, const std::string& ke
     return {.error = errorOf(file->commit()),
             .readsBack =
                 ProfileString(IniIndex(alone).find(kSection, key), "", kPreferenceBufferSize) == text};
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
 } // namespace qrtVistrelClasses4

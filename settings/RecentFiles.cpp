@@ -65,13 +65,15 @@ void RecentFiles::putFirst(const std::string& name) {
     entries.move(last, 1);
 }
 
-std::optional<std::string> RecentFilesPath() {
+std::optional<std::string> RecentFilesPath() try {
     const std::uint64_t errorsBefore = TrappedErrors();
     std::string path = kListFile.read(defaultPath());
     return TrappedErrors() == errorsBefore ? std::optional(std::move(path)) : std::nullopt;
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
-RecentFilesOutcome LoadRecentFiles(const std::string& path) {
+RecentFilesOutcome LoadRecentFiles(const std::string& path) try {
     RecentFilesOutcome outcome;
     outcome.files.entries.resize(1);
     FileSystem& files = platform().files();
@@ -95,9 +97,11 @@ RecentFilesOutcome LoadRecentFiles(const std::string& path) {
         outcome.mayBeReplaced = files.copy(path, MakePlaceForBackup(files, path)) == SystemError::none;
     }
     return outcome;
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
-std::optional<RuntimeError> SaveRecentFiles(const RecentFiles& files) {
+std::optional<RuntimeError> SaveRecentFiles(const RecentFiles& files) try {
     const std::string path = defaultPath();
     kListFile.write(path);
     try {
@@ -106,6 +110,8 @@ std::optional<RuntimeError> SaveRecentFiles(const RecentFiles& files) {
         return error;
     }
     return std::nullopt;
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
 } // namespace qrtVistrelClasses4

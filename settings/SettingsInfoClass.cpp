@@ -4,7 +4,7 @@
 #include "frame/Traced.h"
 #include "frame/modClassIDGenerator.h"
 #include "platform/Platform.h"
-#include <qrtVistrelClasses4/PreferencesFile.h>
+#include "settings/PreferenceProfile.h"
 
 #include <utility>
 
@@ -22,7 +22,6 @@ class TracedProfile final : public ProfileFile {
 public:
     explicit TracedProfile(std::unique_ptr<ProfileFile> file) : file_(std::move(file)) {}
 
-    bool isThere() override { return file_->isThere(); }
     std::string read(std::string_view section, std::string_view key, std::string_view defaultValue,
                      std::size_t bufferSize) override {
         return traced(
@@ -39,10 +38,6 @@ public:
 private:
     std::unique_ptr<ProfileFile> file_;
 };
-
-std::unique_ptr<ProfileFile> openTraced(const std::string& path) {
-    return std::make_unique<TracedProfile>(platform().openProfile(path));
-}
 
 /// A folder that cannot be made is only logged: the preferences are loaded all the same.
 void makePlayfileFolder(const PreferenceFolders& folders) {
@@ -104,13 +99,13 @@ void SettingsInfoClass::GetSettingsFromDisk(const std::optional<std::string>& sF
     traced(
         procedure(ProcedureKind::Sub, "GetSettingsFromDisk"),
         [&] {
-            PreferenceFolders folders = FindPreferenceFolders();
+            const PreferenceFolders folders = FindPreferenceFolders();
             makePlayfileFolder(folders);
-            std::optional<std::string> path = PreferencesPath();
+            const std::optional<std::string> path = PreferencesPath();
             if (!path)
                 return;
-            PreferencesOutcome outcome =
-                LoadPreferences({std::move(*path), std::move(folders), preferences_, openTraced});
+            TracedProfile file(platform().openProfile(*path));
+            PreferencesOutcome outcome = ReadPreferences(file, folders, preferences_);
             preferences_ = std::move(outcome.values);
             if (outcome.error)
                 throw outcome.error->error;
@@ -125,8 +120,8 @@ void SettingsInfoClass::SaveSettingsToDisk(const std::optional<std::string>& sFi
             const std::optional<std::string> path = PreferencesPath();
             if (!path)
                 return;
-            if (const auto error = SavePreferences(preferences_, *path, openTraced))
-                throw *error;
+            TracedProfile file(platform().openProfile(*path));
+            Check(WritePreferences(file, preferences_));
         },
         Arg{"sFileName", sFileName});
 }

@@ -9,6 +9,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 
@@ -43,12 +44,12 @@ public:
     /// Sets the byte string of that row, or adds a row. Without a key or without bytes it does nothing. Error
     /// 6 if the table is full.
     void set(const std::string& key, const std::string& bytes);
-    /// Adds an empty row, to be filled at once. Error 6 if the table is full.
-    CommandInfoType& add() {
+    /// Adds a row at the end. Error 6 if the table is full.
+    void add(CommandInfoType row) {
         if (count() == kMostCommands)
             Raise(ErrorNumber::overflow);
         rows_.resize(count() + 1);
-        return rows_.at(count());
+        rows_.at(count()) = std::move(row);
     }
 
     bool operator==(const CommandTable& other) const { return rows_ == other.rows_; }

@@ -2,6 +2,8 @@
 //
 // These functions use the platform and the settings of the process. Several threads may call them at once for
 // different files.
+// The functions report failures of files in what they return. They throw error 7 for lack of memory and error
+// 51 for an unknown failure.
 #pragma once
 
 #include <qrtVistrelClasses4/CommandTable.h>
@@ -21,18 +23,16 @@ struct CommandTableSource {
 };
 
 /// What came of reading a table.
-struct CommandTableOutcome {
+struct [[nodiscard]] CommandTableOutcome {
     CommandTable table; ///< The built-in rows, and those that were read.
     CommandTableSource source;
-    std::int32_t rowsRead = 0;
     bool isMissing = false; ///< True if there is no file yet. This is not an error.
     std::optional<RuntimeError> error;
 };
 
 /// What came of saving a table.
-struct SavedCommandTable {
+struct [[nodiscard]] SavedCommandTable {
     std::string path;                  ///< The file, which is also remembered for loading.
-    std::optional<std::string> keptAs; ///< The copy that this save made of the file that was there.
     std::optional<RuntimeError> error; ///< If there is one, the file is unchanged.
 };
 

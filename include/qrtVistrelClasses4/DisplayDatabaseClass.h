@@ -240,7 +240,9 @@ private:
     template <class Row>
     void writeRow(const Row& row, const typename Row::Property& vData);
 
-    /// The sign, or the brightness schedule, under the cursors.
+    /// The sign, or the brightness schedule, under the cursors of `self`.
+    template <class Record, class Self>
+    static auto& currentOf(Self& self);
     template <class Record>
     const Record& current() const;
     template <class Record>

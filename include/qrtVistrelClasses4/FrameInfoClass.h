@@ -277,7 +277,9 @@ private:
         using Getter = std::conditional_t<isPlain, Value Record::*, Value (*)(const Record&)>;
         using Setter = std::conditional_t<isPlain, Value Record::*, void (*)(Record&, Given)>;
         static Value read(const FrameInfoClass& playfile, const MemberColumns& row, Getter get);
-        static void write(FrameInfoClass& playfile, const MemberColumns& row, Setter set, Given vData);
+        /// `check`, if any, is called before the record is looked up.
+        static void write(FrameInfoClass& playfile, const MemberColumns& row, Setter set, Given vData,
+                          void (*check)(Given) = nullptr);
     };
     template <class Row>
     using PropertyOf = Property<kMember<Row::member>.access, typename Row::Record, typename Row::Value,
@@ -295,7 +297,7 @@ private:
         if constexpr (Row::isPlain)
             PropertyOf<Row>::write(*this, row, Row::member, vData);
         else
-            PropertyOf<Row>::write(*this, row, &Row::set, vData);
+            PropertyOf<Row>::write(*this, row, &Row::set, vData, &Row::check);
     }
     template <auto member>
     typename RowOf<member>::Value read() const {

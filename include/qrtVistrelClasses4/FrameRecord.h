@@ -78,7 +78,8 @@ NEW_FRAME_TYPES KindOf(const FrameRecord& frame);
 bool IsOverlay(const FrameRecord& frame);
 
 // How a property reaches its member. `get` returns what the property reads, `set` takes what it is given;
-// both throw a `RuntimeError` when the value does not fit, and the record then stays as it was.
+// both throw a `RuntimeError` when the value does not fit, and the record then stays as it was. `check`,
+// where there is one, throws the error of `set` before a record is looked up.
 
 template <auto member>
 struct MemberClass;
@@ -118,6 +119,7 @@ using SuffixCodeAccessor = CoupledCodeAccessor<&FrameRecord::SuffixCode, &FrameR
 struct DelayAccessor {
     static double get(const FrameRecord& frame) { return frame.DelayTime; }
     static void set(FrameRecord& frame, double seconds);
+    static void check(double seconds);
 };
 
 /// A flag that reads as its stored number.
@@ -193,6 +195,10 @@ struct PlayfileMember : MemberColumns {
 
     static Value get(const Record& record) { return Accessor::get(record); }
     static void set(Record& record, Given value) { Accessor::set(record, value); }
+    static void check(Given value) {
+        if constexpr (requires { Accessor::check(value); })
+            Accessor::check(value);
+    }
 };
 
 inline constexpr std::string_view kSpare = "Spare";

@@ -2,9 +2,12 @@
 //
 // These functions use the platform and the settings of the process. Several threads may call them at once for
 // different files.
+// The functions report failures of files in what they return. They throw error 7 for lack of memory and error
+// 51 for an unknown failure.
 #pragma once
 
 #include <qrtVistrelClasses4/Playfile.h>
+#include <qrtVistrelClasses4/PreferencesFile.h>
 #include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <cstdint>
@@ -55,9 +58,11 @@ struct LegacyDetails {
     /// Loop counts and widths that are too large for a frame. The frame has 0 instead, and each has been
     /// reported as error 6.
     std::vector<LegacyLoss> refusedNumbers;
+    /// Why pictures may not be placed as the preferences say. Does not make the outcome incomplete.
+    std::optional<PreferenceError> preferencesError{};
 };
 
-struct LoadOutcome {
+struct [[nodiscard]] LoadOutcome {
     Playfile playfile;
     std::int32_t framesAnnounced = 0; ///< By the file's count, or records of an older file.
     std::int32_t framesRead = 0;      ///< Those read whole, which are the first ones.
@@ -70,7 +75,7 @@ struct LoadOutcome {
 
 /// Reads a playfile; a name ending in "PL2", in any case, is one of the older format. `playfile` has the
 /// frames that were read whole. References to picture and command files that are missing are replaced by
-/// files of that name beside the playfile. Throws what is not a failure of the file, such as lack of memory.
+/// files of that name beside the playfile.
 LoadOutcome LoadPlayfile(const std::string& path, const LoadCircumstances& circumstances = {});
 
 /// Reads a playfile over `existing`. What is not read stays as it was: members that files do not hold, and

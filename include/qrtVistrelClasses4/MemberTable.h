@@ -37,7 +37,7 @@ constexpr std::size_t RowIndex(const Table& table, Member sought) {
     return index;
 }
 
-/// The row of a member, found at compile time: `kRowOf<kSignMembers, &SignRecord::DisplayName>.name`.
+/// The row of a member, found at compile time: `kRowOf<kDisplayMembers, &DisplayRecord::DisplayName>.name`.
 template <const auto& table, auto member>
 inline constexpr const auto& kRowOf = std::get<RowIndex(table, member)>(table);
 

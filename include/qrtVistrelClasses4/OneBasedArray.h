@@ -34,15 +34,11 @@ public:
 
     /// Keeps the elements up to the smaller bound; new elements have their default value. Error 9 if
     /// `upperBound` is negative.
-    void resize(std::int32_t upperBound) {
-        if (upperBound < 0)
-            throw RuntimeError(ErrorNumber::subscriptOutOfRange);
-        elements_.resize(static_cast<std::size_t>(upperBound));
-    }
+    void resize(std::int32_t upperBound) { elements_.resize(sizeFor(upperBound)); }
 
     /// Reserves memory for `upperBound` elements, so that growing up to that number moves no element. The
-    /// bound stays.
-    void reserve(std::int32_t upperBound) { elements_.reserve(static_cast<std::size_t>(upperBound)); }
+    /// bound stays. Error 9 if `upperBound` is negative.
+    void reserve(std::int32_t upperBound) { elements_.reserve(sizeFor(upperBound)); }
 
     /// Moves the elements from `number` on up by one; the last one is lost. Element `number` is valid
     /// afterwards, but its value is not specified. Error 9 if `number` is outside the array.
@@ -51,10 +47,11 @@ public:
         std::move_backward(place(number), end() - 1, end());
     }
 
-    /// Inserts `count` copies of element `number` before it. Error 9 if `number` is outside the array.
+    /// Inserts `count` copies of element `number` before it. Error 9 if `number` is outside the array, or
+    /// `count` is negative.
     void repeat(std::int32_t number, std::int32_t count) {
         const T copied = at(number);
-        elements_.insert(place(number), static_cast<std::size_t>(count), copied);
+        elements_.insert(place(number), sizeFor(count), copied);
     }
 
     /// Removes the elements `first` to `last`, and none if `last` is less than `first`. Error 9 if one of
@@ -88,6 +85,11 @@ public:
     auto end() const { return elements_.end(); }
 
 private:
+    static std::size_t sizeFor(std::int32_t count) {
+        if (count < 0)
+            throw RuntimeError(ErrorNumber::subscriptOutOfRange);
+        return static_cast<std::size_t>(count);
+    }
     auto place(std::int32_t number) { return elements_.begin() + (number - 1); }
     void requireElement(std::int32_t number) const {
         if (!contains(number)) [[unlikely]]

@@ -168,11 +168,6 @@ inline constexpr const auto&
 template <auto member>
 using PreferenceValue = ValueOfRow<std::remove_cvref_t<decltype(kPreferenceRow<member>)>>;
 
-/// Number of keys in the file.
-inline constexpr std::size_t kPreferenceCount =
-    std::tuple_size_v<decltype(kPreferenceMembers)> - 1 +
-    kBrightnessSchedules * std::tuple_size_v<decltype(kPreferredScheduleMembers)>;
-
 /// A preference's place in the file: its row, and for a preference of a schedule the schedule's number ("1"
 /// to "4"), which is added to name and key.
 template <class Row>

@@ -2,21 +2,18 @@
 //
 // These functions use the platform and the settings of the process. Several threads may call them at once for
 // different files.
+// The functions report failures of files in what they return. They throw error 7 for lack of memory and error
+// 51 for an unknown failure.
 #pragma once
 
 #include <qrtVistrelClasses4/Preferences.h>
 #include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <cstdint>
-#include <functional>
-#include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace qrtVistrelClasses4 {
-
-class ProfileFile;
 
 /// The folders that are the defaults of two preferences.
 struct PreferenceFolders {
@@ -28,7 +25,7 @@ struct PreferenceFolders {
 /// The folders of this machine and user. They may not exist.
 PreferenceFolders FindPreferenceFolders();
 /// Makes the folder for playfiles if it is missing. Returns the error if that fails.
-std::optional<RuntimeError> MakePlayfileFolder(const PreferenceFolders& folders);
+[[nodiscard]] std::optional<RuntimeError> MakePlayfileFolder(const PreferenceFolders& folders);
 /// Full name of "VistrelLite.ini" in the application data folder; nothing after an error that was trapped.
 std::optional<std::string> PreferencesPath();
 
@@ -47,24 +44,16 @@ struct PreferenceError {
     RuntimeError error;
 };
 
-/// Opens the INI file `path`. If the function is empty, the platform opens it.
-using ProfileOpener = std::function<std::unique_ptr<ProfileFile>(const std::string& path)>;
-
 struct PreferencesCircumstances {
     std::string path;
     PreferenceFolders folders;
     Preferences before; ///< The values of preferences that are not read.
-    ProfileOpener open;
 };
 
 /// What came of reading preferences.
-struct PreferencesOutcome {
-    Preferences values;
-    /// Keys whose values, or whose defaults if the file lacks them, were taken over: all keys, or those
-    /// before the one at fault.
-    std::vector<std::string> keysRead;
+struct [[nodiscard]] PreferencesOutcome {
+    Preferences values; ///< After an error, only those before the one at fault were read.
     std::optional<PreferenceError> error;
-    bool isFileThere = false;
 };
 
 PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances);
@@ -72,13 +61,13 @@ PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances);
 PreferencesOutcome LoadPreferences();
 
 /// Writes all preferences in one step and keeps everything else in the file. Returns the error if that fails.
-std::optional<RuntimeError> SavePreferences(const Preferences& preferences, const std::string& path,
-                                            const ProfileOpener& open = {});
+[[nodiscard]] std::optional<RuntimeError> SavePreferences(const Preferences& preferences,
+                                                          const std::string& path);
 
 /// The value of `key` in the file as it is now, cut to 254 characters; `defaultText` if it is missing.
 std::string ReadPreference(const std::string& path, const std::string& key, const std::string& defaultText);
 
-struct WrittenPreference {
+struct [[nodiscard]] WrittenPreference {
     std::optional<RuntimeError> error; ///< If there is one, the file is unchanged.
     /// True if the same text is read back: it has no blanks or pair of quotes around it, is on one line, and
     /// has at most 254 characters.

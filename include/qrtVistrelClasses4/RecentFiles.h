@@ -2,6 +2,8 @@
 //
 // The functions of files use the platform and the settings of the process. Several threads may call them at
 // once for different files.
+// The functions for the file report failures of files in what they return. They throw error 7 for lack of
+// memory and error 51 for an unknown failure.
 #pragma once
 
 #include <qrtVistrelClasses4/OneBasedArray.h>
@@ -28,7 +30,7 @@ struct RecentFiles {
 };
 
 /// What came of reading a list.
-struct RecentFilesOutcome {
+struct [[nodiscard]] RecentFilesOutcome {
     RecentFiles files; ///< As far as it could be read; one empty entry if nothing could.
     /// A file that does not exist yet is a quiet error.
     std::optional<RuntimeError> error;
@@ -45,6 +47,6 @@ RecentFilesOutcome LoadRecentFiles(const std::string& path);
 
 /// Saves the list as "VistrelLite.MRU" in the library's folder, and remembers that name for loading. Returns
 /// the error if that fails; the file is then unchanged.
-std::optional<RuntimeError> SaveRecentFiles(const RecentFiles& files);
+[[nodiscard]] std::optional<RuntimeError> SaveRecentFiles(const RecentFiles& files);
 
 } // namespace qrtVistrelClasses4

@@ -2,6 +2,8 @@
 //
 // These functions use the platform and the settings of the process. Several threads may call them at once for
 // different files.
+// The functions report failures of files in what they return. They throw error 7 for lack of memory and error
+// 51 for an unknown failure.
 #pragma once
 
 #include <qrtVistrelClasses4/Playfile.h>
@@ -38,7 +40,7 @@ struct CopiedReference {
     bool operator==(const CopiedReference&) const = default;
 };
 
-struct SaveOutcome {
+struct [[nodiscard]] SaveOutcome {
     std::optional<RuntimeError> error; ///< Empty if the playfile was written.
     /// In the order of the frames. Filled even if the playfile could not be written afterwards.
     std::vector<CopiedReference> copies;
@@ -49,9 +51,10 @@ struct SaveOutcome {
 };
 
 /// Writes a playfile to `path`, with references to the copies that it makes. A failure leaves the existing
-/// file unchanged. The host may change `playfile` while a question is asked or a failed copy is reported. The
-/// frames are looked up again afterwards, as many as there were at first, and a frame that has gone is error
-/// 9.
+/// file unchanged. A delay that is infinite or not a number is error 6, since a file with it could not be
+/// loaded; then nothing is copied either. The host may change `playfile` while a question is asked or a
+/// failed copy is reported. The frames are looked up again afterwards, as many as there were at first, and a
+/// frame that has gone is error 9.
 SaveOutcome SavePlayfile(const Playfile& playfile, const std::string& path,
                          const SaveCircumstances& circumstances = {});
 

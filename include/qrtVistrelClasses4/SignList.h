@@ -2,6 +2,8 @@
 //
 // The functions of files use the platform and the settings of the process. Several threads may call them at
 // once for different files.
+// The functions for the file report failures of files in what they return. They throw error 7 for lack of
+// memory and error 51 for an unknown failure.
 #pragma once
 
 #include <qrtVistrelClasses4/DisplayRecord.h>
@@ -46,10 +48,10 @@ private:
     DisplayRecord& grow();
 };
 
-/// "Direct Connect", "Network Connect" or "Modem Connect"; empty for an unknown method.
-std::string_view ConnectionMethodName(std::int16_t connectionMethod);
-/// How a sign is reached: "COM1:9600", "10.0.0.5:3001"; empty for an unknown method.
-std::string ConnectionOf(const DisplayRecord& sign);
+/// "Direct Connect", "Network Connect" or "Modem Connect"; nothing for an unknown method.
+std::optional<std::string_view> ConnectionMethodName(std::int16_t connectionMethod);
+/// How a sign is reached: "COM1:9600", "10.0.0.5:3001"; nothing for an unknown method.
+std::optional<std::string> ConnectionOf(const DisplayRecord& sign);
 
 /// What came of reading a file over a list.
 struct [[nodiscard]] SignListReading {
@@ -90,9 +92,11 @@ struct [[nodiscard]] SignListSaving {
     bool isWritten() const { return !error; }
 };
 
-/// Saves all signs that count in the file `path`. Before that, the previous list is copied to name + ".bak".
-/// If the copy is not permitted, the list is saved all the same; any other failure to copy stops the save.
-/// `halfWritten` comes from the last save: a file that it left incomplete is not copied.
+/// Saves all signs that count in the file `path`. A text with a quote in it does not come back from the file,
+/// and may make the rest of the list unreadable: the caller makes sure that there is none. Before that, the
+/// previous list is copied to name + ".bak". If the copy is not permitted, the list is saved all the same;
+/// any other failure to copy stops the save. `halfWritten` comes from the last save: a file that it left
+/// incomplete is not copied.
 SignListSaving SaveSignList(const SignList& list, const std::string& path,
                             const std::optional<HalfWrittenList>& halfWritten = std::nullopt);
 

@@ -4,8 +4,6 @@
 
 namespace qrtVistrelClasses4 {
 
-bool WindowsProfileFile::isThere() { return ::GetFileAttributesA(path_.c_str()) != INVALID_FILE_ATTRIBUTES; }
-
 std::string WindowsProfileFile::read(std::string_view section, std::string_view key,
                                      std::string_view defaultValue, std::size_t bufferSize) {
     std::string buffer(bufferSize, '\0');

@@ -9,7 +9,6 @@ class WindowsProfileFile final : public ProfileFile {
 public:
     explicit WindowsProfileFile(std::string path) : path_(std::move(path)) {}
 
-    bool isThere() override;
     std::string read(std::string_view section, std::string_view key, std::string_view defaultValue,
                      std::size_t bufferSize) override;
     void write(std::string_view section, std::string_view key, std::string_view value) override;

@@ -76,7 +76,9 @@ TEST_F(DisplayProperties, NameTheConnection) {
         displays_.ConnectionMethod(method);
         described += displays_.TranslateConnectionMethodToString(method) + " ";
         described += displays_.GetConnectionInfoInString() + ", ";
-        EXPECT_EQ(ConnectionOf(displays_.Value().signs.at(1)), displays_.GetConnectionInfoInString());
+        EXPECT_EQ(ConnectionOf(displays_.Value().signs.at(1)).value_or(""),
+                  displays_.GetConnectionInfoInString());
+        EXPECT_EQ(ConnectionMethodName(method).has_value(), method >= 1 && method <= 3);
     }
     EXPECT_EQ(described, " , Direct Connect text 22:text 23, Network Connect text 21:text 22, Modem Connect "
                          "text 20:text 22:text 23,  , ");

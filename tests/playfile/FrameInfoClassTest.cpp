@@ -95,6 +95,7 @@ TEST_F(FrameInfo, ReadsNothingFromAFrameWithoutLinesAndStoresNothingInIt) {
 }
 
 TEST_F(FrameInfo, RefusesNumbersThatDoNotFit) {
+    playfile_.DelayTime(std::numeric_limits<double>::infinity()); // before it looks for the frame
     playfile_.CurrentFrame(1);
     playfile_.FrameType(StoredFrameType(NEW_FRAME_TYPES::FRAME_GRAPHICTEXT));
     playfile_.FrameType(FRAME_TYPES{32768});
@@ -106,7 +107,7 @@ TEST_F(FrameInfo, RefusesNumbersThatDoNotFit) {
     playfile_.InitFrame(21);
     playfile_.TotalFrames(-1);
     playfile_.TotalLinesAllowed(-1);
-    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{6, 6, 6, 9, 9, 9}));
+    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{6, 6, 6, 6, 9, 9, 9}));
     EXPECT_EQ(std::tuple(playfile_.DelayTime(), playfile_.TotalFrames(), playfile_.TotalLinesAllowed()),
               std::tuple(0, 20, 1));
 }

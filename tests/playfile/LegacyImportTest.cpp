@@ -107,8 +107,14 @@ TEST_F(LegacyImport, PlacesPicturesByTheSettingForTheirKind) {
             const Playfile playfile = load(legacyPlayfile({{.reference = "a." + kind}})).playfile;
             EXPECT_EQ(playfile.frames.at(1).PictureFileDisplay, crop == kind + "Crop" ? 1 : 0)
                 << crop << kind;
+            FrameInfoClass object;
+            object.SetSuppressMessages(true);
+            object.GetPlayfileFromDisk(path_);
+            EXPECT_EQ(object.Value(), playfile);
         }
     }
+    files().put(host_.inLibrary("VistrelLite.ini"), "[VistrelLite]\r\nDisplayHeight=1e9\r\n");
+    EXPECT_EQ(load(legacyPlayfile({})).legacy->preferencesError.value().key, "DisplayHeight");
 }
 
 TEST_F(LegacyImport, AsksAfterConvertingWhetherToGoOn) {

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <limits>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -46,6 +47,9 @@ TEST_F(SavingPlayfiles, CopiesFilesFromDrivesThatMayGoAwayIfTheOperatorWantsIt) 
     EXPECT_NE(saved().find(copy), std::string::npos);
     ReferToCopies(playfile, outcome.copies);
     EXPECT_EQ(playfile.frames.at(2).commandfile, copy);
+    playfile.frames.at(2).DelayTime = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(SavePlayfile(playfile, path_).error->number(), 6) << "it could not be loaded";
+    playfile.frames.at(2).DelayTime = 0;
     playfile.frames.at(1).PicturefileName = "";
     EXPECT_TRUE(save(true).copies.empty());
     EXPECT_EQ(questions, 2) << "nothing is left to ask";

@@ -39,10 +39,10 @@ std::optional<CellSize> sizeOfNumberedFont(std::string_view name) {
     constexpr std::int16_t ordinarySign = 0;
     constexpr std::int16_t signWithOwnFont = 16;
     for (std::int16_t number = 0; number < kNumberedFonts; ++number)
-        for (const std::string_view file : {clsFontSizes::FontFile(number, ordinarySign, false),
-                                            clsFontSizes::FontFile(number, ordinarySign, true),
-                                            clsFontSizes::FontFile(number, signWithOwnFont, true)})
-            if (EqualIgnoringAsciiCase(name, file))
+        for (const auto file : {clsFontSizes::FontFile(number, ordinarySign, false),
+                                clsFontSizes::FontFile(number, ordinarySign, true),
+                                clsFontSizes::FontFile(number, signWithOwnFont, true)})
+            if (file && EqualIgnoringAsciiCase(name, *file))
                 return clsFontSizes::FontSize(number);
     return std::nullopt;
 }

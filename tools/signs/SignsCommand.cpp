@@ -45,8 +45,8 @@ std::optional<std::string> freeName(const SignList& list, const std::string& typ
 std::string shown(std::string_view ansi) { return Visible(Utf8FromAnsi(ansi)); }
 
 std::string connection(const DisplayRecord& sign) {
-    const std::string method(ConnectionMethodName(sign.ConnectionMethod));
-    return method.empty() ? method : shown(method + " " + ConnectionOf(sign));
+    const auto method = ConnectionMethodName(sign.ConnectionMethod);
+    return method ? shown(std::string(*method) + " " + ConnectionOf(sign).value_or("")) : "";
 }
 
 void printSigns(std::ostream& out, const SignList& list) {
@@ -79,16 +79,25 @@ ExitCode listSigns(const SignsOptions& options, Session& session) {
     return ExitCode::done;
 }
 
+/// What the number in a property means; "" for a property that needs no explanation.
+template <class Row>
+std::string_view meaningOf(const Row& row, const DisplayRecord& sign) {
+    if constexpr (std::is_same_v<ValueOfRow<Row>, std::int16_t>) {
+        if (row.member == &DisplayRecord::DisplayType)
+            return SignTypeName(sign.DisplayType);
+        if (row.member == &DisplayRecord::ConnectionMethod)
+            return ConnectionMethodName(sign.ConnectionMethod).value_or("");
+    }
+    return "";
+}
+
 void printSign(std::ostream& out, const DisplayRecord& sign) {
     Table properties({{"Property"}, {"Value"}});
     ForEachRow(kDisplayMembers, [&]<class Row>(const Row& row) {
         if constexpr (!RowOfRecords<Row>) {
             if (row.name.empty())
                 return;
-            const std::string_view meaning = row.name == "DisplayType" ? SignTypeName(sign.DisplayType)
-                                             : row.name == "ConnectionMethod"
-                                                 ? ConnectionMethodName(sign.ConnectionMethod)
-                                                 : "";
+            const std::string_view meaning = meaningOf(row, sign);
             properties.addRow(
                 {std::string(row.name), CellText(JsonOf(ValueOfProperty(row, sign))) +
                                             (meaning.empty() ? "" : " (" + std::string(meaning) + ")")});
@@ -132,7 +141,8 @@ ExitCode assign(SignList& list, std::int16_t number, const SignsOptions& options
         }
         const std::string property = assignment.substr(0, equals);
         const std::string value = assignment.substr(equals + 1);
-        if (EqualIgnoringAsciiCase(property, "DisplayName") && !freeName(list, value, errors, number))
+        if (EqualIgnoringAsciiCase(property, kRowOf<kDisplayMembers, &DisplayRecord::DisplayName>.name) &&
+            !freeName(list, value, errors, number))
             return ExitCode::failed;
         if (!SetByName(list.signs.at(number), kDisplayMembers, property, value, errors))
             return ExitCode::wrongUsage;
