@@ -1,6 +1,7 @@
 // Frames of a playfile as the dots of a sign.
 #pragma once
 
+#include <qrtVistrelClasses4/CommandTable.h>
 #include <qrtVistrelClasses4/FrameRecord.h>
 #include <qrtVistrelClasses4/OneBasedArray.h>
 #include <qrtVistrelClasses4/PixelBuffer.h>
@@ -24,8 +25,9 @@ bool HasText(const FrameRecord& frame);
 /// full paths. One thread at a time.
 class FramePainter {
 public:
-    /// Reads the command table, and writes it again.
-    explicit FramePainter(const SignLook& sign);
+    /// `commands` are those whose previews replace their keys in texts. `LoadCommandTable` also gives the
+    /// commands that users added.
+    explicit FramePainter(const SignLook& sign, CommandTable commands = BuiltInCommands());
     ~FramePainter();
     FramePainter(FramePainter&&) noexcept;
     FramePainter& operator=(FramePainter&&) noexcept;

@@ -80,8 +80,11 @@ protected:
     static PixelBuffer draw(const std::vector<FrameRecord>& frames, DotSize size, const SignLook& sign = {}) {
         PixelBuffer last(0, 0);
         const auto number = static_cast<std::int32_t>(frames.size());
-        FramePainter(sign).draw(listOf(frames), number, number, size,
-                                [&](std::int32_t, const PixelBuffer& dots) { last = dots; });
+        CommandTable commands = BuiltInCommands();
+        commands.set("~", "\1");
+        FramePainter(sign, commands)
+            .draw(listOf(frames), number, number, size,
+                  [&](std::int32_t, const PixelBuffer& dots) { last = dots; });
         return last;
     }
 
@@ -114,6 +117,7 @@ TEST_F(Frames, AreDrawnAsASignShowsThem) {
         std::string rows;
     } cases[] = {
         {"lines in their fonts, with codes and unknown letters", {text(lines)}, stacked},
+        {"a command that a user added", {text({line("~")})}, "..# ..# ..#"},
         {"nothing at all", {frame(FRAME_BLANK, {line("A")})}, "... ..."},
         {"overlays over the frames before", {text({line("A")}), one, below}, ".## .## .## .#."},
         {"a picture with text", {frame(FRAME_GRAPHICTEXT, {line("A")}, picture_)}, "##. +## .#."},
@@ -126,6 +130,7 @@ TEST_F(Frames, AreDrawnAsASignShowsThem) {
     };
     for (const auto& [why, frames, rows] : cases)
         EXPECT_EQ(rowsOf(draw(frames, sizeOf(rows))), rows) << why;
+    EXPECT_FALSE(files().hasEntry(host_.inLibrary("db"))) << "no command table is saved";
 }
 
 TEST_F(Frames, HaveTheColoursOfTheSign) {

@@ -6,6 +6,7 @@
 #include "platform/ReplacementFile.h"
 #include "playfile/ReferenceFinder.h"
 #include "preview/FrameSheet.h"
+#include "tools/commands/StoredCommands.h"
 #include "tools/playfile/Opening.h"
 #include "tools/preview/PngFile.h"
 #include "tools/preview/TerminalPicture.h"
@@ -44,10 +45,8 @@ struct PreviewOptions {
 };
 
 FramePainter makePainter(const SignLook& sign, ErrorLines& errors) {
-    errors.about("the command table cannot be read or saved");
-    EveryErrorReporter reporter(errors);
-    const ScopedErrorReporter scope(reporter);
-    return FramePainter(sign);
+    return WithStoredCommands(errors,
+                              [&](const CommandTable& commands) { return FramePainter(sign, commands); });
 }
 
 /// The look of the sign with the typed name. Adds an error and returns nothing if the list of signs does not
