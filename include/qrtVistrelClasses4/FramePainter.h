@@ -44,14 +44,16 @@ public:
     void draw(const OneBasedArray<FrameRecord>& frames, std::int32_t first, std::int32_t last, DotSize size,
               const OnFrame& onFrame);
 
-    /// Font 0, for captions. Valid as long as the painter.
-    const Font& captionFont();
-
     /// Fonts and pictures that could not be shown as the playfile wants, since the last call.
     std::vector<PreviewFault> takeFaults();
 
 private:
+    friend class FrameSheet;
     class Drawing;
+
+    /// Font 0. Valid as long as the painter.
+    const Font& captionFont();
+
     std::unique_ptr<Drawing> drawing_;
 };
 

@@ -2,8 +2,8 @@
 
 #include "fonts/FontTesting.h"
 #include "media/BmpTesting.h"
-#include "preview/FrameSheet.h"
 #include <qrtVistrelClasses4/DisplayRecord.h>
+#include <qrtVistrelClasses4/FrameSheet.h>
 #include <qrtVistrelClasses4/FrameTypes.h>
 
 namespace qrtVistrelClasses4 {
@@ -174,9 +174,8 @@ TEST_F(Frames, BecomeASheetOfLeds) {
     FrameSheet sheet(2, {3, 3}, 8);
     PixelBuffer picture = sheet.empty();
     EXPECT_EQ(picture.size(), (DotSize{104, 80}));
-    painter.draw(frames, 1, 2, {3, 3}, [&](std::int32_t, const PixelBuffer& dots) {
-        sheet.add("AA", dots, painter.captionFont(), picture);
-    });
+    painter.draw(frames, 1, 2, {3, 3},
+                 [&](std::int32_t, const PixelBuffer& dots) { sheet.add("AA", dots, painter, picture); });
     std::string middles; // of the dots of the first frame
     for (std::int32_t y = 34 + 9; y < 34 + 9 + 24; y += 8)
         for (std::size_t x = 12 + 9; x < 12 + 9 + 24; x += 8)

@@ -5,7 +5,6 @@
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
 #include "playfile/ReferenceFinder.h"
-#include "preview/FrameSheet.h"
 #include "tools/commands/StoredCommands.h"
 #include "tools/playfile/Opening.h"
 #include "tools/preview/PngFile.h"
@@ -16,6 +15,7 @@
 #include "tools/program/Size.h"
 #include "tools/signs/SignsFile.h"
 #include <qrtVistrelClasses4/FramePainter.h>
+#include <qrtVistrelClasses4/FrameSheet.h>
 
 #include <limits>
 
@@ -166,9 +166,8 @@ private:
         if (!isDrawable(sheet.width(), sheet.height()))
             return ExitCode::failed;
         PixelBuffer picture = sheet.empty();
-        const Font& captionFont = painter_.captionFont();
         draw([&](std::int32_t number, const PixelBuffer& dots) {
-            sheet.add(caption(number), dots, captionFont, picture);
+            sheet.add(caption(number), dots, painter_, picture);
         });
         return save(picture, Counted(count, "frame"));
     }
