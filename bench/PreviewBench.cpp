@@ -3,9 +3,9 @@
 #include "bench/Subjects.h"
 #include "bench/Timing.h"
 #include "platform/Platform.h"
-#include "preview/FrameSheet.h"
 #include "tools/preview/PngFile.h"
 #include <qrtVistrelClasses4/FramePainter.h>
+#include <qrtVistrelClasses4/FrameSheet.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -27,9 +27,8 @@ PixelBuffer drawSheet(const FrameInfoClass& playfile, const std::string& home) {
     const OneBasedArray<FrameRecord>& frames = playfile.Value().frames;
     FrameSheet sheet(frames.upperBound(), kSign, kScale);
     PixelBuffer picture = sheet.empty();
-    const Font& captionFont = painter.captionFont();
     painter.draw(frames, 1, frames.upperBound(), kSign, [&](std::int32_t number, const PixelBuffer& dots) {
-        sheet.add(frames.at(number).FrameName, dots, captionFont, picture);
+        sheet.add(frames.at(number).FrameName, dots, painter, picture);
     });
     return picture;
 }

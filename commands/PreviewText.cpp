@@ -143,14 +143,12 @@ std::string PreviewCommandText(const std::string& Code, std::int16_t HourOffset)
 }
 
 std::string PreviewText(std::string_view text, std::int16_t hourOffset) {
-    return TextPreviews(hourOffset).of(text);
+    TextPreviews previews(clsCommandInterface().Value(), hourOffset);
+    return previews.of(text);
 }
 
 TextPreviews::TextPreviews(CommandTable commands, std::int16_t hourOffset)
     : commands_(std::move(commands)), codes_(keysOf(commands_)), hourOffset_(hourOffset) {}
-
-TextPreviews::TextPreviews(std::int16_t hourOffset)
-    : TextPreviews(clsCommandInterface().Value(), hourOffset) {}
 
 std::string TextPreviews::of(std::string_view text) {
     text = text.substr(0, kLongestPreview);

@@ -26,15 +26,13 @@ inline constexpr std::size_t kLongestPreview = 65536;
 
 /// `text` as it is shown: from its start on, the longest code (see `TextCodes`) at each place is replaced by
 /// its preview, which is not looked at again. Whatever goes beyond `kLongestPreview`, in `text` or in its
-/// preview, is left out. Reads the command table once and writes it again.
+/// preview, is left out. Reads the command table on disk once and writes it again.
 std::string PreviewText(std::string_view text, std::int16_t hourOffset);
 
-/// The same for many texts, with each code looked up once.
+/// The same for many texts and a given command table, with each code looked up once.
 class TextPreviews {
 public:
     TextPreviews(CommandTable commands, std::int16_t hourOffset);
-    /// Uses the command table on disk, which is read once and written again.
-    explicit TextPreviews(std::int16_t hourOffset);
     std::string of(std::string_view text);
 
 private:

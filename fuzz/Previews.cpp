@@ -39,7 +39,7 @@ void RunFuzzed(FuzzedInput input) {
     const std::string text = input.bytes(kMostCharacters);
     const std::string shown = PreviewText(text, hourOffset);
     Require(shown == shownAlone(text, hourOffset), "codes show what each shows alone");
-    TextPreviews previews(hourOffset);
+    TextPreviews previews(clsCommandInterface().Value(), hourOffset);
     Require(previews.of(text) == shown && previews.of(text) == shown, "and show it again");
     Require(host.reports.all.empty(), "nothing of it is an error");
 }

@@ -77,7 +77,8 @@ bool HasText(const FrameRecord& frame) {
 /// Draws one frame at a time.
 class FramePainter::Drawing {
 public:
-    explicit Drawing(const SignLook& sign) : sign_(sign), fonts_(sign.type) {}
+    Drawing(const SignLook& sign, CommandTable commands)
+        : sign_(sign), fonts_(sign.type), texts_(std::move(commands), 0) {}
 
     DotSize sizeOf(const FrameRecord& frame) {
         const DotSize medium = sizeOfMedium(mediumOf(frame));
@@ -184,11 +185,12 @@ private:
     SignLook sign_;
     FontCache fonts_;
     PictureCache pictures_;
-    TextPreviews texts_{0};
+    TextPreviews texts_;
     std::vector<PreviewFault> faults_;
 };
 
-FramePainter::FramePainter(const SignLook& sign) : drawing_(std::make_unique<Drawing>(sign)) {}
+FramePainter::FramePainter(const SignLook& sign, CommandTable commands)
+    : drawing_(std::make_unique<Drawing>(sign, std::move(commands))) {}
 FramePainter::~FramePainter() = default;
 FramePainter::FramePainter(FramePainter&&) noexcept = default;
 FramePainter& FramePainter::operator=(FramePainter&&) noexcept = default;

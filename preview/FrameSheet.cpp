@@ -1,6 +1,7 @@
-#include "preview/FrameSheet.h"
+#include <qrtVistrelClasses4/FrameSheet.h>
 
 #include "fonts/TextDrawing.h"
+#include <qrtVistrelClasses4/FramePainter.h>
 
 #include <algorithm>
 #include <cmath>
@@ -30,8 +31,8 @@ std::string_view fitting(std::string_view text, const Lettering& lettering, std:
 } // namespace
 
 FrameSheet::FrameSheet(std::int32_t frames, DotSize sign, int scale)
-    : painter_(scale), captionScale_(scale < 4 ? 1 : 2), cellWidth_(painter_.sizeOf(sign.width) + kSpace),
-      cellHeight_(painter_.sizeOf(sign.height) + kSpace + std::int64_t{kCaptionHeight} * captionScale_) {
+    : leds_(scale), captionScale_(scale < 4 ? 1 : 2), cellWidth_(leds_.sizeOf(sign.width) + kSpace),
+      cellHeight_(leds_.sizeOf(sign.height) + kSpace + std::int64_t{kCaptionHeight} * captionScale_) {
     const double square = std::sqrt(static_cast<double>(frames) * kAspect * static_cast<double>(cellHeight_) /
                                     static_cast<double>(cellWidth_));
     columns_ = std::clamp(std::llround(square), 1LL, static_cast<long long>(frames));
@@ -45,16 +46,16 @@ PixelBuffer FrameSheet::empty() const {
     return {static_cast<std::int32_t>(width()), static_cast<std::int32_t>(height()), kPaper};
 }
 
-void FrameSheet::add(const std::string& caption, const Raster& dots, const Font& captionFont,
+void FrameSheet::add(const std::string& caption, const Raster& dots, FramePainter& painter,
                      PixelBuffer& sheet) {
     const auto left = static_cast<std::int32_t>(added_ % columns_ * cellWidth_ + kSpace);
     const auto top = static_cast<std::int32_t>(added_ / columns_ * cellHeight_ + kSpace);
     ++added_;
-    const Lettering lettering{captionFont, captionScale_, kCaption};
+    const Lettering lettering{painter.captionFont(), captionScale_, kCaption};
     const auto x = static_cast<float>(left - captionScale_); // letters start one dot further right
     DrawLetters(lettering, fitting(caption, lettering, cellWidth_ - kSpace),
                 {sheet, x, static_cast<float>(top)}, false);
-    painter_.draw(dots, sheet, left, top + kCaptionHeight * captionScale_);
+    leds_.draw(dots, sheet, left, top + kCaptionHeight * captionScale_);
 }
 
 } // namespace qrtVistrelClasses4

@@ -1,6 +1,7 @@
 // Frames of a playfile as the dots of a sign.
 #pragma once
 
+#include <qrtVistrelClasses4/CommandTable.h>
 #include <qrtVistrelClasses4/FrameRecord.h>
 #include <qrtVistrelClasses4/OneBasedArray.h>
 #include <qrtVistrelClasses4/PixelBuffer.h>
@@ -24,8 +25,9 @@ bool HasText(const FrameRecord& frame);
 /// full paths. One thread at a time.
 class FramePainter {
 public:
-    /// Reads the command table, and writes it again.
-    explicit FramePainter(const SignLook& sign);
+    /// `commands` are those whose previews replace their keys in texts. `LoadCommandTable` also gives the
+    /// commands that users added.
+    explicit FramePainter(const SignLook& sign, CommandTable commands = BuiltInCommands());
     ~FramePainter();
     FramePainter(FramePainter&&) noexcept;
     FramePainter& operator=(FramePainter&&) noexcept;
@@ -42,14 +44,16 @@ public:
     void draw(const OneBasedArray<FrameRecord>& frames, std::int32_t first, std::int32_t last, DotSize size,
               const OnFrame& onFrame);
 
-    /// Font 0, for captions. Valid as long as the painter.
-    const Font& captionFont();
-
     /// Fonts and pictures that could not be shown as the playfile wants, since the last call.
     std::vector<PreviewFault> takeFaults();
 
 private:
+    friend class FrameSheet;
     class Drawing;
+
+    /// Font 0. Valid as long as the painter.
+    const Font& captionFont();
+
     std::unique_ptr<Drawing> drawing_;
 };
 

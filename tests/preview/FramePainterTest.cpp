@@ -2,8 +2,8 @@
 
 #include "fonts/FontTesting.h"
 #include "media/BmpTesting.h"
-#include "preview/FrameSheet.h"
 #include <qrtVistrelClasses4/DisplayRecord.h>
+#include <qrtVistrelClasses4/FrameSheet.h>
 #include <qrtVistrelClasses4/FrameTypes.h>
 
 namespace qrtVistrelClasses4 {
@@ -80,8 +80,11 @@ protected:
     static PixelBuffer draw(const std::vector<FrameRecord>& frames, DotSize size, const SignLook& sign = {}) {
         PixelBuffer last(0, 0);
         const auto number = static_cast<std::int32_t>(frames.size());
-        FramePainter(sign).draw(listOf(frames), number, number, size,
-                                [&](std::int32_t, const PixelBuffer& dots) { last = dots; });
+        CommandTable commands = BuiltInCommands();
+        commands.set("~", "\1");
+        FramePainter(sign, commands)
+            .draw(listOf(frames), number, number, size,
+                  [&](std::int32_t, const PixelBuffer& dots) { last = dots; });
         return last;
     }
 
@@ -114,6 +117,7 @@ TEST_F(Frames, AreDrawnAsASignShowsThem) {
         std::string rows;
     } cases[] = {
         {"lines in their fonts, with codes and unknown letters", {text(lines)}, stacked},
+        {"a command that a user added", {text({line("~")})}, "..# ..# ..#"},
         {"nothing at all", {frame(FRAME_BLANK, {line("A")})}, "... ..."},
         {"overlays over the frames before", {text({line("A")}), one, below}, ".## .## .## .#."},
         {"a picture with text", {frame(FRAME_GRAPHICTEXT, {line("A")}, picture_)}, "##. +## .#."},
@@ -126,6 +130,7 @@ TEST_F(Frames, AreDrawnAsASignShowsThem) {
     };
     for (const auto& [why, frames, rows] : cases)
         EXPECT_EQ(rowsOf(draw(frames, sizeOf(rows))), rows) << why;
+    EXPECT_FALSE(files().hasEntry(host_.inLibrary("db"))) << "no command table is saved";
 }
 
 TEST_F(Frames, HaveTheColoursOfTheSign) {
@@ -169,9 +174,8 @@ TEST_F(Frames, BecomeASheetOfLeds) {
     FrameSheet sheet(2, {3, 3}, 8);
     PixelBuffer picture = sheet.empty();
     EXPECT_EQ(picture.size(), (DotSize{104, 80}));
-    painter.draw(frames, 1, 2, {3, 3}, [&](std::int32_t, const PixelBuffer& dots) {
-        sheet.add("AA", dots, painter.captionFont(), picture);
-    });
+    painter.draw(frames, 1, 2, {3, 3},
+                 [&](std::int32_t, const PixelBuffer& dots) { sheet.add("AA", dots, painter, picture); });
     std::string middles; // of the dots of the first frame
     for (std::int32_t y = 34 + 9; y < 34 + 9 + 24; y += 8)
         for (std::size_t x = 12 + 9; x < 12 + 9 + 24; x += 8)

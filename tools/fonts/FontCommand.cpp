@@ -3,6 +3,7 @@
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/ReplacementFile.h"
+#include "tools/commands/StoredCommands.h"
 #include "tools/fonts/FontGallery.h"
 #include "tools/fonts/FontNeeds.h"
 #include "tools/fonts/FontPictures.h"
@@ -129,13 +130,10 @@ ExitCode check(const FontOptions& options, Session& session) {
     const auto opened = font ? OpenPlayfile(options.playfile, options.answers, session.errors) : std::nullopt;
     if (!opened)
         return ExitCode::failed;
-    session.errors.about("the command table cannot be read or saved");
     const ScopedMoment moment(options.at);
-    const auto needs = [&] {
-        EveryErrorReporter reporter(session.errors);
-        const ScopedErrorReporter scope(reporter);
-        return NeedsOf(opened->playfile.frames);
-    }();
+    const auto needs = WithStoredCommands(session.errors, [&](const CommandTable& commands) {
+        return NeedsOf(opened->playfile.frames, commands);
+    });
     Table lacking(
         {{"Code", Table::Align::right}, {"Character"}, {"Times", Table::Align::right}, {"First in"}});
     std::size_t count = 0;

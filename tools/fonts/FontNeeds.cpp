@@ -25,9 +25,9 @@ void addNeeds(Needs& needs, std::string_view text, std::int32_t frame, std::int3
 
 } // namespace
 
-Needs NeedsOf(const OneBasedArray<FrameRecord>& frames) {
+Needs NeedsOf(const OneBasedArray<FrameRecord>& frames, const CommandTable& commands) {
     Needs needs;
-    TextPreviews texts(0);
+    TextPreviews texts(commands, 0);
     for (std::int32_t frame = 1; frame <= frames.upperBound(); ++frame) {
         if (!HasText(frames.at(frame)))
             continue;

@@ -1,6 +1,7 @@
 // The characters that the fonts of a playfile must have.
 #pragma once
 
+#include <qrtVistrelClasses4/CommandTable.h>
 #include <qrtVistrelClasses4/FrameRecord.h>
 #include <qrtVistrelClasses4/OneBasedArray.h>
 
@@ -17,6 +18,6 @@ struct Need {
 };
 
 /// What frames whose texts are drawn need, by character. Codes in texts are replaced as in previews.
-std::map<unsigned char, Need> NeedsOf(const OneBasedArray<FrameRecord>& frames);
+std::map<unsigned char, Need> NeedsOf(const OneBasedArray<FrameRecord>& frames, const CommandTable& commands);
 
 } // namespace qrtVistrelClasses4

@@ -5,7 +5,7 @@
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
 #include "playfile/ReferenceFinder.h"
-#include "preview/FrameSheet.h"
+#include "tools/commands/StoredCommands.h"
 #include "tools/playfile/Opening.h"
 #include "tools/preview/PngFile.h"
 #include "tools/preview/TerminalPicture.h"
@@ -15,6 +15,7 @@
 #include "tools/program/Size.h"
 #include "tools/signs/SignsFile.h"
 #include <qrtVistrelClasses4/FramePainter.h>
+#include <qrtVistrelClasses4/FrameSheet.h>
 
 #include <limits>
 
@@ -44,10 +45,8 @@ struct PreviewOptions {
 };
 
 FramePainter makePainter(const SignLook& sign, ErrorLines& errors) {
-    errors.about("the command table cannot be read or saved");
-    EveryErrorReporter reporter(errors);
-    const ScopedErrorReporter scope(reporter);
-    return FramePainter(sign);
+    return WithStoredCommands(errors,
+                              [&](const CommandTable& commands) { return FramePainter(sign, commands); });
 }
 
 /// The look of the sign with the typed name. Adds an error and returns nothing if the list of signs does not
@@ -167,9 +166,8 @@ private:
         if (!isDrawable(sheet.width(), sheet.height()))
             return ExitCode::failed;
         PixelBuffer picture = sheet.empty();
-        const Font& captionFont = painter_.captionFont();
         draw([&](std::int32_t number, const PixelBuffer& dots) {
-            sheet.add(caption(number), dots, captionFont, picture);
+            sheet.add(caption(number), dots, painter_, picture);
         });
         return save(picture, Counted(count, "frame"));
     }

@@ -44,18 +44,4 @@ private:
     std::size_t notKept_ = 0;
 };
 
-/// Keeps quiet errors as lines, too: even if the library goes on without a message, users of the program want
-/// to know.
-class EveryErrorReporter final : public ErrorReporter {
-public:
-    /// `errors` must outlive the reporter.
-    explicit EveryErrorReporter(ErrorLines& errors) : errors_(errors) {}
-    void report(const ErrorReport& report) override {
-        errors_.add(RuntimeError(report.error.number(), report.error.description()));
-    }
-
-private:
-    ErrorLines& errors_;
-};
-
 } // namespace qrtVistrelClasses4

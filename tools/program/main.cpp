@@ -61,6 +61,18 @@ ExitCode finish(StandardOutput& output, ErrorLines& errors, ExitCode code, Conso
     return code == ExitCode::done && !errors.empty() ? ExitCode::failed : code;
 }
 
+/// Why `path` cannot be a home; empty if it can.
+std::string faultOfFolder(const std::string& path) {
+    switch (platform().files().kindOf(path)) {
+    case EntryKind::folder:
+        return {};
+    case EntryKind::missing:
+        return "there is no folder " + path;
+    default:
+        return path + " is not a folder";
+    }
+}
+
 ExitCode runProgram(const std::vector<std::string>& arguments, Console& console) {
     StandardOutput output(console);
     std::ostream out(&output);
@@ -76,7 +88,7 @@ ExitCode runProgram(const std::vector<std::string>& arguments, Console& console)
         .add_option(
             "--home", home,
             "Folder that holds settings, INI files and fonts, in place of the system's and the user's own")
-        ->check(CLI::ExistingDirectory);
+        ->check(CLI::Validator(&faultOfFolder, "DIR"));
     AddShowCommand(program, session);
     AddSaveCommand(program, session);
     AddExportCommand(program, session);

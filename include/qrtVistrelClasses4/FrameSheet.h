@@ -9,7 +9,7 @@
 
 namespace qrtVistrelClasses4 {
 
-struct Font;
+class FramePainter;
 
 /// Frames in rows, each below its caption.
 class FrameSheet {
@@ -23,11 +23,12 @@ public:
 
     /// A sheet without frames. Width and height must fit into 32 bits.
     PixelBuffer empty() const;
-    /// Draws the next frame, of `dots`, on `sheet`. A caption that is too long is cut off.
-    void add(const std::string& caption, const Raster& dots, const Font& captionFont, PixelBuffer& sheet);
+    /// Draws the next frame, of `dots`, on `sheet`, below its caption in font 0 of `painter`. A caption that
+    /// is too long is cut off.
+    void add(const std::string& caption, const Raster& dots, FramePainter& painter, PixelBuffer& sheet);
 
 private:
-    LedPainter painter_;
+    LedPainter leds_;
     std::int16_t captionScale_;
     std::int64_t cellWidth_; ///< Of a frame with its caption and the space to the next one.
     std::int64_t cellHeight_;
