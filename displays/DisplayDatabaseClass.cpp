@@ -82,7 +82,7 @@ typename Row::Property DisplayDatabaseClass::readRow(const Row& row) const {
 template <class Row>
 typename Row::Property DisplayDatabaseClass::readAndStoreRow(const Row& row) {
     return onProperty(row.access, propertyGet(row.name), [&] {
-        DisplayRecord& sign = current<DisplayRecord>();
+        auto& sign = current<DisplayRecord>();
         return sign.*row.member = row.get(sign);
     });
 }
