@@ -114,9 +114,7 @@ bool MostRecentlyUsed::GetMRUFromDisk() {
 }
 
 void MostRecentlyUsed::WriteMRUToDisk() {
-    traced(sub("WriteMRUToDisk"), [&] {
-        Check(SaveRecentFiles(files_));
-    });
+    traced(sub("WriteMRUToDisk"), [&] { Check(SaveRecentFiles(files_)); });
 }
 
 } // namespace qrtVistrelClasses4
