@@ -16,7 +16,7 @@ TEST(WindowsMessageBoxes, ShowTitleAndTextAndBringBackTheAnswer) {
         {MessageButtons::ok, IDOK, MessageAnswer::ok}};
     for (const auto& [buttons, pressed, answer] : cases) {
         const Message message{"one line\r\nand another", "Error Occurred", MessageIcon::critical, buttons};
-        const auto show = [&] { EXPECT_EQ(machine->messageBoxes().show(message), answer); };
+        const auto show = [&, wanted = answer] { EXPECT_EQ(machine->messageBoxes().show(message), wanted); };
         EXPECT_EQ(PressInBox(message.title, pressed, show), message.text);
     }
 }
