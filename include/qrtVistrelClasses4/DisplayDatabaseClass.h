@@ -47,7 +47,7 @@ public:
     /// Removes a sign. The only sign is emptied instead. Does nothing for a number outside the list. Always
     /// returns false: callers look at `TotalDisplays`.
     bool RemoveDisplay(std::int16_t displayNumber);
-    /// Adds a copy of the original under the new name after the last sign, and returns its number; -1 if
+    /// Adds a copy of a sign under the new name after the last sign, and returns its number; -1 if
     /// there is no such original, or if the new name is empty or taken.
     std::int32_t Duplicate(const std::string& OriginalDisplayName, const std::string& NewDisplayName);
 
