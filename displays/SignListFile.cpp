@@ -182,9 +182,7 @@ void RememberSignListPath(const std::string& path) try { kDataFile.write(path); 
 }
 
 std::optional<std::string> RememberedSignListPath(const std::string& fileName) try {
-    const std::uint64_t errorsBefore = TrappedErrors();
-    std::string path = kDataFile.read(SavedSignListPath(fileName));
-    return TrappedErrors() == errorsBefore ? std::optional(std::move(path)) : std::nullopt;
+    return kDataFile.find(SavedSignListPath(fileName));
 } catch (...) {
     RethrowAsRuntimeError();
 }

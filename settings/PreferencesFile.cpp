@@ -89,11 +89,10 @@ std::optional<RuntimeError> MakePlayfileFolder(const PreferenceFolders& folders)
 }
 
 std::optional<std::string> PreferencesPath() try {
-    const std::uint64_t errorsBefore = TrappedErrors();
-    const std::string folder = GetAppFolder();
-    if (TrappedErrors() != errorsBefore)
+    const std::optional<std::string> folder = FindAppFolder();
+    if (!folder)
         return std::nullopt;
-    return platform().files().existingName(JoinPath(folder, kFileName));
+    return platform().files().existingName(JoinPath(*folder, kFileName));
 } catch (...) {
     RethrowAsRuntimeError();
 }

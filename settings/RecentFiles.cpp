@@ -10,7 +10,6 @@
 #include "settings/AppFolder.h"
 #include "settings/RegistrySettings.h"
 
-#include <cstdint>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
@@ -65,11 +64,7 @@ void RecentFiles::putFirst(const std::string& name) {
     entries.move(last, 1);
 }
 
-std::optional<std::string> RecentFilesPath() try {
-    const std::uint64_t errorsBefore = TrappedErrors();
-    std::string path = kListFile.read(defaultPath());
-    return TrappedErrors() == errorsBefore ? std::optional(std::move(path)) : std::nullopt;
-} catch (...) {
+std::optional<std::string> RecentFilesPath() try { return kListFile.find(defaultPath()); } catch (...) {
     RethrowAsRuntimeError();
 }
 

@@ -46,11 +46,13 @@ std::vector<std::string> RegistryRoutines::EnumRegistryValues() {
                   [&] { return platform().registry().valueNames(key_).valueOr({}); });
 }
 
-std::string RegistryRoutines::GetRegistryValue(const std::string& ValueName,
-                                               const std::string& DefaultValue) {
+std::optional<std::string> RegistryRoutines::FindRegistryValue(const std::string& ValueName,
+                                                               const std::string& DefaultValue) {
     return traced(
         registryFunction("GetRegistryValue"),
-        [&] { return platform().registry().readString(key_, ValueName).valueOr(DefaultValue); },
+        [&] {
+            return std::optional(platform().registry().readString(key_, ValueName).valueOr(DefaultValue));
+        },
         Arg{"ValueName", ValueName}, Arg{"DefaultValue", DefaultValue});
 }
 

@@ -4,6 +4,7 @@
 #include "platform/RegistryStore.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,7 +35,12 @@ public:
     /// Names of the key's values; empty if the key is missing.
     std::vector<std::string> EnumRegistryValues();
     /// The string value, or `DefaultValue` unchanged if the key or the value is missing.
-    std::string GetRegistryValue(const std::string& ValueName, const std::string& DefaultValue);
+    std::string GetRegistryValue(const std::string& ValueName, const std::string& DefaultValue) {
+        return FindRegistryValue(ValueName, DefaultValue).value_or("");
+    }
+    /// The same, but nothing after an error that was trapped.
+    std::optional<std::string> FindRegistryValue(const std::string& ValueName,
+                                                 const std::string& DefaultValue);
     /// Stores a string value, and makes the key if needed.
     bool SetRegistryValue(const std::string& ValueName, const std::string& Value);
 

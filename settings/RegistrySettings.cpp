@@ -15,18 +15,23 @@ std::string sectionKey(const std::string& application, const std::string& sectio
 
 } // namespace
 
-std::string ReadSetting(const std::string& Application, const std::string& Section,
-                        const std::string& ValueName, const std::string& DefaultValue) {
+std::optional<std::string> FindSetting(const std::string& Application, const std::string& Section,
+                                       const std::string& ValueName, const std::string& DefaultValue) {
     return traced(
         {kModule, ProcedureKind::Function, "ReadSetting"},
         [&] {
             RegistryRoutines registry;
             registry.hKey(RegistryHive::localMachine);
             registry.Subkey(sectionKey(Application, Section));
-            return registry.GetRegistryValue(ValueName, DefaultValue);
+            return registry.FindRegistryValue(ValueName, DefaultValue);
         },
         Arg{"Application", Application}, Arg{"Section", Section}, Arg{"ValueName", ValueName},
         Arg{"DefaultValue", DefaultValue});
+}
+
+std::string ReadSetting(const std::string& Application, const std::string& Section,
+                        const std::string& ValueName, const std::string& DefaultValue) {
+    return FindSetting(Application, Section, ValueName, DefaultValue).value_or("");
 }
 
 void WriteSetting(const std::string& Application, const std::string& Section, const std::string& ValueName,
