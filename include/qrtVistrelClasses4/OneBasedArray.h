@@ -11,8 +11,8 @@
 namespace qrtVistrelClasses4 {
 
 /// An array of elements 1 to `upperBound()`, which is 0 for an empty array. This class is the only place that
-/// subtracts one.
-template <class T>
+/// subtracts one. With a `std::array` as `Elements` the bound is fixed.
+template <class T, class Elements = std::vector<T>>
 class OneBasedArray {
 public:
     OneBasedArray() = default;
@@ -96,7 +96,7 @@ private:
             Raise(ErrorNumber::subscriptOutOfRange);
     }
 
-    std::vector<T> elements_;
+    Elements elements_{};
 };
 
 } // namespace qrtVistrelClasses4

@@ -4,6 +4,7 @@
 #include <qrtVistrelClasses4/MemberTable.h>
 #include <qrtVistrelClasses4/OneBasedArray.h>
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -23,7 +24,9 @@ struct PreferredSchedule {
     bool operator==(const PreferredSchedule&) const = default;
 };
 
-using PreferredSchedules = OneBasedArray<PreferredSchedule>;
+/// Made without an allocation, so that an object with preferences can always be made.
+using PreferredSchedules =
+    OneBasedArray<PreferredSchedule, std::array<PreferredSchedule, kBrightnessSchedules>>;
 
 /// The library itself uses only `BMPCrop` and `AVICrop`, and keeps all others for the application. The
 /// application and the sign decide on the units of delays, speeds and adjustments, and on the range of
@@ -50,7 +53,7 @@ struct Preferences {
     std::int16_t SensorLimitMinimum{};
     std::int16_t SensorLimitMaximum{};
     std::int16_t ScheduleDefaultBrightness{};
-    PreferredSchedules schedules{kBrightnessSchedules};
+    PreferredSchedules schedules;
     bool DoesDisplaySupportColor{};
     std::string LastPlayfilePath; ///< Folder of playfiles.
     bool SupportOldFirmware{};

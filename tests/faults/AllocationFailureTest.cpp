@@ -2,6 +2,12 @@
 #include "Allocations.h"
 #include "Stores.h"
 
+#include <qrtVistrelClasses4/DisplayDatabaseClass.h>
+#include <qrtVistrelClasses4/FrameInfoClass.h>
+#include <qrtVistrelClasses4/MostRecentlyUsed.h>
+#include <qrtVistrelClasses4/SettingsInfoClass.h>
+#include <qrtVistrelClasses4/clsCommandInterface.h>
+
 #include <gtest/gtest.h>
 
 namespace qrtVistrelClasses4 {
@@ -52,6 +58,18 @@ TEST_P(AllocationFailure, LosesNothingAndLeavesAUsableObject) {
 
 INSTANTIATE_TEST_SUITE_P(Stores, AllocationFailure, testing::ValuesIn(StoresThat(reportsFailures)),
                          [](const auto& row) { return std::string(row.param.name); });
+
+TEST(Construction, TrapsTheLackOfMemory) {
+    bool hasFailed = true;
+    for (int allocation = 1; hasFailed; ++allocation) {
+        TestHost host;
+        FailAllocation(allocation);
+        EXPECT_NO_THROW((SettingsInfoClass(), MostRecentlyUsed(), clsCommandInterface(), FrameInfoClass(),
+                         DisplayDatabaseClass()));
+        hasFailed = AllocationHasFailed();
+        FailAllocation(0);
+    }
+}
 
 } // namespace
 } // namespace qrtVistrelClasses4
