@@ -70,14 +70,19 @@ Record& DisplayDatabaseClass::current() {
 }
 
 template <class Row>
+std::optional<typename Row::Property> DisplayDatabaseClass::findRow(const Row& row) const {
+    return onProperty(row.access, propertyGet(propertyName(row)),
+                      [&]() -> std::optional<typename Row::Property> {
+                          const auto& value = current<typename Row::Record>().*row.member;
+                          if constexpr (isNumberAsText<Row>)
+                              return NumberToText(std::int32_t{value});
+                          else
+                              return value;
+                      });
+}
+template <class Row>
 typename Row::Property DisplayDatabaseClass::readRow(const Row& row) const {
-    return onProperty(row.access, propertyGet(propertyName(row)), [&]() -> typename Row::Property {
-        const auto& value = current<typename Row::Record>().*row.member;
-        if constexpr (isNumberAsText<Row>)
-            return NumberToText(std::int32_t{value});
-        else
-            return value;
-    });
+    return findRow(row).value_or(typename Row::Property());
 }
 template <class Row>
 typename Row::Property DisplayDatabaseClass::readAndStoreRow(const Row& row) {
@@ -102,6 +107,8 @@ void DisplayDatabaseClass::writeRow(const Row& row, const typename Row::Property
 }
 
 // For the types of rows that the tables have.
+template std::optional<std::string>
+DisplayDatabaseClass::findRow(const SignMember<std::int16_t, std::string>&) const;
 template std::string DisplayDatabaseClass::readRow(const SignMember<std::string>&) const;
 template std::int16_t DisplayDatabaseClass::readRow(const SignMember<std::int16_t>&) const;
 template std::int32_t DisplayDatabaseClass::readRow(const SignMember<std::int32_t>&) const;

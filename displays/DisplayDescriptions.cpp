@@ -72,8 +72,10 @@ std::string DisplayDatabaseClass::GetConnectionInfoInString() const {
 }
 
 std::string DisplayDatabaseClass::GetSignTypeDescription() const {
-    return trapped(DisplayFunction("GetSignTypeDescription"),
-                   [&] { return std::string(SignTypeName(TextToInt16(DisplayType()))); });
+    return trapped(DisplayFunction("GetSignTypeDescription"), [&] {
+        const auto type = findRow(kRowOf<kDisplayMembers, &DisplayRecord::DisplayType>);
+        return std::string(type ? SignTypeName(TextToInt16(*type)) : "");
+    });
 }
 
 bool DisplayDatabaseClass::UseNew16x16() const {

@@ -233,6 +233,9 @@ private:
     }
 
     // Defined for the types of rows that the tables have.
+    /// Nothing after an error that was trapped.
+    template <class Row>
+    std::optional<typename Row::Property> findRow(const Row& row) const;
     template <class Row>
     typename Row::Property readRow(const Row& row) const;
     template <class Row>

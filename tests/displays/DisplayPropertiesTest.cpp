@@ -115,7 +115,7 @@ TEST_F(DisplayProperties, ShowNewFirmwareByOneDigitBeforeTheLastPoint) {
     EXPECT_EQ(displays_.GetSignTypeDescription(), "Kestrel");
     displays_.CurrentDisplayNumber(2);
     EXPECT_EQ(displays_.GetSignTypeDescription(), "");
-    EXPECT_EQ(takeErrors(), (Numbers{5, 9, 13})) << "a type that is not there is not a number";
+    EXPECT_EQ(takeErrors(), (Numbers{5, 9})) << "a sign that is not there is one error";
 }
 
 } // namespace
