@@ -52,9 +52,7 @@ public:
         runLast();
     }
 
-private:
-    std::string home() const { return folder_.file("home"); }
-
+    /// What the commands print, errors included, and the exit code unless it is 0.
     std::string run(const std::string& command) const {
         const std::string script = "cd '" + home() + "'; export HOME='" + folder_.file("user") +
                                    R"sh(' XDG_CONFIG_HOME= LC_ALL=C
@@ -71,6 +69,9 @@ private:
         const std::string code = WIFEXITED(status) ? std::to_string(WEXITSTATUS(status)) : "crashed";
         return code == "0" ? out : out + "[" + code + "]\n";
     }
+
+private:
+    std::string home() const { return folder_.file("home"); }
 
     TempFolder folder_;
 };

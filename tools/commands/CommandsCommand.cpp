@@ -159,8 +159,8 @@ void AddCommandsCommand(CLI::App& program, Session& session) {
         "program, or of --home. Every use writes it anew.");
     constexpr const char* keyHelp = "Key of the command, as texts hold it";
 
-    AddCommand(commands, "list", "Shows every command", "vistrel commands list --home samples", session,
-               options, &listCommands)
+    AddCommand(commands, "list", "Shows every command", "vistrel commands list --home site", session, options,
+               &listCommands)
         .add_flag("--json", options->json, "Prints an array of commands");
 
     CLI::App& get = AddCommand(commands, "get", "Shows the bytes of a command",

@@ -134,7 +134,7 @@ ExitCode showEffects(const bool& json, Session& session) {
 void AddEffectsCommand(CLI::App& program, Session& session) {
     const auto json = std::make_shared<bool>(false);
     AddCommand(program, "effects", "Shows the effect codes, and which of them lists offer now",
-               "vistrel effects --home samples", session, json, &showEffects)
+               "vistrel effects --home site", session, json, &showEffects)
         .add_flag("--json", *json, "Prints an array of effects");
 }
 
