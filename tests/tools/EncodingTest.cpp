@@ -1,5 +1,6 @@
 #include "tools/program/Encoding.h"
 #include "tools/program/ErrorLines.h"
+#include "tools/program/StandardOutput.h"
 
 #include <gtest/gtest.h>
 
@@ -62,6 +63,22 @@ TEST(ErrorLines, AreToldOnceAndBeyondTheMostOnlyCounted) {
         errors.add(beyond);
     EXPECT_EQ(errors.lines().size(), kMostErrorLines + 1);
     EXPECT_EQ(errors.lines().back(), "vistrel: and 2 more");
+}
+
+TEST(StandardOutput, WritesNothingAfterAPieceThatCouldNotBeWritten) {
+    struct FullForAWhile final : Console { // when the second piece comes
+        bool isTerminal(StandardStream) override { return false; }
+        SystemError write(StandardStream, std::string_view text) override {
+            written += text.front();
+            return written == "ab" ? SystemError::diskFull : SystemError::none;
+        }
+        std::string written;
+    } console;
+    StandardOutput output(console);
+    for (const char letter : {'a', 'b', 'c'})
+        std::ostream(&output) << std::string(StandardOutput::kPieceSize, letter);
+    EXPECT_FALSE(output.finish());
+    EXPECT_EQ(console.written, "ab");
 }
 
 } // namespace

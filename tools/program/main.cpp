@@ -2,11 +2,10 @@
 #include "frame/Traced.h"
 #include "platform/Platform.h"
 #include "tools/program/Commands.h"
+#include "tools/program/StandardOutput.h"
 
-#include <cstddef>
 #include <exception>
 #include <sstream>
-#include <streambuf>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
@@ -22,34 +21,6 @@ ExitCode run(Session& session, const std::optional<std::string>& home) {
         session.errors.add(*error);
     return code;
 }
-
-/// Writes long texts to standard output in pieces.
-class StandardOutput final : public std::streambuf {
-public:
-    explicit StandardOutput(Console& console) : console_(console) { startPiece(); }
-    /// False when something could not be written.
-    bool finish() {
-        handOn();
-        return !hasFailed_;
-    }
-
-private:
-    int_type overflow(int_type next) override {
-        handOn();
-        return traits_type::eq_int_type(next, traits_type::eof()) ? traits_type::not_eof(next)
-                                                                  : sputc(traits_type::to_char_type(next));
-    }
-    void startPiece() { setp(piece_.data(), piece_.data() + piece_.size()); }
-    void handOn() {
-        const std::string_view piece(pbase(), static_cast<std::size_t>(pptr() - pbase()));
-        hasFailed_ = hasFailed_ || console_.write(StandardStream::output, piece) != SystemError::none;
-        startPiece();
-    }
-
-    std::vector<char> piece_ = std::vector<char>(std::size_t{1} << 20);
-    Console& console_;
-    bool hasFailed_ = false;
-};
 
 ExitCode finish(StandardOutput& output, ErrorLines& errors, ExitCode code, Console& console) {
     if (!output.finish()) {
