@@ -26,24 +26,16 @@ TYPED_TEST(ProfileFileTest, FindsSectionsAndKeys) {
         const char *section = "S", *key = "k", *defaultValue = "none";
         std::size_t bufferSize = kBufferSize;
     } cases[] = {
-        {"letters beyond ASCII are taken with case", "[S]\r\n\xc4=v\r\n", "none", "S", "\xe4"},
         {"blanks around section, key and value", " [ S ] \r\n\tk = \v v \f\r\n", "v", " S ", " k "},
-        {"no-break space is no blank", "[S]\r\nk=\xa0v\xa0\r\n", "\xa0v\xa0"},
         {"UTF-8 mark, line ends of CR", "\xef\xbb\xbf[S]\rk=v\r", "v"},
         {"line ends of LF, rest of a section's line, mark of old editors", "[S] ; note\nk=v\x1a", "v"},
         {"16-bit characters", std::string("\xff\xfe[\0S\0]\0\n\0k\0=\0v\0\r\0\n\0", 20), "v"},
         {"a key without an equals sign hides a later one", "[S]\r\nk\r\nk=2\r\n", "none"},
         {"lines before the first section have no name", "k=u\r\n[S]\r\nk=v\r\n", "u", ""},
-        {"section that is not closed is a key", "[S]\r\n[T\r\nk=v\r\n", "v"},
-        {"section goes to the last bracket", "[S] [x]\r\nk=v\r\n", "v", "S] [x"},
         {"value ends at a NUL", std::string("[S]\r\nk=a\0b\r\n", 12), "a"},
-        {"empty value is a value", "[S]\r\nk=\r\n", ""},
         {"only one pair of quotes is taken off", "[S]\r\nk=\"' v '\"\r\n", "' v '"},
-        {"one quote alone", "[S]\r\nk=\"\r\n", "\""},
         {"longer than fits", "[S]\r\nk=" + std::string(300, 'x'), std::string(254, 'x')},
-        {"default loses only blanks after it", "", "  64\t", "S", "k", "  64\t  "},
         {"its quotes are taken off", "", " 64 ", "S", "k", "' 64 '"},
-        {"no room but for the end", "", "", "S", "k", "64", 1},
         {"no room at all", "", "", "S", "k", "64", 0},
     };
     for (const auto& c : cases) {
@@ -60,11 +52,9 @@ TYPED_TEST(ProfileFileTest, ChangesOneValueAndKeepsTheRest) {
         const char *section = "S", *key = "k", *value = "w";
     } cases[] = {
         {"key keeps its spelling", "[S]\r\nKey=v\r\nj=1\r\n", "[S]\r\nKey=w\r\nj=1\r\n", "s", "kEY"},
-        {"blanks and quotes around the old value go", "[S]\r\n k = \"v\" \r\n", "[S]\r\nk=w\r\n"},
         {"blanks before the new value go", "[S]\r\nk=v\r\n", "[S]\r\nk=\" w \" \r\n", "S", "k", " \" w \" "},
         {"of two keys the first, which gets an equals sign", "[S]\r\nk\r\nk=2\r\n", "[S]\r\nk=w\r\nk=2\r\n"},
         {"new key at the section's end", "[S]\r\n;k=v\r\n[T]\r\n", "[S]\r\n;k=v\r\nk=w\r\n[T]\r\n"},
-        {"in the first of two sections", "[S]\r\n[S]\r\nk=3\r\n", "[S]\r\nk=w\r\n[S]\r\nk=3\r\n"},
         {"new section at the end", "[S]\r\nk=v", "[S]\r\nk=v\r\n[N]\r\nk=w\r\n", "N"},
         {"every line end becomes CR LF", "[S]\n[x\nk=v\nj=1\n", "[S]\r\n[x\r\nk=w\r\nj=1\r\n"},
         {"UTF-8 mark stays in front", "\xef\xbb\xbf[S]\r\n", "\xef\xbb\xbfk=w\r\n[S]\r\n", ""},
@@ -77,19 +67,6 @@ TYPED_TEST(ProfileFileTest, ChangesOneValueAndKeepsTheRest) {
         EXPECT_EQ(this->change(path, c.section, c.key, c.value), SystemError::none);
         EXPECT_EQ(this->textOf(path), c.after) << c.why;
     }
-}
-
-TYPED_TEST(ProfileFileTest, MakesManyChangesInTheOrderTheyWereGiven) {
-    const std::string path = this->file("a.ini");
-    this->put(path, "[S]\r\nb=1\r\n");
-    const auto profile = this->platform().openProfile(path);
-    for (const char* section : {"T", "S", "R"})
-        for (const char* key : {"d", "B", "a"})
-            profile->write(section, key, "2");
-    profile->write("s", "A", "3");
-    EXPECT_EQ(profile->commit(), SystemError::none);
-    EXPECT_EQ(this->textOf(path), "[S]\r\nb=2\r\nd=2\r\na=3\r\n"
-                                  "[T]\r\nd=2\r\nB=2\r\na=2\r\n[R]\r\nd=2\r\nB=2\r\na=2\r\n");
 }
 
 TYPED_TEST(ProfileFileTest, FindsTheFileInAnotherCaseAndNeitherMakesAFolderNorChangesAReadOnlyFile) {
@@ -107,10 +84,11 @@ TYPED_TEST(ProfileFileTest, FindsTheFileInAnotherCaseAndNeitherMakesAFolderNorCh
     EXPECT_EQ(this->machine.fileCount(), 1);
 }
 
-TEST(IniText, KeepsBlankLinesAndIndentationOfOtherLines) {
-    const IniChange changes[] = {{"S", "k", "w"}, {"S", "n", "x"}};
+TEST(IniText, MakesManyChangesAndKeepsBlankLinesAndIndentationOfOtherLines) {
+    const IniChange changes[] = {
+        {"S", "k", "w"}, {"S", "n", "y"}, {"R", "b", "1"}, {"R", "a", "2"}, {"s", "N", "x"}};
     EXPECT_EQ(ApplyIniChanges("\r\n  [S]  \r\n\r\n  k = v  \r\n\tj=1\r\n\r\n \t\r\n[T]\r\n", changes),
-              "\r\n  [S]  \r\n\r\nk=w\r\n\tj=1\r\nn=x\r\n\r\n \t\r\n[T]\r\n");
+              "\r\n  [S]  \r\n\r\nk=w\r\n\tj=1\r\nn=x\r\n\r\n \t\r\n[T]\r\n[R]\r\nb=1\r\na=2\r\n");
 }
 
 TEST(IniText, LeavesAFileOf16BitCharactersAsItIs) {
