@@ -46,10 +46,10 @@ std::string joined(const std::vector<std::string>& lines) {
     return text;
 }
 
-/// From the preferences' file. Notes its error in `outcome`.
+/// From the preferences' file. Notes its errors in `outcome`.
 Cropping croppingFromPreferences(LoadOutcome& outcome) {
-    PreferencesOutcome preferences = LoadPreferences();
-    outcome.legacy->preferencesError = std::move(preferences.error);
+    PreferencesOutcome preferences = LoadCropPreferences();
+    outcome.legacy->preferenceErrors = std::move(preferences.errors);
     return {preferences.values.BMPCrop, preferences.values.AVICrop};
 }
 

@@ -1,9 +1,11 @@
 // What `FrameInfoClass` makes of loading, saving and exporting a playfile: its trap, its boxes, its results.
+#include "frame/SystemErrors.h"
 #include "frame/Traced.h"
 #include "platform/Platform.h"
 #include "playfile/FrameProcedures.h"
 #include "playfile/LegacyFormat.h"
 #include "playfile/OperatorQuestions.h"
+#include "settings/PreferenceProfile.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/LoadPlayfile.h>
 #include <qrtVistrelClasses4/SavePlayfile.h>
@@ -14,10 +16,15 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
+/// A setting that does not convert is reported, and the import goes on without it.
 Cropping croppingFromSettings() {
-    SettingsInfoClass settings;
-    settings.GetSettingsFromDisk();
-    return {settings.BMPCrop(), settings.AVICrop()};
+    const SettingsInfoClass settings;
+    const PreferencesOutcome read =
+        ReadCropPreferences([&](const std::string& key, const std::string& defaultText) {
+            return settings.GetPrivateSetting(key, defaultText);
+        });
+    trapped(FrameFunction("GetLegacyPlayfileFromDisk"), [&] { Check(read.error()); });
+    return {read.values.BMPCrop, read.values.AVICrop};
 }
 
 void showSaveError(const char* text) {

@@ -15,8 +15,8 @@ inline constexpr std::string_view kErrorLogName = "VistrelErrors.log";
 inline constexpr std::string_view kOldErrorLogName = "VistrelErrors.old.log";
 inline constexpr std::uint64_t kErrorLogLimitBytes = 1 << 20;
 
-/// The most characters of one text that a report shows: enough for the longest usual path and its name.
-inline constexpr std::size_t kLongestTextInReport = 300;
+/// The most characters of one text that a report shows: enough for the keys of all preferences.
+inline constexpr std::size_t kLongestTextInReport = 700;
 
 /// Appends every report to the log. Shows it in a critical message box, unless the error is quiet or the
 /// setting "Vistrel3" / "Settings" / "ShowErrorReports" is false; if nobody can see a box, the report goes to

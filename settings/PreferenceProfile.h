@@ -4,12 +4,19 @@
 #include "platform/ProfileFile.h"
 #include <qrtVistrelClasses4/PreferencesFile.h>
 
+#include <functional>
 #include <optional>
+#include <string>
 
 namespace qrtVistrelClasses4 {
 
+/// Gives the text of a key, or the default if the key is missing.
+using PreferenceSource = std::function<std::string(const std::string& key, const std::string& defaultText)>;
+
 /// Like `LoadPreferences`, from `file`.
 PreferencesOutcome ReadPreferences(ProfileFile& file, const PreferenceFolders& folders, Preferences before);
+/// Like `LoadCropPreferences`, from `source`.
+PreferencesOutcome ReadCropPreferences(const PreferenceSource& source);
 /// Like `SavePreferences`, to `file`.
 [[nodiscard]] std::optional<RuntimeError> WritePreferences(ProfileFile& file, const Preferences& preferences);
 

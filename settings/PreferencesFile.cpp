@@ -10,6 +10,7 @@
 #include "settings/clsSystemDirectory.h"
 
 #include <span>
+#include <type_traits>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
@@ -40,33 +41,43 @@ std::optional<RuntimeError> errorOf(SystemError error) {
     return error == SystemError::none ? std::nullopt : std::optional(ErrorFor(error));
 }
 
-/// Reads one preference after another, until a value does not convert.
+/// Reads one preference after another. A value that does not convert leaves its preference as it is.
 class PreferenceReader {
 public:
-    PreferenceReader(ProfileFile& file, const PreferenceFolders& folders, PreferencesOutcome& outcome)
-        : file_(file), folders_(folders), outcome_(outcome) {}
+    PreferenceReader(const PreferenceSource& source, const PreferenceFolders& folders,
+                     PreferencesOutcome& outcome)
+        : source_(source), folders_(folders), outcome_(outcome) {}
 
     template <class Row, class Value>
     void operator()(const PlacedPreference<Row>& placed, Value& value) {
-        if (outcome_.error)
-            return;
         std::string key = placed.key();
         const std::string defaultText = defaultOf(placed.row, folders_);
-        const std::string text = file_.read(kSection, key, defaultText, kPreferenceBufferSize);
+        const std::string text = source_(key, defaultText);
         try {
             fromText(value, text);
             if (placed.row.rule == PreferenceRule::neverZero && value == Value())
                 fromText(value, defaultText);
         } catch (const RuntimeError& error) {
-            outcome_.error = {std::move(key), error};
+            outcome_.errors.push_back({std::move(key), error});
         }
     }
 
+    template <auto member>
+    void readOne() {
+        using Row = std::remove_cvref_t<decltype(kPreferenceRow<member>)>;
+        (*this)(PlacedPreference<Row>{kPreferenceRow<member>, {}}, outcome_.values.*member);
+    }
+
 private:
-    ProfileFile& file_;
+    const PreferenceSource& source_;
     const PreferenceFolders& folders_;
     PreferencesOutcome& outcome_;
 };
+
+/// After an error on the way to the file, which has been trapped.
+PreferencesOutcome withoutFile(Preferences values) {
+    return {std::move(values), {{"AppPath", RuntimeError(ErrorNumber::pathNotFound)}}};
+}
 
 } // namespace
 
@@ -113,10 +124,33 @@ std::string PreferenceText(double value) { return NumberToText(value); }
 std::string PreferenceText(std::int16_t value) { return NumberToText(std::int32_t{value}); }
 
 PreferencesOutcome ReadPreferences(ProfileFile& file, const PreferenceFolders& folders, Preferences before) {
-    PreferencesOutcome outcome;
-    outcome.values = std::move(before);
-    ForEachPreference(PreferenceReader(file, folders, outcome), outcome.values);
+    const PreferenceSource source = [&](const std::string& key, const std::string& defaultText) {
+        return file.read(kSection, key, defaultText, kPreferenceBufferSize);
+    };
+    PreferencesOutcome outcome{std::move(before), {}};
+    ForEachPreference(PreferenceReader(source, folders, outcome), outcome.values);
     return outcome;
+}
+
+PreferencesOutcome ReadCropPreferences(const PreferenceSource& source) {
+    PreferencesOutcome outcome;
+    const PreferenceFolders none;
+    PreferenceReader reader(source, none, outcome);
+    reader.readOne<&Preferences::BMPCrop>();
+    reader.readOne<&Preferences::AVICrop>();
+    return outcome;
+}
+
+std::optional<RuntimeError> PreferencesOutcome::error() const try {
+    if (errors.empty())
+        return std::nullopt;
+    std::string keys;
+    for (const PreferenceError& one : errors)
+        keys += (keys.empty() ? "" : ", ") + one.key;
+    const RuntimeError& first = errors.front().error;
+    return RuntimeError(first.number(), first.description() + ": " + keys);
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
 PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances) try {
@@ -131,10 +165,18 @@ PreferencesOutcome LoadPreferences() try {
     (void)MakePlayfileFolder(folders); // preferences are loaded without it, too
     if (const std::optional<std::string> path = PreferencesPath())
         return LoadPreferences({*path, folders, DefaultPreferences(folders)});
-    PreferencesOutcome outcome; // the error has been trapped
-    outcome.values = DefaultPreferences(folders);
-    outcome.error = {"AppPath", RuntimeError(ErrorNumber::pathNotFound)};
-    return outcome;
+    return withoutFile(DefaultPreferences(folders));
+} catch (...) {
+    RethrowAsRuntimeError();
+}
+
+PreferencesOutcome LoadCropPreferences() try {
+    const std::optional<std::string> path = PreferencesPath();
+    if (!path)
+        return withoutFile({});
+    return ReadCropPreferences([&](const std::string& key, const std::string& defaultText) {
+        return ReadPreference(*path, key, defaultText);
+    });
 } catch (...) {
     RethrowAsRuntimeError();
 }

@@ -107,8 +107,7 @@ void SettingsInfoClass::GetSettingsFromDisk(const std::optional<std::string>& sF
             TracedProfile file(platform().openProfile(*path));
             PreferencesOutcome outcome = ReadPreferences(file, folders, preferences_);
             preferences_ = std::move(outcome.values);
-            if (outcome.error)
-                throw outcome.error->error;
+            Check(outcome.error());
         },
         Arg{"sFileName", sFileName});
 }

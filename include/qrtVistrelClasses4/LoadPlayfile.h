@@ -33,8 +33,8 @@ struct LoadCircumstances {
     /// The application data folder, which has the 4x8 font of old files in "CustomFonts". Called before the
     /// file is read, but not for a file of the older format. If empty, `GetAppFolder` is used.
     std::function<std::string()> applicationFolder{};
-    /// Called once the records of a file of the older format have been read. If empty, the preferences are
-    /// read from their file.
+    /// Called once the records of a file of the older format have been read. If empty, the two preferences
+    /// are read from their file.
     std::function<Cropping()> cropping{};
     /// A file of the older format gives at most this many frames and one more.
     std::int16_t framesAllowed = kUsualFramesAllowed;
@@ -59,7 +59,7 @@ struct LegacyDetails {
     /// reported as error 6.
     std::vector<LegacyLoss> refusedNumbers;
     /// Why pictures may not be placed as the preferences say. Does not make the outcome incomplete.
-    std::optional<PreferenceError> preferencesError{};
+    std::vector<PreferenceError> preferenceErrors{};
 };
 
 struct [[nodiscard]] LoadOutcome {

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 
@@ -52,13 +53,19 @@ struct PreferencesCircumstances {
 
 /// What came of reading preferences.
 struct [[nodiscard]] PreferencesOutcome {
-    Preferences values; ///< After an error, only those before the one at fault were read.
-    std::optional<PreferenceError> error;
+    Preferences values; ///< Those that `errors` names were not read.
+    std::vector<PreferenceError> errors;
+
+    /// One error that names all keys of `errors`; its number is that of the first. No value if there are no
+    /// errors.
+    std::optional<RuntimeError> error() const;
 };
 
 PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances);
 /// The same for the file and the folders of this machine. Makes the folder for playfiles if it can.
 PreferencesOutcome LoadPreferences();
+/// Reads only `BMPCrop` and `AVICrop`, from the same file, and makes no folder. All other values are empty.
+PreferencesOutcome LoadCropPreferences();
 
 /// Writes all preferences in one step and keeps everything else in the file. Returns the error if that fails.
 [[nodiscard]] std::optional<RuntimeError> SavePreferences(const Preferences& preferences,

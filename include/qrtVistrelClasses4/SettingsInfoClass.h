@@ -35,11 +35,12 @@ public:
     /// Writes one key, and makes the file and the section if needed. A failure is not reported.
     void WriteSetting(const std::string& Key, const std::string& Value);
 
-    /// Loads every preference, and makes the playfile folder in the user's documents if it is missing. The
-    /// first value that does not convert is an error, which is trapped; only the preferences before it are
-    /// then loaded. `sFileName` is only shown on the trace.
+    /// Loads every preference, and makes the playfile folder in the user's documents if it is missing. A
+    /// value that does not convert leaves its preference as it is; all of them together are one error, which
+    /// is trapped and names their keys. `sFileName` is only shown on the trace.
     void GetSettingsFromDisk(const std::optional<std::string>& sFileName = std::nullopt);
-    /// Saves every preference. `sFileName` is only shown on the trace.
+    /// Saves every preference, also over a value that did not convert. `sFileName` is only shown on the
+    /// trace.
     void SaveSettingsToDisk(const std::optional<std::string>& sFileName = std::nullopt);
 
     /// Number (1 to 4) of the schedule that the schedule properties address. Any value is kept; it is checked

@@ -102,7 +102,8 @@ TEST_F(LegacyImport, ShowsTheOperatorOneErrorOfEachKindOfNumberThatIsTooLarge) {
 
 TEST_F(LegacyImport, PlacesPicturesByTheSettingForTheirKind) {
     for (const std::string crop : {"", "BMPCrop", "AVICrop"}) {
-        files().put(host_.inLibrary("VistrelLite.ini"), "[VistrelLite]\r\n" + crop + "=True\r\n");
+        files().put(host_.inLibrary("VistrelLite.ini"),
+                    "[VistrelLite]\r\nDisplayHeight=1e9\r\n" + crop + "=True\r\n");
         for (const std::string kind : {"BMP", "AVI", "CMD"}) {
             const Playfile playfile = load(legacyPlayfile({{.reference = "a." + kind}})).playfile;
             EXPECT_EQ(playfile.frames.at(1).PictureFileDisplay, crop == kind + "Crop" ? 1 : 0)
@@ -113,8 +114,16 @@ TEST_F(LegacyImport, PlacesPicturesByTheSettingForTheirKind) {
             EXPECT_EQ(object.Value(), playfile);
         }
     }
-    files().put(host_.inLibrary("VistrelLite.ini"), "[VistrelLite]\r\nDisplayHeight=1e9\r\n");
-    EXPECT_EQ(load(legacyPlayfile({})).legacy->preferencesError.value().key, "DisplayHeight");
+    files().put(host_.inLibrary("VistrelLite.ini"), "[VistrelLite]\r\nBMPCrop=x\r\nAVICrop=True\r\n");
+    EXPECT_EQ(load(legacyPlayfile({{.reference = "a.AVI"}})).legacy->preferenceErrors.at(0).key, "BMPCrop");
+    FrameInfoClass object;
+    object.SetSuppressMessages(true);
+    EXPECT_TRUE(object.GetPlayfileFromDisk(path_));
+    EXPECT_EQ(object.Value().frames.at(1).PictureFileDisplay, 1);
+    EXPECT_EQ(host_.reports.takeNumbers(), Numbers{13});
+    EXPECT_EQ(files().kindOf(JoinPath(host_.machine.specialFolders.at(5), "Vistrel Sign Playfiles")),
+              EntryKind::missing)
+        << "opening makes no folder";
 }
 
 TEST_F(LegacyImport, AsksAfterConvertingWhetherToGoOn) {

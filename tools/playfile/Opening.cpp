@@ -15,11 +15,7 @@ void addMissingFrames(const LoadOutcome& outcome, ErrorLines& errors) {
 bool goesOn(const LoadOutcome& outcome, const AnswerOptions& options, ErrorLines& errors) {
     if (outcome.error)
         return false;
-    if (const auto& error = outcome.legacy->preferencesError) {
-        errors.about("VistrelLite.ini, key " + error->key);
-        errors.add(error->error);
-        errors.about(outcome.playfile.fileName);
-    }
+    errors.add(outcome.legacy->preferenceErrors);
     if (!outcome.legacy->hasMark) {
         errors.add(kNoLegacyMark);
         return false;

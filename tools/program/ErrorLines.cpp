@@ -10,8 +10,8 @@ std::string TextOf(const RuntimeError& error) {
     return error.description() + " (error " + std::to_string(error.number()) + ")";
 }
 
-void ErrorLines::add(std::string_view text) {
-    std::string line = "vistrel: " + Visible((subject_.empty() ? "" : subject_ + ": ") + std::string(text));
+void ErrorLines::add(const std::string& subject, std::string_view text) {
+    std::string line = "vistrel: " + Visible((subject.empty() ? "" : subject + ": ") + std::string(text));
     if (kept_.contains(line))
         return;
     if (lines_.size() == kMostErrorLines) {
@@ -29,6 +29,11 @@ void ErrorLines::add(const RuntimeError& error) {
 
 void ErrorLines::add(const FileError& error) {
     add((error.line ? "line " + std::to_string(*error.line) + ": " : "") + TextOf(error.error));
+}
+
+void ErrorLines::add(const std::vector<PreferenceError>& errors) {
+    for (const PreferenceError& error : errors)
+        add("VistrelLite.ini, key " + error.key, TextOf(error.error));
 }
 
 std::vector<std::string> ErrorLines::lines() const {

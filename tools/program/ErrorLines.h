@@ -2,6 +2,7 @@
 #pragma once
 
 #include "frame/ErrorTrap.h"
+#include <qrtVistrelClasses4/PreferencesFile.h>
 #include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <cstddef>
@@ -25,11 +26,13 @@ public:
     void about(std::string_view subject) { subject_ = subject; }
 
     /// A text that is added several times is kept once.
-    void add(std::string_view text);
+    void add(std::string_view text) { add(subject_, text); }
     /// An error of the library. Quiet errors are left out.
     void add(const RuntimeError& error);
     /// An error in a file, with its line.
     void add(const FileError& error);
+    /// Values of preferences that do not convert, whatever other errors are about.
+    void add(const std::vector<PreferenceError>& errors);
     /// An error that the library has trapped.
     void report(const ErrorReport& report) override { add(report.error); }
 
@@ -38,6 +41,8 @@ public:
     std::vector<std::string> lines() const;
 
 private:
+    void add(const std::string& subject, std::string_view text);
+
     std::string subject_;
     std::vector<std::string> lines_;
     std::unordered_set<std::string> kept_; ///< The same lines.

@@ -20,10 +20,7 @@ struct SettingsOptions {
 
 Preferences loadPreferences(ErrorLines& errors) {
     PreferencesOutcome loaded = LoadPreferences();
-    if (loaded.error) {
-        errors.about("VistrelLite.ini, key " + loaded.error->key);
-        errors.add(loaded.error->error);
-    }
+    errors.add(loaded.errors);
     return std::move(loaded.values);
 }
 
@@ -120,8 +117,8 @@ void AddSettingsCommand(CLI::App& program, Session& session) {
     CLI::App& settings = AddCommand(program, "settings", "Shows and changes the application's preferences",
                                     "vistrel settings set DisplayHeight 32");
     settings.require_subcommand(1);
-    AddCommand(settings, "list", "Shows every setting", "vistrel settings list --home samples", session,
-               options, &list)
+    AddCommand(settings, "list", "Shows every setting", "vistrel settings list --home site", session, options,
+               &list)
         .add_flag("--json", options->json, "Prints an array of settings");
     CLI::App& getCommand =
         AddCommand(settings, "get", "Shows one setting", "vistrel settings get BrightnessScheduleStartTime2",
