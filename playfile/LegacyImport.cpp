@@ -39,11 +39,10 @@ std::vector<std::string> linesOf(std::string_view text) {
     }
 }
 
-std::string joined(const std::vector<std::string>& lines) {
-    std::string text = lines.front();
-    for (std::size_t place = 1; place < lines.size(); ++place)
-        text += " " + lines[place];
-    return text;
+/// Only the blanks around the whole are trimmed: those within belong to the text that scrolls by.
+std::string joined(std::string text) {
+    std::replace(text.begin(), text.end(), kLegacyLineEnd, ' ');
+    return std::string(Trim(text));
 }
 
 /// From the preferences' file. Notes its error in `outcome`.
@@ -182,7 +181,7 @@ FrameRecord Import::nextFrame(const LegacyRecord& record) {
     const LegacyFileKind kind = files.kind();
     setFiles(frame, files, kind, !text.empty());
     if (IsJoiningKeyword(record.suffixKeyword)) {
-        setLines(frame, {joined(linesOf(text))}, record);
+        setLines(frame, {joined(text)}, record);
         frame.lines.at(1).Scrolling = true;
     } else {
         setLines(frame, linesOf(text), record);

@@ -71,7 +71,7 @@ TEST_F(LegacyImport, MakesFramesOfRecords) {
         {"another file ending so", {.reference = "SLEAVE.CMD"}, "4 0s 0>0 w0 SLEAVE.CMD||0"},
         {"blanks that a variable leaves", {.text = "{days} A\x1f{time}"}, "2 0s 0>0 w0 |A|0||h:m||0"},
         {"a variable joined too late", {.text = "{vbl\x1f\x37}", .suffix = "SC"}, "2 0s 0>0 w0 |{vbl 7}|0s"},
-        {"a text that scrolls", {.text = " A \x1f\x1f B", .suffix = "Sc", .font = 4, .flags = {6}}, "2 0s 0>0 w0 |A  B|10sbi"},
+        {"a text that scrolls", {.text = " A \x1f\x1f B", .suffix = "Sc", .font = 4, .flags = {6}}, "2 0s 0>0 w0 |A    B|10sbi"},
         {"unknown keywords", {.prefix = "OT", .suffix = "lp"},
          "2 0s 0>0 w0 ||0 -unknown prefix keyword \"OT\" -unknown suffix keyword \"lp\""},
         {"a font that has changed its number", {.font = 1}, "2 0s 0>0 w0 ||6"},
