@@ -25,6 +25,9 @@ constexpr unsigned kScrollingFlag = 1;
 constexpr unsigned kBlinkingFlag = 2;
 constexpr unsigned kInverseFlag = 4;
 
+/// Frames have 16-bit numbers.
+constexpr std::int32_t kMostFrames = std::numeric_limits<std::int16_t>::max();
+
 std::int16_t numberOf(NEW_FRAME_TYPES type) { return static_cast<std::int16_t>(type); }
 
 /// Trimmed; one empty line for an empty text.
@@ -209,19 +212,32 @@ std::vector<LegacyRecord> readRecords(const std::string& fileName, std::size_t m
     return ReadLegacyRecords(*file, most);
 }
 
+/// Reports that the file has more frames than can be numbered. Those that can are kept all the same.
+void reportTooManyFrames(std::uint64_t records) {
+    trapped(FrameFunction("GetLegacyPlayfileFromDisk"), [&] {
+        throw RuntimeError(static_cast<int>(ErrorNumber::overflow),
+                           std::string(Describe(ErrorNumber::overflow)) + ": only the first " +
+                               std::to_string(kMostFrames) + " of " + std::to_string(records) +
+                               " frames are kept");
+    });
+}
+
 } // namespace
 
 void ImportLegacyPlayfile(LoadOutcome& outcome, const LoadCircumstances& circumstances) {
     outcome.playfile.isLegacy = true;
     // One more than allowed: the application checks the limit only after it has been passed.
-    const auto most = static_cast<std::size_t>(std::max<std::int32_t>(circumstances.framesAllowed + 1, 0));
+    const auto most =
+        static_cast<std::size_t>(std::clamp<std::int32_t>(circumstances.framesAllowed + 1, 0, kMostFrames));
     const std::vector<LegacyRecord> records = readRecords(outcome.playfile.fileName, most, outcome);
     const Cropping cropping =
         circumstances.cropping ? circumstances.cropping() : croppingFromPreferences(outcome);
     LegacyDetails& details = *outcome.legacy;
     if (!details.hasMark)
         return;
-    OneBasedArray<FrameRecord> frames(NarrowToInt16(static_cast<std::int32_t>(records.size())));
+    if (most == kMostFrames && details.records > most)
+        reportTooManyFrames(details.records);
+    OneBasedArray<FrameRecord> frames(static_cast<std::int32_t>(records.size()));
     Import import(cropping, details);
     std::transform(records.begin(), records.end(), frames.begin(),
                    [&](const LegacyRecord& record) { return import.nextFrame(record); });

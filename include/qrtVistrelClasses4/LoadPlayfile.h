@@ -36,7 +36,7 @@ struct LoadCircumstances {
     /// Called once the records of a file of the older format have been read. If empty, the preferences are
     /// read from their file.
     std::function<Cropping()> cropping{};
-    /// A file of the older format gives at most this many frames and one more.
+    /// A file of the older format gives at most this many frames and one more, but never more than 32767.
     std::int16_t framesAllowed = kUsualFramesAllowed;
 };
 

@@ -1,4 +1,5 @@
 #include "LegacyBytes.h"
+#include "TempFolder.h"
 #include "TestHost.h"
 #include "playfile/LegacyFormat.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
@@ -7,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -143,14 +145,22 @@ TEST_F(LegacyImport, AsksAfterConvertingWhetherToGoOn) {
     EXPECT_EQ(boxes().shown.size(), 3u);
 }
 
-TEST_F(LegacyImport, ReadsNoMoreThanOneFrameAboveTheLimit) {
-    for (const auto& [allowed, kept] : {std::pair(-32768, 0), {-1, 0}, {0, 1}, {1, 2}, {32767, 2}}) {
-        LoadCircumstances circumstances;
-        circumstances.framesAllowed = static_cast<std::int16_t>(allowed);
-        const LoadOutcome outcome = load(legacyPlayfile({{}, {}}), circumstances);
-        EXPECT_EQ(std::pair(outcome.framesRead, outcome.isComplete), std::pair(kept, kept == 2)) << allowed;
-        EXPECT_EQ(outcome.framesAnnounced, 2);
+TEST_F(LegacyImport, ReadsOneFrameAboveTheLimitButNoMoreThanHaveNumbers) {
+    const TempFolder folder;
+    const std::string path = folder.file("many.PL2");
+    std::ofstream(path) << "PLWREV 1.50";
+    std::filesystem::resize_file(path, 11 + 18704 * std::uintmax_t{32768}); // most of it takes no room
+    const auto machine = makePlatform();
+    const ScopedPlatform machineScope(*machine);
+    for (const auto& [allowed, kept] : {std::pair(-32768, 0), {-1, 0}, {1, 2}, {32767, 32767}}) {
+        const LoadOutcome outcome = LoadPlayfile(
+            path, {.cropping = [] { return Cropping(); }, .framesAllowed = std::int16_t(allowed)});
+        EXPECT_EQ(std::tuple(outcome.framesRead, outcome.framesAnnounced, outcome.isComplete),
+                  std::tuple(kept, 32768, false));
     }
+    ASSERT_EQ(host_.reports.all.size(), 1u) << "the last time";
+    EXPECT_EQ(host_.reports.all[0].error.description(),
+              "Overflow: only the first 32767 of 32768 frames are kept");
 }
 
 TEST_F(LegacyImport, KeepsTheWholeRecordsOfAFileThatIsCutShort) {
