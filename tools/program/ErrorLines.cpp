@@ -11,6 +11,11 @@ std::string TextOf(const RuntimeError& error) {
 }
 
 void ErrorLines::add(std::string_view text) {
+    hasErrors_ = true;
+    addLoss(text);
+}
+
+void ErrorLines::addLoss(std::string_view text) {
     std::string line = "vistrel: " + Visible((subject_.empty() ? "" : subject_ + ": ") + std::string(text));
     if (kept_.contains(line))
         return;

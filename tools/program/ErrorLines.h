@@ -26,6 +26,9 @@ public:
 
     /// A text that is added several times is kept once.
     void add(std::string_view text);
+    /// The same for something that was lost on the way. It does not keep a command from saving, but the
+    /// command has failed in the end.
+    void addLoss(std::string_view text);
     /// An error of the library. Quiet errors are left out.
     void add(const RuntimeError& error);
     /// An error in a file, with its line.
@@ -34,6 +37,7 @@ public:
     void report(const ErrorReport& report) override { add(report.error); }
 
     bool empty() const { return lines_.empty(); }
+    bool hasOnlyLosses() const { return !hasErrors_; }
     /// The last line counts the errors that were not kept.
     std::vector<std::string> lines() const;
 
@@ -42,6 +46,7 @@ private:
     std::vector<std::string> lines_;
     std::unordered_set<std::string> kept_; ///< The same lines.
     std::size_t notKept_ = 0;
+    bool hasErrors_ = false; ///< Besides losses.
 };
 
 } // namespace qrtVistrelClasses4
