@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <charconv>
 #include <iterator>
+#include <string_view>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -81,13 +83,65 @@ std::string replaceAll(const std::string& text, const std::string& placeholder, 
     return result.append(text, from);
 }
 
+bool looksLikePlaceholder(std::string_view inBraces) {
+    constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    constexpr std::string_view lettersAndDigits =
+        "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_0123456789";
+    constexpr std::string_view blanks = " \x1f"; // with the line end of the older format
+    std::string_view rest = inBraces;
+    const auto skip = [&](std::string_view characters) {
+        rest.remove_prefix(std::min(rest.find_first_not_of(characters), rest.size()));
+    };
+    skip(blanks);
+    if (rest.empty() || letters.find(rest.front()) == letters.npos)
+        return false;
+    for (const std::string_view characters :
+         {lettersAndDigits, blanks, std::string_view("+-"), std::string_view("0123456789"), blanks})
+        skip(characters);
+    return rest.empty();
+}
+
+/// What conversion makes of a text.
+struct Converted {
+    std::string text;
+    std::vector<std::string> losses;
+
+    void loseRemoved(std::string_view inBraces) { lose(inBraces, "which has no code"); }
+    /// Does nothing for braces that nobody takes for a placeholder.
+    void loseUnknown(std::string_view inBraces) {
+        if (looksLikePlaceholder(inBraces))
+            lose(inBraces, "which stays as text");
+    }
+    /// The same for all braces in the text that have none within.
+    void loseAllUnknown() {
+        std::size_t open = text.npos;
+        for (std::size_t place = 0; place < text.size(); ++place)
+            if (text[place] == '{') {
+                open = place;
+            } else if (text[place] == '}' && open != text.npos) {
+                loseUnknown(std::string_view(text).substr(open + 1, place - open - 1));
+                open = text.npos;
+            }
+    }
+
+private:
+    void lose(std::string_view inBraces, const char* why) {
+        losses.push_back("placeholder \"{" + std::string(inBraces) + "}\", " + why);
+    }
+};
+
 /// One kind of placeholder after another.
-std::string replaceInOrder(std::string text) {
+Converted replaceInOrder(const std::string& text) {
+    Converted converted{text, {}};
     forEachPlaceholder([&](const std::string& placeholder, const std::string& code) {
-        if (text.find(placeholder) != text.npos)
-            text = replaceAll(text, placeholder, code);
+        if (converted.text.find(placeholder) == text.npos)
+            return;
+        converted.text = replaceAll(converted.text, placeholder, code);
+        if (code.empty())
+            converted.loseRemoved(std::string_view(placeholder).substr(1, placeholder.size() - 2));
     });
-    return text;
+    converted.loseAllUnknown();
+    return converted;
 }
 
 /// The number of a placeholder as it is written: decimal, without leading zeros. 0 for anything else.
@@ -101,7 +155,7 @@ int plainNumber(std::string_view digits) {
 }
 
 /// Appends the code of the placeholder between the braces. False if there is no placeholder.
-bool appendCode(std::string_view inBraces, std::string& text) {
+bool appendCode(std::string_view inBraces, Converted& converted) {
     for (const NumberedPlaceholder& kind : kNumberedPlaceholders) {
         if (!inBraces.starts_with(kind.name))
             continue;
@@ -109,21 +163,24 @@ bool appendCode(std::string_view inBraces, std::string& text) {
         const int number = plainNumber(digits);
         if (number < 1 || number > kind.code.last)
             return false;
-        appendNumberedCode(kind.code, digits, text);
+        appendNumberedCode(kind.code, digits, converted.text);
         return true;
     }
     const auto* const found = std::find_if(std::begin(kNamedPlaceholders), std::end(kNamedPlaceholders),
                                            [&](const auto& named) { return named.name == inBraces; });
     if (found == std::end(kNamedPlaceholders))
         return false;
-    text += found->code;
+    converted.text += found->code;
+    if (found->code.empty())
+        converted.loseRemoved(inBraces);
     return true;
 }
 
 /// A new placeholder can only arise around another one, within braces of its own. If no braces are within
 /// braces, one pass over the text does the same as a pass for each kind.
-std::string convert(const std::string& text) {
-    std::string result;
+Converted convert(const std::string& text) {
+    Converted converted;
+    std::string& result = converted.text;
     result.reserve(text.size());
     std::size_t copied = 0;
     for (std::size_t open = text.find('{'); open != text.npos; open = text.find('{', copied)) {
@@ -134,18 +191,32 @@ std::string convert(const std::string& text) {
         if (inBraces.find('{') != inBraces.npos)
             return replaceInOrder(text);
         result.append(text, copied, open - copied);
-        if (!appendCode(inBraces, result))
+        if (!appendCode(inBraces, converted)) {
             result.append(text, open, close + 1 - open);
+            converted.loseUnknown(inBraces);
+        }
         copied = close + 1;
     }
-    return result.append(text, copied);
+    result.append(text, copied);
+    return converted;
 }
 
 } // namespace
 
 std::string ConvertLegacyVariables(const std::string& text) {
+    std::vector<std::string> ignored;
+    return ConvertLegacyVariables(text, ignored);
+}
+
+std::string ConvertLegacyVariables(const std::string& text, std::vector<std::string>& losses) {
     return traced(
-        VariableFunction("ConvertLegacyVariables"), [&] { return convert(text); }, Arg{"text", text});
+        VariableFunction("ConvertLegacyVariables"),
+        [&] {
+            Converted converted = convert(text);
+            std::move(converted.losses.begin(), converted.losses.end(), std::back_inserter(losses));
+            return std::move(converted.text);
+        },
+        Arg{"text", text});
 }
 
 } // namespace qrtVistrelClasses4

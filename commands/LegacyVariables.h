@@ -2,7 +2,7 @@
 #pragma once
 
 #include <string>
-#include <string_view>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 
@@ -11,5 +11,10 @@ namespace qrtVistrelClasses4 {
 /// exact spelling. They are replaced one kind after another, so that removing one may create another.
 /// Anything else stays. Returns "" after an error, which is trapped.
 std::string ConvertLegacyVariables(const std::string& text);
+
+/// The same. Adds to `losses`, in words, the time spans that were removed, and what stays but looks like a
+/// placeholder: in braces a word of ASCII letters, digits and "_" that starts with a letter, and perhaps a
+/// number, with blanks or line ends around both. "{TIME}" and "{vbl 417}" do, "{}" and "{see below}" do not.
+std::string ConvertLegacyVariables(const std::string& text, std::vector<std::string>& losses);
 
 } // namespace qrtVistrelClasses4

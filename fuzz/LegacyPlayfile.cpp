@@ -55,11 +55,22 @@ void RunFuzzed(FuzzedInput input) {
     Require(outcome.framesRead == total && outcome.playfile.frames.upperBound() == total,
             "every whole record is a frame");
     Require(outcome.legacy->bytesAfterRecords == size % kLegacyRecordSize, "and all bytes are counted");
-    for (std::int32_t number = 1; number <= total; ++number)
+    const auto& losses = outcome.legacy->losses;
+    Require(outcome.isComplete == (size == std::size_t(total) * kLegacyRecordSize && losses.empty()),
+            "it is complete if nothing is missing");
+    const auto hasLoss = [&](std::int32_t number) {
+        return std::any_of(losses.begin(), losses.end(),
+                           [=](const auto& loss) { return loss.frame == number; });
+    };
+    for (std::int32_t number = 1; number <= total; ++number) {
+        const LegacyRecord& record = records.at(static_cast<std::size_t>(number) - 1);
         Require(lettersOf(outcome.playfile.frames.at(number)) ==
-                    withoutBlanksAndLineEnds(
-                        ConvertLegacyVariables(records.at(static_cast<std::size_t>(number) - 1).text)),
+                    withoutBlanksAndLineEnds(ConvertLegacyVariables(record.text)),
                 "no letter of a text is lost");
+        Require(hasLoss(number) || (record.fontCode <= 4 && record.lineFlags.at(0) < 8 &&
+                                    record.text.find("{days}") == record.text.npos),
+                "what a frame loses is reported");
+    }
 
     Require(SavePlayfile(outcome.playfile, newPath).isWritten(), "it can be saved as a playfile");
     const auto saved = host.machine.files().content(newPath);

@@ -117,10 +117,12 @@ std::optional<std::int16_t> SuffixCodeOf(std::string_view text) {
 std::optional<std::int16_t> PrefixCodeOfKeyword(std::string_view keyword) {
     if (const auto code = codeOfSharedKeyword(keyword))
         return code;
-    const double rounds = ParseNumber(keyword).value_or(0);
-    if (rounds <= 0)
+    if (keyword == "OT")
+        return std::int16_t{0};
+    const std::optional<double> rounds = ParseNumber(keyword);
+    if (!rounds)
         return std::nullopt;
-    return RoundToInt16(kLoopBase + rounds);
+    return *rounds > 0 ? RoundToInt16(kLoopBase + *rounds) : std::int16_t{0};
 }
 
 std::optional<std::int16_t> SuffixCodeOfKeyword(std::string_view keyword) {

@@ -106,7 +106,8 @@ std::optional<std::int16_t> PrefixCodeOf(std::string_view text);
 std::optional<std::int16_t> SuffixCodeOf(std::string_view text);
 
 /// The code of a keyword of the older playfile format, if it is one: two capital letters, or as a prefix a
-/// loop count. A count whose code would not fit is error 6.
+/// loop count. The prefix "OT" and counts below 1 are code 0, no effect. A count whose code would not fit is
+/// error 6.
 std::optional<std::int16_t> PrefixCodeOfKeyword(std::string_view keyword);
 std::optional<std::int16_t> SuffixCodeOfKeyword(std::string_view keyword);
 

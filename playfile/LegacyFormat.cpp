@@ -67,9 +67,9 @@ bool HasLegacyEnding(std::string_view fileName) { return hasEnding(fileName, "PL
 
 bool IsJoiningKeyword(std::string_view keyword) { return EqualIgnoringAsciiCase(keyword, "SC"); }
 
-std::int16_t FontOfLegacyCode(std::uint8_t code) {
+std::optional<std::int16_t> FontOfLegacyCode(std::uint8_t code) {
     constexpr std::array<std::int16_t, 5> fonts{0, 6, 3, 8, 10};
-    return code < fonts.size() ? fonts.at(code) : std::int16_t{0};
+    return code < fonts.size() ? std::optional(fonts.at(code)) : std::nullopt;
 }
 
 LegacyRecord ReadLegacyRecord(std::string_view bytes) {

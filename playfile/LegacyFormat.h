@@ -39,8 +39,8 @@ inline constexpr char kLegacyLineEnd = '\x1f';
 /// True for the suffix keyword that joins all lines of the text into one scrolling line: "SC", in any case.
 bool IsJoiningKeyword(std::string_view keyword);
 
-/// The font number for a record's code; 0 for an unknown code.
-std::int16_t FontOfLegacyCode(std::uint8_t code);
+/// The font number for a record's code, if the code is known.
+std::optional<std::int16_t> FontOfLegacyCode(std::uint8_t code);
 
 /// The known fields of a record. `bytes` are its first `kLegacyUsedSize` ones.
 LegacyRecord ReadLegacyRecord(std::string_view bytes);

@@ -24,6 +24,10 @@ namespace {
 constexpr unsigned kScrollingFlag = 1;
 constexpr unsigned kBlinkingFlag = 2;
 constexpr unsigned kInverseFlag = 4;
+constexpr unsigned kKnownFlags = kScrollingFlag | kBlinkingFlag | kInverseFlag;
+
+/// Frames have 16-bit numbers.
+constexpr std::int32_t kMostFrames = std::numeric_limits<std::int16_t>::max();
 
 std::int16_t numberOf(NEW_FRAME_TYPES type) { return static_cast<std::int16_t>(type); }
 
@@ -39,11 +43,10 @@ std::vector<std::string> linesOf(std::string_view text) {
     }
 }
 
-std::string joined(const std::vector<std::string>& lines) {
-    std::string text = lines.front();
-    for (std::size_t place = 1; place < lines.size(); ++place)
-        text += " " + lines[place];
-    return text;
+/// Only the blanks around the whole are trimmed: those within belong to the text that scrolls by.
+std::string joined(std::string text) {
+    std::replace(text.begin(), text.end(), kLegacyLineEnd, ' ');
+    return std::string(Trim(text));
 }
 
 /// From the preferences' file. Notes its errors in `outcome`.
@@ -57,13 +60,16 @@ Cropping croppingFromPreferences(LoadOutcome& outcome) {
 /// playfile. The operator sees only the first error, since a damaged file may have one in every record.
 class RiskyNumber {
 public:
-    /// What `convert` returns. Throws its error; from the second one on, the error is marked as quiet.
+    /// What `convert` returns. Throws its error, which then names the frame; from the second one on, the
+    /// error is marked as quiet.
     template <class Convert>
-    std::invoke_result_t<Convert> converted(Convert convert) {
+    std::invoke_result_t<Convert> converted(std::int32_t frameNumber, Convert convert) {
         try {
             return convert();
         } catch (const RuntimeError& error) {
-            throw std::exchange(wasTooLarge_, true) ? error.quietly() : error;
+            const RuntimeError inFrame(error.number(),
+                                       error.description() + " in frame " + std::to_string(frameNumber));
+            throw std::exchange(wasTooLarge_, true) ? inFrame.quietly() : inFrame;
         }
     }
 
@@ -79,12 +85,14 @@ public:
     FrameRecord nextFrame(const LegacyRecord& record);
 
 private:
+    std::string textOf(const LegacyRecord& record);
     std::int16_t prefixCodeOf(const std::string& Keyword);
     std::int16_t suffixCodeOf(const std::string& Keyword);
     void setFiles(FrameRecord& frame, LegacyReference files, LegacyFileKind kind, bool hasText);
     std::int16_t widthOf(std::string_view number);
+    void setLines(FrameRecord& frame, std::vector<std::string> texts, const LegacyRecord& record);
+    void loseFlags(const LegacyRecord& record, std::size_t lines, bool isJoined);
     void lose(std::string text) { details_.losses.push_back({number_, std::move(text)}); }
-    void refuse(std::string text) { details_.refusedNumbers.push_back({number_, std::move(text)}); }
 
     Cropping cropping_;
     LegacyDetails& details_;
@@ -93,20 +101,37 @@ private:
     RiskyNumber width_;
 };
 
+constexpr const char* kTooLarge = ", which is too large";
+
 std::string quoted(const std::string& text) { return '"' + text + '"'; }
+
+/// Two hexadecimal digits.
+std::string hexText(unsigned byte) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    return {digits[byte >> 4 & 0xf], digits[byte & 0xf]};
+}
+
+std::string Import::textOf(const LegacyRecord& record) {
+    std::vector<std::string> losses;
+    std::string text = ConvertLegacyVariables(record.text, losses);
+    for (std::string& loss : losses)
+        lose(std::move(loss));
+    return text;
+}
 
 std::int16_t Import::prefixCodeOf(const std::string& Keyword) {
     bool isRefused = true;
     const std::optional<std::int16_t> code = traced(
         FrameFunction("ConvertPrefixKeywordToCode"),
         [&] {
-            const auto converted = prefixCode_.converted([&] { return PrefixCodeOfKeyword(Keyword); });
+            const auto converted =
+                prefixCode_.converted(number_, [&] { return PrefixCodeOfKeyword(Keyword); });
             isRefused = false;
             return converted;
         },
         Arg{"Keyword", Keyword});
     if (isRefused)
-        refuse("prefix keyword " + quoted(Keyword));
+        lose("prefix keyword " + quoted(Keyword) + kTooLarge);
     else if (!code && !Keyword.empty())
         lose("unknown prefix keyword " + quoted(Keyword));
     return code.value_or(0);
@@ -123,10 +148,10 @@ std::int16_t Import::suffixCodeOf(const std::string& Keyword) {
 
 std::int16_t Import::widthOf(std::string_view number) {
     const std::optional<std::int16_t> width = trapped(FrameFunction("GetLegacyPlayfileFromDisk"), [&] {
-        return std::optional(width_.converted([&] { return RoundToInt16(LeadingNumber(number)); }));
+        return std::optional(width_.converted(number_, [&] { return RoundToInt16(LeadingNumber(number)); }));
     });
-    if (!width)
-        refuse("width " + std::string(number));
+    if (!number.empty())
+        lose("width " + std::string(number) + (width ? "" : kTooLarge));
     return width.value_or(0);
 }
 
@@ -159,39 +184,59 @@ void Import::setFiles(FrameRecord& frame, LegacyReference files, LegacyFileKind 
     }
 }
 
-void setLines(FrameRecord& frame, std::vector<std::string> texts, const LegacyRecord& record) {
+unsigned flagsOf(const LegacyRecord& record, std::size_t place) {
+    return place < record.lineFlags.size() ? record.lineFlags.at(place) : 0U;
+}
+
+void Import::setLines(FrameRecord& frame, std::vector<std::string> texts, const LegacyRecord& record) {
+    const std::optional<std::int16_t> font = FontOfLegacyCode(record.fontCode);
+    if (!font)
+        lose("unknown font code " + std::to_string(record.fontCode));
     frame.lines.resize(static_cast<std::int32_t>(texts.size()));
     auto line = frame.lines.begin();
     for (std::size_t place = 0; place < texts.size(); ++place, ++line) {
         line->CurrentLineText = std::move(texts[place]);
-        line->LineFontSize = FontOfLegacyCode(record.fontCode);
-        const unsigned flags = place < record.lineFlags.size() ? record.lineFlags.at(place) : 0U;
+        line->LineFontSize = font.value_or(0);
+        const unsigned flags = flagsOf(record, place);
         line->Scrolling = (flags & kScrollingFlag) != 0;
         line->Blinking = (flags & kBlinkingFlag) != 0;
         line->Inverse = (flags & kInverseFlag) != 0;
     }
 }
 
+/// `lines` is their number in the record. Joined lines all scroll, but blink and are inverse only as the
+/// first one.
+void Import::loseFlags(const LegacyRecord& record, std::size_t lines, bool isJoined) {
+    const unsigned first = flagsOf(record, 0);
+    for (std::size_t place = 0; place < std::min(lines, record.lineFlags.size()); ++place) {
+        const unsigned flags = flagsOf(record, place);
+        if (const unsigned unknown = flags & ~kKnownFlags; unknown != 0)
+            lose("unknown flag bits " + hexText(unknown) + " of line " + std::to_string(place + 1));
+        if (isJoined && ((flags ^ first) & (kBlinkingFlag | kInverseFlag)) != 0)
+            lose("flags " + hexText(flags) + " of line " + std::to_string(place + 1) +
+                 ", which is joined to line 1 with flags " + hexText(first));
+    }
+}
+
 FrameRecord Import::nextFrame(const LegacyRecord& record) {
     ++number_;
     FrameRecord frame;
-    const std::string text = ConvertLegacyVariables(record.text);
+    const std::string text = textOf(record);
     frame.PrefixCode = prefixCodeOf(record.prefixKeyword);
     frame.DelayTime = record.delay;
     const LegacyReference files = SplitLegacyReference(record.reference);
     const LegacyFileKind kind = files.kind();
     setFiles(frame, files, kind, !text.empty());
-    if (IsJoiningKeyword(record.suffixKeyword)) {
-        setLines(frame, {joined(linesOf(text))}, record);
+    const bool isJoined = IsJoiningKeyword(record.suffixKeyword);
+    setLines(frame, isJoined ? std::vector{joined(text)} : linesOf(text), record);
+    if (isJoined)
         frame.lines.at(1).Scrolling = true;
-    } else {
-        setLines(frame, linesOf(text), record);
+    else
         frame.SuffixCode = suffixCodeOf(record.suffixKeyword);
-    }
+    const auto lineEnds = std::count(text.begin(), text.end(), kLegacyLineEnd);
+    loseFlags(record, static_cast<std::size_t>(lineEnds) + 1, isJoined);
     if (kind == LegacyFileKind::none && !files.fileName.empty())
         lose("file of unknown kind " + quoted(files.fileName));
-    if (files.width)
-        lose("width " + std::string(*files.width));
     return frame;
 }
 
@@ -210,26 +255,39 @@ std::vector<LegacyRecord> readRecords(const std::string& fileName, std::size_t m
     return ReadLegacyRecords(*file, most);
 }
 
+/// Reports that the file has more frames than can be numbered. Those that can are kept all the same.
+void reportTooManyFrames(std::uint64_t records) {
+    trapped(FrameFunction("GetLegacyPlayfileFromDisk"), [&] {
+        throw RuntimeError(static_cast<int>(ErrorNumber::overflow),
+                           std::string(Describe(ErrorNumber::overflow)) + ": only the first " +
+                               std::to_string(kMostFrames) + " of " + std::to_string(records) +
+                               " frames are kept");
+    });
+}
+
 } // namespace
 
 void ImportLegacyPlayfile(LoadOutcome& outcome, const LoadCircumstances& circumstances) {
     outcome.playfile.isLegacy = true;
     // One more than allowed: the application checks the limit only after it has been passed.
-    const auto most = static_cast<std::size_t>(std::max<std::int32_t>(circumstances.framesAllowed + 1, 0));
+    const auto most =
+        static_cast<std::size_t>(std::clamp<std::int32_t>(circumstances.framesAllowed + 1, 0, kMostFrames));
     const std::vector<LegacyRecord> records = readRecords(outcome.playfile.fileName, most, outcome);
     const Cropping cropping =
         circumstances.cropping ? circumstances.cropping() : croppingFromPreferences(outcome);
     LegacyDetails& details = *outcome.legacy;
     if (!details.hasMark)
         return;
-    OneBasedArray<FrameRecord> frames(NarrowToInt16(static_cast<std::int32_t>(records.size())));
+    if (most == kMostFrames && details.records > most)
+        reportTooManyFrames(details.records);
+    OneBasedArray<FrameRecord> frames(static_cast<std::int32_t>(records.size()));
     Import import(cropping, details);
     std::transform(records.begin(), records.end(), frames.begin(),
                    [&](const LegacyRecord& record) { return import.nextFrame(record); });
     outcome.playfile.frames = std::move(frames);
     outcome.framesRead = outcome.playfile.frames.upperBound();
     outcome.isComplete =
-        records.size() == details.records && details.bytesAfterRecords == 0 && details.refusedNumbers.empty();
+        records.size() == details.records && details.bytesAfterRecords == 0 && details.losses.empty();
 }
 
 } // namespace qrtVistrelClasses4

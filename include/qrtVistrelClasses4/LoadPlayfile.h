@@ -36,14 +36,14 @@ struct LoadCircumstances {
     /// Called once the records of a file of the older format have been read. If empty, the two preferences
     /// are read from their file.
     std::function<Cropping()> cropping{};
-    /// A file of the older format gives at most this many frames and one more.
+    /// A file of the older format gives at most this many frames and one more, but never more than 32767.
     std::int16_t framesAllowed = kUsualFramesAllowed;
 };
 
-/// Something in a frame of the older format that is lost or refused, in words.
+/// Something in a frame of the older format that a playfile cannot hold, in words.
 struct LegacyLoss {
     std::int32_t frame = 0; ///< From 1.
-    std::string text;       ///< "unknown prefix keyword \"OT\"", "width 128"; in the file's characters.
+    std::string text;       ///< "placeholder \"{days}\", which has no code"; in the file's characters.
 
     bool operator==(const LegacyLoss&) const = default;
 };
@@ -53,11 +53,11 @@ struct LegacyDetails {
     bool hasMark = false; ///< True if the file starts with the mark of its format. Otherwise nothing is read.
     std::uint64_t records = 0;
     std::uint64_t bytesAfterRecords = 0; ///< Too few for another record.
-    /// Unknown keywords, files of unknown kinds, and widths. A current playfile keeps none of these.
-    std::vector<LegacyLoss> losses;
-    /// Loop counts and widths that are too large for a frame. The frame has 0 instead, and each has been
+    /// All that the records hold in known fields and the playfile lacks, in the order of the frames:
+    /// placeholders without a code, unknown keywords, font codes, flag bits and kinds of files, attributes of
+    /// joined lines, and widths. Loop counts and widths that are too large for a frame have also been
     /// reported as error 6.
-    std::vector<LegacyLoss> refusedNumbers;
+    std::vector<LegacyLoss> losses;
     /// Why pictures may not be placed as the preferences say. Does not make the outcome incomplete.
     std::vector<PreferenceError> preferenceErrors{};
 };
@@ -67,7 +67,7 @@ struct [[nodiscard]] LoadOutcome {
     std::int32_t framesAnnounced = 0; ///< By the file's count, or records of an older file.
     std::int32_t framesRead = 0;      ///< Those read whole, which are the first ones.
     /// True if everything in the file was read without an error. A file of the older format must also have
-    /// the mark, no more records than allowed, no bytes after them and no refused number.
+    /// the mark, no more records than allowed, no bytes after them, and no losses.
     bool isComplete = false;
     std::optional<FileError> error{};
     std::optional<LegacyDetails> legacy{}; ///< Of a file of the older format that could be opened.

@@ -5,16 +5,20 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-TEST(LegacyVariables, WhatIsNoPlaceholderStays) {
+TEST(LegacyVariables, WhatIsNoPlaceholderStaysAndIsALossIfItLooksLikeOne) {
     using namespace std::string_literals;
     // clang-format off
-    const std::string texts[] = {
-        "", "no braces", "{", "}", "{}", "}{", "{time", "time}", "{TIME}", "{ time}", "{time }", "{vbl}", "{vbl }", "{vbl 0}",
-        "{vbl 01}", "{vbl +1}", "{vbl -1}", "{vbl 1 }", "{vbl 417}", "{vbl 4294967297}", "{vbl 99999999999999999999}",
-        "{cnt 17}", "{date0}", "{date10}", "{{}}", "{vbl {cnt 17}}", "\xff{\xe4}", "{vbl 1\0}"s};
+    const std::vector<std::string> texts[] = {
+        {"", "no braces", "{", "{}", "}{", "{time", "time}", "{2}", "{:-)}", "{see below}", "{{}}", "\xff{\xe4}", "{vbl 1\0}"s},
+        {"{TIME}", "{ time}", "{time\x1f}", "{vbl}", "{vbl 01}", "{vbl -1}", "{vbl 417}", "{vbl 4294967297}",
+         "{vbl 99999999999999999999}", "{cnt 17}", "{date10}", "{vbl {cnt 17}}", "{{temp_k}}"}};
     // clang-format on
-    for (const std::string& text : texts)
-        EXPECT_EQ(ConvertLegacyVariables(text), text);
+    for (const std::size_t count : {0, 1})
+        for (const std::string& text : texts[count]) {
+            std::vector<std::string> losses;
+            EXPECT_EQ(ConvertLegacyVariables(text, losses), text);
+            EXPECT_EQ(losses.size(), count) << text;
+        }
 }
 
 TEST(LegacyVariables, BecomeTheirCodes) {
@@ -26,11 +30,15 @@ TEST(LegacyVariables, BecomeTheirCodes) {
         {"{date7}{date8}{date9}", "|dddddddd_mmmmmmmm_dd,_yyy||mm_d||mmmmmmm_dd,_yyy|"},
         {"{vbl 1}{vbl 20}{vbl 416}{cnt 1}{cnt 16}", "VBL001VBL020VBL416CR01CR16"},
         {"Now {time} or}{time}{", "Now |h:m| or}|h:m|{"},
-        {"{vbl {years}1} {ti{years}me}", "VBL001 {time}"}, // its turn was over
         {"{cnt {vbl 1}} {da{tdays}ys}{da{minutes}ys}", "{cnt VBL001} {days}"},
     };
     for (const auto& [text, codes] : cases)
         EXPECT_EQ(ConvertLegacyVariables(text), codes);
+    std::vector<std::string> losses;
+    EXPECT_EQ(ConvertLegacyVariables("{vbl {years}1} {ti{years}me}", losses), "VBL001 {time}");
+    EXPECT_EQ(losses, (std::vector<std::string>{"placeholder \"{years}\", which has no code",
+                                                "placeholder \"{time}\", which stays as text"}))
+        << "its turn was over";
 }
 
 } // namespace

@@ -51,17 +51,6 @@ TEST(Effects, ConvertBackFromTheirTextsButForLoops) {
     }
 }
 
-TEST(Effects, HaveKeywordsInTheOlderFormat) {
-    const Codes cases[] = {// clang-format off
-        {"RM", 5, 5}, {"OT", 0, 0}, {"LP", 0, 20001}, {"lr", 0, 0}, {"7", 20007, 0}, {"-3", 0, 0}, {"7X", 0, 0},
-        {"12767", 32767, 0}};
-    // clang-format on
-    for (const Codes& row : cases) {
-        EXPECT_EQ(PrefixCodeOfKeyword(row.text).value_or(0), row.prefix) << row.text;
-        EXPECT_EQ(SuffixCodeOfKeyword(row.text).value_or(0), row.suffix) << row.text;
-    }
-}
-
 /// The list box of a screen.
 struct KeptList final : ListControl {
     std::string ClassName() const override { return "ComboBox"; }

@@ -9,6 +9,8 @@
 #include "tools/program/PropertyValues.h"
 
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -40,7 +42,13 @@ ExitCode preview(const TextOptions& options, Session& session) {
 }
 
 ExitCode convert(const TextOptions& options, Session& session) {
-    return print(options, session, ConvertLegacyVariables);
+    return print(options, session, [&](const std::string& text) {
+        std::vector<std::string> losses;
+        std::string converted = ConvertLegacyVariables(text, losses);
+        for (const std::string& loss : losses)
+            session.errors.addLoss("loses its " + Utf8FromAnsi(loss));
+        return converted;
+    });
 }
 
 } // namespace

@@ -106,7 +106,10 @@ void AddConvertCommand(CLI::App& program, Session& session) {
     CLI::App& command =
         AddCommand(program, "convert", "Saves playfiles of the older format (PL2) as current ones",
                    "vistrel convert old/*.PL2 --to new", session, options, &convert);
-    command.add_option("FILES", options->files, "The playfiles; bad ones are reported and left out")
+    command
+        .add_option("FILES", options->files,
+                    "The playfiles; bad ones are reported and left out. What a frame loses is reported, too, "
+                    "and the exit code is then 1")
         ->required();
     command
         .add_option("--to", options->to,

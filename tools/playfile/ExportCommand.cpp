@@ -24,6 +24,7 @@ ExitCode exportXml(const ExportOptions& options, Session& session) {
         return ExitCode::failed;
     }
     session.out << Visible(path) << '\n';
+    AddLosses(*opened, session.errors);
     return ExitCode::done;
 }
 

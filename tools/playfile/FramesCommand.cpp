@@ -151,6 +151,7 @@ std::string pasteFrames(FrameInfoClass& playfile, const FramesOptions& options, 
     const FrameRange range = options.framesOfOther.value_or(FrameRange(1, other.TotalFrames()));
     if (!putIn(playfile, range, other, options, errors))
         return {};
+    AddLosses(*opened, errors, range.first, range.last);
     return "pasted " + text(range) + " of " + options.other + " at " + std::to_string(options.at.value);
 }
 
@@ -162,7 +163,7 @@ ExitCode editFrames(const FramesOptions& options, Session& session) {
     FrameInfoClass playfile;
     playfile.Adopt(std::move(opened->playfile));
     const std::string done = edit(playfile, options, session.errors);
-    if (!session.errors.empty())
+    if (!session.errors.hasOnlyLosses())
         return ExitCode::failed;
     const std::string& name = options.out.empty() ? options.file : options.out;
     opened->playfile = playfile.Value();

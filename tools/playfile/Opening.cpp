@@ -1,6 +1,7 @@
 #include "tools/playfile/Opening.h"
 
 #include "playfile/OperatorQuestions.h"
+#include "tools/program/Encoding.h"
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -57,6 +58,15 @@ std::optional<LoadOutcome> OpenWholeFrames(const std::string& name, const Answer
     if (outcome && outcome->error)
         addMissingFrames(*outcome, errors);
     return outcome;
+}
+
+void AddLosses(const LoadOutcome& opened, ErrorLines& errors, std::int32_t first, std::int32_t last) {
+    errors.about(opened.playfile.fileName);
+    if (!opened.legacy)
+        return;
+    for (const auto& [frame, text] : opened.legacy->losses)
+        if (frame >= first && frame <= last)
+            errors.addLoss("frame " + std::to_string(frame) + " loses its " + Utf8FromAnsi(text));
 }
 
 } // namespace qrtVistrelClasses4

@@ -5,6 +5,8 @@
 #include "tools/program/ErrorLines.h"
 #include <qrtVistrelClasses4/LoadPlayfile.h>
 
+#include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,5 +26,10 @@ std::optional<LoadOutcome> OpenPlayfile(const std::string& name, const AnswerOpt
 /// could.
 std::optional<LoadOutcome> OpenWholeFrames(const std::string& name, const AnswerOptions& options,
                                            ErrorLines& errors);
+
+/// Adds what the frames `first` to `last` of a playfile of the older format have lost to `errors`, whose
+/// subject is the playfile from then on. A command calls this once it has something to show or to save.
+void AddLosses(const LoadOutcome& opened, ErrorLines& errors, std::int32_t first = 1,
+               std::int32_t last = std::numeric_limits<std::int32_t>::max());
 
 } // namespace qrtVistrelClasses4

@@ -2,7 +2,7 @@
 
 #include "playfile/LegacyFormat.h"
 #include "playfile/OperatorQuestions.h"
-#include "tools/program/Encoding.h"
+#include "tools/playfile/Opening.h"
 #include <qrtVistrelClasses4/SavePlayfile.h>
 
 namespace qrtVistrelClasses4 {
@@ -21,10 +21,7 @@ bool SaveOpened(const LoadOutcome& opened, const std::string& to, const AnswerOp
         session.errors.add("not saved: " + TextOf(*saved.error));
         return false;
     }
-    if (opened.legacy)
-        for (const auto& [frame, text] : opened.legacy->losses)
-            session.out << Visible(opened.playfile.fileName) << ": frame " << frame << " loses its "
-                        << VisibleAnsi(text) << '\n';
+    AddLosses(opened, session.errors);
     return true;
 }
 

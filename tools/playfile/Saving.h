@@ -9,8 +9,8 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Saves an opened playfile as the file `to`, and prints what a playfile of the older format loses. Returns
-/// false, and adds the reason to the session's errors, if it cannot be saved.
+/// Saves an opened playfile as the file `to`, and adds what a playfile of the older format loses to the
+/// session's errors. Returns false, and adds the reason instead, if it cannot be saved.
 bool SaveOpened(const LoadOutcome& opened, const std::string& to, const AnswerOptions& options,
                 Session& session);
 

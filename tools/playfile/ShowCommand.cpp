@@ -139,6 +139,7 @@ ExitCode show(const ShowOptions& options, Session& session) {
     const bool isOne = options.frame > 0;
     const std::int32_t first = isOne ? options.frame : 1;
     const std::int32_t last = isOne ? options.frame : count;
+    AddLosses(*opened, session.errors, first, last);
     for (std::int32_t number = first; number <= last; ++number)
         reportUnreadable(playfile.frames.at(number), number, session.errors);
     if (options.json) {

@@ -204,11 +204,13 @@ ExitCode preview(const PreviewOptions& options, Session& session) {
     if (!opened)
         return ExitCode::failed;
     const std::int32_t last = opened->playfile.frames.upperBound();
-    if (const std::int16_t wanted = options.sheet ? std::int16_t{1} : options.frame; wanted > last) {
-        session.errors.add("there is no frame " + std::to_string(wanted) + ", the last one is " +
+    const std::int32_t first = options.sheet ? 1 : options.frame;
+    if (first > last) {
+        session.errors.add("there is no frame " + std::to_string(first) + ", the last one is " +
                            std::to_string(last));
         return ExitCode::failed;
     }
+    AddLosses(*opened, session.errors, first, options.sheet ? last : first);
     const ScopedMoment moment(options.at);
     return Preview(options, sign, framesOf(opened->playfile), session).run();
 }

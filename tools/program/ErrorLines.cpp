@@ -10,7 +10,7 @@ std::string TextOf(const RuntimeError& error) {
     return error.description() + " (error " + std::to_string(error.number()) + ")";
 }
 
-void ErrorLines::add(const std::string& subject, std::string_view text) {
+void ErrorLines::keep(const std::string& subject, std::string_view text) {
     std::string line = "vistrel: " + Visible((subject.empty() ? "" : subject + ": ") + std::string(text));
     if (kept_.contains(line))
         return;
@@ -32,8 +32,9 @@ void ErrorLines::add(const FileError& error) {
 }
 
 void ErrorLines::add(const std::vector<PreferenceError>& errors) {
+    hasErrors_ = hasErrors_ || !errors.empty();
     for (const PreferenceError& error : errors)
-        add("VistrelLite.ini, key " + error.key, TextOf(error.error));
+        keep("VistrelLite.ini, key " + error.key, TextOf(error.error));
 }
 
 std::vector<std::string> ErrorLines::lines() const {
