@@ -84,15 +84,9 @@ TEST_F(LoadingPlayfiles, ConvertsWhatOtherPlacesAndVersionsWrote) {
     expectRead("a decimal comma", 2, "1,25", &Frame::DelayTime, 1.25);
     expectRead("a font height with decimals", 3, "15.6", &Frame::FontHeight, 16);
     expectRead("half a dot goes to the even height", 3, "12.5", &Frame::FontHeight, 12);
-    expectRead("the old wipe as prefix", 7, "2001", &Frame::PrefixCode, 2000);
-    expectRead("the old wipe as suffix", 8, "2001", &Frame::SuffixCode, 2000);
     expectRead("9999 on one side only is kept", 7, "9999", &Frame::SuffixCode, 5000);
     expectRead("a flag as a number", 30, "-1", &LineRecord::Scrolling, true);
     expectRead("a flag of a frame is kept as stored", 16, "-1", &Frame::FastScroll, -1);
-    WriteSetting("Vistrel3", "Settings", "AppPath", folder_);
-    expectRead("the old font 2 is a custom font now", 29, "2", &LineRecord::LineFontSize, 12);
-    expectRead("in the application's folder", 29, "2", &LineRecord::LineCustomFont,
-               JoinPath(JoinPath(folder_, "CustomFonts"), "FNT4X8.CFF"));
 }
 
 TEST_F(LoadingPlayfiles, FindsMissingFilesBesideThePlayfile) {
@@ -148,6 +142,34 @@ TEST_F(LoadingPlayfiles, KeepsTheWholeFramesOfAFileThatIsCutShort) {
         EXPECT_EQ(outcome.framesRead, size < first.size() - 3 ? 0 : size < both.size() - 3 ? 1 : 2) << size;
         for (const FrameRecord& frame : outcome.playfile.frames)
             EXPECT_TRUE(frame == whole) << size;
+    }
+}
+
+TEST_F(LoadingPlayfiles, CorrectsWhatWasReadAndNothingElse) {
+    WriteSetting("Vistrel3", "Settings", "AppPath", folder_);
+    const std::string beside = JoinPath(folder_, "a.bmp"), gone = "Q:\\a.bmp",
+                      font = JoinPath(JoinPath(folder_, "CustomFonts"), "FNT4X8.CFF");
+    files().put(beside, "picture");
+    Texts values = oneFrame();
+    values[1] = values[6] = gone;
+    values[7] = values[8] = "2001";
+    values[29] = "2";
+    Playfile existing{OneBasedArray<FrameRecord>(1), "", false};
+    FrameRecord& old = existing.frames.at(1);
+    old.commandfile = old.PicturefileName = gone;
+    old.PrefixCode = old.SuffixCode = 2001;
+    old.lines.resize(1);
+    old.lines.at(1).LineFontSize = 2;
+    for (std::size_t read = 0; read < values.size(); ++read) {
+        files().put(path_, fileOf({values.begin(), values.begin() + static_cast<std::ptrdiff_t>(read) + 1}));
+        const LoadOutcome outcome = LoadPlayfileOver(existing, path_);
+        const FrameRecord& frame = outcome.playfile.frames.at(1);
+        const LineRecord& line = frame.lines.at(1);
+        EXPECT_EQ(std::tuple(frame.commandfile, frame.PicturefileName, frame.PrefixCode, frame.SuffixCode,
+                             line.LineFontSize, line.LineCustomFont),
+                  std::tuple(read < 1 ? gone : beside, read < 6 ? gone : beside, read < 7 ? 2001 : 2000,
+                             read < 8 ? 2001 : 2000, read < 29 ? 2 : 12, read < 29 ? "" : font))
+            << read;
     }
 }
 
