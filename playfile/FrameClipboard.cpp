@@ -73,10 +73,15 @@ void FrameInfoClass::CutInfo(std::int16_t& CutFromY, std::int16_t& CutToY,
             CopyInfo(CutFromY, CutToY, MyClipboard);
             if (TrappedErrors() != errorsBefore || CutFromY < 1 || CutToY > playfile_.frames.upperBound())
                 return;
-            playfile_.frames.erase(CutFromY + 1,
-                                   CutToY); // all but one at once, since each moves the frames after it
-            CurrentFrame(CutFromY);
-            DeleteCurrentFrame();
+            std::int32_t left = CutToY - CutFromY + 1;
+            if (!StepsAreCounted()) { // all but one at once, since each moves the frames after it
+                playfile_.frames.erase(CutFromY + 1, CutToY);
+                left = 1;
+            }
+            for (; left > 0; --left) {
+                CurrentFrame(CutFromY);
+                DeleteCurrentFrame();
+            }
         },
         Arg{"CutFromY", CutFromY}, Arg{"CutToY", CutToY}, Arg{"MyClipboard", MyClipboard});
 }
@@ -104,7 +109,6 @@ void FrameInfoClass::PutInfoFromFrameIntoVariable(std::int32_t FrameNum, std::in
         FrameSub("PutInfoFromFrameIntoVariable"),
         [&] {
             const auto frame = [&]() -> const FrameRecord& { return playfile_.frames.at(FrameNum); };
-            (void)frame(); // before the other playfile is touched
             VarToPlaceIn->CurrentFrame(NarrowToInt16(VarFrameNum));
             copyToOther(frame, *VarToPlaceIn);
             VarToPlaceIn->TotalLinesAllowed(NarrowToInt16(frame().lines.upperBound()));
@@ -123,7 +127,6 @@ void FrameInfoClass::PutInfoFromVariableIntoFrame(std::int32_t FrameNum, std::in
         FrameSub("PutInfoFromVariableIntoFrame"),
         [&] {
             const auto frame = [&]() -> FrameRecord& { return playfile_.frames.at(FrameNum); };
-            (void)frame(); // before the other playfile is touched
             VarToPlaceIn->CurrentFrame(NarrowToInt16(VarFrameNum));
             copyFromOther(frame, *VarToPlaceIn);
             const std::int16_t lineCount = VarToPlaceIn->TotalLinesAllowed();

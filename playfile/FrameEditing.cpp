@@ -52,7 +52,7 @@ void FrameInfoClass::insertFrame(bool& bLast) {
 
 void FrameInfoClass::insertFrames(std::int32_t count) {
     const auto left = [&] { return std::min(count, totalFramesAllowed_ - playfile_.frames.upperBound()); };
-    for (bool isPlaced = false; left() > 0 && !isPlaced; --count) {
+    for (bool isPlaced = false; left() > 0 && (!isPlaced || StepsAreCounted()); --count) {
         const std::uint64_t errorsBefore = TrappedErrors();
         InsertFrame();
         isPlaced = TrappedErrors() == errorsBefore;

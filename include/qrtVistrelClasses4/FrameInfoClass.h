@@ -193,15 +193,16 @@ public:
     /// empty frames. `Merge` and `FixedNumberOfLines` are not copied.
     void CopyInfo(std::int16_t& CopyFromY, std::int16_t& CopyToY,
                   std::shared_ptr<FrameInfoClass>& MyClipboard);
-    /// Does the same, and then removes the frames as `DeleteCurrentFrame` does. The trace shows one call of
-    /// it for all frames. Frames that could not be copied stay.
+    /// Does the same, and then removes the frames as `DeleteCurrentFrame` does. Frames that could not be
+    /// copied stay. The trace shows a call for each frame if a recorder listens, otherwise one call for all
+    /// of them.
     void CutInfo(std::int16_t& CutFromY, std::int16_t& CutToY, std::shared_ptr<FrameInfoClass>& MyClipboard);
     /// Sets the cursor to `PasteTo` and puts copies of all frames of the clipboard there; the frames from
     /// `PasteTo` on move up. Copies that would get numbers above `TotalFramesAllowed` are left out. If fewer
     /// frames can be inserted than are copied, the remaining copies replace existing frames. Every insertion
     /// or copy at a place that does not exist is an error of its own. Uses the clipboard's cursors. A null
-    /// clipboard does nothing. The trace shows the insertions up to the first one that succeeds, but none
-    /// after it.
+    /// clipboard does nothing. The trace shows each insertion if a recorder listens, otherwise none after the
+    /// first one that succeeds.
     void PasteInfo(std::int16_t PasteTo, FrameInfoClass* MyClipboardInfo);
 
     /// `HasPreviousClone` of the playfile.
@@ -310,7 +311,8 @@ private:
 
     void insertFrame(bool& bLast);
     /// Calls `InsertFrame` up to `count` times, but not beyond `TotalFramesAllowed`. Once a frame has been
-    /// inserted without an error, the others are copies of it, all inserted in one step.
+    /// inserted without an error, the others are copies of it, all inserted in one step unless steps are
+    /// counted.
     void insertFrames(std::int32_t count);
     void copyFrames(std::int16_t& first, std::int16_t& last, std::shared_ptr<FrameInfoClass>& clipboard);
     void PutInfoFromFrameIntoVariable(std::int32_t FrameNum, std::int32_t VarFrameNum,

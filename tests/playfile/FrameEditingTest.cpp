@@ -91,6 +91,31 @@ TEST_F(FrameEditing, MayTakeThePlayfileItselfForTheClipboard) {
     }
 }
 
+TEST_F(FrameEditing, ShowsEveryStepToARecorder) {
+    const std::string moveCursor = "Property (Let) CurrentFrame (vData=2)",
+                      removal = "Sub DeleteCurrentFrame ()", insertion = "Sub InsertFrame (bLast=False)",
+                      copy = "Sub PutInfoFromVariableIntoFrame (";
+    KeptTrace trace;
+    const ScopedTraceRecorder scope(trace);
+    const auto entries = [&] {
+        Texts result;
+        for (const std::string& line : std::exchange(trace.lines, {}))
+            for (const std::string& procedure : {moveCursor, removal, insertion, copy})
+                if (line.starts_with("> " + procedure))
+                    result.push_back(procedure);
+        return result;
+    };
+    putFrames(playfile_, "ABCD");
+    cut(2, 3);
+    EXPECT_EQ(entries(), (Texts{moveCursor, moveCursor, removal, moveCursor, removal})) << "copied, then cut";
+    playfile_.PasteInfo(2, clipboard_.get());
+    EXPECT_EQ(entries(), (Texts{moveCursor, insertion, insertion, copy, copy, moveCursor}));
+    playfile_.TotalFramesAllowed(0);
+    playfile_.PasteInfo(-1, clipboard_.get());
+    EXPECT_EQ(entries(), (Texts{copy, copy, moveCursor})) << "before it sees that there is no such frame";
+    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{9, 9}));
+}
+
 /// A host that works on while errors are reported to it.
 struct BusyHost final : ErrorReporter {
     void report(const ErrorReport& report) override { act(report); }
