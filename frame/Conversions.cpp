@@ -22,11 +22,6 @@ std::string_view withoutLeadingBlanks(std::string_view text) {
     return text;
 }
 
-std::string_view trimmed(std::string_view text) {
-    text = withoutLeadingBlanks(text);
-    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
-}
-
 struct LeadingPart {
     double value = 0;      ///< Infinite when it is too large.
     std::string_view rest; ///< What follows the number; the whole text when there is none.
@@ -104,8 +99,13 @@ bool isTie(double value) {
 
 } // namespace
 
+std::string_view WithoutBlanks(std::string_view text) {
+    text = withoutLeadingBlanks(text);
+    return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+}
+
 std::optional<double> ParseNumber(std::string_view text) {
-    std::string_view number = trimmed(text);
+    std::string_view number = WithoutBlanks(text);
     std::string withPoint;
     if (const std::size_t comma = number.find(','); comma != number.npos && number.find('.') == number.npos) {
         withPoint = number;

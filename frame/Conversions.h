@@ -10,6 +10,9 @@
 
 namespace qrtVistrelClasses4 {
 
+/// `text` without the blanks (tabs and line ends included) that a number may have around it.
+std::string_view WithoutBlanks(std::string_view text);
+
 /// Like `TextToDouble`, but without a value if the text is not a number.
 std::optional<double> ParseNumber(std::string_view text);
 /// Converts a number that may have blanks around it, a sign, an exponent, and "." or "," as decimal

@@ -1,5 +1,6 @@
 #include "frame/QuotedLines.h"
 
+#include "frame/Conversions.h"
 #include "frame/TextLines.h"
 #include <qrtVistrelClasses4/RuntimeError.h>
 
@@ -11,6 +12,12 @@ namespace {
 
 constexpr char kQuote = '"';
 constexpr std::string_view kQuotedLineEnd = "\"\r\n";
+constexpr std::string_view kIndents = " \t"; ///< Ignored before the quote that opens a line.
+
+/// Whether nothing but blanks is between the start of a line and `quote`, which is not in the first line.
+bool opensLine(std::string_view text, std::size_t quote) {
+    return text[text.find_last_not_of(kIndents, quote - 1)] == '\n';
+}
 
 /// A value of several lines. `size` includes its last line end.
 struct LongValue {
@@ -23,9 +30,9 @@ std::optional<LongValue> findLongValue(std::string_view text, std::size_t firstL
     const std::size_t quote = text.find(kQuote, firstLineSize);
     if (quote == text.npos)
         return std::nullopt;
-    const bool opensLine = text[quote - 1] == '\n';
     const TextLine rest = FirstLine(text.substr(quote));
-    if (opensLine && rest.text.size() > 1)
+    const bool isAlone = rest.text.find_first_not_of(kIndents, 1) == rest.text.npos;
+    if (opensLine(text, quote) && !isAlone)
         return std::nullopt;
     const std::size_t closing = quote + rest.text.rfind(kQuote);
     return LongValue{text.substr(0, closing), quote + rest.size};
@@ -38,7 +45,7 @@ std::string_view QuotedLineReader::value() {
     if (atEnd())
         throw RuntimeError(ErrorNumber::inputPastEnd);
     const TextLine line = FirstLine(rest_);
-    const std::size_t start = line.text.find_first_not_of(' ');
+    const std::size_t start = line.text.find_first_not_of(kIndents);
     std::string_view result = line.text;
     std::size_t size = line.size;
     if (start != line.text.npos && line.text[start] == kQuote) {
@@ -46,11 +53,9 @@ std::string_view QuotedLineReader::value() {
         const std::size_t closing = result.rfind(kQuote);
         if (closing != result.npos) {
             result = result.substr(0, closing);
-        } else {
-            if (const auto longer = findLongValue(rest_.substr(start + 1), line.size - start - 1)) {
-                result = longer->value;
-                size = start + 1 + longer->size;
-            }
+        } else if (const auto longer = findLongValue(rest_.substr(start + 1), line.size - start - 1)) {
+            result = longer->value;
+            size = start + 1 + longer->size;
         }
     }
     rest_.remove_prefix(size);
@@ -92,7 +97,7 @@ void QuotedLineReader::get(bool& flag) {
     else if (TakeLine(rest_, "\"True\"\r\n"))
         flag = true;
     else
-        flag = TextToBoolean(value());
+        flag = TextToBoolean(WithoutBlanks(value()));
 }
 
 std::size_t QuotedLineReader::lineNumber() const {

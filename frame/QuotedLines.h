@@ -16,9 +16,10 @@ inline constexpr char kStoredQuote = '\x01';
 
 /// Reads values from the lines of a text, one by one. Lines end in LF or CR LF; the last line may have no
 /// end. A value is the text between the first and the last quote of its line, or the whole line if that does
-/// not start with a quote. If a line does not close its quote, the value goes on up to the line that does, so
-/// that texts with line breaks can be read back. But if that line starts with a quote of its own, a closing
-/// quote has been lost, and the value ends with its first line.
+/// not start with a quote; blanks and tabs before and after the quotes do not count. If a line does not close
+/// its quote, the value goes on up to the line that does, so that texts with line breaks can be read back.
+/// But if that line starts with a quote of its own, with more after it, a closing quote has been lost, and
+/// the value ends with its first line.
 class QuotedLineReader {
 public:
     /// `text` must outlive the reader.

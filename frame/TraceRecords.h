@@ -37,6 +37,7 @@ struct TraceState {
     TraceRecord* innermost = nullptr;
     TraceRecorder* recorder = nullptr;
 
+    bool isRecorded() const { return on && recorder; }
     void enter(TraceRecord& record) {
         record.outer = innermost;
         innermost = &record;
@@ -44,7 +45,7 @@ struct TraceState {
             recordEntry(record);
     }
     void leave(TraceRecord& record) {
-        if (recorder && on) [[unlikely]]
+        if (isRecorded()) [[unlikely]]
             recordExit(record);
         if (innermost != &record) [[unlikely]]
             unwindTo(&record);

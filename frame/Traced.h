@@ -80,6 +80,10 @@ std::invoke_result_t<Body&> tracedThrowing(Procedure where, Body body, Arg<Ts>..
     }
 }
 
+/// Whether somebody counts the procedures that run. A procedure must then run each of its steps, also where
+/// it knows a faster way to the same result.
+inline bool StepsAreCounted() { return traceState.isRecorded(); }
+
 /// Runs the body of an untraced accessor: an error goes to the caller, as `RuntimeError`.
 template <class Body>
 std::invoke_result_t<Body&> untraced(Body body) {

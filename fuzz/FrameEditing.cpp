@@ -6,6 +6,7 @@
 #include <array>
 #include <iterator>
 #include <memory>
+#include <optional>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -124,11 +125,23 @@ std::string orderOf(const Records& frames) {
     return order;
 }
 
-/// A playfile as a list, its clipboard, and the errors that its operations report.
+/// Keeps which procedures put a frame into a playfile ("I") and take one out ("D").
+struct KeptSteps final : TraceRecorder {
+    void entered(const TraceLine& line) override {
+        if (line.procedure == "Sub InsertFrame" || line.procedure == "Sub DeleteCurrentFrame")
+            steps += line.procedure[4];
+    }
+    void left(const TraceLine&) override {}
+
+    std::string steps;
+};
+
+/// A playfile as a list, its clipboard, the errors that its operations report, and their steps.
 struct ListModel {
     Records frames, clipboard;
-    int cursor = 0, allowed = 0;
+    int cursor = 0, cursorOfClipboard = 0, allowed = 0;
     Numbers errors;
+    std::string steps;
 
     int size() const { return static_cast<int>(frames.size()); }
     bool holds(int number) const { return number >= 1 && number <= size(); }
@@ -146,6 +159,7 @@ struct ListModel {
         makeLinesValid();
     }
     void insert(bool& last) {
+        steps += 'I';
         if (!last && cursor < 1) {
             frames.insert(frames.begin(), frames.empty() ? FrameRecord() : frames.front());
             return fail();
@@ -162,6 +176,7 @@ struct ListModel {
         frame(cursor) = emptied(frame(cursor));
     }
     void erase() {
+        steps += 'D';
         if (!holds(cursor))
             return fail();
         frames.erase(place(cursor));
@@ -181,11 +196,13 @@ struct ListModel {
     /// Whether the range was one of frames.
     bool copy(int& from, int& to) {
         clipboard.assign(20, emptyFrame());
+        cursorOfClipboard = 0;
         std::tie(from, to) = std::minmax({from, to});
         if (!holds(from) || !holds(to))
             return false;
         clipboard.clear();
         std::transform(place(from), place(to + 1), std::back_inserter(clipboard), copied);
+        cursorOfClipboard = to - from + 1;
         return true;
     }
     void cut(int& from, int& to) {
@@ -195,6 +212,7 @@ struct ListModel {
         if (frames.empty())
             frames.push_back(emptyFrame());
         cursor = std::max(from - 1, 1);
+        steps.append(clipboard.size(), 'D');
     }
     void paste(int at) {
         cursor = at;
@@ -205,6 +223,7 @@ struct ListModel {
         }
         const int fitting = std::min(count, allowed - at + 1);
         for (int index = 0; index < fitting; ++index) {
+            cursorOfClipboard = index + 1;
             if (holds(at + index))
                 frame(at + index) =
                     pastedOver(frame(at + index), clipboard.at(static_cast<std::size_t>(index)));
@@ -250,16 +269,19 @@ public:
     }
 
     /// What differs since the last step; nothing when they agree.
-    std::string difference(KeptReports& reports) {
+    std::string difference(KeptReports& reports, KeptSteps* recorder) {
         std::string parts = std::exchange(difference_, {});
         if (recordsOf(playfile_) != model_.frames)
             parts += " frames, now " + orderOf(recordsOf(playfile_));
         if (playfile_.CurrentFrame() != model_.cursor)
             parts += " cursor, now " + std::to_string(playfile_.CurrentFrame());
-        if (clipboard_ && recordsOf(*clipboard_) != model_.clipboard)
+        if (clipboard_ && (recordsOf(*clipboard_) != model_.clipboard ||
+                           clipboard_->CurrentFrame() != model_.cursorOfClipboard))
             parts += " clipboard, now " + orderOf(recordsOf(*clipboard_));
         if (reports.takeNumbers() != std::exchange(model_.errors, {}))
             parts += " errors";
+        if (recorder && recorder->steps != model_.steps)
+            parts += " steps " + recorder->steps;
         return parts;
     }
 
@@ -348,16 +370,26 @@ private:
     std::string difference_;
 };
 
+/// Without a recorder many frames may be put in and taken out in one step, with the same result.
+void edit(FuzzedInput input, bool isRecorded) {
+    TestHost host;
+    KeptSteps steps;
+    std::optional<ScopedTraceRecorder> scope;
+    PlayfileAndModel pair(input);
+    if (isRecorded)
+        scope.emplace(steps);
+    for (int step = 0; step < 100 && !input.atEnd(); ++step) {
+        pair.step();
+        const std::string difference = pair.difference(host.reports, isRecorded ? &steps : nullptr);
+        Require(difference.empty(), difference.c_str());
+    }
+}
+
 } // namespace
 
 void RunFuzzed(FuzzedInput input) {
-    TestHost host;
-    PlayfileAndModel pair(input);
-    for (int step = 0; step < 100 && !input.atEnd(); ++step) {
-        pair.step();
-        const std::string difference = pair.difference(host.reports);
-        Require(difference.empty(), difference.c_str());
-    }
+    edit(input, false);
+    edit(input, true);
 }
 
 } // namespace qrtVistrelClasses4

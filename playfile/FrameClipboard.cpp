@@ -23,13 +23,15 @@ std::shared_ptr<FrameInfoClass> keepAlive(const FrameInfoClass* playfile,
 // playfile report their errors, and the host may change any playfile while it receives a report.
 
 template <class Own>
-void FrameInfoClass::copyToOther(Own own, FrameInfoClass& other) {
+bool FrameInfoClass::copyToOther(Own own, FrameInfoClass& other) {
     using Record = std::remove_cvref_t<decltype(own())>;
+    bool isCopied = true;
     ForEachPlacedRow<kMembersOf<Record>, ClipboardOrder>([&](const auto& row) {
         using Given = typename std::remove_cvref_t<decltype(row)>::Given;
         if (row.quirk != Quirk::outOfClipboardOnly)
-            other.writeRow(row, static_cast<Given>(row.get(own())));
+            isCopied = other.writeRow(row, static_cast<Given>(row.get(own()))) && isCopied;
     });
+    return isCopied;
 }
 template <class Own>
 void FrameInfoClass::copyFromOther(Own own, const FrameInfoClass& other) {
@@ -43,13 +45,18 @@ void FrameInfoClass::copyFromOther(Own own, const FrameInfoClass& other) {
 
 void FrameInfoClass::CopyInfo(std::int16_t& CopyFromY, std::int16_t& CopyToY,
                               std::shared_ptr<FrameInfoClass>& MyClipboard) {
-    traced(
-        FrameSub("CopyInfo"), [&] { copyFrames(CopyFromY, CopyToY, MyClipboard); },
+    (void)copyFrames(CopyFromY, CopyToY, MyClipboard);
+}
+
+bool FrameInfoClass::copyFrames(std::int16_t& CopyFromY, std::int16_t& CopyToY,
+                                std::shared_ptr<FrameInfoClass>& MyClipboard) {
+    return traced(
+        FrameSub("CopyInfo"), [&] { return fillClipboard(CopyFromY, CopyToY, MyClipboard); },
         Arg{"CopyFromY", CopyFromY}, Arg{"CopyToY", CopyToY}, Arg{"MyClipboard", MyClipboard});
 }
 
-void FrameInfoClass::copyFrames(std::int16_t& first, std::int16_t& last,
-                                std::shared_ptr<FrameInfoClass>& clipboard) {
+bool FrameInfoClass::fillClipboard(std::int16_t& first, std::int16_t& last,
+                                   std::shared_ptr<FrameInfoClass>& clipboard) {
     const std::shared_ptr<FrameInfoClass> alive = keepAlive(this, clipboard);
     clipboard.reset();
     const auto copies = std::make_shared<FrameInfoClass>();
@@ -57,10 +64,12 @@ void FrameInfoClass::copyFrames(std::int16_t& first, std::int16_t& last,
     if (first > last)
         std::swap(first, last);
     if (first < 1 || last > playfile_.frames.upperBound())
-        return;
+        return false;
     copies->TotalFrames(NarrowToInt16(last - first + 1));
+    bool areCopied = true;
     for (std::int32_t number = first; number <= last; ++number)
-        PutInfoFromFrameIntoVariable(number, number - first + 1, copies.get());
+        areCopied = PutInfoFromFrameIntoVariable(number, number - first + 1, copies.get()) && areCopied;
+    return areCopied;
 }
 
 void FrameInfoClass::CutInfo(std::int16_t& CutFromY, std::int16_t& CutToY,
@@ -69,14 +78,17 @@ void FrameInfoClass::CutInfo(std::int16_t& CutFromY, std::int16_t& CutToY,
         FrameSub("CutInfo"),
         [&] {
             const std::shared_ptr<FrameInfoClass> alive = keepAlive(this, MyClipboard);
-            const std::uint64_t errorsBefore = TrappedErrors();
-            CopyInfo(CutFromY, CutToY, MyClipboard);
-            if (TrappedErrors() != errorsBefore || CutFromY < 1 || CutToY > playfile_.frames.upperBound())
+            if (!copyFrames(CutFromY, CutToY, MyClipboard))
                 return;
-            playfile_.frames.erase(CutFromY + 1,
-                                   CutToY); // all but one at once, since each moves the frames after it
-            CurrentFrame(CutFromY);
-            DeleteCurrentFrame();
+            std::int32_t left = CutToY - CutFromY + 1;
+            if (!StepsAreCounted()) { // all but one at once, since each moves the frames after it
+                playfile_.frames.erase(CutFromY + 1, CutToY);
+                left = 1;
+            }
+            for (; left > 0; --left) {
+                CurrentFrame(CutFromY);
+                DeleteCurrentFrame();
+            }
         },
         Arg{"CutFromY", CutFromY}, Arg{"CutToY", CutToY}, Arg{"MyClipboard", MyClipboard});
 }
@@ -98,21 +110,21 @@ void FrameInfoClass::PasteInfo(std::int16_t PasteTo, FrameInfoClass* MyClipboard
         Arg{"PasteTo", PasteTo}, Arg{"MyClipboardInfo", MyClipboardInfo});
 }
 
-void FrameInfoClass::PutInfoFromFrameIntoVariable(std::int32_t FrameNum, std::int32_t VarFrameNum,
+bool FrameInfoClass::PutInfoFromFrameIntoVariable(std::int32_t FrameNum, std::int32_t VarFrameNum,
                                                   FrameInfoClass* VarToPlaceIn) {
-    traced(
+    return traced(
         FrameSub("PutInfoFromFrameIntoVariable"),
         [&] {
             const auto frame = [&]() -> const FrameRecord& { return playfile_.frames.at(FrameNum); };
-            (void)frame(); // before the other playfile is touched
             VarToPlaceIn->CurrentFrame(NarrowToInt16(VarFrameNum));
-            copyToOther(frame, *VarToPlaceIn);
-            VarToPlaceIn->TotalLinesAllowed(NarrowToInt16(frame().lines.upperBound()));
+            bool isCopied = copyToOther(frame, *VarToPlaceIn);
+            isCopied = VarToPlaceIn->resizeLines(NarrowToInt16(frame().lines.upperBound())) && isCopied;
             for (std::int32_t number = 1; number <= frame().lines.upperBound(); ++number) {
                 VarToPlaceIn->CurrentLineNumber(NarrowToInt16(number));
                 const auto line = [&]() -> const LineRecord& { return frame().lines.at(number); };
-                copyToOther(line, *VarToPlaceIn);
+                isCopied = copyToOther(line, *VarToPlaceIn) && isCopied;
             }
+            return isCopied;
         },
         Arg{"FrameNum", FrameNum}, Arg{"VarFrameNum", VarFrameNum}, Arg{"VarToPlaceIn", VarToPlaceIn});
 }
@@ -123,7 +135,6 @@ void FrameInfoClass::PutInfoFromVariableIntoFrame(std::int32_t FrameNum, std::in
         FrameSub("PutInfoFromVariableIntoFrame"),
         [&] {
             const auto frame = [&]() -> FrameRecord& { return playfile_.frames.at(FrameNum); };
-            (void)frame(); // before the other playfile is touched
             VarToPlaceIn->CurrentFrame(NarrowToInt16(VarFrameNum));
             copyFromOther(frame, *VarToPlaceIn);
             const std::int16_t lineCount = VarToPlaceIn->TotalLinesAllowed();

@@ -20,17 +20,25 @@ void makeRoom(OneBasedArray<FrameRecord>& frames, std::int32_t number) {
 
 } // namespace
 
-void FrameInfoClass::InsertFrame(bool& bLast) {
-    traced(
-        FrameSub("InsertFrame"), [&] { insertFrame(bLast); }, Arg{"bLast", bLast});
-}
+void FrameInfoClass::InsertFrame(bool& bLast) { (void)insertFrame(bLast); }
 
 void FrameInfoClass::InsertFrame() {
     bool bLast = false;
     InsertFrame(bLast);
 }
 
-void FrameInfoClass::insertFrame(bool& bLast) {
+bool FrameInfoClass::insertFrame(bool& bLast) {
+    return traced(
+        FrameSub("InsertFrame"),
+        [&] {
+            placeFrame(bLast);
+            const bool haveLines = giveLines();
+            return emptyFrame(currentFrameNumber_) && haveLines;
+        },
+        Arg{"bLast", bLast});
+}
+
+void FrameInfoClass::placeFrame(bool& bLast) {
     const std::int16_t upperBound = NarrowToInt16(playfile_.frames.upperBound() + 1);
     playfile_.frames.resize(upperBound);
     if (bLast) {
@@ -46,16 +54,13 @@ void FrameInfoClass::insertFrame(bool& bLast) {
     }
     if (currentFrameNumber_ == upperBound - 1)
         bLast = true;
-    MakeLineVarsValid();
-    InitFrame(currentFrameNumber_);
 }
 
 void FrameInfoClass::insertFrames(std::int32_t count) {
     const auto left = [&] { return std::min(count, totalFramesAllowed_ - playfile_.frames.upperBound()); };
-    for (bool isPlaced = false; left() > 0 && !isPlaced; --count) {
-        const std::uint64_t errorsBefore = TrappedErrors();
-        InsertFrame();
-        isPlaced = TrappedErrors() == errorsBefore;
+    for (bool isInserted = false; left() > 0 && (!isInserted || StepsAreCounted()); --count) {
+        bool bLast = false;
+        isInserted = insertFrame(bLast);
     }
     if (left() > 0)
         playfile_.frames.repeat(currentFrameNumber_, left());

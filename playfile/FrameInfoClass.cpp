@@ -74,7 +74,7 @@ Type FrameInfoClass::Property<access, Record, Type, Given, isPlain>::read(const 
 }
 
 template <Access access, class Record, class Type, class Given, bool isPlain>
-void FrameInfoClass::Property<access, Record, Type, Given, isPlain>::write(FrameInfoClass& playfile,
+bool FrameInfoClass::Property<access, Record, Type, Given, isPlain>::write(FrameInfoClass& playfile,
                                                                            const MemberColumns& row,
                                                                            Setter set, Given vData,
                                                                            void (*check)(Given)) {
@@ -91,11 +91,12 @@ void FrameInfoClass::Property<access, Record, Type, Given, isPlain>::write(Frame
             put(playfile.currentFrame());
         else if (LineRecord* line = playfile.lineToWrite(row.quirk))
             put(*line);
+        return true;
     };
     if constexpr (access == Access::traced)
-        traced(propertyLet(row.name), body, Arg{"vData", vData});
+        return traced(propertyLet(row.name), body, Arg{"vData", vData});
     else
-        untraced(body);
+        return untraced(body);
 }
 
 const LineRecord* FrameInfoClass::lineToRead(Quirk quirk) const {
@@ -159,13 +160,16 @@ std::int16_t FrameInfoClass::TotalLinesAllowed() const {
     return traced(propertyGet("TotalLinesAllowed"),
                   [&] { return NarrowToInt16(currentFrame().lines.upperBound()); });
 }
-void FrameInfoClass::TotalLinesAllowed(std::int16_t vData) {
-    traced(
+void FrameInfoClass::TotalLinesAllowed(std::int16_t vData) { (void)resizeLines(vData); }
+
+bool FrameInfoClass::resizeLines(std::int16_t vData) {
+    return traced(
         propertyLet("TotalLinesAllowed"),
         [&] {
             currentFrame().lines.resize(vData);
             if (vData == 0)
                 checkLinesFrom(currentFrameNumber_);
+            return true;
         },
         Arg{"vData", vData});
 }
@@ -174,18 +178,27 @@ void FrameInfoClass::checkLinesFrom(std::int32_t number) {
     firstFrameToCheck_ = std::min(firstFrameToCheck_, number);
 }
 
-void FrameInfoClass::MakeLineVarsValid() {
-    traced(FrameSub("MakeLineVarsValid"), [&] {
+void FrameInfoClass::MakeLineVarsValid() { (void)giveLines(); }
+
+bool FrameInfoClass::giveLines() {
+    return traced(FrameSub("MakeLineVarsValid"), [&] {
         OneBasedArray<FrameRecord>& frames = playfile_.frames;
         for (; firstFrameToCheck_ <= frames.upperBound(); ++firstFrameToCheck_)
             if (auto& lines = frames.at(firstFrameToCheck_).lines; lines.empty())
                 lines.resize(1);
+        return true;
     });
 }
 
-void FrameInfoClass::InitFrame(std::int16_t LineToInit) {
-    traced(
-        FrameSub("InitFrame"), [&] { EmptyFrame(playfile_.frames.at(LineToInit)); },
+void FrameInfoClass::InitFrame(std::int16_t LineToInit) { (void)emptyFrame(LineToInit); }
+
+bool FrameInfoClass::emptyFrame(std::int16_t LineToInit) {
+    return traced(
+        FrameSub("InitFrame"),
+        [&] {
+            EmptyFrame(playfile_.frames.at(LineToInit));
+            return true;
+        },
         Arg{"LineToInit", LineToInit});
 }
 

@@ -22,35 +22,51 @@ constexpr std::int16_t kOldFont4x8 = 2;
 constexpr std::int16_t kCustomFont = 12;
 constexpr std::string_view kFont4x8File = "FNT4X8.CFF";
 
-void correctCodes(FrameRecord& frame) {
-    if (frame.PrefixCode == kOldWipe)
-        frame.PrefixCode = kWipe;
-    if (frame.SuffixCode == kOldWipe)
-        frame.SuffixCode = kWipe;
+void correctCode(std::int16_t& code) {
+    if (code == kOldWipe)
+        code = kWipe;
 }
 
-void correctLine(LineRecord& line, const std::string& appFolder) {
-    if (line.LineFontSize != kOldFont4x8)
-        return;
-    line.LineFontSize = kCustomFont;
-    line.LineCustomFont = JoinPath(JoinPath(appFolder, "CustomFonts"), kFont4x8File);
+// A file may end, or hold a bad value, in the middle of a frame. Values are therefore corrected as soon as
+// they have been read; the others are not those of the file.
+
+void readFrame(QuotedLineReader& in, FrameRecord& frame, ReferenceFinder& finder) {
+    ReadValues(in, frame, [&](const MemberColumns& row) {
+        if (&row == &kMember<&FrameRecord::commandfile>)
+            finder.find(frame.commandfile);
+        else if (&row == &kMember<&FrameRecord::PicturefileName>)
+            finder.find(frame.PicturefileName);
+        else if (&row == &kMember<&FrameRecord::PrefixCode>)
+            correctCode(frame.PrefixCode);
+        else if (&row == &kMember<&FrameRecord::SuffixCode>)
+            correctCode(frame.SuffixCode);
+    });
+    ReadLineCount(in, frame);
+}
+
+void readLine(QuotedLineReader& in, LineRecord& line, const std::string& font4x8) {
+    bool hasOldFont = false;
+    ReadValues(in, line, [&](const MemberColumns& row) {
+        if (&row == &kMember<&LineRecord::LineFontSize>)
+            hasOldFont = line.LineFontSize == kOldFont4x8;
+        if (hasOldFont) { // again after the file's own custom font, which it replaces
+            line.LineFontSize = kCustomFont;
+            line.LineCustomFont = font4x8;
+        }
+    });
 }
 
 void readFrames(QuotedLineReader& in, const std::string& appFolder, LoadOutcome& outcome) {
     OneBasedArray<FrameRecord>& frames = outcome.playfile.frames;
     ReferenceFinder finder(outcome.playfile.fileName);
+    const std::string font4x8 = JoinPath(JoinPath(appFolder, "CustomFonts"), kFont4x8File);
     const std::int16_t count = ReadFrameCount(in);
     frames.resize(count);
     outcome.framesAnnounced = count;
     for (FrameRecord& frame : frames) {
-        ReadFrameValues(in, frame);
-        finder.find(frame.commandfile);
-        finder.find(frame.PicturefileName);
-        correctCodes(frame);
-        for (LineRecord& line : frame.lines) {
-            ReadLineValues(in, line);
-            correctLine(line, appFolder);
-        }
+        readFrame(in, frame, finder);
+        for (LineRecord& line : frame.lines)
+            readLine(in, line, font4x8);
         ++outcome.framesRead;
     }
 }

@@ -193,15 +193,16 @@ public:
     /// empty frames. `Merge` and `FixedNumberOfLines` are not copied.
     void CopyInfo(std::int16_t& CopyFromY, std::int16_t& CopyToY,
                   std::shared_ptr<FrameInfoClass>& MyClipboard);
-    /// Does the same, and then removes the frames as `DeleteCurrentFrame` does. The trace shows one call of
-    /// it for all frames. Frames that could not be copied stay.
+    /// Does the same, and then removes the frames as `DeleteCurrentFrame` does. Frames that could not be
+    /// copied stay. The trace shows a call for each frame if a recorder listens, otherwise one call for all
+    /// of them.
     void CutInfo(std::int16_t& CutFromY, std::int16_t& CutToY, std::shared_ptr<FrameInfoClass>& MyClipboard);
     /// Sets the cursor to `PasteTo` and puts copies of all frames of the clipboard there; the frames from
     /// `PasteTo` on move up. Copies that would get numbers above `TotalFramesAllowed` are left out. If fewer
     /// frames can be inserted than are copied, the remaining copies replace existing frames. Every insertion
     /// or copy at a place that does not exist is an error of its own. Uses the clipboard's cursors. A null
-    /// clipboard does nothing. The trace shows the insertions up to the first one that succeeds, but none
-    /// after it.
+    /// clipboard does nothing. The trace shows each insertion if a recorder listens, otherwise none after the
+    /// first one that succeeds.
     void PasteInfo(std::int16_t PasteTo, FrameInfoClass* MyClipboardInfo);
 
     /// `HasPreviousClone` of the playfile.
@@ -277,8 +278,8 @@ private:
         using Getter = std::conditional_t<isPlain, Value Record::*, Value (*)(const Record&)>;
         using Setter = std::conditional_t<isPlain, Value Record::*, void (*)(Record&, Given)>;
         static Value read(const FrameInfoClass& playfile, const MemberColumns& row, Getter get);
-        /// `check`, if any, is called before the record is looked up.
-        static void write(FrameInfoClass& playfile, const MemberColumns& row, Setter set, Given vData,
+        /// `check`, if any, is called before the record is looked up. False after an error that was trapped.
+        static bool write(FrameInfoClass& playfile, const MemberColumns& row, Setter set, Given vData,
                           void (*check)(Given) = nullptr);
     };
     template <class Row>
@@ -293,11 +294,11 @@ private:
             return PropertyOf<Row>::read(*this, row, &Row::get);
     }
     template <class Row>
-    void writeRow(const Row& row, typename Row::Given vData) {
+    bool writeRow(const Row& row, typename Row::Given vData) {
         if constexpr (Row::isPlain)
-            PropertyOf<Row>::write(*this, row, Row::member, vData);
+            return PropertyOf<Row>::write(*this, row, Row::member, vData);
         else
-            PropertyOf<Row>::write(*this, row, &Row::set, vData, &Row::check);
+            return PropertyOf<Row>::write(*this, row, &Row::set, vData, &Row::check);
     }
     template <auto member>
     typename RowOf<member>::Value read() const {
@@ -308,19 +309,31 @@ private:
         writeRow(kMember<member>, vData);
     }
 
-    void insertFrame(bool& bLast);
+    // The bodies of public members, with whether all of their steps succeeded.
+
+    bool resizeLines(std::int16_t vData);     ///< `TotalLinesAllowed`
+    bool giveLines();                         ///< `MakeLineVarsValid`
+    bool emptyFrame(std::int16_t LineToInit); ///< `InitFrame`
+    bool insertFrame(bool& bLast);            ///< `InsertFrame`
+    /// `CopyInfo`. False also for a number outside the frames.
+    bool copyFrames(std::int16_t& CopyFromY, std::int16_t& CopyToY,
+                    std::shared_ptr<FrameInfoClass>& MyClipboard);
+
+    /// Makes the place for a new frame, which may still hold the content of the frame that moved away.
+    void placeFrame(bool& bLast);
     /// Calls `InsertFrame` up to `count` times, but not beyond `TotalFramesAllowed`. Once a frame has been
-    /// inserted without an error, the others are copies of it, all inserted in one step.
+    /// inserted without an error, the others are copies of it, all inserted in one step unless steps are
+    /// counted.
     void insertFrames(std::int32_t count);
-    void copyFrames(std::int16_t& first, std::int16_t& last, std::shared_ptr<FrameInfoClass>& clipboard);
-    void PutInfoFromFrameIntoVariable(std::int32_t FrameNum, std::int32_t VarFrameNum,
+    bool fillClipboard(std::int16_t& first, std::int16_t& last, std::shared_ptr<FrameInfoClass>& clipboard);
+    bool PutInfoFromFrameIntoVariable(std::int32_t FrameNum, std::int32_t VarFrameNum,
                                       FrameInfoClass* VarToPlaceIn);
     void PutInfoFromVariableIntoFrame(std::int32_t FrameNum, std::int32_t VarFrameNum,
                                       FrameInfoClass* VarToPlaceIn);
     /// Sets what copies of frames take along through the properties of `other`. `own()` returns the record
     /// that is read.
     template <class Own>
-    static void copyToOther(Own own, FrameInfoClass& other);
+    static bool copyToOther(Own own, FrameInfoClass& other);
     template <class Own>
     static void copyFromOther(Own own, const FrameInfoClass& other);
     std::int16_t countFrames(std::string_view name, NEW_FRAME_TYPES kind) const;

@@ -81,7 +81,7 @@ LoadOutcome LoadPlayfile(const std::string& path, const LoadCircumstances& circu
 /// Reads a playfile over `existing`. What is not read stays as it was: members that files do not hold, and
 /// all frames if not even their number can be read. If the file is cut short or damaged later, there are as
 /// many frames as it announces; those after `framesRead` stay, but the first of them may already hold values
-/// of the file.
+/// of the file, corrected like all others.
 LoadOutcome LoadPlayfileOver(Playfile existing, const std::string& path,
                              const LoadCircumstances& circumstances = {});
 

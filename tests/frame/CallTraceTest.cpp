@@ -1,16 +1,12 @@
-#include "frame/SystemErrors.h"
 #include <qrtVistrelClasses4/CallTrace.h>
 
 #include "TestHost.h"
 #include "frame/Traced.h"
 #include "frame/modClassIDGenerator.h"
-#include <qrtVistrelClasses4/DisplayDatabaseClass.h>
-#include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/SettingsInfoClass.h>
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <stdexcept>
 
 namespace qrtVistrelClasses4 {
@@ -78,24 +74,6 @@ TEST_F(CallTrace, ShowsChangedArgumentsAtExitAndKeepsThoseOfTheEntryForReports) 
     EXPECT_EQ(host_.reports.all.at(0).procedure.arguments, "(number=2, name=a)");
 }
 
-TEST_F(CallTrace, BeginsWithTheCallOfTheHost) {
-    FrameInfoClass playfile;
-    DisplayDatabaseClass signs;
-    auto clipboard = std::make_shared<FrameInfoClass>();
-    std::int16_t first = 2, last = 1;
-    const std::pair<std::function<void()>, const char*> cases[] = {
-        {[&] { playfile.MoveFrame(3, 1); }, "Sub MoveFrame (From=3, WhereTo=1)"},
-        {[&] { playfile.CurrentFrame(2); }, "Property (Let) CurrentFrame (vData=2)"},
-        {[&] { playfile.CopyInfo(first, last, clipboard); },
-         "Sub CopyInfo (CopyFromY=2, CopyToY=1, MyClipboard=<FrameInfoClass>)"},
-        {[&] { signs.AddNewDisplay("Pier"); }, "Function AddNewDisplay (DisplayName=Pier)"}};
-    for (const auto& [call, line] : cases) {
-        trace_.lines.clear();
-        call();
-        EXPECT_EQ(trace_.lines.at(0), std::string("> ") + line);
-    }
-}
-
 TEST_F(CallTrace, IsSkippedWhileSwitchedOffButLeavesWhatWasEnteredBefore) {
     enterHost();
     SwitchTrace(false);
@@ -142,11 +120,6 @@ TEST_F(CallTrace, TurnsEveryExceptionIntoANumberAndTheFailureValue) {
     EXPECT_EQ(host_.reports.all.at(0).error.description(), "own words");
     EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{9, 7, 51}));
     EXPECT_THROW(untraced([] { throw std::bad_alloc(); }), RuntimeError);
-    using enum SystemError;
-    for (const SystemError error : {fileNotFound, folderNotFound, accessDenied, inUse, diskFull,
-                                    alreadyExists, deviceFailure, tooLarge, unsupported})
-        traced(sub("D"), [=] { Check(error); });
-    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{53, 76, 75, 70, 61, 58, 57, 7, 68}));
 }
 
 TEST_F(CallTrace, ShowsTheErrorOfAClassDebugIDPastTheLast) {

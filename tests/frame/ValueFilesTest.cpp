@@ -68,7 +68,8 @@ TEST(DelimitedReader, ConvertsValuesWhateverEndsThem) {
 TEST(QuotedLineReader, ConvertsValuesWhateverEndsThem) {
     expectNumbers<QuotedLineReader>({
         {"\"-5\"", "-5 -5 1"}, {"\" 2,5 \"", "2 2 1"}, {"70000", "E6 70000 1"}, {"\"True\"", "E13 E13 1"},
-        {"\"False\"", "E13 E13 0"}, {"\"\"", "E13 E13 E13"}, {"\"12\"3\"", "E13 E13 E13"}});
+        {"\"False\"", "E13 E13 0"}, {"\" true\t\"", "E13 E13 1"},
+        {"\"\"", "E13 E13 E13"}, {"\"12\"3\"", "E13 E13 E13"}});
     EXPECT_EQ((taken<std::int16_t, QuotedLineReader>("")), "E62");
     EXPECT_EQ((taken<double, QuotedLineReader>("\"-2,5\"")), std::to_string(-2.5));
 }
@@ -82,6 +83,8 @@ TEST(QuotedLineReader, TakesOneValueFromEachLine) {
         {"a text of several lines", "\"one\r\ntwo\r\n\r\n\"\r\n\"b\"\r\n", {"one\r\ntwo\r\n\r\n", "b"}},
         {"a text that starts with a line break", "\"\r\none\"\r\n\"b\"\r\n", {"\r\none", "b"}},
         {"a lost closing quote", "\"a\r\n\"b\"\r\n", {"a", "b"}},
+        {"before an indented line", "\"a\r\n \t\"b\"\r\n", {"a", "b"}},
+        {"a closing quote between blanks", "\"a\r\n \" \t\r\n\"b\"\n", {"a\r\n ", "b"}},
         {"a lost closing quote two lines before the next", "\"a\r\nx\r\n\"b\"\r\n", {"a", "x", "b"}},
         {"a lost closing quote at the end", "\"a\r\nx\r\n", {"a", "x"}},
         {"a quote alone, a carriage return inside a line", "a\rb\r\n\"", {"a\rb", ""}},

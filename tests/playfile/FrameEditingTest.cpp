@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <functional>
 
@@ -32,19 +33,6 @@ std::string order(const FrameInfoClass& playfile) {
 
 struct FrameEditing : testing::Test {
     void cut(std::int16_t first, std::int16_t last) { playfile_.CutInfo(first, last, clipboard_); }
-    /// Cuts frames 2 and 3 of six, with each allocation failing in turn; `look` is called after each time.
-    template <class Look>
-    void cutWithEachAllocationFailing(Look look) {
-        bool hasFailed = true;
-        for (int allocation = 1; hasFailed; ++allocation) {
-            putFrames(playfile_, "ABCDEF");
-            FailAllocation(allocation);
-            cut(2, 3);
-            hasFailed = AllocationHasFailed();
-            FailAllocation(0);
-            look(allocation, hasFailed);
-        }
-    }
 
     TestHost host_;
     FrameInfoClass playfile_;
@@ -91,6 +79,23 @@ TEST_F(FrameEditing, MayTakeThePlayfileItselfForTheClipboard) {
     }
 }
 
+TEST_F(FrameEditing, ShowsEveryStepToARecorder) {
+    KeptTrace trace;
+    const ScopedTraceRecorder scope(trace);
+    putFrames(playfile_, "ABCD");
+    cut(3, 2);
+    EXPECT_EQ(trace.lines.back(), "< Sub CutInfo (CutFromY=2, CutToY=3, MyClipboard=<FrameInfoClass>)");
+    EXPECT_EQ(std::ranges::count(trace.lines, "> Sub DeleteCurrentFrame ()"), 2);
+    playfile_.PasteInfo(2, clipboard_.get());
+    EXPECT_EQ(std::ranges::count(trace.lines, "> Sub InsertFrame (bLast=False)"), 2);
+    playfile_.MoveFrame(4, 4);
+    EXPECT_EQ(trace.lines.back(), "< Sub MoveFrame (From=4, WhereTo=4)");
+    playfile_.TotalFramesAllowed(0);
+    playfile_.PasteInfo(-1, clipboard_.get());
+    EXPECT_EQ(clipboard_->CurrentFrame(), 2) << "set before the paste sees that there is no such frame";
+    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{9, 9}));
+}
+
 /// A host that works on while errors are reported to it.
 struct BusyHost final : ErrorReporter {
     void report(const ErrorReport& report) override { act(report); }
@@ -110,18 +115,30 @@ TEST_F(FrameEditing, LetsTheHostChangeBothPlayfilesWhileErrorsArePutBeforeIt) {
         playfile_.PasteInfo(0, clipboard_.get());
         EXPECT_EQ(playfile_.TotalFrames(), total);
     }
-    host.act = [&](const ErrorReport&) { clipboard_.reset(); };
-    cutWithEachAllocationFailing([](int, bool) {});
-    EXPECT_EQ(order(playfile_) + order(*clipboard_), "ADEFBC");
 }
 
 TEST_F(FrameEditing, CutsNoFrameThatCouldNotBeCopied) {
-    cutWithEachAllocationFailing([&](int allocation, bool hasFailed) {
-        const std::string rest = order(playfile_);
-        ASSERT_TRUE(rest == "ABCDEF" || (clipboard_ && rest + order(*clipboard_) == "ADEFBC")) << allocation;
-        EXPECT_EQ(host_.reports.takeNumbers().empty(), !hasFailed);
-    });
-    EXPECT_EQ(order(playfile_), "ADEF") << "older errors do not count";
+    BusyHost host;
+    const ScopedErrorReporter scope(host);
+    for (const bool dropsClipboard : {false, true}) {
+        int errors = 0;
+        host.act = [&](const ErrorReport&) {
+            ++errors;
+            if (dropsClipboard)
+                clipboard_.reset();
+        };
+        for (int allocation = 1; allocation == 1 || errors > 0; ++allocation) {
+            errors = 0;
+            putFrames(playfile_, "ABCDEF");
+            FailAllocation(allocation);
+            cut(2, 3);
+            EXPECT_EQ(AllocationHasFailed(), errors > 0) << allocation;
+            FailAllocation(0);
+            const std::string rest = order(playfile_);
+            ASSERT_TRUE(rest == "ABCDEF" || (clipboard_ && rest + order(*clipboard_) == "ADEFBC"));
+        }
+        EXPECT_EQ(order(playfile_), "ADEF") << "older errors do not count";
+    }
 }
 
 } // namespace

@@ -12,6 +12,7 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
+/// Setting a property, or reading it while it is empty.
 using Use = void (*)(FrameInfoClass&);
 // clang-format off
 #define P(name) [](FrameInfoClass& p) { p.name({}); }, [](FrameInfoClass& p) { EXPECT_EQ(p.name(), decltype(p.name())()); }
@@ -41,6 +42,10 @@ TEST_F(FrameInfo, StartsWithTwentyFramesOfOneLine) {
               std::tuple(0, 20, 1048, 0, 1, false, false));
     playfile_.CurrentFrame(20);
     EXPECT_EQ(playfile_.TotalLinesAllowed(), 1);
+    for (std::size_t read = 1; read < std::size(kTraced); read += 2)
+        kTraced[read](playfile_);
+    for (std::size_t read = 1; read < std::size(kUntraced); read += 2)
+        kUntraced[read](playfile_);
     playfile_.PlayFileHasChanged(true);
     EXPECT_TRUE(playfile_.PlayFileHasChanged());
     playfile_.CurrentFileName("a");

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace qrtVistrelClasses4 {
 namespace {
 
@@ -84,15 +86,9 @@ TEST_F(LoadingPlayfiles, ConvertsWhatOtherPlacesAndVersionsWrote) {
     expectRead("a decimal comma", 2, "1,25", &Frame::DelayTime, 1.25);
     expectRead("a font height with decimals", 3, "15.6", &Frame::FontHeight, 16);
     expectRead("half a dot goes to the even height", 3, "12.5", &Frame::FontHeight, 12);
-    expectRead("the old wipe as prefix", 7, "2001", &Frame::PrefixCode, 2000);
-    expectRead("the old wipe as suffix", 8, "2001", &Frame::SuffixCode, 2000);
     expectRead("9999 on one side only is kept", 7, "9999", &Frame::SuffixCode, 5000);
     expectRead("a flag as a number", 30, "-1", &LineRecord::Scrolling, true);
     expectRead("a flag of a frame is kept as stored", 16, "-1", &Frame::FastScroll, -1);
-    WriteSetting("Vistrel3", "Settings", "AppPath", folder_);
-    expectRead("the old font 2 is a custom font now", 29, "2", &LineRecord::LineFontSize, 12);
-    expectRead("in the application's folder", 29, "2", &LineRecord::LineCustomFont,
-               JoinPath(JoinPath(folder_, "CustomFonts"), "FNT4X8.CFF"));
 }
 
 TEST_F(LoadingPlayfiles, FindsMissingFilesBesideThePlayfile) {
@@ -101,7 +97,6 @@ TEST_F(LoadingPlayfiles, FindsMissingFilesBesideThePlayfile) {
         files().put(picture, "picture");
     const std::tuple<const char*, std::string, std::string> cases[] = {
         {"a reference that holds is kept", elsewhere, elsewhere},
-        {"a file that moved along", "Q:\\Signs\\Moved.bmp", beside},
         {"spelt otherwise", "Q:\\Signs\\MOVED.BMP", beside},
         {"a name alone says no place", "Moved.bmp", beside},
         {"a file that is nowhere", "Q:\\Signs\\gone.bmp", "Q:\\Signs\\gone.bmp"},
@@ -138,39 +133,57 @@ TEST_F(LoadingPlayfiles, SaysWhatIsWrongAndWhere) {
     EXPECT_TRUE(host_.reports.all.empty()) << "outcomes are not reported";
 }
 
-TEST_F(LoadingPlayfiles, KeepsTheWholeFramesOfAFileThatIsCutShort) {
-    const std::string first = fileOf(oneFrame()),
-                      both = " 2 \r\n" + withoutCount(first) + withoutCount(first);
-    const FrameRecord whole = load(first).playfile.frames.at(1);
-    for (std::size_t size = 0; size <= both.size(); ++size) {
-        const LoadOutcome outcome = load(both.substr(0, size));
+TEST_F(LoadingPlayfiles, CorrectsWhatWasReadOfAFileThatIsCutShortAndNothingElse) {
+    WriteSetting("Vistrel3", "Settings", "AppPath", folder_);
+    const std::string beside = JoinPath(folder_, "a.bmp"), gone = "Q:\\a.bmp",
+                      font = JoinPath(JoinPath(folder_, "CustomFonts"), "FNT4X8.CFF");
+    files().put(beside, "picture");
+    Texts values = oneFrame();
+    values[1] = values[6] = gone;
+    values[7] = values[8] = "2001";
+    values[29] = "2";
+    Playfile existing{OneBasedArray<FrameRecord>(1), "", false};
+    FrameRecord& old = existing.frames.at(1);
+    old.commandfile = old.PicturefileName = gone;
+    old.PrefixCode = old.SuffixCode = 2001;
+    old.lines.resize(1);
+    old.lines.at(1).LineFontSize = 2;
+    const std::string text = fileOf(values);
+    for (std::size_t size = text.find('\n'); size <= text.size(); ++size) {
+        files().put(path_, text.substr(0, size));
+        const LoadOutcome outcome = LoadPlayfileOver(existing, path_);
         // The last quote and line end may be missing.
-        EXPECT_EQ(outcome.framesRead, size < first.size() - 3 ? 0 : size < both.size() - 3 ? 1 : 2) << size;
-        for (const FrameRecord& frame : outcome.playfile.frames)
-            EXPECT_TRUE(frame == whole) << size;
+        EXPECT_EQ(outcome.framesRead, size < text.size() - 3 ? 0 : 1) << size;
+        if (text[size - 1] != '\n')
+            continue; // half a value
+        const auto read = std::ranges::count(text.substr(0, size), '\n') - 1;
+        const FrameRecord& frame = outcome.playfile.frames.at(1);
+        const LineRecord& line = frame.lines.at(1);
+        EXPECT_EQ(std::tuple(frame.commandfile, frame.PicturefileName, frame.PrefixCode, frame.SuffixCode,
+                             line.LineFontSize, line.LineCustomFont),
+                  std::tuple(read < 1 ? gone : beside, read < 6 ? gone : beside, read < 7 ? 2001 : 2000,
+                             read < 8 ? 2001 : 2000, read < 29 ? 2 : 12, read < 29 ? "" : font))
+            << read;
     }
 }
 
 TEST_F(LoadingPlayfiles, LeavesWhatWasThereWhereNothingWasRead) {
+    Playfile old{OneBasedArray<FrameRecord>(3), "", false};
+    for (FrameRecord& frame : old.frames)
+        std::tie(frame.FrameName, frame.FontWidth) = std::tuple("old", 5);
     FrameInfoClass playfile;
     const auto load = [&](const std::string& text) {
-        playfile.TotalFrames(3);
-        for (std::int16_t number = 1; number <= 3; ++number) {
-            playfile.CurrentFrame(number);
-            playfile.FrameName("old");
-            playfile.FontWidth(number);
-        }
+        playfile.Adopt(old);
         files().put(path_, text);
-        const bool isLoaded = playfile.GetPlayfileFromDisk(path_);
-        std::string names;
+        std::string names = playfile.GetPlayfileFromDisk(path_) ? "loaded " : "failed ";
         for (const FrameRecord& frame : playfile.Value().frames)
             names += frame.FrameName + std::to_string(frame.FontWidth) + " ";
-        return std::string(isLoaded ? "loaded " : "failed ") + names;
+        return names;
     };
     const std::string frame = withoutCount(fileOf(oneFrame()));
-    EXPECT_EQ(load(" 1 \r\n" + frame), "loaded Welcome1 ") << "files do not hold that number";
-    EXPECT_EQ(load(" -1 \r\n"), "failed old1 old2 old3 ");
-    EXPECT_EQ(load(" 4 \r\n" + frame + frame.substr(0, 60)), "failed Welcome1 Welcome2 old3 0 ");
+    EXPECT_EQ(load(" 1 \r\n" + frame), "loaded Welcome5 ") << "files do not hold that number";
+    EXPECT_EQ(load(" -1 \r\n"), "failed old5 old5 old5 ");
+    EXPECT_EQ(load(" 4 \r\n" + frame + frame.substr(0, 60)), "failed Welcome5 Welcome5 old5 0 ");
     EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{9, 62}));
     EXPECT_EQ(load(" 0 \r\n"), "loaded ") << "a playfile without frames is one";
     EXPECT_FALSE(playfile.GetPlayfileFromDisk("/missing"));
@@ -180,7 +193,7 @@ TEST_F(LoadingPlayfiles, LeavesWhatWasThereWhereNothingWasRead) {
             playfile.TotalFrames(0);
         return SystemError::none;
     };
-    EXPECT_EQ(load(fileWith(1, folder_)), "loaded Welcome1 ") << "whatever the host does meanwhile";
+    EXPECT_EQ(load(fileWith(1, folder_)), "loaded Welcome5 ") << "whatever the host does meanwhile";
 }
 
 } // namespace
