@@ -77,7 +77,7 @@ std::string show(const CommandPreview& preview, std::int16_t hourOffset) {
     case CommandPreview::date:
         return format(now);
     case CommandPreview::capitalDate:
-        return AnsiUpper(format(now));
+        return AnsiUpperCase(format(now));
     default:
         return std::string(preview.pattern);
     }

@@ -86,7 +86,7 @@ private:
     std::string name() {
         const unsigned kind = input_.byte() % 4;
         if (const Sign* const sign = kind < 2 ? model_.at(number()) : nullptr)
-            return kind == 0 ? sign->name : AnsiUpper(sign->name);
+            return kind == 0 ? sign->name : AnsiUpperCase(sign->name);
         std::string name = input_.text();
         std::ranges::replace(name, '"', '\''); // a quote does not come back from the file
         return name;

@@ -1,7 +1,5 @@
 #include "platform/LetterCase.h"
 
-#include <algorithm>
-
 namespace qrtVistrelClasses4 {
 
 int CompareIgnoringAsciiCase(std::string_view left, std::string_view right) {
@@ -16,18 +14,6 @@ int CompareIgnoringAsciiCase(std::string_view left, std::string_view right) {
             return a < b ? -1 : 1;
     }
     return 0;
-}
-
-std::string AnsiUpper(std::string_view text) {
-    std::string upper(text);
-    for (char& character : upper)
-        character = AnsiUpper(character);
-    return upper;
-}
-
-bool EqualIgnoringAnsiCase(std::string_view left, std::string_view right) {
-    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                      [](char a, char b) { return a == b || AnsiUpper(a) == AnsiUpper(b); });
 }
 
 } // namespace qrtVistrelClasses4

@@ -48,7 +48,7 @@ std::string fullPath(const RegistryKey& key) {
 bool isHive(std::string_view path) { return path.find('\\') == path.npos; }
 
 std::string foldedPath(std::string_view path) {
-    std::string folded = AnsiUpper(path);
+    std::string folded = AnsiUpperCase(path);
     for (char& character : folded)
         if (character == '\\')
             character = kFoldedSeparator;
@@ -165,7 +165,7 @@ bool RegistryTree::Parser::takeValue(std::string_view line) {
     auto text = unescaped(line.substr(textStart, line.size() - 1 - textStart));
     if (!name || !text)
         return false;
-    const auto [value, isNew] = node_->values.try_emplace(AnsiUpper(*name));
+    const auto [value, isNew] = node_->values.try_emplace(AnsiUpperCase(*name));
     if (isNew)
         value->second = {std::exchange(above_, {}), std::move(*name), std::move(*text)};
     return true;
@@ -258,7 +258,7 @@ const std::string* RegistryTree::value(const RegistryKey& key, std::string_view 
     const Node* node = find(key);
     if (!node)
         return nullptr;
-    const auto value = node->values.find(AnsiUpper(UntilNul(name)));
+    const auto value = node->values.find(AnsiUpperCase(UntilNul(name)));
     return value == node->values.end() ? nullptr : &value->second.text;
 }
 
@@ -267,7 +267,7 @@ SystemError RegistryTree::setValue(const RegistryKey& key, std::string_view name
     if (path.empty())
         return SystemError::fileNotFound;
     name = UntilNul(name);
-    Value& stored = nodeAt(path).values[AnsiUpper(name)];
+    Value& stored = nodeAt(path).values[AnsiUpperCase(name)];
     if (stored.name.empty())
         stored.name = name;
     stored.text = UntilNul(value);
@@ -279,7 +279,7 @@ SystemError RegistryTree::removeValue(const RegistryKey& key, std::string_view n
     if (node == nodes_.end())
         return SystemError::fileNotFound;
     auto& values = node->second.values;
-    const auto value = values.find(AnsiUpper(UntilNul(name)));
+    const auto value = values.find(AnsiUpperCase(UntilNul(name)));
     if (value == values.end())
         return SystemError::fileNotFound;
     tail_ += value->second.above;

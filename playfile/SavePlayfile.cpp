@@ -60,7 +60,7 @@ private:
     /// Frames often share a file. A file is copied again only if another file of the same name was copied in
     /// between: the last one wins.
     std::optional<std::string> copyOnce(const std::string& file) {
-        Copied& last = copied_[AnsiUpper(SplitPath(file).name)];
+        Copied& last = copied_[AnsiUpperCase(SplitPath(file).name)];
         if (last.source != file)
             last = {file, CopyToDataFolder(file)};
         return last.copy;

@@ -38,7 +38,8 @@ public:
     /// Number of the last sign; 0 if that one has no name, however many signs come before it.
     std::int16_t TotalDisplays() const;
     /// Number of the first sign of that name, in any case; -1 if there is none. Names are compared as they
-    /// are stored, so that a sign named "12" is found as "#12" only. Letters are those of Windows-1252.
+    /// are stored, so that a sign named "12" is found as "#12" only. Letters are those of the system's code
+    /// page; on POSIX systems, of Windows-1252.
     std::int16_t FindDisplayByName(const std::string& theName) const;
     /// Adds a sign after the last one and returns its number; -1 if the name is empty or taken. If the last
     /// record has no name, sign 1 gets the new name and keeps all other values, and the other records are

@@ -15,7 +15,8 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Names of files, newest first. Names are equal if only the case of their letters differs (Windows-1252).
+/// Names of files, newest first. Names are equal if only the case of their letters differs, in the
+/// system's code page; on POSIX systems, in Windows-1252.
 struct RecentFiles {
     /// The last one is usually empty.
     OneBasedArray<std::string> entries;

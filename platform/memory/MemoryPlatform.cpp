@@ -269,9 +269,9 @@ std::string MemoryFileSystem::fullName(const std::string& path) {
 std::string MemoryFileSystem::existingName(const std::string& path) {
     if (kindOf(path) != EntryKind::missing)
         return path;
-    const std::string wanted = AnsiUpper(normal(path));
+    const std::string wanted = AnsiUpperCase(normal(path));
     for (const auto& [name, entry] : entries_)
-        if (parentOf(name) == parentOf(normal(path)) && AnsiUpper(name) == wanted)
+        if (parentOf(name) == parentOf(normal(path)) && AnsiUpperCase(name) == wanted)
             return std::string(SplitPath(path).folder).append(SplitPath(name).name);
     return path;
 }

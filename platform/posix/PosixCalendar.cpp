@@ -4,9 +4,11 @@
 #include <langinfo.h>
 #include <locale.h>
 
+#include <algorithm>
 #include <cctype>
 #include <memory>
 #include <type_traits>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -16,49 +18,45 @@ struct FreeLocale {
 };
 using OwnedLocale = std::unique_ptr<std::remove_pointer_t<locale_t>, FreeLocale>;
 
-/// The texts of a locale, in the ANSI code page.
-class LocaleTexts {
+/// Converts texts to Windows-1252.
+class Converter {
 public:
-    explicit LocaleTexts(locale_t locale)
-        : locale_(locale),
-          converter_(::iconv_open("WINDOWS-1252//TRANSLIT", ::nl_langinfo_l(CODESET, locale))) {}
-    ~LocaleTexts() {
-        if (isConverting())
-            ::iconv_close(converter_);
+    explicit Converter(const char* encoding) : handle_(::iconv_open("WINDOWS-1252", encoding)) {}
+    ~Converter() {
+        if (isUsable())
+            ::iconv_close(handle_);
     }
-    LocaleTexts(const LocaleTexts&) = delete;
-    LocaleTexts& operator=(const LocaleTexts&) = delete;
+    Converter(const Converter&) = delete;
+    Converter& operator=(const Converter&) = delete;
 
-    /// Left as it is when the code page lacks a character of the locale's text.
-    void fill(std::string& text, nl_item item) const {
-        std::string given = ::nl_langinfo_l(item, locale_);
-        std::string converted(given.size() * kMostForOne, '\0');
+    bool isUsable() const {
+        return handle_ != reinterpret_cast<iconv_t>(-1); // NOLINT(performance-no-int-to-ptr): by definition
+    }
+    /// Returns whether the code page has every character of `text`; only then is it converted.
+    bool convert(std::string& text) const {
+        std::string given = text;
+        std::string converted(given.size(), '\0'); // no encoding has characters of less than a byte
         char* from = given.data();
         char* to = converted.data();
         std::size_t left = given.size();
         std::size_t room = converted.size();
-        if (!isConverting() || ::iconv(converter_, &from, &left, &to, &room) == static_cast<std::size_t>(-1))
-            return;
+        // Some systems replace characters that the page lacks, and return their number.
+        if (::iconv(handle_, &from, &left, &to, &room) != 0)
+            return false;
         converted.resize(converted.size() - room);
-        text = converted;
-    }
-    template <std::size_t size>
-    void fill(std::array<std::string, size>& names, nl_item first) const {
-        for (nl_item offset = 0; std::string & name : names)
-            fill(name, first + offset++);
+        text = std::move(converted);
+        return true;
     }
 
 private:
-    bool isConverting() const {
-        return converter_ !=
-               reinterpret_cast<iconv_t>(-1); // NOLINT(performance-no-int-to-ptr): by definition
-    }
-
-    static constexpr std::size_t kMostForOne = 4; ///< Characters that may replace one that is missing.
-
-    locale_t locale_;
-    iconv_t converter_;
+    iconv_t handle_;
 };
+
+template <std::size_t size>
+void fill(std::array<std::string, size>& names, locale_t locale, nl_item first) {
+    for (nl_item offset = 0; std::string & name : names)
+        name = ::nl_langinfo_l(first + offset++, locale);
+}
 
 /// The character between the first two parts of a format like "%d.%m.%Y".
 std::string separatorOf(const std::string& format, const std::string& usual) {
@@ -70,19 +68,35 @@ std::string separatorOf(const std::string& format, const std::string& usual) {
     return usual;
 }
 
+/// The names of a locale in its own encoding.
+CalendarNames namesOf(locale_t locale) {
+    CalendarNames names = EnglishCalendarNames();
+    fill(names.months, locale, MON_1);
+    fill(names.shortMonths, locale, ABMON_1);
+    fill(names.weekdays, locale, DAY_1);
+    names.morning = ::nl_langinfo_l(AM_STR, locale);
+    names.afternoon = ::nl_langinfo_l(PM_STR, locale);
+    return names;
+}
+
 } // namespace
 
+CalendarNames AnsiCalendarNames(const CalendarNames& names, const char* encoding) {
+    CalendarNames converted = names;
+    const Converter converter(encoding);
+    const auto convert = [&](std::string& text) { return converter.convert(text); };
+    const bool isWhole = converter.isUsable() && std::ranges::all_of(converted.months, convert) &&
+                         std::ranges::all_of(converted.shortMonths, convert) &&
+                         std::ranges::all_of(converted.weekdays, convert) && convert(converted.morning) &&
+                         convert(converted.afternoon);
+    return isWhole ? converted : EnglishCalendarNames();
+}
+
 CalendarNames PosixCalendarNames(const char* name) {
-    CalendarNames names = EnglishCalendarNames();
     const OwnedLocale locale(::newlocale(LC_CTYPE_MASK | LC_TIME_MASK, name, nullptr));
     if (!locale)
-        return names;
-    const LocaleTexts texts(locale.get());
-    texts.fill(names.months, MON_1);
-    texts.fill(names.shortMonths, ABMON_1);
-    texts.fill(names.weekdays, DAY_1);
-    texts.fill(names.morning, AM_STR);
-    texts.fill(names.afternoon, PM_STR);
+        return EnglishCalendarNames();
+    CalendarNames names = AnsiCalendarNames(namesOf(locale.get()), ::nl_langinfo_l(CODESET, locale.get()));
     names.dateSeparator = separatorOf(::nl_langinfo_l(D_FMT, locale.get()), names.dateSeparator);
     names.timeSeparator = separatorOf(::nl_langinfo_l(T_FMT, locale.get()), names.timeSeparator);
     return names;

@@ -5,7 +5,13 @@
 
 namespace qrtVistrelClasses4 {
 
-/// The names of the locale `name`. An empty name means the user's locale, an unknown one English.
+/// The names in Windows-1252. They are all English if that code page lacks a character of one of them, or if
+/// the system does not know the encoding: a date never mixes two languages. Separators are left to the
+/// caller.
+CalendarNames AnsiCalendarNames(const CalendarNames& names, const char* encoding);
+
+/// The names of the locale `name`, as `AnsiCalendarNames` gives them, with the locale's separators. An empty
+/// name means the user's locale, an unknown one English.
 CalendarNames PosixCalendarNames(const char* name);
 
 } // namespace qrtVistrelClasses4

@@ -319,12 +319,12 @@ std::string PosixFileSystem::existingName(const std::string& path) {
     if (::lstat(path.c_str(), &status) == 0)
         return path;
     const std::size_t nameStart = path.rfind('/') + 1; // 0 without one
-    const std::string wanted = AnsiUpper(std::string_view(path).substr(nameStart));
+    const std::string wanted = AnsiUpperCase(std::string_view(path).substr(nameStart));
     const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(folderOf(path).c_str()), &::closedir);
     std::string found; // of several, the first by its letters, whatever the order in the folder
     while (const dirent* entry = folder ? ::readdir(folder.get()) : nullptr) {
         std::string name = entry->d_name;
-        if (AnsiUpper(name) == wanted && (found.empty() || name < found))
+        if (AnsiUpperCase(name) == wanted && (found.empty() || name < found))
             found = std::move(name);
     }
     return found.empty() ? path : path.substr(0, nameStart) + found;

@@ -9,6 +9,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 build=$(cd "$1" && pwd) || exit 2
 build32=${2:+$(cd "$2" && pwd)}
 export WINEPREFIX=${WINEPREFIX:-$build/wine} WINEDEBUG=-all
+export LC_ALL=C.UTF-8 # code page 1252, which most tests expect
 work=$build/automation-test
 data=$work/data
 passed=0
@@ -90,6 +91,17 @@ run_twice() { # FILE FILTER
     report "$statuses" "$(basename "$1") runs twice at once: $2"
 }
 
+# Runs the tests of code pages with those of several locales, which need not be installed: only the shell minds.
+run_with_code_pages() { # FILE
+    local page status output=$work/code_page.txt
+    for page in pl_PL:1250 ru_RU:1251 tr_TR:1254 ja_JP:932; do
+        { LC_ALL=${page%:*}.UTF-8 QRT_CODE_PAGE=${page#*:} windows "$output" "$1" --gtest_filter='CodePage.*' --gtest_brief=1; } 2>/dev/null
+        status=$?
+        [ "$status" = 0 ] || cat "$output"
+        report "$status" "$(basename "$1") runs with code page ${page#*:}"
+    done
+}
+
 check_contract() { # TYPE_LIBRARY NAME
     local output=$work/contract.txt
     windows "$output" "$build/tests/automation/dump_typelib.exe" "$(windows_path "$1")"
@@ -124,6 +136,7 @@ run_script "$here/script_test.vbs"
 run_test_program "$build/tests/automation/automation_tests.exe"
 run_test_program "$build/tests/core_tests.exe"
 run_twice "$build/tests/core_tests.exe" '*TwoProcesses*'
+run_with_code_pages "$build/tests/core_tests.exe"
 windows "$work/register.txt" regsvr32 /s /u "$(windows_path "$build/qrtVistrelClasses4.dll")"
 report $? "the server unregisters itself"
 echo "$passed passed, $failed failed"

@@ -10,13 +10,10 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-std::string formattedBySystem(std::string_view pattern, const LocalTime& time, LCID locale) {
-    const auto word = [](int number) { return static_cast<WORD>(number); };
-    SYSTEMTIME parts{word(time.year), word(time.month),  0, word(time.day),
-                     word(time.hour), word(time.minute), 0, 0};
+std::string formattedBySystem(std::string_view pattern, double moment, LCID locale) {
     VARIANT date{};
     date.vt = VT_DATE;
-    EXPECT_TRUE(::SystemTimeToVariantTime(&parts, &date.date));
+    date.date = moment;
     std::wstring format(pattern.begin(), pattern.end());
     BYTE tokens[256];
     EXPECT_EQ(::VarTokenizeFormatString(format.data(), tokens, sizeof tokens, 1, 1, locale, nullptr), S_OK);
@@ -36,14 +33,14 @@ TEST(SystemDateTexts, AgreeWithOursAtAnyTime) {
     for (const LCID locale : {0x409u, 0x407u}) {
         const CalendarNames names = WindowsCalendarNames(locale);
         for (int left = RandomInputs::count(); left > 0 && !testing::Test::HasFailure(); --left) {
-            LocalTime time{1900 + random.below(200), 1 + random.below(12), 1 + random.below(28),
-                           random.below(24), random.below(60)};
-            constexpr int monthOffsets[] = {0, 3, 2, 5, 0, 3, 5, 1, 4, 6, 2, 4};
-            const int year = time.year - (time.month < 3 ? 1 : 0);
-            time.weekday =
-                (year + year / 4 - year / 100 + year / 400 + monthOffsets[time.month - 1] + time.day) % 7;
+            const double moment = random.below(73'000) + random.below(24 * 60) / (24 * 60.0) + 1e-5;
+            SYSTEMTIME parts{};
+            ASSERT_TRUE(::VariantTimeToSystemTime(moment, &parts));
+            const LocalTime time{parts.wYear,   parts.wMonth,  parts.wDay,      parts.wHour,
+                                 parts.wMinute, parts.wSecond, parts.wDayOfWeek};
             const char* const pattern = patterns[random.below(std::size(patterns))];
-            EXPECT_EQ(FormatDate(pattern, time, names), formattedBySystem(pattern, time, locale)) << pattern;
+            EXPECT_EQ(FormatDate(pattern, time, names), formattedBySystem(pattern, moment, locale))
+                << pattern;
         }
     }
 }

@@ -35,7 +35,7 @@ TEST(Path, KnowsARootedPath) {
 }
 
 TEST(LetterCase, IsThatOfWindows1252) {
-    EXPECT_EQ(AnsiUpper("az{ \x9a\x9c\x9e \xe0\xf6\xf7\xfe\xff \xdf"),
+    EXPECT_EQ(AnsiUpperCase("az{ \x9a\x9c\x9e \xe0\xf6\xf7\xfe\xff \xdf"),
               "AZ{ \x8a\x8c\x8e \xc0\xd6\xf7\xde\x9f \xdf");
 }
 

@@ -1,6 +1,7 @@
 // What only a POSIX system has, as links and rights.
 #include "Machines.h"
 #include "platform/ReplacementFile.h"
+#include "platform/posix/PosixCalendar.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixFolders.h"
 #include "platform/posix/PosixRegistryStore.h"
@@ -116,6 +117,23 @@ TEST_F(PosixPlatformTest, ASettingsStoreThatCannotBeReadKeepsWhatWasReadLast) {
         EXPECT_EQ(store.readString(kKey, "name").value(), value);
         machineInMemory.observer = [](const FileOperation&) { return SystemError::deviceFailure; };
         EXPECT_EQ(store.readString(kKey, "name").value(), value);
+    }
+}
+
+TEST(PosixCalendar, IsAllEnglishIfTheCodePageLacksACharacter) {
+    const struct {
+        const char *why, *encoding, *march, *afternoon, *shown;
+    } cases[] = {{"German", "UTF-8", "M\303\244rz", "", "M\344rz Freitag "},
+                 {"in Latin-2", "ISO-8859-2", "M\344rz", "pm", "M\344rz Freitag pm"},
+                 {"a letter that is lacking", "UTF-8", "B\305\231ezen", "", "March Friday PM"},
+                 {"lacking in the last text", "UTF-8", "Mart", "\305\231", "March Friday PM"},
+                 {"cut short", "UTF-8", "M\303", "", "March Friday PM"},
+                 {"nobody knows it", "none", "M\344rz", "", "March Friday PM"}};
+    for (const auto& row : cases) {
+        CalendarNames names = EnglishCalendarNames();
+        names.months[2] = row.march, names.weekdays[5] = "Freitag", names.afternoon = row.afternoon;
+        names = AnsiCalendarNames(names, row.encoding);
+        EXPECT_EQ(names.months[2] + " " + names.weekdays[5] + " " + names.afternoon, row.shown) << row.why;
     }
 }
 

@@ -41,13 +41,13 @@ TYPED_TEST(RegistryStoreTest, GivesBackWhatWasWrittenUnderNamesInAnyCaseAndKeeps
     for (const auto& [name, value] : values) {
         names.push_back(name);
         EXPECT_EQ(store.writeString(key, name, "replaced" + value), none) << name;
-        EXPECT_EQ(store.writeString(inOtherCase, AnsiUpper(name), value), none) << name;
-        EXPECT_EQ(store.readString(inOtherCase, AnsiUpper(name)).value(), value);
+        EXPECT_EQ(store.writeString(inOtherCase, AnsiUpperCase(name), value), none) << name;
+        EXPECT_EQ(store.readString(inOtherCase, AnsiUpperCase(name)).value(), value);
     }
     EXPECT_EQ(store.subkeys(TestFixture::key()).value(), Names{"Any case"});
     EXPECT_THAT(store.valueNames(inOtherCase).value(), testing::UnorderedElementsAreArray(names));
     for (const std::string& name : names)
-        EXPECT_EQ(store.deleteValue(key, AnsiUpper(name)), none) << name;
+        EXPECT_EQ(store.deleteValue(key, AnsiUpperCase(name)), none) << name;
     EXPECT_EQ(store.valueNames(key).value(), Names{});
 }
 
