@@ -9,7 +9,6 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 constinit ErrorReporter* installedReporter = nullptr;
-constinit thread_local std::uint64_t trappedErrors = 0;
 
 void report(const RuntimeError& error, TraceLine procedure, std::vector<TraceLine> stack) {
     ErrorReporter& reporter = installedReporter ? *installedReporter : defaultErrorReporter();
@@ -45,8 +44,6 @@ void RethrowAsRuntimeError() {
     }
 }
 
-std::uint64_t TrappedErrors() { return trappedErrors; }
-
 void ReportQuietly(const RuntimeError& error) noexcept {
     try {
         std::vector<TraceLine> stack = RunningProcedures();
@@ -57,7 +54,6 @@ void ReportQuietly(const RuntimeError& error) noexcept {
 }
 
 void TrapCurrentError(const TraceRecord& record, TraceRecord* outer) noexcept {
-    ++trappedErrors;
     try {
         report(CurrentError(), record.atEntry(), RunningProcedures());
     } catch (...) { // NOLINT(bugprone-empty-catch): a failing report never makes another error

@@ -4,15 +4,9 @@
 #include <qrtVistrelClasses4/ErrorReporter.h>
 #include <qrtVistrelClasses4/RuntimeError.h>
 
-#include <cstdint>
-
 namespace qrtVistrelClasses4 {
 
 class TraceRecord;
-
-/// The number of errors that this thread has trapped. A procedure that calls others, which trap their own
-/// errors, sees from a change that one of them has failed.
-std::uint64_t TrappedErrors();
 
 /// Reports an error that does not stop the running procedure: it is logged, but not shown to the operator.
 void ReportQuietly(const RuntimeError& error) noexcept;
