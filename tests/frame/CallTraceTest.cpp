@@ -7,6 +7,7 @@
 #include <qrtVistrelClasses4/DisplayDatabaseClass.h>
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/SettingsInfoClass.h>
+#include <qrtVistrelClasses4/clsCommandInterface.h>
 
 #include <gtest/gtest.h>
 
@@ -94,6 +95,23 @@ TEST_F(CallTrace, BeginsWithTheCallOfTheHost) {
         call();
         EXPECT_EQ(trace_.lines.at(0), std::string("> ") + line);
     }
+}
+
+TEST_F(CallTrace, ShowsThatTheBuiltInCommandsFollowTheFolderOfTheirFile) {
+    host_.machine.files().observer = [&](const FileOperation& operation) {
+        if (operation.kind == FileOperation::createFolder)
+            trace_.lines.emplace_back("> Sub make the folder ()");
+        return SystemError::none;
+    };
+    const clsCommandInterface commands;
+    std::erase_if(trace_.lines, [](const std::string& line) {
+        return !line.starts_with("> Sub") && !line.starts_with("> Function ReadSetting");
+    });
+    for (std::string& line : trace_.lines)
+        line.resize(line.find(" ("));
+    EXPECT_EQ(trace_.lines,
+              (Texts{"> Sub Class_Initialize", "> Sub LoadCommandTable", "> Function ReadSetting",
+                     "> Sub make the folder", "> Sub BuildBuiltInCommands"}));
 }
 
 TEST_F(CallTrace, IsSkippedWhileSwitchedOffButLeavesWhatWasEnteredBefore) {
