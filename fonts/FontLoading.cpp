@@ -89,7 +89,9 @@ FontOutcome LoadFontUnlessReplaced(const std::string& path, CellSize size, bool 
             outcome.source = FontSource::sameNameElsewhere;
         else if (mayUseFont0 && isReplacedByFont0(name))
             outcome.source = FontSource::font0;
-        outcome.messages.push_back(std::string(name) + " NOT FOUND @ " + path + " in " + std::string(folder));
+        const bool isReplaced = outcome.source == FontSource::font0;
+        outcome.messages.push_back(std::string(name) + " NOT FOUND @ " + path + " in " + std::string(folder) +
+                                   (isReplaced ? " (loading font 0 instead)" : ""));
     }
     if (outcome.path)
         read(size, outcome);

@@ -37,7 +37,7 @@ TEST_F(FontLoading, ReportsWhichFileWasLoadedInItsPlace) {
     const std::string noMy = missing("fonts/", "My.cmd"), no6x8 = missing("", "6x8.cmd");
     const std::string nowhere = "Error Loading Font. Could not find " + full("fonts/My.cmd");
     const std::string noFont0 = "Error Loading Font. Could not find " + full("bin/6x8.cmd");
-    const std::string instead = "";
+    const std::string instead = " (loading font 0 instead)";
     const Texts noStandard{missing("", "FSTND08.cmd") + instead, "FSTND08.cmd NOT FOUND"};
     using enum FontSource;
     const struct {
