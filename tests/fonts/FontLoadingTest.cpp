@@ -24,6 +24,10 @@ TEST_F(FontLoading, FindsTheFontOfANumberForATypeOfSign) {
                   type >= 16 && type <= 25 && type != 22);
     files().put(full("bin/Fsacl68b.cmd"), "\7");
     EXPECT_EQ(widthOfBlank(LoadNumberedFont(5, 20, true)), 7);
+    Font largest{8, 64, std::string(255, 'A')};
+    largest.store.back() = 7;
+    files().put(full("largest.CFF"), HeaderFontBytes(largest) + "more");
+    EXPECT_EQ(LoadFontFile(full("largest.CFF"), -1, -1, true).font.value().store.back(), 7);
     for (const std::int16_t number : {std::int16_t{-1}, kNumberedFonts}) {
         const FontOutcome none = LoadNumberedFont(number, 20, true);
         EXPECT_TRUE(!none.font && !none.path && none.messages.empty()) << number;
