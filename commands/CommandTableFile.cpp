@@ -1,6 +1,7 @@
 #include <qrtVistrelClasses4/CommandTableFile.h>
 
 #include "commands/CommandFormat.h"
+#include "commands/CommandTableSteps.h"
 #include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
 #include "platform/Path.h"
@@ -27,15 +28,6 @@ std::string pathToSave() {
     if (platform().files().kindOf(path) != EntryKind::file)
         path = tableBelow(LibraryFolder() + kPathSeparator);
     return path;
-}
-
-/// Makes one level. If it cannot be made, opening the file fails.
-void makeFolderOf(const std::string& path) {
-    std::string folder(SplitPath(path).folder);
-    if (folder.empty() || folder != WithTrailingSeparator(folder))
-        return; // it ends in a drive's colon, or in a separator of another system
-    folder.pop_back();
-    (void)platform().files().createFolder(folder);
 }
 
 /// Keeps a file whose rows are not in the table. Never replaces a file that was kept before. A file that
@@ -101,10 +93,24 @@ std::string CommandTablePath() try {
     RethrowAsRuntimeError();
 }
 
-CommandTableOutcome LoadCommandTable(const std::string& path) try {
+void MakeFolderOfCommandTable(const std::string& path) try {
+    std::string folder(SplitPath(path).folder);
+    if (folder.empty() || folder != WithTrailingSeparator(folder))
+        return; // it ends in a drive's colon, or in a separator of another system
+    folder.pop_back();
+    (void)platform().files().createFolder(folder);
+} catch (...) {
+    RethrowAsRuntimeError();
+}
+
+CommandTableOutcome LoadCommandTable(const std::string& path) {
+    MakeFolderOfCommandTable(path);
+    return ReadCommandTable(path);
+}
+
+CommandTableOutcome ReadCommandTable(const std::string& path) try {
     CommandTableOutcome outcome;
     outcome.table = BuiltInCommands();
-    makeFolderOf(path);
     try {
         readFile(path, outcome);
     } catch (const RuntimeError& error) {
@@ -119,7 +125,7 @@ SavedCommandTable SaveCommandTable(const CommandTable& table, const CommandTable
     SavedCommandTable saved;
     saved.path = pathToSave();
     kTableFile.write(saved.path);
-    makeFolderOf(saved.path);
+    MakeFolderOfCommandTable(saved.path);
     try {
         writeFile(table, source, saved.path);
     } catch (const RuntimeError& error) {

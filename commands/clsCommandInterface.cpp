@@ -1,5 +1,6 @@
 #include <qrtVistrelClasses4/clsCommandInterface.h>
 
+#include "commands/CommandTableSteps.h"
 #include "frame/SystemErrors.h"
 #include "frame/Traced.h"
 
@@ -31,10 +32,12 @@ clsCommandInterface::~clsCommandInterface() {
 void clsCommandInterface::LoadCommandTable() {
     traced(sub("LoadCommandTable"), [&] {
         quietly([&] {
+            const std::string path = CommandTablePath();
+            MakeFolderOfCommandTable(path);
             BuildBuiltInCommands();
             if (table_.count() < BuiltInCommandCount())
                 return; // the error has been reported
-            CommandTableOutcome outcome = qrtVistrelClasses4::LoadCommandTable(CommandTablePath());
+            CommandTableOutcome outcome = ReadCommandTable(path);
             table_ = std::move(outcome.table);
             source_ = std::move(outcome.source);
             Check(outcome.error);

@@ -3,6 +3,7 @@
 #include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 
 namespace qrtVistrelClasses4 {
@@ -46,7 +47,7 @@ std::optional<Font> parseHeaderFont(std::string_view bytes) {
     return font;
 }
 
-char asByte(int number) {
+char asByte(std::int64_t number) {
     if (number < 0 || number > kLargestByte)
         Raise(ErrorNumber::overflow);
     return static_cast<char>(number);
@@ -85,9 +86,8 @@ std::string SizedFontBytes(const Font& font) {
 }
 
 std::string HeaderFontBytes(const Font& font) {
-    const int count = static_cast<int>(std::min<std::size_t>(font.characters.size(), kLargestByte + 1));
-    return std::string{'\0', asByte(count), asByte(font.width), asByte(font.height)} + font.characters +
-           SizedFontBytes(font);
+    return std::string{'\0', asByte(std::ssize(font.characters)), asByte(font.width), asByte(font.height)} +
+           font.characters + SizedFontBytes(font);
 }
 
 } // namespace qrtVistrelClasses4

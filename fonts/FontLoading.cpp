@@ -1,6 +1,5 @@
 #include "fonts/FontLoading.h"
 
-#include "fonts/clsFontSizes.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
@@ -41,57 +40,22 @@ bool isReplacedByFont0(std::string_view name) {
         kReplacedFonts, [&](std::string_view replaced) { return EqualIgnoringAnsiCase(name, replaced); });
 }
 
-/// Loads one font into an outcome.
-class FontLoader {
-public:
-    explicit FontLoader(bool useNewFont) : useNewFont_(useNewFont) {}
+void read(CellSize size, FontOutcome& outcome) {
+    auto font = ReadFont(*outcome.path, size.width, size.height);
+    outcome.error = font.error();
+    outcome.font = std::move(font).valueOr(std::nullopt);
+    if (outcome.error == SystemError::none && !outcome.font)
+        outcome.messages.push_back("Error Loading Font. Cut short: " + *outcome.path);
+}
 
-    FontOutcome load(const std::string& path, CellSize size) {
-        const auto [folder, name] = SplitPath(path);
-        outcome_.path = existingFile(path);
-        if (!outcome_.path) {
-            say(std::string(name) + " NOT FOUND @ " + path + " in " + std::string(folder));
-            outcome_.path = findInOtherFolders(name);
-            if (outcome_.path && mayUseFont0_)
-                outcome_.source = FontSource::sameNameElsewhere;
-        }
-        if (outcome_.path)
-            read(size);
-        else if (mayUseFont0_ && isReplacedByFont0(name))
-            return loadFont0(name);
-        else
-            say("Error Loading Font. Could not find " + path);
-        return std::move(outcome_);
-    }
-
-    FontOutcome loadNumbered(std::int16_t fontNumber, std::int16_t signType) {
-        const auto size = clsFontSizes::FontSize(fontNumber);
-        const auto name = clsFontSizes::FontFile(fontNumber, signType, useNewFont_);
-        return size && name ? load(inApplicationFolder("bin", *name), *size) : FontOutcome();
-    }
-
-private:
-    FontOutcome loadFont0(std::string_view missing) {
-        say(std::string(missing) + " NOT FOUND");
-        mayUseFont0_ = false;
-        outcome_.source = FontSource::font0;
-        return loadNumbered(0, 0);
-    }
-
-    void read(CellSize size) {
-        auto font = ReadFont(*outcome_.path, size.width, size.height);
-        outcome_.error = font.error();
-        outcome_.font = std::move(font).valueOr(std::nullopt);
-        if (outcome_.error == SystemError::none && !outcome_.font)
-            say("Error Loading Font. Cut short: " + *outcome_.path);
-    }
-
-    void say(std::string message) { outcome_.messages.push_back(std::move(message)); }
-
-    bool useNewFont_;
-    bool mayUseFont0_ = true; ///< False while font 0 itself is loaded in place of another font.
-    FontOutcome outcome_;
-};
+/// Adds what came of loading font 0 to the messages about the font that it replaces.
+FontOutcome loadFont0(const std::vector<std::string>& messages, bool useNewFont) {
+    const auto file = FindNumberedFont(0, 0, useNewFont);
+    FontOutcome outcome = file ? LoadFontUnlessReplaced(file->path, file->size, false) : FontOutcome();
+    outcome.source = FontSource::font0;
+    outcome.messages.insert(outcome.messages.begin(), messages.begin(), messages.end());
+    return outcome;
+}
 
 } // namespace
 
@@ -107,12 +71,45 @@ Result<std::optional<Font>> ReadFont(const std::string& path, std::int16_t width
     return ParseFont(bytes, width, height);
 }
 
+std::optional<NumberedFontFile> FindNumberedFont(std::int16_t fontNumber, std::int16_t signType,
+                                                 bool useNewFont) {
+    const auto size = clsFontSizes::FontSize(fontNumber);
+    const auto name = clsFontSizes::FontFile(fontNumber, signType, useNewFont);
+    return size && name ? std::optional(NumberedFontFile{inApplicationFolder("bin", *name), *size})
+                        : std::nullopt;
+}
+
+FontOutcome LoadFontUnlessReplaced(const std::string& path, CellSize size, bool mayUseFont0) {
+    FontOutcome outcome;
+    const auto [folder, name] = SplitPath(path);
+    outcome.path = existingFile(path);
+    if (!outcome.path) {
+        outcome.path = findInOtherFolders(name);
+        if (outcome.path)
+            outcome.source = FontSource::sameNameElsewhere;
+        else if (mayUseFont0 && isReplacedByFont0(name))
+            outcome.source = FontSource::font0;
+        const bool isReplaced = outcome.source == FontSource::font0;
+        outcome.messages.push_back(std::string(name) + " NOT FOUND @ " + path + " in " + std::string(folder) +
+                                   (isReplaced ? " (loading font 0 instead)" : ""));
+    }
+    if (outcome.path)
+        read(size, outcome);
+    else if (outcome.source == FontSource::font0)
+        outcome.messages.push_back(std::string(name) + " NOT FOUND");
+    else
+        outcome.messages.push_back("Error Loading Font. Could not find " + path);
+    return outcome;
+}
+
 FontOutcome LoadFontFile(const std::string& path, std::int16_t width, std::int16_t height, bool useNewFont) {
-    return FontLoader(useNewFont).load(path, {width, height});
+    FontOutcome outcome = LoadFontUnlessReplaced(path, {width, height}, true);
+    return outcome.source == FontSource::font0 ? loadFont0(outcome.messages, useNewFont) : outcome;
 }
 
 FontOutcome LoadNumberedFont(std::int16_t fontNumber, std::int16_t signType, bool useNewFont) {
-    return FontLoader(useNewFont).loadNumbered(fontNumber, signType);
+    const auto file = FindNumberedFont(fontNumber, signType, useNewFont);
+    return file ? LoadFontFile(file->path, file->size.width, file->size.height, useNewFont) : FontOutcome();
 }
 
 } // namespace qrtVistrelClasses4

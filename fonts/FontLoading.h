@@ -2,6 +2,7 @@
 #pragma once
 
 #include "fonts/FontFile.h"
+#include "fonts/clsFontSizes.h"
 #include "platform/SystemError.h"
 
 #include <cstdint>
@@ -43,5 +44,20 @@ FontOutcome LoadFontFile(const std::string& path, std::int16_t width, std::int16
 /// Loads a numbered font from "bin" of the application folder. If it is not there, searches for it as
 /// `LoadFontFile` does. A number without a font gives no font and no message.
 FontOutcome LoadNumberedFont(std::int16_t fontNumber, std::int16_t signType, bool useNewFont);
+
+// The steps of both, for `classFontMaster`, which has each on the trace.
+
+/// The place of a numbered font.
+struct NumberedFontFile {
+    std::string path;
+    CellSize size;
+};
+/// Nothing for a number without a font.
+std::optional<NumberedFontFile> FindNumberedFont(std::int16_t fontNumber, std::int16_t signType,
+                                                 bool useNewFont);
+
+/// Loads a font like `LoadFontFile`, but not font 0. If `mayUseFont0` and font 0 has to be loaded instead,
+/// the outcome's source is `font0`, and it has neither a font nor a path.
+FontOutcome LoadFontUnlessReplaced(const std::string& path, CellSize size, bool mayUseFont0);
 
 } // namespace qrtVistrelClasses4

@@ -6,9 +6,13 @@ namespace qrtVistrelClasses4 {
 
 std::optional<Letter> Letter::find(const Font& font, char character) {
     const std::optional<std::int32_t> offset = font.glyphOffset(character);
-    if (!offset || *offset < 0 || static_cast<std::size_t>(*offset) >= kGlyphStoreSize)
+    return offset ? at(font, *offset) : std::nullopt;
+}
+
+std::optional<Letter> Letter::at(const Font& font, std::int32_t index) {
+    if (index < 0 || static_cast<std::size_t>(index) >= kGlyphStoreSize)
         return std::nullopt;
-    return Letter(font, static_cast<std::size_t>(*offset));
+    return Letter(font, static_cast<std::size_t>(index));
 }
 
 Letter::Letter(const Font& font, std::size_t glyph)

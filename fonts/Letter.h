@@ -24,6 +24,8 @@ class Letter {
 public:
     /// Nothing for a character without a glyph in the font's store.
     static std::optional<Letter> find(const Font& font, char character);
+    /// The letter whose glyph starts at `index` of the font's store. Nothing for an index outside the store.
+    static std::optional<Letter> at(const Font& font, std::int32_t index);
 
     /// Columns that the letter takes in a text, including the gap after it.
     int cellWidth() const { return cellWidth_; }

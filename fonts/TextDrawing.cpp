@@ -63,6 +63,11 @@ std::unique_ptr<DotPainter> painterAt(const DrawingPlace& place, const Lettering
                           {lettering.magnification, lettering.color, lit, dark});
 }
 
+std::unique_ptr<DotPainter> letterPainter(const DrawingPlace& place, const Lettering& lettering,
+                                          bool drawBackground) {
+    return painterAt(place, lettering, Ink::font, drawBackground ? Ink::back : Ink::none);
+}
+
 } // namespace
 
 std::int64_t WidthOf(const Lettering& lettering, std::string_view text) {
@@ -82,12 +87,21 @@ std::int64_t DrawLetters(const Lettering& lettering, std::string_view text, cons
         if (!letter)
             continue;
         if (!painter)
-            painter = painterAt(place, lettering, Ink::font, drawBackground ? Ink::back : Ink::none);
+            painter = letterPainter(place, lettering, drawBackground);
         drawGroups(*letter, *painter);
         painter->moveRight(widthOf(lettering, *letter));
         width += widthOf(lettering, *letter);
     }
     return width;
+}
+
+std::int64_t DrawGlyph(const Lettering& lettering, std::int32_t glyph, const DrawingPlace& place,
+                       bool drawBackground) {
+    const auto letter = Letter::at(lettering.font, glyph);
+    if (!letter)
+        return 0;
+    drawGroups(*letter, *letterPainter(place, lettering, drawBackground));
+    return widthOf(lettering, *letter);
 }
 
 void DrawSelection(const Lettering& lettering, std::string_view text, const DrawingPlace& place, int first,

@@ -17,19 +17,42 @@ constexpr Procedure function(std::string_view name) { return procedure(Procedure
 
 std::int32_t inPixels(std::int64_t width) { return RoundToInt32(static_cast<double>(width)); }
 
-std::string_view firstLetter(std::string_view text) { return text.substr(0, 1); }
-
 } // namespace
 
 bool classFontMaster::LoadFont(const std::string& path, std::int16_t width, std::int16_t height) {
-    return traced(
-        function("LoadFont"), [&] { return take(LoadFontFile(path, width, height, useNewFont_)); },
-        Arg{"path", path}, Arg{"width", width}, Arg{"height", height});
+    return loadFile(path, width, height, true);
 }
 
 bool classFontMaster::LoadFontByNum(std::int16_t fontNumber, std::int16_t signType) {
+    return loadNumbered(fontNumber, signType, true);
+}
+
+bool classFontMaster::loadFile(const std::string& path, std::int16_t width, std::int16_t height,
+                               bool mayUseFont0) {
     return traced(
-        function("LoadFontByNum"), [&] { return take(LoadNumberedFont(fontNumber, signType, useNewFont_)); },
+        function("LoadFont"),
+        [&] {
+            const FontOutcome outcome = LoadFontUnlessReplaced(path, {width, height}, mayUseFont0);
+            for (const std::string& message : outcome.messages)
+                if (const MessageHandler handler = onMessage_) // a copy, since the handler may replace itself
+                    handler(message);
+            Check(outcome.error);
+            if (outcome.source == FontSource::font0)
+                return loadNumbered(0, 0, false);
+            if (outcome.font)
+                font_ = *outcome.font;
+            return outcome.font.has_value();
+        },
+        Arg{"path", path}, Arg{"width", width}, Arg{"height", height});
+}
+
+bool classFontMaster::loadNumbered(std::int16_t fontNumber, std::int16_t signType, bool mayUseFont0) {
+    return traced(
+        function("LoadFontByNum"),
+        [&] {
+            const auto file = FindNumberedFont(fontNumber, signType, useNewFont_);
+            return file && loadFile(file->path, file->size.width, file->size.height, mayUseFont0);
+        },
         Arg{"fontNumber", fontNumber}, Arg{"signType", signType});
 }
 
@@ -75,12 +98,15 @@ void classFontMaster::DrawLetter(const std::string& letter, DrawingTarget& targe
                                  std::int16_t drawBackground, std::int16_t useBitmapDC,
                                  std::int32_t& advance) {
     DrawingTarget* const object = &target;
-    advance = 0;
     traced(
         sub("DrawLetter"),
         [&] {
-            advance = inPixels(DrawLetters(lettering(), firstLetter(letter), {target, x, y, useBitmapDC != 0},
-                                           drawBackground != 0));
+            advance = 0;
+            if (letter.empty())
+                return;
+            const std::int32_t glyph = GlyphOffset(letter.substr(0, 1));
+            advance = inPixels(
+                DrawGlyph(lettering(), glyph, {target, x, y, useBitmapDC != 0}, drawBackground != 0));
         },
         Arg{"letter", letter}, Arg{"target", object}, Arg{"x", x}, Arg{"y", y},
         Arg{"drawBackground", drawBackground}, Arg{"useBitmapDC", useBitmapDC}, Arg{"advance", advance});
@@ -88,7 +114,8 @@ void classFontMaster::DrawLetter(const std::string& letter, DrawingTarget& targe
 
 std::int32_t classFontMaster::LetterWidth(const std::string& letter) {
     return traced(
-        function("LetterWidth"), [&] { return inPixels(WidthOf(lettering(), firstLetter(letter))); },
+        function("LetterWidth"),
+        [&] { return inPixels(WidthOf(lettering(), std::string_view(letter).substr(0, 1))); },
         Arg{"letter", letter});
 }
 
@@ -100,10 +127,10 @@ std::int32_t classFontMaster::TextWidth(const std::string& text) {
 void classFontMaster::DrawText(const std::string& text, DrawingTarget& target, float x, float y,
                                std::int16_t drawBackground, std::int16_t useBitmapDC, std::int32_t& advance) {
     DrawingTarget* const object = &target;
-    advance = 0;
     traced(
         sub("DrawText"),
         [&] {
+            advance = 0;
             advance = inPixels(
                 DrawLetters(lettering(), text, {target, x, y, useBitmapDC != 0}, drawBackground != 0));
         },
@@ -135,16 +162,6 @@ void classFontMaster::CycleIndexMarker(const std::string& text, DrawingTarget& t
         },
         Arg{"text", text}, Arg{"target", object}, Arg{"x", x}, Arg{"y", y}, Arg{"index", index},
         Arg{"useBitmapDC", useBitmapDC});
-}
-
-bool classFontMaster::take(const FontOutcome& outcome) {
-    for (const std::string& message : outcome.messages)
-        if (const MessageHandler handler = onMessage_) // a copy, since the handler may replace itself
-            handler(message);
-    Check(outcome.error);
-    if (outcome.font)
-        font_ = *outcome.font;
-    return outcome.font.has_value();
 }
 
 } // namespace qrtVistrelClasses4

@@ -50,7 +50,7 @@ public:
 
     using MessageHandler = std::function<void(const std::string& message)>;
     /// Sets what receives the messages of `LoadFont` and `LoadFontByNum` for the operator. They arrive after
-    /// the search and before the font changes.
+    /// the search that they are about, and before the font changes.
     void OnMessage(MessageHandler handler) { onMessage_ = std::move(handler); }
 
     /// Loads the file `path`, or a file of that name in "Extended" or "CustomFonts" of the application
@@ -99,8 +99,10 @@ public:
                           std::int16_t index, std::int16_t useBitmapDC);
 
 private:
-    /// Passes the messages on and takes the font. Throws the error of reading.
-    bool take(const FontOutcome& outcome);
+    // Font 0 is loaded in place of another font only once.
+    bool loadFile(const std::string& path, std::int16_t width, std::int16_t height, bool mayUseFont0);
+    bool loadNumbered(std::int16_t fontNumber, std::int16_t signType, bool mayUseFont0);
+
     Lettering lettering() const { return {font_, magTimes_, fontColor_}; }
 
     Font font_;

@@ -32,7 +32,7 @@ FontCache::FontPointer FontCache::findNumbered(std::int16_t number) {
     FontPointer font = accept(LoadNumberedFont(number, signType_, kUseNewFont),
                               {number < 0 ? unknownFontNumber : numberedFont, std::to_string(number)});
     if (!font)
-        font = number != 0 ? findNumbered(0) : std::make_shared<const Font>(emptyFont());
+        font = number != 0 ? useFont0() : std::make_shared<const Font>(emptyFont());
     return numbered_[number] = font;
 }
 
@@ -50,7 +50,7 @@ FontCache::FontPointer FontCache::findCustom(const std::string& name) {
     const FontPointer font = accept(std::move(outcome), {name.empty() ? unnamedFont : customFont, name});
     if (!font) {
         files_[name].reset();
-        return findNumbered(0);
+        return useFont0();
     }
     files_[name] = file;
     if (const auto kept = custom_.find(file); kept != custom_.end()) // under another name
@@ -58,6 +58,11 @@ FontCache::FontPointer FontCache::findCustom(const std::string& name) {
     if (custom_.size() == kMostCustomFonts)
         custom_.clear();
     return custom_[file] = font;
+}
+
+FontCache::FontPointer FontCache::useFont0() {
+    faults_.back().messages.emplace_back("Font 0 is used instead");
+    return findNumbered(0);
 }
 
 FontCache::FontPointer FontCache::accept(FontOutcome&& outcome, PreviewFault fault) {

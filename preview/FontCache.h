@@ -38,6 +38,8 @@ public:
 private:
     FontPointer findNumbered(std::int16_t number);
     FontPointer findCustom(const std::string& name);
+    /// Font 0, in place of the font that the last fault is about.
+    FontPointer useFont0();
     /// The loaded font. Null, and one more fault, if font 0 has to replace it.
     FontPointer accept(FontOutcome&& outcome, PreviewFault fault);
 

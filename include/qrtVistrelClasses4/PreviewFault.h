@@ -22,7 +22,7 @@ struct PreviewFault {
     What what;
     /// The number of the font, the name of its file as the line has it, or the path of the picture.
     std::string name = {};
-    /// What loading the font reported to the operator, in order.
+    /// What loading the font reported to the operator, in order, and whether font 0 is used instead.
     std::vector<std::string> messages = {};
     /// Why the file of the font could not be read.
     std::optional<RuntimeError> error = {};

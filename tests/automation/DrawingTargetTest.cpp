@@ -10,29 +10,18 @@ namespace {
 
 constexpr Color kAmber = Rgb(255, 191, 0);
 
-/// A black bitmap of 2 x 2 pixels in a device context of its own.
+/// A black bitmap of 2 x 2 pixels in a device context of its own. Both are kept until the program ends.
 struct MemoryBitmap {
     MemoryBitmap() {
         const BITMAPINFO info{{sizeof(BITMAPINFOHEADER), 2, -2, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
         void* bits = nullptr;
-        bitmap = CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-        previous = SelectObject(dc, bitmap);
+        SelectObject(dc, CreateDIBSection(dc, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
     }
-    ~MemoryBitmap() {
-        SelectObject(dc, previous);
-        DeleteObject(bitmap);
-        DeleteDC(dc);
-    }
-    MemoryBitmap(const MemoryBitmap&) = delete;
-    MemoryBitmap& operator=(const MemoryBitmap&) = delete;
-
     std::array<Color, 4> pixels() const {
         return {GetPixel(dc, 0, 0), GetPixel(dc, 1, 0), GetPixel(dc, 0, 1), GetPixel(dc, 1, 1)};
     }
 
     const HDC dc = CreateCompatibleDC(nullptr);
-    HBITMAP bitmap = nullptr;
-    HGDIOBJ previous = nullptr;
 };
 
 class FakePictureBox : public FakeHostObject {
@@ -54,28 +43,23 @@ public:
     }
 };
 
-class DrawingTargetOfHost : public AutomationTest {
-protected:
-    const ComPtr<FakePictureBox> box_ = MakeObject<FakePictureBox>();
-    HostDrawingTarget target_{box_.Get()};
-};
+using DrawingTargetOfHost = AutomationTest;
 
-TEST_F(DrawingTargetOfHost, DrawsOnItsWindowAndItsBitmap) {
-    target_.GetBitmapDC().SetPixel(1, 0, kAmber);
-    EXPECT_EQ(box_->bitmapUsers, 1);
-    target_.ReleaseBitmapDC();
-    EXPECT_EQ(box_->bitmapUsers, 0);
-    target_.hdc().SetPixel(0, 1, kAmber);
-    EXPECT_EQ(box_->bitmap.pixels(), (std::array<Color, 4>{0, kAmber, 0, 0}));
-    EXPECT_EQ(box_->window.pixels(), (std::array<Color, 4>{0, 0, kAmber, 0}));
-    box_->refusal = E_FAIL;
-    target_.ReleaseBitmapDC();
-}
-
-TEST_F(DrawingTargetOfHost, KnowsTheColoursOfTheSystem) {
-    EXPECT_EQ(target_.BackColor(), kAmber);
-    box_->backColor = static_cast<std::int32_t>(0x80000000 | COLOR_BTNFACE);
-    EXPECT_EQ(target_.BackColor(), GetSysColor(COLOR_BTNFACE));
+TEST_F(DrawingTargetOfHost, DrawsOnItsWindowAndItsBitmapInTheColoursOfTheSystemToo) {
+    const ComPtr<FakePictureBox> box = MakeObject<FakePictureBox>();
+    HostDrawingTarget target(box.Get());
+    target.GetBitmapDC().SetPixel(1, 0, kAmber);
+    EXPECT_EQ(box->bitmapUsers, 1);
+    target.ReleaseBitmapDC();
+    EXPECT_EQ(box->bitmapUsers, 0);
+    target.hdc().SetPixel(0, 1, kAmber);
+    EXPECT_EQ(box->bitmap.pixels(), (std::array<Color, 4>{0, kAmber, 0, 0}));
+    EXPECT_EQ(box->window.pixels(), (std::array<Color, 4>{0, 0, kAmber, 0}));
+    box->refusal = E_FAIL;
+    target.ReleaseBitmapDC();
+    EXPECT_EQ(target.BackColor(), kAmber);
+    box->backColor = static_cast<std::int32_t>(0x80000000 | COLOR_BTNFACE);
+    EXPECT_EQ(target.BackColor(), GetSysColor(COLOR_BTNFACE));
 }
 
 } // namespace

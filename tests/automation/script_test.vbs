@@ -1,6 +1,6 @@
 ' A script that works like an application. A check that fails does not end it.
 Option Explicit
-Dim folder
+Dim folder, frames, other, clip, first, last, isLast, settings, signs, commands, recent, key, number, value, fileName, unset
 folder = WScript.Arguments(0) ' for the script's files; ends in a separator
 
 Sub Check(sentence, actual, wanted)
@@ -41,142 +41,118 @@ Function Names(ofPlayfile)
     Next
 End Function
 
-Sub TestPlayfiles
-    Dim frames, other, unset, fileName
-    Set frames = NewPlayfile("AB")
-    Set other = Create("FrameInfoClass")
-    fileName = folder & "script.plw"
-    frames.CurrentFrame = unset
-    Check "a variable without a value counts as 0", frames.CurrentFrame, 0
-    frames.CurrentFrame = "2"
-    frames.FrameName = 2.5
-    frames.FastScroll = True
-    frames.WinBackColor = 100000
-    frames.CurrentLineText = "HELLO ""WORLD"""
-    frames.SendCommandFileAsIs = True
-    frames.SetSuppressMessages = True
-    Check "a playfile is saved and read", frames.WritePlayfileToDisk(fileName) & other.GetPlayfileFromDisk(fileName), "TrueTrue"
-    other.CurrentFrame = 2
-    Check "texts, numbers and flags come back", Words(Array(other.FrameName, other.DelayTime, other.FastScroll, _
-        other.WinBackColor, other.CurrentLineText, other.SendCommandFileAsIs)), "2.5 1.5 True 100000 HELLO ""WORLD"" 1"
-    other.SetSuppressMessages True
-    Check "an older playfile is opened", other.GetPlayfileFromDisk(folder & "lobby.PL2") & other.IsLegacy, "TrueTrue"
-    Check "a playfile is exported", frames.WriteXMLToDisk(folder & "export") & _
-        CreateObject("Scripting.FileSystemObject").FileExists(frames.CurrentFileName & ".xml"), "TrueTrue"
-    Check "effects have names", Words(Array(other.ConvertPrefixCodeToString(20005), other.ConvertSuffixCodeToString(20001), _
-        other.ConvertPrefixStringToCode("Reveal from Middle"), other.ConvertSuffixStringToCode("Reveal to Middle"))), _
-        "Start Loop [5] times End Loop 5 10"
-End Sub
+' Playfiles.
+Set frames = NewPlayfile("AB")
+Set other = Create("FrameInfoClass")
+fileName = folder & "script.plw"
+frames.CurrentFrame = unset
+Check "a variable without a value counts as 0", frames.CurrentFrame, 0
+frames.CurrentFrame = "2"
+frames.FrameName = 2.5
+frames.FastScroll = True
+frames.WinBackColor = 100000
+frames.CurrentLineText = "HELLO ""WORLD"""
+frames.SendCommandFileAsIs = True
+frames.SetSuppressMessages = True
+Check "a playfile is saved and read", frames.WritePlayfileToDisk(fileName) & other.GetPlayfileFromDisk(fileName), "TrueTrue"
+other.CurrentFrame = 2
+Check "texts, numbers and flags come back", Words(Array(other.FrameName, other.DelayTime, other.FastScroll, _
+    other.WinBackColor, other.CurrentLineText, other.SendCommandFileAsIs)), "2.5 1.5 True 100000 HELLO ""WORLD"" 1"
+other.SetSuppressMessages True
+Check "an older playfile is opened", other.GetPlayfileFromDisk(folder & "lobby.PL2") & other.IsLegacy, "TrueTrue"
+Check "a playfile is exported", frames.WriteXMLToDisk(folder & "export") & _
+    CreateObject("Scripting.FileSystemObject").FileExists(frames.CurrentFileName & ".xml"), "TrueTrue"
+Check "effects have names", Words(Array(other.ConvertPrefixCodeToString(20005), other.ConvertSuffixCodeToString(20001), _
+    other.ConvertPrefixStringToCode("Reveal from Middle"), other.ConvertSuffixStringToCode("Reveal to Middle"))), _
+    "Start Loop [5] times End Loop 5 10"
 
 ' Errors of untraced members reach the script. Traced members trap theirs and return their failure value.
-Sub TestErrors
-    Dim frames, value
-    Set frames = Create("FrameInfoClass")
-    On Error Resume Next
-    frames.CurrentFrame = 0
-    value = frames.AudioFile
-    Check "reading an untraced member outside the frames is an error", Err.Number & " " & Err.Description, "9 Subscript out of range"
-    Err.Clear
-    frames.OverlayFrame = True
-    Check "setting one is an error as well", Err.Number & " " & Err.Description, "9 Subscript out of range"
-    Err.Clear
-    frames.FrameName = "nowhere"
-    Check "a traced member returns its failure value without an error", frames.FrameName & Err.Number, "0"
-End Sub
+On Error Resume Next
+frames.CurrentFrame = 0
+value = frames.AudioFile
+Check "reading an untraced member outside the frames is an error", Err.Number & " " & Err.Description, "9 Subscript out of range"
+Err.Clear
+frames.OverlayFrame = True
+Check "setting one is an error as well", Err.Number & " " & Err.Description, "9 Subscript out of range"
+Err.Clear
+frames.FrameName = "nowhere"
+Check "a traced member returns its failure value without an error", frames.FrameName & Err.Number, "0"
+On Error GoTo 0
 
-Sub TestEditing
-    Dim frames, first, last, clip, unset, isLast
-    Set frames = NewPlayfile("ABCDEF")
-    first = "2" : last = 5.4
-    frames.MoveFrame first, last
-    Check "a frame moves, and unchanged variables keep their types", Names(frames) & VarType(first) & VarType(last), "ACDEBF85"
-    frames.MoveFrame 5, 2
-    first = 5 : last = 3 : Set clip = Nothing
-    frames.CopyInfo first, last, clip
-    Check "copying orders the variables and makes a clipboard", first & last & Names(clip), "35CDE"
-    frames.CopyInfo 6, 7, unset
-    Check "a range outside makes a clipboard of empty frames, in a fresh variable", unset.TotalFrames, 20
-    frames.PasteInfo 6, clip
-    frames.PasteInfo 1, Nothing
-    Check "it is pasted before a frame", Names(frames), "ABCDECDEF"
-    frames.CutInfo 1, 5, clip
-    Check "cut frames leave", Names(frames) & " " & Names(clip), "CDEF ABCDE"
-    isLast = False
-    frames.CurrentFrame = 4
-    frames.InsertFrame isLast
-    Check "inserting before the last frame sets the variable", isLast & Names(frames), "TrueCDE-F"
-    frames.CurrentFrame = 4
-    frames.InsertFrame
-    frames.DeleteCurrentFrame
-    Check "a frame is deleted", frames.CurrentFrame & Names(frames), "3CDE-F"
-    Check "no picture was shown before", frames.IsThereAPreviousClone(3), False
-End Sub
+' Editing.
+Set frames = NewPlayfile("ABCDEF")
+first = "2" : last = 5.4
+frames.MoveFrame first, last
+Check "a frame moves, and unchanged variables keep their types", Names(frames) & VarType(first) & VarType(last), "ACDEBF85"
+frames.MoveFrame 5, 2
+first = 5 : last = 3 : Set clip = Nothing
+frames.CopyInfo first, last, clip
+Check "copying orders the variables and makes a clipboard", first & last & Names(clip), "35CDE"
+frames.CopyInfo 6, 7, unset
+Check "a range outside makes a clipboard of empty frames, in a fresh variable", unset.TotalFrames, 20
+frames.PasteInfo 6, clip
+frames.PasteInfo 1, Nothing
+Check "it is pasted before a frame", Names(frames), "ABCDECDEF"
+frames.CutInfo 1, 5, clip
+Check "cut frames leave", Names(frames) & " " & Names(clip), "CDEF ABCDE"
+isLast = False
+frames.CurrentFrame = 4
+frames.InsertFrame isLast
+Check "inserting before the last frame sets the variable", isLast & Names(frames), "TrueCDE-F"
+frames.CurrentFrame = 4
+frames.InsertFrame
+frames.DeleteCurrentFrame
+Check "a frame is deleted", frames.CurrentFrame & Names(frames), "3CDE-F"
+Check "no picture was shown before", frames.IsThereAPreviousClone(3), False
 
-Sub TestPreferences
-    Dim settings, number
-    Set settings = Create("SettingsInfoClass")
-    number = settings.ClassDebugID
-    Set settings = Create("SettingsInfoClass")
-    Check "the next object has the next number, of 32 bits", settings.ClassDebugID - number & VarType(number), "13"
-    settings.WriteSetting "ScriptKey", "kept"
-    Check "a written key is found", settings.GetPrivateSetting("ScriptKey", "none"), "kept"
-    settings.DelayStep = 12.5
-    settings.SaveSettingsToDisk
-    Set settings = Create("SettingsInfoClass")
-    settings.GetSettingsFromDisk
-    Check "preferences come back", settings.DelayStep, 12.5
-End Sub
+' Preferences.
+number = Create("SettingsInfoClass").ClassDebugID
+Set settings = Create("SettingsInfoClass")
+Check "the next object has the next number, of 32 bits", settings.ClassDebugID - number & VarType(number), "13"
+settings.WriteSetting "ScriptKey", "kept"
+Check "a written key is found", settings.GetPrivateSetting("ScriptKey", "none"), "kept"
+settings.DelayStep = 12.5
+settings.SaveSettingsToDisk
+Set settings = Create("SettingsInfoClass")
+settings.GetSettingsFromDisk
+Check "preferences come back", settings.DelayStep, 12.5
 
-Sub TestSigns
-    Dim signs, number, fileName
-    Set signs = Create("DisplayDatabaseClass")
-    Check "a sign is added, but not twice", signs.AddNewDisplay("Harbour") & signs.AddNewDisplay("HARBOUR"), "1-1"
-    signs.CurrentDisplayNumber = 1
-    signs.ConnectionMethod = 2
-    signs.IPAddress = "10.0.0.5"
-    Check "a connection method has a name", signs.TranslateConnectionMethodToString(3), "Modem Connect"
-    number = signs.Duplicate("harbour", "Pier")
-    Check "the number of a copy has 32 bits", VarType(number) & number, "32"
-    number = signs.Duplicate("nowhere", "Mole")
-    Check "the number for no copy has 16 bits", VarType(number) & number, "2-1"
-    Check "removing returns False, but the others move up", signs.RemoveDisplay(1) & signs.FindDisplayByName("PIER"), "False1"
-    fileName = "Displays.dat"
-    signs.WriteAllDisplaysToDisk fileName
-    Check "the variable is set to the full name", Right(fileName, 13) & (Len(fileName) > 13), "\Displays.datTrue"
-    Set signs = Create("DisplayDatabaseClass")
-    signs.RetrieveAllDisplayInfoFromDisk
-    Check "the signs are read, with the missing port", signs.TotalDisplays & signs.GetConnectionInfoInString, "110.0.0.5:3001"
-End Sub
+' Signs.
+Set signs = Create("DisplayDatabaseClass")
+Check "a sign is added, but not twice", signs.AddNewDisplay("Harbour") & signs.AddNewDisplay("HARBOUR"), "1-1"
+signs.CurrentDisplayNumber = 1
+signs.ConnectionMethod = 2
+signs.IPAddress = "10.0.0.5"
+Check "a connection method has a name", signs.TranslateConnectionMethodToString(3), "Modem Connect"
+number = signs.Duplicate("harbour", "Pier")
+Check "the number of a copy has 32 bits", VarType(number) & number, "32"
+number = signs.Duplicate("nowhere", "Mole")
+Check "the number for no copy has 16 bits", VarType(number) & number, "2-1"
+Check "removing returns False, but the others move up", signs.RemoveDisplay(1) & signs.FindDisplayByName("PIER"), "False1"
+fileName = "Displays.dat"
+signs.WriteAllDisplaysToDisk fileName
+Check "the variable is set to the full name", Right(fileName, 13) & (Len(fileName) > 13), "\Displays.datTrue"
+Set signs = Create("DisplayDatabaseClass")
+signs.RetrieveAllDisplayInfoFromDisk
+Check "the signs are read, with the missing port", signs.TotalDisplays & signs.GetConnectionInfoInString, "110.0.0.5:3001"
 
-Sub TestCommands
-    Dim commands, key
-    Set commands = Create("clsCommandInterface")
-    Check "a row has a key and bytes", commands.sCommandKeyByNum(9) & Asc(commands.sCommandBytesByNum(9)), "##C3"
-    key = "key " & Chr(1) & Chr(126)
-    commands.sCommandBytesByKey(key) = "first"
-    Check "a new key gets the last row", commands.sCommandKeyByNum(commands.iTotalCommands), key
-    commands.sCommandBytesByNum(commands.iTotalCommands) = "second"
-    commands.SortCommandByLargestFirst
-    Set commands = Nothing
-    Check "the end of an object writes the table for the next", Create("clsCommandInterface").sCommandBytesByKey(key), "second"
-End Sub
+' Commands.
+Set commands = Create("clsCommandInterface")
+Check "a row has a key and bytes", commands.sCommandKeyByNum(9) & Asc(commands.sCommandBytesByNum(9)), "##C3"
+key = "key " & Chr(1) & Chr(126)
+commands.sCommandBytesByKey(key) = "first"
+Check "a new key gets the last row", commands.sCommandKeyByNum(commands.iTotalCommands), key
+commands.sCommandBytesByNum(commands.iTotalCommands) = "second"
+commands.SortCommandByLargestFirst
+Set commands = Nothing
+Check "the end of an object writes the table for the next", Create("clsCommandInterface").sCommandBytesByKey(key), "second"
 
-Sub TestRecentFiles
-    Dim recent
-    Set recent = Create("MostRecentlyUsed")
-    recent.AddFileToMostRecentlyUsedList "C:\Signs\A.plw"
-    recent.AddFileToMostRecentlyUsedList "C:\Signs\B.plw"
-    Check "the newest file comes first, for every object", recent.GetFirstFileName & recent.GetNextFile & _
-        Create("MostRecentlyUsed").GetFileName(2), "C:\Signs\B.plwC:\Signs\A.plwC:\Signs\A.plw"
-    recent.RemoveFileFromMostRecentlyUsed "C:\SIGNS\B.PLW"
-    Check "a removed file is gone", Create("MostRecentlyUsed").GetFirstFileName, "C:\Signs\A.plw"
-End Sub
-
-TestPlayfiles
-TestErrors
-TestEditing
-TestPreferences
-TestSigns
-TestCommands
-TestRecentFiles
+' Recent files.
+Set recent = Create("MostRecentlyUsed")
+recent.AddFileToMostRecentlyUsedList "C:\Signs\A.plw"
+recent.AddFileToMostRecentlyUsedList "C:\Signs\B.plw"
+Check "the newest file comes first, for every object", recent.GetFirstFileName & recent.GetNextFile & _
+    Create("MostRecentlyUsed").GetFileName(2), "C:\Signs\B.plwC:\Signs\A.plwC:\Signs\A.plw"
+recent.RemoveFileFromMostRecentlyUsed "C:\SIGNS\B.PLW"
+Check "a removed file is gone", Create("MostRecentlyUsed").GetFirstFileName, "C:\Signs\A.plw"
 WScript.Echo "the script ran to its end"

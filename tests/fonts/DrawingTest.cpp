@@ -125,15 +125,6 @@ TEST(Drawing, ShowsTheSameDotsOnEveryTarget) {
     }
 }
 
-TEST(Drawing, ReturnsWhereTheNextLetterStarts) {
-    PixelBuffer none(0, 0);
-    for (const auto& [height, magnification, advance] : {std::tuple(8, 3, 18), {9, 1, 9}, {16, -1, -9}}) {
-        const Font font = FontOf(6, Texts(static_cast<std::size_t>(height), "......"));
-        const Lettering lettering{font, static_cast<std::int16_t>(magnification)};
-        EXPECT_EQ(DrawLetters(lettering, "ABA", {none}, false), 2 * advance) << "B has no glyph";
-    }
-}
-
 TEST(Drawing, UsesATargetOfTheHostPixelByPixel) {
     const Font font = FontOf(6, {".#"});
     const Lettering lettering{font, 2, kFontColor};

@@ -1,7 +1,7 @@
 #include "fonts/FontLoading.h"
 
 #include "HostTest.h"
-#include "fonts/clsFontSizes.h"
+#include "fonts/classFontMaster.h"
 
 #include <algorithm>
 
@@ -24,6 +24,10 @@ TEST_F(FontLoading, FindsTheFontOfANumberForATypeOfSign) {
                   type >= 16 && type <= 25 && type != 22);
     files().put(full("bin/Fsacl68b.cmd"), "\7");
     EXPECT_EQ(widthOfBlank(LoadNumberedFont(5, 20, true)), 7);
+    Font largest{8, 64, std::string(255, 'A')};
+    largest.store.back() = 7;
+    files().put(full("largest.CFF"), HeaderFontBytes(largest) + "more");
+    EXPECT_EQ(LoadFontFile(full("largest.CFF"), -1, -1, true).font.value().store.back(), 7);
     for (const std::int16_t number : {std::int16_t{-1}, kNumberedFonts}) {
         const FontOutcome none = LoadNumberedFont(number, 20, true);
         EXPECT_TRUE(!none.font && !none.path && none.messages.empty()) << number;
@@ -37,7 +41,11 @@ TEST_F(FontLoading, ReportsWhichFileWasLoadedInItsPlace) {
     const std::string noMy = missing("fonts/", "My.cmd"), no6x8 = missing("", "6x8.cmd");
     const std::string nowhere = "Error Loading Font. Could not find " + full("fonts/My.cmd");
     const std::string noFont0 = "Error Loading Font. Could not find " + full("bin/6x8.cmd");
-    const Texts noStandard{missing("", "FSTND08.cmd"), "FSTND08.cmd NOT FOUND"};
+    const auto replaced = [&](const std::string& name) {
+        return missing("", name) + " (loading font 0 instead)";
+    };
+    const Texts noStandard{replaced("FSTND08.cmd"), "FSTND08.cmd NOT FOUND"};
+    const Texts nothing{replaced("6x8.cmd"), "6x8.cmd NOT FOUND", missing("bin/", "6x8.cmd"), noFont0};
     using enum FontSource;
     const struct {
         std::string path;
@@ -52,7 +60,7 @@ TEST_F(FontLoading, ReportsWhichFileWasLoadedInItsPlace) {
         {"fonts/My.cmd", {"bin/6x8.cmd", "CustomFonts/My.cmd"}, 2, sameNameElsewhere, {noMy}},
         {"6x8.cmd", {"bin/6x8.cmd", "Extended/6x8.cmd"}, 2, sameNameElsewhere, {no6x8}},
         {"FSTND08.cmd", {"BIN/6X8.CMD"}, 1, font0, noStandard},
-        {"6x8.cmd", {}, 0, font0, {no6x8, "6x8.cmd NOT FOUND", missing("bin/", "6x8.cmd"), noFont0}},
+        {"6x8.cmd", {}, 0, font0, nothing},
     };
     for (const auto& row : cases) {
         SCOPED_TRACE(testing::PrintToString(row.files));
@@ -64,6 +72,11 @@ TEST_F(FontLoading, ReportsWhichFileWasLoadedInItsPlace) {
         EXPECT_EQ(outcome.source, row.source);
         EXPECT_EQ(outcome.messages, row.messages);
         EXPECT_EQ(outcome.path.has_value(), row.loaded > 0);
+        classFontMaster fonts;
+        Texts shown;
+        fonts.OnMessage([&](const std::string& message) { shown.push_back(message); });
+        EXPECT_EQ(fonts.LoadFont(full(row.path), 6, 8), row.loaded > 0);
+        EXPECT_EQ(std::pair(int{fonts.Value().store[0]}, shown), std::pair(row.loaded, row.messages));
     }
 }
 

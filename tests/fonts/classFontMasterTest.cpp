@@ -40,6 +40,32 @@ TEST_F(FontMaster, DrawsWithItsPropertiesAndReturnsTheAdvance) {
     EXPECT_EQ(std::pair(advance, takeErrors()), std::pair(0, Numbers{6}));
 }
 
+TEST_F(FontMaster, PutsItsStepsOnTheTrace) {
+    const std::string font0 = JoinPath(host_.inLibrary("bin"), "6x8.cmd");
+    files().put(font0, "");
+    PixelBuffer pixels(9, 2);
+    std::int32_t advance = 7;
+    KeptTrace trace;
+    const ScopedTraceRecorder recorderScope(trace);
+    fonts_.DrawLetter("NN", pixels, 0, 0, -1, 0, advance);
+    fonts_.DrawLetter("", pixels, 0, 0, 0, 0, advance);
+    fonts_.DrawText("", pixels, 0, 0, 0, 0, advance = 5);
+    EXPECT_TRUE(fonts_.LoadFont("6x8.cmd", -1, -1));
+    std::string steps;
+    for (const std::string& line : trace.lines)
+        if (const std::size_t name = line.find("Font"); line.starts_with("> Function LoadFont"))
+            steps += line.substr(name) + "; ";
+        else if (line.find("GlyphOffset") != line.npos)
+            steps += line + "; ";
+        else if (const std::size_t value = line.find("advance="); value != line.npos)
+            steps += line.substr(0, 2) + line.substr(value);
+    EXPECT_EQ(steps, "> advance=7)> Function GlyphOffset (letter=N); < Function GlyphOffset (letter=N); "
+                     "< advance=3)> advance=3)< advance=0)> advance=5)< advance=0)"
+                     "Font (path=6x8.cmd, width=-1, height=-1); FontByNum (fontNumber=0, signType=0); "
+                     "Font (path=" +
+                         font0 + ", width=6, height=8); ");
+}
+
 TEST_F(FontMaster, ShowsMessagesAndKeepsItsFontIfLoadingFails) {
     Texts messages;
     fonts_.OnMessage([&](const std::string& message) { messages.push_back(message); });

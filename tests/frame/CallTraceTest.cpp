@@ -4,6 +4,7 @@
 #include "frame/Traced.h"
 #include "frame/modClassIDGenerator.h"
 #include <qrtVistrelClasses4/SettingsInfoClass.h>
+#include <qrtVistrelClasses4/clsCommandInterface.h>
 
 #include <gtest/gtest.h>
 
@@ -72,6 +73,19 @@ TEST_F(CallTrace, ShowsChangedArgumentsAtExitAndKeepsThoseOfTheEntryForReports) 
     EXPECT_EQ(trace_.lines, (Texts{entry, "< Sub Change (number=7, name=b)", entry}))
         << "an error skips the exit";
     EXPECT_EQ(host_.reports.all.at(0).procedure.arguments, "(number=2, name=a)");
+}
+
+TEST_F(CallTrace, ShowsThatTheBuiltInCommandsFollowTheFolderOfTheirFile) {
+    host_.machine.files().observer = [&](const FileOperation& operation) {
+        trace_.lines.emplace_back(operation.kind == FileOperation::createFolder ? "> Sub folder" : "");
+        return SystemError::none;
+    };
+    const clsCommandInterface commands;
+    std::string steps;
+    for (const std::string& line : trace_.lines)
+        if (const std::size_t name = line.find(' ', 2); line.find("Registry") == line.npos && line[0] == '>')
+            steps += line.substr(name, line.find(" (") - name);
+    EXPECT_EQ(steps, " Class_Initialize LoadCommandTable ReadSetting folder BuildBuiltInCommands");
 }
 
 TEST_F(CallTrace, IsSkippedWhileSwitchedOffButLeavesWhatWasEnteredBefore) {

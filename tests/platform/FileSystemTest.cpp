@@ -1,6 +1,7 @@
 #include "Machines.h"
 #include "platform/ReplacementFile.h"
 
+#include <numeric>
 #include <tuple>
 
 namespace qrtVistrelClasses4 {
@@ -15,8 +16,7 @@ TYPED_TEST_SUITE(FileSystemTest, Machines);
 TYPED_TEST(FileSystemTest, GivesBackEveryByteOfAFileAsAWholeAndInPieces) {
     const std::string path = this->file("a.txt");
     std::string large(300'000, '\0');
-    for (std::size_t i = 0; i < large.size(); ++i)
-        large[i] = static_cast<char>(i * 7);
+    std::iota(large.begin(), large.end(), '\0');
     this->put(path, "a line that is replaced\n");
     this->put(path, large.substr(0, 10));
     this->put(path, large.substr(10), OpenMode::append);

@@ -61,12 +61,12 @@ void addFault(const PreviewFault& fault, ErrorLines& errors) {
     using enum PreviewFault::What;
     if (fault.error)
         errors.add(*fault.error);
-    for (const std::string& message : fault.messages)
-        errors.add(fault.what == customFont ? Utf8FromAnsi(message) : message);
     if (fault.what == unnamedFont)
         errors.add("a line has a custom font, but does not name it");
     if (fault.what == unknownFontNumber)
         errors.add("there is no font " + fault.name);
+    for (const std::string& message : fault.messages)
+        errors.add(fault.what == customFont ? Utf8FromAnsi(message) : message);
     if (fault.what == picture)
         errors.add(Utf8FromAnsi(SplitPath(fault.name).name) +
                    " cannot be drawn: it is not an uncompressed BMP of up to " +
