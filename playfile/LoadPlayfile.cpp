@@ -3,6 +3,7 @@
 
 #include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
+#include "platform/FileNames.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "playfile/Effects.h"
@@ -33,7 +34,7 @@ void correctLine(LineRecord& line, const std::string& appFolder) {
     if (line.LineFontSize != kOldFont4x8)
         return;
     line.LineFontSize = kCustomFont;
-    line.LineCustomFont = JoinPath(JoinPath(appFolder, "CustomFonts"), kFont4x8File);
+    line.LineCustomFont = NameForPlayfile(JoinPath(JoinPath(appFolder, "CustomFonts"), kFont4x8File));
 }
 
 void readFrames(QuotedLineReader& in, const std::string& appFolder, LoadOutcome& outcome) {
@@ -86,6 +87,10 @@ LoadOutcome LoadPlayfileOver(Playfile existing, const std::string& path,
     return outcome;
 } catch (...) {
     RethrowAsRuntimeError();
+}
+
+std::string PathOfReference(const std::string& reference) {
+    return PathOnDisk(platform().files(), reference);
 }
 
 LoadOutcome LoadPlayfile(const std::string& path, const LoadCircumstances& circumstances) {

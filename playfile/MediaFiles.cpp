@@ -2,6 +2,7 @@
 
 #include "frame/SystemErrors.h"
 #include "frame/Traced.h"
+#include "platform/FileNames.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "playfile/FrameProcedures.h"
@@ -12,13 +13,20 @@ namespace qrtVistrelClasses4 {
 bool FileExists(const std::string& sFileName) {
     return traced(
         FrameFunction("FileExists"),
-        [&] { return IsRootedPath(sFileName) && platform().files().kindOf(sFileName) == EntryKind::file; },
+        [&] {
+            FileSystem& files = platform().files();
+            return IsRootedPath(sFileName) && files.kindOf(PathOnDisk(files, sFileName)) == EntryKind::file;
+        },
         Arg{"sFileName", sFileName});
 }
 
 bool IsFixedDrive(const std::string& sFileName) {
     return traced(
-        FrameFunction("IsFixedDrive"), [&] { return platform().files().isFixedDrive(sFileName); },
+        FrameFunction("IsFixedDrive"),
+        [&] {
+            FileSystem& files = platform().files();
+            return files.isFixedDrive(PathOnDisk(files, sFileName));
+        },
         Arg{"sFileName", sFileName});
 }
 
@@ -30,9 +38,10 @@ std::optional<std::string> CopyToDataFolder(const std::string& sFileName) {
             const std::string folder = files.existingName(JoinPath(GetAppFolder(), "Data"));
             if (files.kindOf(folder) != EntryKind::folder)
                 Check(files.createFolder(folder));
-            std::string copy = JoinPath(folder, SplitPath(sFileName).name);
-            Check(files.copy(sFileName, copy));
-            return copy;
+            const std::string source = PathOnDisk(files, sFileName);
+            const std::string copy = JoinPath(folder, SplitPath(source).name);
+            Check(files.copy(source, copy));
+            return NameForPlayfile(copy);
         },
         Arg{"sFileName", sFileName});
 }

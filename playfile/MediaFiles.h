@@ -6,6 +6,8 @@
 
 namespace qrtVistrelClasses4 {
 
+// References are in Windows-1252 or as they are on the disk; see `PathOnDisk`.
+
 /// True if the path starts at a drive (on systems other than Windows: at the root) and leads to a file.
 bool FileExists(const std::string& sFileName);
 
@@ -13,8 +15,8 @@ bool FileExists(const std::string& sFileName);
 bool IsFixedDrive(const std::string& sFileName);
 
 /// Copies the file, under its own name, into the "Data" folder of the application data folder. Makes that
-/// folder if needed, and replaces a file of that name. Returns the copy's full name, or nothing if copying
-/// failed, which has been reported then.
+/// folder if needed, and replaces a file of that name. Returns a reference to the copy with its full name, or
+/// nothing if copying failed, which has been reported then.
 std::optional<std::string> CopyToDataFolder(const std::string& sFileName);
 
 } // namespace qrtVistrelClasses4

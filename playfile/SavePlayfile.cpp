@@ -2,7 +2,7 @@
 
 #include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
-#include "platform/LetterCase.h"
+#include "platform/FileNames.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
@@ -60,7 +60,7 @@ private:
     /// Frames often share a file. A file is copied again only if another file of the same name was copied in
     /// between: the last one wins.
     std::optional<std::string> copyOnce(const std::string& file) {
-        Copied& last = copied_[AnsiUpper(SplitPath(file).name)];
+        Copied& last = copied_[FoldedName(SplitPath(file).name)];
         if (last.source != file)
             last = {file, CopyToDataFolder(file)};
         return last.copy;
@@ -69,7 +69,7 @@ private:
     const SaveCircumstances& circumstances_;
     SaveOutcome& outcome_;
     std::optional<bool> isWanted_;
-    std::unordered_map<std::string, Copied> copied_; ///< By file name in upper case.
+    std::unordered_map<std::string, Copied> copied_; ///< By `FoldedName` of the file name.
 };
 
 /// Writes a frame, with its references to copies. `copy` is the first copy of this frame or of a later one;
