@@ -9,6 +9,15 @@
 #include "settings/AppFolder.h"
 
 namespace qrtVistrelClasses4 {
+namespace {
+
+/// Throws if `error` is not `none`.
+void checkCopy(FailureReport report, SystemError error) {
+    if (error != SystemError::none)
+        throw report == FailureReport::quiet ? ErrorFor(error).quietly() : ErrorFor(error);
+}
+
+} // namespace
 
 bool FileExists(const std::string& sFileName) {
     return traced(
@@ -30,17 +39,17 @@ bool IsFixedDrive(const std::string& sFileName) {
         Arg{"sFileName", sFileName});
 }
 
-std::optional<std::string> CopyToDataFolder(const std::string& sFileName) {
+std::optional<std::string> CopyToDataFolder(const std::string& sFileName, FailureReport report) {
     return traced(
         FrameFunction("CopyToDataFolder"),
         [&]() -> std::optional<std::string> {
             FileSystem& files = platform().files();
             const std::string folder = files.existingName(JoinPath(GetAppFolder(), "Data"));
             if (files.kindOf(folder) != EntryKind::folder)
-                Check(files.createFolder(folder));
+                checkCopy(report, files.createFolder(folder));
             const std::string source = PathOnDisk(files, sFileName);
             const std::string copy = JoinPath(folder, SplitPath(source).name);
-            Check(files.copy(source, copy));
+            checkCopy(report, files.copy(source, copy));
             return NameForPlayfile(copy);
         },
         Arg{"sFileName", sFileName});

@@ -44,6 +44,13 @@ public:
         else
             outcome_.failedCopies.push_back(std::move(reference));
     }
+    /// Only the first failure of a save is shown to the operator. The log has them all, and their number.
+    void reportFailures() const {
+        if (const std::size_t count = outcome_.failedCopies.size(); count > 1)
+            ReportQuietly(
+                RuntimeError(static_cast<int>(ErrorNumber::pathFileAccess),
+                             std::to_string(count) + " references lead to files that could not be copied"));
+    }
 
 private:
     /// The file that was copied last under a name, and its copy; no copy if copying failed.
@@ -62,7 +69,8 @@ private:
     std::optional<std::string> copyOnce(const std::string& file) {
         Copied& last = copied_[FoldedName(SplitPath(file).name)];
         if (last.source != file)
-            last = {file, CopyToDataFolder(file)};
+            last = {file, CopyToDataFolder(file, outcome_.failedCopies.empty() ? FailureReport::usual
+                                                                               : FailureReport::quiet)};
         return last.copy;
     }
 
@@ -94,6 +102,7 @@ void writePlayfile(const Playfile& playfile, const std::string& path, const Save
     ReferenceCopier copier(circumstances, outcome);
     for (FrameReference& reference : referencesOf(playfile))
         copier.copy(std::move(reference));
+    copier.reportFailures();
     QuotedLineWriter out(file);
     WriteFrameCount(out, count);
     auto copy = outcome.copies.cbegin();

@@ -21,6 +21,10 @@ bool SaveOpened(const LoadOutcome& opened, const std::string& to, const AnswerOp
         session.errors.add("not saved: " + TextOf(*saved.error));
         return false;
     }
+    if (const std::size_t count = saved.failedCopies.size(); count > 0)
+        session.errors.add(Counted(count, "reference") +
+                           (count == 1 ? " leads to a file" : " lead to files") +
+                           " that could not be copied");
     if (opened.legacy)
         for (const auto& [frame, text] : opened.legacy->losses)
             session.out << Visible(opened.playfile.fileName) << ": frame " << frame << " loses its "
