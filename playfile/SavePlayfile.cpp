@@ -6,6 +6,7 @@
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
+#include "playfile/LegacyFormat.h"
 #include "playfile/MediaFiles.h"
 #include "playfile/PlayfileFormat.h"
 
@@ -94,6 +95,18 @@ void writeFrame(QuotedLineWriter& out, const FrameRecord& frame, std::int32_t nu
     WriteFrame(out, withCopies);
 }
 
+/// Whether `path` is a playfile of the older format under the name that these have. It cannot be made again,
+/// so it is never replaced. A file that cannot be read might be one, and is an error.
+bool isOlderPlayfile(const std::string& path) {
+    if (!HasLegacyEnding(path))
+        return false;
+    const auto file = platform().files().openToRead(path);
+    if (file.error() == SystemError::fileNotFound || file.error() == SystemError::folderNotFound)
+        return false;
+    Check(file.error());
+    return HasLegacyMark(*file.value());
+}
+
 void writePlayfile(const Playfile& playfile, const std::string& path, const SaveCircumstances& circumstances,
                    SaveOutcome& outcome) {
     ReplacementFile file(platform().files(), path);
@@ -118,6 +131,10 @@ SaveOutcome SavePlayfile(const Playfile& playfile, const std::string& path,
                          const SaveCircumstances& circumstances) try {
     SaveOutcome outcome;
     try {
+        outcome.wouldReplaceOlder = isOlderPlayfile(path);
+        if (outcome.wouldReplaceOlder)
+            throw RuntimeError(static_cast<int>(ErrorNumber::fileAlreadyExists),
+                               "The file is a playfile of the older format, which cannot be replaced");
         writePlayfile(playfile, path, circumstances, outcome);
     } catch (const RuntimeError& error) {
         outcome.error = error;

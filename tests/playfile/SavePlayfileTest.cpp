@@ -107,6 +107,24 @@ TEST_F(SavingPlayfiles, CopiesAFileOnceUnlessAnotherOfItsNameComesBetween) {
     }
 }
 
+TEST_F(SavingPlayfiles, NeverReplacesAPlayfileOfTheOlderFormat) {
+    FrameInfoClass playfile;
+    EXPECT_TRUE(playfile.WritePlayfileToDisk(host_.inLibrary("missing.PL2")));
+    for (const auto& [name, content, isKept] : {std::tuple("a.pl2", "PLWREV 1.50, records", true),
+                                                {"c.PL2", "PLWREV 1.5", false},
+                                                {"a.playfile", "PLWREV 1.50", false}}) {
+        const std::string path = host_.inLibrary(name);
+        files().put(path, content);
+        EXPECT_NE(playfile.WritePlayfileToDisk(path), isKept) << name;
+        EXPECT_EQ(files().content(path) == content, isKept) << name;
+        EXPECT_EQ(host_.reports.takeNumbers(), isKept ? Numbers{58} : Numbers{});
+        EXPECT_EQ(std::exchange(shown(), {}).size(), isKept ? 1u : 0u);
+        EXPECT_EQ(SavePlayfile(playfile.Value(), path).wouldReplaceOlder, isKept) << name;
+    }
+    host_.failReads(1, 1);
+    EXPECT_FALSE(SavePlayfile(playfile.Value(), host_.inLibrary("c.PL2")).isWritten()) << "it might be one";
+}
+
 TEST_F(SavingPlayfiles, ExportsFlagsAsYesAndNoAndFramesWithoutLines) {
     Playfile playfile{OneBasedArray<FrameRecord>(1), "", false};
     playfile.frames.at(1).OverlayFrame = 7;
