@@ -79,6 +79,9 @@ void RunFuzzed(FuzzedInput input) {
     Require(SavePlayfile(again.playfile, newPath).isWritten() &&
                 host.machine.files().content(newPath) == saved,
             "and comes back");
+    Require(SavePlayfile(again.playfile, path).wouldReplaceOlder &&
+                host.machine.files().content(path) == file,
+            "but the older playfile is never replaced");
 }
 
 } // namespace qrtVistrelClasses4

@@ -1,6 +1,7 @@
 #include "media/PictureCache.h"
 
 #include "media/BmpFile.h"
+#include "platform/FileNames.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
@@ -15,10 +16,6 @@ namespace {
 
 constexpr std::uint64_t kLargestFile = std::uint64_t{32} << 20; // more than the largest picture takes
 constexpr std::int64_t kMostPicturePixels = std::int64_t{16} << 20;
-
-bool isFile(const std::string& path) {
-    return IsRootedPath(path) && platform().files().kindOf(path) == EntryKind::file;
-}
 
 /// Null if the file is too large for a picture, or cannot be read.
 std::unique_ptr<InputFile> open(const std::string& path) {
@@ -44,9 +41,11 @@ bool isBmp(std::string_view path) {
 template <class Parse>
 auto PictureCache::read(const std::string& path, std::uint64_t most, Parse parse) {
     decltype(parse(std::string(), most)) result;
-    if (!isFile(path))
+    FileSystem& files = platform().files();
+    const std::string pathOnDisk = PathOnDisk(files, path);
+    if (!IsRootedPath(path) || files.kindOf(pathOnDisk) != EntryKind::file)
         return result;
-    if (const auto file = open(path))
+    if (const auto file = open(pathOnDisk))
         result = parse(startOf(*file, most), file->size());
     if (!result && isBmp(path) && reported_.insert(path).second)
         unreadable_.push_back(path);

@@ -9,6 +9,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 
@@ -104,9 +105,11 @@ public:
     virtual std::string resolveLinks(const std::string& path) = 0;
     /// The full path of `path`, which may be relative to the current folder. Links are not followed.
     virtual std::string fullName(const std::string& path) = 0;
-    /// `path`, with the file name as it is spelt on the disk if only the case of letters differs. Otherwise
-    /// `path` unchanged.
+    /// `path` as it is spelt on the disk, if only the case of letters in the file name differs, or the
+    /// encoding of `path` (see `PathOnDisk`). Otherwise `path` unchanged.
     virtual std::string existingName(const std::string& path) = 0;
+    /// The names of all entries in `folder`, in any order. None if it cannot be listed.
+    virtual std::vector<std::string> namesIn(const std::string& folder) = 0;
 
     /// Whether `path` lies on a disk that is always in this machine. On Windows the first letter of `path` is
     /// taken for the drive, so network names give false, and relative names mostly do. Elsewhere the file

@@ -3,6 +3,7 @@
 
 #include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
+#include "platform/FileNames.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "playfile/Effects.h"
@@ -59,7 +60,7 @@ void readLine(QuotedLineReader& in, LineRecord& line, const std::string& font4x8
 void readFrames(QuotedLineReader& in, const std::string& appFolder, LoadOutcome& outcome) {
     OneBasedArray<FrameRecord>& frames = outcome.playfile.frames;
     ReferenceFinder finder(outcome.playfile.fileName);
-    const std::string font4x8 = JoinPath(JoinPath(appFolder, "CustomFonts"), kFont4x8File);
+    const std::string font4x8 = NameForPlayfile(JoinPath(JoinPath(appFolder, "CustomFonts"), kFont4x8File));
     const std::int16_t count = ReadFrameCount(in);
     frames.resize(count);
     outcome.framesAnnounced = count;
@@ -102,6 +103,10 @@ LoadOutcome LoadPlayfileOver(Playfile existing, const std::string& path,
     return outcome;
 } catch (...) {
     RethrowAsRuntimeError();
+}
+
+std::string PathOfReference(const std::string& reference) {
+    return PathOnDisk(platform().files(), reference);
 }
 
 LoadOutcome LoadPlayfile(const std::string& path, const LoadCircumstances& circumstances) {

@@ -2,37 +2,55 @@
 
 #include "frame/SystemErrors.h"
 #include "frame/Traced.h"
+#include "platform/FileNames.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "playfile/FrameProcedures.h"
 #include "settings/AppFolder.h"
 
 namespace qrtVistrelClasses4 {
+namespace {
+
+/// Throws if `error` is not `none`.
+void checkCopy(FailureReport report, SystemError error) {
+    if (error != SystemError::none)
+        throw report == FailureReport::quiet ? ErrorFor(error).quietly() : ErrorFor(error);
+}
+
+} // namespace
 
 bool FileExists(const std::string& sFileName) {
     return traced(
         FrameFunction("FileExists"),
-        [&] { return IsRootedPath(sFileName) && platform().files().kindOf(sFileName) == EntryKind::file; },
+        [&] {
+            FileSystem& files = platform().files();
+            return IsRootedPath(sFileName) && files.kindOf(PathOnDisk(files, sFileName)) == EntryKind::file;
+        },
         Arg{"sFileName", sFileName});
 }
 
 bool IsFixedDrive(const std::string& sFileName) {
     return traced(
-        FrameFunction("IsFixedDrive"), [&] { return platform().files().isFixedDrive(sFileName); },
+        FrameFunction("IsFixedDrive"),
+        [&] {
+            FileSystem& files = platform().files();
+            return files.isFixedDrive(PathOnDisk(files, sFileName));
+        },
         Arg{"sFileName", sFileName});
 }
 
-std::optional<std::string> CopyToDataFolder(const std::string& sFileName) {
+std::optional<std::string> CopyToDataFolder(const std::string& sFileName, FailureReport report) {
     return traced(
         FrameFunction("CopyToDataFolder"),
         [&]() -> std::optional<std::string> {
             FileSystem& files = platform().files();
             const std::string folder = files.existingName(JoinPath(GetAppFolder(), "Data"));
             if (files.kindOf(folder) != EntryKind::folder)
-                Check(files.createFolder(folder));
-            std::string copy = JoinPath(folder, SplitPath(sFileName).name);
-            Check(files.copy(sFileName, copy));
-            return copy;
+                checkCopy(report, files.createFolder(folder));
+            const std::string source = PathOnDisk(files, sFileName);
+            const std::string copy = JoinPath(folder, SplitPath(source).name);
+            checkCopy(report, files.copy(source, copy));
+            return NameForPlayfile(copy);
         },
         Arg{"sFileName", sFileName});
 }

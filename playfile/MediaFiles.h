@@ -6,15 +6,22 @@
 
 namespace qrtVistrelClasses4 {
 
+// References are in Windows-1252 or as they are on the disk; see `PathOnDisk`.
+
 /// True if the path starts at a drive (on systems other than Windows: at the root) and leads to a file.
 bool FileExists(const std::string& sFileName);
 
 /// Whether the file lies on a disk that is built into this machine.
 bool IsFixedDrive(const std::string& sFileName);
 
+enum class FailureReport {
+    usual,
+    quiet, ///< Logged, but not shown to the operator.
+};
+
 /// Copies the file, under its own name, into the "Data" folder of the application data folder. Makes that
-/// folder if needed, and replaces a file of that name. Returns the copy's full name, or nothing if copying
-/// failed, which has been reported then.
-std::optional<std::string> CopyToDataFolder(const std::string& sFileName);
+/// folder if needed, and replaces a file of that name. Returns a reference to the copy with its full name, or
+/// nothing if copying failed, which has been reported as `report` says.
+std::optional<std::string> CopyToDataFolder(const std::string& sFileName, FailureReport report);
 
 } // namespace qrtVistrelClasses4

@@ -1,4 +1,5 @@
 // What `FrameInfoClass` makes of loading, saving and exporting a playfile: its trap, its boxes, its results.
+#include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
 #include "frame/Traced.h"
 #include "platform/Platform.h"
@@ -77,6 +78,8 @@ bool FrameInfoClass::WritePlayfileToDisk(const std::string& sFileName) {
                 circumstances.wantsCopies = AskWhetherToCopyFiles;
             const SaveOutcome outcome = SavePlayfile(playfile_, sFileName, circumstances);
             ReferToCopies(playfile_, outcome.copies);
+            if (outcome.wouldReplaceOlder)
+                ReportQuietly(*outcome.error); // the box gives other reasons
             if (!outcome.isWritten())
                 showSaveError("Error writing to file.\r\n"
                               "Check if file is read-only and you have rights to read/write to the playfile "

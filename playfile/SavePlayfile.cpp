@@ -2,10 +2,11 @@
 
 #include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
-#include "platform/LetterCase.h"
+#include "platform/FileNames.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
+#include "playfile/LegacyFormat.h"
 #include "playfile/MediaFiles.h"
 #include "playfile/PlayfileFormat.h"
 
@@ -44,6 +45,13 @@ public:
         else
             outcome_.failedCopies.push_back(std::move(reference));
     }
+    /// Only the first failure of a save is shown to the operator. The log has them all, and their number.
+    void reportFailures() const {
+        if (const std::size_t count = outcome_.failedCopies.size(); count > 1)
+            ReportQuietly(
+                RuntimeError(static_cast<int>(ErrorNumber::pathFileAccess),
+                             std::to_string(count) + " references lead to files that could not be copied"));
+    }
 
 private:
     /// The file that was copied last under a name, and its copy; no copy if copying failed.
@@ -60,16 +68,17 @@ private:
     /// Frames often share a file. A file is copied again only if another file of the same name was copied in
     /// between: the last one wins.
     std::optional<std::string> copyOnce(const std::string& file) {
-        Copied& last = copied_[AnsiUpperCase(SplitPath(file).name)];
+        Copied& last = copied_[FoldedName(SplitPath(file).name)];
         if (last.source != file)
-            last = {file, CopyToDataFolder(file)};
+            last = {file, CopyToDataFolder(file, outcome_.failedCopies.empty() ? FailureReport::usual
+                                                                               : FailureReport::quiet)};
         return last.copy;
     }
 
     const SaveCircumstances& circumstances_;
     SaveOutcome& outcome_;
     std::optional<bool> isWanted_;
-    std::unordered_map<std::string, Copied> copied_; ///< By file name in upper case.
+    std::unordered_map<std::string, Copied> copied_; ///< By `FoldedName` of the file name.
 };
 
 /// Writes a frame, with its references to copies. `copy` is the first copy of this frame or of a later one;
@@ -86,6 +95,18 @@ void writeFrame(QuotedLineWriter& out, const FrameRecord& frame, std::int32_t nu
     WriteFrame(out, withCopies);
 }
 
+/// Whether `path` is a playfile of the older format under the name that these have. It cannot be made again,
+/// so it is never replaced. A file that cannot be read might be one, and is an error.
+bool isOlderPlayfile(const std::string& path) {
+    if (!HasLegacyEnding(path))
+        return false;
+    const auto file = platform().files().openToRead(path);
+    if (file.error() == SystemError::fileNotFound || file.error() == SystemError::folderNotFound)
+        return false;
+    Check(file.error());
+    return HasLegacyMark(*file.value());
+}
+
 void writePlayfile(const Playfile& playfile, const std::string& path, const SaveCircumstances& circumstances,
                    SaveOutcome& outcome) {
     ReplacementFile file(platform().files(), path);
@@ -94,6 +115,7 @@ void writePlayfile(const Playfile& playfile, const std::string& path, const Save
     ReferenceCopier copier(circumstances, outcome);
     for (FrameReference& reference : referencesOf(playfile))
         copier.copy(std::move(reference));
+    copier.reportFailures();
     QuotedLineWriter out(file);
     WriteFrameCount(out, count);
     auto copy = outcome.copies.cbegin();
@@ -109,6 +131,10 @@ SaveOutcome SavePlayfile(const Playfile& playfile, const std::string& path,
                          const SaveCircumstances& circumstances) try {
     SaveOutcome outcome;
     try {
+        outcome.wouldReplaceOlder = isOlderPlayfile(path);
+        if (outcome.wouldReplaceOlder)
+            throw RuntimeError(static_cast<int>(ErrorNumber::fileAlreadyExists),
+                               "The file is a playfile of the older format, which cannot be replaced");
         writePlayfile(playfile, path, circumstances, outcome);
     } catch (const RuntimeError& error) {
         outcome.error = error;

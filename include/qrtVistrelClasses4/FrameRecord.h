@@ -159,6 +159,7 @@ enum class Quirk : std::uint8_t {
     outOfClipboardOnly, ///< Copied out of a clipboard, but not into one, so that it is lost on the way.
     forgivesCursors, ///< With a cursor outside frames or lines it reads empty, and after the last line it is
                      ///< not stored.
+    namesFile,       ///< The name of a file.
 };
 
 /// The columns of a row that do not depend on the type of its member.
@@ -206,13 +207,13 @@ inline constexpr std::string_view kSpare = "Spare";
 /// In file order. A frame's number of lines and the lines follow it in the file.
 inline constexpr std::tuple kFrameMembers{
     // clang-format off
-    PlayfileMember<&FrameRecord::commandfile>{"commandfile", Access::traced, "CMDFile_Name", 1, 1},
+    PlayfileMember<&FrameRecord::commandfile>{"commandfile", Access::traced, "CMDFile_Name", 1, 1, Quirk::namesFile},
     PlayfileMember<&FrameRecord::DelayTime, DelayAccessor>{"DelayTime", Access::traced, "Delay_Time", 3, 3},
     PlayfileMember<&FrameRecord::FontHeight>{"FontHeight", Access::traced, "Font_Height", 4, 4, Quirk::roundedWhenRead},
     PlayfileMember<&FrameRecord::FontWidth>{"FontWidth", Access::traced, "", 0, 5},
     PlayfileMember<&FrameRecord::FrameName>{"FrameName", Access::traced, "FrameInfo_Name", 5, 6},
     PlayfileMember<&FrameRecord::FrameType, FrameTypeAccessor>{"FrameType", Access::traced, "FrameInfo_Type", 6, 7},
-    PlayfileMember<&FrameRecord::PicturefileName>{"PicturefileName", Access::traced, "Picture", 7, 8},
+    PlayfileMember<&FrameRecord::PicturefileName>{"PicturefileName", Access::traced, "Picture", 7, 8, Quirk::namesFile},
     PlayfileMember<&FrameRecord::PrefixCode, PrefixCodeAccessor>{"PrefixCode", Access::traced, "Prefix_Code", 8, 11},
     PlayfileMember<&FrameRecord::SuffixCode, SuffixCodeAccessor>{"SuffixCode", Access::traced, "Suffix_Code", 9, 12},
     PlayfileMember<&FrameRecord::PictureFileDisplay>{"PictureFileDisplay", Access::traced, "PictureFile_Display", 10, 9},
@@ -223,7 +224,7 @@ inline constexpr std::tuple kFrameMembers{
     PlayfileMember<&FrameRecord::OverlayFrame, OverlayAccessor>{"OverlayFrame", Access::untraced, "Previous_Frame_Overlay", 14, 13},
     PlayfileMember<&FrameRecord::AVIFrames>{"AVIFrames", Access::untraced, "AVI_Frames", 15, 17},
     PlayfileMember<&FrameRecord::FastScroll, OneIsOnAccessor<&FrameRecord::FastScroll>>{"FastScroll", Access::untraced, "FastScroll", 0, 18},
-    PlayfileMember<&FrameRecord::AudioFile>{"AudioFile", Access::untraced, "Audio_Name", 16, 14},
+    PlayfileMember<&FrameRecord::AudioFile>{"AudioFile", Access::untraced, "Audio_Name", 16, 14, Quirk::namesFile},
     PlayfileMember<&FrameRecord::spareTexts>{"", Access::none, kSpare},
     PlayfileMember<&FrameRecord::WinBackColor>{"WinBackColor", Access::untraced, "WinBackColor", 0, 19},
     PlayfileMember<&FrameRecord::FixedNumberOfLines, LineLimitAccessor>{"FixedNumberOfLines", Access::untraced, "FixedNumberOfLines"},
@@ -239,7 +240,7 @@ inline constexpr std::tuple kLineMembers{
     PlayfileMember<&LineRecord::Scrolling>{"Scrolling", Access::traced, "Scrolling", 3, 2},
     PlayfileMember<&LineRecord::Inverse>{"Inverse", Access::untraced, "Inverse", 4, 6},
     PlayfileMember<&LineRecord::Blinking>{"Blinking", Access::untraced, "Blinking", 5, 5},
-    PlayfileMember<&LineRecord::LineCustomFont>{"LineCustomFont", Access::untraced, "CustomFont", 6, 4},
+    PlayfileMember<&LineRecord::LineCustomFont>{"LineCustomFont", Access::untraced, "CustomFont", 6, 4, Quirk::namesFile},
     PlayfileMember<&LineRecord::spareShorts>{"", Access::none, kSpare},
     PlayfileMember<&LineRecord::spareTexts>{"", Access::none, kSpare},
     PlayfileMember<&LineRecord::spareLongs>{"", Access::none, kSpare},

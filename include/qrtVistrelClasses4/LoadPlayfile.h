@@ -85,4 +85,8 @@ LoadOutcome LoadPlayfile(const std::string& path, const LoadCircumstances& circu
 LoadOutcome LoadPlayfileOver(Playfile existing, const std::string& path,
                              const LoadCircumstances& circumstances = {});
 
+/// The path by which this machine opens the file that a reference names. References are Windows-1252; disks
+/// of POSIX systems mostly have names in UTF-8. Returns the reference itself if the file is in neither place.
+std::string PathOfReference(const std::string& reference);
+
 } // namespace qrtVistrelClasses4

@@ -42,19 +42,23 @@ struct CopiedReference {
 
 struct [[nodiscard]] SaveOutcome {
     std::optional<RuntimeError> error; ///< Empty if the playfile was written.
+    /// True if `path` is a playfile of the older format, with a name that ends in "PL2". No save could make
+    /// it again, so it is kept, and `error` says so.
+    bool wouldReplaceOlder = false;
     /// In the order of the frames. Filled even if the playfile could not be written afterwards.
     std::vector<CopiedReference> copies;
-    /// Files whose copying failed, which has been reported. They are referred to where they are.
+    /// Files whose copying failed. They are referred to where they are. The first failure has been reported
+    /// as usual; the others, and then their number, have been reported quietly.
     std::vector<FrameReference> failedCopies;
 
     bool isWritten() const { return !error; }
 };
 
 /// Writes a playfile to `path`, with references to the copies that it makes. A failure leaves the existing
-/// file unchanged. A delay that is infinite or not a number is error 6, since a file with it could not be
-/// loaded; then nothing is copied either. The host may change `playfile` while a question is asked or a
-/// failed copy is reported. The frames are looked up again afterwards, as many as there were at first, and a
-/// frame that has gone is error 9.
+/// file unchanged. A playfile of the older format is never replaced. A delay that is infinite or not a number
+/// is error 6, since a file with it could not be loaded; then nothing is copied either. The host may change
+/// `playfile` while a question is asked or a failed copy is reported. The frames are looked up again
+/// afterwards, as many as there were at first, and a frame that has gone is error 9.
 SaveOutcome SavePlayfile(const Playfile& playfile, const std::string& path,
                          const SaveCircumstances& circumstances = {});
 

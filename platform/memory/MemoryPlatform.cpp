@@ -1,6 +1,6 @@
 #include "platform/memory/MemoryPlatform.h"
 
-#include "platform/LetterCase.h"
+#include "platform/FileNames.h"
 #include "platform/ReplacementFile.h"
 
 #include <algorithm>
@@ -266,14 +266,17 @@ std::string MemoryFileSystem::fullName(const std::string& path) {
     return isRelative(path) ? JoinPath(kCurrentFolder, path) : path;
 }
 
-std::string MemoryFileSystem::existingName(const std::string& path) {
-    if (kindOf(path) != EntryKind::missing)
-        return path;
-    const std::string wanted = AnsiUpperCase(normal(path));
-    for (const auto& [name, entry] : entries_)
-        if (parentOf(name) == parentOf(normal(path)) && AnsiUpperCase(name) == wanted)
-            return std::string(SplitPath(path).folder).append(SplitPath(name).name);
-    return path;
+std::string MemoryFileSystem::existingName(const std::string& path) { return FindExistingName(*this, path); }
+
+std::vector<std::string> MemoryFileSystem::namesIn(const std::string& folder) {
+    std::vector<std::string> names;
+    if (perform({FileOperation::list, folder, {}, {}}) != SystemError::none)
+        return names;
+    const std::string listed = normal(folder.empty() ? kCurrentFolder : folder);
+    for (const auto& [path, entry] : entries_)
+        if (parentOf(path) == listed)
+            names.emplace_back(SplitPath(path).name);
+    return names;
 }
 
 bool MemoryFileSystem::isFixedDrive(const std::string& path) {

@@ -21,7 +21,8 @@ namespace qrtVistrelClasses4 {
 /// An operation of a `MemoryFileSystem` that is about to happen.
 struct FileOperation {
     enum Kind {
-        look, ///< For kind, size, right to write or spelling.
+        look, ///< For kind, size or right to write.
+        list, ///< The names in a folder.
         read,
         open,
         write,
@@ -60,6 +61,7 @@ public:
     std::string resolveLinks(const std::string& path) override { return path; }
     std::string fullName(const std::string& path) override;
     std::string existingName(const std::string& path) override;
+    std::vector<std::string> namesIn(const std::string& folder) override;
     bool isFixedDrive(const std::string& path) override;
 
     /// Makes a file and the folders above it. The observer does not see it.

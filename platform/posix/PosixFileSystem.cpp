@@ -1,6 +1,6 @@
 #include "platform/posix/PosixFileSystem.h"
 
-#include "platform/LetterCase.h"
+#include "platform/FileNames.h"
 #include "platform/Path.h"
 #include "platform/ReplacementFile.h"
 #include "platform/TemporaryName.h"
@@ -314,20 +314,17 @@ std::string PosixFileSystem::fullName(const std::string& path) {
     return JoinPath(folder.data(), path);
 }
 
-std::string PosixFileSystem::existingName(const std::string& path) {
-    struct stat status {};
-    if (::lstat(path.c_str(), &status) == 0)
-        return path;
-    const std::size_t nameStart = path.rfind('/') + 1; // 0 without one
-    const std::string wanted = AnsiUpperCase(std::string_view(path).substr(nameStart));
-    const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(folderOf(path).c_str()), &::closedir);
-    std::string found; // of several, the first by its letters, whatever the order in the folder
-    while (const dirent* entry = folder ? ::readdir(folder.get()) : nullptr) {
-        std::string name = entry->d_name;
-        if (AnsiUpperCase(name) == wanted && (found.empty() || name < found))
-            found = std::move(name);
-    }
-    return found.empty() ? path : path.substr(0, nameStart) + found;
+std::string PosixFileSystem::existingName(const std::string& path) { return FindExistingName(*this, path); }
+
+std::vector<std::string> PosixFileSystem::namesIn(const std::string& folder) {
+    std::vector<std::string> names;
+    if (!isUsableName(folder))
+        return names;
+    const std::unique_ptr<DIR, int (*)(DIR*)> opened(::opendir(folder.empty() ? "." : folder.c_str()),
+                                                     &::closedir);
+    while (const dirent* entry = opened ? ::readdir(opened.get()) : nullptr)
+        names.emplace_back(entry->d_name);
+    return names;
 }
 
 } // namespace qrtVistrelClasses4

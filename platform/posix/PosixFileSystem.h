@@ -23,6 +23,7 @@ public:
     std::string resolveLinks(const std::string& path) override;
     std::string fullName(const std::string& path) override;
     std::string existingName(const std::string& path) override;
+    std::vector<std::string> namesIn(const std::string& folder) override;
     bool isFixedDrive(const std::string& path) override;
 };
 

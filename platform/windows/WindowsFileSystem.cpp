@@ -378,6 +378,21 @@ std::string WindowsFileSystem::existingName(const std::string& path) {
                : path;
 }
 
+std::vector<std::string> WindowsFileSystem::namesIn(const std::string& folder) {
+    std::vector<std::string> names;
+    WIN32_FIND_DATAA data{};
+    const std::string pattern = JoinPath(folder, "*");
+    const HANDLE search =
+        isUsableName(pattern) ? ::FindFirstFileA(pattern.c_str(), &data) : INVALID_HANDLE_VALUE;
+    if (search == INVALID_HANDLE_VALUE)
+        return names;
+    do
+        names.emplace_back(data.cFileName);
+    while (::FindNextFileA(search, &data));
+    ::FindClose(search);
+    return names;
+}
+
 bool WindowsFileSystem::isFixedDrive(const std::string& path) {
     if (path.empty())
         return false;

@@ -1,4 +1,5 @@
 #include "Machines.h"
+#include "platform/FileNames.h"
 #include "platform/ReplacementFile.h"
 
 #include <numeric>
@@ -77,7 +78,7 @@ TYPED_TEST(FileSystemTest, CopiesTheWholeFileOrKeepsTheOldTarget) {
     EXPECT_EQ(this->machine.fileCount(), 2);
 }
 
-TYPED_TEST(FileSystemTest, FindsANameSpeltInAnotherCaseAndTheFolderOfARelativeOne) {
+TYPED_TEST(FileSystemTest, FindsANameSpeltInAnotherCaseOrEncodingAndTheFolderOfARelativeOne) {
     const std::string path = this->file("Fnt4x8.CFF"), full = this->files().fullName("a.txt");
     this->put(path, "font");
     EXPECT_EQ(this->files().existingName(this->file("FNT4X8.cff")), path);
@@ -85,23 +86,18 @@ TYPED_TEST(FileSystemTest, FindsANameSpeltInAnotherCaseAndTheFolderOfARelativeOn
         EXPECT_EQ(this->files().existingName(asGiven), asGiven);
     EXPECT_TRUE(IsRootedPath(full) && SplitPath(full).name == "a.txt") << full;
     EXPECT_EQ(this->files().fullName(path), path);
-}
-
-TYPED_TEST(FileSystemTest, ReplacesAFileWhenTheNewOneIsCommittedAndNeverAReadOnlyOne) {
-    const std::string path = this->file("a.playfile");
-    const auto replace = [&](const char* content) {
-        ReplacementFile file(this->files(), path);
-        const SystemError written = file.write(content);
-        EXPECT_EQ(file.commit(), written);
-        return written;
-    };
-    for (const char* content : {"made", "replaced"})
-        EXPECT_EQ(replace(content), none);
-    EXPECT_EQ(ReplacementFile(this->files(), path).write("given up"), none);
-    this->machine.protect(path);
-    EXPECT_EQ(replace("refused"), accessDenied);
-    EXPECT_EQ(this->textOf(path), "replaced");
-    EXPECT_EQ(this->machine.fileCount(), 1);
+    if (!kNamesAreUtf8)
+        return; // Windows ignores case, and converts names itself
+    this->put(this->file("fnt4x8.CFF"), "font");
+    EXPECT_EQ(this->files().existingName(this->file("FNT4X8.cff")), path) << "the first by its bytes";
+    const std::string folder = this->file("\u00dc"), inFolder = JoinPath(folder, "Gr\u00f6\u00dfe.\u041a");
+    ASSERT_EQ(this->files().createFolder(folder), none);
+    this->put(inFolder, "picture");
+    for (const char* name :
+         {"\xdc/Gr\xf6\xdf\x65.\u041a", "\xdc/GR\xd6\xdf\x45.\u041a", "\u00dc/gr\u00f6\xdf\x45.\u041a"})
+        EXPECT_EQ(this->files().existingName(this->file(name)), inFolder) << name;
+    const std::string other = JoinPath(folder, "Gr\u00f6\u00dfe.\u040a");
+    EXPECT_EQ(this->files().existingName(other), other) << "9A, a byte of a letter, is none by itself";
 }
 
 TEST(ReplacementFile, IsWrittenInPlaceOnceCompleteWhereTheFolderTakesNoNewFile) {

@@ -2,6 +2,7 @@
 #include <qrtVistrelClasses4/LoadPlayfile.h>
 
 #include "TestHost.h"
+#include "platform/FileNames.h"
 #include "settings/RegistrySettings.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/SavePlayfile.h>
@@ -105,6 +106,26 @@ TEST_F(LoadingPlayfiles, FindsMissingFilesBesideThePlayfile) {
         expectRead(why, 6, reference, &FrameRecord::PicturefileName, found);
         expectRead(why, 1, reference, &FrameRecord::commandfile, found);
     }
+    int listings = 0;
+    files().observer = [&](const FileOperation& operation) {
+        listings += operation.kind == FileOperation::list ? 1 : 0;
+        return SystemError::none;
+    };
+    EXPECT_TRUE(load(fileOf(oneFrame())).isComplete);
+    EXPECT_EQ(listings, 1) << "for two files that are missing";
+}
+
+TEST_F(LoadingPlayfiles, FindsFilesWithUtf8NamesAndKeepsReferencesInTheCodePage) {
+    if (!kNamesAreUtf8)
+        GTEST_SKIP() << "the system converts names";
+    const std::string picture = JoinPath(folder_, "Gr\u00f6\u00dfe.bmp"),
+                      found = JoinPath(folder_, "Gr\xf6\xdf\x65.bmp");
+    files().put(picture, "picture");
+    for (const std::string reference : {"Q:\\GR\xd6\xdf\x45.BMP", "Q:\\Gr\u00f6\u00dfe.bmp", found.c_str()})
+        expectRead("beside, or where it says", 6, reference, &FrameRecord::PicturefileName, found);
+    expectRead("the disk's own bytes hold, too", 6, picture, &FrameRecord::PicturefileName, picture);
+    EXPECT_EQ(PathOfReference(found), picture);
+    EXPECT_EQ(PathOfReference("gone\xe4"), "gone\xe4");
 }
 
 TEST_F(LoadingPlayfiles, SaysWhatIsWrongAndWhere) {

@@ -2,6 +2,7 @@
 #include <qrtVistrelClasses4/SavePlayfile.h>
 
 #include "TestHost.h"
+#include "platform/FileNames.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 
 #include <gtest/gtest.h>
@@ -22,13 +23,16 @@ struct SavingPlayfiles : testing::Test {
 };
 
 TEST_F(SavingPlayfiles, CopiesFilesFromDrivesThatMayGoAwayIfTheOperatorWantsIt) {
-    const std::string loose = host_.inLibrary("floppy"), copy = JoinPath(host_.inLibrary("Data"), "two.cmd");
+    const std::string loose = host_.inLibrary("floppy"), data = host_.inLibrary("Data"),
+                      copy = JoinPath(data, "tw\xf6.cmd"),
+                      onDisk = kNamesAreUtf8 ? "tw\u00f6.cmd" : "tw\xf6.cmd";
     const FrameReference picture{1, &FrameRecord::PicturefileName, JoinPath(loose, "one.bmp")},
-        command{2, &FrameRecord::commandfile, JoinPath(loose, "two.cmd")};
+        other{2, &FrameRecord::PicturefileName, JoinPath(loose, "other.bmp")},
+        command{2, &FrameRecord::commandfile, JoinPath(loose, "tw\xf6.cmd")};
     files().addLooseDrive(loose);
-    files().put(command.file, "commands");
+    files().put(JoinPath(loose, onDisk), "commands");
     Playfile playfile{OneBasedArray<FrameRecord>(2), "", false};
-    for (const FrameReference& reference : {picture, command})
+    for (const FrameReference& reference : {picture, other, command})
         playfile.frames.at(reference.frame).*reference.member = reference.file;
     int questions = 0;
     const auto save = [&](bool wantsCopies) {
@@ -37,20 +41,22 @@ TEST_F(SavingPlayfiles, CopiesFilesFromDrivesThatMayGoAwayIfTheOperatorWantsIt) 
     };
     EXPECT_TRUE(SavePlayfile(playfile, path_).copies.empty()) << "nobody to ask";
     EXPECT_TRUE(save(false).copies.empty());
-    EXPECT_EQ(questions, 1) << "for two files";
+    EXPECT_EQ(questions, 1) << "for three files";
     EXPECT_NE(saved().find(command.file), std::string::npos);
     const SaveOutcome outcome = save(true);
     EXPECT_EQ(outcome.copies, (std::vector<CopiedReference>{{command, copy}}));
-    EXPECT_EQ(outcome.failedCopies, std::vector{picture});
-    EXPECT_EQ(host_.reports.takeNumbers(), Numbers{53});
-    EXPECT_EQ(files().content(copy), "commands");
+    EXPECT_EQ(outcome.failedCopies, (std::vector{picture, other}));
+    for (std::size_t i = 0; i < host_.reports.all.size(); ++i)
+        EXPECT_EQ(host_.reports.all[i].error.isQuiet(), i > 0) << "only one is shown, and the last counts";
+    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{53, 53, 75}));
+    EXPECT_EQ(files().content(JoinPath(data, onDisk)), "commands");
     EXPECT_NE(saved().find(copy), std::string::npos);
     ReferToCopies(playfile, outcome.copies);
     EXPECT_EQ(playfile.frames.at(2).commandfile, copy);
     playfile.frames.at(2).DelayTime = std::numeric_limits<double>::infinity();
     EXPECT_EQ(SavePlayfile(playfile, path_).error->number(), 6) << "it could not be loaded";
     playfile.frames.at(2).DelayTime = 0;
-    playfile.frames.at(1).PicturefileName = "";
+    playfile.frames.at(1).PicturefileName = playfile.frames.at(2).PicturefileName = "";
     EXPECT_TRUE(save(true).copies.empty());
     EXPECT_EQ(questions, 2) << "nothing is left to ask";
 }
@@ -99,6 +105,24 @@ TEST_F(SavingPlayfiles, CopiesAFileOnceUnlessAnotherOfItsNameComesBetween) {
         EXPECT_EQ(std::exchange(copies, 0), expected);
         EXPECT_EQ(files().content(copy), "picture A") << "the last of a name wins";
     }
+}
+
+TEST_F(SavingPlayfiles, NeverReplacesAPlayfileOfTheOlderFormat) {
+    FrameInfoClass playfile;
+    EXPECT_TRUE(playfile.WritePlayfileToDisk(host_.inLibrary("missing.PL2")));
+    for (const auto& [name, content, isKept] : {std::tuple("a.pl2", "PLWREV 1.50, records", true),
+                                                {"c.PL2", "PLWREV 1.5", false},
+                                                {"a.playfile", "PLWREV 1.50", false}}) {
+        const std::string path = host_.inLibrary(name);
+        files().put(path, content);
+        EXPECT_NE(playfile.WritePlayfileToDisk(path), isKept) << name;
+        EXPECT_EQ(files().content(path) == content, isKept) << name;
+        EXPECT_EQ(host_.reports.takeNumbers(), isKept ? Numbers{58} : Numbers{});
+        EXPECT_EQ(std::exchange(shown(), {}).size(), isKept ? 1u : 0u);
+        EXPECT_EQ(SavePlayfile(playfile.Value(), path).wouldReplaceOlder, isKept) << name;
+    }
+    host_.failReads(1, 1);
+    EXPECT_FALSE(SavePlayfile(playfile.Value(), host_.inLibrary("c.PL2")).isWritten()) << "it might be one";
 }
 
 TEST_F(SavingPlayfiles, ExportsFlagsAsYesAndNoAndFramesWithoutLines) {

@@ -14,21 +14,25 @@ TEST(Encoding, EveryByteIsACharacterOfTheCodePageAndComesBack) {
     }
     EXPECT_EQ(Utf8FromAnsi("Caf\xe9 \x80\x9f \x81\x9d \xa0"), "Caf\u00e9 \u20ac\u0178 \u0081\u009d \u00a0")
         << "first and last of its own range, undefined codes, first after it";
+    for (const char* lacking : {"\u042b", "\u0080", "\U0001f600", "\xc3"})
+        EXPECT_EQ(AnsiFromUtf8(lacking), std::nullopt) << lacking;
 }
 
-TEST(Encoding, WhatTheCodePageLacksHasNoWayBack) {
-    const std::pair<const char*, std::string> cases[] = {
-        {"another alphabet", "\u042b"},
-        {"control whose number means another character here", "\u0080"},
-        {"character beyond 16 bits", "\U0001f600"},
-        {"text cut in a character", "\xc3"},
-        {"tail without a start", "\xa9"},
-        {"start without a tail", "\xc3x"},
-        {"overlong ASCII, two bytes", "\xc1\x81"},
-        {"overlong ASCII, three bytes", "\xe0\x81\x81"},
+TEST(Encoding, NamesOfFilesAreKeptInTheCodePageWhereTheyCanBeReadBack) {
+    const struct {
+        const char* why;
+        std::string onDisk, inPlayfile, shown = onDisk;
+    } cases[] = {
+        {"letters of the code page", "/\u00fc/Gr\u00f6\u00dfe \u20ac", "/\xfc/Gr\xf6\xdf\x65 \x80"},
+        {"a folder with another letter", "/\u042b/\u00fc.bmp", "/\u042b/\xfc.bmp"},
+        {"no UTF-8", "/\u00fc/\xff.bmp", "/\u00fc/\xff.bmp", "/\u00fc/\u00ff.bmp"},
+        {"what would be UTF-8 again", "/\u00c3\u00b6/\u00fc", "/\u00c3\u00b6/\u00fc"},
+        {"a control character", "/\u00fc\x1b", "/\xfc\x1b", "/\u00fc\u241b"},
     };
-    for (const auto& [why, utf8] : cases)
-        EXPECT_EQ(AnsiFromUtf8(utf8), std::nullopt) << why;
+    for (const auto& [why, onDisk, inPlayfile, shown] : cases) {
+        EXPECT_EQ(NameForPlayfile(onDisk), inPlayfile) << why;
+        EXPECT_EQ(VisibleName(inPlayfile), shown) << why;
+    }
 }
 
 TEST(Encoding, ControlCharactersAreShownBySigns) {
@@ -43,6 +47,7 @@ TEST(Encoding, ControlCharactersAreShownBySigns) {
         {"a control character alone", "\x9b[m", "\\x9B[m"},
         {"one after half a letter", "\xc3\x1b\xe2\x9d", "\\xC3\u241b\\xE2\\x9D"},
         {"one with more bytes than it takes", "\xe0\x82\x9b", "\\xE0\\x82\\x9B"},
+        {"a letter with two instead of one", "\xc1\x81", "\\xC1\\x81"},
         {"no character: half of a pair", "\xed\xa0\x80", "\\xED\\xA0\\x80"},
         {"no character: too large", "\xf4\x90\x80\x80", "\\xF4\\x90\\x80\\x80"},
         {"no start", "\xf8\xff\xa9", "\\xF8\\xFF\\xA9"},

@@ -22,6 +22,10 @@ bool SaveOpened(const LoadOutcome& opened, const std::string& to, const AnswerOp
         return false;
     }
     AddLosses(opened, session.errors);
+    if (const std::size_t count = saved.failedCopies.size(); count > 0)
+        session.errors.add(Counted(count, "reference") +
+                           (count == 1 ? " leads to a file" : " lead to files") +
+                           " that could not be copied");
     return true;
 }
 

@@ -112,7 +112,7 @@ void printFrame(std::ostream& out, const FrameRecord& frame) {
     std::int32_t number = 0;
     for (const LineRecord& line : frame.lines)
         lines.addRow({std::to_string(++number), std::to_string(line.LineFontSize),
-                      VisibleAnsi(line.LineCustomFont), flagsOf(line), VisibleAnsi(line.CurrentLineText)});
+                      VisibleName(line.LineCustomFont), flagsOf(line), VisibleAnsi(line.CurrentLineText)});
     out << properties << '\n' << lines;
 }
 

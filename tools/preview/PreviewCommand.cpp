@@ -66,9 +66,9 @@ void addFault(const PreviewFault& fault, ErrorLines& errors) {
     if (fault.what == unknownFontNumber)
         errors.add("there is no font " + fault.name);
     for (const std::string& message : fault.messages)
-        errors.add(fault.what == customFont ? Utf8FromAnsi(message) : message);
+        errors.add(Utf8FromName(message)); // with names of the playfile and of the disk
     if (fault.what == picture)
-        errors.add(Utf8FromAnsi(SplitPath(fault.name).name) +
+        errors.add(Utf8FromName(SplitPath(fault.name).name) +
                    " cannot be drawn: it is not an uncompressed BMP of up to " +
                    std::to_string(kLargestBmpSide) + " x " + std::to_string(kLargestBmpSide) + " pixels");
 }

@@ -1,75 +1,7 @@
 #include "tools/program/Encoding.h"
 
-#include <algorithm>
-#include <array>
-#include <cstdint>
-
 namespace qrtVistrelClasses4 {
 namespace {
-
-/// The code page differs from Unicode here, and only here.
-constexpr unsigned char kFirstOwnCode = 0x80;
-constexpr std::array<char16_t, 32> kOwnCharacters{
-    0x20ac, 0x0081, 0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021, 0x02c6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008d, 0x017d, 0x008f, 0x0090, 0x2018, 0x2019, 0x201c, 0x201d, 0x2022,
-    0x2013, 0x2014, 0x02dc, 0x2122, 0x0161, 0x203a, 0x0153, 0x009d, 0x017e, 0x0178,
-};
-
-bool isOwnCode(char32_t code) {
-    return code >= kFirstOwnCode && code < kFirstOwnCode + kOwnCharacters.size();
-}
-
-char32_t characterOf(unsigned char code) {
-    return isOwnCode(code) ? kOwnCharacters[code - kFirstOwnCode] : code;
-}
-
-std::optional<char> codeOf(char32_t character) {
-    if (const auto* found = std::ranges::find(kOwnCharacters, character); found != kOwnCharacters.end())
-        return static_cast<char>(kFirstOwnCode + (found - kOwnCharacters.begin()));
-    if (character > 0xff || isOwnCode(character))
-        return std::nullopt;
-    return static_cast<char>(character);
-}
-
-/// Characters up to U+FFFF; the code page has none beyond.
-void appendUtf8(std::string& text, char32_t character) {
-    const auto tail = [&](int shift) { return static_cast<char>(0x80 | ((character >> shift) & 0x3f)); };
-    if (character < 0x80) {
-        text += static_cast<char>(character);
-    } else if (character < 0x800) {
-        text += static_cast<char>(0xc0 | (character >> 6));
-        text += tail(0);
-    } else {
-        text += static_cast<char>(0xe0 | (character >> 12));
-        text += tail(6);
-        text += tail(0);
-    }
-}
-
-/// Whether UTF-8 has the character, and as many bytes for it.
-bool isEncodedIn(char32_t character, std::size_t size) {
-    constexpr std::array<char32_t, 4> smallest{0, 0x80, 0x800, 0x10000};
-    const bool isSurrogate = character >= 0xd800 && character < 0xe000;
-    return character >= smallest[size - 1] && character <= 0x10ffff && !isSurrogate;
-}
-
-/// Removes the first character and returns it. Returns nothing if there is no whole character.
-std::optional<char32_t> takeCharacter(std::string_view& utf8) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(utf8[i]); };
-    const std::size_t size = byte(0) < 0x80 ? 1 : byte(0) < 0xe0 ? 2 : byte(0) < 0xf0 ? 3 : 4;
-    if ((size > 1 && byte(0) < 0xc0) || byte(0) >= 0xf8 || utf8.size() < size)
-        return std::nullopt;
-    char32_t character = size == 1 ? byte(0) : byte(0) & (0x7f >> size);
-    for (std::size_t i = 1; i < size; ++i) {
-        if ((byte(i) & 0xc0) != 0x80)
-            return std::nullopt;
-        character = character << 6 | (byte(i) & 0x3f);
-    }
-    if (!isEncodedIn(character, size))
-        return std::nullopt;
-    utf8.remove_prefix(size);
-    return character;
-}
 
 /// The sign that Unicode has for showing a control character; codes without one, up to 255, are spelt out.
 void appendControlSign(std::string& text, char32_t control) {
@@ -77,39 +9,20 @@ void appendControlSign(std::string& text, char32_t control) {
     constexpr char32_t deletePicture = 0x2421;
     constexpr std::string_view digits = "0123456789ABCDEF";
     if (control < 0x20)
-        appendUtf8(text, controlPictures + control);
+        AppendUtf8(text, controlPictures + control);
     else if (control == 0x7f)
-        appendUtf8(text, deletePicture);
+        AppendUtf8(text, deletePicture);
     else
         (((text += "\\x") += digits[control >> 4]) += digits[control & 0xf]);
 }
 
 } // namespace
 
-std::string Utf8FromAnsi(std::string_view ansi) {
-    std::string utf8;
-    for (const char code : ansi)
-        appendUtf8(utf8, characterOf(static_cast<unsigned char>(code)));
-    return utf8;
-}
-
-std::optional<std::string> AnsiFromUtf8(std::string_view utf8) {
-    std::string ansi;
-    while (!utf8.empty()) {
-        const auto character = takeCharacter(utf8);
-        const auto code = character ? codeOf(*character) : std::nullopt;
-        if (!code)
-            return std::nullopt;
-        ansi += *code;
-    }
-    return ansi;
-}
-
 std::string Visible(std::string_view utf8) {
     std::string text;
     while (!utf8.empty()) {
         const std::string_view rest = utf8;
-        const auto character = takeCharacter(utf8);
+        const auto character = TakeUtf8Character(utf8);
         if (!character) {
             appendControlSign(text, static_cast<unsigned char>(rest.front()));
             utf8.remove_prefix(1);

@@ -85,6 +85,15 @@ std::optional<Value> ValueFromTyped(std::string_view typed, ErrorLines& errors) 
     }
 }
 
+/// Whether a row's property is the name of a file. Its encoding may be that of the disk.
+template <class Row>
+bool NamesFile(const Row& row) {
+    if constexpr (requires { row.quirk; })
+        return row.quirk == decltype(row.quirk)::namesFile;
+    else
+        return false;
+}
+
 /// The value of a row's property: the result of the row's own `get` if it has one, else the member.
 template <class Row>
 auto ValueOfProperty(const Row& row, const typename Row::Record& record) {
@@ -98,7 +107,11 @@ auto ValueOfProperty(const Row& row, const typename Row::Record& record) {
 template <class Row>
 nlohmann::ordered_json JsonOfProperty(const Row& row, const typename Row::Record& record) {
     try {
-        return JsonOf(ValueOfProperty(row, record));
+        const auto value = ValueOfProperty(row, record);
+        if constexpr (std::is_same_v<decltype(value), const std::string>)
+            if (NamesFile(row))
+                return Utf8FromName(value);
+        return JsonOf(value);
     } catch (const RuntimeError&) {
         return nullptr;
     }

@@ -30,7 +30,7 @@ void printList(const RecentFiles& files, bool json, std::ostream& out) {
     std::string lines;
     for (const std::string& name : files.entries)
         if (!name.empty())
-            lines += CellText(names.emplace_back(Utf8FromAnsi(name))) + '\n';
+            lines += CellText(names.emplace_back(Utf8FromName(name))) + '\n';
     out << (json ? JsonText(names) + '\n' : lines.empty() ? "No files\n" : lines);
 }
 

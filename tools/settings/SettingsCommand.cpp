@@ -24,9 +24,24 @@ Preferences loadPreferences(ErrorLines& errors) {
     return std::move(loaded.values);
 }
 
+/// The default of a folder is a name on this machine's disk.
+bool namesFolder(const auto& placed) {
+    return placed.row.rule == PreferenceRule::graphicsFolder ||
+           placed.row.rule == PreferenceRule::playfileFolder;
+}
+
 template <class Value>
-std::string cellText(const Value& value) {
-    return Visible(Utf8FromAnsi(PreferenceText(value)));
+std::string cellText(const auto& placed, const Value& value) {
+    const std::string text = PreferenceText(value);
+    return namesFolder(placed) ? VisibleName(text) : VisibleAnsi(text);
+}
+
+template <class Value>
+nlohmann::ordered_json jsonOf(const auto& placed, const Value& value) {
+    if constexpr (std::is_same_v<Value, std::string>)
+        if (namesFolder(placed))
+            return Utf8FromName(value);
+    return JsonOf(value);
 }
 
 /// Calls `use(placed, value)` for the preference that has this property name or key, in any case. If there is
@@ -61,9 +76,9 @@ ExitCode list(const SettingsOptions& options, Session& session) {
         const bool isDefault = value == defaultValue;
         array.push_back({{"property", placed.name()},
                          {"key", placed.key()},
-                         {"value", JsonOf(value)},
+                         {"value", jsonOf(placed, value)},
                          {"isDefault", isDefault}});
-        table.addRow({placed.name(), placed.key(), cellText(value), isDefault ? "yes" : ""});
+        table.addRow({placed.name(), placed.key(), cellText(placed, value), isDefault ? "yes" : ""});
     };
     ForEachPreference(visit, preferences, defaults);
     if (options.json)
@@ -75,8 +90,8 @@ ExitCode list(const SettingsOptions& options, Session& session) {
 
 ExitCode get(const SettingsOptions& options, Session& session) {
     auto code = ExitCode::wrongUsage;
-    const auto print = [&](const auto&, const auto& value) {
-        session.out << cellText(value) << '\n';
+    const auto print = [&](const auto& placed, const auto& value) {
+        session.out << cellText(placed, value) << '\n';
         code = ExitCode::done;
     };
     withPreference(options.name, loadPreferences(session.errors), session.errors, print);

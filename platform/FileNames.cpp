@@ -1,0 +1,96 @@
+#include "platform/FileNames.h"
+
+#include "platform/FileSystem.h"
+#include "platform/LetterCase.h"
+#include "platform/Path.h"
+#include "platform/Utf8.h"
+
+#include <algorithm>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+/// Whether the two encodings of a name are the same.
+bool isAscii(std::string_view name) {
+    return std::ranges::all_of(name,
+                               [](char character) { return static_cast<unsigned char>(character) < 0x80; });
+}
+
+/// Removes the first character of a name, and returns it in UTF-8.
+std::string takeCharacter(std::string_view& name) {
+    const std::string_view start = name;
+    if (TakeUtf8Character(name))
+        return std::string(start.substr(0, start.size() - name.size()));
+    name.remove_prefix(1);
+    return Utf8FromAnsi(start.substr(0, 1));
+}
+
+} // namespace
+
+std::string Utf8FromName(std::string_view name) {
+    std::string utf8;
+    while (!name.empty())
+        utf8 += takeCharacter(name);
+    return utf8;
+}
+
+std::string FoldedName(std::string_view name) {
+    if (!kNamesAreUtf8 || isAscii(name))
+        return AnsiUpperCase(name);
+    std::string result;
+    while (!name.empty()) {
+        const std::string character = takeCharacter(name);
+        const std::optional<std::string> ansi = AnsiFromUtf8(character);
+        result += ansi ? Utf8FromAnsi(AnsiUpperCase(*ansi)) : character;
+    }
+    return result;
+}
+
+std::string NameForPlayfile(const std::string& path) {
+    if (!kNamesAreUtf8 || isAscii(path))
+        return path;
+    std::string name;
+    for (std::size_t start = 0; start < path.size();) {
+        const std::size_t end = std::min(path.find(kPathSeparator, start), path.size() - 1) + 1;
+        const std::string part = path.substr(start, end - start);
+        name += AnsiFromUtf8(part).value_or(part);
+        start = end;
+    }
+    // The bytes of a few names, such as the letters A with tilde and paragraph sign, would be UTF-8 again.
+    return Utf8FromName(name) == path ? name : path;
+}
+
+std::string PathOnDisk(FileSystem& files, const std::string& path) {
+    if (!kNamesAreUtf8 || isAscii(path) || files.hasEntry(path))
+        return path;
+    std::string utf8 = Utf8FromName(path);
+    return files.hasEntry(utf8) ? utf8 : path;
+}
+
+std::optional<std::string> FolderNames::find(std::string_view name) {
+    if (!isListed_)
+        list();
+    const auto found = names_.find(FoldedName(name));
+    return found == names_.end() ? std::nullopt : std::optional(found->second);
+}
+
+void FolderNames::list() {
+    isListed_ = true;
+    for (std::string& name : files_.namesIn(folder_)) {
+        const auto [known, isNew] = names_.try_emplace(FoldedName(name));
+        if (isNew || name < known->second)
+            known->second = std::move(name);
+    }
+}
+
+std::string FindExistingName(FileSystem& files, const std::string& path) {
+    std::string asGiven = PathOnDisk(files, path);
+    if (files.hasEntry(asGiven))
+        return asGiven;
+    const SplitPathResult parts = SplitPath(path);
+    const std::string folder = PathOnDisk(files, std::string(parts.folder));
+    const std::optional<std::string> name = FolderNames(files, folder).find(parts.name);
+    return name ? folder + *name : path;
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,59 @@
+// Names of files, which playfiles hold in Windows-1252, and disks in the encoding and case of their own.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+namespace qrtVistrelClasses4 {
+
+class FileSystem;
+
+#ifdef _WIN32
+inline constexpr bool kNamesAreUtf8 = false; ///< The system converts names to its ANSI code page.
+#else
+inline constexpr bool kNamesAreUtf8 = true; ///< Most names on disks are, but none has to be.
+#endif
+
+/// A name in UTF-8. Letters that are UTF-8 already stay; each other byte is a character of Windows-1252. The
+/// name may thus be in either encoding, and even each of its folders.
+std::string Utf8FromName(std::string_view name);
+
+/// A path on this machine in the form for a playfile, which other machines read too. On POSIX systems, each
+/// folder and file name becomes Windows-1252, unless that code page lacks one of its letters. `PathOnDisk`
+/// leads back from the result to the file.
+std::string NameForPlayfile(const std::string& path);
+
+/// The path under which the disk has what `path` names: `path` itself, or the same in UTF-8. If neither is
+/// there, `path`.
+std::string PathOnDisk(FileSystem& files, const std::string& path);
+
+/// A name in the form in which names are compared: without the case of letters and in one encoding. Letters
+/// that Windows-1252 lacks are taken with their case.
+std::string FoldedName(std::string_view name);
+
+/// The names in one folder. The folder is listed when the first name is looked for, and only then.
+class FolderNames {
+public:
+    /// `files` must outlive this object.
+    FolderNames(FileSystem& files, std::string folder) : files_(files), folder_(std::move(folder)) {}
+
+    /// The name in the folder that differs from `name` at most in the case of letters and in its encoding. Of
+    /// several, the one that comes first by its bytes, whatever their order in the folder.
+    std::optional<std::string> find(std::string_view name);
+
+private:
+    void list();
+
+    FileSystem& files_;
+    std::string folder_;
+    bool isListed_ = false;
+    std::unordered_map<std::string, std::string> names_; ///< By `FoldedName`.
+};
+
+/// What `FileSystem::existingName` returns on systems that distinguish the case of letters.
+std::string FindExistingName(FileSystem& files, const std::string& path);
+
+} // namespace qrtVistrelClasses4

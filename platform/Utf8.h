@@ -1,0 +1,25 @@
+// Texts in two encodings: Windows-1252, with 8 bits a character, and UTF-8.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace qrtVistrelClasses4 {
+
+/// Every byte is one character; the five that the code page leaves undefined (81, 8D, 8F, 90, 9D) become the
+/// control characters of the same number, so that nothing is lost.
+std::string Utf8FromAnsi(std::string_view ansi);
+
+/// The reverse of `Utf8FromAnsi`. Returns nothing if `utf8` is not UTF-8 or has a character that the code
+/// page lacks.
+std::optional<std::string> AnsiFromUtf8(std::string_view utf8);
+
+/// Removes the first character of `utf8`, which is not empty, and returns it. Returns nothing if there is no
+/// whole character.
+std::optional<char32_t> TakeUtf8Character(std::string_view& utf8);
+
+/// Adds a character up to U+FFFF.
+void AppendUtf8(std::string& text, char32_t character);
+
+} // namespace qrtVistrelClasses4
