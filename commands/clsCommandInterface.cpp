@@ -1,5 +1,6 @@
 #include <qrtVistrelClasses4/clsCommandInterface.h>
 
+#include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
 #include "frame/Traced.h"
 
@@ -50,6 +51,7 @@ void clsCommandInterface::SaveCommandTable() {
     traced(sub("SaveCommandTable"), [&] {
         quietly([&] {
             const SavedCommandTable saved = qrtVistrelClasses4::SaveCommandTable(table_, source_);
+            ReportKeptCopy(saved.keptAs);
             Check(saved.error);
         });
     });

@@ -3,6 +3,7 @@
 #include "frame/DelimitedValues.h"
 #include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
+#include "platform/KeptCopies.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
@@ -94,7 +95,9 @@ RecentFilesOutcome LoadRecentFiles(const std::string& path) try {
         outcome.mayBeReplaced = true;
     } catch (const RuntimeError& error) { // a damaged file, whose names are not all here
         outcome.error = error;
-        outcome.mayBeReplaced = files.copy(path, MakePlaceForBackup(files, path)) == SystemError::none;
+        if (auto kept = KeepAside(files, path, IfNotCopied::fail))
+            outcome.keptAs = std::move(kept).value();
+        outcome.mayBeReplaced = outcome.keptAs.has_value();
     }
     return outcome;
 } catch (...) {
