@@ -45,6 +45,15 @@ TEST_F(PosixPlatformTest, SavingKeepsTheRightsOfAFileAndGivesANewOneTheUsualOnes
         EXPECT_EQ(std::filesystem::status(file("a")).permissions(), rights);
     }
     ::umask(mask);
+    constexpr unsigned other = 65534;
+    for (const auto& [owner, group] : {std::pair{other, ::getgid()}, std::pair{::getuid(), other}}) {
+        struct stat status {};
+        if (::chown(file("a").c_str(), owner, group) != 0) // which takes root
+            break;
+        EXPECT_EQ(ReplacementFile(files(), file("a")).commit(), SystemError::none);
+        ASSERT_EQ(::stat(file("a").c_str(), &status), 0);
+        EXPECT_EQ(std::pair(status.st_uid, status.st_gid), std::pair(owner, group));
+    }
 }
 
 TEST_F(PosixPlatformTest, UsesNothingButPlainFilesAndAppendsToNoLink) {
