@@ -20,7 +20,8 @@ constexpr RegistrySetting kTableFile{kVistrelLite, "Commands", "KeyByteFile"};
 
 /// The table's place below `folder`, which ends in a separator.
 std::string tableBelow(const std::string& folder) {
-    return folder + "db" + kPathSeparator + "VistrelLite.dat";
+    FileSystem& files = platform().files();
+    return files.existingName(files.existingName(folder + "db") + kPathSeparator + "VistrelLite.dat");
 }
 
 /// Where the table is saved: over the existing file, else below the library's folder. If that folder is a
@@ -79,7 +80,8 @@ void writeFile(const CommandTable& table, const CommandTableSource& source, Save
 } // namespace
 
 std::string CommandTablePath() try {
-    return kTableFile.read(tableBelow(WithTrailingSeparator(LibraryFolder())));
+    return platform().files().existingName(
+        kTableFile.read(tableBelow(WithTrailingSeparator(LibraryFolder()))));
 } catch (...) {
     RethrowAsRuntimeError();
 }

@@ -207,7 +207,7 @@ SignListSaving SaveSignList(const SignList& list, const std::string& path,
 }
 
 std::string SavedSignListPath(const std::string& fileName) try {
-    return JoinPath(LibraryFolder(), fileName);
+    return platform().files().existingName(JoinPath(LibraryFolder(), fileName));
 } catch (...) {
     RethrowAsRuntimeError();
 }
@@ -218,7 +218,7 @@ void RememberSignListPath(const std::string& path) try { kDataFile.write(path); 
 
 std::optional<std::string> RememberedSignListPath(const std::string& fileName) try {
     const std::uint64_t errorsBefore = TrappedErrors();
-    std::string path = kDataFile.read(SavedSignListPath(fileName));
+    std::string path = platform().files().existingName(kDataFile.read(SavedSignListPath(fileName)));
     return TrappedErrors() == errorsBefore ? std::optional(std::move(path)) : std::nullopt;
 } catch (...) {
     RethrowAsRuntimeError();

@@ -20,7 +20,9 @@ namespace {
 /// Where the list was written last.
 constexpr RegistrySetting kListFile{kVistrelLite, kSettingsSection, "MRU"};
 
-std::string defaultPath() { return JoinPath(LibraryFolder(), "VistrelLite.MRU"); }
+std::string defaultPath() {
+    return platform().files().existingName(JoinPath(LibraryFolder(), "VistrelLite.MRU"));
+}
 
 void readEntries(std::string_view text, OneBasedArray<std::string>& entries) {
     DelimitedReader in(text);
@@ -68,7 +70,7 @@ void RecentFiles::putFirst(const std::string& name) {
 
 std::optional<std::string> RecentFilesPath() try {
     const std::uint64_t errorsBefore = TrappedErrors();
-    std::string path = kListFile.read(defaultPath());
+    std::string path = platform().files().existingName(kListFile.read(defaultPath()));
     return TrappedErrors() == errorsBefore ? std::optional(std::move(path)) : std::nullopt;
 } catch (...) {
     RethrowAsRuntimeError();

@@ -139,6 +139,18 @@ TEST_F(CommandTableTest, IsReadAndWrittenWhereTheSettingPointsUnlessNothingIsThe
     EXPECT_EQ(files().kindOf(host_.inLibrary("a")), EntryKind::missing) << "one level is made, not two";
 }
 
+TEST_F(CommandTableTest, IsFoundInWhateverCaseItsNameIsSpelt) {
+    const std::string upper = JoinPath(host_.inLibrary("DB"), "VISTRELLITE.DAT");
+    files().put(upper, kBuiltIn + "k\n");
+    for (const std::string& setting :
+         {std::string(), upper, JoinPath(host_.inLibrary("DB"), "VistrelLite.dat")}) {
+        if (!setting.empty())
+            setPath(setting);
+        EXPECT_EQ(loadAndSave().path, upper);
+        EXPECT_EQ(files().fileNames(), Texts{upper});
+    }
+}
+
 TEST_F(CommandTableTest, AtARootIsSavedWithOneSeparatorTooMany) {
     const std::string root(SplitPath(host_.machine.library).folder);
     const std::string name = JoinPath("db", "VistrelLite.dat");

@@ -174,6 +174,20 @@ TEST_F(DisplayStore, IsSavedWithoutACopyUnlessThatCouldLoseWhatWasThere) {
     EXPECT_EQ(takeErrors(), (Numbers{61, 61, 58, 57, 75, 75}));
 }
 
+TEST_F(DisplayStore, IsFoundAndSavedInWhateverCaseItsNameIsSpelt) {
+    const std::string lower = host_.inLibrary("displays.dat");
+    files().put(lower, fileOf({0}));
+    for (const bool isRemembered : {false, true}) {
+        if (isRemembered)
+            RememberSignListPath(path_);
+        read();
+        displays_.AddNewDisplay("B");
+        write();
+        EXPECT_EQ(LoadSignList(lower).wholeSigns, 2);
+        EXPECT_EQ(files().kindOf(path_), EntryKind::missing);
+    }
+}
+
 TEST_F(DisplayStore, LeavesWhatFittedOnAFullDisk) {
     displays_.AddNewDisplay("B");
     const std::string whole = saved();
