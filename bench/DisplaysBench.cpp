@@ -75,7 +75,7 @@ Sample makeSample(const BenchFolder& folder, std::int16_t signs) {
     save(*loaded(sample), sample);
     const WholeFile list = ReadWholeFile(sample.list);
     Require(ReadWholeFile(sample.saved).text() == list.text(), "a loaded list is saved differently");
-    Require(ReadWholeFile(sample.saved + ".bak").text() == "the list before", "a list was lost");
+    Require(ReadWholeFile(sample.saved + ".bak2").text() == "the list before", "a list was lost");
     Require(ContentsOfJson(sample.json) == ContentsOf(displays), "the JSON holds other data");
     Require(CountLineEnds(list.text()) == kLinesOfASign * displays.size(), "the list holds other lines");
     return sample;

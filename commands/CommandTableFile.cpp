@@ -4,11 +4,14 @@
 #include "commands/CommandTableSteps.h"
 #include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
+#include "platform/KeptCopies.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
 #include "settings/AppFolder.h"
 #include "settings/RegistrySettings.h"
+
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -18,7 +21,8 @@ constexpr RegistrySetting kTableFile{kVistrelLite, "Commands", "KeyByteFile"};
 
 /// The table's place below `folder`, which ends in a separator.
 std::string tableBelow(const std::string& folder) {
-    return folder + "db" + kPathSeparator + "VistrelLite.dat";
+    FileSystem& files = platform().files();
+    return files.existingName(files.existingName(folder + "db") + kPathSeparator + "VistrelLite.dat");
 }
 
 /// Where the table is saved: over the existing file, else below the library's folder. If that folder is a
@@ -28,31 +32,6 @@ std::string pathToSave() {
     if (platform().files().kindOf(path) != EntryKind::file)
         path = tableBelow(LibraryFolder() + kPathSeparator);
     return path;
-}
-
-/// Keeps a file whose rows are not in the table. Never replaces a file that was kept before. A file that
-/// cannot be read can still be renamed.
-void keep(FileSystem& files, const std::string& path) {
-    Check(files.mayWrite(path));
-    const std::string backup = MakePlaceForBackup(files, path);
-    if (files.kindOf(backup) != EntryKind::missing)
-        throw RuntimeError(ErrorNumber::fileAlreadyExists);
-    if (files.copy(path, backup) != SystemError::none)
-        Check(files.moveOver(path, backup));
-}
-
-/// Copies a file that is no table to a new name, unless there is such a copy already.
-void keepForeign(FileSystem& files, const std::string& path) {
-    const std::string first = path + std::string(kBackupEnding);
-    std::string backup = first;
-    const auto bytes = files.read(path);
-    for (int number = 2; files.kindOf(backup) != EntryKind::missing; ++number) {
-        if (bytes && files.read(backup).valueOr({}).text() == bytes.value().text())
-            return;
-        backup = first + std::to_string(number);
-    }
-    Check(files.removeLink(backup)); // a link to nothing: the copy would be made where it leads
-    Check(files.copy(path, backup));
 }
 
 void readFile(const std::string& path, CommandTableOutcome& outcome) {
@@ -68,27 +47,33 @@ void readFile(const std::string& path, CommandTableOutcome& outcome) {
     outcome.source.path = path;
 }
 
-void writeFile(const CommandTable& table, const CommandTableSource& source, const std::string& path) {
+/// Keeps a file that is not in the table; its copy, unless there is no such file.
+std::optional<std::string> keepAside(FileSystem& files, const std::string& path) {
+    auto kept = KeepAside(files, path, IfNotCopied::rename);
+    if (kept.error() == SystemError::fileNotFound)
+        return std::nullopt;
+    return ValueOf(std::move(kept));
+}
+
+void writeFile(const CommandTable& table, const CommandTableSource& source, SavedCommandTable& saved) {
     if (table.count() < BuiltInCommandCount())
         throw RuntimeError(ErrorNumber::outOfMemory); // no row would be where reading looks for it
     FileSystem& files = platform().files();
-    const bool isRead = path == source.path;
-    if (!isRead && files.kindOf(path) != EntryKind::missing)
-        keep(files, path);
-    ReplacementFile file(files, path);
+    ReplacementFile file(files, saved.path);
     Check(file.error());
     BufferedText out(file);
     WriteCommandRows(out, table);
     out.finish();
-    if (isRead && source.isForeign)
-        keepForeign(files, path); // only now, so that failing saves do not each leave a copy
+    if (saved.path != source.path || source.isForeign) // only now, so that few failing saves leave a copy
+        saved.keptAs = keepAside(files, saved.path);
     Check(file.commit());
 }
 
 } // namespace
 
 std::string CommandTablePath() try {
-    return kTableFile.read(tableBelow(WithTrailingSeparator(LibraryFolder())));
+    return platform().files().existingName(
+        kTableFile.read(tableBelow(WithTrailingSeparator(LibraryFolder()))));
 } catch (...) {
     RethrowAsRuntimeError();
 }
@@ -127,7 +112,7 @@ SavedCommandTable SaveCommandTable(const CommandTable& table, const CommandTable
     kTableFile.write(saved.path);
     MakeFolderOfCommandTable(saved.path);
     try {
-        writeFile(table, source, saved.path);
+        writeFile(table, source, saved);
     } catch (const RuntimeError& error) {
         saved.error = error;
     }

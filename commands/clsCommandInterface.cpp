@@ -1,6 +1,7 @@
 #include <qrtVistrelClasses4/clsCommandInterface.h>
 
 #include "commands/CommandTableSteps.h"
+#include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
 #include "frame/Traced.h"
 
@@ -53,6 +54,7 @@ void clsCommandInterface::SaveCommandTable() {
     traced(sub("SaveCommandTable"), [&] {
         quietly([&] {
             const SavedCommandTable saved = qrtVistrelClasses4::SaveCommandTable(table_, source_);
+            ReportKeptCopy(saved.keptAs);
             Check(saved.error);
         });
     });

@@ -1,5 +1,6 @@
 // Saving and loading by the object: trace, trap, message box and synchronisation.
 #include "displays/DisplayProcedures.h"
+#include "frame/ErrorTrap.h"
 #include "frame/Traced.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
@@ -16,7 +17,7 @@ SignListSynchronisation* installedSynchronisation = nullptr;
 
 constexpr RegistrySetting kSynchronise{kVistrel3, kSettingsSection, "SyncPCScheduler"};
 
-void showWriteFailure(const RuntimeError& error, const std::string& path) {
+void showFailure(const RuntimeError& error, const char* when, const std::string& path) {
     std::string text;
     if (error.number() == static_cast<int>(ErrorNumber::pathFileAccess)) {
         std::string_view folder = SplitPath(path).folder;
@@ -24,9 +25,25 @@ void showWriteFailure(const RuntimeError& error, const std::string& path) {
         text = error.description() + "\r\nCheck if you have read/write rights to Vistrel Folder " +
                std::string(folder);
     } else {
-        text = std::to_string(error.number()) + error.description() + " while writing Display data to disk";
+        text = std::to_string(error.number()) + error.description() + when;
     }
     showMessage({text, "Error Occurred", MessageIcon::critical, MessageButtons::ok});
+}
+
+/// Shows why the list was not saved, or that it was saved without a copy of the previous one because the disk
+/// is full. A copy that is not permitted is only logged: that is the same at every save.
+void showOutcome(const SignListSaving& saving, const std::string& path) {
+    constexpr const char* keeping = " while keeping a copy of the previous Display data";
+    if (saving.error)
+        showFailure(*saving.error,
+                    saving.keepingError && saving.step == SavingStep::keeping
+                        ? keeping
+                        : " while writing Display data to disk",
+                    path);
+    else if (saving.keepingError && saving.keepingError->number() == static_cast<int>(ErrorNumber::diskFull))
+        showFailure(
+            *saving.keepingError,
+            " while keeping a copy of the previous Display data. The new Display data has been saved.", path);
 }
 
 void synchronise(DisplayDatabaseClass& displays) {
@@ -64,11 +81,11 @@ void DisplayDatabaseClass::writeDisplays(std::string& sFileName) {
     halfWritten_ = std::move(saving.halfWritten);
     if (saving.keepingError)
         ReportQuietly(*saving.keepingError);
-    if (saving.isStarted)
+    ReportKeptCopy(saving.keptAs);
+    if (saving.step == SavingStep::writing)
         (void)TotalDisplays(); // on the trace
-    if (saving.error)
-        showWriteFailure(*saving.error, sFileName);
-    else
+    showOutcome(saving, sFileName);
+    if (saving.isWritten())
         synchronise(*this);
 }
 

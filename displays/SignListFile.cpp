@@ -4,6 +4,7 @@
 #include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
 #include "frame/Traced.h"
+#include "platform/KeptCopies.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
@@ -20,63 +21,107 @@ namespace {
 
 constexpr RegistrySetting kDataFile{kVistrelLite, "Preview", "DisplayDataFile"};
 
-/// True if a file is a complete list. A list that was cut short between two signs counts as complete.
+/// Number of the first copy of a file that cannot be read to its end. The copy before it is for whole lists.
+constexpr int kFirstCopyOfDamaged = 2;
+
+/// True if a file can be read to its end. A list that was cut short between two signs can.
 bool isWholeList(std::string_view text) {
     if (text.find('\0') != text.npos) // a power cut has left out a piece
         return false;
-    if (text.ends_with('\n') && std::ranges::count(text, '\n') % kValuesOfADisplay == 0)
-        return true; // most lists need not be read any further
     try {
         DelimitedReader in(text);
-        for (DisplayRecord display; !in.atEnd();)
+        DisplayRecord display;
+        for (std::int32_t number = 1; !in.atEnd(); ++number) {
+            (void)NarrowToInt16(number);
             ReadDisplay(in, display);
+        }
         return true;
     } catch (const RuntimeError&) {
         return false;
     }
 }
 
-/// Copies the list that is about to be overwritten. An empty file holds no list, and half a list never
-/// replaces a whole one.
-SystemError copyPrevious(FileSystem& files, const std::string& path) {
-    if (files.kindOf(path) == EntryKind::folder)
-        return SystemError::none;
-    const auto previous = files.read(path);
-    if (previous.error() == SystemError::fileNotFound || (previous && previous.value().size == 0))
-        return SystemError::none;
-    if (!previous)
-        return previous.error();
-    const std::string copy = path + std::string(kBackupEnding);
-    if (!isWholeList(previous.value().text()) && files.kindOf(copy) == EntryKind::file)
-        return SystemError::none;
+SystemError replaceBackup(FileSystem& files, const std::string& path, std::string_view previous) {
     ReplacementFile backup(files, MakePlaceForBackup(files, path));
-    (void)backup.write(previous.value().text()); // `commit` reports a failure of this
+    (void)backup.write(previous); // `commit` reports a failure of this
     return backup.commit();
 }
 
-/// Copies the list that is about to be overwritten. Returns the error of a copy that is not permitted, which
-/// does not stop the save. Every other failure does stop it: the save would fail, too, and without a copy
-/// both lists would be lost.
-std::optional<RuntimeError> keepPrevious(FileSystem& files, const std::string& path) {
-    const SystemError error = copyPrevious(files, path);
-    if (error == SystemError::accessDenied || error == SystemError::inUse)
-        return ErrorFor(error);
-    Check(error);
-    return std::nullopt;
+enum class Writing {
+    inPlace,
+    beside, ///< A new file takes the place of the old one in one step, if the folder accepts one.
+};
+
+/// Keeps the list that is about to be replaced. A whole list replaces the copy of the list before it; any
+/// other file gets a copy of its own, which nothing replaces. Throws if the save would lose the only copy of
+/// something.
+Writing keepPrevious(FileSystem& files, const std::string& path, SignListSaving& saving) {
+    if (files.kindOf(path) == EntryKind::folder)
+        return Writing::inPlace; // which fails
+    const auto previous = files.read(path);
+    if (previous.error() == SystemError::fileNotFound || (previous && previous.value().size == 0))
+        return Writing::inPlace;
+    if (previous.error() == SystemError::folderNotFound)
+        Check(previous.error()); // nothing to keep, and no place for the new list
+    const bool isWhole = previous && isWholeList(previous.value().text());
+    SystemError error = previous.error();
+    if (isWhole) {
+        error = replaceBackup(files, path, previous.value().text());
+    } else if (previous || error == SystemError::accessDenied) {
+        const auto kept = KeepAside(files, path, IfNotCopied::rename, kFirstCopyOfDamaged);
+        error = kept.error();
+        if (kept)
+            saving.keptAs = kept.value();
+    }
+    if (error == SystemError::none)
+        return Writing::inPlace;
+    saving.keepingError = ErrorFor(error);
+    if (isWhole &&
+        (error == SystemError::diskFull || error == SystemError::accessDenied || error == SystemError::inUse))
+        return Writing::beside;
+    throw RuntimeError(*saving.keepingError);
 }
 
 HalfWrittenList halfWrittenAt(FileSystem& files, const std::string& path) {
     return {path, files.sizeOf(path).valueOr(0)};
 }
 
-void writeTo(OutputFile& file, const SignList& list) {
+void writeSigns(ByteSink& file, const SignList& list) {
     DelimitedWriter out(file);
     const std::int16_t last = list.count();
     for (std::int32_t number = 1; number <= last; ++number)
         WriteDisplay(out, list.signs.at(number));
     out.finish();
-    Check(file.flush());
-    Check(file.close());
+}
+
+void writeInPlace(FileSystem& files, const std::string& path, const SignList& list, SignListSaving& saving) {
+    const bool isNew = files.kindOf(path) == EntryKind::missing;
+    const auto file = ValueOf(files.open(path, OpenMode::replace));
+    saving.step = SavingStep::writing;
+    const auto error = ErrorOf([&] {
+        Check(file->flush()); // empty for certain: no power cut leaves a mixture of both lists
+        writeSigns(*file, list);
+        Check(file->flush());
+        Check(file->close());
+    });
+    saving.halfWritten = error ? std::optional(halfWrittenAt(files, path)) : std::nullopt;
+    Check(error);
+    if (isNew) // its name must outlive a power cut, too, if the file system supports that
+        (void)files.flushFolder(std::string(SplitPath(path).folder));
+}
+
+void writeBeside(FileSystem& files, const std::string& path, const SignList& list, SignListSaving& saving) {
+    ReplacementFile file(files, path);
+    Check(file.error());
+    if (file.isInPlace() && saving.keepingError->number() == static_cast<int>(ErrorNumber::diskFull))
+        throw RuntimeError(*saving.keepingError); // neither list might be whole in the end
+    saving.step = SavingStep::writing;
+    const auto error = ErrorOf([&] {
+        writeSigns(file, list);
+        Check(file.commit());
+    });
+    saving.halfWritten = error && file.isInPlace() ? std::optional(halfWrittenAt(files, path)) : std::nullopt;
+    Check(error);
 }
 
 /// Bytes of the shortest value of a row: `""`, `0` or `#TRUE#`, with its line end.
@@ -150,29 +195,19 @@ SignListSaving SaveSignList(const SignList& list, const std::string& path,
     SignListSaving saving;
     saving.halfWritten = halfWritten;
     FileSystem& files = platform().files();
-    bool isOpened = false;
     saving.error = ErrorOf([&] {
-        if (!halfWritten || *halfWritten != halfWrittenAt(files, path))
-            saving.keepingError = keepPrevious(files, path); // else the copy is the last whole list
-        const bool isNew = files.kindOf(path) == EntryKind::missing;
-        const auto file = ValueOf(files.open(path, OpenMode::replace));
-        isOpened = true;
-        Check(file->flush()); // empty for certain: no power cut leaves a mixture of both lists
-        saving.isStarted = true;
-        writeTo(*file, list);
-        saving.halfWritten.reset();
-        if (isNew) // its name must outlive a power cut, too, if the file system supports that
-            (void)files.flushFolder(std::string(SplitPath(path).folder));
+        const bool isKept = halfWritten && *halfWritten == halfWrittenAt(files, path);
+        const Writing writing = isKept ? Writing::inPlace : keepPrevious(files, path, saving);
+        saving.step = SavingStep::opening;
+        (writing == Writing::inPlace ? writeInPlace : writeBeside)(files, path, list, saving);
     });
-    if (saving.error && isOpened)
-        saving.halfWritten = halfWrittenAt(files, path);
     return saving;
 } catch (...) {
     RethrowAsRuntimeError();
 }
 
 std::string SavedSignListPath(const std::string& fileName) try {
-    return JoinPath(LibraryFolder(), fileName);
+    return platform().files().existingName(JoinPath(LibraryFolder(), fileName));
 } catch (...) {
     RethrowAsRuntimeError();
 }
@@ -182,7 +217,10 @@ void RememberSignListPath(const std::string& path) try { kDataFile.write(path); 
 }
 
 std::optional<std::string> RememberedSignListPath(const std::string& fileName) try {
-    return kDataFile.find(SavedSignListPath(fileName));
+    std::optional<std::string> path = kDataFile.find(SavedSignListPath(fileName));
+    if (path)
+        path = platform().files().existingName(*path);
+    return path;
 } catch (...) {
     RethrowAsRuntimeError();
 }

@@ -53,6 +53,15 @@ void ReportQuietly(const RuntimeError& error) noexcept {
     }
 }
 
+void ReportKeptCopy(const std::optional<std::string>& copy) noexcept {
+    try {
+        if (copy)
+            ReportQuietly(RuntimeError(static_cast<int>(ErrorNumber::fileAlreadyExists),
+                                       "What was in the file before is kept as " + *copy));
+    } catch (...) { // NOLINT(bugprone-empty-catch): a failing report never makes another error
+    }
+}
+
 void TrapCurrentError(const TraceRecord& record, TraceRecord* outer) noexcept {
     try {
         report(CurrentError(), record.atEntry(), RunningProcedures());

@@ -4,12 +4,17 @@
 #include <qrtVistrelClasses4/ErrorReporter.h>
 #include <qrtVistrelClasses4/RuntimeError.h>
 
+#include <optional>
+#include <string>
+
 namespace qrtVistrelClasses4 {
 
 class TraceRecord;
 
 /// Reports an error that does not stop the running procedure: it is logged, but not shown to the operator.
 void ReportQuietly(const RuntimeError& error) noexcept;
+/// The same for the name of a copy that was made of a file before it was replaced. Does nothing without one.
+void ReportKeptCopy(const std::optional<std::string>& copy) noexcept;
 
 /// Reports the exception being handled as an error of the procedure that `record` describes, then takes the
 /// trace back to its caller, `outer`.

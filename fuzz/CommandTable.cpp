@@ -36,7 +36,8 @@ void RunFuzzed(FuzzedInput input) {
         Require(ReadCommandRows(host.machine.files().content(path).value_or(""), table), "rows have numbers");
         return table.rows();
     };
-    host.machine.files().put(path, input.text());
+    const std::string text = input.text();
+    host.machine.files().put(path, text);
     Rows rows = rowsInFile();
     { const clsCommandInterface table; }
     Require(rowsInFile() == rows, "every row is kept");
@@ -59,7 +60,9 @@ void RunFuzzed(FuzzedInput input) {
     for (std::int32_t number = 1; number <= BuiltInCommandCount(); ++number)
         rows.at(number) = BuiltInCommands().rows().at(number); // change in memory only
     Require(!allComeBack || rowsInFile() == rows, "what was set comes back");
-    Require(host.reports.all.empty(), "nothing of it is an error");
+    const bool isForeign = !host.reports.all.empty();
+    Require(host.machine.files().content(path + ".bak") == (isForeign ? std::optional(text) : std::nullopt),
+            "nothing of it is an error, and a file that was no table is kept");
 }
 
 } // namespace qrtVistrelClasses4

@@ -6,12 +6,6 @@
 
 namespace qrtVistrelClasses4 {
 
-std::string MakePlaceForBackup(FileSystem& files, const std::string& path) {
-    std::string backup = path + std::string(kBackupEnding);
-    (void)files.removeLink(backup); // one that stays cannot be written over either
-    return backup;
-}
-
 ReplacementFile::ReplacementFile(FileSystem& files, const std::string& path)
     : files_(files), path_(files.resolveLinks(path)) {
     // A rename would also replace a file that its owner has protected, so ask first.

@@ -9,13 +9,6 @@
 
 namespace qrtVistrelClasses4 {
 
-/// The ending that is added to the name of an old file that is kept.
-inline constexpr std::string_view kBackupEnding = ".bak";
-
-/// The name under which to keep the old file `path`. If it is a link, the link is removed: in a folder that
-/// others may write to, it could lead to any file of the user.
-std::string MakePlaceForBackup(FileSystem& files, const std::string& path);
-
 /// A new version of a file. It is written beside the old version and replaces it in `commit`, so that a save
 /// that is interrupted leaves either the complete old file or the complete new one. If the folder accepts no
 /// new file, but the old file is writable, that one is overwritten. A new version that is not committed is
@@ -32,6 +25,8 @@ public:
     SystemError error() const { return error_; }
     SystemError write(std::string_view bytes) override;
     SystemError commit();
+    /// True if the old file is overwritten, so that a failure may leave a piece of the new version.
+    bool isInPlace() const { return inPlace_; }
 
 private:
     SystemError note(SystemError result);

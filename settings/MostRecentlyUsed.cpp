@@ -1,5 +1,6 @@
 #include <qrtVistrelClasses4/MostRecentlyUsed.h>
 
+#include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
 #include "frame/Traced.h"
 #include "frame/modClassIDGenerator.h"
@@ -108,6 +109,7 @@ bool MostRecentlyUsed::GetMRUFromDisk() {
         RecentFilesOutcome outcome = LoadRecentFiles(*path);
         files_ = std::move(outcome.files);
         mayBeReplaced = outcome.mayBeReplaced;
+        ReportKeptCopy(outcome.keptAs);
         Check(outcome.error);
     });
     return mayBeReplaced;

@@ -3,6 +3,7 @@
 #include "frame/DelimitedValues.h"
 #include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
+#include "platform/KeptCopies.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
@@ -18,7 +19,9 @@ namespace {
 /// Where the list was written last.
 constexpr RegistrySetting kListFile{kVistrelLite, kSettingsSection, "MRU"};
 
-std::string defaultPath() { return JoinPath(LibraryFolder(), "VistrelLite.MRU"); }
+std::string defaultPath() {
+    return platform().files().existingName(JoinPath(LibraryFolder(), "VistrelLite.MRU"));
+}
 
 void readEntries(std::string_view text, OneBasedArray<std::string>& entries) {
     DelimitedReader in(text);
@@ -64,7 +67,12 @@ void RecentFiles::putFirst(const std::string& name) {
     entries.move(last, 1);
 }
 
-std::optional<std::string> RecentFilesPath() try { return kListFile.find(defaultPath()); } catch (...) {
+std::optional<std::string> RecentFilesPath() try {
+    std::optional<std::string> path = kListFile.find(defaultPath());
+    if (path)
+        path = platform().files().existingName(*path);
+    return path;
+} catch (...) {
     RethrowAsRuntimeError();
 }
 
@@ -89,7 +97,9 @@ RecentFilesOutcome LoadRecentFiles(const std::string& path) try {
         outcome.mayBeReplaced = true;
     } catch (const RuntimeError& error) { // a damaged file, whose names are not all here
         outcome.error = error;
-        outcome.mayBeReplaced = files.copy(path, MakePlaceForBackup(files, path)) == SystemError::none;
+        if (auto kept = KeepAside(files, path, IfNotCopied::fail))
+            outcome.keptAs = std::move(kept).value();
+        outcome.mayBeReplaced = outcome.keptAs.has_value();
     }
     return outcome;
 } catch (...) {

@@ -32,7 +32,9 @@ struct [[nodiscard]] CommandTableOutcome {
 
 /// What came of saving a table.
 struct [[nodiscard]] SavedCommandTable {
-    std::string path;                  ///< The file, which is also remembered for loading.
+    std::string path; ///< The file, which is also remembered for loading.
+    std::optional<std::string>
+        keptAs; ///< The copy of what was in the file before, if it is not in the table.
     std::optional<RuntimeError> error; ///< If there is one, the file is unchanged.
 };
 

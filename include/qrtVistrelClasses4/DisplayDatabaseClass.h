@@ -56,7 +56,8 @@ public:
 
     /// Writes all signs over the file `sFileName`, usually "Displays.dat", in the library's folder, and
     /// remembers that file for reading. `sFileName` comes back as its full name. The previous list is kept
-    /// beside it, with ".bak" added to its name. A failure is shown to the operator.
+    /// beside it, with ".bak" added to its name. A previous file that cannot be read to its end is kept as
+    /// ".bak2" and so on. The name of such a copy is logged. A failure is shown to the operator.
     void WriteAllDisplaysToDisk(std::string& sFileName);
     /// The same with an empty file name. That is the name of the library's folder itself, so nothing is ever
     /// written: the operator is shown the error, and the folder is remembered for reading.

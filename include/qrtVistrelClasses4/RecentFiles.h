@@ -37,13 +37,14 @@ struct [[nodiscard]] RecentFilesOutcome {
     std::optional<RuntimeError> error;
     /// True if saving loses no names: all have been read, or the damaged file has been copied.
     bool mayBeReplaced = false;
+    std::optional<std::string> keptAs; ///< The copy of a damaged file.
 };
 
 /// Full name of the list that was saved last, by default that of `SaveRecentFiles`; nothing after an error
 /// that was trapped.
 std::optional<std::string> RecentFilesPath();
 
-/// Loads the file `path`. A damaged file is also copied to `path` + ".bak".
+/// Loads the file `path`. A damaged file is also copied to `path` + ".bak", ".bak2" and so on.
 RecentFilesOutcome LoadRecentFiles(const std::string& path);
 
 /// Saves the list as "VistrelLite.MRU" in the library's folder, and remembers that name for loading. Returns

@@ -83,20 +83,30 @@ struct HalfWrittenList {
     bool operator==(const HalfWrittenList&) const = default;
 };
 
+/// The steps of a save.
+enum class SavingStep {
+    keeping, ///< The previous list is copied.
+    opening,
+    writing, ///< The new list is written.
+};
+
 /// What came of saving a list.
 struct [[nodiscard]] SignListSaving {
-    std::optional<RuntimeError> error;        ///< Why the file does not hold the whole list.
-    bool isStarted = false;                   ///< True if the old content was removed and writing began.
-    std::optional<RuntimeError> keepingError; ///< Why the previous list could not be kept; the save went on.
+    std::optional<RuntimeError> error;          ///< Why the file does not hold the whole list.
+    SavingStep step = SavingStep::keeping;      ///< The last step that was begun. An error happened in it.
+    std::optional<RuntimeError> keepingError;   ///< Why the previous list could not be kept.
+    std::optional<std::string> keptAs;          ///< The copy of a file that could not be read to its end.
     std::optional<HalfWrittenList> halfWritten; ///< Pass it to the next save.
     bool isWritten() const { return !error; }
 };
 
 /// Saves all signs that count in the file `path`. A text with a quote in it does not come back from the file,
-/// and may make the rest of the list unreadable: the caller makes sure that there is none. Before that, the
-/// previous list is copied to name + ".bak". If the copy is not permitted, the list is saved all the same;
-/// any other failure to copy stops the save. `halfWritten` comes from the last save: a file that it left
-/// incomplete is not copied.
+/// and may make the rest of the list unreadable: the caller makes sure that there is none.
+///
+/// Before that, the previous list is copied to name + ".bak". A previous file that cannot be read to its end
+/// gets a further copy instead, ".bak2" and so on, which no later save replaces. If a whole list cannot be
+/// copied for lack of rights or space, the list is saved all the same; any other failure to copy stops the
+/// save. `halfWritten` comes from the last save: a file that it left incomplete is not copied.
 SignListSaving SaveSignList(const SignList& list, const std::string& path,
                             const std::optional<HalfWrittenList>& halfWritten = std::nullopt);
 

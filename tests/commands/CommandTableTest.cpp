@@ -86,37 +86,41 @@ TEST_F(CommandTableTest, TheFirstRowWithAKeyHoldsItsBytes) {
     EXPECT_EQ(clsCommandInterface().sCommandBytesByNum(1), "\024") << "not from the file";
 }
 
-TEST_F(CommandTableTest, HoldsAsManyRowsAsCanBeNumbered) {
-    const std::string full = kBuiltIn + repeated("k\377b\377\377\r\n", 32767 - 14);
-    EXPECT_EQ(rewritten(full), full);
-    files().put(path_, full + "one too many");
-    {
-        clsCommandInterface commands;
-        commands.sCommandBytesByKey("new", "x");
-        EXPECT_EQ(commands.iTotalCommands(), 32767);
-    }
-    EXPECT_EQ(content(), full);
-    EXPECT_EQ(files().content(backup_), full + "one too many");
-    EXPECT_TRUE(host_.reports.all.back().error.isQuiet());
-    EXPECT_EQ(takeErrors(), (Numbers{6, 6}));
-}
-
-TEST_F(CommandTableTest, KeepsACopyOfWhatNeverWasATable) {
-    const std::pair<std::string, bool> cases[] = {{"Dear Sir,\r\n", false},
+TEST_F(CommandTableTest, IsAlwaysSavedAndKeepsACopyOfWhatWasNotReadOrNeverWasATable) {
+    const std::pair<std::string, bool> texts[] = {{"Dear Sir,\r\n", false},
                                                   {"\n\nDear Sir", false},
                                                   {kBuiltIn.substr(0, kBuiltIn.size() - 3), false},
                                                   {kBuiltIn + "k\377b\r\n", true},
                                                   {repeated("\r\n", 14), true}};
-    for (const auto& [text, mayBe] : cases)
+    for (const auto& [text, mayBe] : texts)
         EXPECT_EQ(MayBeCommandTable(text), mayBe) << text;
-    EXPECT_EQ(rewritten("Dear Sir"), kBuiltIn);
-    EXPECT_EQ(files().content(backup_), "Dear Sir");
+    const std::string full = kBuiltIn + repeated("k\377b\377\377\r\n", 32767 - 14);
+    EXPECT_EQ(rewritten(full), full);
     files().put(backup_, "kept before");
-    for (int times = 0; times < 2; ++times)
-        EXPECT_EQ(rewritten("Dear Sir"), kBuiltIn);
+    const struct {
+        std::string read, written;
+        const char* copy;
+        Numbers errors;
+    } cases[] = {{full + "one too many", full, "2", {6, 58, 6}},
+                 {"Dear Sir", kBuiltIn + "new\377x\377\377\r\n", "3", {58}},
+                 {full + "one more", full, "4", {6, 58, 6}},
+                 {"Dear Sir", kBuiltIn + "new\377x\377\377\r\n", "3", {58}}};
+    for (const auto& row : cases) {
+        files().put(path_, row.read);
+        clsCommandInterface().sCommandBytesByKey("new", "x");
+        EXPECT_EQ(content(), row.written) << row.copy;
+        EXPECT_EQ(files().content(backup_ + row.copy), row.read);
+        EXPECT_TRUE(host_.reports.all.back().error.description().ends_with(backup_ + row.copy));
+        EXPECT_TRUE(host_.reports.all.back().error.isQuiet());
+        EXPECT_EQ(takeErrors().size(), row.errors.size());
+    }
     EXPECT_EQ(files().content(backup_), "kept before");
-    EXPECT_EQ(files().content(backup_ + "2"), "Dear Sir");
-    EXPECT_FALSE(files().content(backup_ + "3")) << "copied once";
+    files().put(path_, full + "unread");
+    host_.failReads(1, 1);
+    clsCommandInterface().sCommandBytesByKey("new", "x");
+    EXPECT_EQ(content(), kBuiltIn + "new\377x\377\377\r\n");
+    EXPECT_EQ(files().content(backup_ + "5"), full + "unread");
+    EXPECT_EQ(takeErrors(), (Numbers{75, 58}));
 }
 
 TEST_F(CommandTableTest, IsReadAndWrittenWhereTheSettingPointsUnlessNothingIsThere) {
@@ -133,6 +137,18 @@ TEST_F(CommandTableTest, IsReadAndWrittenWhereTheSettingPointsUnlessNothingIsThe
     EXPECT_FALSE(loadAndSave().error);
     EXPECT_TRUE(files().content(backup_)) << "its rows were not read";
     EXPECT_EQ(files().kindOf(host_.inLibrary("a")), EntryKind::missing) << "one level is made, not two";
+}
+
+TEST_F(CommandTableTest, IsFoundInWhateverCaseItsNameIsSpelt) {
+    const std::string upper = JoinPath(host_.inLibrary("DB"), "VISTRELLITE.DAT");
+    files().put(upper, kBuiltIn + "k\n");
+    for (const std::string& setting :
+         {std::string(), upper, JoinPath(host_.inLibrary("DB"), "VistrelLite.dat")}) {
+        if (!setting.empty())
+            setPath(setting);
+        EXPECT_EQ(loadAndSave().path, upper);
+        EXPECT_EQ(files().fileNames(), Texts{upper});
+    }
 }
 
 TEST_F(CommandTableTest, AtARootIsSavedWithOneSeparatorTooMany) {

@@ -6,10 +6,16 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
+const std::string kWriting = " while writing Display data to disk";
+
 class DisplayStore : public DisplaysTest {
 protected:
     DisplayStore() { displays_.AddNewDisplay("A"); }
-    void expectBox(const std::string& text) { EXPECT_EQ(takeBoxes(), Texts{"! Error Occurred: " + text}); }
+    void expectBoxes(Texts texts) {
+        for (std::string& text : texts)
+            text.insert(0, "! Error Occurred: ");
+        EXPECT_EQ(takeBoxes(), texts);
+    }
 
     const std::string backup_ = path_ + ".bak";
     const std::string noRights_ =
@@ -83,7 +89,9 @@ TEST_F(DisplayStore, HoldsAsManySignsAsCanBeNumbered) {
     EXPECT_EQ(displays_.TotalDisplays(), 32767);
     EXPECT_EQ(displays_.AddNewDisplay("new"), 0);
     EXPECT_EQ(displays_.Duplicate("1", "new"), 0);
-    EXPECT_EQ(takeErrors(), (Numbers{6, 6, 6}));
+    write();
+    EXPECT_EQ(files().kindOf(backup_ + "2"), EntryKind::file) << "it held one more";
+    EXPECT_EQ(takeErrors(), (Numbers{6, 6, 6, 58}));
 }
 
 TEST_F(DisplayStore, IsReadFromWhereTheSettingPointsAndWrittenBesideTheLibrary) {
@@ -101,54 +109,107 @@ TEST_F(DisplayStore, IsReadFromWhereTheSettingPointsAndWrittenBesideTheLibrary) 
     EXPECT_EQ(ReadSetting("VistrelLite", "Preview", "DisplayDataFile", "none"), path_);
 }
 
-TEST_F(DisplayStore, KeepsThePreviousListUnlessThatIsNone) {
+TEST_F(DisplayStore, KeepsThePreviousListAndForGoodWhatCannotBeReadToItsEnd) {
     const std::string list = saved();
+    std::string wrong = list;
+    wrong.replace(wrong.find("\r\n0"), 3, "\r\nx");
     EXPECT_EQ(files().fileNames(), Texts{path_}) << "nothing to keep";
-    files().put(path_, "half a list");
-    write();
-    EXPECT_EQ(files().content(backup_), "half a list") << "better than nothing";
-    const std::pair<std::string, bool> cases[] = {
-        {list, true},
-        {list.substr(0, list.size() - 2), true}, // the last line end
-        {list.substr(0, list.size() - 3), false},
-        {std::string(3, '\0') + list.substr(3), false},
-        {"", false}};
-    for (const auto& [previous, isKept] : cases) {
+    const std::pair<std::string, const char*> cases[] = {
+        {list, ".bak"},
+        {list.substr(0, list.size() - 2), ".bak"}, // the last line end
+        {list.substr(0, list.size() - 3), ".bak2"},
+        {fileOf({0, 1, 2, 3}) + "\r\n", ".bak3"},
+        {std::string(3, '\0') + list.substr(3), ".bak4"},
+        {wrong, ".bak5"},
+        {wrong, ".bak5"}};
+    for (const auto& [previous, copy] : cases) {
         files().put(path_, previous);
-        files().put(backup_, "older");
         EXPECT_EQ(saved(), list);
-        EXPECT_EQ(files().content(backup_), isKept ? previous : "older");
+        EXPECT_EQ(files().content(path_ + copy), previous);
+        const std::vector<ErrorReport> reports = std::exchange(host_.reports.all, {});
+        EXPECT_EQ(reports.empty(), path_ + copy == backup_);
+        for (const ErrorReport& report : reports)
+            EXPECT_TRUE(report.error.isQuiet() && report.error.description().ends_with(path_ + copy));
     }
-    files().setReadOnly(backup_);
-    displays_.RemoveDisplay(1);
-    EXPECT_EQ(saved(), "") << "no sign, no line";
-    EXPECT_TRUE(host_.reports.all.at(0).error.isQuiet());
-    EXPECT_EQ(takeErrors(), Numbers{75}) << "but no reason not to save";
+    files().put(path_, "");
+    write();
+    EXPECT_EQ(files().fileNames().size(), 6u);
+}
+
+TEST_F(DisplayStore, IsSavedWithoutACopyUnlessThatCouldLoseWhatWasThere) {
+    const std::string list = saved(), whole = fileOf({0}), damaged = whole + ",";
+    const std::string keeping = " while keeping a copy of the previous Display data";
+    const struct {
+        const char* why;
+        std::string previous;
+        SystemError fault; ///< Of the first writes; without one, the folder takes no new file.
+        int writes;
+        Texts boxes;
+        bool isSaved;
+    } cases[] = {
+        {"only the new list fits",
+         whole,
+         SystemError::diskFull,
+         1,
+         {"61Disk full" + keeping + ". The new Display data has been saved."},
+         true},
+        {"it does not fit either", whole, SystemError::diskFull, 2, {"61Disk full" + kWriting}, false},
+        {"a rename takes no space", damaged, SystemError::diskFull, 1, {}, true},
+        {"a bad disk", whole, SystemError::deviceFailure, 1, {"57Device I/O error" + keeping}, false},
+        {"no rights to copy", whole, SystemError::none, 0, {}, true},
+        {"nor to rename", damaged + "2", SystemError::none, 0, {noRights_}, false}};
+    for (const auto& row : cases) {
+        files().put(path_, row.previous);
+        files().setReadOnly(host_.machine.library, row.fault == SystemError::none);
+        files().observer = [&row, count = 0](const FileOperation& operation) mutable {
+            const bool isWrite = operation.kind == FileOperation::write;
+            return isWrite && ++count <= row.writes ? row.fault : SystemError::none;
+        };
+        EXPECT_EQ(saved(), row.isSaved ? list : row.previous) << row.why;
+        expectBoxes(row.boxes);
+    }
+    EXPECT_EQ(files().fileNames(), (Texts{path_, backup_ + "2"}));
+    for (const ErrorReport& report : host_.reports.all)
+        EXPECT_TRUE(report.error.isQuiet());
+    EXPECT_EQ(takeErrors(), (Numbers{61, 61, 58, 57, 75, 75}));
+}
+
+TEST_F(DisplayStore, IsFoundAndSavedInWhateverCaseItsNameIsSpelt) {
+    const std::string lower = host_.inLibrary("displays.dat");
+    files().put(lower, fileOf({0}));
+    for (const bool isRemembered : {false, true}) {
+        if (isRemembered)
+            RememberSignListPath(path_);
+        read();
+        displays_.AddNewDisplay("B");
+        write();
+        EXPECT_EQ(LoadSignList(lower).wholeSigns, 2);
+        EXPECT_EQ(files().kindOf(path_), EntryKind::missing);
+    }
 }
 
 TEST_F(DisplayStore, LeavesWhatFittedOnAFullDisk) {
     displays_.AddNewDisplay("B");
     const std::string whole = saved();
-    const std::string firstSign = whole.substr(0, whole.size() / 2);
-    files().bytesLeft = whole.size() + firstSign.size();
+    files().bytesLeft = whole.size() + whole.size() / 2;
     write();
-    expectBox("61Disk full while writing Display data to disk");
-    EXPECT_EQ(files().content(path_), firstSign);
-    EXPECT_EQ(files().content(backup_), whole);
+    expectBoxes({"61Disk full" + kWriting});
+    EXPECT_EQ(files().content(path_), whole.substr(0, whole.size() / 2));
     files().bytesLeft.reset();
     write();
     EXPECT_EQ(files().content(backup_), whole) << "rather than what looks like a list of one sign";
+    files().setReadOnly(host_.machine.library); // the copy is overwritten as well
+    files().bytesLeft = whole.size() / 2;
+    EXPECT_EQ(saved(), whole);
+    expectBoxes({"61Disk full" + kWriting});
+    EXPECT_EQ(takeErrors(), Numbers{61});
 }
 
 TEST_F(DisplayStore, ShowsWhyAFileMayNotBeWritten) {
-    files().put(path_, "the previous list");
-    files().setReadOnly(path_);
-    write();
-    expectBox(noRights_);
     write(JoinPath("nowhere", "new.dat"));
-    expectBox("76Path not found while writing Display data to disk");
+    expectBoxes({"76Path not found" + kWriting});
     displays_.WriteAllDisplaysToDisk();
-    expectBox(noRights_);
+    expectBoxes({noRights_});
     EXPECT_EQ(ReadSetting("VistrelLite", "Preview", "DisplayDataFile", ""), host_.inLibrary("")) << "no name";
 }
 
@@ -168,7 +229,7 @@ TEST_F(DisplayStore, SynchronisesOnlyWhereTheSettingIsExactlyTrueAndTrapsItsErro
     EXPECT_EQ(takeErrors(), Numbers{3024});
     files().setReadOnly(path_);
     write();
-    expectBox(noRights_);
+    expectBoxes({noRights_});
     EXPECT_EQ(synchronisation.saved, "A") << "once";
 }
 

@@ -21,7 +21,10 @@ namespace {
 const char* wordFor(Version version) { return version == Version::next ? "next" : "old"; }
 
 std::size_t reportCount(TestHost& host, bool countsQuiet) {
-    const auto counts = [=](const ErrorReport& report) { return countsQuiet || !report.error.isQuiet(); };
+    constexpr int keptCopy = 58; // is reported by a save that works
+    const auto counts = [=](const ErrorReport& report) {
+        return !report.error.isQuiet() || (countsQuiet && report.error.number() != keptCopy);
+    };
     return static_cast<std::size_t>(std::ranges::count_if(host.reports.all, counts)) +
            host.machine.messageBoxes().shown.size();
 }

@@ -1,5 +1,6 @@
 // What only a POSIX system has, as links and rights.
 #include "Machines.h"
+#include "platform/KeptCopies.h"
 #include "platform/ReplacementFile.h"
 #include "platform/posix/PosixCalendar.h"
 #include "platform/posix/PosixFileSystem.h"
@@ -45,6 +46,15 @@ TEST_F(PosixPlatformTest, SavingKeepsTheRightsOfAFileAndGivesANewOneTheUsualOnes
         EXPECT_EQ(std::filesystem::status(file("a")).permissions(), rights);
     }
     ::umask(mask);
+    constexpr unsigned other = 65534;
+    for (const auto& [owner, group] : {std::pair{other, ::getgid()}, std::pair{::getuid(), other}}) {
+        struct stat status {};
+        if (::chown(file("a").c_str(), owner, group) != 0) // which takes root
+            break;
+        EXPECT_EQ(ReplacementFile(files(), file("a")).commit(), SystemError::none);
+        ASSERT_EQ(::stat(file("a").c_str(), &status), 0);
+        EXPECT_EQ(std::pair(status.st_uid, status.st_gid), std::pair(owner, group));
+    }
 }
 
 TEST_F(PosixPlatformTest, UsesNothingButPlainFilesAndAppendsToNoLink) {
@@ -66,10 +76,15 @@ TEST_F(PosixPlatformTest, UsesNothingButPlainFilesAndAppendsToNoLink) {
 TEST_F(PosixPlatformTest, KeepsFilesBesideAndNotWhereALinkLeads) {
     put(file("a"), "new");
     for (const char* target : {"(missing)", "precious"}) {
-        std::filesystem::remove(file("a.bak"));
-        std::filesystem::create_symlink(file("target"), file("a.bak"));
+        for (const char* link : {"a.bak", "a.bak2"}) {
+            std::filesystem::remove(file(link));
+            std::filesystem::create_symlink(file("target"), file(link));
+        }
         EXPECT_EQ(files().copy(file("a"), MakePlaceForBackup(files(), file("a"))), SystemError::none);
-        EXPECT_FALSE(std::filesystem::is_symlink(file("a.bak")));
+        const auto kept = KeepAside(files(), file("a"), IfNotCopied::fail, 2);
+        EXPECT_EQ(textOf(kept.value()), "new");
+        for (const std::string& copy : {file("a.bak"), kept.value()})
+            EXPECT_FALSE(std::filesystem::is_symlink(copy)) << copy;
         EXPECT_EQ(textOf(file("target")), target);
         put(file("target"), "precious");
     }

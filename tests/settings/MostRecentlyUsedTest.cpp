@@ -34,6 +34,27 @@ TEST_F(MostRecentlyUsedTest, ChangesTheFileAtOnce) {
     recent.PurgeMRUList();
     EXPECT_EQ(recent.TotalFilesInList(), 0);
     EXPECT_EQ(recent.ClassDebugID() + 1, MostRecentlyUsed().ClassDebugID());
+    for (const std::string copy : {".bak", ".bak2"}) {
+        const std::string damaged = lines({"a"}) + '"' + copy;
+        files().put(path_, damaged);
+        recent.AddFileToMostRecentlyUsedList("c");
+        EXPECT_EQ(content(), lines({"c", "a", ""})) << "as far as it can be read";
+        EXPECT_EQ(files().content(path_ + copy), damaged);
+        EXPECT_TRUE(host_.reports.all.at(0).error.description().ends_with(path_ + copy));
+        EXPECT_EQ(takeErrors(), (Numbers{58, 62, 58, 62})) << "read before it is removed, and to remove it";
+    }
+}
+
+TEST_F(MostRecentlyUsedTest, FindsAndSavesTheFileInWhateverCaseItsNameIsSpelt) {
+    const std::string lower = host_.inLibrary("vistrellite.mru");
+    files().put(lower, lines({"a", ""}));
+    MostRecentlyUsed recent;
+    for (const char* name : {"b", "c"}) // which is found by its setting
+        recent.AddFileToMostRecentlyUsedList(name);
+    WriteSetting("VistrelLite", "Settings", "MRU", path_);
+    recent.AddFileToMostRecentlyUsedList("d");
+    EXPECT_EQ(files().content(lower), lines({"d", "c", "b", "a", ""}));
+    EXPECT_EQ(content(), "no file");
 }
 
 TEST_F(MostRecentlyUsedTest, GivesEntriesOneByOneAndByNumber) {

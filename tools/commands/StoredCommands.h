@@ -17,6 +17,10 @@ auto WithStoredCommands(ErrorLines& errors, Use use) {
     }
     auto result = use(loaded.table);
     const SavedCommandTable saved = SaveCommandTable(loaded.table, loaded.source);
+    if (loaded.error && saved.keptAs) {
+        errors.about("the command table");
+        errors.add("what could not be read is kept as " + *saved.keptAs);
+    }
     if (saved.error) {
         errors.about("the command table cannot be saved");
         errors.add(*saved.error);

@@ -22,6 +22,8 @@ RecentFilesOutcome loadList(ErrorLines& errors) {
     RecentFilesOutcome list = path ? LoadRecentFiles(*path) : RecentFilesOutcome();
     if (list.error)
         errors.add(*list.error);
+    if (list.keptAs)
+        errors.add("a copy of the damaged file is kept as " + *list.keptAs);
     return list;
 }
 
@@ -54,9 +56,10 @@ ExitCode change(const RecentOptions& options, Session& session, bool isAdded) {
     const std::optional<std::string> name = typedName(options, session.errors);
     if (!name)
         return ExitCode::wrongUsage;
-    auto [files, error, mayBeReplaced] = loadList(session.errors);
-    if (!mayBeReplaced)
+    RecentFilesOutcome loaded = loadList(session.errors);
+    if (!loaded.mayBeReplaced)
         return ExitCode::failed;
+    RecentFiles& files = loaded.files;
     const bool isKnown = files.remove(*name);
     if (isAdded) {
         files.putFirst(*name);

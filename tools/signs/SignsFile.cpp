@@ -101,6 +101,9 @@ bool SaveSigns(SignsFile& file, ErrorLines& errors) {
         errors.about("the previous list could not be kept as " + file.path + ".bak");
         errors.add(*saving.keepingError);
     }
+    errors.about(file.path);
+    if (saving.keptAs)
+        errors.add("the previous file could not be read to its end; it is kept as " + *saving.keptAs);
     errors.about(file.path + ": not saved");
     if (saving.error)
         errors.add(*saving.error);
