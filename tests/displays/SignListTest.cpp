@@ -33,18 +33,5 @@ TEST(SignListValue, KeepsSignsWhole) {
     EXPECT_TRUE(list.signs.at(1) == DisplayRecord()) << "a blank sign stays";
 }
 
-TEST(SignListValue, NamesEverySignType) {
-    std::string changes, last;
-    for (int type = -1; type < 32767; ++type)
-        if (const std::string_view name = SignTypeName(type); name != last)
-            changes += std::to_string(type) + " " + (last = name) + ", ";
-    EXPECT_EQ(changes,
-              "-1 Generic, 16 Kestrel, 26 Generic, 32 Solvane, 42 Generic, 48 Herald Single Color, 58 "
-              "Generic, 64 DeskMate, 74 Generic, 80 Herald MultiColor, 90 Generic, 96 Other, 104 One Line "
-              "Finch, 112 QMX, 122 Generic, 128 Tessel, 138 Generic, 144 ORN, 154 Generic, 160 ZR-7 - "
-              "PhotoGleam, 161 ZR-7 - ScrollLink, 162 ZR-7 - PhotoTriad, 163 ZR-7 - PhotoGleam, 170 Generic, "
-              "176 Meridian-HD, 178 Generic, ");
-}
-
 } // namespace
 } // namespace qrtVistrelClasses4

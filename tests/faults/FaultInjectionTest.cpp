@@ -1,6 +1,7 @@
 // Every load and save of every store, with each of its operations failing in turn.
 #include "Faults.h"
 #include "Stores.h"
+#include "platform/LetterCase.h"
 
 #include <gtest/gtest.h>
 
@@ -123,6 +124,29 @@ TEST_P(FaultInjection, ALoadThatFailsSaysSoAndChangesNothing) {
     });
 }
 
+class StoreInAnyCase : public FaultInjection {};
+
+TEST_P(StoreInAnyCase, IsFoundAndSaved) {
+    for (const bool isRemembered : {false, true}) {
+        const auto [folder, name] = SplitPath(store_.file);
+        const std::string upperFolder = isRemembered ? std::string(folder) : AnsiUpper(folder);
+        const std::string upper = LongNameHost().inLibrary(upperFolder + AnsiUpper(name));
+        Stage stage(store_, isRemembered ? Stage::Files() : Stage::Files{{upper, contents_.file[0]}});
+        (void)stage.host.machine.files().remove(stage.path);
+        stage.host.machine.files().put(upper, contents_.file[0]);
+        stage.renew();
+        EXPECT_TRUE(stage.subject.load());
+        EXPECT_EQ(stage.subject.text(), contents_.text[0]);
+        EXPECT_TRUE(stage.subject.saveAs(Version::next));
+        EXPECT_EQ(stage.host.machine.files().content(upper), contents_.file[1]);
+        EXPECT_FALSE(stage.file());
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Stores, StoreInAnyCase, testing::ValuesIn(StoresThat([](const Store& store) {
+                             return store.is(Store::hasPlace);
+                         })),
+                         [](const auto& row) { return std::string(row.param.name); });
 INSTANTIATE_TEST_SUITE_P(Stores, FaultInjection, testing::ValuesIn(Stores()),
                          [](const auto& row) { return std::string(row.param.name); });
 

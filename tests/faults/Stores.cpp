@@ -1,7 +1,6 @@
 #include "Stores.h"
 
 #include "playfile/LegacyBytes.h"
-#include "settings/IniFile.h"
 #include <qrtVistrelClasses4/DisplayDatabaseClass.h>
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/MostRecentlyUsed.h>
@@ -109,21 +108,6 @@ Subject preferences(TestHost& host, const std::string&) {
             [=] { return settings->DisplayID(); }};
 }
 
-/// One key of an INI file among others.
-Subject privateIni(TestHost& host, const std::string& path) {
-    const auto ini = std::make_shared<PrivateIni>();
-    const auto text = std::make_shared<std::string>();
-    ini->Register("Section", path);
-    if (!host.machine.files().content(path))
-        host.machine.files().put(path, "; a remark\r\n[Other]\r\nKey=kept\r\n");
-    return {[=](Version version) { *text = wordFor(version); }, [=] { return ini->Write("Key", *text); },
-            [=] {
-                *text = ini->Read("Key", "none");
-                return true;
-            },
-            [=] { return *text; }};
-}
-
 /// The next version has a new name in front. A name that is in the list already would first be removed by a
 /// save of its own.
 Subject recentFiles(TestHost& host, const std::string& path) {
@@ -194,11 +178,12 @@ const std::vector<Store>& Stores() {
         {"Playfile", "a.playfile", currentPlayfile, 0, "Unable to save playfile"},
         {"LegacyPlayfile", "a.PL2", olderPlayfile, Store::onlyLoads},
         {"XmlExport", "a.xml", xmlExport, Store::onlySaves, "Unable to save playfile"},
-        {"Signs", std::string(100, 's') + ".dat", signs, Store::keepsCopy | Store::inPlace, "Error Occurred"},
-        {"Preferences", "VistrelLite.ini", preferences, Store::loadsSilently},
-        {"PrivateIni", "private.ini", privateIni, Store::loadsSilently},
-        {"RecentFiles", "VistrelLite.MRU", recentFiles},
-        {"CommandTable", JoinPath("db", "VistrelLite.dat"), commandTable, Store::keepsCopy | Store::mayStart},
+        {"Signs", std::string(100, 's') + ".dat", signs, Store::keepsCopy | Store::inPlace | Store::hasPlace,
+         "Error Occurred"},
+        {"Preferences", "VistrelLite.ini", preferences, Store::loadsSilently | Store::hasPlace},
+        {"RecentFiles", "VistrelLite.MRU", recentFiles, Store::hasPlace},
+        {"CommandTable", JoinPath("db", "VistrelLite.dat"), commandTable,
+         Store::keepsCopy | Store::mayStart | Store::hasPlace},
 #ifndef _WIN32
         {"RegistryFile", "settings/registry", registryFile, Store::loadsSilently},
 #endif

@@ -35,6 +35,7 @@ struct Store {
         loadsSilently = 8, ///< A failed load is not reported.
         mayStart = 16,     ///< A missing folder is no failure.
         inPlace = 32,      ///< A power cut may leave it in pieces, beside a whole copy.
+        hasPlace = 64,     ///< The library knows where the file is, in whatever case its name is.
     };
     const char* name;
     std::string file; ///< Below the library's folder.

@@ -26,6 +26,8 @@ TEST_F(IniFiles, AreReadAndWrittenInTheSectionThatIsRegistered) {
     EXPECT_TRUE(ini.Write("Name", "East"));
     EXPECT_EQ(ini.Read("name", "none"), "East");
     EXPECT_EQ(files().content(path), "[Pier]\r\nName=East\r\n");
+    files().setReadOnly(path);
+    EXPECT_FALSE(ini.Write("Name", "West"));
     system.Register(" Signs ");
     EXPECT_TRUE(system.Write("Key", "value"));
     EXPECT_EQ(system.Read("Key", "default"), "value");

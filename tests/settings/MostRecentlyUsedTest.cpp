@@ -45,18 +45,6 @@ TEST_F(MostRecentlyUsedTest, ChangesTheFileAtOnce) {
     }
 }
 
-TEST_F(MostRecentlyUsedTest, FindsAndSavesTheFileInWhateverCaseItsNameIsSpelt) {
-    const std::string lower = host_.inLibrary("vistrellite.mru");
-    files().put(lower, lines({"a", ""}));
-    MostRecentlyUsed recent;
-    for (const char* name : {"b", "c"}) // which is found by its setting
-        recent.AddFileToMostRecentlyUsedList(name);
-    WriteSetting("VistrelLite", "Settings", "MRU", path_);
-    recent.AddFileToMostRecentlyUsedList("d");
-    EXPECT_EQ(files().content(lower), lines({"d", "c", "b", "a", ""}));
-    EXPECT_EQ(content(), "no file");
-}
-
 TEST_F(MostRecentlyUsedTest, GivesEntriesOneByOneAndByNumber) {
     files().put(path_, lines({"a", "b"}));
     MostRecentlyUsed recent;
