@@ -10,11 +10,8 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// Whether the two encodings of a name are the same.
-bool isAscii(std::string_view name) {
-    return std::ranges::all_of(name,
-                               [](char character) { return static_cast<unsigned char>(character) < 0x80; });
-}
+/// Whether a name is the same in both encodings.
+bool isAscii(std::string_view name) { return std::ranges::all_of(name, IsAscii); }
 
 /// Removes the first character of a name, and returns it in UTF-8.
 std::string takeCharacter(std::string_view& name) {

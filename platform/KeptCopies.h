@@ -20,10 +20,9 @@ enum class IfNotCopied {
     rename, ///< Renames the file, which takes no space, if it may be written and is no link.
 };
 
-/// Keeps a file that is about to be replaced though nobody could read it completely. The copy is named
-/// ".bak",
-/// ".bak2" and so on, starting from `firstNumber`, and never replaces another file. A copy with the same
-/// bytes is enough if there is one already. Returns the name of the copy.
+/// Keeps a file that is about to be replaced though nobody could read it completely. The copy's name ends in
+/// ".bak", ".bak2" and so on, starting from `firstNumber`; it never replaces another file. A copy with the
+/// same bytes is enough if there is one already. Returns the name of the copy.
 Result<std::string> KeepAside(FileSystem& files, const std::string& path, IfNotCopied ifNotCopied,
                               int firstNumber = 1);
 

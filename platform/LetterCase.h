@@ -6,6 +6,8 @@
 
 namespace qrtVistrelClasses4 {
 
+constexpr bool IsAscii(char character) { return static_cast<unsigned char>(character) < 0x80; }
+
 /// The upper case of an ASCII letter. Other characters stay as they are.
 constexpr char AsciiUpper(char character) {
     return character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A') : character;

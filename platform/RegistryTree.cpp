@@ -1,5 +1,6 @@
 #include "platform/RegistryTree.h"
 
+#include "platform/Hex.h"
 #include "platform/LetterCase.h"
 #include "platform/NulTerminated.h"
 
@@ -68,16 +69,13 @@ constexpr bool needsEscape(char character) {
 }
 
 void appendEscaped(std::string& result, std::string_view text) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
     for (const char character : text) {
         if (!needsEscape(character)) {
             result += character;
             continue;
         }
-        const auto code = static_cast<unsigned char>(character);
         result += '%';
-        result += digits[code / 16];
-        result += digits[code % 16];
+        AppendHex(result, static_cast<unsigned char>(character));
     }
 }
 

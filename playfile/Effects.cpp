@@ -117,12 +117,14 @@ std::optional<std::int16_t> SuffixCodeOf(std::string_view text) {
 std::optional<std::int16_t> PrefixCodeOfKeyword(std::string_view keyword) {
     if (const auto code = codeOfSharedKeyword(keyword))
         return code;
-    if (keyword == "OT")
+    if (MeansNoEffect(keyword))
         return std::int16_t{0};
     const std::optional<double> rounds = ParseNumber(keyword);
-    if (!rounds)
-        return std::nullopt;
-    return *rounds > 0 ? RoundToInt16(kLoopBase + *rounds) : std::int16_t{0};
+    return rounds ? std::optional(RoundToInt16(kLoopBase + *rounds)) : std::nullopt;
+}
+
+bool MeansNoEffect(std::string_view keyword) {
+    return keyword == "OT" || ParseNumber(keyword).value_or(1) <= 0;
 }
 
 std::optional<std::int16_t> SuffixCodeOfKeyword(std::string_view keyword) {

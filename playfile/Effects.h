@@ -105,9 +105,11 @@ std::optional<std::string> SuffixName(std::int16_t code);
 std::optional<std::int16_t> PrefixCodeOf(std::string_view text);
 std::optional<std::int16_t> SuffixCodeOf(std::string_view text);
 
+/// Whether a keyword of the older playfile format says that a frame has no effect: "OT" or a number up to 0.
+bool MeansNoEffect(std::string_view keyword);
+
 /// The code of a keyword of the older playfile format, if it is one: two capital letters, or as a prefix a
-/// loop count. The prefix "OT" and counts below 1 are code 0, no effect. A count whose code would not fit is
-/// error 6.
+/// loop count. A prefix that means no effect is code 0. A count whose code would not fit is error 6.
 std::optional<std::int16_t> PrefixCodeOfKeyword(std::string_view keyword);
 std::optional<std::int16_t> SuffixCodeOfKeyword(std::string_view keyword);
 

@@ -5,6 +5,7 @@
 #include "frame/SystemErrors.h"
 #include "frame/Text.h"
 #include "frame/Traced.h"
+#include "platform/Hex.h"
 #include "platform/Platform.h"
 #include "playfile/Effects.h"
 #include "playfile/FrameProcedures.h"
@@ -105,10 +106,10 @@ constexpr const char* kTooLarge = ", which is too large";
 
 std::string quoted(const std::string& text) { return '"' + text + '"'; }
 
-/// Two hexadecimal digits.
-std::string hexText(unsigned byte) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    return {digits[byte >> 4 & 0xf], digits[byte & 0xf]};
+std::string hexText(unsigned bits) {
+    std::string text;
+    AppendHex(text, static_cast<unsigned char>(bits));
+    return text;
 }
 
 std::string Import::textOf(const LegacyRecord& record) {
@@ -141,7 +142,8 @@ std::int16_t Import::suffixCodeOf(const std::string& Keyword) {
     const std::optional<std::int16_t> code = traced(
         FrameFunction("ConvertSuffixKeywordToCode"), [&] { return SuffixCodeOfKeyword(Keyword); },
         Arg{"Keyword", Keyword});
-    if (!code && !Keyword.empty())
+    // A word that means no effect before a frame means none after it either.
+    if (!code && !Keyword.empty() && !MeansNoEffect(Keyword))
         lose("unknown suffix keyword " + quoted(Keyword));
     return code.value_or(0);
 }
@@ -150,7 +152,7 @@ std::int16_t Import::widthOf(std::string_view number) {
     const std::optional<std::int16_t> width = trapped(FrameFunction("GetLegacyPlayfileFromDisk"), [&] {
         return std::optional(width_.converted(number_, [&] { return RoundToInt16(LeadingNumber(number)); }));
     });
-    if (!number.empty())
+    if (width != 0)
         lose("width " + std::string(number) + (width ? "" : kTooLarge));
     return width.value_or(0);
 }

@@ -29,10 +29,14 @@ FontCache::FontPointer FontCache::findNumbered(std::int16_t number) {
     if (const auto known = numbered_.find(number); known != numbered_.end())
         return known->second;
     using enum PreviewFault::What;
-    FontPointer font = accept(LoadNumberedFont(number, signType_, kUseNewFont),
-                              {number < 0 ? unknownFontNumber : numberedFont, std::to_string(number)});
-    if (!font)
-        font = number != 0 ? useFont0() : std::make_shared<const Font>(emptyFont());
+    FontOutcome outcome = LoadNumberedFont(number, signType_, kUseNewFont);
+    const FontSource source = outcome.source;
+    FontPointer font =
+        accept(std::move(outcome), {number < 0 ? unknownFontNumber : numberedFont, std::to_string(number)});
+    if (!font) {
+        lacksFont0_ = lacksFont0_ || number == 0;
+        font = number != 0 ? useFont0(source) : std::make_shared<const Font>(emptyFont());
+    }
     return numbered_[number] = font;
 }
 
@@ -47,10 +51,11 @@ FontCache::FontPointer FontCache::findCustom(const std::string& name) {
     FontOutcome outcome =
         name.empty() ? FontOutcome() : LoadFontFile(name, kSizeFromFile, kSizeFromFile, kUseNewFont);
     const std::string file = outcome.path.value_or("");
+    const FontSource source = outcome.source;
     const FontPointer font = accept(std::move(outcome), {name.empty() ? unnamedFont : customFont, name});
     if (!font) {
         files_[name].reset();
-        return useFont0();
+        return useFont0(source);
     }
     files_[name] = file;
     if (const auto kept = custom_.find(file); kept != custom_.end()) // under another name
@@ -60,9 +65,13 @@ FontCache::FontPointer FontCache::findCustom(const std::string& name) {
     return custom_[file] = font;
 }
 
-FontCache::FontPointer FontCache::useFont0() {
-    faults_.back().messages.emplace_back("Font 0 is used instead");
-    return findNumbered(0);
+FontCache::FontPointer FontCache::useFont0(FontSource source) {
+    const std::size_t fault = faults_.size() - 1;
+    FontPointer font = findNumbered(0);
+    const bool isSaid = source == FontSource::font0; // by the messages of loading
+    if (!isSaid && !lacksFont0_)
+        faults_.at(fault).messages.emplace_back("Font 0 is used instead");
+    return font;
 }
 
 FontCache::FontPointer FontCache::accept(FontOutcome&& outcome, PreviewFault fault) {

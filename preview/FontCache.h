@@ -16,6 +16,7 @@
 namespace qrtVistrelClasses4 {
 
 struct FontOutcome;
+enum class FontSource;
 
 /// Caches fonts, so that each is usually loaded only once, whatever names lines have for its file.
 class FontCache {
@@ -38,14 +39,15 @@ public:
 private:
     FontPointer findNumbered(std::int16_t number);
     FontPointer findCustom(const std::string& name);
-    /// Font 0, in place of the font that the last fault is about.
-    FontPointer useFont0();
+    /// Font 0, in place of the font that the last fault is about. `source` is where that font was looked for.
+    FontPointer useFont0(FontSource source);
     /// The loaded font. Null, and one more fault, if font 0 has to replace it.
     FontPointer accept(FontOutcome&& outcome, PreviewFault fault);
 
     std::int16_t signType_;
     std::vector<PreviewFault> faults_;
     std::map<std::int16_t, FontPointer> numbered_;
+    bool lacksFont0_ = false;
     /// The files of custom fonts by the names that lines have for them. Nothing if font 0 replaces the font.
     std::unordered_map<std::string, std::optional<std::string>> files_;
     std::unordered_map<std::string, FontPointer> custom_; ///< By file.

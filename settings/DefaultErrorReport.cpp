@@ -1,6 +1,7 @@
 #include "settings/DefaultErrorReport.h"
 
 #include "frame/Conversions.h"
+#include "platform/Hex.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "settings/AppFolder.h"
@@ -31,15 +32,16 @@ bool isControl(unsigned char previous, unsigned char code) {
 
 /// Any text in a form that is safe in a line of a log, in a box and on a terminal.
 std::string visible(std::string_view text) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
     std::string result;
     unsigned char previous = 0;
     for (const char character : text.substr(0, kLongestTextInReport)) {
         const auto code = static_cast<unsigned char>(character);
-        if (isControl(previous, code))
-            ((result += '<') += {digits[code >> 4], digits[code & 0xf]}) += '>';
-        else
+        if (isControl(previous, code)) {
+            AppendHex(result += '<', code);
+            result += '>';
+        } else {
             result += character;
+        }
         previous = code;
     }
     return text.size() > kLongestTextInReport ? result + "..." : result;

@@ -32,9 +32,8 @@ struct [[nodiscard]] CommandTableOutcome {
 
 /// What came of saving a table.
 struct [[nodiscard]] SavedCommandTable {
-    std::string path; ///< The file, which is also remembered for loading.
-    std::optional<std::string>
-        keptAs; ///< The copy of what was in the file before, if it is not in the table.
+    std::string path;                  ///< The file, which is also remembered for loading.
+    std::optional<std::string> keptAs; ///< The copy of the file before, if the table lacks what was in it.
     std::optional<RuntimeError> error; ///< If there is one, the file is unchanged.
 };
 

@@ -58,9 +58,8 @@ private:
     std::string long_;
 };
 
-bool isAscii(char character) { return static_cast<unsigned char>(character) < 0x80; }
 /// Before the first other character of a text, a byte of ASCII is never a part of a longer character.
-bool isSameAsciiLetter(char a, char b) { return isAscii(a) && isAscii(b) && AsciiUpper(a) == AsciiUpper(b); }
+bool isSameAsciiLetter(char a, char b) { return IsAscii(a) && IsAscii(b) && AsciiUpper(a) == AsciiUpper(b); }
 
 } // namespace
 
@@ -79,7 +78,7 @@ bool EqualIgnoringAnsiCase(std::string_view left, std::string_view right) {
                                   [&](char a, char b) { return a == b || page.upper(a) == page.upper(b); });
     const auto [a, b] = std::ranges::mismatch(left, right, isSameAsciiLetter);
     const std::string_view leftRest(a, left.end()), rightRest(b, right.end());
-    if (leftRest.empty() || (isAscii(leftRest.front()) && isAscii(rightRest.front())))
+    if (leftRest.empty() || (IsAscii(leftRest.front()) && IsAscii(rightRest.front())))
         return leftRest.empty();
     return UpperText(leftRest).text() == UpperText(rightRest).text();
 }

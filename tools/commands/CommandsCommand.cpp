@@ -1,4 +1,5 @@
 // vistrel commands: the sign's commands, and the bytes that the sign understands for them.
+#include "platform/Hex.h"
 #include "tools/commands/StoredCommands.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
@@ -25,13 +26,11 @@ struct CommandsOptions {
 
 /// As pairs of hexadecimal digits.
 std::string hexText(std::string_view bytes) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
     std::string text;
     for (const char character : bytes) {
-        const auto byte = static_cast<unsigned char>(character);
         if (!text.empty())
             text += ' ';
-        (text += digits[byte >> 4]) += digits[byte & 0xf];
+        AppendHex(text, static_cast<unsigned char>(character));
     }
     return text;
 }

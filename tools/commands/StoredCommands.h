@@ -17,9 +17,9 @@ auto WithStoredCommands(ErrorLines& errors, Use use) {
     }
     auto result = use(loaded.table);
     const SavedCommandTable saved = SaveCommandTable(loaded.table, loaded.source);
-    if (loaded.error && saved.keptAs) {
+    if (saved.keptAs) {
         errors.about("the command table");
-        errors.add("what could not be read is kept as " + *saved.keptAs);
+        errors.add("the file could not be used as it was, and is kept as " + *saved.keptAs);
     }
     if (saved.error) {
         errors.about("the command table cannot be saved");

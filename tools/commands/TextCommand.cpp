@@ -46,7 +46,7 @@ ExitCode convert(const TextOptions& options, Session& session) {
         std::vector<std::string> losses;
         std::string converted = ConvertLegacyVariables(text, losses);
         for (const std::string& loss : losses)
-            session.errors.addLoss("loses its " + Utf8FromAnsi(loss));
+            session.errors.addLoss("not carried over: " + Utf8FromAnsi(loss));
         return converted;
     });
 }

@@ -106,70 +106,91 @@ bool putIn(FrameInfoClass& playfile, const FrameRange& range, FrameInfoClass& so
     return true;
 }
 
+/// The playfiles of one edit.
+struct Edit {
+    const FramesOptions& options;
+    ErrorLines& errors;
+    LoadOutcome opened;
+    std::optional<LoadOutcome> other; ///< The one to paste from.
+    FrameInfoClass playfile{};
+};
+
 // The edits. Each returns a text about what it has done, or adds an error.
 
-std::string insertFrame(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
-    if (!isRoomAt(options.at.value, 1, playfile, errors))
+std::string insertFrame(Edit& edit) {
+    const std::int32_t at = edit.options.at.value;
+    FrameInfoClass& playfile = edit.playfile;
+    if (!isRoomAt(at, 1, playfile, edit.errors))
         return {};
-    bool isAfterLast = options.at.value > playfile.TotalFrames();
-    playfile.CurrentFrame(isAfterLast ? playfile.TotalFrames() : NarrowToInt16(options.at.value));
+    bool isAfterLast = at > playfile.TotalFrames();
+    playfile.CurrentFrame(isAfterLast ? playfile.TotalFrames() : NarrowToInt16(at));
     playfile.InsertFrame(isAfterLast);
-    return "inserted frame " + std::to_string(options.at.value);
+    return "inserted frame " + std::to_string(at);
 }
 
-std::string deleteFrames(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
-    if (!isWithin("FRAMES", options.frames, playfile, errors))
+std::string deleteFrames(Edit& edit) {
+    const FrameRange& frames = edit.options.frames;
+    if (!isWithin("FRAMES", frames, edit.playfile, edit.errors))
         return {};
-    std::int16_t first = NarrowToInt16(options.frames.first);
-    std::int16_t last = NarrowToInt16(options.frames.last);
+    std::int16_t first = NarrowToInt16(frames.first);
+    std::int16_t last = NarrowToInt16(frames.last);
     std::shared_ptr<FrameInfoClass> cutOut;
-    playfile.CutInfo(first, last, cutOut);
-    return "deleted " + text(options.frames);
+    edit.playfile.CutInfo(first, last, cutOut);
+    if (edit.opened.legacy)
+        std::erase_if(edit.opened.legacy->losses, [&](const LegacyLoss& loss) {
+            return loss.frame >= frames.first && loss.frame <= frames.last;
+        });
+    return "deleted " + text(frames);
 }
 
-std::string moveFrame(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
-    const std::int32_t last = playfile.TotalFrames();
-    if (!isWithin("FROM", options.from.value, last, errors) ||
-        !isWithin("TO", options.to.value, last, errors))
+std::string moveFrame(Edit& edit) {
+    const std::int32_t from = edit.options.from.value, to = edit.options.to.value;
+    const std::int32_t last = edit.playfile.TotalFrames();
+    if (!isWithin("FROM", from, last, edit.errors) || !isWithin("TO", to, last, edit.errors))
         return {};
-    playfile.MoveFrame(NarrowToInt16(options.from.value), NarrowToInt16(options.to.value));
-    return "moved frame " + std::to_string(options.from.value) + " to " + std::to_string(options.to.value);
+    edit.playfile.MoveFrame(NarrowToInt16(from), NarrowToInt16(to));
+    return "moved frame " + std::to_string(from) + " to " + std::to_string(to);
 }
 
-std::string copyFrames(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
-    if (!putIn(playfile, options.frames, playfile, options, errors))
+std::string copyFrames(Edit& edit) {
+    const FramesOptions& options = edit.options;
+    if (!putIn(edit.playfile, options.frames, edit.playfile, options, edit.errors))
         return {};
     return "copied " + text(options.frames) + " to " + std::to_string(options.at.value);
 }
 
-std::string pasteFrames(FrameInfoClass& playfile, const FramesOptions& options, ErrorLines& errors) {
-    const auto opened = OpenPlayfile(options.other, options.answers, errors);
-    if (!opened)
-        return {};
+std::string pasteFrames(Edit& edit) {
+    const FramesOptions& options = edit.options;
     FrameInfoClass other;
-    other.Adopt(opened->playfile);
+    other.Adopt(edit.other->playfile);
     const FrameRange range = options.framesOfOther.value_or(FrameRange(1, other.TotalFrames()));
-    if (!putIn(playfile, range, other, options, errors))
+    edit.errors.about(options.other);
+    if (!putIn(edit.playfile, range, other, options, edit.errors))
         return {};
-    AddLosses(*opened, errors, range.first, range.last);
+    AddLosses(*edit.other, edit.errors, range.first, range.last);
     return "pasted " + text(range) + " of " + options.other + " at " + std::to_string(options.at.value);
 }
 
-template <auto edit>
+template <auto change>
 ExitCode editFrames(const FramesOptions& options, Session& session) {
-    auto opened = OpenPlayfile(options.file, options.answers, session.errors);
+    ErrorLines& errors = session.errors;
+    auto opened = OpenPlayfile(options.file, options.answers, errors);
     if (!opened)
         return ExitCode::failed;
-    FrameInfoClass playfile;
-    playfile.Adopt(std::move(opened->playfile));
-    const std::string done = edit(playfile, options, session.errors);
-    if (!session.errors.hasOnlyLosses())
+    Edit edit{options, errors, std::move(*opened), {}};
+    if (!options.other.empty() && !(edit.other = OpenPlayfile(options.other, options.answers, errors)))
+        return ExitCode::failed;
+    errors.about(options.file);
+    edit.playfile.Adopt(std::move(edit.opened.playfile));
+    const std::size_t errorsOfOpening = errors.count();
+    const std::string done = change(edit);
+    if (errors.count() > errorsOfOpening)
         return ExitCode::failed;
     const std::string& name = options.out.empty() ? options.file : options.out;
-    opened->playfile = playfile.Value();
-    if (!SaveOpened(*opened, name, options.answers, session))
+    edit.opened.playfile = edit.playfile.Value();
+    if (!SaveOpened(edit.opened, name, options.answers, session))
         return ExitCode::failed;
-    const std::int16_t count = playfile.TotalFrames();
+    const std::int16_t count = edit.playfile.TotalFrames();
     if (options.json)
         session.out << JsonText({{"file", name}, {"done", done}, {"TotalFrames", count}}) << '\n';
     else

@@ -1,5 +1,6 @@
 // vistrel inspect: what a playfile of the older format contains, and what is lost when it is opened.
 #include "frame/SystemErrors.h"
+#include "platform/Hex.h"
 #include "platform/Platform.h"
 #include "playfile/LegacyFormat.h"
 #include "tools/playfile/Opening.h"
@@ -92,12 +93,12 @@ void printJson(std::ostream& out, const std::string& name, InputFile& file) {
 
 /// The flags up to the last one that is set, in hexadecimal.
 std::string flagsText(const std::array<std::uint8_t, kLegacyFlagCount>& flags) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
     std::string text;
     std::size_t end = 0;
     for (const std::uint8_t bits : flags) {
-        text += {digits[bits >> 4], digits[bits & 0xf], ' '};
-        end = bits != 0 ? text.size() - 1 : end;
+        AppendHex(text, bits);
+        end = bits != 0 ? text.size() : end;
+        text += ' ';
     }
     return text.substr(0, end);
 }

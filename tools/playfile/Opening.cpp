@@ -66,7 +66,7 @@ void AddLosses(const LoadOutcome& opened, ErrorLines& errors, std::int32_t first
         return;
     for (const auto& [frame, text] : opened.legacy->losses)
         if (frame >= first && frame <= last)
-            errors.addLoss("frame " + std::to_string(frame) + " loses its " + Utf8FromAnsi(text));
+            errors.addLoss("frame " + std::to_string(frame) + ": not carried over: " + Utf8FromAnsi(text));
 }
 
 } // namespace qrtVistrelClasses4

@@ -1,5 +1,7 @@
 #include "tools/program/Encoding.h"
 
+#include "platform/Hex.h"
+
 namespace qrtVistrelClasses4 {
 namespace {
 
@@ -7,13 +9,12 @@ namespace {
 void appendControlSign(std::string& text, char32_t control) {
     constexpr char32_t controlPictures = 0x2400;
     constexpr char32_t deletePicture = 0x2421;
-    constexpr std::string_view digits = "0123456789ABCDEF";
     if (control < 0x20)
         AppendUtf8(text, controlPictures + control);
     else if (control == 0x7f)
         AppendUtf8(text, deletePicture);
     else
-        (((text += "\\x") += digits[control >> 4]) += digits[control & 0xf]);
+        AppendHex(text += "\\x", static_cast<unsigned char>(control));
 }
 
 } // namespace

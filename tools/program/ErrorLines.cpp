@@ -10,16 +10,26 @@ std::string TextOf(const RuntimeError& error) {
     return error.description() + " (error " + std::to_string(error.number()) + ")";
 }
 
-void ErrorLines::keep(const std::string& subject, std::string_view text) {
-    std::string line = "vistrel: " + Visible((subject.empty() ? "" : subject + ": ") + std::string(text));
+std::string ErrorLines::lineOf(const std::string& subject, std::string_view text) {
+    return "vistrel: " + Visible((subject.empty() ? "" : subject + ": ") + std::string(text));
+}
+
+void ErrorLines::add(const std::string& subject, std::string_view text) {
+    ++count_;
+    std::string line = lineOf(subject, text);
     if (kept_.contains(line))
         return;
-    if (lines_.size() == kMostErrorLines) {
+    if (keptErrors_ == kMostErrorLines) {
         ++notKept_;
         return;
     }
-    kept_.insert(line);
-    lines_.push_back(std::move(line));
+    ++keptErrors_;
+    keep(std::move(line));
+}
+
+void ErrorLines::keep(std::string line) {
+    if (kept_.insert(line).second)
+        lines_.push_back(std::move(line));
 }
 
 void ErrorLines::add(const RuntimeError& error) {
@@ -32,9 +42,8 @@ void ErrorLines::add(const FileError& error) {
 }
 
 void ErrorLines::add(const std::vector<PreferenceError>& errors) {
-    hasErrors_ = hasErrors_ || !errors.empty();
     for (const PreferenceError& error : errors)
-        keep("VistrelLite.ini, key " + error.key, TextOf(error.error));
+        add("VistrelLite.ini, key " + error.key, TextOf(error.error));
 }
 
 std::vector<std::string> ErrorLines::lines() const {

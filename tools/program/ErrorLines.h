@@ -26,13 +26,10 @@ public:
     void about(std::string_view subject) { subject_ = subject; }
 
     /// A text that is added several times is kept once.
-    void add(std::string_view text) {
-        hasErrors_ = true;
-        keep(subject_, text);
-    }
-    /// The same for something that was lost on the way. It does not keep a command from saving, but the
-    /// command has failed in the end.
-    void addLoss(std::string_view text) { keep(subject_, text); }
+    void add(std::string_view text) { add(subject_, text); }
+    /// The same for something that was lost on the way. All of it is shown: it is never more than the file
+    /// that was read.
+    void addLoss(std::string_view text) { keep(lineOf(subject_, text)); }
     /// An error of the library. Quiet errors are left out.
     void add(const RuntimeError& error);
     /// An error in a file, with its line.
@@ -43,18 +40,22 @@ public:
     void report(const ErrorReport& report) override { add(report.error); }
 
     bool empty() const { return lines_.empty(); }
-    bool hasOnlyLosses() const { return !hasErrors_; }
+    /// The number of errors so far, without losses.
+    std::size_t count() const { return count_; }
     /// The last line counts the errors that were not kept.
     std::vector<std::string> lines() const;
 
 private:
-    void keep(const std::string& subject, std::string_view text);
+    static std::string lineOf(const std::string& subject, std::string_view text);
+    void add(const std::string& subject, std::string_view text);
+    void keep(std::string line);
 
     std::string subject_;
     std::vector<std::string> lines_;
     std::unordered_set<std::string> kept_; ///< The same lines.
+    std::size_t count_ = 0;
+    std::size_t keptErrors_ = 0; ///< Lines without losses.
     std::size_t notKept_ = 0;
-    bool hasErrors_ = false; ///< Besides losses.
 };
 
 } // namespace qrtVistrelClasses4
