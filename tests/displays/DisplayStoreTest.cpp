@@ -56,6 +56,18 @@ TEST_F(DisplayStore, IsMendedWhereOldFilesLeaveValuesEmpty) {
     check(&DisplayRecord::BlinkRateClear, 0, 400);
 }
 
+TEST_F(DisplayStore, FillsARecordAsFarAsItCanBeRead) {
+    std::string text = fileOf({0, 4});
+    load(text.replace(text.find("\r\n413"), 3, "\r\nx")); // before the 13th value
+    EXPECT_EQ(takeErrors(), Numbers{13});
+    const SignListOutcome outcome = LoadSignList(path_);
+    EXPECT_EQ(outcome.wholeSigns, 1);
+    EXPECT_EQ(outcome.error->line, 48 + 13);
+    EXPECT_TRUE(outcome.list == displays_.Value());
+    EXPECT_EQ(outcome.list.signs.at(2).ScrollPauseDelay, signOf(4).ScrollPauseDelay);
+    EXPECT_EQ(outcome.list.signs.at(2).TimeZoneAdjustment, 0);
+}
+
 TEST_F(DisplayStore, LeavesTheListAloneWithoutARecord) {
     load(fileOf({0, 1, 2}));
     load("");
