@@ -129,8 +129,8 @@ class StoreInAnyCase : public FaultInjection {};
 TEST_P(StoreInAnyCase, IsFoundAndSaved) {
     for (const bool isRemembered : {false, true}) {
         const auto [folder, name] = SplitPath(store_.file);
-        const std::string upperFolder = isRemembered ? std::string(folder) : AnsiUpper(folder);
-        const std::string upper = LongNameHost().inLibrary(upperFolder + AnsiUpper(name));
+        const std::string upperFolder = isRemembered ? std::string(folder) : AnsiUpperCase(folder);
+        const std::string upper = LongNameHost().inLibrary(upperFolder + AnsiUpperCase(name));
         Stage stage(store_, isRemembered ? Stage::Files() : Stage::Files{{upper, contents_.file[0]}});
         (void)stage.host.machine.files().remove(stage.path);
         stage.host.machine.files().put(upper, contents_.file[0]);
