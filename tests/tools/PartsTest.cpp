@@ -1,0 +1,199 @@
+// Parts of the program, with what no session can show.
+#include "tools/fonts/FontPictures.h"
+#include "tools/fonts/FontScaling.h"
+#include "tools/preview/PngFile.h"
+#include "tools/program/Encoding.h"
+#include "tools/program/ErrorLines.h"
+#include "tools/program/StandardOutput.h"
+
+#include <gmock/gmock.h>
+#include <lodepng.h>
+
+#include <vector>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+TEST(Encoding, EveryByteIsACharacterOfTheCodePageAndComesBack) {
+    for (int code = 0; code < 256; ++code) {
+        const std::string ansi(1, static_cast<char>(code));
+        EXPECT_EQ(AnsiFromUtf8(Utf8FromAnsi(ansi)), ansi);
+    }
+    EXPECT_EQ(Utf8FromAnsi("Caf\xe9 \x80\x9f \x81\x9d \xa0"), "Caf\u00e9 \u20ac\u0178 \u0081\u009d \u00a0")
+        << "first and last of its own range, undefined codes, first after it";
+    for (const char* lacking : {"\u042b", "\u0080", "\U0001f600", "\xc3"})
+        EXPECT_EQ(AnsiFromUtf8(lacking), std::nullopt) << lacking;
+}
+
+TEST(Encoding, NamesOfFilesAreKeptInTheCodePageWhereTheyCanBeReadBack) {
+    const struct {
+        const char* why;
+        std::string onDisk, inPlayfile, shown = onDisk;
+    } cases[] = {
+        {"letters of the code page", "/\u00fc/Gr\u00f6\u00dfe \u20ac", "/\xfc/Gr\xf6\xdf\x65 \x80"},
+        {"a folder with another letter", "/\u042b/\u00fc.bmp", "/\u042b/\xfc.bmp"},
+        {"no UTF-8", "/\u00fc/\xff.bmp", "/\u00fc/\xff.bmp", "/\u00fc/\u00ff.bmp"},
+        {"what would be UTF-8 again", "/\u00c3\u00b6/\u00fc", "/\u00c3\u00b6/\u00fc"},
+        {"a control character", "/\u00fc\x1b", "/\xfc\x1b", "/\u00fc\u241b"},
+    };
+    for (const auto& [why, onDisk, inPlayfile, shown] : cases) {
+        EXPECT_EQ(NameForPlayfile(onDisk), inPlayfile) << why;
+        EXPECT_EQ(VisibleName(inPlayfile), shown) << why;
+    }
+}
+
+TEST(Encoding, ControlCharactersAreShownBySigns) {
+    EXPECT_EQ(Visible(std::string("a\0\r\n\x7f", 5)), "a\u2400\u240d\u240a\u2421");
+    EXPECT_EQ(Visible("\x1b[2J \u0081"), "\u241b[2J \\x81") << "no escape, and undefined codes spelt out";
+    const struct {
+        const char* why;
+        std::string utf8, shown;
+    } bytes[] = {
+        {"letters of any length stay", "Caf\u00e9 \u20ac\U0001f600\U0010ffff",
+         "Caf\u00e9 \u20ac\U0001f600\U0010ffff"},
+        {"a control character alone", "\x9b[m", "\\x9B[m"},
+        {"one after half a letter", "\xc3\x1b\xe2\x9d", "\\xC3\u241b\\xE2\\x9D"},
+        {"one with more bytes than it takes", "\xe0\x82\x9b", "\\xE0\\x82\\x9B"},
+        {"a letter with two instead of one", "\xc1\x81", "\\xC1\\x81"},
+        {"no character: half of a pair", "\xed\xa0\x80", "\\xED\\xA0\\x80"},
+        {"no character: too large", "\xf4\x90\x80\x80", "\\xF4\\x90\\x80\\x80"},
+        {"no start", "\xf8\xff\xa9", "\\xF8\\xFF\\xA9"},
+        {"the end of the text", "\xf0\x9f\x98", "\\xF0\\x9F\\x98"},
+    };
+    for (const auto& [why, utf8, shown] : bytes)
+        EXPECT_EQ(Visible(utf8), shown) << why;
+}
+
+TEST(ErrorLines, AreToldOnceAndBeyondTheMostOnlyCounted) {
+    ErrorLines errors;
+    for (int turn = 0; turn < 2; ++turn)
+        for (std::size_t number = 0; number < kMostErrorLines; ++number)
+            errors.add(std::to_string(number));
+    EXPECT_EQ(errors.lines().size(), kMostErrorLines);
+    EXPECT_EQ(errors.lines().back(), "vistrel: 499");
+    for (const char* beyond : {"one", "two", "0"})
+        errors.add(beyond);
+    EXPECT_EQ(errors.lines().size(), kMostErrorLines + 1);
+    EXPECT_EQ(errors.lines().back(), "vistrel: and 2 more");
+}
+
+TEST(StandardOutput, WritesNothingAfterAPieceThatCouldNotBeWritten) {
+    struct FullForAWhile final : Console { // when the second piece comes
+        bool isTerminal(StandardStream) override { return false; }
+        SystemError write(StandardStream, std::string_view text) override {
+            written += text.front();
+            return written == "ab" ? SystemError::diskFull : SystemError::none;
+        }
+        std::string written;
+    } console;
+    StandardOutput output(console);
+    for (const char letter : {'a', 'b', 'c'})
+        std::ostream(&output) << std::string(StandardOutput::kPieceSize, letter);
+    EXPECT_FALSE(output.finish());
+    EXPECT_EQ(console.written, "ab");
+}
+
+using testing::ElementsAre;
+
+TEST(FontPictures, BecomeTheBytesOfBothLayouts) {
+    ErrorLines errors;
+    const auto pictures = ReadFontPictures("; a letter of one byte a row, and one of two\r\nsize 12x3\r\n\r\n"
+                                           "66 B, out of order\r\n##\r\n.#\r\n..\r\n"
+                                           "33 !\r\n#.........\r\n.......##.\r\n.........#", // no line end
+                                           errors);
+    ASSERT_TRUE(pictures);
+    const std::string capitalB("\2\xC0\x40\0\0\0\0", 7), exclamationMark("\12\x80\1\0\0\x80\x40", 7),
+        none(7, '\0');
+    EXPECT_EQ(HeaderFontBytes(FontOf(*pictures, FontLayout::header, errors).value()),
+              std::string("\0\2\14\3B!", 6) + capitalB + exclamationMark);
+    std::string sized = none + exclamationMark;
+    for (char letter = '"'; letter < 127; ++letter)
+        sized += letter == 'B' ? capitalB : none;
+    EXPECT_EQ(SizedFontBytes(FontOf(*pictures, FontLayout::sized, errors).value()), sized + none);
+}
+
+TEST(FontPictures, ReportTheLineThatIsWrong) {
+    std::string tall = "size 100x255\n126\n";
+    for (int row = 0; row < 255; ++row)
+        tall += ".\n";
+    const std::string start = "size 4x2\n65 A\n";
+    const std::string noSize = R"(line 1: must be "size" with width and height, such as "size 6x8")";
+    const std::string noCode =
+        R"(line 2: neither a row of dots ("#" and ".") nor the code of a letter (0 to 255))";
+    constexpr auto header = FontLayout::header, sized = FontLayout::sized;
+    const struct {
+        std::string source;
+        FontLayout layout;
+        std::string error;
+    } cases[] = {
+        {"", header, "has no line with the size"},
+        {"size 256x8", header, noSize},
+        {"size 0x8", header, noSize},
+        {"size 4x2\n", header, "a font has 1 to 255 letters, not 0"},
+        {"size 4x2\n\n..", header, "line 3: a row of dots before the code of its letter"},
+        {"size 4x2\nA\n..\n..", header, noCode},
+        {"size 4x2\n256\n..\n..", header, noCode},
+        {start + "..\n..\n65\n..\n..", header, "line 5: a second letter 65"},
+        {start + ".#\n.o\n", header, R"(line 4: a row holds nothing but "#" and ".")"},
+        {start + "...\n..", header, "line 4: the row is 2 dots wide, the first 3"},
+        {start + "..\n66\n..\n..", header, "line 2: letter 65 has 1 rows, not 2"},
+        {start + "..\n..\n..", header, "line 2: letter 65 has 3 rows, not 2"},
+        {start + ".........\n.........", header,
+         "line 2: letter 65 is wider than the 8 dots that fonts 4 wide hold"},
+        {"size 9x1\n65\n.", header,
+         "letters of fonts 9 wide cannot be drawn; widths are 4 to 8, 12 to 16 and 20 to 100"},
+        {"size 4x1\n127\n.\n166\n.", header,
+         "line 4: letter 166 would never be drawn: letter 127 is, in its place"},
+        {"size 4x1\n200\n.", sized,
+         "line 2: letter 200 is not one of 32 to 127, which a font without a header holds"},
+        {tall, sized, "line 2: letter 126 does not fit: all letters together take more than 16301 bytes"},
+    };
+    for (const auto& [source, layout, error] : cases) {
+        SCOPED_TRACE(source);
+        ErrorLines errors;
+        const auto pictures = ReadFontPictures(source, errors);
+        EXPECT_FALSE(pictures && FontOf(*pictures, layout, errors));
+        EXPECT_THAT(errors.lines(), ElementsAre("vistrel: " + error));
+    }
+}
+
+TEST(Enlarged, KeepsStraightStrokesAndSlantsThoseThatTouchByCorners) {
+    EXPECT_THAT(Enlarged({".##.", //
+                          "#..#", //
+                          "####"},
+                         2),
+                ElementsAre("..####..", //
+                            ".######.", //
+                            "###..###", //
+                            "##....##", //
+                            "########", //
+                            "########"));
+}
+
+TEST(Enlarged, TakesTheGapFromLettersThatAreDrawnWithOne) {
+    ErrorLines errors;
+    const FontPictures small{{4, 8}, {{'i', 1, Picture(8, "#.")}}};
+    EXPECT_EQ(Enlarged(small, {12, 16}, errors)->letters[0].rows, Picture(16, "##"));
+    EXPECT_EQ(Enlarged(small, {4, 8}, errors)->letters[0].rows, small.letters[0].rows);
+}
+
+TEST(Png, HoldsThePixelsForAnyDecoder) {
+    for (const std::uint32_t colors : {1U, 256U, 257U, 60000U}) {
+        SCOPED_TRACE(colors);
+        Raster picture(311, 200);
+        std::vector<unsigned char> wanted, decoded;
+        for (std::uint32_t number = 0; number < 311 * 200; ++number) {
+            const Color color = number % colors * 0x10203 & 0xffffff;
+            picture.row(static_cast<std::int32_t>(number / 311))[number % 311] = color;
+            wanted.insert(wanted.end(), {RedOf(color), GreenOf(color), BlueOf(color)});
+        }
+        const std::string png = EncodePng(picture);
+        unsigned width = 0, height = 0;
+        lodepng::decode(decoded, width, height, std::vector<unsigned char>(png.begin(), png.end()), LCT_RGB);
+        EXPECT_EQ(std::pair(width, height), std::pair(311U, 200U));
+        EXPECT_TRUE(decoded == wanted);
+    }
+}
+
+} // namespace
+} // namespace qrtVistrelClasses4
