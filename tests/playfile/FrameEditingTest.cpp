@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <array>
 #include <functional>
 
@@ -32,8 +31,6 @@ std::string order(const FrameInfoClass& playfile) {
 }
 
 struct FrameEditing : testing::Test {
-    void cut(std::int16_t first, std::int16_t last) { playfile_.CutInfo(first, last, clipboard_); }
-
     TestHost host_;
     FrameInfoClass playfile_;
     std::shared_ptr<FrameInfoClass> clipboard_;
@@ -79,23 +76,6 @@ TEST_F(FrameEditing, MayTakeThePlayfileItselfForTheClipboard) {
     }
 }
 
-TEST_F(FrameEditing, ShowsEveryStepToARecorder) {
-    KeptTrace trace;
-    const ScopedTraceRecorder scope(trace);
-    putFrames(playfile_, "ABCD");
-    cut(3, 2);
-    EXPECT_EQ(trace.lines.back(), "< Sub CutInfo (CutFromY=2, CutToY=3, MyClipboard=<FrameInfoClass>)");
-    EXPECT_EQ(std::ranges::count(trace.lines, "> Sub DeleteCurrentFrame ()"), 2);
-    playfile_.PasteInfo(2, clipboard_.get());
-    EXPECT_EQ(std::ranges::count(trace.lines, "> Sub InsertFrame (bLast=False)"), 2);
-    playfile_.MoveFrame(4, 4);
-    EXPECT_EQ(trace.lines.back(), "< Sub MoveFrame (From=4, WhereTo=4)");
-    playfile_.TotalFramesAllowed(0);
-    playfile_.PasteInfo(-1, clipboard_.get());
-    EXPECT_EQ(clipboard_->CurrentFrame(), 2) << "set before the paste sees that there is no such frame";
-    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{9, 9}));
-}
-
 /// A host that works on while errors are reported to it.
 struct BusyHost final : ErrorReporter {
     void report(const ErrorReport& report) override { act(report); }
@@ -128,10 +108,11 @@ TEST_F(FrameEditing, CutsNoFrameThatCouldNotBeCopied) {
                 clipboard_.reset();
         };
         for (int allocation = 1; allocation == 1 || errors > 0; ++allocation) {
+            std::int16_t first = 2, last = 3;
             errors = 0;
             putFrames(playfile_, "ABCDEF");
             FailAllocation(allocation);
-            cut(2, 3);
+            playfile_.CutInfo(first, last, clipboard_);
             EXPECT_EQ(AllocationHasFailed(), errors > 0) << allocation;
             FailAllocation(0);
             const std::string rest = order(playfile_);
