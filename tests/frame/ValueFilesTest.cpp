@@ -58,8 +58,8 @@ TEST(DelimitedReader, TakesValuesFromLinesAndFromBetweenCommas) {
 // clang-format off
 TEST(DelimitedReader, ConvertsValuesWhateverEndsThem) {
     expectNumbers<DelimitedReader>({
-        {"  5", "5 5 1"}, {"5 ", "5 5 1"}, {"\"5\"", "5 5 1"}, {".4", "0 0 1"}, {"32768", "E6 32768 1"},
-        {"1e999", "E6 E6 E6"}, {"#TRUE#", "E13 E13 1"}, {"#FALSE#", "E13 E13 0"}, {"\"#true#\"", "E13 E13 1"},
+        {"-5", "-5 -5 1"}, {"0", "0 0 0"}, {"  5", "5 5 1"}, {"5 ", "5 5 1"}, {"\"5\"", "5 5 1"}, {".4", "0 0 1"},
+        {"32768", "E6 32768 1"}, {"2147483648", "E6 E6 1"}, {"1e999", "E6 E6 E6"}, {"#TRUE#", "E13 E13 1"}, {"#FALSE#", "E13 E13 0"}, {"\"#true#\"", "E13 E13 1"},
         {"True", "E13 E13 E13"}, {"5x", "E13 E13 E13"}, {"\"5", "E62 E62 E62"}});
 }
 
