@@ -2,7 +2,6 @@
 // tests of code pages under several of them.
 #include "TempFolder.h"
 #include "TestHost.h"
-#include "commands/DateText.h"
 #include "commands/PreviewText.h"
 #include "frame/Conversions.h"
 #include "platform/IniText.h"
@@ -189,39 +188,14 @@ TEST(SystemProfiles, ReadAndChangeRandomTextsAsOursDo) {
     }
 }
 
-std::string formattedBySystem(std::string_view pattern, double moment, LCID locale) {
-    VARIANT date{};
-    date.vt = VT_DATE;
-    date.date = moment;
-    std::wstring format(pattern.begin(), pattern.end());
-    BYTE tokens[256];
-    EXPECT_EQ(::VarTokenizeFormatString(format.data(), tokens, sizeof tokens, 1, 1, locale, nullptr), S_OK);
-    BSTR text = nullptr;
-    EXPECT_EQ(::VarFormatFromTokens(&date, format.data(), tokens, 0, &text, locale), S_OK);
-    std::string result;
-    for (const wchar_t character : std::wstring_view(text, ::SysStringLen(text)))
-        result += static_cast<char>(character); // all that these locales use are bytes of that number
-    ::SysFreeString(text);
-    return result;
-}
-
-TEST(SystemDateTexts, AgreeWithOursAtAnyTime) {
-    constexpr const char* patterns[] = {"hh:mm AMPM",         "hmm",    "mm/dd/yy", "mmm dd yyyy",
-                                        "dddd mmmm dd, yyyy", "mmm dd", "dddd"};
-    RandomInputs random;
-    for (const LCID locale : {0x409u, 0x407u}) {
-        const CalendarNames names = WindowsCalendarNames(locale);
-        for (int left = RandomInputs::count(); left > 0 && !testing::Test::HasFailure(); --left) {
-            const double moment = random.below(73'000) + random.below(24 * 60) / (24 * 60.0) + 1e-5;
-            SYSTEMTIME parts{};
-            ASSERT_TRUE(::VariantTimeToSystemTime(moment, &parts));
-            const LocalTime time{parts.wYear,   parts.wMonth,  parts.wDay,      parts.wHour,
-                                 parts.wMinute, parts.wSecond, parts.wDayOfWeek};
-            const char* const pattern = patterns[random.below(std::size(patterns))];
-            EXPECT_EQ(FormatDate(pattern, time, names), formattedBySystem(pattern, moment, locale))
-                << pattern;
-        }
-    }
+TEST(SystemCalendar, HasTheNamesOfALanguage) {
+    const CalendarNames english = WindowsCalendarNames(0x409), german = WindowsCalendarNames(0x407);
+    EXPECT_EQ(english.months, EnglishCalendarNames().months);
+    EXPECT_EQ(english.shortMonths, EnglishCalendarNames().shortMonths);
+    EXPECT_EQ(english.weekdays, EnglishCalendarNames().weekdays);
+    EXPECT_EQ(english.morning + english.afternoon + english.dateSeparator + english.timeSeparator, "AMPM/:");
+    EXPECT_EQ(german.months[2] + german.shortMonths[4] + german.weekdays[0] + german.dateSeparator,
+              "M\xe4rzMaiSonntag.");
 }
 
 std::string upperBySystem(std::string text) {
