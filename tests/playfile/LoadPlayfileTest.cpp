@@ -111,31 +111,6 @@ TEST_F(LoadingPlayfiles, FindsMissingFilesBesideThePlayfile) {
     EXPECT_EQ(listings, 1) << "for two files that are missing";
 }
 
-TEST_F(LoadingPlayfiles, SaysWhatIsWrongAndWhere) {
-    const std::string frame = withoutCount(fileOf(oneFrame()));
-    const struct {
-        std::string text;
-        int error;
-        std::size_t line;
-        int announced = 0, read = 0;
-    } cases[] = {// clang-format off
-        {"", 62, 1}, {"\r\n", 13, 1}, {" -1 \r\n", 9, 1}, {" 40000 \r\n", 6, 1}, {"PK\x03\x04", 13, 1}, {" 2 ", 62, 2, 2},
-        {" 2 \r\n" + frame, 62, 46, 2, 1}, {" 2 \r\n" + frame + "\"\"\r\n\"soon\"\r\n", 13, 47, 2, 1},
-        {" 3 \r\n" + frame + frame + "\"\"\r\n", 62, 91, 3, 2}, {fileWith(4, "two\r\nlines") + "\"\"", 0, 0, 1, 1},
-        {fileWith(kLineCount, "-1"), 9, 28, 1}, {fileWith(kLineCount, "32767"), 62, 46, 1}};
-    // clang-format on
-    for (const auto& row : cases) {
-        const LoadOutcome outcome = load(row.text);
-        const FileError error = outcome.error.value_or(FileError{RuntimeError(0, ""), 0});
-        EXPECT_EQ(std::tuple(error.error.number(), error.line.value(), outcome.framesAnnounced,
-                             outcome.framesRead, outcome.playfile.frames.upperBound(), outcome.isComplete),
-                  std::tuple(row.error, row.line, row.announced, row.read, row.read, row.error == 0))
-            << row.text;
-    }
-    const FileError missing = *LoadPlayfile(host_.inLibrary("missing.playfile")).error;
-    EXPECT_TRUE(missing.error.number() == 53 && !missing.line);
-}
-
 TEST_F(LoadingPlayfiles, CorrectsWhatWasReadOfAFileThatIsCutShortAndNothingElse) {
     WriteSetting("Vistrel3", "Settings", "AppPath", folder_);
     const std::string beside = JoinPath(folder_, "a.bmp"), gone = "Q:\\a.bmp",
