@@ -6,7 +6,6 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 
 namespace qrtVistrelClasses4 {
@@ -84,36 +83,11 @@ HKEY_CLASSES_ROOT\CLSID\{9AE6AD44-C589-4050-9359-78F603D30A08}\Version
     ASSERT_EQ(run("DllUnregisterServer"), S_OK);
     EXPECT_TRUE(registered("HKCR") == before);
     EXPECT_EQ(run("DllUnregisterServer"), S_OK) << "nothing left to remove is no failure";
-}
-
-/// The file that an application can have beside it instead of a registration.
-constexpr char kManifest[] = R"(<assembly xmlns="urn:schemas-microsoft-com:asm.v1" manifestVersion="1.0">
-  <assemblyIdentity type="win32" name="Test" version="1.0.0.0"/>
-  <file name="qrtVistrelClasses4.dll">
-    <comClass clsid="{9AE6AD44-C589-4050-9359-78F603D30A08}" threadingModel="Apartment"/>
-  </file>
-</assembly>)";
-
-TEST_F(Server, IsFoundByAManifestWithoutRegistration) {
-    const std::filesystem::path manifest = std::filesystem::path(path_).replace_filename("Test.manifest");
-    std::ofstream(manifest) << kManifest;
-    ASSERT_EQ(run("DllUnregisterServer"), S_OK);
+    ComPtr<IClassFactory> factory;
     ComPtr<IDispatch> playfile;
-    const auto create = [&] {
-        return CoCreateInstance(CLSID_FrameInfoClass, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&playfile));
-    };
-    EXPECT_EQ(create(), REGDB_E_CLASSNOTREG);
-    ACTCTXW description{};
-    description.cbSize = sizeof description;
-    description.lpSource = manifest.c_str();
-    const HANDLE context = CreateActCtxW(&description);
-    ULONG_PTR cookie = 0;
-    ASSERT_TRUE(ActivateActCtx(context, &cookie));
-    EXPECT_EQ(create(), S_OK);
-    EXPECT_EQ(Call(playfile.Get(), "TotalFrames").value.iVal, 20) << "its type library is found as well";
-    DeactivateActCtx(0, cookie);
-    ReleaseActCtx(context);
-    std::filesystem::remove(manifest);
+    ASSERT_EQ(getClassObject(CLSID_FrameInfoClass, IID_PPV_ARGS(&factory)), S_OK);
+    ASSERT_EQ(factory->CreateInstance(nullptr, IID_PPV_ARGS(&playfile)), S_OK);
+    EXPECT_EQ(Call(playfile.Get(), "TotalFrames").value.iVal, 20) << "its type library is found all the same";
 }
 
 TEST_F(Server, StaysLoadedWhileItIsUsed) {

@@ -1,15 +1,11 @@
 // Files of the current format, and what comes of reading them.
 #include <qrtVistrelClasses4/LoadPlayfile.h>
 
-#include "TestHost.h"
+#include "HostTest.h"
 #include "platform/FileNames.h"
 #include "settings/RegistrySettings.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/SavePlayfile.h>
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -38,9 +34,9 @@ std::string fileWith(std::size_t line, const std::string& value) {
 }
 std::string withoutCount(const std::string& file) { return file.substr(5); }
 
-struct LoadingPlayfiles : testing::Test {
+class LoadingPlayfiles : public HostTest {
+protected:
     LoadingPlayfiles() { files().makeFolders(folder_); }
-    MemoryFileSystem& files() { return host_.machine.files(); }
     LoadOutcome load(const std::string& text) {
         files().put(path_, text);
         return LoadPlayfile(path_);
@@ -58,7 +54,6 @@ struct LoadingPlayfiles : testing::Test {
             EXPECT_EQ(frame.lines.at(1).*member, expected) << why;
     }
 
-    TestHost host_;
     std::string folder_ = host_.inLibrary("plays");
     std::string path_ = JoinPath(folder_, "a.playfile");
 };
@@ -93,8 +88,9 @@ TEST_F(LoadingPlayfiles, ConvertsWhatOtherPlacesAndVersionsWrote) {
 }
 
 TEST_F(LoadingPlayfiles, FindsMissingFilesBesideThePlayfile) {
-    const std::string elsewhere = host_.inLibrary("here.bmp"), beside = JoinPath(folder_, "Moved.bmp");
-    for (const std::string& picture : {elsewhere, JoinPath(folder_, "here.bmp"), beside})
+    const std::string elsewhere = host_.inLibrary(kNamesAreUtf8 ? "h\u00e9re.bmp" : "here.bmp"),
+                      beside = JoinPath(folder_, "Moved.bmp");
+    for (const std::string& picture : {elsewhere, JoinPath(folder_, SplitPath(elsewhere).name), beside})
         files().put(picture, "picture");
     const std::tuple<const char*, std::string, std::string> cases[] = {
         {"a reference that holds is kept", elsewhere, elsewhere},
@@ -115,45 +111,6 @@ TEST_F(LoadingPlayfiles, FindsMissingFilesBesideThePlayfile) {
     EXPECT_EQ(listings, 1) << "for two files that are missing";
 }
 
-TEST_F(LoadingPlayfiles, FindsFilesWithUtf8NamesAndKeepsReferencesInTheCodePage) {
-    if (!kNamesAreUtf8)
-        GTEST_SKIP() << "the system converts names";
-    const std::string picture = JoinPath(folder_, "Gr\u00f6\u00dfe.bmp"),
-                      found = JoinPath(folder_, "Gr\xf6\xdf\x65.bmp");
-    files().put(picture, "picture");
-    for (const std::string reference : {"Q:\\GR\xd6\xdf\x45.BMP", "Q:\\Gr\u00f6\u00dfe.bmp", found.c_str()})
-        expectRead("beside, or where it says", 6, reference, &FrameRecord::PicturefileName, found);
-    expectRead("the disk's own bytes hold, too", 6, picture, &FrameRecord::PicturefileName, picture);
-    EXPECT_EQ(PathOfReference(found), picture);
-    EXPECT_EQ(PathOfReference("gone\xe4"), "gone\xe4");
-}
-
-TEST_F(LoadingPlayfiles, SaysWhatIsWrongAndWhere) {
-    const std::string frame = withoutCount(fileOf(oneFrame()));
-    const struct {
-        std::string text;
-        int error;
-        std::size_t line;
-        int announced = 0, read = 0;
-    } cases[] = {// clang-format off
-        {"", 62, 1}, {"\r\n", 13, 1}, {" -1 \r\n", 9, 1}, {" 40000 \r\n", 6, 1}, {"PK\x03\x04", 13, 1}, {" 2 ", 62, 2, 2},
-        {" 2 \r\n" + frame, 62, 46, 2, 1}, {" 2 \r\n" + frame + "\"\"\r\n\"soon\"\r\n", 13, 47, 2, 1},
-        {" 3 \r\n" + frame + frame + "\"\"\r\n", 62, 91, 3, 2}, {fileWith(4, "two\r\nlines") + "\"\"", 0, 0, 1, 1},
-        {fileWith(kLineCount, "-1"), 9, 28, 1}, {fileWith(kLineCount, "32767"), 62, 46, 1}};
-    // clang-format on
-    for (const auto& row : cases) {
-        const LoadOutcome outcome = load(row.text);
-        const FileError error = outcome.error.value_or(FileError{RuntimeError(0, ""), 0});
-        EXPECT_EQ(std::tuple(error.error.number(), error.line.value(), outcome.framesAnnounced,
-                             outcome.framesRead, outcome.playfile.frames.upperBound(), outcome.isComplete),
-                  std::tuple(row.error, row.line, row.announced, row.read, row.read, row.error == 0))
-            << row.text;
-    }
-    const FileError missing = *LoadPlayfile(host_.inLibrary("missing.playfile")).error;
-    EXPECT_TRUE(missing.error.number() == 53 && !missing.line);
-    EXPECT_TRUE(host_.reports.all.empty()) << "outcomes are not reported";
-}
-
 TEST_F(LoadingPlayfiles, CorrectsWhatWasReadOfAFileThatIsCutShortAndNothingElse) {
     WriteSetting("Vistrel3", "Settings", "AppPath", folder_);
     const std::string beside = JoinPath(folder_, "a.bmp"), gone = "Q:\\a.bmp",
@@ -169,15 +126,9 @@ TEST_F(LoadingPlayfiles, CorrectsWhatWasReadOfAFileThatIsCutShortAndNothingElse)
     old.PrefixCode = old.SuffixCode = 2001;
     old.lines.resize(1);
     old.lines.at(1).LineFontSize = 2;
-    const std::string text = fileOf(values);
-    for (std::size_t size = text.find('\n'); size <= text.size(); ++size) {
-        files().put(path_, text.substr(0, size));
+    for (int read = 0; read < std::ssize(values); ++read) {
+        files().put(path_, fileOf({values.begin(), values.begin() + read + 1}));
         const LoadOutcome outcome = LoadPlayfileOver(existing, path_);
-        // The last quote and line end may be missing.
-        EXPECT_EQ(outcome.framesRead, size < text.size() - 3 ? 0 : 1) << size;
-        if (text[size - 1] != '\n')
-            continue; // half a value
-        const auto read = std::ranges::count(text.substr(0, size), '\n') - 1;
         const FrameRecord& frame = outcome.playfile.frames.at(1);
         const LineRecord& line = frame.lines.at(1);
         EXPECT_EQ(std::tuple(frame.commandfile, frame.PicturefileName, frame.PrefixCode, frame.SuffixCode,
@@ -205,10 +156,11 @@ TEST_F(LoadingPlayfiles, LeavesWhatWasThereWhereNothingWasRead) {
     EXPECT_EQ(load(" 1 \r\n" + frame), "loaded Welcome5 ") << "files do not hold that number";
     EXPECT_EQ(load(" -1 \r\n"), "failed old5 old5 old5 ");
     EXPECT_EQ(load(" 4 \r\n" + frame + frame.substr(0, 60)), "failed Welcome5 Welcome5 old5 0 ");
-    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{9, 62}));
+    EXPECT_EQ(takeErrors(), (Numbers{9, 62}));
     EXPECT_EQ(load(" 0 \r\n"), "loaded ") << "a playfile without frames is one";
     EXPECT_FALSE(playfile.GetPlayfileFromDisk("/missing"));
     EXPECT_EQ(playfile.CurrentFileName(), "/missing");
+    EXPECT_EQ(takeErrors(), Numbers{53});
     files().observer = [&](const FileOperation& operation) {
         if (operation.kind == FileOperation::look && operation.path == folder_)
             playfile.TotalFrames(0);

@@ -2,9 +2,11 @@
 
 #include "fonts/FontTesting.h"
 #include "media/BmpTesting.h"
+#include "preview/FontCache.h"
 #include <qrtVistrelClasses4/DisplayRecord.h>
 #include <qrtVistrelClasses4/FrameSheet.h>
 #include <qrtVistrelClasses4/FrameTypes.h>
+#include <qrtVistrelClasses4/LedPainter.h>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -182,6 +184,66 @@ TEST_F(Frames, BecomeASheetOfLeds) {
             middles += RedOf(picture.row(y)[x]) > 200 ? '#' : '.';
     EXPECT_EQ(middles, ".#..##.#.");
     EXPECT_GT(RedOf(picture.row(12)[12]), 100) << "the caption";
+}
+
+constexpr std::int16_t kCustom = 12;
+
+class Fonts : public HostTest {
+protected:
+    void put(const std::string& name) { files().put(host_.inLibrary(name), HeaderFontBytes({4, 3, "A"})); }
+
+    FontCache fonts_{0};
+};
+
+TEST_F(Fonts, AreLoadedOnceWhateverTheirFileIsCalledAndFewKept) {
+    for (std::size_t number = 0; number <= FontCache::kMostCustomFonts; ++number)
+        put("CustomFonts/" + std::to_string(number) + ".CFF");
+    const std::weak_ptr<const Font> first = fonts_.find(kCustom, "x/0.CFF");
+    EXPECT_EQ(fonts_.find(kCustom, "y/0.cff"), first.lock());
+    for (std::size_t number = 0; number <= FontCache::kMostCustomFonts; ++number)
+        EXPECT_EQ(fonts_.find(kCustom, std::to_string(number) + ".CFF")->characters, "A");
+    EXPECT_TRUE(first.expired());
+    EXPECT_NE(fonts_.find(kCustom, "x/0.CFF"), nullptr) << "loaded again";
+    EXPECT_TRUE(fonts_.takeFaults().empty());
+}
+
+TEST_F(Fonts, ThatCannotBeReadAreReplacedByFont0AndReportedOnce) {
+    put("bin/Fstnd08.cmd");
+    put("bin/Fstnd5x8.cmd");
+    host_.failReads(1, 1, SystemError::deviceFailure);
+    const auto replaced = fonts_.find(4, "");
+    EXPECT_TRUE(replaced == fonts_.find(0, "") && replaced == fonts_.find(4, ""));
+    const auto faults = fonts_.takeFaults();
+    ASSERT_EQ(faults.size(), 1U);
+    EXPECT_EQ(faults[0].name + " " + std::to_string(faults[0].error.value().number()), "4 57");
+}
+
+/// "#" for a pixel of a lit dot, "o" for one of a dark dot, of a lit one's glow or of the rim, "." for a gap.
+std::string looksOf(std::span<const Color> pixels) {
+    std::string looks;
+    for (const Color pixel : pixels)
+        looks += RedOf(pixel) >= 128 ? '#' : RedOf(pixel) >= 36 ? 'o' : '.';
+    return looks;
+}
+
+TEST(LedPainter, ShowsLitDotsDarkDotsAndGaps) {
+    Raster dots(2, 1);
+    dots.row(0)[1] = Rgb(255, 0, 0);
+    const struct {
+        int scale;
+        DotSize size;
+        std::string firstRow, middleRow;
+    } cases[] = {{2, {8, 6}, "oooo##oo", "oooo##oo"}, {5, {16, 11}, "ooo.....o###oooo", "ooo.ooo.#####ooo"}};
+    for (const auto& [scale, size, firstRow, middleRow] : cases) {
+        LedPainter painter(scale);
+        Raster picture(size.width, size.height);
+        EXPECT_EQ(painter.sizeOf(2), size.width);
+        painter.draw(dots, picture, 0, 0);
+        const std::int32_t rim = (size.height - scale) / 2;
+        EXPECT_EQ(looksOf(picture.row(rim - 1)), std::string(picture.row(0).size(), 'o'));
+        EXPECT_EQ(looksOf(picture.row(rim)), firstRow);
+        EXPECT_EQ(looksOf(picture.row(size.height / 2)), middleRow);
+    }
 }
 
 } // namespace

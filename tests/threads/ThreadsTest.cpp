@@ -24,7 +24,6 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-constexpr int kThreads = 4;
 constexpr int kRounds = 10;
 
 struct SilentBoxes final : MessageBoxes {
@@ -32,73 +31,51 @@ struct SilentBoxes final : MessageBoxes {
     bool attended() override { return true; }
 };
 
-/// What one thread does, again and again, beside the others.
-class Worker {
-public:
-    explicit Worker(int number)
-        : name_("worker" + std::to_string(number)), folder_(JoinPath(platform().libraryFolder(), name_)) {
-        (void)platform().files().createFolder(folder_);
-        keepSigns(); // now, since a list is empty for a moment while it is made
-        useSharedFiles();
-    }
-    void work() const {
-        for (int round = 0; round < kRounds; ++round) {
-            keepSettings(std::to_string(round));
-            keepPlayfile(std::to_string(round));
-            keepSigns();
-            useSharedFiles();
-            traced({"Threads.bas", ProcedureKind::Sub, "Fail"}, [&] { throw RuntimeError(6, name_); });
-        }
-    }
+std::string folderOf(const std::string& worker) { return JoinPath(platform().libraryFolder(), worker); }
 
-private:
-    std::string inFolder(const std::string& name) const { return JoinPath(folder_, name); }
+void changeOwnFiles(const std::string& worker, const std::string& value) {
+    const std::string playfile = JoinPath(folderOf(worker), "own.playfile");
+    RegistryRoutines key;
+    key.Subkey("Software\\Threads\\" + worker);
+    EXPECT_TRUE(key.SetRegistryValue("Round", value));
+    EXPECT_EQ(key.GetRegistryValue("Round", ""), value);
+    EXPECT_EQ(key.EnumRegistryValues(), std::vector<std::string>{"Round"});
+    PrivateIni ini;
+    ini.Register("Section", JoinPath(folderOf(worker), "own.ini"));
+    EXPECT_TRUE(ini.Write("Round", value));
+    EXPECT_EQ(ini.Read("Round", ""), value);
+    FrameInfoClass written, read;
+    written.CurrentFrame(1);
+    written.FrameName(value);
+    EXPECT_TRUE(written.WritePlayfileToDisk(playfile) && read.GetPlayfileFromDisk(playfile));
+    EXPECT_TRUE(read.Value().frames == written.Value().frames);
+}
 
-    void keepSettings(const std::string& value) const {
-        RegistryRoutines key;
-        key.Subkey("Software\\Threads\\" + name_);
-        EXPECT_TRUE(key.SetRegistryValue("Round", value));
-        EXPECT_EQ(key.GetRegistryValue("Round", ""), value);
-        EXPECT_EQ(key.EnumRegistryValues(), std::vector<std::string>{"Round"});
-        PrivateIni ini;
-        ini.Register("Section", inFolder("own.ini"));
-        EXPECT_TRUE(ini.Write("Round", value));
-        EXPECT_EQ(ini.Read("Round", ""), value);
-    }
-    void keepPlayfile(const std::string& text) const {
-        const std::string path = inFolder("own.playfile");
-        FrameInfoClass written, read;
-        written.TotalFrames(3);
-        written.CurrentFrame(3);
-        written.CurrentLineText(text);
-        EXPECT_TRUE(written.WritePlayfileToDisk(path));
-        EXPECT_TRUE(read.GetPlayfileFromDisk(path));
-        read.CurrentFrame(3);
-        EXPECT_EQ(read.CurrentLineText(), text);
-    }
-    /// A setting of the machine says which list is read, so that it may be one of another thread.
-    void keepSigns() const {
-        std::string path = name_ + ".dat";
-        DisplayDatabaseClass written, read;
-        written.AddNewDisplay("Pier");
-        written.AddNewDisplay("Gate");
-        written.WriteAllDisplaysToDisk(path);
-        read.RetrieveAllDisplayInfoFromDisk(path);
-        EXPECT_EQ(read.TotalDisplays(), 2);
-    }
-    void useSharedFiles() const {
-        SettingsInfoClass settings;
-        settings.GetSettingsFromDisk();
-        settings.SaveSettingsToDisk();
-        MostRecentlyUsed().AddFileToMostRecentlyUsedList(name_);
-        EXPECT_FALSE(PreviewText("|hh|:|mm|", 0).empty());
-        clsCommandInterface().sCommandBytesByKey("##" + name_, name_);
-        (void)FrameInfoClass().LoadNewEffectLists(nullptr, nullptr, nullptr, nullptr);
-        EXPECT_FALSE(classFontMaster().LoadFontByNum(0, 0)) << "there is no font here";
-    }
+/// A setting of the machine says which list of signs is read, so that it may be one of another thread.
+void changeSharedFiles(const std::string& worker) {
+    std::string path = worker + ".dat";
+    DisplayDatabaseClass written, read;
+    written.AddNewDisplay("Pier");
+    written.WriteAllDisplaysToDisk(path);
+    read.RetrieveAllDisplayInfoFromDisk(path);
+    EXPECT_EQ(read.TotalDisplays(), 1);
+    SettingsInfoClass settings;
+    settings.GetSettingsFromDisk();
+    settings.SaveSettingsToDisk();
+    MostRecentlyUsed().AddFileToMostRecentlyUsedList(worker);
+    EXPECT_FALSE(PreviewText("|hh|:|mm|", 0).empty());
+    clsCommandInterface().sCommandBytesByKey("##" + worker, worker);
+    (void)FrameInfoClass().LoadNewEffectLists(nullptr, nullptr, nullptr, nullptr);
+    EXPECT_FALSE(classFontMaster().LoadFontByNum(0, 0)) << "there is no font here";
+}
 
-    std::string name_, folder_;
-};
+void work(const std::string& worker) {
+    for (int round = 0; round < kRounds; ++round) {
+        changeOwnFiles(worker, std::to_string(round));
+        changeSharedFiles(worker);
+        traced({"Threads.bas", ProcedureKind::Sub, "Fail"}, [&] { throw RuntimeError(6, worker); });
+    }
+}
 
 TEST(Threads, MayUseDifferentObjectsAtTheSameTime) {
     const TempFolder home;
@@ -108,22 +85,23 @@ TEST(Threads, MayUseDifferentObjectsAtTheSameTime) {
     SilentBoxes boxes;
     const ScopedPlatform platformScope(*machine);
     const ScopedMessageBoxes boxesScope(boxes);
-    std::vector<Worker> workers;
-    for (int number = 0; number < kThreads; ++number)
-        workers.emplace_back(number);
+    const std::string workers[] = {"worker0", "worker1", "worker2", "worker3"};
+    for (const std::string& worker : workers) {
+        (void)machine->files().createFolder(folderOf(worker));
+        changeSharedFiles(worker); // now, since a list of signs is empty for a moment while it is made
+    }
     std::vector<std::thread> threads;
-    for (const Worker& worker : workers)
-        threads.emplace_back([&worker] { worker.work(); });
+    for (const std::string& worker : workers)
+        threads.emplace_back(work, worker);
     for (std::thread& thread : threads)
         thread.join();
     const FileBytes log = machine->files().read(home.file(std::string(kErrorLogName))).valueOr({});
-    for (int number = 0; number < kThreads; ++number) {
-        const std::string entry =
-            "Error 6: worker" + std::to_string(number) + "\r\nIn Threads.bas, Sub Fail ()";
-        std::size_t count = 0;
-        for (std::size_t at = 0; (at = log.text().find(entry, at)) != std::string_view::npos; ++at)
+    for (const std::string& worker : workers) {
+        int count = 0;
+        for (std::size_t at = 0; (at = log.text().find("Error 6: " + worker, at)) != std::string_view::npos;
+             ++at)
             ++count;
-        EXPECT_EQ(count, static_cast<std::size_t>(kRounds)) << number;
+        EXPECT_EQ(count, kRounds) << worker;
     }
 }
 

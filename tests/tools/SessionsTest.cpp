@@ -1,8 +1,76 @@
-// What the files in "sessions" show is what the program does.
-#include "Program.h"
+// The program as users see it: commands that are typed in a shell, and their output, as "sessions" shows
+// them.
+#include "TempFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <sys/wait.h>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
+
+std::string contentOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Runs on a copy of the samples, which also is its home ("~"). The user's own folder is an empty one.
+class Program {
+public:
+    Program() {
+        std::filesystem::copy(QRT_SAMPLES_FOLDER, home(), std::filesystem::copy_options::recursive);
+        std::filesystem::create_directory(folder_.file("user"));
+    }
+
+    /// Runs the commands of a session, which start with "$ ". The text under each command must be what the
+    /// command prints: output, errors, and the exit code unless it is 0. A command of the program that only
+    /// prints an error takes one line: "! CODE ARGUMENTS -> ERROR". Lines that start with "# " are remarks.
+    void play(const std::string& session) const {
+        std::ifstream lines(VISTREL_SESSIONS_FOLDER "/" + session + ".txt");
+        ASSERT_TRUE(lines);
+        std::string line, command = ":", wanted; // which does nothing
+        const auto runLast = [&] { EXPECT_EQ(run(command), std::exchange(wanted, "")) << command; };
+        while (std::getline(lines, line))
+            if (line.starts_with("$ ")) {
+                runLast();
+                command = line.substr(2);
+            } else if (const std::size_t arrow = line.find(" -> "); line.starts_with("! ")) {
+                runLast();
+                command = "vistrel " + line.substr(4, arrow - 4);
+                wanted = "vistrel: " + line.substr(arrow + 4) + "\n[" + line[2] + "]\n";
+            } else if (!line.starts_with("# ") && (!line.empty() || lines.peek() != '#')) {
+                wanted += line + "\n";
+            }
+        runLast();
+    }
+
+    /// What the commands print, errors included, and the exit code unless it is 0.
+    std::string run(const std::string& command) const {
+        const std::string script = "cd '" + home() + "'; export HOME='" + folder_.file("user") +
+                                   R"sh(' XDG_CONFIG_HOME= LC_ALL=C
+                vistrel() { ')sh" VISTREL_PROGRAM R"sh(' --home "$PWD" "$@"; }
+                names() { # the first letters of the frames of a playfile
+                    vistrel show "$1" --json | sed -n 's/.*"FrameName": "\(.*\)",/\1-/p' | cut -c 1 | tr -d '\n'
+                    echo
+                }
+                { )sh" + command + "\n} > ../out 2>&1 < /dev/null";
+        const int status = std::system(script.c_str());
+        std::string out = contentOf(folder_.file("out"));
+        for (std::size_t at = 0; (at = out.find(home(), at)) != out.npos;)
+            out.replace(at, home().size(), "~");
+        const std::string code = WIFEXITED(status) ? std::to_string(WEXITSTATUS(status)) : "crashed";
+        return code == "0" ? out : out + "[" + code + "]\n";
+    }
+
+private:
+    std::string home() const { return folder_.file("home"); }
+
+    TempFolder folder_;
+};
 
 class Session : public testing::TestWithParam<const char*> {};
 

@@ -1,8 +1,14 @@
+// Parts of the program, with what no session can show.
+#include "tools/fonts/FontScaling.h"
+#include "tools/preview/PngFile.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/ErrorLines.h"
 #include "tools/program/StandardOutput.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+#include <lodepng.h>
+
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -84,6 +90,37 @@ TEST(StandardOutput, WritesNothingAfterAPieceThatCouldNotBeWritten) {
         std::ostream(&output) << std::string(StandardOutput::kPieceSize, letter);
     EXPECT_FALSE(output.finish());
     EXPECT_EQ(console.written, "ab");
+}
+
+TEST(Enlarged, KeepsStraightStrokesAndSlantsThoseThatTouchByCorners) {
+    EXPECT_THAT(Enlarged({".##.", //
+                          "#..#", //
+                          "####"},
+                         2),
+                testing::ElementsAre("..####..", //
+                                     ".######.", //
+                                     "###..###", //
+                                     "##....##", //
+                                     "########", //
+                                     "########"));
+}
+
+TEST(Png, HoldsThePixelsForAnyDecoder) {
+    for (const std::uint32_t colors : {1U, 256U, 257U, 60000U}) {
+        SCOPED_TRACE(colors);
+        Raster picture(311, 200);
+        std::vector<unsigned char> wanted, decoded;
+        for (std::uint32_t number = 0; number < 311 * 200; ++number) {
+            const Color color = number % colors * 0x10203 & 0xffffff;
+            picture.row(static_cast<std::int32_t>(number / 311))[number % 311] = color;
+            wanted.insert(wanted.end(), {RedOf(color), GreenOf(color), BlueOf(color)});
+        }
+        const std::string png = EncodePng(picture);
+        unsigned width = 0, height = 0;
+        lodepng::decode(decoded, width, height, std::vector<unsigned char>(png.begin(), png.end()), LCT_RGB);
+        EXPECT_EQ(std::pair(width, height), std::pair(311U, 200U));
+        EXPECT_TRUE(decoded == wanted);
+    }
 }
 
 } // namespace
