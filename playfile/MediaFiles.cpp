@@ -3,6 +3,7 @@
 #include "frame/SystemErrors.h"
 #include "frame/Traced.h"
 #include "platform/FileNames.h"
+#include "platform/FixedDrives.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "playfile/FrameProcedures.h"
@@ -29,14 +30,9 @@ bool FileExists(const std::string& sFileName) {
         Arg{"sFileName", sFileName});
 }
 
-bool IsFixedDrive(const std::string& sFileName) {
+bool IsFixedDrive(const std::string& sFileName, FixedDrives& drives) {
     return traced(
-        FrameFunction("IsFixedDrive"),
-        [&] {
-            FileSystem& files = platform().files();
-            return files.isFixedDrive(PathOnDisk(files, sFileName));
-        },
-        Arg{"sFileName", sFileName});
+        FrameFunction("IsFixedDrive"), [&] { return drives.hold(sFileName); }, Arg{"sFileName", sFileName});
 }
 
 std::optional<std::string> CopyToDataFolder(const std::string& sFileName, FailureReport report) {

@@ -6,13 +6,15 @@
 
 namespace qrtVistrelClasses4 {
 
+class FixedDrives;
+
 // References are in Windows-1252 or as they are on the disk; see `PathOnDisk`.
 
 /// True if the path starts at a drive (on systems other than Windows: at the root) and leads to a file.
 bool FileExists(const std::string& sFileName);
 
-/// Whether the file lies on a disk that is built into this machine.
-bool IsFixedDrive(const std::string& sFileName);
+/// Whether the file lies on one of the drives that stay with this machine.
+bool IsFixedDrive(const std::string& sFileName, FixedDrives& drives);
 
 enum class FailureReport {
     usual,
