@@ -6,11 +6,17 @@
 #include "platform/FixedDrives.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
+#include "platform/Remembered.h"
 #include "playfile/FrameProcedures.h"
 #include "settings/AppFolder.h"
 
 namespace qrtVistrelClasses4 {
 namespace {
+
+bool isFile(const std::string& reference) {
+    FileSystem& files = platform().files();
+    return IsRootedPath(reference) && files.kindOf(PathOnDisk(files, reference)) == EntryKind::file;
+}
 
 /// Throws if `error` is not `none`.
 void checkCopy(FailureReport report, SystemError error) {
@@ -20,13 +26,10 @@ void checkCopy(FailureReport report, SystemError error) {
 
 } // namespace
 
-bool FileExists(const std::string& sFileName) {
+bool FileExists(const std::string& sFileName, FoundFiles& found) {
     return traced(
         FrameFunction("FileExists"),
-        [&] {
-            FileSystem& files = platform().files();
-            return IsRootedPath(sFileName) && files.kindOf(PathOnDisk(files, sFileName)) == EntryKind::file;
-        },
+        [&] { return Remembered(found, sFileName, [&] { return isFile(sFileName); }); },
         Arg{"sFileName", sFileName});
 }
 

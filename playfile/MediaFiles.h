@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <unordered_map>
 
 namespace qrtVistrelClasses4 {
 
@@ -10,8 +11,12 @@ class FixedDrives;
 
 // References are in Windows-1252 or as they are on the disk; see `PathOnDisk`.
 
-/// True if the path starts at a drive (on systems other than Windows: at the root) and leads to a file.
-bool FileExists(const std::string& sFileName);
+/// Whether there are files, by references to them.
+using FoundFiles = std::unordered_map<std::string, bool>;
+
+/// True if the path starts at a drive (on systems other than Windows: at the root) and leads to a file. The
+/// answer is taken from `found`, or added to it.
+bool FileExists(const std::string& sFileName, FoundFiles& found);
 
 /// Whether the file lies on one of the drives that stay with this machine.
 bool IsFixedDrive(const std::string& sFileName, FixedDrives& drives);
