@@ -50,6 +50,12 @@ public:
     virtual SystemError close() = 0;
 };
 
+/// A disk, or another place with a tree of files of its own.
+struct Drive {
+    std::uint64_t number = 0; ///< Distinguishes the drives that are in this machine at the same time.
+    std::string place;        ///< A path on it.
+};
+
 struct TemporaryFile {
     std::string path;
     std::unique_ptr<OutputFile> file;
@@ -111,10 +117,12 @@ public:
     /// The names of all entries in `folder`, in any order. None if it cannot be listed.
     virtual std::vector<std::string> namesIn(const std::string& folder) = 0;
 
-    /// Whether `path` lies on a disk that is always in this machine. On Windows the first letter of `path` is
-    /// taken for the drive, so network names give false, and relative names mostly do. Elsewhere the file
-    /// system that the path leads to decides.
-    virtual bool isFixedDrive(const std::string& path) = 0;
+    /// The drive that `path` lies on. On Windows the first letter of `path` is taken for it. Elsewhere it is
+    /// the file system that the path leads to, or the nearest folder above that exists.
+    virtual Drive driveOf(const std::string& path) = 0;
+    /// Whether the drive is always in this machine. On Windows, what `driveOf` makes of network names is not,
+    /// and mostly what it makes of relative names is not.
+    virtual bool isFixed(const Drive& drive) = 0;
 };
 
 } // namespace qrtVistrelClasses4

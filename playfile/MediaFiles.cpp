@@ -3,13 +3,20 @@
 #include "frame/SystemErrors.h"
 #include "frame/Traced.h"
 #include "platform/FileNames.h"
+#include "platform/FixedDrives.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
+#include "platform/Remembered.h"
 #include "playfile/FrameProcedures.h"
 #include "settings/AppFolder.h"
 
 namespace qrtVistrelClasses4 {
 namespace {
+
+bool isFile(const std::string& reference) {
+    FileSystem& files = platform().files();
+    return IsRootedPath(reference) && files.kindOf(PathOnDisk(files, reference)) == EntryKind::file;
+}
 
 /// Throws if `error` is not `none`.
 void checkCopy(FailureReport report, SystemError error) {
@@ -19,24 +26,16 @@ void checkCopy(FailureReport report, SystemError error) {
 
 } // namespace
 
-bool FileExists(const std::string& sFileName) {
+bool FileExists(const std::string& sFileName, FoundFiles& found) {
     return traced(
         FrameFunction("FileExists"),
-        [&] {
-            FileSystem& files = platform().files();
-            return IsRootedPath(sFileName) && files.kindOf(PathOnDisk(files, sFileName)) == EntryKind::file;
-        },
+        [&] { return Remembered(found, sFileName, [&] { return isFile(sFileName); }); },
         Arg{"sFileName", sFileName});
 }
 
-bool IsFixedDrive(const std::string& sFileName) {
+bool IsFixedDrive(const std::string& sFileName, FixedDrives& drives) {
     return traced(
-        FrameFunction("IsFixedDrive"),
-        [&] {
-            FileSystem& files = platform().files();
-            return files.isFixedDrive(PathOnDisk(files, sFileName));
-        },
-        Arg{"sFileName", sFileName});
+        FrameFunction("IsFixedDrive"), [&] { return drives.hold(sFileName); }, Arg{"sFileName", sFileName});
 }
 
 std::optional<std::string> CopyToDataFolder(const std::string& sFileName, FailureReport report) {

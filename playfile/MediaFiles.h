@@ -3,16 +3,23 @@
 
 #include <optional>
 #include <string>
+#include <unordered_map>
 
 namespace qrtVistrelClasses4 {
 
+class FixedDrives;
+
 // References are in Windows-1252 or as they are on the disk; see `PathOnDisk`.
 
-/// True if the path starts at a drive (on systems other than Windows: at the root) and leads to a file.
-bool FileExists(const std::string& sFileName);
+/// Whether there are files, by references to them.
+using FoundFiles = std::unordered_map<std::string, bool>;
 
-/// Whether the file lies on a disk that is built into this machine.
-bool IsFixedDrive(const std::string& sFileName);
+/// True if the path starts at a drive (on systems other than Windows: at the root) and leads to a file. The
+/// answer is taken from `found`, or added to it.
+bool FileExists(const std::string& sFileName, FoundFiles& found);
+
+/// Whether the file lies on one of the drives that stay with this machine.
+bool IsFixedDrive(const std::string& sFileName, FixedDrives& drives);
 
 enum class FailureReport {
     usual,

@@ -2,7 +2,7 @@
 
 #include "platform/Path.h"
 #include "platform/Platform.h"
-#include "playfile/MediaFiles.h"
+#include "platform/Remembered.h"
 
 namespace qrtVistrelClasses4 {
 
@@ -10,25 +10,29 @@ ReferenceFinder::ReferenceFinder(const std::string& playfile)
     : folder_(SplitPath(playfile).folder), names_(platform().files(), folder_) {}
 
 void ReferenceFinder::find(std::string& reference) {
-    if (reference.empty() || FileExists(reference))
+    if (reference.empty() || FileExists(reference, existing_))
         return;
     if (const std::optional<std::string>& beside = besidePlayfile(reference))
         reference = *beside;
 }
 
 const std::optional<std::string>& ReferenceFinder::besidePlayfile(const std::string& reference) {
-    const auto [known, isNew] = known_.try_emplace(std::string(SplitPath(reference).name));
-    if (!isNew)
-        return known->second;
+    const std::string name(SplitPath(reference).name);
+    return Remembered(beside_, name, [&] { return lookBesidePlayfile(name); });
+}
+
+std::optional<std::string> ReferenceFinder::lookBesidePlayfile(const std::string& name) {
     FileSystem& files = platform().files();
-    std::string beside = JoinPath(folder_, known->first);
+    std::string beside = JoinPath(folder_, name);
     if (files.hasEntry(beside))
         beside = files.existingName(beside); // Windows also finds it in another case
-    else if (const auto name = names_.find(known->first))
-        beside = JoinPath(folder_, *name);
-    if (files.kindOf(beside) == EntryKind::file)
-        known->second = NameForPlayfile(files.fullName(beside));
-    return known->second;
+    else if (const auto other = names_.find(name))
+        beside = JoinPath(folder_, *other);
+    else
+        return std::nullopt;
+    if (files.kindOf(beside) != EntryKind::file)
+        return std::nullopt;
+    return NameForPlayfile(files.fullName(beside));
 }
 
 } // namespace qrtVistrelClasses4

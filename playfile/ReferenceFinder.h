@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/FileNames.h"
+#include "playfile/MediaFiles.h"
 
 #include <optional>
 #include <string>
@@ -9,8 +10,8 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Looks for files where a playfile says they are, and then beside the playfile. Remembers what it has seen
-/// beside the playfile, so that it is made anew for each load.
+/// Looks for files where a playfile says they are, and then beside the playfile. Remembers what it has seen,
+/// since frames often share a picture; it is therefore made anew for each load.
 class ReferenceFinder {
 public:
     /// `playfile` is the path of the playfile.
@@ -20,13 +21,14 @@ public:
     void find(std::string& reference);
 
 private:
-    /// The reference to the file, if there is one. It is looked for only once, since frames often share a
-    /// picture.
+    /// A reference to the file of that name beside the playfile, if there is one.
     const std::optional<std::string>& besidePlayfile(const std::string& reference);
+    std::optional<std::string> lookBesidePlayfile(const std::string& name);
 
     std::string folder_;
-    FolderNames names_;                                                 ///< In that folder.
-    std::unordered_map<std::string, std::optional<std::string>> known_; ///< By file name.
+    FolderNames names_; ///< In that folder.
+    FoundFiles existing_;
+    std::unordered_map<std::string, std::optional<std::string>> beside_; ///< By file name.
 };
 
 } // namespace qrtVistrelClasses4

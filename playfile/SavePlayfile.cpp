@@ -3,6 +3,7 @@
 #include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
 #include "platform/FileNames.h"
+#include "platform/FixedDrives.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
@@ -38,7 +39,7 @@ public:
         : circumstances_(circumstances), outcome_(outcome) {}
 
     void copy(FrameReference reference) {
-        if (IsFixedDrive(reference.file) || !isWanted())
+        if (IsFixedDrive(reference.file, drives_) || !isWanted())
             return;
         if (std::optional<std::string> copy = copyOnce(reference.file))
             outcome_.copies.push_back({std::move(reference), std::move(*copy)});
@@ -77,6 +78,7 @@ private:
 
     const SaveCircumstances& circumstances_;
     SaveOutcome& outcome_;
+    FixedDrives drives_{platform().files()};
     std::optional<bool> isWanted_;
     std::unordered_map<std::string, Copied> copied_; ///< By `FoldedName` of the file name.
 };

@@ -279,10 +279,14 @@ std::vector<std::string> MemoryFileSystem::namesIn(const std::string& folder) {
     return names;
 }
 
-bool MemoryFileSystem::isFixedDrive(const std::string& path) {
-    const std::string wanted = normal(path);
-    return std::ranges::none_of(looseDrives_, [&](const auto& prefix) { return wanted.starts_with(prefix); });
+Drive MemoryFileSystem::driveOf(const std::string& path) {
+    std::string place = normal(path);
+    const auto loose =
+        std::ranges::find_if(looseDrives_, [&](const auto& prefix) { return place.starts_with(prefix); });
+    return {static_cast<std::uint64_t>(std::distance(looseDrives_.begin(), loose)), std::move(place)};
 }
+
+bool MemoryFileSystem::isFixed(const Drive& drive) { return drive.number == looseDrives_.size(); }
 
 void MemoryFileSystem::put(const std::string& path, std::string_view content) {
     makeFolders(parentOf(normal(path)));

@@ -62,7 +62,8 @@ public:
     std::string fullName(const std::string& path) override;
     std::string existingName(const std::string& path) override;
     std::vector<std::string> namesIn(const std::string& folder) override;
-    bool isFixedDrive(const std::string& path) override;
+    Drive driveOf(const std::string& path) override;
+    bool isFixed(const Drive& drive) override;
 
     /// Makes a file and the folders above it. The observer does not see it.
     void put(const std::string& path, std::string_view content);

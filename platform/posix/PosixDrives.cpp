@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <fcntl.h>
 #include <limits.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 #include <sys/vfs.h>
@@ -33,20 +32,6 @@ constexpr std::array<std::uint32_t, 12> kNetworkFileSystems{
 };
 constexpr std::uint32_t kUserSpaceFileSystem = 0x65735546; // FUSE
 
-/// `path`, or the nearest folder above it that exists, without links.
-std::string nearestExisting(std::string path) {
-    std::array<char, PATH_MAX> resolved;
-    if (path.size() >= resolved.size()) // too long for the name of a file, whatever it leads to
-        path.resize(resolved.size() - 1);
-    while (!::realpath(path.c_str(), resolved.data())) {
-        std::string folder = folderOf(path);
-        if (folder.size() >= path.size())
-            return ".";
-        path = std::move(folder);
-    }
-    return resolved.data();
-}
-
 bool isRemovable(dev_t device) {
     const std::string entry =
         "/sys/dev/block/" + std::to_string(major(device)) + ":" + std::to_string(minor(device));
@@ -62,19 +47,27 @@ bool isRemovable(dev_t device) {
 
 } // namespace
 
-bool PosixFileSystem::isFixedDrive(const std::string& path) {
-    const std::string existing = nearestExisting(path);
-    struct statfs fileSystem {};
+Drive PosixFileSystem::driveOf(const std::string& path) {
+    std::string existing = path.substr(0, PATH_MAX); // a longer one is no name of a file
     struct stat status {};
-    if (::statfs(existing.c_str(), &fileSystem) != 0 || ::stat(existing.c_str(), &status) != 0)
+    while (::stat(existing.c_str(), &status) != 0 && existing != ".") {
+        std::string folder = folderOf(existing);
+        existing = folder.size() < existing.size() ? std::move(folder) : ".";
+    }
+    return {status.st_dev, std::move(existing)};
+}
+
+bool PosixFileSystem::isFixed(const Drive& drive) {
+    struct statfs fileSystem {};
+    if (::statfs(drive.place.c_str(), &fileSystem) != 0)
         return false;
     const auto type = static_cast<std::uint32_t>(fileSystem.f_type);
     if (std::ranges::find(kNetworkFileSystems, type) != kNetworkFileSystems.end())
         return false;
     // A user-space file system on a disk of its own shows that disk; the others are mostly other machines.
-    if (type == kUserSpaceFileSystem && major(status.st_dev) == 0)
+    if (type == kUserSpaceFileSystem && major(drive.number) == 0)
         return false;
-    return !isRemovable(status.st_dev);
+    return !isRemovable(drive.number);
 }
 
 } // namespace qrtVistrelClasses4

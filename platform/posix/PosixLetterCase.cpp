@@ -2,12 +2,13 @@
 #include "platform/LetterCase.h"
 
 #include <algorithm>
+#include <array>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
-constexpr char upper(char character) {
-    const auto code = static_cast<unsigned char>(character);
+constexpr char upperOf(unsigned char code) {
+    const auto character = static_cast<char>(code);
     switch (code) {
     case 0x9a:
     case 0x9c:
@@ -21,6 +22,15 @@ constexpr char upper(char character) {
         return code >= 0xe0 ? static_cast<char>(code - 0x20) : AsciiUpper(character);
     }
 }
+
+constexpr auto kUpper = [] {
+    std::array<char, 256> letters{};
+    for (std::size_t code = 0; code < letters.size(); ++code)
+        letters[code] = upperOf(static_cast<unsigned char>(code));
+    return letters;
+}();
+
+constexpr char upper(char character) { return kUpper[static_cast<unsigned char>(character)]; }
 
 } // namespace
 

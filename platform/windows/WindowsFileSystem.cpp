@@ -393,11 +393,14 @@ std::vector<std::string> WindowsFileSystem::namesIn(const std::string& folder) {
     return names;
 }
 
-bool WindowsFileSystem::isFixedDrive(const std::string& path) {
+Drive WindowsFileSystem::driveOf(const std::string& path) {
     if (path.empty())
-        return false;
-    const std::string root = path.substr(0, 1) + ":\\";
-    return ::GetDriveTypeA(root.c_str()) == DRIVE_FIXED;
+        return {};
+    return {static_cast<unsigned char>(path.front()), path.substr(0, 1) + ":\\"};
+}
+
+bool WindowsFileSystem::isFixed(const Drive& drive) {
+    return ::GetDriveTypeA(drive.place.c_str()) == DRIVE_FIXED;
 }
 
 } // namespace qrtVistrelClasses4

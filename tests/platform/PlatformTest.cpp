@@ -1,5 +1,6 @@
 #include "platform/Platform.h"
 
+#include "platform/FixedDrives.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 
@@ -61,8 +62,9 @@ TEST(SystemClock, GivesTheLocalTime) {
 #ifdef _WIN32
 TEST(SystemDrives, TheFirstLetterNamesTheDrive) {
     const auto machine = makePlatform();
+    FixedDrives drives(machine->files());
     for (const char* path : {"C:\\none\\a.bmp", "c.bmp", "Q:\\a.bmp", "\\\\host\\share\\a.bmp", ""})
-        EXPECT_EQ(machine->files().isFixedDrive(path), path[0] == 'C' || path[0] == 'c') << path;
+        EXPECT_EQ(drives.hold(path), path[0] == 'C' || path[0] == 'c') << path;
 }
 #endif
 

@@ -73,6 +73,15 @@ TEST_F(PosixPlatformTest, UsesNothingButPlainFilesAndAppendsToNoLink) {
     EXPECT_TRUE(files().hasEntry(file("link"))) << "though it leads nowhere";
 }
 
+TEST_F(PosixPlatformTest, TakesTheFileSystemThatLinksLeadToForTheDrive) {
+    std::filesystem::create_symlink("/proc/self", file("link"));
+    for (const auto& [path, sameDrive] : {std::pair{file("link/status"), std::string("/proc")},
+                                          {file("none/none/a.bmp"), file("")},
+                                          {"Q:\\none/a.bmp", "."}})
+        EXPECT_EQ(files().driveOf(path).number, files().driveOf(sameDrive).number) << path;
+    EXPECT_NE(files().driveOf(file("link")).number, files().driveOf(file("none")).number);
+}
+
 TEST_F(PosixPlatformTest, KeepsFilesBesideAndNotWhereALinkLeads) {
     put(file("a"), "new");
     for (const char* target : {"(missing)", "precious"}) {

@@ -29,7 +29,6 @@ TEST_F(SavingPlayfiles, CopiesFilesFromDrivesThatMayGoAwayIfTheOperatorWantsIt) 
     const FrameReference picture{1, &FrameRecord::PicturefileName, JoinPath(loose, "one.bmp")},
         other{2, &FrameRecord::PicturefileName, JoinPath(loose, "other.bmp")},
         command{2, &FrameRecord::commandfile, JoinPath(loose, "tw\xf6.cmd")};
-    files().addLooseDrive(loose);
     files().put(JoinPath(loose, onDisk), "commands");
     Playfile playfile{OneBasedArray<FrameRecord>(2), "", false};
     for (const FrameReference& reference : {picture, other, command})
@@ -39,9 +38,11 @@ TEST_F(SavingPlayfiles, CopiesFilesFromDrivesThatMayGoAwayIfTheOperatorWantsIt) 
         return SavePlayfile(playfile, path_,
                             {[&questions, wantsCopies] { return ++questions > 0 && wantsCopies; }});
     };
+    EXPECT_TRUE(save(true).copies.empty());
+    files().addLooseDrive(loose); // in place of the drive that was there
     EXPECT_TRUE(SavePlayfile(playfile, path_).copies.empty()) << "nobody to ask";
     EXPECT_TRUE(save(false).copies.empty());
-    EXPECT_EQ(questions, 1) << "for three files";
+    EXPECT_EQ(questions, 1) << "for three files, once the drive may go away";
     EXPECT_NE(saved().find(command.file), std::string::npos);
     const SaveOutcome outcome = save(true);
     EXPECT_EQ(outcome.copies, (std::vector<CopiedReference>{{command, copy}}));
