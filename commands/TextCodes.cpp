@@ -12,15 +12,9 @@ constexpr std::string_view kDrawnByFonts = "\xa6";
 
 std::size_t numberedCodeSize(std::string_view text, const NumberedCode& kind) {
     const std::size_t size = kind.letters.size() + kind.digits;
-    if (text.size() < size || !text.starts_with(kind.letters))
-        return 0;
-    int number = 0;
-    for (const char digit : text.substr(kind.letters.size(), kind.digits)) {
-        if (digit < '0' || digit > '9')
-            return 0;
-        number = number * 10 + (digit - '0');
-    }
-    return number >= 1 && number <= kind.last ? size : 0;
+    const bool isCode = text.size() >= size && text.starts_with(kind.letters) &&
+                        kind.numberOf(text.substr(kind.letters.size(), kind.digits)) > 0;
+    return isCode ? size : 0;
 }
 
 /// Number of characters that two texts have in common at their starts.
