@@ -31,10 +31,11 @@ std::size_t commonSize(std::string_view one, std::string_view other) {
 
 } // namespace
 
-TextCodes::TextCodes(std::vector<std::string> keys) : keys_(std::move(keys)) {
-    std::erase_if(keys_, [](const std::string& key) { return key.empty() || key == kDrawnByFonts; });
+TextCodes::TextCodes(std::vector<std::string_view> keys) : keys_(std::move(keys)) {
+    std::erase_if(keys_, [](std::string_view key) { return key.empty() || key == kDrawnByFonts; });
     std::ranges::sort(keys_);
     keys_.erase(std::unique(keys_.begin(), keys_.end()), keys_.end());
+    shorter_.reserve(keys_.size());
     for (std::size_t place = 0; place < keys_.size(); ++place) {
         std::size_t shorter = place - 1; // `kNone` before the first
         while (shorter != kNone && !keys_[place].starts_with(keys_[shorter]))
