@@ -11,21 +11,20 @@ namespace {
 
 constexpr char kFieldEnd = '\xff';
 
-/// The row of a line: missing fields are empty, and further ones are dropped.
-CommandInfoType rowOf(std::string_view line) {
-    CommandInfoType row;
-    for (std::string& field : row.sCMDInfo) {
-        const std::size_t end = std::min(line.find(kFieldEnd), line.size());
-        field = line.substr(0, end);
-        line.remove_prefix(std::min(end + 1, line.size()));
+/// The texts of a line: missing ones are empty, and further ones are dropped.
+CommandTexts textsOf(std::string_view line) {
+    CommandTexts texts;
+    for (std::string_view& text : texts) {
+        text = line.substr(0, line.find(kFieldEnd));
+        line.remove_prefix(std::min(text.size() + 1, line.size()));
     }
-    return row;
+    return texts;
 }
 
 } // namespace
 
 bool MayBeCommandTable(std::string_view text) {
-    constexpr auto fieldEnds = std::tuple_size_v<decltype(CommandInfoType::sCMDInfo)> - 1;
+    constexpr auto fieldEnds = std::tuple_size_v<CommandTexts> - 1;
     for (std::int32_t number = 1; number <= BuiltInCommandCount() && !text.empty(); ++number) {
         const TextLine line = FirstLine(text);
         text.remove_prefix(line.size);
@@ -37,6 +36,8 @@ bool MayBeCommandTable(std::string_view text) {
 }
 
 bool ReadCommandRows(std::string_view text, CommandTable& commands) {
+    const auto lines = static_cast<std::size_t>(std::ranges::count(text, '\n')) + 1;
+    commands.reserve(static_cast<std::int32_t>(std::min<std::size_t>(lines, kMostCommands)));
     for (std::int32_t number = 1; !text.empty(); ++number) {
         const TextLine line = FirstLine(text);
         text.remove_prefix(line.size);
@@ -44,7 +45,7 @@ bool ReadCommandRows(std::string_view text, CommandTable& commands) {
             continue;
         if (number > kMostCommands)
             return false;
-        commands.add(rowOf(line.text));
+        commands.add(textsOf(line.text));
     }
     return true;
 }

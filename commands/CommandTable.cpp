@@ -1,7 +1,14 @@
 #include <qrtVistrelClasses4/CommandTable.h>
 
+#include <qrtVistrelClasses4/RuntimeError.h>
+
+#include <algorithm>
+#include <bit>
+#include <functional>
 #include <iterator>
+#include <limits>
 #include <string_view>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -52,22 +59,56 @@ std::int32_t BuiltInCommandCount() { return static_cast<std::int32_t>(std::size(
 
 CommandTable BuiltInCommands() {
     CommandTable commands;
+    const std::string military = bytesOf(kMilitaryTime);
     for (const auto& [key, bytes] : kBuiltInCommands)
-        commands.add({{std::string(key), bytes.empty() ? bytesOf(kMilitaryTime) : std::string(bytes)}});
+        commands.add({key, bytes.empty() ? std::string_view(military) : bytes});
     return commands;
 }
 
-std::optional<std::int32_t> CommandTable::find(const std::string& key) const {
-    if (const auto known = index_.find(key); known != index_.end())
-        return known->second;
-    while (indexed_ < count()) {
-        const std::string& next = this->key(indexed_ + 1);
-        index_.try_emplace(next, indexed_ + 1);
-        ++indexed_;
-        if (next == key)
-            return indexed_;
+/// The slot of the first row with that key, or the free one where it belongs.
+std::size_t CommandTable::slotOf(const std::string& key) const {
+    const std::size_t last = slots_.size() - 1;
+    std::size_t slot = std::hash<std::string>()(key) & last;
+    while (slots_[slot] != 0 && this->key(slots_[slot]) != key)
+        slot = (slot + 1) & last;
+    return slot;
+}
+
+void CommandTable::enterRow(std::int32_t number) {
+    if (std::uint16_t& slot = slots_[slotOf(key(number))]; slot == 0)
+        slot = static_cast<std::uint16_t>(number);
+}
+
+void CommandTable::reserve(std::int32_t rows) {
+    static_assert(kMostCommands <= std::numeric_limits<std::uint16_t>::max());
+    rows_.reserve(rows);
+    const auto fewestSlots = 2 * static_cast<std::size_t>(rows);
+    if (fewestSlots <= slots_.size())
+        return;
+    slots_ = std::vector<std::uint16_t>(std::bit_ceil(fewestSlots));
+    for (std::int32_t number = 1; number <= count(); ++number)
+        enterRow(number);
+}
+
+void CommandTable::add(const CommandTexts& texts) {
+    const std::int32_t number = count() + 1;
+    if (number > kMostCommands)
+        Raise(ErrorNumber::overflow);
+    if (slots_.size() < 2 * static_cast<std::size_t>(number))
+        reserve(std::min(2 * number, kMostCommands));
+    rows_.resize(number);
+    try {
+        std::ranges::copy(texts, rows_.at(number).sCMDInfo.begin());
+    } catch (...) {
+        rows_.resize(number - 1);
+        throw;
     }
-    return std::nullopt;
+    enterRow(number);
+}
+
+std::optional<std::int32_t> CommandTable::find(const std::string& key) const {
+    const std::int32_t number = slots_.empty() ? 0 : slots_[slotOf(key)];
+    return number == 0 ? std::nullopt : std::optional(number);
 }
 
 std::string CommandTable::bytesOf(const std::string& key) const {
@@ -82,7 +123,8 @@ void CommandTable::set(const std::string& key, const std::string& bytes) {
         rows_.at(*number).sCMDInfo[kCommandBytes] = bytes;
         return;
     }
-    add({{key, bytes}});
+    const CommandInfoType row{{key, bytes}}; // these may be texts of other rows
+    add({row.sCMDInfo[kCommandKey], row.sCMDInfo[kCommandBytes]});
 }
 
 } // namespace qrtVistrelClasses4

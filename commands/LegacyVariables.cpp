@@ -5,7 +5,6 @@
 #include "frame/Traced.h"
 
 #include <algorithm>
-#include <charconv>
 #include <iterator>
 #include <string_view>
 #include <utility>
@@ -53,36 +52,7 @@ constexpr NumberedPlaceholder kNumberedPlaceholders[] = {
     {"cnt ", kCounterCode},
 };
 
-/// `digits` are those of its number, without leading zeros.
-void appendNumberedCode(const NumberedCode& kind, std::string_view digits, std::string& text) {
-    text.append(kind.letters).append(kind.digits - digits.size(), '0').append(digits);
-}
-
-/// Calls `take(placeholder, code)` for every placeholder, in the order in which they are replaced.
-template <class Take>
-void forEachPlaceholder(Take take) {
-    for (const auto& [name, code] : kNamedPlaceholders)
-        take("{" + std::string(name) + "}", std::string(code));
-    for (const NumberedPlaceholder& kind : kNumberedPlaceholders)
-        for (int number = 1; number <= kind.code.last; ++number) {
-            const std::string digits = std::to_string(number);
-            std::string code;
-            appendNumberedCode(kind.code, digits, code);
-            take("{" + std::string(kind.name) + digits + "}", code);
-        }
-}
-
-std::string replaceAll(const std::string& text, const std::string& placeholder, const std::string& code) {
-    std::string result;
-    std::size_t from = 0;
-    for (std::size_t found = text.find(placeholder); found != text.npos;
-         found = text.find(placeholder, from)) {
-        result.append(text, from, found - from).append(code);
-        from = found + placeholder.size();
-    }
-    return result.append(text, from);
-}
-
+/// Whether somebody takes what is between two braces for a placeholder.
 bool looksLikePlaceholder(std::string_view inBraces) {
     constexpr std::string_view letters = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ";
     constexpr std::string_view lettersAndDigits =
@@ -101,105 +71,99 @@ bool looksLikePlaceholder(std::string_view inBraces) {
     return rest.empty();
 }
 
-/// What conversion makes of a text.
-struct Converted {
-    std::string text;
-    std::vector<std::string> losses;
+/// What becomes of the text between two braces.
+struct Replacement {
+    int turn = 0; ///< Kinds of placeholders are replaced in the order of their turns. 0 if it is none.
+    std::string_view letters;
+    std::size_t digits = 0; ///< After the letters: the number of the placeholder, with zeros before it.
+    int number = 0;
+};
 
-    void loseRemoved(std::string_view inBraces) { lose(inBraces, "which has no code"); }
-    /// Does nothing for braces that nobody takes for a placeholder.
-    void loseUnknown(std::string_view inBraces) {
-        if (looksLikePlaceholder(inBraces))
-            lose(inBraces, "which stays as text");
-    }
-    /// The same for all braces in the text that have none within.
-    void loseAllUnknown() {
-        std::size_t open = text.npos;
-        for (std::size_t place = 0; place < text.size(); ++place)
-            if (text[place] == '{') {
-                open = place;
-            } else if (text[place] == '}' && open != text.npos) {
-                loseUnknown(std::string_view(text).substr(open + 1, place - open - 1));
-                open = text.npos;
-            }
+Replacement replacementOf(std::string_view inBraces) {
+    constexpr int turnOfNumbers = std::size(kNamedPlaceholders) + 1;
+    for (const auto& [name, code] : kNumberedPlaceholders)
+        if (inBraces.starts_with(name)) {
+            const std::string_view digits = inBraces.substr(name.size());
+            const int number = digits.starts_with('0') ? 0 : code.numberOf(digits);
+            return number > 0 ? Replacement{turnOfNumbers, code.letters, code.digits, number} : Replacement();
+        }
+    int turn = 0;
+    for (const auto& [name, code] : kNamedPlaceholders)
+        if (++turn; name == inBraces)
+            return {turn, code};
+    return {};
+}
+
+/// Replaces placeholders from the start of a text to its end, with the result of replacing one kind after
+/// another. Only one that is removed can make another of the text around it, and that one is replaced if its
+/// turn is still to come. Each code has a character that no placeholder has.
+class Converter {
+public:
+    explicit Converter(std::vector<std::string>& losses) : losses_(losses) {}
+
+    std::string convert(std::string_view text) {
+        result_.reserve(text.size());
+        for (std::size_t close = text.find('}'); close != text.npos; close = text.find('}')) {
+            append(text.substr(0, close));
+            appendClose();
+            text.remove_prefix(close + 1);
+        }
+        result_ += text; // its braces are never closed
+        return std::move(result_);
     }
 
 private:
-    void lose(std::string_view inBraces, const char* why) {
-        losses.push_back("placeholder \"{" + std::string(inBraces) + "}\", " + why);
-    }
-};
+    struct OpenBrace {
+        std::size_t place; ///< In the result.
+        int lastTurn;      ///< That of the last placeholder to be removed after the brace. 0 if none was.
+    };
 
-/// One kind of placeholder after another.
-Converted replaceInOrder(const std::string& text) {
-    Converted converted{text, {}};
-    forEachPlaceholder([&](const std::string& placeholder, const std::string& code) {
-        if (converted.text.find(placeholder) == text.npos)
+    /// `text` closes no brace.
+    void append(std::string_view text) {
+        for (std::size_t open = text.find('{'); open != text.npos; open = text.find('{', open + 1))
+            open_.push_back({result_.size() + open, 0});
+        result_ += text;
+    }
+
+    void appendClose() {
+        if (open_.empty()) {
+            result_ += '}';
             return;
-        converted.text = replaceAll(converted.text, placeholder, code);
-        if (code.empty())
-            converted.loseRemoved(std::string_view(placeholder).substr(1, placeholder.size() - 2));
-    });
-    converted.loseAllUnknown();
-    return converted;
-}
-
-/// The number of a placeholder as it is written: decimal, without leading zeros. 0 for anything else.
-int plainNumber(std::string_view digits) {
-    int number = 0;
-    const char* const end = digits.data() + digits.size();
-    if (digits.empty() || digits.front() < '1' || digits.front() > '9' ||
-        std::from_chars(digits.data(), end, number).ptr != end)
-        return 0;
-    return number;
-}
-
-/// Appends the code of the placeholder between the braces. False if there is no placeholder.
-bool appendCode(std::string_view inBraces, Converted& converted) {
-    for (const NumberedPlaceholder& kind : kNumberedPlaceholders) {
-        if (!inBraces.starts_with(kind.name))
-            continue;
-        const std::string_view digits = inBraces.substr(kind.name.size());
-        const int number = plainNumber(digits);
-        if (number < 1 || number > kind.code.last)
-            return false;
-        appendNumberedCode(kind.code, digits, converted.text);
-        return true;
-    }
-    const auto* const found = std::find_if(std::begin(kNamedPlaceholders), std::end(kNamedPlaceholders),
-                                           [&](const auto& named) { return named.name == inBraces; });
-    if (found == std::end(kNamedPlaceholders))
-        return false;
-    converted.text += found->code;
-    if (found->code.empty())
-        converted.loseRemoved(inBraces);
-    return true;
-}
-
-/// A new placeholder can only arise around another one, within braces of its own. If no braces are within
-/// braces, one pass over the text does the same as a pass for each kind.
-Converted convert(const std::string& text) {
-    Converted converted;
-    std::string& result = converted.text;
-    result.reserve(text.size());
-    std::size_t copied = 0;
-    for (std::size_t open = text.find('{'); open != text.npos; open = text.find('{', copied)) {
-        const std::size_t close = text.find('}', open);
-        if (close == text.npos)
-            break;
-        const auto inBraces = std::string_view(text).substr(open + 1, close - open - 1);
-        if (inBraces.find('{') != inBraces.npos)
-            return replaceInOrder(text);
-        result.append(text, copied, open - copied);
-        if (!appendCode(inBraces, converted)) {
-            result.append(text, open, close + 1 - open);
-            converted.loseUnknown(inBraces);
         }
-        copied = close + 1;
+        const OpenBrace open = open_.back();
+        open_.pop_back();
+        const std::string_view inBraces = std::string_view(result_).substr(open.place + 1);
+        const Replacement replacement = replacementOf(inBraces);
+        if (replacement.turn > open.lastTurn) {
+            replace(open.place, inBraces, replacement);
+            return;
+        }
+        if (looksLikePlaceholder(inBraces))
+            lose(inBraces, "which stays as text");
+        result_ += '}';
     }
-    result.append(text, copied);
-    return converted;
-}
+
+    void replace(std::size_t place, std::string_view inBraces, const Replacement& by) {
+        if (by.letters.empty()) {
+            lose(inBraces, "which has no code");
+            if (!open_.empty())
+                open_.back().lastTurn = std::max(open_.back().lastTurn, by.turn);
+        }
+        result_.resize(place);
+        result_ += by.letters;
+        result_.resize(result_.size() + by.digits, '0');
+        for (int rest = by.number, back = 1; rest > 0; rest /= 10, ++back)
+            *(result_.end() - back) = static_cast<char>('0' + rest % 10);
+    }
+
+    void lose(std::string_view inBraces, const char* why) {
+        losses_.push_back("placeholder \"{" + std::string(inBraces) + "}\", " + why);
+    }
+
+    std::vector<std::string>& losses_;
+    std::string result_;
+    std::vector<OpenBrace> open_;
+};
 
 } // namespace
 
@@ -210,12 +174,7 @@ std::string ConvertLegacyVariables(const std::string& text) {
 
 std::string ConvertLegacyVariables(const std::string& text, std::vector<std::string>& losses) {
     return traced(
-        VariableFunction("ConvertLegacyVariables"),
-        [&] {
-            Converted converted = convert(text);
-            std::move(converted.losses.begin(), converted.losses.end(), std::back_inserter(losses));
-            return std::move(converted.text);
-        },
+        VariableFunction("ConvertLegacyVariables"), [&] { return Converter(losses).convert(text); },
         Arg{"text", text});
 }
 

@@ -10,6 +10,17 @@ struct NumberedCode {
     std::string_view letters;
     std::size_t digits;
     int last; ///< The first is 1.
+
+    /// The number of a code of this kind, in decimal digits. 0 if there is none, or it has more digits.
+    constexpr int numberOf(std::string_view text) const {
+        int number = 0;
+        for (const char digit : text.substr(0, digits)) {
+            if (digit < '0' || digit > '9')
+                return 0;
+            number = number * 10 + (digit - '0');
+        }
+        return text.size() <= digits && number <= last ? number : 0;
+    }
 };
 
 /// User variables.

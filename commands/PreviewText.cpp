@@ -127,11 +127,11 @@ std::string previewCode(const std::string& code, std::int16_t hourOffset, BytesO
         Arg{"Code", code}, Arg{"HourOffset", hourOffset});
 }
 
-std::vector<std::string> keysOf(const CommandTable& commands) {
-    std::vector<std::string> keys;
+std::vector<std::string_view> keysOf(const CommandTable& commands) {
+    std::vector<std::string_view> keys;
     keys.reserve(static_cast<std::size_t>(commands.count()));
-    for (std::int32_t number = 1; number <= commands.count(); ++number)
-        keys.push_back(commands.key(number));
+    for (const CommandInfoType& command : commands.rows())
+        keys.push_back(command.sCMDInfo[kCommandKey]);
     return keys;
 }
 

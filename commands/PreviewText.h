@@ -33,6 +33,8 @@ std::string PreviewText(std::string_view text, std::int16_t hourOffset);
 class TextPreviews {
 public:
     TextPreviews(CommandTable commands, std::int16_t hourOffset);
+    TextPreviews(const TextPreviews&) = delete; // codes are keys of these commands
+    TextPreviews& operator=(const TextPreviews&) = delete;
     std::string of(std::string_view text);
 
 private:

@@ -12,15 +12,9 @@ constexpr std::string_view kDrawnByFonts = "\xa6";
 
 std::size_t numberedCodeSize(std::string_view text, const NumberedCode& kind) {
     const std::size_t size = kind.letters.size() + kind.digits;
-    if (text.size() < size || !text.starts_with(kind.letters))
-        return 0;
-    int number = 0;
-    for (const char digit : text.substr(kind.letters.size(), kind.digits)) {
-        if (digit < '0' || digit > '9')
-            return 0;
-        number = number * 10 + (digit - '0');
-    }
-    return number >= 1 && number <= kind.last ? size : 0;
+    const bool isCode = text.size() >= size && text.starts_with(kind.letters) &&
+                        kind.numberOf(text.substr(kind.letters.size(), kind.digits)) > 0;
+    return isCode ? size : 0;
 }
 
 /// Number of characters that two texts have in common at their starts.
@@ -37,10 +31,11 @@ std::size_t commonSize(std::string_view one, std::string_view other) {
 
 } // namespace
 
-TextCodes::TextCodes(std::vector<std::string> keys) : keys_(std::move(keys)) {
-    std::erase_if(keys_, [](const std::string& key) { return key.empty() || key == kDrawnByFonts; });
+TextCodes::TextCodes(std::vector<std::string_view> keys) : keys_(std::move(keys)) {
+    std::erase_if(keys_, [](std::string_view key) { return key.empty() || key == kDrawnByFonts; });
     std::ranges::sort(keys_);
     keys_.erase(std::unique(keys_.begin(), keys_.end()), keys_.end());
+    shorter_.reserve(keys_.size());
     for (std::size_t place = 0; place < keys_.size(); ++place) {
         std::size_t shorter = place - 1; // `kNone` before the first
         while (shorter != kNone && !keys_[place].starts_with(keys_[shorter]))

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -12,9 +11,9 @@ namespace qrtVistrelClasses4 {
 /// "CR16").
 class TextCodes {
 public:
-    /// `keys` are the keys of commands. An empty key is not a code. The character with code 166 is not one
-    /// either, because fonts draw it.
-    explicit TextCodes(std::vector<std::string> keys);
+    /// `keys` are the keys of commands, which must outlive this object. An empty key is not a code. The
+    /// character with code 166 is not one either, because fonts draw it.
+    explicit TextCodes(std::vector<std::string_view> keys);
 
     /// Size of the longest code that `text` starts with; 0 if it does not start with a code.
     std::size_t sizeAtStart(std::string_view text) const;
@@ -23,7 +22,7 @@ private:
     std::size_t keySizeAtStart(std::string_view text) const;
 
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
-    std::vector<std::string> keys_; ///< In order.
+    std::vector<std::string_view> keys_; ///< In order.
     /// For each key, the place of the longest other one that it starts with.
     std::vector<std::size_t> shorter_;
 };

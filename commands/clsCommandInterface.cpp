@@ -60,10 +60,10 @@ void clsCommandInterface::SaveCommandTable() {
     });
 }
 
-void clsCommandInterface::FindCommandIndex(const std::string& sKey) const {
-    tracedThrowing(
-        procedure(ProcedureKind::Function, "FindCommandIndex"), [&] { (void)table_.find(sKey); },
-        Arg{"sKey", sKey});
+void clsCommandInterface::FindCommandIndex(const std::string& sKey) {
+    if (StepsAreCounted())
+        traced(
+            procedure(ProcedureKind::Function, "FindCommandIndex"), [] {}, Arg{"sKey", sKey});
 }
 
 std::int16_t clsCommandInterface::iTotalCommands() const {

@@ -11,12 +11,18 @@ namespace {
 
 using Rows = OneBasedArray<CommandInfoType>;
 
+/// The first row of a plain list with that key.
+template <class List>
+auto find(List& rows, const std::string& key) {
+    const auto isMeant = [&](const CommandInfoType& row) { return row.sCMDInfo[kCommandKey] == key; };
+    return std::ranges::find_if(rows, isMeant);
+}
+
 /// Sets the bytes in a plain list.
 void set(Rows& rows, const std::string& key, const std::string& bytes) {
     if (key.empty() || bytes.empty())
         return;
-    const auto isMeant = [&](const CommandInfoType& row) { return row.sCMDInfo[kCommandKey] == key; };
-    if (const auto row = std::ranges::find_if(rows, isMeant); row != rows.end()) {
+    if (const auto row = find(rows, key); row != rows.end()) {
         row->sCMDInfo[kCommandBytes] = bytes;
     } else {
         rows.resize(rows.upperBound() + 1);
@@ -54,8 +60,12 @@ void RunFuzzed(FuzzedInput input) {
                 "a key has the bytes set last");
         Require(table->iTotalCommands() == rows.upperBound(), "a known key gets no row");
     }
-    for (std::int16_t number = 1; number <= rows.upperBound(); ++number)
-        Require(table->sCommandKeyByNum(number) == rows.at(number).sCMDInfo[kCommandKey], "rows keep places");
+    const CommandTable copy = table->Value();
+    for (std::int16_t number = 1; number <= rows.upperBound(); ++number) {
+        const std::string& key = rows.at(number).sCMDInfo[kCommandKey];
+        Require(table->sCommandKeyByNum(number) == key, "rows keep places");
+        Require(copy.find(key) == find(rows, key) - rows.begin() + 1, "the first row with a key is found");
+    }
     table.reset();
     for (std::int32_t number = 1; number <= BuiltInCommandCount(); ++number)
         rows.at(number) = BuiltInCommands().rows().at(number); // change in memory only

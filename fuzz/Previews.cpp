@@ -4,27 +4,38 @@
 #include <qrtVistrelClasses4/clsCommandInterface.h>
 
 #include <algorithm>
+#include <regex>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
 constexpr std::size_t kMostCharacters = 64; ///< Every code looked up alone reads and writes the table.
 
+/// Size of the longest code at the start of a text.
+std::size_t codeSize(const std::string& text, const std::vector<std::string>& keys) {
+    static const std::regex numbered("VBL([123]\\d\\d|40\\d|41[0-6]|0\\d[1-9]|0[1-9]0)|CR(0[1-9]|1[0-6])");
+    std::size_t size = 0;
+    if (std::smatch match; std::regex_search(text, match, numbered, std::regex_constants::match_continuous))
+        size = static_cast<std::size_t>(match.length());
+    for (const std::string& key : keys)
+        if (text.starts_with(key) && key != "\xa6") // which fonts draw
+            size = std::max(size, key.size());
+    return size;
+}
+
 /// Code after code, each looked up alone, as far as previews go.
-std::string shownAlone(std::string_view text, std::int16_t hourOffset) {
+std::string shownAlone(std::string text, std::int16_t hourOffset) {
     std::vector<std::string> keys;
     {
         clsCommandInterface commands;
         for (std::int16_t number = 1; number <= commands.iTotalCommands(); ++number)
             keys.push_back(commands.sCommandKeyByNum(number));
     }
-    const TextCodes codes(keys);
     std::string shown;
     while (!text.empty()) {
-        const std::size_t size = codes.sizeAtStart(text);
-        shown += size > 0 ? PreviewCommandText(std::string(text.substr(0, size)), hourOffset)
-                          : std::string(1, text.front());
-        text.remove_prefix(std::max<std::size_t>(size, 1));
+        const std::size_t size = codeSize(text, keys);
+        shown += size > 0 ? PreviewCommandText(text.substr(0, size), hourOffset) : text.substr(0, 1);
+        text.erase(0, std::max<std::size_t>(size, 1));
     }
     return shown.substr(0, kLongestPreview);
 }

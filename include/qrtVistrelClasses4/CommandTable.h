@@ -2,14 +2,13 @@
 #pragma once
 
 #include <qrtVistrelClasses4/OneBasedArray.h>
-#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <array>
 #include <cstdint>
-#include <map>
 #include <optional>
 #include <string>
-#include <utility>
+#include <string_view>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 
@@ -20,6 +19,9 @@ struct CommandInfoType {
     bool operator==(const CommandInfoType&) const = default;
 };
 
+/// The texts of a new row, in the order of `sCMDInfo`. Texts that are left out are empty.
+using CommandTexts = std::array<std::string_view, 4>;
+
 /// Indexes into `sCMDInfo`, from 0.
 inline constexpr std::size_t kCommandKey = 0;
 inline constexpr std::size_t kCommandBytes = 1;
@@ -28,7 +30,6 @@ inline constexpr std::int32_t kMostCommands = 32767;
 
 /// Rows of commands, numbered from 1: the built-in ones, then those that users added. Rows are only added at
 /// the end or given other bytes. Keys are compared exactly; of two rows with the same key, the first counts.
-/// One thread at a time, even to look up keys: `find` remembers where they are.
 class CommandTable {
 public:
     const OneBasedArray<CommandInfoType>& rows() const { return rows_; }
@@ -44,21 +45,21 @@ public:
     /// Sets the byte string of that row, or adds a row. Without a key or without bytes it does nothing. Error
     /// 6 if the table is full.
     void set(const std::string& key, const std::string& bytes);
-    /// Adds a row at the end. Error 6 if the table is full.
-    void add(CommandInfoType row) {
-        if (count() == kMostCommands)
-            Raise(ErrorNumber::overflow);
-        rows_.resize(count() + 1);
-        rows_.at(count()) = std::move(row);
-    }
+    /// Adds a row at the end. The texts must not be those of another row. Error 6 if the table is full.
+    void add(const CommandTexts& texts);
+    /// Reserves memory for as many rows in all. The table keeps those that it has.
+    void reserve(std::int32_t rows);
 
     bool operator==(const CommandTable& other) const { return rows_ == other.rows_; }
 
 private:
+    std::size_t slotOf(const std::string& key) const;
+    void enterRow(std::int32_t number);
+
     OneBasedArray<CommandInfoType> rows_;
-    /// The first row of each key among the first `indexed_` rows. Later rows have not been looked at yet.
-    mutable std::map<std::string, std::int32_t> index_;
-    mutable std::int32_t indexed_ = 0;
+    /// A hash table with the number of the first row of each key, and 0 in free slots. There are at least
+    /// twice as many slots as rows; their number is a power of two.
+    std::vector<std::uint16_t> slots_;
 };
 
 /// The commands that every table starts with.

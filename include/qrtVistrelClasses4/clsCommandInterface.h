@@ -47,8 +47,8 @@ private:
     void LoadCommandTable();
     void SaveCommandTable();
     void BuildBuiltInCommands();
-    /// Shows on the trace that a key is looked up.
-    void FindCommandIndex(const std::string& sKey) const;
+    /// Shows a recorder of the trace that a key is looked up. Nobody else can see it, as that never fails.
+    static void FindCommandIndex(const std::string& sKey);
 
     CommandTable table_;
     CommandTableSource source_;

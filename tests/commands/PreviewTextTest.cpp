@@ -132,17 +132,5 @@ TEST_F(Previews, OfATextReplaceItsCodesFromTheStartOnAndReadAndWriteTheTableOnce
     EXPECT_EQ(std::pair(reads, writes), std::pair(1, 1));
 }
 
-TEST(TextCodes, AreTheLongestThatATextStartsWith) {
-    const TextCodes codes({"##B", "", "##BELL", "\xa6", "VBL001x", "|hm|", "\xa6\xa6"});
-    const std::pair<std::string_view, const char*> cases[] = {
-        {"##BEL", "##B"},       {"##BELK", "##B"},    {"##BELLS", "##BELL"},
-        {" |hm|", ""},          {"\xa6 ", ""},        {"\xa6\xa6", "\xa6\xa6"},
-        {"VBL001x", "VBL001x"}, {"VBL416", "VBL416"}, {"VBL417", ""},
-        {"VBL000", ""},         {"VBL12", ""},        {"VBL1x0", ""},
-        {"CR167", "CR16"},      {"CR17", ""}};
-    for (const auto& [text, code] : cases)
-        EXPECT_EQ(text.substr(0, codes.sizeAtStart(text)), code);
-}
-
 } // namespace
 } // namespace qrtVistrelClasses4
