@@ -3,6 +3,7 @@
 
 #include "automation/ComObject.h"
 #include "automation/ErrorResults.h"
+#include "automation/InterfaceTable.h"
 #include "automation/LateBoundCall.h"
 #include "automation/Values.h"
 
@@ -28,21 +29,22 @@ public:
         return S_OK;
     }
     STDMETHODIMP GetTypeInfo(UINT index, LCID, ITypeInfo** result) override {
-        return index == 0 ? loadTypeInfo(result) : DISP_E_BADINDEX;
+        if (index != 0)
+            return DISP_E_BADINDEX;
+        const HRESULT loaded = loadTable();
+        return FAILED(loaded) ? loaded : table_->type().CopyTo(result);
     }
     STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override {
-        ComPtr<ITypeInfo> type;
-        const HRESULT loaded = loadTypeInfo(&type);
-        return FAILED(loaded) ? loaded : DispGetIDsOfNames(type.Get(), names, count, ids);
+        const HRESULT loaded = loadTable();
+        return FAILED(loaded) ? loaded : table_->idsOf(names, count, ids);
     }
     STDMETHODIMP Invoke(DISPID member, REFIID, LCID locale, WORD flags, DISPPARAMS* arguments,
                         VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument) override {
         return run([&] {
-            ComPtr<ITypeInfo> type;
-            const HRESULT loaded = loadTypeInfo(&type);
+            const HRESULT loaded = loadTable();
             return FAILED(loaded)
                        ? loaded
-                       : CallLateBound(*type.Get(), static_cast<Interface*>(this), {member, locale, flags},
+                       : CallLateBound(*table_, static_cast<Interface*>(this), {member, locale, flags},
                                        *arguments, result, exception, wrongArgument);
         });
     }
@@ -94,16 +96,11 @@ protected:
     std::shared_ptr<Core> core_;
 
 private:
-    HRESULT loadTypeInfo(ITypeInfo** result) {
-        if (!typeInfo_) {
-            const HRESULT loaded = run([&] { return LoadModuleTypeInfo(__uuidof(Interface), &typeInfo_); });
-            if (FAILED(loaded))
-                return loaded;
-        }
-        return typeInfo_.CopyTo(result);
+    HRESULT loadTable() {
+        return table_ ? S_OK : run([&] { return InterfaceTable::load(__uuidof(Interface), &table_); });
     }
 
-    ComPtr<ITypeInfo> typeInfo_; ///< Null until it is needed.
+    std::shared_ptr<const InterfaceTable> table_; ///< Null until it is needed.
 };
 
 } // namespace qrtVistrelClasses4

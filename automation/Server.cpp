@@ -1,6 +1,7 @@
 // The functions that the module exports, and the class objects that they return.
 #include "automation/ComObject.h"
 #include "automation/ErrorResults.h"
+#include "automation/InterfaceTable.h"
 #include "automation/PublicClasses.h"
 #include "automation/Registration.h"
 
@@ -47,7 +48,19 @@ STDAPI DllGetClassObject(REFCLSID id, REFIID iid, void** result) {
     });
 }
 
-STDAPI DllCanUnloadNow() { return ModuleUse::isOver() ? S_OK : S_FALSE; }
+STDAPI DllCanUnloadNow() {
+    if (!ModuleUse::isOver())
+        return S_FALSE;
+    InterfaceTable::releaseKept(); // on some systems they keep the module loaded
+    return S_OK;
+}
+
+/// The module may also be unloaded without a question. At the end of the process nothing is released.
+extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD event, void* processEnds) {
+    if (event == DLL_PROCESS_DETACH && !processEnds)
+        InterfaceTable::releaseKept();
+    return TRUE;
+}
 
 STDAPI DllRegisterServer() {
     return ResultOf(IID_IUnknown, [] {

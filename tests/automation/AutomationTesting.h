@@ -15,11 +15,16 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Its thread has entered an apartment.
+/// Lets a thread use automation objects.
+struct Apartment {
+    Apartment() { CoInitialize(nullptr); }
+    ~Apartment() { CoUninitialize(); }
+    Apartment(const Apartment&) = delete;
+    Apartment& operator=(const Apartment&) = delete;
+};
+
 class AutomationTest : public testing::Test {
-protected:
-    AutomationTest() { CoInitialize(nullptr); }
-    ~AutomationTest() override { CoUninitialize(); }
+    const Apartment apartment_;
 };
 
 /// A VARIANT of a kind that scripts pass.

@@ -3,6 +3,9 @@
 
 #include <qrtVistrelClasses4.h>
 
+#include <atomic>
+#include <thread>
+
 namespace qrtVistrelClasses4 {
 namespace {
 
@@ -122,6 +125,28 @@ TEST_F(LateBound, MayNameItsArguments) {
     DISPPARAMS passed{arguments, &ids[1], 2, 2};
     settings_->Invoke(ids[0], IID_NULL, LOCALE_NEUTRAL, DISPATCH_METHOD, &passed, &result, nullptr, nullptr);
     EXPECT_EQ(shown(result), "kept");
+}
+
+using LoadedServer = AutomationTest;
+
+TEST_F(LoadedServer, ServesThreadsAtOnceAndIsUnloadedAfterwards) {
+    for (int turn = 0; turn < 2; ++turn) {
+        std::atomic<int> created = 0, served = 0;
+        const auto use = [&] {
+            const Apartment apartment;
+            const auto playfile = Create<_FrameInfoClass>(CLSID_FrameInfoClass);
+            for (++created; created < 4;)
+                std::this_thread::yield(); // a latch of this compiler sometimes waits for ever
+            served += shown(Call(playfile.Get(), "TOTALframes").value) == "20";
+        };
+        {
+            const std::jthread others[] = {std::jthread(use), std::jthread(use), std::jthread(use)};
+            use();
+        }
+        EXPECT_EQ(served, 4);
+        CoFreeUnusedLibrariesEx(0, 0);
+        EXPECT_EQ(GetModuleHandleW(L"qrtVistrelClasses4.dll"), nullptr);
+    }
 }
 
 } // namespace
