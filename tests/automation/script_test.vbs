@@ -1,6 +1,6 @@
 ' A script that works like an application. A check that fails does not end it.
 Option Explicit
-Dim folder, frames, other, clip, first, last, isLast, settings, signs, commands, recent, key, number, value, fileName, unset
+Dim folder, frames, other, clip, first, last, settings, signs, commands, recent, key, number, value, fileName, unset
 folder = WScript.Arguments(0) ' for the script's files; ends in a separator
 
 Sub Check(sentence, actual, wanted)
@@ -29,7 +29,6 @@ Function NewPlayfile(letters)
     For i = 1 To Len(letters)
         NewPlayfile.CurrentFrame = i
         NewPlayfile.FrameName = Mid(letters, i, 1)
-        NewPlayfile.DelayTime = 1.5
     Next
 End Function
 
@@ -49,19 +48,17 @@ frames.CurrentFrame = unset
 Check "a variable without a value counts as 0", frames.CurrentFrame, 0
 frames.CurrentFrame = "2"
 frames.FrameName = 2.5
-frames.FastScroll = True
+frames.DelayTime = 1.5
 frames.WinBackColor = 100000
-frames.CurrentLineText = "HELLO ""WORLD"""
 frames.SendCommandFileAsIs = True
 frames.SetSuppressMessages = True
-Check "a playfile is saved and read", frames.WritePlayfileToDisk(fileName) & other.GetPlayfileFromDisk(fileName), "TrueTrue"
+Check "a playfile is saved, read and exported", frames.WritePlayfileToDisk(fileName) & _
+    other.GetPlayfileFromDisk(fileName) & frames.WriteXMLToDisk(folder & "export"), "TrueTrueTrue"
 other.CurrentFrame = 2
-Check "texts, numbers and flags come back", Words(Array(other.FrameName, other.DelayTime, other.FastScroll, _
-    other.WinBackColor, other.CurrentLineText, other.SendCommandFileAsIs)), "2.5 1.5 True 100000 HELLO ""WORLD"" 1"
+Check "texts, numbers and flags come back", Words(Array(other.FrameName, other.DelayTime, _
+    other.WinBackColor, other.SendCommandFileAsIs)), "2.5 1.5 100000 1"
 other.SetSuppressMessages True
 Check "an older playfile is opened", other.GetPlayfileFromDisk(folder & "lobby.PL2") & other.IsLegacy, "TrueTrue"
-Check "a playfile is exported", frames.WriteXMLToDisk(folder & "export") & _
-    CreateObject("Scripting.FileSystemObject").FileExists(frames.CurrentFileName & ".xml"), "TrueTrue"
 Check "effects have names", Words(Array(other.ConvertPrefixCodeToString(20005), other.ConvertSuffixCodeToString(20001), _
     other.ConvertPrefixStringToCode("Reveal from Middle"), other.ConvertSuffixStringToCode("Reveal to Middle"))), _
     "Start Loop [5] times End Loop 5 10"
@@ -72,9 +69,6 @@ frames.CurrentFrame = 0
 value = frames.AudioFile
 Check "reading an untraced member outside the frames is an error", Err.Number & " " & Err.Description, "9 Subscript out of range"
 Err.Clear
-frames.OverlayFrame = True
-Check "setting one is an error as well", Err.Number & " " & Err.Description, "9 Subscript out of range"
-Err.Clear
 frames.FrameName = "nowhere"
 Check "a traced member returns its failure value without an error", frames.FrameName & Err.Number, "0"
 On Error GoTo 0
@@ -84,33 +78,16 @@ Set frames = NewPlayfile("ABCDEF")
 first = "2" : last = 5.4
 frames.MoveFrame first, last
 Check "a frame moves, and unchanged variables keep their types", Names(frames) & VarType(first) & VarType(last), "ACDEBF85"
-frames.MoveFrame 5, 2
-first = 5 : last = 3 : Set clip = Nothing
+first = 5 : last = 3
 frames.CopyInfo first, last, clip
-Check "copying orders the variables and makes a clipboard", first & last & Names(clip), "35CDE"
-frames.CopyInfo 6, 7, unset
-Check "a range outside makes a clipboard of empty frames, in a fresh variable", unset.TotalFrames, 20
-frames.PasteInfo 6, clip
+Check "copying orders the variables, and puts a clipboard into a fresh one", first & last & Names(clip), "35DEB"
 frames.PasteInfo 1, Nothing
-Check "it is pasted before a frame", Names(frames), "ABCDECDEF"
-frames.CutInfo 1, 5, clip
-Check "cut frames leave", Names(frames) & " " & Names(clip), "CDEF ABCDE"
-isLast = False
-frames.CurrentFrame = 4
-frames.InsertFrame isLast
-Check "inserting before the last frame sets the variable", isLast & Names(frames), "TrueCDE-F"
-frames.CurrentFrame = 4
-frames.InsertFrame
-frames.DeleteCurrentFrame
-Check "a frame is deleted", frames.CurrentFrame & Names(frames), "3CDE-F"
-Check "no picture was shown before", frames.IsThereAPreviousClone(3), False
+Check "nothing is pasted, and no picture was shown before", Names(frames) & frames.IsThereAPreviousClone(3), "ACDEBFFalse"
 
 ' Preferences.
 number = Create("SettingsInfoClass").ClassDebugID
 Set settings = Create("SettingsInfoClass")
 Check "the next object has the next number, of 32 bits", settings.ClassDebugID - number & VarType(number), "13"
-settings.WriteSetting "ScriptKey", "kept"
-Check "a written key is found", settings.GetPrivateSetting("ScriptKey", "none"), "kept"
 settings.DelayStep = 12.5
 settings.SaveSettingsToDisk
 Set settings = Create("SettingsInfoClass")
@@ -129,9 +106,7 @@ Check "the number of a copy has 32 bits", VarType(number) & number, "32"
 number = signs.Duplicate("nowhere", "Mole")
 Check "the number for no copy has 16 bits", VarType(number) & number, "2-1"
 Check "removing returns False, but the others move up", signs.RemoveDisplay(1) & signs.FindDisplayByName("PIER"), "False1"
-fileName = "Displays.dat"
-signs.WriteAllDisplaysToDisk fileName
-Check "the variable is set to the full name", Right(fileName, 13) & (Len(fileName) > 13), "\Displays.datTrue"
+signs.WriteAllDisplaysToDisk "Displays.dat"
 Set signs = Create("DisplayDatabaseClass")
 signs.RetrieveAllDisplayInfoFromDisk
 Check "the signs are read, with the missing port", signs.TotalDisplays & signs.GetConnectionInfoInString, "110.0.0.5:3001"
