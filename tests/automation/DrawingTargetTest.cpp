@@ -46,19 +46,19 @@ public:
 using DrawingTargetOfHost = AutomationTest;
 
 TEST_F(DrawingTargetOfHost, DrawsOnItsWindowAndItsBitmapInTheColoursOfTheSystemToo) {
-    const ComPtr<FakePictureBox> box = MakeObject<FakePictureBox>();
-    HostDrawingTarget target(box.Get());
+    const ComPtr<FakePictureBox> pictureBox = MakeObject<FakePictureBox>();
+    HostDrawingTarget target(pictureBox.Get());
     target.GetBitmapDC().SetPixel(1, 0, kAmber);
-    EXPECT_EQ(box->bitmapUsers, 1);
+    EXPECT_EQ(pictureBox->bitmapUsers, 1);
     target.ReleaseBitmapDC();
-    EXPECT_EQ(box->bitmapUsers, 0);
+    EXPECT_EQ(pictureBox->bitmapUsers, 0);
     target.hdc().SetPixel(0, 1, kAmber);
-    EXPECT_EQ(box->bitmap.pixels(), (std::array<Color, 4>{0, kAmber, 0, 0}));
-    EXPECT_EQ(box->window.pixels(), (std::array<Color, 4>{0, 0, kAmber, 0}));
-    box->refusal = E_FAIL;
+    EXPECT_EQ(pictureBox->bitmap.pixels(), (std::array<Color, 4>{0, kAmber, 0, 0}));
+    EXPECT_EQ(pictureBox->window.pixels(), (std::array<Color, 4>{0, 0, kAmber, 0}));
+    pictureBox->refusal = E_FAIL;
     target.ReleaseBitmapDC();
     EXPECT_EQ(target.BackColor(), kAmber);
-    box->backColor = static_cast<std::int32_t>(0x80000000 | COLOR_BTNFACE);
+    pictureBox->backColor = static_cast<std::int32_t>(0x80000000 | COLOR_BTNFACE);
     EXPECT_EQ(target.BackColor(), GetSysColor(COLOR_BTNFACE));
 }
 
