@@ -42,16 +42,10 @@ struct KeptTable {
     std::shared_ptr<const InterfaceTable> table;
 };
 
-struct KeptTables {
-    std::mutex access;
-    std::vector<KeptTable> tables;
-};
-
-/// Never destroyed: at the end of a process, a thread that was stopped may hold a lock of the type library's.
-KeptTables& keptTables() {
-    static auto& kept = *new KeptTables;
-    return kept;
-}
+std::mutex keptAccess;
+/// What the module keeps. A process that ends does not destroy it, because a thread that was stopped may hold
+/// a lock of the type library's.
+constinit std::vector<KeptTable>* kept = nullptr;
 
 } // namespace
 
@@ -67,10 +61,11 @@ bool InterfaceTable::SameName::operator()(std::wstring_view left, std::wstring_v
 }
 
 HRESULT InterfaceTable::load(REFIID id, std::shared_ptr<const InterfaceTable>* result) {
-    KeptTables& kept = keptTables();
-    const std::lock_guard lock(kept.access);
-    const auto found = std::ranges::find(kept.tables, id, &KeptTable::id);
-    if (found != kept.tables.end()) {
+    const std::lock_guard lock(keptAccess);
+    if (!kept)
+        kept = std::make_unique<std::vector<KeptTable>>().release();
+    const auto found = std::ranges::find(*kept, id, &KeptTable::id);
+    if (found != kept->end()) {
         *result = found->table;
         return S_OK;
     }
@@ -78,15 +73,14 @@ HRESULT InterfaceTable::load(REFIID id, std::shared_ptr<const InterfaceTable>* r
     const HRESULT done = table->read(id);
     if (FAILED(done))
         return done;
-    kept.tables.push_back({id, table});
+    kept->push_back({id, table});
     *result = table;
     return S_OK;
 }
 
 void InterfaceTable::releaseKept() {
-    KeptTables& kept = keptTables();
-    const std::lock_guard lock(kept.access);
-    kept.tables.clear();
+    const std::lock_guard lock(keptAccess);
+    delete std::exchange(kept, nullptr);
 }
 
 HRESULT InterfaceTable::idsOf(LPOLESTR* names, UINT count, DISPID* ids) const {
