@@ -113,6 +113,8 @@ void QuotedLineWriter::putPlainLine(std::string_view line) {
 }
 
 void QuotedLineWriter::put(std::string_view text) {
+    if (text.empty()) // as most are
+        return text_.appendLiteral("\"\"\r\n");
     text_.appendLiteral("\"");
     text_.appendReplacing(text, kQuote, kStoredQuote);
     text_.appendLiteral("\"\r\n");

@@ -73,7 +73,9 @@ std::optional<std::string> FolderNames::find(std::string_view name) {
 
 void FolderNames::list() {
     isListed_ = true;
-    for (std::string& name : files_.namesIn(folder_)) {
+    std::vector<std::string> names = files_.namesIn(folder_);
+    names_.reserve(names.size());
+    for (std::string& name : names) {
         const auto [known, isNew] = names_.try_emplace(FoldedName(name));
         if (isNew || name < known->second)
             known->second = std::move(name);
