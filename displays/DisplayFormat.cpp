@@ -61,6 +61,15 @@ bool ReadDisplay(DelimitedReader& in, DisplayRecord& display) {
     return isMended;
 }
 
+void SkipDisplay(DelimitedReader& in, DisplayRecord& scratch) {
+    forEachValue(scratch, [&]<class Value>(Value& value, auto) {
+        if constexpr (std::is_same_v<Value, std::string>)
+            in.skipText();
+        else
+            in.get(value);
+    });
+}
+
 void WriteDisplay(DelimitedWriter& out, const DisplayRecord& display) {
     forEachValue(display, [&](const auto& value, auto) { out.put(value); });
 }

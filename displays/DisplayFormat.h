@@ -16,6 +16,9 @@ inline constexpr int kValuesOfADisplay =
 /// Reads one sign and mends the values that old files leave empty; returns whether there were any. After an
 /// error, the values before the bad one have been read.
 bool ReadDisplay(DelimitedReader& in, DisplayRecord& display);
+/// Reads one sign without keeping its texts. Fails where `ReadDisplay` does; `scratch` only takes the
+/// numbers.
+void SkipDisplay(DelimitedReader& in, DisplayRecord& scratch);
 void WriteDisplay(DelimitedWriter& out, const DisplayRecord& display);
 
 } // namespace qrtVistrelClasses4

@@ -30,10 +30,10 @@ bool isWholeList(std::string_view text) {
         return false;
     try {
         DelimitedReader in(text);
-        DisplayRecord display;
+        DisplayRecord scratch;
         for (std::int32_t number = 1; !in.atEnd(); ++number) {
             (void)NarrowToInt16(number);
-            ReadDisplay(in, display);
+            SkipDisplay(in, scratch);
         }
         return true;
     } catch (const RuntimeError&) {

@@ -12,6 +12,7 @@ namespace {
 constexpr char kValueQuote = '"';
 constexpr char kSeparator = ',';
 constexpr std::string_view kLineEnd = "\r\n";
+constexpr char kEmptyText[] = "\"\"\r\n";
 
 /// `text` without the line end, or the separator, that it starts with.
 std::string_view afterSeparator(std::string_view text) {
@@ -55,14 +56,14 @@ std::string_view DelimitedReader::plainValue() {
 }
 
 /// Takes a line that holds a quoted text and nothing else.
-bool DelimitedReader::takeQuotedLine(std::string& text) {
+bool DelimitedReader::takeQuotedLine(std::string_view& text) {
     if (!rest_.starts_with(kValueQuote))
         return false;
     const std::size_t closing = rest_.find(kValueQuote, 1);
-    if (closing == rest_.npos || !rest_.substr(closing + 1).starts_with("\r\n"))
+    if (closing == rest_.npos || !rest_.substr(closing + 1).starts_with(kLineEnd))
         return false;
-    text.assign(rest_, 1, closing - 1);
-    rest_.remove_prefix(closing + 3);
+    text = rest_.substr(1, closing - 1);
+    rest_.remove_prefix(closing + 1 + kLineEnd.size());
     return true;
 }
 
@@ -75,10 +76,17 @@ std::size_t DelimitedReader::errorLine() const {
 }
 
 void DelimitedReader::get(std::string& text) {
-    if (TakeLine(rest_, "\"\"\r\n"))
+    std::string_view line;
+    if (TakeLine(rest_, kEmptyText))
         text.clear();
-    else if (!takeQuotedLine(text))
-        text.assign(value());
+    else
+        text.assign(takeQuotedLine(line) ? line : value());
+}
+
+void DelimitedReader::skipText() {
+    std::string_view line;
+    if (!TakeLine(rest_, kEmptyText) && !takeQuotedLine(line))
+        (void)value();
 }
 
 void DelimitedReader::get(std::int16_t& number) {
@@ -106,6 +114,8 @@ void DelimitedReader::get(bool& flag) {
 }
 
 void DelimitedWriter::put(std::string_view text) {
+    if (text.empty()) // as most are
+        return text_.appendLiteral(kEmptyText);
     text_.appendLiteral("\"");
     text_.append(text);
     text_.appendLiteral("\"\r\n");

@@ -30,6 +30,8 @@ public:
     void get(std::int32_t& number);
     /// "#TRUE#" or "#FALSE#" in any case, or a number, which is true unless it is 0.
     void get(bool& flag);
+    /// Takes the next value as a text and drops it.
+    void skipText();
 
     /// After an error: number (from 1) of the line in which the value begins that could not be read. One more
     /// than the last line if the text ends there.
@@ -39,7 +41,7 @@ private:
     void skipBlanks();
     std::string_view quotedValue();
     std::string_view plainValue();
-    bool takeQuotedLine(std::string& text);
+    bool takeQuotedLine(std::string_view& text);
 
     std::string_view text_;
     std::string_view rest_;
