@@ -69,18 +69,6 @@ TEST_F(DisplayProperties, TrapACursorOutsideTheListOrTheSchedules) {
     EXPECT_EQ(takeErrors(), Numbers{9});
 }
 
-TEST_F(DisplayProperties, NameTheConnection) {
-    load(fileOf({0}));
-    std::string described;
-    for (std::int16_t method = 0; method <= 4; ++method) {
-        displays_.ConnectionMethod(method);
-        described += displays_.TranslateConnectionMethodToString(method) + " ";
-        described += displays_.GetConnectionInfoInString() + ", ";
-    }
-    EXPECT_EQ(described, " , Direct Connect text 22:text 23, Network Connect text 21:text 22, Modem Connect "
-                         "text 20:text 22:text 23,  , ");
-}
-
 TEST_F(DisplayProperties, GuardNamesThatReadAsPlainNumbers) {
     const std::pair<const char*, const char*> cases[] = {
         {"12", "#12"},      {"-5", "#-5"},  {"12.5", "#12.5"},  {"1E+15", "#1E+15"},  {"#12", "#12"},
