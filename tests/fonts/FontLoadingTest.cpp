@@ -23,7 +23,8 @@ TEST(FontFile, HasGlyphsOfTheSizeThatItsCellNeeds) {
         EXPECT_EQ((Font{6, 8, all}.glyphOffset(character)), offset) << all << character;
 }
 
-TEST(FontFile, HoldsNoMoreThanFits) {
+TEST(FontFile, HoldsNoMoreThanFitsAndHasAWholeHeader) {
+    EXPECT_FALSE(ParseFont(std::string(3, 'A'), kSizeFromFile, kSizeFromFile));
     EXPECT_EQ(SizedFontBytes(*ParseFont("", 100, 100)).size(), kGlyphStoreSize);
     for (const Font& large : {Font{256, 8, "A"}, Font{8, -1, "A"}, Font{8, 8, std::string(256, 'A')}})
         EXPECT_THROW(HeaderFontBytes(large), RuntimeError) << "what passes a byte";
