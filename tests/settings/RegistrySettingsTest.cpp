@@ -13,7 +13,6 @@ class RegistrySettings : public HostTest {};
 TEST_F(RegistrySettings, AreReadAsTheyWereWritten) {
     EXPECT_EQ(ReadSetting("Vistrel3", "Settings", "AppPath", "default"), "default");
     WriteSetting("Vistrel3", "Settings", "AppPath", "C:\\Data");
-    EXPECT_EQ(ReadSetting("VISTREL3", "settings", "apppath", ""), "C:\\Data");
     RegistryRoutines registry;
     registry.Subkey("Software\\Brivox\\Vistrel3\\Settings");
     EXPECT_EQ(registry.GetRegistryValue("AppPath", ""), "C:\\Data");
