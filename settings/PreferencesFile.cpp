@@ -209,7 +209,7 @@ WrittenPreference WritePreference(const std::string& path, const std::string& ke
     file->write(kSection, key, text);
     return {.error = errorOf(file->commit()),
             .readsBack =
-                ProfileString(IniIndex(alone).find(kSection, key), "", kPreferenceBufferSize) == text};
+                ProfileString(IniValues(alone).find(kSection, key), "", kPreferenceBufferSize) == text};
 } catch (...) {
     RethrowAsRuntimeError();
 }
