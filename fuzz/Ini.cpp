@@ -52,13 +52,13 @@ std::string trimmed(const std::string& text) {
 void RunFuzzed(FuzzedInput input) {
     const IniChange change{input.text(), input.text(), input.text()};
     const std::string text = input.rest();
-    const IniIndex index(text);
-    const auto found = index.find(change.section, change.key);
-    Require(index.find(inOtherCase(change.section), inOtherCase(change.key)) == found,
+    const IniValues values(text);
+    const auto found = values.find(change.section, change.key);
+    Require(values.find(inOtherCase(change.section), inOtherCase(change.key)) == found,
             "ASCII letters are taken without case");
     const std::string more = text + "\r\n[a section, behind]\r\n" + change.key;
     if (trimmed(change.section) != "a section, behind")
-        Require(IniIndex(more).find(change.section, change.key) == found, "the first of its name counts");
+        Require(IniValues(more).find(change.section, change.key) == found, "the first of its name counts");
 
     const auto changed = ApplyIniChanges(text, std::span(&change, 1));
     if (!isPlain(trimmed(change.section)) || !isPlain(trimmed(change.key)) ||
@@ -66,7 +66,7 @@ void RunFuzzed(FuzzedInput input) {
         return;
     Require(changed || found == trimmed(change.value), "no change is none");
     const std::string after = changed.value_or(text);
-    Require(IniIndex(after).find(change.section, change.key) == trimmed(change.value), "a value comes back");
+    Require(IniValues(after).find(change.section, change.key) == trimmed(change.value), "a value comes back");
     Require(changesOnePlace(linesOf(text), linesOf(after), 2), "no other line is touched");
     if (trimmed(change.value) == change.value)
         Require(!ApplyIniChanges(after, std::span(&change, 1)), "what is there needs no change");

@@ -6,9 +6,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
@@ -20,6 +22,14 @@ struct FileBytes {
     std::unique_ptr<char[]> data;
     std::size_t size = 0;
     std::string_view text() const { return {data.get(), size}; }
+};
+
+/// What the system knows one version of a file by. A default-constructed stamp is that of no file.
+struct FileStamp {
+    std::uint64_t device = 0, file = 0, size = 0;
+    std::uint64_t modified = 0; ///< When its bytes changed last, in a unit of the system's.
+    std::uint64_t changed = 0;  ///< The same for its bytes, its rights and its names.
+    bool operator==(const FileStamp&) const = default;
 };
 
 /// A file being read in pieces, from anywhere in it.
@@ -82,6 +92,15 @@ public:
     /// Reads the whole file. Waits while somebody has it open to replace it. A folder or a device is
     /// `accessDenied`, a file of more than 2 GiB `tooLarge`.
     virtual Result<FileBytes> read(const std::string& path) = 0;
+    /// The same, but no bytes if the file is still the version that `stamp` is of. `stamp` becomes that of
+    /// the version read, or that of no file if a later change might not show in it.
+    virtual Result<std::optional<FileBytes>> readIfChanged(const std::string& path, FileStamp& stamp) {
+        stamp = {};
+        Result<FileBytes> bytes = read(path);
+        if (!bytes)
+            return bytes.error();
+        return std::optional(std::move(bytes).value());
+    }
 
     /// A folder or a device is `accessDenied`.
     virtual Result<std::unique_ptr<InputFile>> openToRead(const std::string& path) = 0;

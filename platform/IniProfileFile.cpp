@@ -2,6 +2,7 @@
 
 #include "platform/ReplacementFile.h"
 
+#include <optional>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
@@ -23,19 +24,54 @@ FileBytes narrowedText(std::string_view bytes) {
 
 } // namespace
 
-std::string IniProfileFile::read(std::string_view section, std::string_view key,
-                                 std::string_view defaultValue, std::size_t bufferSize) {
-    return ProfileString(index().find(section, key), defaultValue, bufferSize);
+IniFileCache::Content::Content(FileBytes given)
+    : bytes(isWideText(given.text()) ? narrowedText(given.text()) : std::move(given)), values(bytes.text()) {}
+
+IniFileCache::Version IniFileCache::lastVersion() {
+    const std::lock_guard lock(mutex_);
+    return last_;
 }
 
-const IniIndex& IniProfileFile::index() {
-    if (!index_) {
-        bytes_ = readFile().valueOr({});
-        if (isWideText(bytes_.text()))
-            bytes_ = narrowedText(bytes_.text());
-        index_.emplace(bytes_.text());
+Result<std::shared_ptr<const IniFileCache::Content>> IniFileCache::read(const std::string& path) {
+    Version version = lastVersion();
+    if (version.path != path)
+        version = {path, {}, nullptr};
+    // Not under the lock, since the file may be in use or on a slow drive.
+    auto changed = files_.readIfChanged(path, version.stamp);
+    if (!changed)
+        return changed.error();
+    if (std::optional<FileBytes>& bytes = changed.value()) {
+        version.content = std::make_shared<const Content>(std::move(*bytes));
+        const std::lock_guard lock(mutex_);
+        last_ = version;
     }
-    return *index_;
+    return version.content;
+}
+
+/// The result of `read`, which reads the file `path_`, under the name that it has on the disk.
+template <class Read>
+auto IniProfileFile::readFile(Read read) {
+    auto result = read();
+    if (result.error() != SystemError::fileNotFound && result.error() != SystemError::folderNotFound)
+        return result;
+    std::string existing = files_.existingName(path_);
+    if (existing == path_)
+        return result;
+    path_ = std::move(existing);
+    return read();
+}
+
+std::string IniProfileFile::read(std::string_view section, std::string_view key,
+                                 std::string_view defaultValue, std::size_t bufferSize) {
+    return ProfileString(content().values.find(section, key), defaultValue, bufferSize);
+}
+
+const IniFileCache::Content& IniProfileFile::content() {
+    if (!content_)
+        content_ = readFile([&] { return cache_.read(path_); }).valueOr(nullptr);
+    if (!content_) // there is no such file
+        content_ = std::make_shared<const IniFileCache::Content>(FileBytes());
+    return *content_;
 }
 
 void IniProfileFile::write(std::string_view section, std::string_view key, std::string_view value) {
@@ -43,11 +79,11 @@ void IniProfileFile::write(std::string_view section, std::string_view key, std::
 }
 
 SystemError IniProfileFile::commit() {
-    index_.reset();
+    content_.reset();
     const std::vector<IniChange> changes = std::exchange(changes_, {});
     if (changes.empty())
         return SystemError::none;
-    Result<FileBytes> read = readFile();
+    Result<FileBytes> read = readFile([&] { return files_.read(path_); });
     if (!read && read.error() != SystemError::fileNotFound)
         return read.error();
     const FileBytes old = std::move(read).valueOr({});
@@ -59,17 +95,6 @@ SystemError IniProfileFile::commit() {
     ReplacementFile file(files_, path_);
     (void)file.write(*text); // `commit` reports an error of this
     return file.commit();
-}
-
-Result<FileBytes> IniProfileFile::readFile() {
-    auto bytes = files_.read(path_);
-    if (bytes.error() != SystemError::fileNotFound)
-        return bytes;
-    std::string existing = files_.existingName(path_);
-    if (existing == path_)
-        return bytes;
-    path_ = std::move(existing);
-    return files_.read(path_);
 }
 
 } // namespace qrtVistrelClasses4

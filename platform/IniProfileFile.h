@@ -5,18 +5,47 @@
 #include "platform/IniText.h"
 #include "platform/ProfileFile.h"
 
-#include <optional>
+#include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
 
+/// The file whose values were read last. Several threads may use the same object.
+class IniFileCache {
+public:
+    /// `files` must outlive this object.
+    explicit IniFileCache(FileSystem& files) : files_(files) {}
+
+    struct Content {
+        explicit Content(FileBytes given);
+        FileBytes bytes;
+        IniValues values; ///< They refer to `bytes`.
+    };
+    /// The content that the file has now.
+    Result<std::shared_ptr<const Content>> read(const std::string& path);
+
+private:
+    struct Version {
+        std::string path;
+        FileStamp stamp;
+        std::shared_ptr<const Content> content;
+    };
+    Version lastVersion();
+
+    FileSystem& files_;
+    std::mutex mutex_;
+    Version last_;
+};
+
 /// Parses the file once, on the first read. `commit` makes all writes together, in one new version of the
 /// file. Reads do not see writes that are not committed.
 class IniProfileFile : public ProfileFile {
 public:
-    /// `files` must outlive this object. The case of letters in the file name does not matter.
-    IniProfileFile(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
+    /// `files` and `cache` must outlive this object. The case of letters in the file name does not matter.
+    IniProfileFile(FileSystem& files, IniFileCache& cache, std::string path)
+        : files_(files), cache_(cache), path_(std::move(path)) {}
 
     std::string read(std::string_view section, std::string_view key, std::string_view defaultValue,
                      std::size_t bufferSize) override;
@@ -28,13 +57,14 @@ protected:
     const std::string& path() const { return path_; }
 
 private:
-    Result<FileBytes> readFile();
-    const IniIndex& index();
+    template <class Read>
+    auto readFile(Read read);
+    const IniFileCache::Content& content();
 
     FileSystem& files_;
+    IniFileCache& cache_;
     std::string path_;
-    FileBytes bytes_; ///< `index_` refers to these.
-    std::optional<IniIndex> index_;
+    std::shared_ptr<const IniFileCache::Content> content_; ///< Null before the first read.
     std::vector<IniChange> changes_;
 };
 

@@ -1,9 +1,10 @@
 #include "platform/IniText.h"
 
-#include "platform/LetterCase.h"
 #include "platform/NulTerminated.h"
 
 #include <algorithm>
+#include <map>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -63,46 +64,45 @@ std::string_view withoutByteOrderMark(std::string_view text) {
     return text.starts_with(kByteOrderMark) ? text.substr(kByteOrderMark.size()) : text;
 }
 
-constexpr auto byName = [](const auto& left, const auto& right) {
-    return CompareIgnoringAsciiCase(left, right) < 0;
-};
-
 } // namespace
 
-IniIndex::IniIndex(std::string_view text) {
-    collect(withoutByteOrderMark(text));
-    for (const Section& section : sections_) {
-        const auto first = entries_.begin();
-        std::ranges::stable_sort(first + static_cast<std::ptrdiff_t>(section.firstEntry),
-                                 first + static_cast<std::ptrdiff_t>(section.endEntry), byName, &Entry::key);
-    }
-    std::ranges::stable_sort(sections_, byName, &Section::name);
+IniName::IniName(std::string_view text) : text_(text), digest_(text.size()) {
+    // Of a long name both ends: keys often differ only in the number at their end.
+    std::uint64_t first = 0, last = 0;
+    const std::size_t size = std::min(text.size(), sizeof first);
+    text.copy(reinterpret_cast<char*>(&first), size);
+    text.substr(text.size() - size).copy(reinterpret_cast<char*>(&last), size);
+    constexpr std::uint64_t noCase = 0x2020202020202020, spread = 0x9e3779b97f4a7c15;
+    digest_ = ((digest_ + (first | noCase)) * spread ^ (last | noCase)) * spread;
 }
 
-void IniIndex::collect(std::string_view text) {
-    sections_.push_back({});
+std::weak_ordering IniName::operator<=>(const IniName& other) const {
+    if (digest_ != other.digest_)
+        return digest_ <=> other.digest_;
+    return CompareIgnoringAsciiCase(text_, other.text_) <=> 0;
+}
+
+IniValues::IniValues(std::string_view text) {
+    text = withoutByteOrderMark(text);
+    sections_.push_back({IniName({}), 0, 0});
     while (!text.empty()) {
         const IniLine line = parseLine(takeLine(text));
         if (line.kind == IniLine::section)
-            sections_.push_back({line.name, entries_.size(), entries_.size()});
+            sections_.push_back({IniName(line.name), entries_.size(), entries_.size()});
         else if (line.kind == IniLine::key)
-            entries_.push_back({line.name, line.value});
+            entries_.push_back({IniName(line.name), line.value});
         sections_.back().endEntry = entries_.size();
     }
 }
 
-std::optional<std::string_view> IniIndex::find(std::string_view section, std::string_view key) const {
-    section = trimmed(section);
-    const auto inSection = std::ranges::lower_bound(sections_, section, byName, &Section::name);
-    if (inSection == sections_.end() || !EqualIgnoringAsciiCase(inSection->name, section))
+std::optional<std::string_view> IniValues::find(std::string_view section, std::string_view key) const {
+    const std::span all(entries_);
+    const auto inSection = std::ranges::find(sections_, IniName(trimmed(section)), &Section::name);
+    if (inSection == sections_.end())
         return {};
-    key = trimmed(key);
-    const auto entries =
-        std::span(entries_).subspan(inSection->firstEntry, inSection->endEntry - inSection->firstEntry);
-    const auto entry = std::ranges::lower_bound(entries, key, byName, &Entry::key);
-    if (entry == entries.end() || !EqualIgnoringAsciiCase(entry->key, key))
-        return {};
-    return entry->value;
+    const auto entries = all.subspan(inSection->firstEntry, inSection->endEntry - inSection->firstEntry);
+    const auto entry = std::ranges::find(entries, IniName(trimmed(key)), &Entry::key);
+    return entry == entries.end() ? std::nullopt : entry->value;
 }
 
 std::string ProfileString(std::optional<std::string_view> value, std::string_view defaultValue,
@@ -129,69 +129,54 @@ public:
 private:
     /// The last change to one key.
     struct Pending {
-        std::string_view section;
-        std::string_view key;
+        IniName key;
         std::string_view value;
         std::size_t order = 0; ///< Place of the first change to the key among all changes.
         bool done = false;
     };
+    /// The changes to one section.
     struct Group {
-        std::string_view section;
-        std::span<Pending> changes;
+        std::vector<Pending> changes; ///< By key.
         bool visited = false;
     };
+    using Groups = std::map<IniName, Group>;
 
-    void collect(std::span<const IniChange> changes);
-    void group();
+    static void makeUnique(std::vector<Pending>& changes);
     void enterSection(std::string_view name);
     void leaveSection();
     void copyKey(std::string_view line, const IniLine& parsed);
     void addNewSections();
-    std::string newLines(const Group& group) const;
+    static std::string newLines(const Group& group);
 
-    std::vector<Pending> pending_; ///< By section, then by key.
-    std::vector<Group> groups_;    ///< By section.
-    Group* current_ = nullptr;     ///< The changes to the section being copied.
+    Groups groups_;
+    Group* current_ = nullptr; ///< The changes to the section being copied.
     std::string out_;
     std::size_t insertAt_ = 0; ///< After the last line of the section being copied that is not blank.
     bool changed_ = false;
 };
 
 IniEditor::IniEditor(std::span<const IniChange> changes) {
-    collect(changes);
-    group();
+    for (std::size_t order = 0; order < changes.size(); ++order) {
+        const IniChange& change = changes[order];
+        groups_[IniName(trimmed(UntilNul(change.section)))].changes.push_back(
+            {IniName(trimmed(UntilNul(change.key))), withoutLeadingBlanks(UntilNul(change.value)), order,
+             false});
+    }
+    for (auto& [section, group] : groups_)
+        makeUnique(group.changes);
 }
 
-void IniEditor::collect(std::span<const IniChange> changes) {
-    pending_.reserve(changes.size());
-    for (const IniChange& change : changes)
-        pending_.push_back({trimmed(UntilNul(change.section)), trimmed(UntilNul(change.key)),
-                            withoutLeadingBlanks(UntilNul(change.value)), pending_.size(), false});
-    std::ranges::stable_sort(pending_, [](const Pending& left, const Pending& right) {
-        const int sections = CompareIgnoringAsciiCase(left.section, right.section);
-        return sections < 0 || (sections == 0 && byName(left.key, right.key));
-    });
+void IniEditor::makeUnique(std::vector<Pending>& changes) {
+    std::ranges::stable_sort(changes, {}, &Pending::key);
     // Changes to one key are neighbours now; the first gets the value of the last.
     std::size_t kept = 0;
-    for (const Pending& change : pending_) {
-        if (kept > 0 && EqualIgnoringAsciiCase(pending_[kept - 1].section, change.section) &&
-            EqualIgnoringAsciiCase(pending_[kept - 1].key, change.key))
-            pending_[kept - 1].value = change.value;
+    for (const Pending& change : changes) {
+        if (kept > 0 && changes[kept - 1].key == change.key)
+            changes[kept - 1].value = change.value;
         else
-            pending_[kept++] = change;
+            changes[kept++] = change;
     }
-    pending_.resize(kept);
-}
-
-void IniEditor::group() {
-    const std::span<Pending> all = pending_;
-    for (std::size_t first = 0; first < all.size();) {
-        std::size_t end = first + 1;
-        while (end < all.size() && EqualIgnoringAsciiCase(all[end].section, all[first].section))
-            ++end;
-        groups_.push_back({all[first].section, all.subspan(first, end - first), false});
-        first = end;
-    }
+    changes.erase(changes.begin() + static_cast<std::ptrdiff_t>(kept), changes.end());
 }
 
 std::optional<std::string> IniEditor::apply(std::string_view text) {
@@ -216,27 +201,22 @@ std::optional<std::string> IniEditor::apply(std::string_view text) {
 }
 
 void IniEditor::enterSection(std::string_view name) {
-    current_ = nullptr;
     insertAt_ = out_.size();
-    const auto found = std::ranges::lower_bound(groups_, name, byName, &Group::section);
-    if (found == groups_.end() || !EqualIgnoringAsciiCase(found->section, name) || found->visited)
-        return;
-    found->visited = true;
-    current_ = &*found;
+    const auto found = groups_.find(IniName(name));
+    const bool isFirst = found != groups_.end() && !std::exchange(found->second.visited, true);
+    current_ = isFirst ? &found->second : nullptr;
 }
 
 void IniEditor::copyKey(std::string_view line, const IniLine& parsed) {
     if (current_ && parsed.kind == IniLine::key) {
-        const auto change = std::ranges::lower_bound(current_->changes, parsed.name, byName, &Pending::key);
-        const bool isMeant = change != current_->changes.end() && !change->done &&
-                             EqualIgnoringAsciiCase(change->key, parsed.name);
-        if (isMeant) {
-            change->done = true;
-            if (parsed.value != change->value) {
-                out_.append(parsed.name).append("=").append(change->value).append(kLineEnd);
-                changed_ = true;
-                return;
-            }
+        const IniName name(parsed.name);
+        const auto change = std::ranges::lower_bound(current_->changes, name, {}, &Pending::key);
+        const bool isMeant =
+            change != current_->changes.end() && change->key == name && !std::exchange(change->done, true);
+        if (isMeant && parsed.value != change->value) {
+            out_.append(parsed.name).append("=").append(change->value).append(kLineEnd);
+            changed_ = true;
+            return;
         }
     }
     out_.append(line).append(kLineEnd);
@@ -252,22 +232,23 @@ void IniEditor::leaveSection() {
 }
 
 void IniEditor::addNewSections() {
-    std::vector<const Group*> missing;
-    for (const Group& group : groups_)
-        if (!group.visited)
+    std::vector<const Groups::value_type*> missing;
+    for (const Groups::value_type& group : groups_)
+        if (!group.second.visited)
             missing.push_back(&group);
-    const auto firstOrder = [](const Group* group) {
-        return std::ranges::min(group->changes, {}, &Pending::order).order;
+    const auto firstOrder = [](const Groups::value_type* group) {
+        return std::ranges::min(group->second.changes, {}, &Pending::order).order;
     };
     std::ranges::sort(missing, {}, firstOrder);
-    for (const Group* group : missing) {
-        out_.append("[").append(group->section).append("]").append(kLineEnd).append(newLines(*group));
+    for (const Groups::value_type* group : missing) {
+        out_.append("[").append(group->first.text()).append("]").append(kLineEnd);
+        out_.append(newLines(group->second));
         changed_ = true;
     }
 }
 
 /// The lines of the keys that the section does not have yet.
-std::string IniEditor::newLines(const Group& group) const {
+std::string IniEditor::newLines(const Group& group) {
     std::vector<const Pending*> missing;
     for (const Pending& change : group.changes)
         if (!change.done)
@@ -275,7 +256,7 @@ std::string IniEditor::newLines(const Group& group) const {
     std::ranges::sort(missing, {}, &Pending::order);
     std::string lines;
     for (const Pending* change : missing)
-        lines.append(change->key).append("=").append(change->value).append(kLineEnd);
+        lines.append(change->key.text()).append("=").append(change->value).append(kLineEnd);
     return lines;
 }
 

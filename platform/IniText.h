@@ -7,7 +7,11 @@
 // Of two sections or keys with the same name the first counts. Lines end in LF, CR or CR LF.
 #pragma once
 
+#include "platform/LetterCase.h"
+
+#include <compare>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -16,32 +20,48 @@
 
 namespace qrtVistrelClasses4 {
 
-/// An index of all values of a text.
-class IniIndex {
+/// A name in an INI file, without the case of its letters. The order is one for searching: by a number made
+/// of some of the letters, which seldom leaves texts to compare.
+class IniName {
 public:
-    /// `text` must outlive the index and the values that it gives.
-    explicit IniIndex(std::string_view text);
+    /// `text` must outlive the name.
+    explicit IniName(std::string_view text);
+
+    std::string_view text() const { return text_; }
+    std::weak_ordering operator<=>(const IniName& other) const;
+    bool operator==(const IniName& other) const {
+        return digest_ == other.digest_ && EqualIgnoringAsciiCase(text_, other.text_);
+    }
+
+private:
+    std::string_view text_;
+    std::uint64_t digest_;
+};
+
+/// The values of a text, in its order. A search goes through the names of sections, then through those of
+/// keys: a file sees so few searches that sorting its names would cost more.
+class IniValues {
+public:
+    /// `text` must outlive this object and the values that it gives.
+    explicit IniValues(std::string_view text);
 
     /// The value, including quotes around it. No value if the section or the key is missing, or if the key
-    /// has no
-    /// "=".
+    /// has no "=".
     std::optional<std::string_view> find(std::string_view section, std::string_view key) const;
 
 private:
     struct Entry {
-        std::string_view key;
+        IniName key;
         std::optional<std::string_view> value;
     };
     struct Section {
-        std::string_view name;
+        IniName name;
         std::size_t firstEntry = 0;
         std::size_t endEntry = 0;
     };
 
-    void collect(std::string_view text);
-
-    std::vector<Entry> entries_;    ///< By section, in each by key.
-    std::vector<Section> sections_; ///< By name.
+    std::vector<Entry> entries_;
+    std::vector<Section> sections_;
 };
 
 /// The text that a program receives if its buffer has `bufferSize` characters: the value, or else

@@ -20,7 +20,7 @@ int CompareIgnoringAsciiCase(std::string_view left, std::string_view right);
 
 /// True if the texts are equal, or differ only in the case of ASCII letters.
 inline bool EqualIgnoringAsciiCase(std::string_view left, std::string_view right) {
-    return CompareIgnoringAsciiCase(left, right) == 0;
+    return left.size() == right.size() && CompareIgnoringAsciiCase(left, right) == 0;
 }
 
 /// The upper case of all letters of the ANSI code page: on Windows that of the system, elsewhere

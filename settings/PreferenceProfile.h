@@ -13,6 +13,9 @@ namespace qrtVistrelClasses4 {
 /// Gives the text of a key, or the default if the key is missing.
 using PreferenceSource = std::function<std::string(const std::string& key, const std::string& defaultText)>;
 
+/// Like `PreferencesPath`, but the name of the file may differ in case from the one on the disk. That of an
+/// INI file does not matter, so nobody has to look.
+std::optional<std::string> PreferencesName();
 /// Like `LoadPreferences`, from `file`.
 PreferencesOutcome ReadPreferences(ProfileFile& file, const PreferenceFolders& folders, Preferences before);
 /// Like `LoadCropPreferences`, from `source`.

@@ -20,20 +20,20 @@ constexpr std::string_view kFileName = "VistrelLite.ini";
 constexpr std::string_view kSection = "VistrelLite";
 constexpr std::size_t kPreferenceBufferSize = 255;
 
-void fromText(std::string& value, const std::string& text) { value = text; }
-void fromText(bool& value, const std::string& text) { value = TextToBoolean(text); }
-void fromText(double& value, const std::string& text) { value = LeadingNumber(text); }
-void fromText(std::int16_t& value, const std::string& text) { value = RoundToInt16(LeadingNumber(text)); }
+void fromText(std::string& value, std::string_view text) { value = text; }
+void fromText(bool& value, std::string_view text) { value = TextToBoolean(text); }
+void fromText(double& value, std::string_view text) { value = LeadingNumber(text); }
+void fromText(std::int16_t& value, std::string_view text) { value = RoundToInt16(LeadingNumber(text)); }
 
 template <class Row>
-std::string defaultOf(const Row& row, const PreferenceFolders& folders) {
+std::string_view defaultOf(const Row& row, const PreferenceFolders& folders) {
     switch (row.rule) {
     case PreferenceRule::graphicsFolder:
         return folders.graphics;
     case PreferenceRule::playfileFolder:
-        return folders.playfiles.value_or("");
+        return folders.playfiles ? std::string_view(*folders.playfiles) : "";
     default:
-        return std::string(row.defaultText);
+        return row.defaultText;
     }
 }
 
@@ -41,24 +41,25 @@ std::optional<RuntimeError> errorOf(SystemError error) {
     return error == SystemError::none ? std::nullopt : std::optional(ErrorFor(error));
 }
 
-/// Reads one preference after another. A value that does not convert leaves its preference as it is.
+/// Reads one preference after another. A value that does not convert leaves its preference as it is. A
+/// `Source` gives the text of a key, or the default.
+template <class Source>
 class PreferenceReader {
 public:
-    PreferenceReader(const PreferenceSource& source, const PreferenceFolders& folders,
-                     PreferencesOutcome& outcome)
+    PreferenceReader(Source source, const PreferenceFolders& folders, PreferencesOutcome& outcome)
         : source_(source), folders_(folders), outcome_(outcome) {}
 
     template <class Row, class Value>
     void operator()(const PlacedPreference<Row>& placed, Value& value) {
-        std::string key = placed.key();
-        const std::string defaultText = defaultOf(placed.row, folders_);
-        const std::string text = source_(key, defaultText);
+        placed.key(key_);
+        const std::string_view defaultText = defaultOf(placed.row, folders_);
+        const std::string text = source_(key_, defaultText);
         try {
             fromText(value, text);
             if (placed.row.rule == PreferenceRule::neverZero && value == Value())
                 fromText(value, defaultText);
         } catch (const RuntimeError& error) {
-            outcome_.errors.push_back({std::move(key), error});
+            outcome_.errors.push_back({key_, error});
         }
     }
 
@@ -69,9 +70,10 @@ public:
     }
 
 private:
-    const PreferenceSource& source_;
+    Source source_;
     const PreferenceFolders& folders_;
     PreferencesOutcome& outcome_;
+    std::string key_;
 };
 
 /// After an error on the way to the file, which has been trapped.
@@ -99,11 +101,16 @@ std::optional<RuntimeError> MakePlayfileFolder(const PreferenceFolders& folders)
     RethrowAsRuntimeError();
 }
 
-std::optional<std::string> PreferencesPath() try {
+std::optional<std::string> PreferencesName() try {
     const std::optional<std::string> folder = FindAppFolder();
-    if (!folder)
-        return std::nullopt;
-    return platform().files().existingName(JoinPath(*folder, kFileName));
+    return folder ? std::optional(JoinPath(*folder, kFileName)) : std::nullopt;
+} catch (...) {
+    RethrowAsRuntimeError();
+}
+
+std::optional<std::string> PreferencesPath() try {
+    const std::optional<std::string> name = PreferencesName();
+    return name ? std::optional(platform().files().existingName(*name)) : std::nullopt;
 } catch (...) {
     RethrowAsRuntimeError();
 }
@@ -124,7 +131,7 @@ std::string PreferenceText(double value) { return NumberToText(value); }
 std::string PreferenceText(std::int16_t value) { return NumberToText(std::int32_t{value}); }
 
 PreferencesOutcome ReadPreferences(ProfileFile& file, const PreferenceFolders& folders, Preferences before) {
-    const PreferenceSource source = [&](const std::string& key, const std::string& defaultText) {
+    const auto source = [&](std::string_view key, std::string_view defaultText) {
         return file.read(kSection, key, defaultText, kPreferenceBufferSize);
     };
     PreferencesOutcome outcome{std::move(before), {}};
@@ -135,7 +142,10 @@ PreferencesOutcome ReadPreferences(ProfileFile& file, const PreferenceFolders& f
 PreferencesOutcome ReadCropPreferences(const PreferenceSource& source) {
     PreferencesOutcome outcome;
     const PreferenceFolders none;
-    PreferenceReader reader(source, none, outcome);
+    const auto copying = [&](const std::string& key, std::string_view defaultText) {
+        return source(key, std::string(defaultText));
+    };
+    PreferenceReader reader(copying, none, outcome);
     reader.readOne<&Preferences::BMPCrop>();
     reader.readOne<&Preferences::AVICrop>();
     return outcome;
@@ -163,7 +173,7 @@ PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances) try {
 PreferencesOutcome LoadPreferences() try {
     const PreferenceFolders folders = FindPreferenceFolders();
     (void)MakePlayfileFolder(folders); // preferences are loaded without it, too
-    if (const std::optional<std::string> path = PreferencesPath())
+    if (const std::optional<std::string> path = PreferencesName())
         return LoadPreferences({*path, folders, DefaultPreferences(folders)});
     return withoutFile(DefaultPreferences(folders));
 } catch (...) {
@@ -171,7 +181,7 @@ PreferencesOutcome LoadPreferences() try {
 }
 
 PreferencesOutcome LoadCropPreferences() try {
-    const std::optional<std::string> path = PreferencesPath();
+    const std::optional<std::string> path = PreferencesName();
     if (!path)
         return withoutFile({});
     return ReadCropPreferences([&](const std::string& key, const std::string& defaultText) {
@@ -182,9 +192,13 @@ PreferencesOutcome LoadCropPreferences() try {
 }
 
 std::optional<RuntimeError> WritePreferences(ProfileFile& file, const Preferences& preferences) {
-    ForEachPreference([&](const auto& placed,
-                          const auto& value) { file.write(kSection, placed.key(), PreferenceText(value)); },
-                      preferences);
+    std::string key;
+    ForEachPreference(
+        [&](const auto& placed, const auto& value) {
+            placed.key(key);
+            file.write(kSection, key, PreferenceText(value));
+        },
+        preferences);
     return errorOf(file.commit());
 }
 
@@ -209,7 +223,7 @@ WrittenPreference WritePreference(const std::string& path, const std::string& ke
     file->write(kSection, key, text);
     return {.error = errorOf(file->commit()),
             .readsBack =
-                ProfileString(IniIndex(alone).find(kSection, key), "", kPreferenceBufferSize) == text};
+                ProfileString(IniValues(alone).find(kSection, key), "", kPreferenceBufferSize) == text};
 } catch (...) {
     RethrowAsRuntimeError();
 }

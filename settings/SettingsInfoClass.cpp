@@ -78,7 +78,7 @@ std::string SettingsInfoClass::GetPrivateSetting(const std::string& Key,
     return traced(
         kGetPrivateSetting,
         [&] {
-            const std::optional<std::string> path = PreferencesPath();
+            const std::optional<std::string> path = PreferencesName();
             return path ? ReadPreference(*path, Key, DefaultValue) : DefaultValue;
         },
         Arg{"Key", Key}, Arg{"DefaultValue", DefaultValue});
@@ -89,7 +89,7 @@ void SettingsInfoClass::WriteSetting(const std::string& Key, const std::string& 
         kWriteSetting,
         [&] {
             // A preference that cannot be kept is no reason to interrupt the user.
-            if (const std::optional<std::string> path = PreferencesPath())
+            if (const std::optional<std::string> path = PreferencesName())
                 (void)WritePreference(*path, Key, Value);
         },
         Arg{"Key", Key}, Arg{"Value", Value});
@@ -101,7 +101,7 @@ void SettingsInfoClass::GetSettingsFromDisk(const std::optional<std::string>& sF
         [&] {
             const PreferenceFolders folders = FindPreferenceFolders();
             makePlayfileFolder(folders);
-            const std::optional<std::string> path = PreferencesPath();
+            const std::optional<std::string> path = PreferencesName();
             if (!path)
                 return;
             TracedProfile file(platform().openProfile(*path));
@@ -116,7 +116,7 @@ void SettingsInfoClass::SaveSettingsToDisk(const std::optional<std::string>& sFi
     traced(
         procedure(ProcedureKind::Sub, "SaveSettingsToDisk"),
         [&] {
-            const std::optional<std::string> path = PreferencesPath();
+            const std::optional<std::string> path = PreferencesName();
             if (!path)
                 return;
             TracedProfile file(platform().openProfile(*path));

@@ -171,7 +171,8 @@ TEST(SystemProfiles, ReadAndChangeRandomTextsAsOursDo) {
         if (input % inputsOfAFile < readsOfAFile) {
             std::string buffer(static_cast<std::size_t>(random.below(4) == 0 ? random.below(5) + 1 : 255),
                                '\0');
-            const std::string ours = ProfileString(IniIndex(text).find(section, key), "none ", buffer.size());
+            const std::string ours =
+                ProfileString(IniValues(text).find(section, key), "none ", buffer.size());
             buffer.resize(::GetPrivateProfileStringA(section.c_str(), key.c_str(), "none ", buffer.data(),
                                                      static_cast<DWORD>(buffer.size()), path.c_str()));
             EXPECT_EQ(ours, buffer);

@@ -179,7 +179,13 @@ struct PlacedPreference {
     std::string_view number;
 
     std::string name() const { return std::string(row.name).append(number); }
-    std::string key() const { return std::string(row.key).append(number); }
+    std::string key() const {
+        std::string text;
+        key(text);
+        return text;
+    }
+    /// For many keys, which then need no memory of their own.
+    void key(std::string& text) const { text.assign(row.key).append(number); }
 };
 
 /// Calls `visit(PlacedPreference, value...)` for each preference in file order, with its value in each of

@@ -159,7 +159,7 @@ public:
     MemoryMessageBoxes& messageBoxes() override { return boxes_; }
     MemoryConsole& console() override { return console_; }
     std::unique_ptr<ProfileFile> openProfile(const std::string& path) override {
-        return std::make_unique<IniProfileFile>(files_, path);
+        return std::make_unique<IniProfileFile>(files_, profiles_, path);
     }
     std::string systemProfilePath() override { return JoinPath(library, "win.ini"); }
     std::string libraryFolder() override { return library; }
@@ -175,6 +175,7 @@ public:
 
 private:
     MemoryFileSystem files_;
+    IniFileCache profiles_{files_};
     MemoryRegistryStore registry_;
     MemoryMessageBoxes boxes_;
     MemoryConsole console_;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
 #include <limits.h>
@@ -15,6 +16,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -104,7 +106,8 @@ bool isSameFile(const struct stat& one, const struct stat& other) {
 
 FileBytes makeBytes(std::size_t capacity) { return {std::make_unique_for_overwrite<char[]>(capacity), 0}; }
 
-/// Reads to the end of the file, which may have grown or shrunk since its size was read.
+/// Reads to the end of the file, which may have grown or shrunk since its size was read. Some files of the
+/// system hide their size.
 Result<FileBytes> readToEnd(int file, std::size_t expectedSize, const std::string& path) {
     std::size_t capacity = expectedSize + 1; // then the end is found without more room
     FileBytes bytes = makeBytes(capacity);
@@ -116,6 +119,8 @@ Result<FileBytes> readToEnd(int file, std::size_t expectedSize, const std::strin
         if (count == 0)
             return bytes;
         bytes.size += static_cast<std::size_t>(count);
+        if (bytes.size == expectedSize)
+            return bytes; // there was room for more
         if (bytes.size > kLargestFile)
             return SystemError::tooLarge;
         if (bytes.size == capacity) {
@@ -125,6 +130,16 @@ Result<FileBytes> readToEnd(int file, std::size_t expectedSize, const std::strin
             bytes = std::move(larger);
         }
     }
+}
+
+/// Reads the whole file when nobody has it open to replace it.
+Result<FileBytes> readLocked(const Source& source, const std::string& path) {
+    if (!lockFile(source.file.number(), LOCK_SH))
+        return SystemError::inUse;
+    const auto size = static_cast<std::size_t>(source.status.st_size);
+    if (size > kLargestFile)
+        return SystemError::tooLarge;
+    return readToEnd(source.file.number(), size, path);
 }
 
 /// Gives a new file the rights of the one it will replace, as far as this user may.
@@ -182,13 +197,24 @@ Result<FileBytes> PosixFileSystem::read(const std::string& path) {
     const auto source = openSource(path);
     if (!source)
         return source.error();
-    const int file = source.value().file.number();
-    if (!lockFile(file, LOCK_SH))
-        return SystemError::inUse;
-    const auto size = static_cast<std::size_t>(source.value().status.st_size);
-    if (size > kLargestFile)
-        return SystemError::tooLarge;
-    return readToEnd(file, size, path);
+    return readLocked(source.value(), path);
+}
+
+Result<std::optional<FileBytes>> PosixFileSystem::readIfChanged(const std::string& path, FileStamp& stamp) {
+    if (stamp != FileStamp() && currentStamp(path) == stamp)
+        return std::optional<FileBytes>();
+    stamp = {};
+    timespec now{};
+    (void)::clock_gettime(CLOCK_REALTIME, &now); // before the file is opened: a change after that must show
+    const auto source = openSource(path);
+    if (!source)
+        return source.error();
+    Result<FileBytes> bytes = readLocked(source.value(), path);
+    if (!bytes)
+        return bytes.error();
+    if (isOlderThanClockStep(source.value().status, now))
+        stamp = stampOf(source.value().status);
+    return std::optional(std::move(bytes).value());
 }
 
 Result<std::unique_ptr<InputFile>> PosixFileSystem::openToRead(const std::string& path) {

@@ -10,6 +10,7 @@ public:
     bool hasEntry(const std::string& path) override;
     Result<std::uint64_t> sizeOf(const std::string& path) override;
     Result<FileBytes> read(const std::string& path) override;
+    Result<std::optional<FileBytes>> readIfChanged(const std::string& path, FileStamp& stamp) override;
     Result<std::unique_ptr<InputFile>> openToRead(const std::string& path) override;
     Result<std::unique_ptr<OutputFile>> open(const std::string& path, OpenMode mode) override;
     Result<TemporaryFile> createBeside(const std::string& path) override;

@@ -19,13 +19,13 @@ namespace {
 class LockedProfileFile final : public IniProfileFile {
 public:
     /// `isOwn`: the file belongs to the library, which makes its folder if that is missing.
-    LockedProfileFile(FileSystem& machineFiles, const std::string& name, bool isOwn)
-        : IniProfileFile(machineFiles, name), isOwn_(isOwn) {}
+    LockedProfileFile(FileSystem& machineFiles, IniFileCache& cache, const std::string& name, bool isOwn)
+        : IniProfileFile(machineFiles, cache, name), isOwn_(isOwn) {}
 
     SystemError commit() override {
         if (isOwn_)
             (void)makeFolders(files(), folderOf(path())); // the commit reports a missing folder
-        const FolderLock lock(folderOf(files().resolveLinks(path())));
+        const FolderLock lock(folderOf(files().resolveLinks(files().existingName(path()))));
         return IniProfileFile::commit();
     }
 
@@ -51,7 +51,7 @@ public:
     Console& console() override { return console_; }
 
     std::unique_ptr<ProfileFile> openProfile(const std::string& path) override {
-        return std::make_unique<LockedProfileFile>(files_, path, path == systemProfilePath());
+        return std::make_unique<LockedProfileFile>(files_, profiles_, path, path == systemProfilePath());
     }
     std::string systemProfilePath() override { return JoinPath(settings_, "win.ini"); }
 
@@ -71,6 +71,7 @@ private:
     }
 
     PosixFileSystem files_;
+    IniFileCache profiles_{files_};
     std::optional<std::string> home_; ///< The full name of the one in `PlatformOptions`.
     std::string library_;
     std::string settings_; ///< The folder of the settings store.

@@ -2,37 +2,23 @@
 
 #include "platform/ReplacementFile.h"
 #include "platform/posix/PosixFolders.h"
-
-#include <fcntl.h>
+#include "platform/posix/PosixSystem.h"
 
 namespace qrtVistrelClasses4 {
 
-bool PosixRegistryStore::isCurrent() const {
-    struct stat now {};
-    return file_ && ::stat(path_.c_str(), &now) == 0 && now.st_dev == status_.st_dev &&
-           now.st_ino == status_.st_ino && now.st_size == status_.st_size &&
-           now.st_mtim.tv_sec == status_.st_mtim.tv_sec && now.st_mtim.tv_nsec == status_.st_mtim.tv_nsec;
-}
-
 const RegistryTree& PosixRegistryStore::tree() {
-    if (isCurrent())
+    if (stamp_ && currentStamp(path_) == stamp_)
         return tree_;
-    // The time is taken before the bytes: a change in between makes the next look read again.
-    Descriptor file = openDescriptor(path_, O_RDONLY | O_NONBLOCK);
-    struct stat status {};
-    if (file && ::fstat(file.number(), &status) != 0)
-        file = Descriptor();
-    const auto bytes = files_.read(path_);
-    file_ = Descriptor(); // unless all goes well, the next look tries again
+    stamp_.reset(); // unless all goes well, the next look reads again
+    FileStamp stamp;
+    const auto bytes = files_.readIfChanged(path_, stamp);
     const bool isMissing =
         bytes.error() == SystemError::fileNotFound || bytes.error() == SystemError::folderNotFound;
     if (!bytes && !isMissing)
         return tree_; // the last tree is better than none
-    tree_ = bytes ? RegistryTree(bytes.value().text()) : RegistryTree();
-    if (bytes) {
-        file_ = std::move(file);
-        status_ = status;
-    }
+    tree_ = bytes ? RegistryTree(bytes.value()->text()) : RegistryTree();
+    if (isMissing || stamp != FileStamp())
+        stamp_ = stamp;
     return tree_;
 }
 

@@ -2,10 +2,9 @@
 
 #include "platform/FileSystem.h"
 #include "platform/TreeRegistryStore.h"
-#include "platform/posix/PosixSystem.h"
 
+#include <optional>
 #include <string>
-#include <sys/stat.h>
 
 namespace qrtVistrelClasses4 {
 
@@ -19,14 +18,12 @@ public:
 private:
     const RegistryTree& tree() override;
     SystemError change(const Edit& edit) override;
-    bool isCurrent() const;
 
     FileSystem& files_;
     std::string path_;
     RegistryTree tree_; ///< The file as it was read last.
-    /// That file. It is kept open so that no newer version of it can get its inode number.
-    Descriptor file_;
-    struct stat status_ {};
+    /// Of that version, or of no file. No value if a later change might not show in it.
+    std::optional<FileStamp> stamp_;
 };
 
 } // namespace qrtVistrelClasses4

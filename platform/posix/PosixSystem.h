@@ -1,9 +1,11 @@
 // Small helpers for system calls.
 #pragma once
 
-#include "platform/SystemError.h"
+#include "platform/FileSystem.h"
 
 #include <cerrno>
+#include <ctime>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <sys/stat.h>
@@ -47,6 +49,15 @@ bool isUsableName(const std::string& path);
 
 /// Gets the status of what `path` leads to. False with `errno` set.
 bool lookUp(const std::string& path, struct stat& status);
+
+/// The stamp of the file with that status.
+FileStamp stampOf(const struct stat& status);
+/// The stamp that the file has now, also on a network drive whose files others change; that of no file if it
+/// is missing. No value if the system does not say.
+std::optional<FileStamp> currentStamp(const std::string& path);
+/// Whether every change of the file after `now` will give it another time. Not so if its time is that of
+/// `now`: the clock of a file system moves in steps.
+bool isOlderThanClockStep(const struct stat& status, timespec now);
 
 /// Opens with close-on-exec set. An empty descriptor with `errno` set after a failure.
 Descriptor openDescriptor(const std::string& path, int flags, unsigned mode = 0);

@@ -130,8 +130,8 @@ protected:
     }
     /// Whether every round of this process went well.
     bool run(int process, int rounds) {
+        Host host(folder_.path());
         for (int round = 0; round < rounds; ++round) {
-            Host host(folder_.path());
             if (!GetParam().change(process, round) || !host.isQuiet()) {
                 std::cerr << "process " << process << ", round " << round << '\n';
                 for (const ErrorReport& report : host.reports.all)

@@ -6,6 +6,7 @@
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixFolders.h"
 #include "platform/posix/PosixRegistryStore.h"
+#include "platform/posix/PosixSystem.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -105,18 +106,55 @@ TEST_F(PosixPlatformTest, WaitsForTheLockOfAnotherButNotForEver) {
     EXPECT_EQ(platform().registry().writeString(kKey, "name", "value"), SystemError::none);
 }
 
-TEST_F(PosixPlatformTest, SeesWhatAnotherPlatformObjectWroteToTheRegistry) {
-    const auto other = makePlatform({file("")});
-    EXPECT_EQ(platform().registry().readString(kKey, "v").error(), SystemError::fileNotFound);
+TEST_F(PosixPlatformTest, ReadsSettingsAgainAfterAnyChangeOfTheirFiles) {
+    const auto inPlace = [&](const std::string& path, const std::string& text) { put(path, text); };
+    const auto byAnotherFile = [&](const std::string& path, const std::string& text) {
+        put(path + "2", text);
+        std::filesystem::last_write_time(path + "2", std::filesystem::last_write_time(path));
+        std::filesystem::rename(path + "2", path);
+    };
+    const auto withItsTimePutBack = [&](const std::string& path, const std::string& text) {
+        const auto time = std::filesystem::last_write_time(path);
+        put(path, text);
+        std::filesystem::last_write_time(path, time);
+    };
+    const auto expectBoth = [&](const std::string& value) {
+        EXPECT_EQ(platform().openProfile(file("own.ini"))->read("S", "k", "", 9), value);
+        EXPECT_EQ(platform().registry().readString(kKey, "v").valueOr(""), value);
+    };
+    const auto change = [&](const auto& way, const std::string& value) {
+        way(file("own.ini"), "[S]\r\nk=" + value);
+        way(file("registry"), "[HKEY_USERS\\a]\n\"v\"=\"" + value + "\"\n");
+        expectBoth(value);
+    };
+    expectBoth("");
     EXPECT_EQ(machine.fileCount(), 0) << "reading makes nothing";
-    for (const char* value : {"a", "b", "c"}) {
-        ASSERT_EQ(other->registry().writeString(kKey, "v", value), SystemError::none);
-        EXPECT_EQ(platform().registry().readString(kKey, "v").value(), value);
-    }
+    for (const char letter : std::string_view("abcdefghijklmnopqrstuvwxyz"))
+        change(inPlace, {letter}); // some of it within one step of the file system's clock
+    ::usleep(50'000);
+    expectBoth("z"); // from now on it is kept
+    change(byAnotherFile, "A");
+    ::usleep(50'000);
+    expectBoth("A");
+    change(withItsTimePutBack, "B");
     std::filesystem::remove(file("registry"));
     EXPECT_EQ(platform().registry().readString(kKey, "v").error(), SystemError::fileNotFound);
     ASSERT_EQ(files().createFolder(file("registry")), SystemError::none);
     EXPECT_EQ(platform().registry().writeString(kKey, "v", "x"), SystemError::accessDenied) << "never unread";
+}
+
+TEST(PosixSystem, TrustsTheTimeOfAFileOnceTheClockHasLeftIt) {
+    // clang-format off
+    const std::tuple<const char*, timespec, bool> cases[] = {
+        {"now", {100, 5'000'000}, false}, {"the tick before", {99, 995'000'000}, false},
+        {"long before", {99, 984'999'999}, true}, {"whole seconds", {99, 0}, false},
+        {"even ones", {98, 0}, false}, {"those before", {97, 0}, true}};
+    // clang-format on
+    for (const auto& [why, time, isTrusted] : cases) {
+        struct stat status {};
+        status.st_mtim = status.st_ctim = time;
+        EXPECT_EQ(isOlderThanClockStep(status, {100, 5'000'000}), isTrusted) << why;
+    }
 }
 
 TEST_F(PosixPlatformTest, OneHomeFolderStandsForAllPlacesAndIsMadeByTheFirstSetting) {

@@ -52,15 +52,12 @@ TYPED_TEST(ProfileFileTest, ChangesOneValueAndKeepsTheRest) {
         {"key keeps its spelling", "[S]\r\nKey=v\r\nj=1\r\n", "[S]\r\nKey=w\r\nj=1\r\n", "s", "kEY"},
         {"blanks before the new value go", "[S]\r\nk=v\r\n", "[S]\r\nk=\" w \" \r\n", "S", "k", " \" w \" "},
         {"new key at the section's end", "[S]\r\n;k=v\r\n[T]\r\n", "[S]\r\n;k=v\r\nk=w\r\n[T]\r\n"},
-        {"new section at the end", "[S]\r\nk=v", "[S]\r\nk=v\r\n[N]\r\nk=w\r\n", "N"},
         {"every line end becomes CR LF", "[S]\n[x\nk=v\nj=1\n", "[S]\r\n[x\r\nk=w\r\nj=1\r\n"},
         {"UTF-8 mark stays in front", "\xef\xbb\xbf[S]\r\n", "\xef\xbb\xbfk=w\r\n[S]\r\n", ""},
-        {"missing file is made", nullptr, "[S]\r\nk=w\r\n"},
     };
     for (const auto& c : cases) {
         const std::string path = this->file(c.why);
-        if (c.before)
-            this->put(path, c.before);
+        this->put(path, c.before);
         EXPECT_EQ(this->change(path, c.section, c.key, c.value), SystemError::none);
         EXPECT_EQ(this->textOf(path), c.after) << c.why;
     }

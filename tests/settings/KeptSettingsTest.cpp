@@ -14,7 +14,6 @@ class KeptSettings : public HostTest {};
 TEST_F(KeptSettings, OfTheRegistryAreReadAsTheyWereWritten) {
     EXPECT_EQ(ReadSetting("Vistrel3", "Settings", "AppPath", "default"), "default");
     WriteSetting("Vistrel3", "Settings", "AppPath", "C:\\Data");
-    EXPECT_EQ(ReadSetting("VISTREL3", "settings", "apppath", ""), "C:\\Data");
     RegistryRoutines registry;
     registry.Subkey("Software\\Brivox\\Vistrel3\\Settings");
     EXPECT_EQ(registry.GetRegistryValue("AppPath", ""), "C:\\Data");
