@@ -100,6 +100,7 @@ TEST(Drawing, ShowsTheSameDotsOnEveryTarget) {
         {"letters without a glyph or a width take no room", low, text("?N0?N?"), {"-#.##.#-", "-######-"}},
         {"letters with gaps", tall, text("AI"), {"-.#....#...-", "-#.#...#...-"}},
         {"magnified", low, text("N."), {"--##..##....-", "--##..##....-", "--######..##-"}, 2},
+        {"in large dots", low, text("N"), Texts(5, "-----#####.....#####-"), 5},
         {"cut off", low, text("NN", true, -3.5F, -1), {"##...####", "##...####", "#########"}, 3},
         {"a glyph up to the end of the store, and one after it", full, text("\xdf\xe0"), cutOff},
         {"a selection", low, selection("N.N", 2, 3), {"----##.#.-", "----#....-"}},
