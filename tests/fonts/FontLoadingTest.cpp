@@ -2,11 +2,32 @@
 
 #include "HostTest.h"
 #include "fonts/classFontMaster.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <algorithm>
 
 namespace qrtVistrelClasses4 {
 namespace {
+
+TEST(FontFile, HasGlyphsOfTheSizeThatItsCellNeeds) {
+    const std::tuple<std::int16_t, std::int16_t, std::int32_t> cells[] = {
+        {3, 8, 33},     {4, 8, 297},    {11, 8, 297},   {12, 16, 1089}, {19, 16, 1089},
+        {20, 20, 2013}, {27, 32, 3201}, {28, 32, 4257}, {-5, 8, -231},  {32767, 32767, 2147483647}};
+    for (const auto& [width, height, offset] : cells)
+        EXPECT_EQ((Font{width, height, ""}.glyphOffset('A')), offset) << width;
+    // Without characters they are those from 32 on. Character 166 has the glyph of 127.
+    const std::tuple<const char*, char, std::optional<std::int32_t>> characters[] = {
+        {"", '\xff', 2007}, {"", '\x1f', -9},  {"", '\xa6', 855},      {"xyzy", 'x', 0},
+        {"xyzy", 'y', 9},   {"xyzy", 'Z', {}}, {"xy\x7f", '\xa6', 18}, {"xy\xa6", '\xa6', {}}};
+    for (const auto& [all, character, offset] : characters)
+        EXPECT_EQ((Font{6, 8, all}.glyphOffset(character)), offset) << all << character;
+}
+
+TEST(FontFile, HasSizesThatFitIntoAByte) {
+    for (const Font& large : {Font{256, 8, "A"}, Font{8, -1, "A"}, Font{8, 8, std::string(256, 'A')}})
+        EXPECT_THROW(HeaderFontBytes(large), RuntimeError);
+    EXPECT_NO_THROW(HeaderFontBytes(Font{255, 255, std::string(255, 'A')}));
+}
 
 class FontLoading : public HostTest {
 protected:
