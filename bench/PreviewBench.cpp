@@ -3,6 +3,7 @@
 #include "bench/Subjects.h"
 #include "bench/Timing.h"
 #include "platform/Platform.h"
+#include "platform/memory/KeptBytes.h"
 #include "tools/preview/PngFile.h"
 #include <qrtVistrelClasses4/FramePainter.h>
 #include <qrtVistrelClasses4/FrameSheet.h>
@@ -26,11 +27,25 @@ PixelBuffer drawSheet(const FrameInfoClass& playfile, const std::string& home) {
     FramePainter painter({});
     const OneBasedArray<FrameRecord>& frames = playfile.Value().frames;
     FrameSheet sheet(frames.upperBound(), kSign, kScale);
-    PixelBuffer picture = sheet.empty();
-    painter.draw(frames, 1, frames.upperBound(), kSign, [&](std::int32_t number, const PixelBuffer& dots) {
-        sheet.add(frames.at(number).FrameName, dots, painter, picture);
-    });
+    PixelBuffer picture(static_cast<std::int32_t>(sheet.width()), static_cast<std::int32_t>(sheet.height()));
+    std::int32_t y = 0;
+    sheet.draw(
+        frames, painter, [&](std::int32_t number) { return frames.at(number).FrameName; },
+        [&](const Raster& strip) {
+            for (std::int32_t row = 0; row < strip.height(); ++row)
+                std::ranges::copy(strip.row(row), picture.row(y++).begin());
+        });
     return picture;
+}
+
+std::string EncodePng(const Raster& picture) {
+    Palette palette;
+    palette.add(picture);
+    KeptBytes file;
+    PngWriter png(picture.size(), palette, file);
+    png.write(picture);
+    png.finish();
+    return file.text;
 }
 
 std::int64_t litPixels(const PixelBuffer& picture) {

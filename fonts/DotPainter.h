@@ -40,7 +40,7 @@ public:
 
     /// Draws the `count` dots in the highest bits of `dots`, from left to right. Rows and columns are those
     /// of the letter, from 0. Throws error 6 for pixels whose numbers need more than 32 bits.
-    void draw(std::uint8_t dots, int count, int column, int row);
+    virtual void draw(std::uint8_t dots, int count, int column, int row);
     /// Whether the letter is right of all pixels, so that drawing any dots in `columns` and `rows` would
     /// neither be seen nor be an error. Always false for a surface of the host, which gets every pixel.
     bool isPastSurface(int columns, int rows) const;
@@ -52,6 +52,7 @@ protected:
     DotPainter(Corner corner, const DotStyle& style, std::int64_t end)
         : style_(style), corner_(corner), end_(end) {}
     const DotStyle& style() const { return style_; }
+    const Corner& corner() const { return corner_; }
 
 private:
     virtual void drawDots(std::uint8_t dots, int count, std::int32_t x, std::int32_t y) = 0;

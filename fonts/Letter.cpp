@@ -26,9 +26,4 @@ int Letter::groups() const {
     return std::clamp((columns + kDotsInByte - 1) / kDotsInByte, 1, kMostDrawnColumns / kDotsInByte);
 }
 
-std::optional<std::uint8_t> Letter::dots(int group, int row) const {
-    const std::size_t index = bitmap_ + static_cast<std::size_t>(group * font_->height + row);
-    return index < kGlyphStoreSize ? std::optional(font_->store[index]) : std::nullopt;
-}
-
 } // namespace qrtVistrelClasses4

@@ -33,7 +33,10 @@ public:
     /// Number of groups that are drawn.
     int groups() const;
     /// The dots of a group in a row, the leftmost in the highest bit. Nothing beyond the end of the store.
-    std::optional<std::uint8_t> dots(int group, int row) const;
+    std::optional<std::uint8_t> dots(int group, int row) const {
+        const std::size_t index = bitmap_ + static_cast<std::size_t>(group * font_->height + row);
+        return index < kGlyphStoreSize ? std::optional(font_->store[index]) : std::nullopt;
+    }
 
 private:
     Letter(const Font& font, std::size_t glyph);

@@ -8,16 +8,6 @@ Raster::Raster(std::int32_t width, std::int32_t height, Color color)
     : width_(std::max(width, 0)), height_(std::max(height, 0)),
       pixels_(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_), color) {}
 
-std::span<Color> Raster::row(std::int32_t y) {
-    const auto width = static_cast<std::size_t>(width_);
-    return std::span(pixels_).subspan(static_cast<std::size_t>(y) * width, width);
-}
-
-std::span<const Color> Raster::row(std::int32_t y) const {
-    const auto width = static_cast<std::size_t>(width_);
-    return std::span(pixels_).subspan(static_cast<std::size_t>(y) * width, width);
-}
-
 void Raster::fill(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height, Color color) {
     const Area area = inside(x, y, width, height);
     if (area.isEmpty())

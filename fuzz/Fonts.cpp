@@ -58,7 +58,7 @@ void RunFuzzed(FuzzedInput input) {
     const auto number = [&] { return static_cast<std::int16_t>(static_cast<std::int8_t>(input.byte())); };
     const std::int16_t width = hasHeader ? kSizeFromFile : number();
     const std::int16_t height = hasHeader ? kSizeFromFile : number();
-    const auto magnification = static_cast<std::int16_t>(number() % 4);
+    const auto magnification = static_cast<std::int16_t>(number() % 6);
     const Drawing drawing{input.text().substr(0, 16),
                           static_cast<float>(number()),
                           static_cast<float>(number()),

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "TestHost.h"
-#include "platform/FileSystem.h"
+#include "platform/memory/KeptBytes.h"
 
 #include <cstddef>
 #include <string>
@@ -24,15 +24,6 @@ public:
 
 private:
     std::string_view rest_;
-};
-
-/// Keeps what is written.
-struct KeptBytes final : ByteSink {
-    std::string text;
-    SystemError write(std::string_view bytes) override {
-        text += bytes;
-        return SystemError::none;
-    }
 };
 
 /// Ends the program if `holds` is false, which fuzzer and replay report as a finding.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <span>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -70,14 +69,18 @@ LedPainter::LedPainter(int scale)
 void LedPainter::draw(const Raster& dots, Raster& picture, std::int32_t left, std::int32_t top) {
     picture.fill(left, top, static_cast<std::int32_t>(sizeOf(dots.width())),
                  static_cast<std::int32_t>(sizeOf(dots.height())), kRim);
-    std::vector<std::span<Color>::iterator> lines(static_cast<std::size_t>(scale_));
+    std::vector<Color*> lines; // of pixels in a row of dots
     for (std::int32_t row = 0; row < dots.height(); ++row) {
-        std::int32_t y = top + rim() + row * scale_;
-        for (auto& line : lines)
-            line = picture.row(y++).begin() + left + rim();
+        const std::int32_t y = top + rim() + row * scale_;
+        const std::int32_t first = std::max(-y, 0);
+        lines.clear();
+        for (std::int32_t line = first; line < std::min(scale_, picture.height() - y); ++line)
+            lines.push_back(picture.row(y + line).data() + left + rim());
+        if (lines.empty())
+            continue;
         for (const Color dot : dots.row(row)) {
-            auto pixels = ledFor(dot).pixels.begin();
-            for (auto& line : lines)
+            const Color* pixels = ledFor(dot).pixels.data() + std::ptrdiff_t{first} * scale_;
+            for (Color*& line : lines)
                 for (int x = 0; x < scale_; ++x)
                     *line++ = *pixels++;
         }

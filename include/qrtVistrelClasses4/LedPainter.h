@@ -18,8 +18,8 @@ public:
     std::int64_t sizeOf(std::int32_t dots) const {
         return std::int64_t{dots} * scale_ + std::int64_t{2} * rim();
     }
-    /// Draws a sign, with the upper left corner of its rim at `left`, `top`. All of it must be inside the
-    /// picture. Colour 0 is a dark dot.
+    /// Draws a sign, with the upper left corner of its rim at `left`, `top`. All its columns must be inside
+    /// the picture; rows outside are not drawn. Colour 0 is a dark dot.
     void draw(const Raster& dots, Raster& picture, std::int32_t left, std::int32_t top);
 
 private:

@@ -30,8 +30,10 @@ public:
     DotSize size() const { return {width_, height_}; }
 
     /// The pixels of row `y`, which must be inside the picture. Valid as long as the picture.
-    std::span<Color> row(std::int32_t y);
-    std::span<const Color> row(std::int32_t y) const;
+    std::span<Color> row(std::int32_t y) { return {pixel(0, y), static_cast<std::size_t>(width_)}; }
+    std::span<const Color> row(std::int32_t y) const {
+        return {pixels_.data() + std::ptrdiff_t{y} * width_, static_cast<std::size_t>(width_)};
+    }
 
     /// Gives all pixels of a rectangle the same colour.
     void fill(std::int32_t x, std::int32_t y, std::int32_t width, std::int32_t height, Color color);

@@ -11,6 +11,53 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
+TEST(LedPainter, ShowsLitDotsDarkDotsAndGaps) {
+    Raster dots(2, 1);
+    dots.row(0)[1] = Rgb(255, 0, 0);
+    const std::tuple<int, std::int32_t, std::string> rows[] = {
+        {2, 1, "oooooooo"},         {2, 2, "oooo##oo"},         {2, 3, "oooo##oo"},
+        {5, 2, "oooooooooooooooo"}, {5, 3, "ooo.....o###oooo"}, {5, 5, "ooo.ooo.#####ooo"}};
+    for (const auto& [scale, y, wanted] : rows) {
+        LedPainter painter(scale);
+        Raster strip(static_cast<std::int32_t>(painter.sizeOf(2)), 1);
+        painter.draw(dots, strip, 0, -y);
+        std::string looks; // "o" is also the rim and the glow of a lit dot
+        for (const Color pixel : strip.row(0))
+            looks += RedOf(pixel) >= 128 ? '#' : RedOf(pixel) >= 36 ? 'o' : '.';
+        EXPECT_EQ(looks, wanted) << scale << ' ' << y;
+    }
+}
+
+struct Fonts : HostTest {
+    void put(const std::string& name) { files().put(host_.inLibrary(name), HeaderFontBytes({4, 3, "A"})); }
+
+    FontCache fonts_{0};
+};
+
+TEST_F(Fonts, AreLoadedOnceWhateverTheirFileIsCalledAndFewKept) {
+    constexpr std::int16_t custom = 12;
+    for (std::size_t number = 0; number <= FontCache::kMostCustomFonts; ++number)
+        put("CustomFonts/" + std::to_string(number) + ".CFF");
+    const std::weak_ptr<const Font> first = fonts_.find(custom, "x/0.CFF");
+    EXPECT_EQ(fonts_.find(custom, "y/0.cff"), first.lock());
+    for (std::size_t number = 0; number <= FontCache::kMostCustomFonts; ++number)
+        EXPECT_EQ(fonts_.find(custom, std::to_string(number) + ".CFF")->characters, "A");
+    EXPECT_TRUE(first.expired());
+    EXPECT_NE(fonts_.find(custom, "x/0.CFF"), nullptr) << "loaded again";
+    EXPECT_TRUE(fonts_.takeFaults().empty());
+}
+
+TEST_F(Fonts, ThatCannotBeReadAreReplacedByFont0AndReportedOnce) {
+    put("bin/Fstnd08.cmd");
+    put("bin/Fstnd5x8.cmd");
+    host_.failReads(1, 1, SystemError::deviceFailure);
+    const auto replaced = fonts_.find(4, "");
+    EXPECT_TRUE(replaced == fonts_.find(0, "") && replaced == fonts_.find(4, ""));
+    const auto faults = fonts_.takeFaults();
+    ASSERT_EQ(faults.size(), 1U);
+    EXPECT_EQ(faults[0].name + " " + std::to_string(faults[0].error.value().number()), "4 57");
+}
+
 using enum NEW_FRAME_TYPES;
 using Lines = std::vector<LineRecord>;
 
@@ -170,80 +217,27 @@ TEST_F(Frames, NeedASignThatShowsAllThatDoesNotScroll) {
         EXPECT_EQ(FramePainter({}).sizeFor(listOf<FrameRecord>({shown, text({})})), size) << why;
 }
 
-TEST_F(Frames, BecomeASheetOfLeds) {
-    const auto frames = listOf<FrameRecord>({text({line("A")}), text({})});
+TEST_F(Frames, BecomeASheetOfLedsInStrips) {
+    const auto frames = listOf<FrameRecord>({text({}), text({}), text({}), text({line("A")})});
     FramePainter painter({});
-    FrameSheet sheet(2, {3, 3}, 8);
-    PixelBuffer picture = sheet.empty();
-    EXPECT_EQ(picture.size(), (DotSize{104, 80}));
-    painter.draw(frames, 1, 2, {3, 3},
-                 [&](std::int32_t, const PixelBuffer& dots) { sheet.add("AA", dots, painter, picture); });
-    std::string middles; // of the dots of the first frame
-    for (std::int32_t y = 34 + 9; y < 34 + 9 + 24; y += 8)
-        for (std::size_t x = 12 + 9; x < 12 + 9 + 24; x += 8)
+    FrameSheet sheet(4, {3, 3}, 64);
+    Raster picture(822, 596);
+    EXPECT_EQ(sheet.width() * 1000 + sheet.height(), 822596);
+    std::int32_t y = 0;
+    const auto copyRows = [&](const Raster& strip) {
+        EXPECT_LT(strip.height(), 100);
+        for (std::int32_t row = 0; row < strip.height(); ++row)
+            std::ranges::copy(strip.row(row), picture.row(y++).begin());
+    };
+    sheet.draw(
+        frames, painter, [](std::int32_t number) { return number == 4 ? "AA" : ""; }, copyRows);
+    EXPECT_EQ(y, 596);
+    std::string middles; // of the dots of the last frame, which is alone in the second row
+    for (y = 304 + 22 + 33 + 32; y < 304 + 22 + 33 + 192; y += 64)
+        for (std::size_t x = 12 + 33 + 32; x < 12 + 33 + 192; x += 64)
             middles += RedOf(picture.row(y)[x]) > 200 ? '#' : '.';
     EXPECT_EQ(middles, ".#..##.#.");
-    EXPECT_GT(RedOf(picture.row(12)[12]), 100) << "the caption";
-}
-
-constexpr std::int16_t kCustom = 12;
-
-class Fonts : public HostTest {
-protected:
-    void put(const std::string& name) { files().put(host_.inLibrary(name), HeaderFontBytes({4, 3, "A"})); }
-
-    FontCache fonts_{0};
-};
-
-TEST_F(Fonts, AreLoadedOnceWhateverTheirFileIsCalledAndFewKept) {
-    for (std::size_t number = 0; number <= FontCache::kMostCustomFonts; ++number)
-        put("CustomFonts/" + std::to_string(number) + ".CFF");
-    const std::weak_ptr<const Font> first = fonts_.find(kCustom, "x/0.CFF");
-    EXPECT_EQ(fonts_.find(kCustom, "y/0.cff"), first.lock());
-    for (std::size_t number = 0; number <= FontCache::kMostCustomFonts; ++number)
-        EXPECT_EQ(fonts_.find(kCustom, std::to_string(number) + ".CFF")->characters, "A");
-    EXPECT_TRUE(first.expired());
-    EXPECT_NE(fonts_.find(kCustom, "x/0.CFF"), nullptr) << "loaded again";
-    EXPECT_TRUE(fonts_.takeFaults().empty());
-}
-
-TEST_F(Fonts, ThatCannotBeReadAreReplacedByFont0AndReportedOnce) {
-    put("bin/Fstnd08.cmd");
-    put("bin/Fstnd5x8.cmd");
-    host_.failReads(1, 1, SystemError::deviceFailure);
-    const auto replaced = fonts_.find(4, "");
-    EXPECT_TRUE(replaced == fonts_.find(0, "") && replaced == fonts_.find(4, ""));
-    const auto faults = fonts_.takeFaults();
-    ASSERT_EQ(faults.size(), 1U);
-    EXPECT_EQ(faults[0].name + " " + std::to_string(faults[0].error.value().number()), "4 57");
-}
-
-/// "#" for a pixel of a lit dot, "o" for one of a dark dot, of a lit one's glow or of the rim, "." for a gap.
-std::string looksOf(std::span<const Color> pixels) {
-    std::string looks;
-    for (const Color pixel : pixels)
-        looks += RedOf(pixel) >= 128 ? '#' : RedOf(pixel) >= 36 ? 'o' : '.';
-    return looks;
-}
-
-TEST(LedPainter, ShowsLitDotsDarkDotsAndGaps) {
-    Raster dots(2, 1);
-    dots.row(0)[1] = Rgb(255, 0, 0);
-    const struct {
-        int scale;
-        DotSize size;
-        std::string firstRow, middleRow;
-    } cases[] = {{2, {8, 6}, "oooo##oo", "oooo##oo"}, {5, {16, 11}, "ooo.....o###oooo", "ooo.ooo.#####ooo"}};
-    for (const auto& [scale, size, firstRow, middleRow] : cases) {
-        LedPainter painter(scale);
-        Raster picture(size.width, size.height);
-        EXPECT_EQ(painter.sizeOf(2), size.width);
-        painter.draw(dots, picture, 0, 0);
-        const std::int32_t rim = (size.height - scale) / 2;
-        EXPECT_EQ(looksOf(picture.row(rim - 1)), std::string(picture.row(0).size(), 'o'));
-        EXPECT_EQ(looksOf(picture.row(rim)), firstRow);
-        EXPECT_EQ(looksOf(picture.row(size.height / 2)), middleRow);
-    }
+    EXPECT_GT(RedOf(picture.row(304)[12]), 100) << "the caption";
 }
 
 } // namespace

@@ -1,14 +1,33 @@
-// Pictures in PNG files.
+// PNG files, written row by row.
 #pragma once
 
+#include "platform/FileSystem.h"
+#include "tools/preview/Palette.h"
 #include <qrtVistrelClasses4/Raster.h>
 
-#include <string>
+#include <memory>
 
 namespace qrtVistrelClasses4 {
 
-/// The bytes of a PNG file. The picture must have at least one pixel. Up to 256 colours are stored in a
-/// palette. Throws `RuntimeError` if memory runs out.
-std::string EncodePng(const Raster& picture);
+/// Writes a picture while it is drawn. Its colours must be known before, since they are at the start of a
+/// file: few colours make a much smaller one.
+class PngWriter {
+public:
+    /// `palette` has been given all rows of the picture. Both it and `file` must outlive this object. The
+    /// functions throw the errors of the file, and error 7 without memory.
+    PngWriter(DotSize size, const Palette& palette, ByteSink& file);
+    ~PngWriter();
+    PngWriter(const PngWriter&) = delete;
+    PngWriter& operator=(const PngWriter&) = delete;
+
+    /// Writes the next rows, from the top. Throws error 51 for a colour that the palette lacks.
+    void write(const Raster& rows);
+    /// Writes the end of the file, after all rows.
+    void finish();
+
+private:
+    class Encoder;
+    std::unique_ptr<Encoder> encoder_;
+};
 
 } // namespace qrtVistrelClasses4

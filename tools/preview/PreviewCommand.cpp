@@ -17,6 +17,7 @@
 #include <qrtVistrelClasses4/FramePainter.h>
 #include <qrtVistrelClasses4/FrameSheet.h>
 
+#include <functional>
 #include <limits>
 
 namespace qrtVistrelClasses4 {
@@ -74,12 +75,11 @@ void addFault(const PreviewFault& fault, ErrorLines& errors) {
 }
 
 /// The frames, with full paths of their pictures. Loading an older playfile does not look for these.
-OneBasedArray<FrameRecord> framesOf(const Playfile& playfile) {
-    OneBasedArray<FrameRecord> frames = playfile.frames;
+OneBasedArray<FrameRecord> framesOf(Playfile&& playfile) {
     ReferenceFinder finder(playfile.fileName);
-    for (FrameRecord& frame : frames)
+    for (FrameRecord& frame : playfile.frames)
         finder.find(frame.PicturefileName);
-    return frames;
+    return std::move(playfile.frames);
 }
 
 /// One run of the command, on an open playfile.
@@ -103,6 +103,10 @@ public:
     }
 
 private:
+    using OnStrip = FrameSheet::OnStrip;
+    /// Draws a picture from the top.
+    using DrawStrips = std::function<void(const OnStrip& onStrip)>;
+
     void draw(const FramePainter::OnFrame& onFrame) {
         painter_.draw(frames_, first_, last_, size_, onFrame);
         addFaults();
@@ -152,9 +156,11 @@ private:
         const std::int64_t height = leds.sizeOf(size_.height);
         if (!isDrawable(width, height))
             return ExitCode::failed;
-        PixelBuffer picture(static_cast<std::int32_t>(width), static_cast<std::int32_t>(height));
+        Raster picture(static_cast<std::int32_t>(width), static_cast<std::int32_t>(height));
         draw([&](std::int32_t, const PixelBuffer& dots) { leds.draw(dots, picture, 0, 0); });
-        return save(picture, "frame " + std::to_string(first_));
+        return save(
+            picture.size(), [&](const OnStrip& onStrip) { onStrip(picture); },
+            "frame " + std::to_string(first_));
     }
 
     ExitCode drawSheet() {
@@ -165,22 +171,39 @@ private:
             sheet = FrameSheet(count, size_, scale);
         if (!isDrawable(sheet.width(), sheet.height()))
             return ExitCode::failed;
-        PixelBuffer picture = sheet.empty();
-        draw([&](std::int32_t number, const PixelBuffer& dots) {
-            sheet.add(caption(number), dots, painter_, picture);
-        });
-        return save(picture, Counted(count, "frame"));
+        const DotSize size{static_cast<std::int32_t>(sheet.width()),
+                           static_cast<std::int32_t>(sheet.height())};
+        const auto captionOf = [&](std::int32_t number) { return caption(number); };
+        const auto drawStrips = [&](const OnStrip& onStrip) {
+            sheet.draw(frames_, painter_, captionOf, onStrip);
+            addFaults();
+        };
+        return save(size, drawStrips, Counted(count, "frame"));
     }
 
-    ExitCode save(const PixelBuffer& picture, const std::string& what) {
-        const std::string bytes = EncodePng(picture);
-        session_.errors.about(options_.out);
+    /// Saves a picture of `size` pixels. It is drawn twice, so that it never has to be in memory as a whole.
+    ExitCode save(DotSize size, const DrawStrips& drawStrips, const std::string& what) {
+        Palette palette;
+        drawStrips([&](const Raster& strip) { palette.add(strip); });
         ReplacementFile file(platform().files(), options_.out);
-        Check(file.write(bytes));
-        Check(file.commit());
+        aboutOutput([&] { Check(file.error()); });
+        PngWriter png(size, palette, file);
+        drawStrips([&](const Raster& strip) { aboutOutput([&] { png.write(strip); }); });
+        aboutOutput([&] {
+            png.finish();
+            Check(file.commit());
+        });
         session_.out << Visible(options_.out) << ": " << what << ", " << size_.width << " x " << size_.height
-                     << " dots, " << picture.width() << " x " << picture.height() << " pixels\n";
+                     << " dots, " << size.width << " x " << size.height << " pixels\n";
         return ExitCode::done;
+    }
+
+    /// Runs `write`, whose errors are about the output file. All others are about the playfile.
+    template <class Write>
+    void aboutOutput(Write write) {
+        session_.errors.about(options_.out);
+        write();
+        session_.errors.about(options_.file);
     }
 
     const PreviewOptions& options_;
@@ -200,7 +223,7 @@ ExitCode preview(const PreviewOptions& options, Session& session) {
             return ExitCode::failed;
         sign = *found;
     }
-    const auto opened = OpenPlayfile(options.file, options.answers, session.errors);
+    auto opened = OpenPlayfile(options.file, options.answers, session.errors);
     if (!opened)
         return ExitCode::failed;
     const std::int32_t last = opened->playfile.frames.upperBound();
@@ -212,7 +235,7 @@ ExitCode preview(const PreviewOptions& options, Session& session) {
     }
     AddLosses(*opened, session.errors, first, options.sheet ? last : first);
     const ScopedMoment moment(options.at);
-    return Preview(options, sign, framesOf(opened->playfile), session).run();
+    return Preview(options, sign, framesOf(std::move(opened->playfile)), session).run();
 }
 
 } // namespace
