@@ -92,20 +92,17 @@ void registerOwn(const Sample& sample) {
     });
     RegisterWork("displays/save/" + sample.size(), [sample](benchmark::State& state) {
         const auto displays = loaded(sample);
-        for (auto _ : state)
-            save(*displays, sample);
+        TimeWork(state, [&] { save(*displays, sample); });
     });
 }
 
 void registerLimits(const Sample& sample) {
     RegisterWork("displays/load/limit/" + sample.size(), [sample](benchmark::State& state) {
-        for (auto _ : state)
-            benchmark::DoNotOptimize(CountLineEnds(ReadWholeFile(sample.list).text()));
+        TimeWork(state, [&] { benchmark::DoNotOptimize(CountLineEnds(ReadWholeFile(sample.list).text())); });
     });
     RegisterWork("displays/save/limit/" + sample.size(), [sample](benchmark::State& state) {
         const WholeFile finished = ReadWholeFile(sample.list);
-        for (auto _ : state)
-            WriteNewFile(sample.list, finished.text());
+        TimeWork(state, [&] { WriteNewFile(sample.list, finished.text()); });
     });
 }
 
@@ -115,8 +112,7 @@ void registerJson(const Sample& sample) {
     });
     RegisterWork("displays/save/RapidJSON/" + sample.size(), [sample](benchmark::State& state) {
         const Displays displays = MakeDisplays(sample.signs);
-        for (auto _ : state)
-            SaveAsJson(displays, sample.json);
+        TimeWork(state, [&] { SaveAsJson(displays, sample.json); });
     });
 }
 
@@ -137,13 +133,11 @@ void registerFind(const Sample& sample) {
     Require(findWithLoop(records, name) == sample.signs, "the loop finds another sign");
     RegisterWork("displays/find/" + sample.size(), [sample, name](benchmark::State& state) {
         const auto displays = loaded(sample);
-        for (auto _ : state)
-            benchmark::DoNotOptimize(displays->FindDisplayByName(name));
+        TimeWork(state, [&] { benchmark::DoNotOptimize(displays->FindDisplayByName(name)); });
     });
     RegisterWork("displays/find/loop/" + sample.size(), [sample, name](benchmark::State& state) {
         const Displays displays = MakeDisplays(sample.signs);
-        for (auto _ : state)
-            benchmark::DoNotOptimize(findWithLoop(displays, name));
+        TimeWork(state, [&] { benchmark::DoNotOptimize(findWithLoop(displays, name)); });
     });
 }
 
@@ -166,8 +160,7 @@ void compareGrowth(std::vector<Ratio>& ratios) {
     for (const std::string kind : {"load/", "load/limit/", "save/", "save/limit/"})
         for (const std::int16_t signs : {kSigns, kMany}) {
             const std::string work = "displays/" + kind;
-            const std::string large = work + std::to_string(signs);
-            ratios.push_back({large, large, work + std::to_string(signs / 4), Bound::aim, kMostForFourTimes});
+            CompareGrowth(ratios, work + std::to_string(signs), work + std::to_string(signs / 4));
         }
 }
 

@@ -166,12 +166,10 @@ std::vector<Ratio> LegacySubject(const BenchFolder& folder) {
     RegisterWork("older/open",
                  [path](benchmark::State& state) { TimeMaking(state, [&] { return open(path); }); });
     RegisterWork("older/regex", [=](benchmark::State& state) {
-        for (auto _ : state)
-            benchmark::DoNotOptimize(readByRegex(path, placeholder, codes));
+        TimeWork(state, [&] { benchmark::DoNotOptimize(readByRegex(path, placeholder, codes)); });
     });
     RegisterWork("older/limit", [path](benchmark::State& state) {
-        for (auto _ : state)
-            benchmark::DoNotOptimize(readFields(path));
+        TimeWork(state, [&] { benchmark::DoNotOptimize(readFields(path)); });
     });
     const std::string subject = "open 1049 older records";
     return {{subject, "older/open", "older/regex", Bound::must, kMostOfRegex},

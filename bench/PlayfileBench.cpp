@@ -72,8 +72,7 @@ void registerOwn(const Sample& sample) {
     RegisterWork("save/" + sample.size.name(), [sample](benchmark::State& state) {
         FrameInfoClass frames;
         load(frames, sample.playfile);
-        for (auto _ : state)
-            save(frames, sample.saved);
+        TimeWork(state, [&] { save(frames, sample.saved); });
     });
 }
 
@@ -82,18 +81,16 @@ void registerOthers(const Sample& sample, const BenchFolder& folder) {
         TimeMaking(state, [&] { return std::make_unique<ParsedJson>(sample.json); });
     });
     RegisterWork("load/limit/" + sample.size.name(), [sample](benchmark::State& state) {
-        for (auto _ : state)
-            benchmark::DoNotOptimize(CountLineEnds(ReadWholeFile(sample.playfile).text()));
+        TimeWork(state,
+                 [&] { benchmark::DoNotOptimize(CountLineEnds(ReadWholeFile(sample.playfile).text())); });
     });
     RegisterWork("save/fmt/" + sample.size.name(), [sample, &folder](benchmark::State& state) {
         const Frames frames = MakeFrames(sample.size, folder);
-        for (auto _ : state)
-            SaveWithFmt(frames, sample.saved);
+        TimeWork(state, [&] { SaveWithFmt(frames, sample.saved); });
     });
     RegisterWork("save/limit/" + sample.size.name(), [sample](benchmark::State& state) {
         const WholeFile finished = ReadWholeFile(sample.playfile);
-        for (auto _ : state)
-            WriteNewFile(sample.saved, finished.text());
+        TimeWork(state, [&] { WriteNewFile(sample.saved, finished.text()); });
     });
 }
 
@@ -114,24 +111,19 @@ std::unique_ptr<FrameInfoClass> addFramesOneByOne(std::int16_t count) {
 }
 
 std::string registerGrowingByOne(std::int16_t count) {
-    std::string size = std::to_string(count);
-    RegisterWork("TotalFrames one by one/" + size, [count](benchmark::State& state) {
+    std::string name = "TotalFrames one by one/" + std::to_string(count);
+    RegisterWork(name, [count](benchmark::State& state) {
         TimeMaking(state, [&] { return addFramesOneByOne(count); });
     });
-    return size;
+    return name;
 }
 
 /// What four times the frames cost. Memory that no longer fits the processor's caches costs more, whoever
 /// uses it: the limit's own growth shows how much.
 void compareGrowth(std::vector<Ratio>& ratios) {
-    const auto add = [&](const std::string& work, const std::string& small, const std::string& large) {
-        ratios.push_back({work + large, work + large, work + small, Bound::aim, kMostForFourTimes});
-    };
-    add("load/", kQuarter.name(), kLarge.name());
-    add("load/limit/", kQuarter.name(), kLarge.name());
-    add("save/", kQuarter.name(), kLarge.name());
-    add("TotalFrames one by one/", registerGrowingByOne(kQuarter.frames),
-        registerGrowingByOne(kLarge.frames));
+    for (const std::string kind : {"load/", "load/limit/", "save/"})
+        CompareGrowth(ratios, kind + kLarge.name(), kind + kQuarter.name());
+    CompareGrowth(ratios, registerGrowingByOne(kLarge.frames), registerGrowingByOne(kQuarter.frames));
 }
 
 } // namespace

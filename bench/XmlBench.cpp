@@ -122,8 +122,7 @@ Sample makeSample(const BenchFolder& folder, PlayfileSize size) {
 void registerContestants(const Sample& sample, const BenchFolder& folder) {
     RegisterWork("XML/" + sample.size.name(), [sample, &folder](benchmark::State& state) {
         const auto frames = MakePlayfile(sample.size, folder);
-        for (auto _ : state)
-            exportXml(*frames, sample.name);
+        TimeWork(state, [&] { exportXml(*frames, sample.name); });
     });
     RegisterWork("XML/pugixml/" + sample.size.name(), [sample](benchmark::State& state) {
         const Export exported = readExport(sample.own);
@@ -131,8 +130,7 @@ void registerContestants(const Sample& sample, const BenchFolder& folder) {
     });
     RegisterWork("XML/limit/" + sample.size.name(), [sample](benchmark::State& state) {
         const WholeFile finished = ReadWholeFile(sample.own);
-        for (auto _ : state)
-            WriteNewFile(sample.own, finished.text());
+        TimeWork(state, [&] { WriteNewFile(sample.own, finished.text()); });
     });
 }
 
