@@ -9,10 +9,12 @@ namespace {
 constexpr std::size_t kTypicalSign = 400; ///< Bytes, to reserve memory.
 
 void get(CarefulLines& in, std::string& text) {
+    if (in.take("\"\"\r\n"))
+        return text.clear();
     const std::string_view line = in.line();
     text.assign(line.substr(1, line.size() - 2));
 }
-void get(CarefulLines& in, bool& flag) { flag = in.line() == "#TRUE#"; }
+void get(CarefulLines& in, bool& flag) { flag = !in.take("#FALSE#\r\n") && in.line() == "#TRUE#"; }
 template <class Number>
 void get(CarefulLines& in, Number& number) {
     in.number(number, 0, "\r\n");

@@ -17,7 +17,7 @@
 namespace qrtVistrelClasses4::bench {
 namespace {
 
-constexpr std::size_t kTypicalValue = 12; ///< Bytes of a value in its line, to reserve memory.
+constexpr std::size_t kTypicalValue = 16; ///< Bytes of a value in its line, to reserve memory.
 
 bool isFile(const std::string& path) {
     struct stat status {};
@@ -78,10 +78,12 @@ public:
         return count;
     }
     void get(std::string& text) {
+        if (lines_.take("\"\"\r\n"))
+            return text.clear();
         text.assign(value());
         std::replace(text.begin(), text.end(), kStoredQuote, '"');
     }
-    void get(bool& flag) { flag = value() == "True"; }
+    void get(bool& flag) { flag = !lines_.take("\"False\"\r\n") && value() == "True"; }
     template <class Number>
     void get(Number& number) {
         lines_.number(number, 1, "\"\r\n");

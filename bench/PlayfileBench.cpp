@@ -138,7 +138,6 @@ void compareContestants(std::vector<Ratio>& ratios, PlayfileSize size) {
     add("save", "careful", Bound::aim, 1.2);
 }
 
-/// What a file costs whatever is in it.
 void compareSmall(std::vector<Ratio>& ratios) {
     const std::string name = kSmall.name();
     ratios.push_back({"load " + name, "load/" + name, "load/limit/" + name, Bound::must, 6});

@@ -64,7 +64,7 @@ Frames MakeFrames(PlayfileSize size, const BenchFolder& folder) {
         frame.DelayTime = dice.oneOf(kDelaySeconds);
         frame.FontHeight = 16;
         frame.FrameType = 2;
-        if (dice.once(kFramesToOneReference))
+        if (dice.once(kFramesToOneReference) && size.frames > kSmall.frames)
             refer(frame, references, dice);
         frame.PrefixCode = dice.oneOf(kEffects);
         frame.SuffixCode = dice.oneOf(kEffects);

@@ -20,7 +20,7 @@ struct PlayfileSize {
 
 constexpr PlayfileSize kUsual{1048, 8}; ///< As many frames as the application allows.
 constexpr PlayfileSize kLarge{30000, 4};
-constexpr PlayfileSize kSmall{9, 2};
+constexpr PlayfileSize kSmall{9, 2}; ///< Without references: what a file costs whatever is in it.
 
 using Frames = OneBasedArray<FrameRecord>;
 

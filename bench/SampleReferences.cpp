@@ -8,8 +8,8 @@
 namespace qrtVistrelClasses4::bench {
 namespace {
 
-constexpr unsigned kFiles = 40; ///< Of each kind.
-constexpr unsigned kGone = 200;
+constexpr unsigned kFiles = 8; ///< Of each kind.
+constexpr unsigned kGone = 12;
 
 /// Files beside the playfile. The references to some of them are in another case.
 constexpr std::string_view kBeside = "Logo_";
