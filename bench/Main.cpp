@@ -44,7 +44,7 @@ bool measure() {
     benchmark::RunSpecifiedBenchmarks(&reporter);
     if (AreInstructionsCounted())
         PrintInstructions();
-    return PrintRatios(ratios, AreInstructionsCounted() ? Bound::countedMust : Bound::must);
+    return PrintRatios(ratios);
 }
 
 } // namespace

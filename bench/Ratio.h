@@ -10,9 +10,10 @@
 namespace qrtVistrelClasses4::bench {
 
 enum class Bound {
-    must,        ///< Of the times.
-    countedMust, ///< Of the instructions, because the times depend on the machine's caches too much.
+    must, ///< Of the times.
     aim,
+    countedMust, ///< Of the instructions, because the times depend on the machine's caches too much.
+    countedAim,
 };
 
 /// Two jobs, by name. What the first takes, divided by what the second takes, is `most` at the most.
@@ -40,9 +41,8 @@ public:
 
 /// Prints the instructions of each job.
 void PrintInstructions();
-/// Prints one row a ratio whose two jobs have run. `must` is the kind of bound that must hold in this run;
-/// false if one of that kind does not.
-bool PrintRatios(const std::vector<Ratio>& ratios, Bound must);
+/// Prints one row a ratio whose two jobs have run. False if one does not hold that must in such a run.
+bool PrintRatios(const std::vector<Ratio>& ratios);
 
 /// Adds the ratios for a job and for the same with a quarter of its data.
 void CompareGrowth(std::vector<Ratio>& ratios, const std::string& large, const std::string& quarter);
