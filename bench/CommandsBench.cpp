@@ -35,28 +35,29 @@ void registerLegacy() {
     const std::vector<std::string> texts = MakeTexts(replacements);
     for (const std::string& text : texts) {
         Require(text.size() == kTextSize, "a text has another size");
-        Require(std::count(text.begin(), text.end(), '{') == kPlaceholdersInText,
-                "a text has more or fewer placeholders");
         Require(ConvertLegacyVariables(text) == replaceInPasses(text, replacements),
                 "passes make another text of " + text);
     }
     RegisterWork("legacy/convert", [texts](benchmark::State& state) {
-        for (auto _ : state)
+        TimeWork(state, [&] {
             for (const std::string& text : texts)
                 benchmark::DoNotOptimize(ConvertLegacyVariables(text));
+        });
     });
     RegisterWork("legacy/passes", [texts, replacements](benchmark::State& state) {
-        for (auto _ : state)
+        TimeWork(state, [&] {
             for (const std::string& text : texts)
                 benchmark::DoNotOptimize(replaceInPasses(text, replacements));
+        });
     });
     RegisterWork("legacy/limit", [texts](benchmark::State& state) {
-        for (auto _ : state)
+        TimeWork(state, [&] {
             for (const std::string& text : texts) {
                 const std::string copy = text;
                 benchmark::DoNotOptimize(std::count_if(
                     copy.begin(), copy.end(), [](char letter) { return letter == '{' || letter == '}'; }));
             }
+        });
     });
 }
 
@@ -95,13 +96,11 @@ void registerTable(const std::string& path) {
             state, [&] { commands.reset(); }, [&] { commands = load(); });
     });
     RegisterWork("commands/load/limit", [path](benchmark::State& state) {
-        for (auto _ : state)
-            benchmark::DoNotOptimize(CountLineEnds(ReadWholeFile(path).text()));
+        TimeWork(state, [&] { benchmark::DoNotOptimize(CountLineEnds(ReadWholeFile(path).text())); });
     });
     RegisterWork("commands/save/limit", [path](benchmark::State& state) {
         const WholeFile finished = ReadWholeFile(path);
-        for (auto _ : state)
-            WriteNewFile(path, finished.text());
+        TimeWork(state, [&] { WriteNewFile(path, finished.text()); });
     });
 }
 

@@ -1,5 +1,6 @@
-// Lists of signs: load and save, against a parser, a writer, and the least that reading and writing can cost;
-// search, against a plain loop.
+// Lists of signs: load and save, against a parser, a writer, careful code for the same job, and the least
+// that reading and writing can cost; search, against a plain loop.
+#include "bench/CarefulDisplays.h"
 #include "bench/Json.h"
 #include "bench/JsonDisplays.h"
 #include "bench/SampleDisplays.h"
@@ -16,10 +17,11 @@
 namespace qrtVistrelClasses4::bench {
 namespace {
 
-constexpr double kMostOfParser = 0.4;
-constexpr double kMostOfReading = 2.7;
-constexpr double kMostOfWriter = 0.5;
-constexpr double kMostOfWriting = 11;
+constexpr double kMostOfParser = 0.3;
+constexpr double kMostOfReading = 1.7;
+constexpr double kMostOfWriter = 0.4;
+constexpr double kMostOfWriting = 8;
+constexpr double kMostOfCareful = 1.2;
 constexpr double kMostOfLoop = 1.3;
 
 constexpr std::int16_t kSigns = 10000;
@@ -76,6 +78,8 @@ Sample makeSample(const BenchFolder& folder, std::int16_t signs) {
     const WholeFile list = ReadWholeFile(sample.list);
     Require(ReadWholeFile(sample.saved).text() == list.text(), "a loaded list is saved differently");
     Require(ReadWholeFile(sample.saved + ".bak2").text() == "the list before", "a list was lost");
+    SaveDisplaysCarefully(LoadDisplaysCarefully(sample.list), sample.saved);
+    Require(ReadWholeFile(sample.saved).text() == list.text(), "careful code saves other signs");
     Require(ContentsOfJson(sample.json) == ContentsOf(displays), "the JSON holds other data");
     Require(CountLineEnds(list.text()) == kLinesOfASign * displays.size(), "the list holds other lines");
     return sample;
@@ -92,20 +96,29 @@ void registerOwn(const Sample& sample) {
     });
     RegisterWork("displays/save/" + sample.size(), [sample](benchmark::State& state) {
         const auto displays = loaded(sample);
-        for (auto _ : state)
-            save(*displays, sample);
+        TimeWork(state, [&] { save(*displays, sample); });
     });
 }
 
 void registerLimits(const Sample& sample) {
     RegisterWork("displays/load/limit/" + sample.size(), [sample](benchmark::State& state) {
-        for (auto _ : state)
-            benchmark::DoNotOptimize(CountLineEnds(ReadWholeFile(sample.list).text()));
+        TimeWork(state, [&] { benchmark::DoNotOptimize(CountLineEnds(ReadWholeFile(sample.list).text())); });
     });
-    RegisterWork("displays/save/limit/" + sample.size(), [sample](benchmark::State& state) {
-        const WholeFile finished = ReadWholeFile(sample.list);
-        for (auto _ : state)
-            WriteNewFile(sample.list, finished.text());
+    for (const auto& [name, write] :
+         {std::pair("limit/", &WriteNewFile), std::pair("durable/", &WriteDurably)})
+        RegisterWork("displays/save/" + (name + sample.size()), [sample, write](benchmark::State& state) {
+            const WholeFile finished = ReadWholeFile(sample.list);
+            TimeWork(state, [&] { write(sample.list, finished.text()); });
+        });
+}
+
+void registerCareful(const Sample& sample) {
+    RegisterWork("displays/load/careful/" + sample.size(), [sample](benchmark::State& state) {
+        TimeMaking(state, [&] { return std::make_unique<Displays>(LoadDisplaysCarefully(sample.list)); });
+    });
+    RegisterWork("displays/save/careful/" + sample.size(), [sample](benchmark::State& state) {
+        const Displays displays = LoadDisplaysCarefully(sample.list);
+        TimeWork(state, [&] { SaveDisplaysCarefully(displays, sample.saved); });
     });
 }
 
@@ -115,8 +128,7 @@ void registerJson(const Sample& sample) {
     });
     RegisterWork("displays/save/RapidJSON/" + sample.size(), [sample](benchmark::State& state) {
         const Displays displays = MakeDisplays(sample.signs);
-        for (auto _ : state)
-            SaveAsJson(displays, sample.json);
+        TimeWork(state, [&] { SaveAsJson(displays, sample.json); });
     });
 }
 
@@ -137,13 +149,11 @@ void registerFind(const Sample& sample) {
     Require(findWithLoop(records, name) == sample.signs, "the loop finds another sign");
     RegisterWork("displays/find/" + sample.size(), [sample, name](benchmark::State& state) {
         const auto displays = loaded(sample);
-        for (auto _ : state)
-            benchmark::DoNotOptimize(displays->FindDisplayByName(name));
+        TimeWork(state, [&] { benchmark::DoNotOptimize(displays->FindDisplayByName(name)); });
     });
     RegisterWork("displays/find/loop/" + sample.size(), [sample, name](benchmark::State& state) {
         const Displays displays = MakeDisplays(sample.signs);
-        for (auto _ : state)
-            benchmark::DoNotOptimize(findWithLoop(displays, name));
+        TimeWork(state, [&] { benchmark::DoNotOptimize(findWithLoop(displays, name)); });
     });
 }
 
@@ -156,8 +166,11 @@ void compareContestants(std::vector<Ratio>& ratios) {
     };
     add("load", "RapidJSON", Bound::must, kMostOfParser);
     add("load", "limit", Bound::aim, kMostOfReading);
+    add("load", "careful", Bound::aim, kMostOfCareful);
     add("save", "RapidJSON", Bound::must, kMostOfWriter);
     add("save", "limit", Bound::aim, kMostOfWriting);
+    add("save", "durable", Bound::aim, kMostOfWriting);
+    add("save", "careful", Bound::aim, kMostOfCareful);
     add("find", "loop", Bound::aim, kMostOfLoop);
 }
 
@@ -166,8 +179,7 @@ void compareGrowth(std::vector<Ratio>& ratios) {
     for (const std::string kind : {"load/", "load/limit/", "save/", "save/limit/"})
         for (const std::int16_t signs : {kSigns, kMany}) {
             const std::string work = "displays/" + kind;
-            const std::string large = work + std::to_string(signs);
-            ratios.push_back({large, large, work + std::to_string(signs / 4), Bound::aim, kMostForFourTimes});
+            CompareGrowth(ratios, work + std::to_string(signs), work + std::to_string(signs / 4));
         }
 }
 
@@ -179,6 +191,7 @@ std::vector<Ratio> DisplaysSubject(const BenchFolder& folder) {
         registerOwn(sample);
         registerLimits(sample);
         if (signs == kSigns) {
+            registerCareful(sample);
             registerJson(sample);
             registerFind(sample);
         }

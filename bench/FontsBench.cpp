@@ -178,23 +178,26 @@ void registerDrawing(const std::string& name, const std::string& path, bool back
     const auto work = makeWork(*drawing, background);
     RegisterWork(name, [drawing, work](benchmark::State& state) {
         PixelBuffer pixels = untouchedPixels();
-        for (auto _ : state)
+        TimeWork(state, [&] {
             for (const std::string& text : work->texts)
                 drawing->draw(text, pixels);
+        });
     });
     RegisterWork(name + "/pixman", [work](benchmark::State& state) {
         PixelBuffer pixels = untouchedPixels();
         const Image image = imageOn(pixels);
-        for (auto _ : state)
+        TimeWork(state, [&] {
             for (const auto& boxes : work->boxes)
                 for (const Boxes& ofColor : boxes)
                     ofColor.draw(image.get());
+        });
     });
     RegisterWork(name + "/limit", [work](benchmark::State& state) {
         PixelBuffer pixels = untouchedPixels();
-        for (auto _ : state)
+        TimeWork(state, [&] {
             for (const auto& runs : work->painted)
                 setRuns(runs, pixels, kLit);
+        });
     });
 }
 

@@ -1,5 +1,7 @@
 // Measures the library against what a user would use instead and against the least that the work can cost,
-// and prints how they compare. Options are those of Google Benchmark.
+// and prints how they compare. Under callgrind, it counts instructions instead of taking times. Options are
+// those of Google Benchmark.
+#include "bench/Instructions.h"
 #include "bench/Subjects.h"
 #include "platform/Platform.h"
 
@@ -14,9 +16,14 @@ namespace {
 std::vector<char*> withDefaults(int argc, char** argv) {
     static char interleaving[] = "--benchmark_enable_random_interleaving=true";
     static char repetitions[] = "--benchmark_repetitions=11";
+    static char once[] = "--benchmark_repetitions=1";
     static char shortest[] = "--benchmark_min_time=0.1";
+    static char anyTime[] = "--benchmark_min_time=0";
     std::vector<char*> arguments(argv, argv + argc);
-    arguments.insert(arguments.begin() + 1, {interleaving, repetitions, shortest});
+    if (AreInstructionsCounted())
+        arguments.insert(arguments.begin() + 1, {once, anyTime});
+    else
+        arguments.insert(arguments.begin() + 1, {interleaving, repetitions, shortest});
     return arguments;
 }
 
@@ -28,13 +35,16 @@ bool measure() {
     const ScopedPlatform use(*machine);
     std::vector<Ratio> ratios;
     for (const auto& subject :
-         {PlayfileSubject(folder), XmlSubject(folder), EditSubject(folder), DisplaysSubject(folder),
-          CommandsSubject(folder), LegacySubject(folder), FontsSubject(folder), PreviewSubject(folder),
-          SettingsSubject(folder), TraceSubject()})
+         {PlayfileSubject(folder), ReferencesSubject(folder), WalkSubject(folder), XmlSubject(folder),
+          EditSubject(folder), RepeatedEditSubject(), DisplaysSubject(folder), CommandsSubject(folder),
+          LegacySubject(folder), FontsSubject(folder), PreviewSubject(folder), SettingsSubject(folder),
+          TraceSubject()})
         ratios.insert(ratios.end(), subject.begin(), subject.end());
     MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    return PrintRatios(ratios, reporter.medians());
+    if (AreInstructionsCounted())
+        PrintInstructions();
+    return PrintRatios(ratios);
 }
 
 } // namespace

@@ -2,10 +2,30 @@
 
 #include "bench/Dice.h"
 
+#include <algorithm>
 #include <array>
-#include <string_view>
 
 namespace qrtVistrelClasses4::bench {
+
+namespace {
+
+constexpr std::size_t kTextsToOneBadBrace = 7;
+
+/// The placeholder in the middle of a text with bad braces; `kind` counts such texts.
+std::string withBadBrace(const std::string& placeholder, std::size_t kind) {
+    switch (kind % 4) {
+    case 0:
+        return "{" + placeholder;
+    case 1:
+        return placeholder + "}";
+    case 2:
+        return "{Gate " + placeholder + "}";
+    default:
+        return "{vbl {days}7}"; // days have no code, so that another placeholder comes out
+    }
+}
+
+} // namespace
 
 std::vector<Replacement> MakeReplacements() {
     std::vector<Replacement> replacements{{"{time}", "|h:m|"},
@@ -46,15 +66,53 @@ std::vector<std::string> MakeTexts(const std::vector<Replacement>& replacements)
                                                     "WELCOME! ", "Gate ",     "- "};
     Dice dice;
     std::vector<std::string> texts(kTexts);
-    for (std::string& text : texts)
+    std::size_t number = 0;
+    for (std::string& text : texts) {
+        const bool hasBadBrace = ++number % kTextsToOneBadBrace == 0;
         for (std::size_t made = 0; made < kPlaceholdersInText;) {
-            text += dice.oneOf(replacements).placeholder;
+            const std::string placeholder = dice.oneOf(replacements).placeholder;
+            text += hasBadBrace && made == kPlaceholdersInText / 2
+                        ? withBadBrace(placeholder, number / kTextsToOneBadBrace)
+                        : placeholder;
             const std::size_t end = ++made * kTextSize / kPlaceholdersInText;
             while (text.size() < end)
                 text += dice.oneOf(words);
             text.resize(end);
         }
+    }
     return texts;
+}
+
+CarefulConverter::CarefulConverter() {
+    for (const auto& [placeholder, code] : MakeReplacements())
+        codes_.emplace(placeholder, code);
+}
+
+std::string CarefulConverter::converted(const std::string& text) const {
+    std::string result;
+    result.reserve(text.size());
+    std::size_t open = text.npos; // the last brace in the result that may open a placeholder
+    bool isOnceMore = false;
+    const std::string_view rest(text);
+    for (std::size_t place = 0; place < text.size();) {
+        const std::size_t brace = std::min(text.find_first_of("{}", place), text.size());
+        result.append(rest.substr(place, brace - place));
+        place = brace + 1;
+        if (brace == text.size())
+            break;
+        if (text[brace] == '{')
+            open = result.size();
+        result += text[brace];
+        if (text[brace] == '{' || open == text.npos)
+            continue;
+        if (const auto code = codes_.find(std::string_view(result).substr(open)); code != codes_.end()) {
+            result.replace(open, result.npos, code->second);
+            const bool isInBraces = result.find('{') != result.npos;
+            isOnceMore = isOnceMore || (code->second.empty() && isInBraces);
+        }
+        open = text.npos;
+    }
+    return isOnceMore ? converted(result) : result;
 }
 
 } // namespace qrtVistrelClasses4::bench

@@ -65,12 +65,10 @@ std::vector<Ratio> PreviewSubject(const BenchFolder& folder) {
     const auto picture = std::make_shared<const PixelBuffer>(drawSheet(*playfile, home));
     Require(litPixels(*picture) > std::int64_t{kUsual.frames} * 100, "the frames of the sheet are dark");
     RegisterWork("preview/draw", [playfile, home](benchmark::State& state) {
-        for (auto _ : state)
-            benchmark::DoNotOptimize(drawSheet(*playfile, home));
+        TimeWork(state, [&] { benchmark::DoNotOptimize(drawSheet(*playfile, home)); });
     });
     RegisterWork("preview/encode", [picture](benchmark::State& state) {
-        for (auto _ : state)
-            benchmark::DoNotOptimize(EncodePng(*picture));
+        TimeWork(state, [&] { benchmark::DoNotOptimize(EncodePng(*picture)); });
     });
     return {{"sheet of 1048 frames", "preview/draw", "preview/encode", Bound::aim, kMostOfEncoding}};
 }

@@ -3,7 +3,7 @@
 #include "bench/Dice.h"
 #include "bench/FmtPlayfile.h"
 #include "bench/Ratio.h"
-#include "bench/WholeFile.h"
+#include "bench/SampleReferences.h"
 
 #include <array>
 #include <string_view>
@@ -20,7 +20,7 @@ constexpr std::array<std::int16_t, 6> kFonts{1, 3, 6, 8, 10, 12};
 constexpr std::int16_t kCustomFont = 12;
 constexpr unsigned kShortestText = 5;
 constexpr unsigned kTextLengths = 36;
-constexpr unsigned kFramesToOnePicture = 32;
+constexpr unsigned kFramesToOneReference = 3;
 
 std::string makeText(Dice& dice) {
     const std::size_t length = kShortestText + dice.below(kTextLengths);
@@ -44,11 +44,18 @@ LineRecord makeLine(Dice& dice) {
     return line;
 }
 
+/// To a picture, or now and then to a command file.
+void refer(FrameRecord& frame, const SampleReferences& references, Dice& dice) {
+    if (dice.once(4))
+        frame.commandfile = references.commandFile(dice);
+    else
+        frame.PicturefileName = references.picture(dice);
+}
+
 } // namespace
 
 Frames MakeFrames(PlayfileSize size, const BenchFolder& folder) {
-    const std::string picture = folder.file("anchor.bmp");
-    WriteNewFile(picture, "BM");
+    const SampleReferences references(folder);
     Dice dice;
     Frames frames(size.frames);
     std::int32_t number = 0;
@@ -57,8 +64,8 @@ Frames MakeFrames(PlayfileSize size, const BenchFolder& folder) {
         frame.DelayTime = dice.oneOf(kDelaySeconds);
         frame.FontHeight = 16;
         frame.FrameType = 2;
-        if (dice.once(kFramesToOnePicture))
-            frame.PicturefileName = picture;
+        if (dice.once(kFramesToOneReference) && size.frames > kSmall.frames)
+            refer(frame, references, dice);
         frame.PrefixCode = dice.oneOf(kEffects);
         frame.SuffixCode = dice.oneOf(kEffects);
         frame.TotalDisplayFramesUsedForThisFrame = 1;

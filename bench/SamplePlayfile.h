@@ -20,11 +20,12 @@ struct PlayfileSize {
 
 constexpr PlayfileSize kUsual{1048, 8}; ///< As many frames as the application allows.
 constexpr PlayfileSize kLarge{30000, 4};
+constexpr PlayfileSize kSmall{9, 2}; ///< Without references: what a file costs whatever is in it.
 
 using Frames = OneBasedArray<FrameRecord>;
 
 /// Frames with names, effects, whole and broken delays, texts of 5 to 40 characters of which some hold
-/// quotes, and a picture, which is in the folder, on few. The same at every call.
+/// quotes, and references (`SampleReferences`) on a third. The same at every call.
 Frames MakeFrames(PlayfileSize size, const BenchFolder& folder);
 
 /// The library's own playfile of these frames, by way of a file in the folder.

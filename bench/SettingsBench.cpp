@@ -1,5 +1,6 @@
 // All preferences, loaded and saved, against an INI library that opens the file once.
 #include "bench/Subjects.h"
+#include "bench/Timing.h"
 #include "bench/WholeFile.h"
 #include "frame/Conversions.h"
 #include "settings/RegistrySettings.h"
@@ -71,32 +72,30 @@ void check(const SettingsInfoClass& settings, const std::string& own, const std:
 }
 
 void registerLoad(const std::string& peer) {
-    benchmark::RegisterBenchmark("settings/load", [](benchmark::State& state) {
+    RegisterWork("settings/load", [](benchmark::State& state) {
         SettingsInfoClass settings;
-        for (auto _ : state)
-            settings.GetSettingsFromDisk();
+        TimeWork(state, [&] { settings.GetSettingsFromDisk(); });
     });
-    benchmark::RegisterBenchmark("settings/load/SimpleIni", [peer](benchmark::State& state) {
-        for (auto _ : state)
-            benchmark::DoNotOptimize(loadWithSimpleIni(peer));
+    RegisterWork("settings/load/SimpleIni", [peer](benchmark::State& state) {
+        TimeWork(state, [&] { benchmark::DoNotOptimize(loadWithSimpleIni(peer)); });
     });
 }
 
 void registerSave(const std::string& peer) {
-    benchmark::RegisterBenchmark("settings/save", [](benchmark::State& state) {
+    RegisterWork("settings/save", [](benchmark::State& state) {
         SettingsInfoClass settings;
-        for (auto _ : state) {
+        TimeWork(state, [&] {
             // Preferences that did not change would not be written at all.
             settings.DisplayWidth(settings.DisplayWidth() == kWidths[0] ? kWidths[1] : kWidths[0]);
             settings.SaveSettingsToDisk();
-        }
+        });
     });
-    benchmark::RegisterBenchmark("settings/save/SimpleIni", [peer](benchmark::State& state) {
+    RegisterWork("settings/save/SimpleIni", [peer](benchmark::State& state) {
         Preferences settings = SettingsInfoClass().Value();
-        for (auto _ : state) {
+        TimeWork(state, [&] {
             settings.DisplayWidth = settings.DisplayWidth == kWidths[0] ? kWidths[1] : kWidths[0];
             saveWithSimpleIni(settings, peer);
-        }
+        });
     });
 }
 

@@ -9,10 +9,16 @@ namespace qrtVistrelClasses4::bench {
 
 /// Loading and saving playfiles, and how both grow with the number of frames.
 std::vector<Ratio> PlayfileSubject(const BenchFolder& folder);
+/// Loading a playfile whose pictures are gone.
+std::vector<Ratio> ReferencesSubject(const BenchFolder& folder);
+/// Reading all properties of playfiles and signs. The library's home must be the folder.
+std::vector<Ratio> WalkSubject(const BenchFolder& folder);
 /// Exporting playfiles as XML.
 std::vector<Ratio> XmlSubject(const BenchFolder& folder);
 /// Inserting, deleting and moving frames.
 std::vector<Ratio> EditSubject(const BenchFolder& folder);
+/// Inserting, adding and removing one record after another, thousands of them.
+std::vector<Ratio> RepeatedEditSubject();
 /// Loading, saving and searching lists of signs. The library's home must be the folder.
 std::vector<Ratio> DisplaysSubject(const BenchFolder& folder);
 /// Rewriting placeholders of older texts; loading and saving the table of commands. The library's home must

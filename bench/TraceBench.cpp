@@ -1,5 +1,6 @@
 // A property costs as little with the call trace as it does without.
 #include "bench/Subjects.h"
+#include "bench/Timing.h"
 #include <qrtVistrelClasses4/CallTrace.h>
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 
@@ -26,15 +27,14 @@ private:
 
 template <class Access>
 std::string registerAccess(const std::string& name, bool traceOn, Access access) {
-    benchmark::RegisterBenchmark(name.c_str(), [traceOn, access](benchmark::State& state) {
+    RegisterWork(name, [traceOn, access](benchmark::State& state) {
         const TraceSwitch traceSwitch(traceOn);
         FrameInfoClass frames;
         frames.CurrentFrame(1);
         frames.FrameName(kText);
         frames.AudioFile(kText);
         Require(frames.FrameName() == frames.AudioFile(), "the properties hold different texts");
-        for (auto _ : state)
-            access(frames);
+        TimeWork(state, [&] { access(frames); });
     });
     return name;
 }

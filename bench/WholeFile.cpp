@@ -22,13 +22,33 @@ WholeFile ReadWholeFile(const std::string& path) {
     return whole;
 }
 
-void WriteNewFile(const std::string& path, std::string_view bytes) {
-    ::unlink(path.c_str());
+namespace {
+
+/// Makes the file with one `write`, and returns it open.
+int writeNew(const std::string& path, std::string_view bytes) {
     const int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
     Require(file != -1, "cannot make " + path);
     Require(::write(file, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size()),
             "cannot write " + path);
-    ::close(file);
+    return file;
+}
+
+} // namespace
+
+void WriteNewFile(const std::string& path, std::string_view bytes) {
+    ::unlink(path.c_str());
+    ::close(writeNew(path, bytes));
+}
+
+void WriteDurably(const std::string& path, std::string_view bytes) {
+    const std::string beside = path + ".new";
+    const int file = writeNew(beside, bytes);
+    Require(::fsync(file) == 0 && ::close(file) == 0, "cannot flush " + beside);
+    Require(::rename(beside.c_str(), path.c_str()) == 0, "cannot replace " + path);
+    const std::string folderPath = path.substr(0, path.rfind('/') + 1);
+    const int folder = ::open(folderPath.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    Require(folder != -1 && ::fsync(folder) == 0, "cannot flush the folder of " + path);
+    ::close(folder);
 }
 
 std::size_t CountLineEnds(std::string_view text) {

@@ -20,6 +20,10 @@ WholeFile ReadWholeFile(const std::string& path);
 /// Makes a new file, in place of the one that is there, with one `write`.
 void WriteNewFile(const std::string& path, std::string_view bytes);
 
+/// Saves so that a power cut leaves the old file or the new one: one `write` to a file beside it, flushed,
+/// renamed, and the folder flushed.
+void WriteDurably(const std::string& path, std::string_view bytes);
+
 /// Looks for each with `memchr`.
 std::size_t CountLineEnds(std::string_view text);
 

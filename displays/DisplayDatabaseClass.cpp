@@ -3,6 +3,7 @@
 #include "displays/DisplayProcedures.h"
 #include "frame/Conversions.h"
 #include "frame/Traced.h"
+#include "platform/LetterCase.h"
 
 #include <type_traits>
 #include <utility>
@@ -88,7 +89,12 @@ template <class Row>
 typename Row::Property DisplayDatabaseClass::readAndStoreRow(const Row& row) {
     return onProperty(row.access, propertyGet(row.name), [&] {
         auto& sign = current<DisplayRecord>();
-        return sign.*row.member = row.get(sign);
+        typename Row::Value value = row.get(sign);
+        if (sign.*row.member != value) {
+            sign.*row.member = value;
+            noteChange(row);
+        }
+        return value;
     });
 }
 template <class Row>
@@ -101,9 +107,17 @@ void DisplayDatabaseClass::writeRow(const Row& row, const typename Row::Property
                 row.set(current<DisplayRecord>(), number);
             } else {
                 row.set(current<typename Row::Record>(), vData);
+                noteChange(row);
             }
         },
         Arg{"vData", vData});
+}
+
+template <class Row>
+void DisplayDatabaseClass::noteChange(const Row& row) {
+    if constexpr (std::is_same_v<decltype(row.member), std::string DisplayRecord::*>)
+        if (row.member == &DisplayRecord::DisplayName)
+            names_.forget();
 }
 
 // For the types of rows that the tables have.
@@ -146,6 +160,44 @@ void DisplayDatabaseClass::CurrentBrightnessScheduleNumber(std::int16_t vData) {
         Arg{"vData", vData});
 }
 
+// Finding signs.
+
+std::optional<std::int16_t> DisplayDatabaseClass::NameIndex::find(const SignList& list,
+                                                                  const std::string& name) {
+    constexpr int searchesWorthAnIndex = 16; // take about as long as making one
+    if (numbers_.empty() && ++searches_ < searchesWorthAnIndex)
+        return list.find(name);
+    if (numbers_.empty())
+        numbers_ = numbersOf(list);
+    const auto found = numbers_.find(AnsiUpperCase(name));
+    return found == numbers_.end() ? std::nullopt : std::optional(found->second);
+}
+
+auto DisplayDatabaseClass::NameIndex::numbersOf(const SignList& list) -> Numbers {
+    Numbers numbers;
+    const std::int32_t count = list.count();
+    for (std::int32_t number = 1; number <= count; ++number)
+        numbers.try_emplace(AnsiUpperCase(list.signs.at(number).DisplayName),
+                            static_cast<std::int16_t>(number));
+    return numbers;
+}
+
+void DisplayDatabaseClass::NameIndex::noteAdded(const SignList& list, std::int16_t number) noexcept {
+    if (number == 1) // the others have been removed
+        return forget();
+    try {
+        if (!numbers_.empty())
+            numbers_.try_emplace(AnsiUpperCase(list.signs.at(number).DisplayName), number);
+    } catch (...) { // no memory, but the sign has been added
+        forget();
+    }
+}
+
+void DisplayDatabaseClass::NameIndex::forget() noexcept {
+    numbers_.clear();
+    searches_ = 0;
+}
+
 // The list. Members that find, add or remove a sign also show a call of `TotalDisplays` on the trace.
 
 std::int16_t DisplayDatabaseClass::TotalDisplays() const {
@@ -157,7 +209,7 @@ std::int16_t DisplayDatabaseClass::FindDisplayByName(const std::string& theName)
         DisplayFunction("FindDisplayByName"),
         [&] {
             (void)TotalDisplays();
-            return list_.find(theName).value_or(kNoDisplay);
+            return names_.find(list_, theName).value_or(kNoDisplay);
         },
         Arg{"theName", theName});
 }
@@ -173,7 +225,9 @@ std::int16_t DisplayDatabaseClass::AddNewDisplay(const std::string& DisplayName)
             if (!isFree(DisplayName))
                 return kNoDisplay;
             (void)TotalDisplays();
-            return list_.addUnchecked(DisplayName);
+            const std::int16_t number = list_.addUnchecked(DisplayName);
+            names_.noteAdded(list_, number);
+            return number;
         },
         Arg{"DisplayName", DisplayName});
 }
@@ -184,6 +238,7 @@ bool DisplayDatabaseClass::RemoveDisplay(std::int16_t displayNumber) {
         [&] {
             (void)TotalDisplays();
             list_.remove(displayNumber);
+            names_.forget();
             return false;
         },
         Arg{"displayNumber", displayNumber});
@@ -198,7 +253,9 @@ std::int32_t DisplayDatabaseClass::Duplicate(const std::string& OriginalDisplayN
             if (original < 1 || !isFree(NewDisplayName))
                 return kNoDisplay;
             (void)TotalDisplays();
-            return list_.duplicateUnchecked(original, NewDisplayName);
+            const std::int16_t number = list_.duplicateUnchecked(original, NewDisplayName);
+            names_.noteAdded(list_, number);
+            return number;
         },
         Arg{"NewDisplayName", NewDisplayName});
 }

@@ -35,6 +35,9 @@ constexpr SignTypes kSignTypes[] = {
 constexpr std::string_view kUnknownSignType = "Generic";
 
 bool readsAsPlainNumber(const std::string& text) {
+    constexpr std::string_view numbersStartWith = "-.0123456789";
+    if (text.empty() || numbersStartWith.find(text.front()) == numbersStartWith.npos)
+        return false;
     try {
         const auto number = ParseNumber(text);
         return number && NumberToText(*number) == text;

@@ -111,6 +111,7 @@ void DisplayDatabaseClass::readDisplays(std::string& sFileName) {
     if (!path)
         return; // the error has been reported, and it is not known where the list is
     sFileName = *path;
+    names_.forget();
     const SignListReading reading = ReadSignList(sFileName, list_);
     if (reading.error)
         throw reading.error->error;

@@ -112,30 +112,4 @@ void QuotedLineWriter::putPlainLine(std::string_view line) {
     text_.appendLiteral("\r\n");
 }
 
-void QuotedLineWriter::put(std::string_view text) {
-    if (text.empty()) // as most are
-        return text_.appendLiteral("\"\"\r\n");
-    text_.appendLiteral("\"");
-    text_.appendReplacing(text, kQuote, kStoredQuote);
-    text_.appendLiteral("\"\r\n");
-}
-
-void QuotedLineWriter::put(std::int32_t number) {
-    text_.appendLiteral("\"");
-    text_.append(number);
-    text_.appendLiteral("\"\r\n");
-}
-
-void QuotedLineWriter::put(double number) {
-    NumberBuffer digits;
-    put(FormatNumber(number, digits));
-}
-
-void QuotedLineWriter::putFlag(bool flag) {
-    if (flag)
-        text_.appendLiteral("\"True\"\r\n");
-    else
-        text_.appendLiteral("\"False\"\r\n");
-}
-
 } // namespace qrtVistrelClasses4

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "frame/BufferedText.h"
+#include "frame/Conversions.h"
 
 #include <concepts>
 #include <cstddef>
@@ -55,17 +56,33 @@ public:
 
     /// Writes a line as it is, without quotes.
     void putPlainLine(std::string_view line);
-    void put(std::string_view text);
-    void put(std::int32_t number);
-    void put(double number);
-    /// Takes nothing but a flag, because a text literal would convert to one.
-    void put(std::same_as<bool> auto flag) { putFlag(flag); }
+    /// Writes a text, an integer, a `double` or a flag.
+    template <class Value>
+    void put(const Value& value) {
+        text_.appendLiteral("\"");
+        putValue(value);
+        text_.appendLiteral("\"\r\n");
+    }
+    /// Writes a value between two texts, which include its quotes and line ends.
+    template <class Value>
+    void putBetween(std::string_view before, const Value& value, std::string_view after) {
+        text_.append(before);
+        putValue(value);
+        text_.append(after);
+    }
 
     /// Writes the rest.
     void finish() { text_.finish(); }
 
 private:
-    void putFlag(bool flag);
+    void putValue(std::string_view text) { text_.appendReplacing(text, '"', kStoredQuote); }
+    void putValue(std::int32_t number) { text_.append(number); }
+    void putValue(double number) {
+        NumberBuffer digits;
+        putValue(FormatNumber(number, digits));
+    }
+    /// Takes nothing but a flag, because a text literal would convert to one.
+    void putValue(std::same_as<bool> auto flag) { text_.append(flag ? "True" : "False"); }
 
     BufferedText text_;
 };

@@ -15,10 +15,10 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// The tags of an element.
+/// What is written before and after the value of an element: its tags, line ends and quotes.
 struct Element {
     explicit Element(std::string_view name)
-        : opening("<" + std::string(name) + ">"), closing("</" + std::string(name) + ">") {}
+        : opening("<" + std::string(name) + ">\r\n\""), closing("\"\r\n</" + std::string(name) + ">\r\n") {}
     std::string opening;
     std::string closing;
 };
@@ -38,27 +38,25 @@ public:
     explicit XmlWriter(ReplacementFile& file) : out_(file) {}
 
     void putFrame(std::int32_t number, const FrameRecord& frame) {
-        out_.putPlainLine(playFrame_.opening);
+        out_.putPlainLine("<PlayFrame>");
         put(playFrameId_, number);
         putAll(frame, frameElements_);
         put(lineCount_, frame.lines.upperBound());
-        out_.putPlainLine(playFrame_.closing);
+        out_.putPlainLine("</PlayFrame>");
     }
     void putLine(std::int32_t frameNumber, std::int32_t lineNumber, const LineRecord& line) {
-        out_.putPlainLine(playLines_.opening);
+        out_.putPlainLine("<PlayLines>");
         put(playFrameId_, frameNumber);
         put(playLineId_, lineNumber);
         putAll(line, lineElements_);
-        out_.putPlainLine(playLines_.closing);
+        out_.putPlainLine("</PlayLines>");
     }
     void finish() { out_.finish(); }
 
 private:
     template <class Value>
     void put(const Element& element, const Value& value) {
-        out_.putPlainLine(element.opening);
-        out_.put(value);
-        out_.putPlainLine(element.closing);
+        out_.putBetween(element.opening, value, element.closing);
     }
     template <class Record>
     void putAll(const Record& record, const std::vector<Element>& elements) {
@@ -73,10 +71,8 @@ private:
     }
 
     QuotedLineWriter out_;
-    Element playFrame_{"PlayFrame"};
     Element playFrameId_{"PlayFrameID"};
     Element lineCount_{"Line_Count"};
-    Element playLines_{"PlayLines"};
     Element playLineId_{"PlayLineID"};
     std::vector<Element> frameElements_ = elementsOf<FrameRecord>();
     std::vector<Element> lineElements_ = elementsOf<LineRecord>();

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <unordered_map>
 
 namespace qrtVistrelClasses4 {
 
@@ -244,6 +245,9 @@ private:
     typename Row::Property readAndStoreRow(const Row& row);
     template <class Row>
     void writeRow(const Row& row, const typename Row::Property& vData);
+    /// To be called after a member has got another value.
+    template <class Row>
+    void noteChange(const Row& row);
 
     /// The sign, or the brightness schedule, under the cursors of `self`.
     template <class Record, class Self>
@@ -253,11 +257,31 @@ private:
     template <class Record>
     Record& current();
 
+    /// Numbers of the signs by name, made once many names have been looked for without a change of names in
+    /// between: adding thousands of signs would otherwise compare each name with all others.
+    class NameIndex {
+    public:
+        /// What `list.find` returns.
+        std::optional<std::int16_t> find(const SignList& list, const std::string& name);
+        /// To be called after sign `number` has been added as the last one.
+        void noteAdded(const SignList& list, std::int16_t number) noexcept;
+        /// To be called after any other change of names or numbers.
+        void forget() noexcept;
+
+    private:
+        using Numbers = std::unordered_map<std::string, std::int16_t>; ///< By name in upper case.
+        static Numbers numbersOf(const SignList& list);
+
+        Numbers numbers_;  ///< Empty if not made.
+        int searches_ = 0; ///< Since `forget`.
+    };
+
     bool isFree(const std::string& name) const;
     void writeDisplays(std::string& sFileName);
     void readDisplays(std::string& sFileName);
 
     SignList list_;
+    mutable NameIndex names_;
     std::int16_t currentDisplayNumber_ = 0;
     std::int16_t currentScheduleNumber_ = 0;
     std::optional<HalfWrittenList> halfWritten_;

@@ -33,7 +33,7 @@ TEST_F(Allocation, IsNotMadeForWhatMovesOrIsPassedBy) {
     EXPECT_LE(AllocationsIn([&] { frames.InsertFrame(); }), 2) << "a longer array, and the new frame's line";
     EXPECT_EQ(AllocationsIn([&] { frames.MoveFrame(1, 501); }), 0);
     EXPECT_EQ(AllocationsIn([&] { frames.DeleteCurrentFrame(); }), 0);
-    EXPECT_EQ(AllocationsIn([&] { displays.FindDisplayByName(text); }), 0);
+    EXPECT_LE(AllocationsIn([&] { displays.FindDisplayByName(text); }), 1) << "the name in upper case";
 }
 
 } // namespace
