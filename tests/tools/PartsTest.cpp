@@ -1,4 +1,5 @@
 // Parts of the program, with what no session can show.
+#include "platform/memory/KeptBytes.h"
 #include "tools/fonts/FontScaling.h"
 #include "tools/preview/PngFile.h"
 #include "tools/program/Encoding.h"
