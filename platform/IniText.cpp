@@ -3,6 +3,7 @@
 #include "platform/NulTerminated.h"
 
 #include <algorithm>
+#include <cstring>
 #include <map>
 #include <utility>
 
@@ -66,14 +67,17 @@ std::string_view withoutByteOrderMark(std::string_view text) {
 
 } // namespace
 
-IniName::IniName(std::string_view text) : text_(text), digest_(text.size()) {
+IniName::IniName(std::string_view text) : text_(text) {
     // Of a long name both ends: keys often differ only in the number at their end.
     std::uint64_t first = 0, last = 0;
-    const std::size_t size = std::min(text.size(), sizeof first);
-    text.copy(reinterpret_cast<char*>(&first), size);
-    text.substr(text.size() - size).copy(reinterpret_cast<char*>(&last), size);
+    if (text.size() >= sizeof first) {
+        std::memcpy(&first, text.data(), sizeof first);
+        std::memcpy(&last, text.data() + text.size() - sizeof last, sizeof last);
+    } else {
+        text.copy(reinterpret_cast<char*>(&first), text.size());
+    }
     constexpr std::uint64_t noCase = 0x2020202020202020, spread = 0x9e3779b97f4a7c15;
-    digest_ = ((digest_ + (first | noCase)) * spread ^ (last | noCase)) * spread;
+    digest_ = ((text.size() + (first | noCase)) * spread ^ (last | noCase)) * spread;
 }
 
 std::weak_ordering IniName::operator<=>(const IniName& other) const {
