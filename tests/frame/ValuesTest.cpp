@@ -1,5 +1,5 @@
-// Values as text, and files of one value after the other: with delimiters between them, or each in quotes on a line of
-// its own.
+// Values as text, and files of one value after the other: with delimiters between them, or each in quotes on
+// a line of its own.
 #include "TestHost.h"
 #include "frame/Conversions.h"
 #include "frame/DelimitedValues.h"
