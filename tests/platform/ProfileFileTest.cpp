@@ -33,6 +33,8 @@ TYPED_TEST(ProfileFileTest, FindsSectionsAndKeys) {
         {"lines before the first section have no name", "k=u\r\n[S]\r\nk=v\r\n", "u", ""},
         {"value ends at a NUL", std::string("[S]\r\nk=a\0b\r\n", 12), "a"},
         {"longer than fits", "[S]\r\nk=" + std::string(300, 'x'), std::string(254, 'x')},
+        {"a bracket in a section's name", "[S]\r\nk=u\r\n[S]x]\r\nk=v\r\n", "v", "S]x"},
+        {"default loses only blanks after it", "", "  64\t", "S", "k", "  64\t  "},
         {"its quotes are taken off", "", " 64 ", "S", "k", "' 64 '"},
         {"no room at all", "", "", "S", "k", "64", 0},
     };
