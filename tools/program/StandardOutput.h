@@ -4,9 +4,9 @@
 #include "platform/Console.h"
 
 #include <cstddef>
+#include <memory>
 #include <streambuf>
 #include <string_view>
-#include <vector>
 
 namespace qrtVistrelClasses4 {
 
@@ -29,14 +29,14 @@ private:
         return traits_type::eq_int_type(next, traits_type::eof()) ? traits_type::not_eof(next)
                                                                   : sputc(traits_type::to_char_type(next));
     }
-    void startPiece() { setp(piece_.data(), piece_.data() + piece_.size()); }
+    void startPiece() { setp(piece_.get(), piece_.get() + kPieceSize); }
     void handOn() {
         const std::string_view piece(pbase(), static_cast<std::size_t>(pptr() - pbase()));
         hasFailed_ = hasFailed_ || console_.write(StandardStream::output, piece) != SystemError::none;
         startPiece();
     }
 
-    std::vector<char> piece_ = std::vector<char>(kPieceSize);
+    std::unique_ptr<char[]> piece_ = std::make_unique_for_overwrite<char[]>(kPieceSize);
     Console& console_;
     bool hasFailed_ = false;
 };
