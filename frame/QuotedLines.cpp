@@ -62,14 +62,27 @@ std::string_view QuotedLineReader::value() {
     return result;
 }
 
+/// Takes a line that starts and ends with a quote. `text` is what `value` would return.
+bool QuotedLineReader::takeQuotedLine(std::string_view& text) {
+    constexpr std::size_t shortest = 1 + kQuotedLineEnd.size();
+    const std::size_t size = rest_.find('\n') + 1;
+    if (size < shortest || rest_.front() != kQuote || !rest_.substr(0, size).ends_with(kQuotedLineEnd))
+        return false;
+    text = rest_.substr(1, size - shortest);
+    rest_.remove_prefix(size);
+    return true;
+}
+
 void QuotedLineReader::get(std::string& text) {
     current_ = rest_.data();
     if (TakeLine(rest_, "\"\"\r\n")) {
         text.clear();
         return;
     }
-    text.assign(value());
-    std::replace(text.begin(), text.end(), kStoredQuote, kQuote);
+    std::string_view line;
+    text.assign(takeQuotedLine(line) ? line : value());
+    if (text.find(kStoredQuote) != text.npos)
+        std::replace(text.begin(), text.end(), kStoredQuote, kQuote);
 }
 
 void QuotedLineReader::get(std::int16_t& number) {

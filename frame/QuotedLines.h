@@ -43,6 +43,8 @@ public:
     std::size_t lineNumber() const;
 
 private:
+    bool takeQuotedLine(std::string_view& text);
+
     std::string_view text_;
     std::string_view rest_;
     const char* current_; ///< Where the value asked for last begins.
