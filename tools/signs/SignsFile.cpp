@@ -12,8 +12,8 @@ namespace {
 
 constexpr const char* kFileName = "Displays.dat";
 
-/// Brings the list into the form that it has after each property was read. Removes a blank record at the end:
-/// it stands for a list without signs, or for a sign that could not be read at all.
+/// Brings the list into the form that it has after each property was read. Removes a blank record at the end,
+/// which a list without signs has, and one of which the last sign could not be read at all.
 void tidy(SignList& list) {
     const std::int32_t last = list.signs.upperBound();
     if (last > 0 && list.signs.at(last) == DisplayRecord())
