@@ -148,10 +148,8 @@ ExitCode setCommand(const CommandsOptions& options, Session& session) {
 
 } // namespace
 
-void AddCommandsCommand(CLI::App& program, Session& session) {
+void SetUpCommandsCommand(CLI::App& commands, Session& session) {
     const auto options = std::make_shared<CommandsOptions>();
-    CLI::App& commands = AddCommand(program, "commands", "Shows and changes the table of the sign's commands",
-                                    "vistrel commands set \"##BELL\" 07");
     commands.require_subcommand(1);
     commands.footer(
         "The table is read where it was saved last, at first db/VistrelLite.dat in the folder of the "

@@ -53,10 +53,8 @@ ExitCode convert(const TextOptions& options, Session& session) {
 
 } // namespace
 
-void AddTextCommand(CLI::App& program, Session& session) {
+void SetUpTextCommand(CLI::App& text, Session& session) {
     const auto options = std::make_shared<TextOptions>();
-    CLI::App& text = AddCommand(program, "text", "Shows and converts the codes in texts",
-                                "vistrel text preview \"It is |h:m|\"");
     text.require_subcommand(1);
     CLI::App& previewCommand = AddCommand(
         text, "preview", "Shows a text as the preview does, with times, dates and variables for codes",

@@ -131,11 +131,10 @@ ExitCode showEffects(const bool& json, Session& session) {
 
 } // namespace
 
-void AddEffectsCommand(CLI::App& program, Session& session) {
+void SetUpEffectsCommand(CLI::App& command, Session& session) {
     const auto json = std::make_shared<bool>(false);
-    AddCommand(program, "effects", "Shows the effect codes, and which of them lists offer now",
-               "vistrel effects --home site", session, json, &showEffects)
-        .add_flag("--json", *json, "Prints an array of effects");
+    SetAction(command, session, json, &showEffects);
+    command.add_flag("--json", *json, "Prints an array of effects");
 }
 
 } // namespace qrtVistrelClasses4

@@ -157,10 +157,8 @@ ExitCode check(const FontOptions& options, Session& session) {
 
 } // namespace
 
-void AddFontCommand(CLI::App& program, Session& session) {
+void SetUpFontCommand(CLI::App& font, Session& session) {
     const auto options = std::make_shared<FontOptions>();
-    CLI::App& font = AddCommand(program, "font", "Shows, makes and checks the fonts of signs",
-                                "vistrel font show bin/6x8.cmd");
     font.require_subcommand(1);
     const auto add = [&](const char* name, auto run, const char* description, const char* example) {
         return &AddCommand(font, name, description, example, session, options, run);

@@ -101,11 +101,9 @@ ExitCode convert(const ConvertOptions& options, Session& session) {
 
 } // namespace
 
-void AddConvertCommand(CLI::App& program, Session& session) {
+void SetUpConvertCommand(CLI::App& command, Session& session) {
     const auto options = std::make_shared<ConvertOptions>();
-    CLI::App& command =
-        AddCommand(program, "convert", "Saves playfiles of the older format (PL2) as current ones",
-                   "vistrel convert old/*.PL2 --to new", session, options, &convert);
+    SetAction(command, session, options, &convert);
     command
         .add_option("FILES", options->files,
                     "The playfiles; bad ones are reported and left out. What a frame loses is reported, too, "

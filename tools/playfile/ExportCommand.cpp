@@ -30,11 +30,9 @@ ExitCode exportXml(const ExportOptions& options, Session& session) {
 
 } // namespace
 
-void AddExportCommand(CLI::App& program, Session& session) {
+void SetUpExportCommand(CLI::App& command, Session& session) {
     const auto options = std::make_shared<ExportOptions>();
-    CLI::App& command =
-        AddCommand(program, "export", "Writes the frames of a playfile as XML for other tools",
-                   "vistrel export harbour.playfile --out harbour", session, options, &exportXml);
+    SetAction(command, session, options, &exportXml);
     command.add_option("FILE", options->file, "The playfile")->required();
     command.add_option("--out", options->out,
                        "Name to write to, without the \".xml\" that is added; else the playfile's own");

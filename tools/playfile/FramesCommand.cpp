@@ -200,11 +200,8 @@ ExitCode editFrames(const FramesOptions& options, Session& session) {
 
 } // namespace
 
-void AddFramesCommand(CLI::App& program, Session& session) {
+void SetUpFramesCommand(CLI::App& frames, Session& session) {
     const auto options = std::make_shared<FramesOptions>();
-    CLI::App& frames =
-        AddCommand(program, "frames", "Inserts, deletes, moves and copies frames of a playfile",
-                   "vistrel frames harbour.playfile move 2 5 --out new.playfile");
     frames.require_subcommand(1);
     frames
         .add_option("FILE", options->file,

@@ -161,11 +161,9 @@ ExitCode inspect(const InspectOptions& options, Session& session) {
 
 } // namespace
 
-void AddInspectCommand(CLI::App& program, Session& session) {
+void SetUpInspectCommand(CLI::App& command, Session& session) {
     const auto options = std::make_shared<InspectOptions>();
-    CLI::App& command = AddCommand(program, "inspect",
-                                   "Shows the records of a playfile of the older format (PL2) as they are",
-                                   "vistrel inspect lobby.PL2", session, options, &inspect);
+    SetAction(command, session, options, &inspect);
     command.add_option("FILE", options->file, "The playfile, whatever its name ends in")->required();
     command.add_flag("--json", options->json, "Prints the records with all their unknown bytes");
 }

@@ -20,10 +20,9 @@ ExitCode save(const SaveOptions& options, Session& session) {
 
 } // namespace
 
-void AddSaveCommand(CLI::App& program, Session& session) {
+void SetUpSaveCommand(CLI::App& command, Session& session) {
     const auto options = std::make_shared<SaveOptions>();
-    CLI::App& command = AddCommand(program, "save", "Opens a playfile and saves it under another name",
-                                   "vistrel save harbour.playfile pier.playfile", session, options, &save);
+    SetAction(command, session, options, &save);
     command.add_option("IN", options->from, "The playfile to open")->required();
     command.add_option("OUT", options->to, "The file to save; an existing file is replaced")->required();
     AddAnswerOptions(command, options->answers);

@@ -159,10 +159,9 @@ ExitCode show(const ShowOptions& options, Session& session) {
 
 } // namespace
 
-void AddShowCommand(CLI::App& program, Session& session) {
+void SetUpShowCommand(CLI::App& command, Session& session) {
     const auto options = std::make_shared<ShowOptions>();
-    CLI::App& command = AddCommand(program, "show", "Shows the frames of a playfile",
-                                   "vistrel show harbour.playfile --frame 2", session, options, &show);
+    SetAction(command, session, options, &show);
     command.add_option("FILE", options->file, "The playfile")->required();
     command
         .add_option("--frame", options->frame, "Shows one frame with all its properties and lines; from 1")

@@ -240,11 +240,9 @@ ExitCode preview(const PreviewOptions& options, Session& session) {
 
 } // namespace
 
-void AddPreviewCommand(CLI::App& program, Session& session) {
+void SetUpPreviewCommand(CLI::App& command, Session& session) {
     const auto options = std::make_shared<PreviewOptions>();
-    CLI::App& command =
-        AddCommand(program, "preview", "Shows frames of a playfile as a sign does",
-                   "vistrel preview harbour.playfile --sheet --out harbour.png", session, options, &preview);
+    SetAction(command, session, options, &preview);
     command.add_option("FILE", options->file, "The playfile")->required();
     auto* frame = command.add_option("--frame", options->frame, "The frame to show, from 1; else the first")
                       ->check(CLI::Range(1, kMost16Bit));

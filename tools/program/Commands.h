@@ -10,6 +10,7 @@
 #include <memory>
 #include <ostream>
 #include <string>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 
@@ -37,13 +38,30 @@ private:
     std::string example_;
 };
 
-/// A new command below `parent`, which may itself be one.
+/// Gives `command` what every command has: help that starts with `example`, and "--home" anywhere.
+inline void SetUpCommon(CLI::App& command, const std::string& example) {
+    command.formatter(std::make_shared<ExampleFirst>(example));
+    command.fallthrough(); // to "--home", which is the program's
+    command.footer("As with every command, --home DIR keeps it to the settings and files of that folder.");
+}
+
+/// Makes `command` run `action`.
+inline void SetAction(CLI::App& command, Session& session, std::function<ExitCode()> action) {
+    command.callback([action = std::move(action), &session] { session.command = action; });
+}
+
+/// The same for `run(options, session)`.
+template <class Options>
+void SetAction(CLI::App& command, Session& session, std::shared_ptr<Options> options,
+               ExitCode (*run)(const Options& options, Session& session)) {
+    SetAction(command, session, [=, &session] { return run(*options, session); });
+}
+
+/// A new command below `parent`, for example "list" below "signs".
 inline CLI::App& AddCommand(CLI::App& parent, const std::string& name, const std::string& description,
                             const std::string& example) {
     CLI::App* command = parent.add_subcommand(name, description);
-    command->formatter(std::make_shared<ExampleFirst>(example));
-    command->fallthrough(); // so that "--home" may be anywhere
-    command->footer("As with every command, --home DIR keeps it to the settings and files of that folder.");
+    SetUpCommon(*command, example);
     return *command;
 }
 
@@ -53,7 +71,7 @@ CLI::App& AddCommand(CLI::App& parent, const std::string& name, const std::strin
                      const std::string& example, Session& session, std::shared_ptr<Options> options,
                      ExitCode (*run)(const Options& options, Session& session)) {
     CLI::App& command = AddCommand(parent, name, description, example);
-    command.callback([=, &session] { session.command = [=, &session] { return run(*options, session); }; });
+    SetAction(command, session, options, run);
     return command;
 }
 
@@ -62,19 +80,32 @@ inline std::string Counted(std::integral auto count, const std::string& noun) {
     return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
-void AddShowCommand(CLI::App& program, Session& session);
-void AddSaveCommand(CLI::App& program, Session& session);
-void AddExportCommand(CLI::App& program, Session& session);
-void AddPreviewCommand(CLI::App& program, Session& session);
-void AddFramesCommand(CLI::App& program, Session& session);
-void AddConvertCommand(CLI::App& program, Session& session);
-void AddInspectCommand(CLI::App& program, Session& session);
-void AddSignsCommand(CLI::App& program, Session& session);
-void AddCommandsCommand(CLI::App& program, Session& session);
-void AddTextCommand(CLI::App& program, Session& session);
-void AddRecentCommand(CLI::App& program, Session& session);
-void AddSettingsCommand(CLI::App& program, Session& session);
-void AddEffectsCommand(CLI::App& program, Session& session);
-void AddFontCommand(CLI::App& program, Session& session);
+/// A command of the program.
+struct Command {
+    const char* name;
+    const char* description; ///< One line of the program's help.
+    const char* example;     ///< The first line of the command's own help.
+    /// Adds arguments, options and the commands below it.
+    void (*setUp)(CLI::App& command, Session& session);
+};
+
+/// Adds all commands to `program`, in the order of its help. Options take most of the time of a start, so a
+/// command gets its own only when the parser comes to its name.
+void AddCommands(CLI::App& program, Session& session);
+
+void SetUpShowCommand(CLI::App& command, Session& session);
+void SetUpSaveCommand(CLI::App& command, Session& session);
+void SetUpExportCommand(CLI::App& command, Session& session);
+void SetUpPreviewCommand(CLI::App& command, Session& session);
+void SetUpFramesCommand(CLI::App& command, Session& session);
+void SetUpConvertCommand(CLI::App& command, Session& session);
+void SetUpInspectCommand(CLI::App& command, Session& session);
+void SetUpSignsCommand(CLI::App& command, Session& session);
+void SetUpCommandsCommand(CLI::App& command, Session& session);
+void SetUpTextCommand(CLI::App& command, Session& session);
+void SetUpRecentCommand(CLI::App& command, Session& session);
+void SetUpSettingsCommand(CLI::App& command, Session& session);
+void SetUpEffectsCommand(CLI::App& command, Session& session);
+void SetUpFontCommand(CLI::App& command, Session& session);
 
 } // namespace qrtVistrelClasses4

@@ -60,20 +60,7 @@ ExitCode runProgram(const std::vector<std::string>& arguments, Console& console)
             "--home", home,
             "Folder that holds settings, INI files and fonts, in place of the system's and the user's own")
         ->check(CLI::Validator(&faultOfFolder, "DIR"));
-    AddShowCommand(program, session);
-    AddSaveCommand(program, session);
-    AddExportCommand(program, session);
-    AddPreviewCommand(program, session);
-    AddFramesCommand(program, session);
-    AddConvertCommand(program, session);
-    AddInspectCommand(program, session);
-    AddSignsCommand(program, session);
-    AddCommandsCommand(program, session);
-    AddTextCommand(program, session);
-    AddRecentCommand(program, session);
-    AddSettingsCommand(program, session);
-    AddEffectsCommand(program, session);
-    AddFontCommand(program, session);
+    AddCommands(program, session);
     try {
         program.parse(std::vector<std::string>(arguments.rbegin(),
                                                arguments.rend())); // the parser takes them from the end

@@ -80,10 +80,8 @@ ExitCode remove(const RecentOptions& options, Session& session) { return change(
 
 } // namespace
 
-void AddRecentCommand(CLI::App& program, Session& session) {
+void SetUpRecentCommand(CLI::App& recent, Session& session) {
     const auto options = std::make_shared<RecentOptions>();
-    CLI::App& recent = AddCommand(program, "recent", "Shows and changes the list of the files opened last",
-                                  "vistrel recent list");
     recent.require_subcommand(1);
     recent.add_flag("--json", options->json, "Prints an array of names");
     AddCommand(recent, "list", "Shows the names, the newest first", "vistrel recent list --json", session,

@@ -127,10 +127,8 @@ ExitCode set(const SettingsOptions& options, Session& session) {
 
 } // namespace
 
-void AddSettingsCommand(CLI::App& program, Session& session) {
+void SetUpSettingsCommand(CLI::App& settings, Session& session) {
     const auto options = std::make_shared<SettingsOptions>();
-    CLI::App& settings = AddCommand(program, "settings", "Shows and changes the application's preferences",
-                                    "vistrel settings set DisplayHeight 32");
     settings.require_subcommand(1);
     AddCommand(settings, "list", "Shows every setting", "vistrel settings list --home site", session, options,
                &list)

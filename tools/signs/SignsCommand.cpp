@@ -218,10 +218,8 @@ ExitCode changeSigns(const Change& change, const SignsOptions& options, Session&
 
 } // namespace
 
-void AddSignsCommand(CLI::App& program, Session& session) {
+void SetUpSignsCommand(CLI::App& signs, Session& session) {
     const auto options = std::make_shared<SignsOptions>();
-    CLI::App& signs = AddCommand(program, "signs", "Shows and changes the list of signs of a site",
-                                 "vistrel signs set \"Pier 1\" DisplayWidth=192");
     signs.require_subcommand(1);
     signs.add_flag("--json", options->json, "Prints JSON: signs with every property, or what was done");
     signs.footer(
@@ -230,9 +228,7 @@ void AddSignsCommand(CLI::App& program, Session& session) {
 
     const auto add = [&](const char* name, auto run, const char* description, const char* example) {
         CLI::App& command = AddCommand(signs, name, description, example);
-        command.callback([run, options, &session] {
-            session.command = [run, options, &session] { return run(*options, session); };
-        });
+        SetAction(command, session, [run, options, &session] { return run(*options, session); });
         return &command;
     };
     const auto addChange = [&](const char* name, Change change, const char* description,
