@@ -21,6 +21,12 @@ public:
 
     std::string path() const { return path_.string(); }
     std::string file(const std::string& name) const { return (path_ / name).string(); }
+    /// A new folder for a library to live in, which holds the fonts of signs.
+    std::string homeWithFonts(const std::string& name) const {
+        std::filesystem::create_directory(path_ / name);
+        std::filesystem::copy(QRT_SAMPLES_FOLDER "/bin", path_ / name / "bin");
+        return file(name);
+    }
     bool isInMemory() const { return inMemory_; }
 
 private:

@@ -1,25 +1,35 @@
 // Commands of the sign: placeholders of older texts, against passes over the text; the table of commands,
-// load and save, against the least that reading and writing can cost.
+// load, save, search and preview, against a hash table, careful code for the same job, and the least that
+// reading and writing can cost.
+#include "bench/CarefulCommands.h"
 #include "bench/Dice.h"
 #include "bench/OlderTexts.h"
 #include "bench/Subjects.h"
 #include "bench/Timing.h"
 #include "bench/WholeFile.h"
 #include "commands/LegacyVariables.h"
+#include "commands/PreviewText.h"
 #include "settings/RegistrySettings.h"
 #include <qrtVistrelClasses4/clsCommandInterface.h>
 
 #include <algorithm>
+#include <unordered_map>
 
 namespace qrtVistrelClasses4::bench {
 namespace {
 
-constexpr double kMostOfPasses = 0.05;
+constexpr double kMostOfPasses = 0.1;
 constexpr double kMostOfCopying = 18;
-constexpr double kMostOfReading = 15;
+constexpr double kMostOfCarefulConverter = 1.3;
+constexpr double kMostOfReading = 28;
 constexpr double kMostOfWriting = 20;
+constexpr double kUsualOfLimit = 10;
+constexpr double kMostOfCareful = 1.2;
+constexpr double kMostOfMap = 2.5;
+constexpr double kUsualOfMap = 1.3;
 
 constexpr std::int16_t kCommands = 20000;
+constexpr unsigned kKeysToOneMissing = 10; ///< Of the keys that are looked up, so many are in the table.
 
 std::string replaceInPasses(std::string text, const std::vector<Replacement>& replacements) {
     for (const auto& [placeholder, code] : replacements)
@@ -44,13 +54,25 @@ void registerLegacy() {
                 benchmark::DoNotOptimize(ConvertLegacyVariables(text));
         });
     });
-    RegisterWork("legacy/passes", [texts, replacements](benchmark::State& state) {
+    RegisterWork("legacy/convert/passes", [texts, replacements](benchmark::State& state) {
         TimeWork(state, [&] {
             for (const std::string& text : texts)
                 benchmark::DoNotOptimize(replaceInPasses(text, replacements));
         });
     });
-    RegisterWork("legacy/limit", [texts](benchmark::State& state) {
+    const CarefulConverter careful;
+    Require(std::ranges::all_of(texts,
+                                [&](const std::string& text) {
+                                    return careful.converted(text) == ConvertLegacyVariables(text);
+                                }),
+            "careful code makes other texts");
+    RegisterWork("legacy/convert/careful", [texts, careful](benchmark::State& state) {
+        TimeWork(state, [&] {
+            for (const std::string& text : texts)
+                benchmark::DoNotOptimize(careful.converted(text));
+        });
+    });
+    RegisterWork("legacy/convert/limit", [texts](benchmark::State& state) {
         TimeWork(state, [&] {
             for (const std::string& text : texts) {
                 const std::string copy = text;
@@ -98,15 +120,95 @@ void registerTable(const std::string& path) {
     RegisterWork("commands/load/limit", [path](benchmark::State& state) {
         TimeWork(state, [&] { benchmark::DoNotOptimize(CountLineEnds(ReadWholeFile(path).text())); });
     });
-    RegisterWork("commands/save/limit", [path](benchmark::State& state) {
-        const WholeFile finished = ReadWholeFile(path);
-        TimeWork(state, [&] { WriteNewFile(path, finished.text()); });
+    for (const auto& [name, write] : {std::pair("limit", &WriteNewFile), std::pair("durable", &WriteDurably)})
+        RegisterWork("commands/save/" + std::string(name), [path, write](benchmark::State& state) {
+            const WholeFile finished = ReadWholeFile(path);
+            TimeWork(state, [&] { write(path, finished.text()); });
+        });
+    RegisterWork("commands/load/careful", [path](benchmark::State& state) {
+        TimeMaking(state, [&] { return std::make_unique<CarefulCommands>(path); });
+    });
+    RegisterWork("commands/save/careful", [path](benchmark::State& state) {
+        const CarefulCommands commands(path);
+        TimeWork(state, [&] { commands.save(path); });
+    });
+}
+
+/// All keys of the table in any order, with some among them that it lacks.
+std::vector<std::string> keysToFind(const std::vector<CommandInfoType>& commands) {
+    std::vector<std::string> keys;
+    for (const auto& [info] : commands)
+        keys.push_back(info[kCommandKey]);
+    for (std::size_t number = 0; number < commands.size() / kKeysToOneMissing; ++number)
+        keys.push_back("|guest_" + std::to_string(number) + "|");
+    Dice dice;
+    for (std::size_t left = keys.size(); left > 1; --left)
+        std::swap(keys[left - 1], keys[dice.below(left)]);
+    return keys;
+}
+
+using Map = std::unordered_map<std::string, std::string>;
+
+std::string bytesIn(const Map& map, const std::string& key) {
+    const auto found = map.find(key);
+    return found == map.end() ? key : found->second;
+}
+
+/// Each contestant gives the bytes of every key, or the key that it does not have.
+void registerLookup(const std::vector<CommandInfoType>& commands) {
+    auto map = std::make_shared<Map>();
+    for (const auto& [info] : commands)
+        map->emplace(info[kCommandKey], info[kCommandBytes]);
+    const std::vector<std::string> keys = keysToFind(commands);
+    for (const auto table = load(); const std::string& key : keys)
+        Require(table->sCommandBytesByKey(key) == bytesIn(*map, key), "another command is found for " + key);
+    const auto add = [&](const std::string& name, auto make, auto bytesOf) {
+        RegisterWork("commands/lookup" + name, [=](benchmark::State& state) {
+            const auto table = make();
+            TimeWork(state, [&] {
+                for (const std::string& key : keys)
+                    benchmark::DoNotOptimize(bytesOf(*table, key));
+            });
+        });
+    };
+    using Commands = clsCommandInterface;
+    add("", load, [](const Commands& table, const auto& key) { return table.sCommandBytesByKey(key); });
+    add("/value", load, [](const Commands& table, const auto& key) { return table.Value().bytesOf(key); });
+    add(
+        "/unordered_map", [map] { return map; }, &bytesIn);
+}
+
+/// A text with a few commands of the user, which the preview shows as their bytes.
+std::string textToPreview(const std::vector<CommandInfoType>& commands) {
+    Dice dice;
+    std::string text = "Platform ";
+    while (text.size() < kTextSize)
+        text += commands[commands.size() / 2 + dice.below(commands.size() / 2)].sCMDInfo[kCommandKey] +
+                " leaves | at {9} ";
+    return text;
+}
+
+/// Each contestant loads the table, makes the preview of one text, and saves the table.
+void registerPreview(const std::string& path, const std::vector<CommandInfoType>& commands) {
+    const std::string text = textToPreview(commands);
+    const auto previewCarefully = [path, text] {
+        const CarefulCommands table(path);
+        std::string shown = CarefulPreview(table).of(text);
+        table.save(path);
+        return shown;
+    };
+    Require(PreviewText(text, 0) == previewCarefully(), "careful code shows another text");
+    RegisterWork("commands/preview", [text](benchmark::State& state) {
+        TimeWork(state, [&] { benchmark::DoNotOptimize(PreviewText(text, 0)); });
+    });
+    RegisterWork("commands/preview/careful", [previewCarefully](benchmark::State& state) {
+        TimeWork(state, [&] { benchmark::DoNotOptimize(previewCarefully()); });
     });
 }
 
 /// Loading and saving must give back the table, byte for byte.
-void makeTable(const std::string& path) {
-    const std::string table = tableOf(makeCommands());
+void makeTable(const std::string& path, const std::vector<CommandInfoType>& all) {
+    const std::string table = tableOf(all);
     Require(CountLineEnds(table) == kCommands, "the table holds other lines");
     WriteNewFile(path, table);
     WriteSetting(std::string(kVistrelLite), "Commands", "KeyByteFile", path);
@@ -115,6 +217,10 @@ void makeTable(const std::string& path) {
     WriteNewFile(path, "the table before");
     commands.reset();
     Require(ReadWholeFile(path).text() == table, "a loaded table is saved differently");
+    const CarefulCommands careful(path);
+    Require(careful.rows() == all, "careful code loads other commands");
+    careful.save(path);
+    Require(ReadWholeFile(path).text() == table, "careful code saves other commands");
 }
 
 } // namespace
@@ -122,13 +228,35 @@ void makeTable(const std::string& path) {
 std::vector<Ratio> CommandsSubject(const BenchFolder& folder) {
     registerLegacy();
     const std::string path = folder.file("commands.dat");
-    makeTable(path);
+    const std::vector<CommandInfoType> commands = makeCommands();
+    makeTable(path, commands);
     registerTable(path);
+    registerLookup(commands);
+    registerPreview(path, commands);
+
+    std::vector<Ratio> ratios;
+    const auto compare = [&](const std::string& subject, const std::string& work, const std::string& against,
+                             Bound bound, double most) {
+        ratios.push_back({subject, work, work + "/" + against, bound, most});
+    };
     const std::string texts = "convert 1049 older texts";
-    return {{texts, "legacy/convert", "legacy/passes", Bound::must, kMostOfPasses},
-            {texts, "legacy/convert", "legacy/limit", Bound::aim, kMostOfCopying},
-            {"load 20000 commands", "commands/load", "commands/load/limit", Bound::aim, kMostOfReading},
-            {"save 20000 commands", "commands/save", "commands/save/limit", Bound::aim, kMostOfWriting}};
+    compare(texts, "legacy/convert", "passes", Bound::must, kMostOfPasses);
+    compare(texts, "legacy/convert", "limit", Bound::aim, kMostOfCopying);
+    compare(texts, "legacy/convert", "careful", Bound::aim, kMostOfCarefulConverter);
+    const std::string loading = "load 20,000 commands", saving = "save 20,000 commands";
+    compare(loading, "commands/load", "limit", Bound::must, kMostOfReading);
+    compare(loading, "commands/load", "limit", Bound::aim, kUsualOfLimit);
+    compare(loading, "commands/load", "careful", Bound::aim, kMostOfCareful);
+    compare(saving, "commands/save", "limit", Bound::must, kMostOfWriting);
+    compare(saving, "commands/save", "limit", Bound::aim, kUsualOfLimit);
+    compare(saving, "commands/save", "durable", Bound::aim, kUsualOfLimit);
+    compare(saving, "commands/save", "careful", Bound::aim, kMostOfCareful);
+    compare("look up 22,000 keys", "commands/lookup", "unordered_map", Bound::must, kMostOfMap);
+    compare("look up 22,000 keys", "commands/lookup", "unordered_map", Bound::aim, kUsualOfMap);
+    ratios.push_back({"the same in the table alone", "commands/lookup/value", "commands/lookup/unordered_map",
+                      Bound::aim, kUsualOfMap});
+    compare("text, 20,000 commands", "commands/preview", "careful", Bound::aim, kMostOfCareful);
+    return ratios;
 }
 
 } // namespace qrtVistrelClasses4::bench

@@ -38,7 +38,7 @@ bool measure() {
          {PlayfileSubject(folder), ReferencesSubject(folder), WalkSubject(folder), XmlSubject(folder),
           EditSubject(folder), RepeatedEditSubject(), DisplaysSubject(folder), CommandsSubject(folder),
           LegacySubject(folder), FontsSubject(folder), PreviewSubject(folder), SettingsSubject(folder),
-          TraceSubject()})
+          TraceSubject(), ProgramSubject(folder)})
         ratios.insert(ratios.end(), subject.begin(), subject.end());
     MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

@@ -95,7 +95,9 @@ std::string CarefulConverter::converted(const std::string& text) const {
     bool isOnceMore = false;
     const std::string_view rest(text);
     for (std::size_t place = 0; place < text.size();) {
-        const std::size_t brace = std::min(text.find_first_of("{}", place), text.size());
+        std::size_t brace = place;
+        while (brace < text.size() && text[brace] != '{' && text[brace] != '}')
+            ++brace;
         result.append(rest.substr(place, brace - place));
         place = brace + 1;
         if (brace == text.size())
