@@ -153,9 +153,8 @@ void AddCommandsCommand(CLI::App& program, Session& session) {
     CLI::App& commands = AddCommand(program, "commands", "Shows and changes the table of the sign's commands",
                                     "vistrel commands set \"##BELL\" 07");
     commands.require_subcommand(1);
-    commands.footer(
-        "The table is read where it was saved last, at first db/VistrelLite.dat in the folder of the "
-        "program, or of --home. Every use writes it anew.");
+    commands.footer("The table is read where it was saved last, at first db/VistrelLite.dat in "
+                    "~/.local/share/qrtVistrelClasses4 or the folder of --home.");
     constexpr const char* keyHelp = "Key of the command, as texts hold it";
 
     AddCommand(commands, "list", "Shows every command", "vistrel commands list --home site", session, options,
