@@ -12,7 +12,10 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/qrtVistrelClasses4ConfigV
 install(FILES ${PROJECT_BINARY_DIR}/qrtVistrelClasses4Config.cmake
     ${PROJECT_BINARY_DIR}/qrtVistrelClasses4ConfigVersion.cmake DESTINATION ${package_dir})
 if(TARGET vistrel)
-    install(TARGETS vistrel RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+    # The program looks for the fonts in "share/vistrel" beside its own folder (platform/posix/PosixFolders.h).
+    install(TARGETS vistrel RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT vistrel)
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/samples/bin ${PROJECT_SOURCE_DIR}/samples/CustomFonts
+        DESTINATION share/vistrel COMPONENT vistrel)
 endif()
 if(TARGET qrtVistrelClasses4_server)
     install(TARGETS qrtVistrelClasses4_server RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})

@@ -9,6 +9,7 @@
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
 #include "settings/AppFolder.h"
+#include "settings/LibraryFiles.h"
 #include "settings/RegistrySettings.h"
 
 #include <utility>
@@ -19,18 +20,15 @@ namespace {
 /// Where the table is.
 constexpr RegistrySetting kTableFile{kVistrelLite, "Commands", "KeyByteFile"};
 
-/// The table's place below `folder`, which ends in a separator.
-std::string tableBelow(const std::string& folder) {
-    FileSystem& files = platform().files();
-    return files.existingName(files.existingName(folder + "db") + kPathSeparator + "VistrelLite.dat");
-}
+LibraryFile tableFile() { return {.name = "VistrelLite.dat", .subfolder = "db"}; }
 
-/// Where the table is saved: over the existing file, else below the library's folder. If that folder is a
-/// root, the name has one separator more than the name used for loading. Existing settings hold it like that.
+/// Where the table is saved: over the existing file, unless that lies beside the program; else below the
+/// library's folder. If that folder is a root, the name has one separator more than the name used for
+/// loading. Existing settings hold it like that.
 std::string pathToSave() {
     std::string path = CommandTablePath();
-    if (platform().files().kindOf(path) != EntryKind::file)
-        path = tableBelow(LibraryFolder() + kPathSeparator);
+    if (platform().files().kindOf(path) != EntryKind::file || IsElsewhere(path, tableFile()))
+        path = PlaceIn(LibraryFolder() + kPathSeparator, tableFile());
     return path;
 }
 
@@ -72,8 +70,7 @@ void writeFile(const CommandTable& table, const CommandTableSource& source, Save
 } // namespace
 
 std::string CommandTablePath() try {
-    return platform().files().existingName(
-        kTableFile.read(tableBelow(WithTrailingSeparator(LibraryFolder()))));
+    return platform().files().existingName(kTableFile.read(PlaceToRead(LibraryFolder(), tableFile())));
 } catch (...) {
     RethrowAsRuntimeError();
 }
@@ -88,12 +85,7 @@ void MakeFolderOfCommandTable(const std::string& path) try {
     RethrowAsRuntimeError();
 }
 
-CommandTableOutcome LoadCommandTable(const std::string& path) {
-    MakeFolderOfCommandTable(path);
-    return ReadCommandTable(path);
-}
-
-CommandTableOutcome ReadCommandTable(const std::string& path) try {
+CommandTableOutcome LoadCommandTable(const std::string& path) try {
     CommandTableOutcome outcome;
     outcome.table = BuiltInCommands();
     try {

@@ -4,6 +4,7 @@
 #include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
 #include "frame/Traced.h"
+#include <qrtVistrelClasses4/CommandTableFile.h>
 
 #include <utility>
 
@@ -38,7 +39,7 @@ void clsCommandInterface::LoadCommandTable() {
             BuildBuiltInCommands();
             if (table_.count() < BuiltInCommandCount())
                 return; // the error has been reported
-            CommandTableOutcome outcome = ReadCommandTable(path);
+            CommandTableOutcome outcome = qrtVistrelClasses4::LoadCommandTable(path);
             table_ = std::move(outcome.table);
             source_ = std::move(outcome.source);
             Check(outcome.error);

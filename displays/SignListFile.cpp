@@ -9,6 +9,7 @@
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
 #include "settings/AppFolder.h"
+#include "settings/LibraryFiles.h"
 #include "settings/RegistrySettings.h"
 #include <qrtVistrelClasses4/SignList.h>
 
@@ -207,7 +208,7 @@ SignListSaving SaveSignList(const SignList& list, const std::string& path,
 }
 
 std::string SavedSignListPath(const std::string& fileName) try {
-    return platform().files().existingName(JoinPath(LibraryFolder(), fileName));
+    return PlaceIn(LibraryFolder(), {.name = fileName});
 } catch (...) {
     RethrowAsRuntimeError();
 }
@@ -217,7 +218,7 @@ void RememberSignListPath(const std::string& path) try { kDataFile.write(path); 
 }
 
 std::optional<std::string> RememberedSignListPath(const std::string& fileName) try {
-    std::optional<std::string> path = kDataFile.find(SavedSignListPath(fileName));
+    std::optional<std::string> path = kDataFile.find(PlaceToRead(LibraryFolder(), {.name = fileName}));
     if (path)
         path = platform().files().existingName(*path);
     return path;

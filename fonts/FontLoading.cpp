@@ -4,6 +4,7 @@
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "settings/AppFolder.h"
+#include "settings/LibraryFiles.h"
 
 #include <algorithm>
 #include <string_view>
@@ -24,8 +25,12 @@ std::optional<std::string> existingFile(const std::string& path) {
     return files.kindOf(existing) == EntryKind::file ? std::optional(std::move(existing)) : std::nullopt;
 }
 
+/// The font in a folder of the application, or else in that of the program or of all users.
 std::string inApplicationFolder(std::string_view folder, std::string_view name) {
-    return JoinPath(platform().files().existingName(JoinPath(GetAppFolder(), folder)), name);
+    const std::string application = GetAppFolder();
+    auto found = FindElsewhere(application, {std::string(name), std::string(folder), FileUse::onlyRead});
+    return found ? *std::move(found)
+                 : JoinPath(platform().files().existingName(JoinPath(application, folder)), name);
 }
 
 std::optional<std::string> findInOtherFolders(std::string_view name) {

@@ -36,12 +36,13 @@ struct [[nodiscard]] FontOutcome {
 Result<std::optional<Font>> ReadFont(const std::string& path, std::int16_t width, std::int16_t height);
 
 /// Loads the font in the file `path`, or in a file of that name in "Extended" or "CustomFonts" of the
-/// application folder. If a standard font is in none of them, font 0 is loaded instead. Names of files are
-/// found in any case of their letters. If `width` and `height` are `kSizeFromFile`, the file holds the size.
-/// `useNewFont` chooses the set of numbered fonts that font 0 is taken from.
+/// application folder, of the program's folder or of what was installed with the program. If a standard font
+/// is in none of them, font 0 is loaded instead. Names of files are found in any case of their letters. If
+/// `width` and `height` are `kSizeFromFile`, the file holds the size. `useNewFont` chooses the set of
+/// numbered fonts that font 0 is taken from.
 FontOutcome LoadFontFile(const std::string& path, std::int16_t width, std::int16_t height, bool useNewFont);
 
-/// Loads a numbered font from "bin" of the application folder. If it is not there, searches for it as
+/// Loads a numbered font from "bin" of the same folders. If it is not there, searches for it as
 /// `LoadFontFile` does. A number without a font gives no font and no message.
 FontOutcome LoadNumberedFont(std::int16_t fontNumber, std::int16_t signType, bool useNewFont);
 

@@ -48,17 +48,23 @@ Result<std::shared_ptr<const IniFileCache::Content>> IniFileCache::read(const st
     return version.content;
 }
 
-/// The result of `read`, which reads the file `path_`, under the name that it has on the disk.
+/// The result of `read`, which reads a file, for `path_` under the name that it has on the disk.
 template <class Read>
 auto IniProfileFile::readFile(Read read) {
-    auto result = read();
-    if (result.error() != SystemError::fileNotFound && result.error() != SystemError::folderNotFound)
+    const auto isMissing = [](SystemError error) {
+        return error == SystemError::fileNotFound || error == SystemError::folderNotFound;
+    };
+    auto result = read(path_);
+    if (!isMissing(result.error()))
         return result;
-    std::string existing = files_.existingName(path_);
-    if (existing == path_)
-        return result;
-    path_ = std::move(existing);
-    return read();
+    if (std::string existing = files_.existingName(path_); existing != path_) {
+        path_ = std::move(existing);
+        result = read(path_);
+    }
+    if (isMissing(result.error()) && !original_.empty())
+        if (auto original = read(original_))
+            return original;
+    return result;
 }
 
 std::string IniProfileFile::read(std::string_view section, std::string_view key,
@@ -68,7 +74,7 @@ std::string IniProfileFile::read(std::string_view section, std::string_view key,
 
 const IniFileCache::Content& IniProfileFile::content() {
     if (!content_)
-        content_ = readFile([&] { return cache_.read(path_); }).valueOr(nullptr);
+        content_ = readFile([&](const std::string& path) { return cache_.read(path); }).valueOr(nullptr);
     if (!content_) // there is no such file
         content_ = std::make_shared<const IniFileCache::Content>(FileBytes());
     return *content_;
@@ -83,7 +89,7 @@ SystemError IniProfileFile::commit() {
     const std::vector<IniChange> changes = std::exchange(changes_, {});
     if (changes.empty())
         return SystemError::none;
-    Result<FileBytes> read = readFile([&] { return files_.read(path_); });
+    Result<FileBytes> read = readFile([&](const std::string& path) { return files_.read(path); });
     if (!read && read.error() != SystemError::fileNotFound)
         return read.error();
     const FileBytes old = std::move(read).valueOr({});

@@ -44,8 +44,9 @@ private:
 class IniProfileFile : public ProfileFile {
 public:
     /// `files` and `cache` must outlive this object. The case of letters in the file name does not matter.
-    IniProfileFile(FileSystem& files, IniFileCache& cache, std::string path)
-        : files_(files), cache_(cache), path_(std::move(path)) {}
+    /// While the file is missing, `original` is read in its place, if there is one.
+    IniProfileFile(FileSystem& files, IniFileCache& cache, std::string path, std::string original)
+        : files_(files), cache_(cache), path_(std::move(path)), original_(std::move(original)) {}
 
     std::string read(std::string_view section, std::string_view key, std::string_view defaultValue,
                      std::size_t bufferSize) override;
@@ -64,6 +65,7 @@ private:
     FileSystem& files_;
     IniFileCache& cache_;
     std::string path_;
+    std::string original_;
     std::shared_ptr<const IniFileCache::Content> content_; ///< Null before the first read.
     std::vector<IniChange> changes_;
 };

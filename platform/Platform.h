@@ -12,6 +12,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 
@@ -43,6 +44,12 @@ struct CalendarNames {
 /// The names of the English locale.
 CalendarNames EnglishCalendarNames();
 
+/// What a file of the library is for.
+enum class FileUse {
+    kept,     ///< The library writes it, as a list of signs.
+    onlyRead, ///< It comes with the program, as a font, or from its user.
+};
+
 /// The services of a machine. The platform owns them, and several threads may use them at the same time.
 class Platform {
 public:
@@ -53,12 +60,21 @@ public:
     virtual MessageBoxes& messageBoxes() = 0;
     virtual Console& console() = 0;
 
-    virtual std::unique_ptr<ProfileFile> openProfile(const std::string& path) = 0;
+    /// Opens the INI file `path`. While it is missing, the file `original`, if there is one, is read in its
+    /// place; the first change makes `path` of it. On Windows there never is one.
+    virtual std::unique_ptr<ProfileFile> openProfile(const std::string& path,
+                                                     const std::string& original) = 0;
+    std::unique_ptr<ProfileFile> openProfile(const std::string& path) { return openProfile(path, {}); }
     /// The INI file that belongs to the system itself ("win.ini").
     virtual std::string systemProfilePath() = 0;
 
-    /// The folder that the library was loaded from. It ends in a separator only if it is a root.
+    /// The folder of the library's own files. It ends in a separator only if it is a root. On Windows it is
+    /// the folder that the library was loaded from. On a POSIX system it is the user's own; until something
+    /// is written in it, it need not exist, and counts as empty.
     virtual std::string libraryFolder() = 0;
+    /// The folders that may have a file that the library's folder has not, in the order in which they are
+    /// searched. Nothing is written in them.
+    virtual std::vector<std::string> otherFolders(FileUse use) = 0;
     /// The path of a shell special folder, as the system gives it. No value for a number that the system does
     /// not know.
     virtual std::optional<std::string> specialFolder(int number) = 0;
@@ -69,8 +85,9 @@ public:
 
 struct PlatformOptions {
     /// A folder that replaces the library's folder and the user's folders, and holds the settings store. The
-    /// library then uses no place outside it, except for files that callers or settings name. Without it, the
-    /// machine's own places are used. Not supported on Windows.
+    /// library then uses no place outside it, except for files that callers or settings name, and for what
+    /// was installed with the program. Without it, the environment variable VISTREL_HOME names that folder;
+    /// without both, the machine's own places are used. Not supported on Windows.
     std::optional<std::string> home;
 };
 

@@ -1,11 +1,11 @@
 // Effects in `FrameInfoClass`: names and codes, and the effect lists of the host's screens.
 #include "frame/Traced.h"
-#include "platform/Path.h"
 #include "platform/Platform.h"
 #include "playfile/Effects.h"
 #include "playfile/FrameProcedures.h"
 #include "settings/AppFolder.h"
 #include "settings/IniFile.h"
+#include "settings/LibraryFiles.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/ListControl.h>
 
@@ -14,7 +14,7 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 std::string newEffectsPath() {
-    return platform().files().existingName(JoinPath(GetAppFolder(), "NewEffects.ini"));
+    return PlaceToRead(GetAppFolder(), {.name = "NewEffects.ini", .use = FileUse::onlyRead});
 }
 
 /// The switches of the optional effects in the file. An effect is on if the file does not name it, or sets it

@@ -12,6 +12,7 @@
 #include "playfile/PlayfileFormat.h"
 #include "playfile/ReferenceFinder.h"
 #include "settings/AppFolder.h"
+#include "settings/LibraryFiles.h"
 
 #include <utility>
 
@@ -45,14 +46,37 @@ void readFrame(QuotedLineReader& in, FrameRecord& frame, ReferenceFinder& finder
     ReadLineCount(in, frame);
 }
 
-void readLine(QuotedLineReader& in, LineRecord& line, const std::string& font4x8) {
+/// The font that has replaced old font 2. It is looked for once, when a line needs it.
+class Font4x8 {
+public:
+    /// `appFolder` is the application data folder.
+    explicit Font4x8(std::string appFolder) : appFolder_(std::move(appFolder)) {}
+
+    const std::string& name() {
+        if (name_.empty()) {
+            const auto elsewhere = FindElsewhere(
+                appFolder_, {std::string(kFont4x8File), std::string(kFolder), FileUse::onlyRead});
+            name_ =
+                NameForPlayfile(elsewhere.value_or(JoinPath(JoinPath(appFolder_, kFolder), kFont4x8File)));
+        }
+        return name_;
+    }
+
+private:
+    static constexpr std::string_view kFolder = "CustomFonts";
+
+    std::string appFolder_;
+    std::string name_;
+};
+
+void readLine(QuotedLineReader& in, LineRecord& line, Font4x8& font4x8) {
     bool hasOldFont = false;
     ReadValues(in, line, [&](const MemberColumns& row) {
         if (&row == &kMember<&LineRecord::LineFontSize>)
             hasOldFont = line.LineFontSize == kOldFont4x8;
         if (hasOldFont) { // again after the file's own custom font, which it replaces
             line.LineFontSize = kCustomFont;
-            line.LineCustomFont = font4x8;
+            line.LineCustomFont = font4x8.name();
         }
     });
 }
@@ -60,7 +84,7 @@ void readLine(QuotedLineReader& in, LineRecord& line, const std::string& font4x8
 void readFrames(QuotedLineReader& in, const std::string& appFolder, LoadOutcome& outcome) {
     OneBasedArray<FrameRecord>& frames = outcome.playfile.frames;
     ReferenceFinder finder(outcome.playfile.fileName);
-    const std::string font4x8 = NameForPlayfile(JoinPath(JoinPath(appFolder, "CustomFonts"), kFont4x8File));
+    Font4x8 font4x8(appFolder);
     const std::int16_t count = ReadFrameCount(in);
     frames.resize(count);
     outcome.framesAnnounced = count;

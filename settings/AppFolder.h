@@ -13,8 +13,8 @@ std::string GetAppFolder();
 /// The same, but nothing after an error that was trapped.
 std::optional<std::string> FindAppFolder();
 
-/// The folder that the library was loaded from; it ends in a separator only if it is a root. The list of
-/// signs and the recent files live there.
+/// The library's own folder (`Platform::libraryFolder`). It ends in a separator only if it is a root. The
+/// list of signs and the recent files live there.
 std::string LibraryFolder();
 
 } // namespace qrtVistrelClasses4

@@ -5,6 +5,7 @@
 #include <qrtVistrelClasses4/PreferencesFile.h>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -16,6 +17,8 @@ using PreferenceSource = std::function<std::string(const std::string& key, const
 /// Like `PreferencesPath`, but the name of the file may differ in case from the one on the disk. That of an
 /// INI file does not matter, so nobody has to look.
 std::optional<std::string> PreferencesName();
+/// The file `path`, or the one beside the program as long as `path` is missing.
+std::unique_ptr<ProfileFile> OpenPreferences(const std::string& path);
 /// Like `LoadPreferences`, from `file`.
 PreferencesOutcome ReadPreferences(ProfileFile& file, const PreferenceFolders& folders, Preferences before);
 /// Like `LoadCropPreferences`, from `source`.

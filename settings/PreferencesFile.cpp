@@ -7,6 +7,7 @@
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "settings/AppFolder.h"
+#include "settings/LibraryFiles.h"
 #include "settings/clsSystemDirectory.h"
 
 #include <span>
@@ -115,6 +116,12 @@ std::optional<std::string> PreferencesPath() try {
     RethrowAsRuntimeError();
 }
 
+std::unique_ptr<ProfileFile> OpenPreferences(const std::string& path) {
+    const auto [folder, name] = SplitPath(path);
+    return platform().openProfile(
+        path, FindElsewhere(std::string(folder), {.name = std::string(name)}).value_or(""));
+}
+
 Preferences DefaultPreferences(const PreferenceFolders& folders) try {
     Preferences preferences;
     ForEachPreference(
@@ -164,7 +171,7 @@ std::optional<RuntimeError> PreferencesOutcome::error() const try {
 }
 
 PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances) try {
-    return ReadPreferences(*platform().openProfile(circumstances.path), circumstances.folders,
+    return ReadPreferences(*OpenPreferences(circumstances.path), circumstances.folders,
                            std::move(circumstances.before));
 } catch (...) {
     RethrowAsRuntimeError();
@@ -203,14 +210,14 @@ std::optional<RuntimeError> WritePreferences(ProfileFile& file, const Preference
 }
 
 std::optional<RuntimeError> SavePreferences(const Preferences& preferences, const std::string& path) try {
-    return WritePreferences(*platform().openProfile(path), preferences);
+    return WritePreferences(*OpenPreferences(path), preferences);
 } catch (...) {
     RethrowAsRuntimeError();
 }
 
 std::string ReadPreference(const std::string& path, const std::string& key,
                            const std::string& defaultText) try {
-    return platform().openProfile(path)->read(kSection, key, defaultText, kPreferenceBufferSize);
+    return OpenPreferences(path)->read(kSection, key, defaultText, kPreferenceBufferSize);
 } catch (...) {
     RethrowAsRuntimeError();
 }
@@ -219,7 +226,7 @@ WrittenPreference WritePreference(const std::string& path, const std::string& ke
                                   const std::string& text) try {
     const IniChange change{std::string(kSection), key, text};
     const std::string alone = ApplyIniChanges("", std::span(&change, 1)).value_or("");
-    const auto file = platform().openProfile(path);
+    const auto file = OpenPreferences(path);
     file->write(kSection, key, text);
     return {.error = errorOf(file->commit()),
             .readsBack =

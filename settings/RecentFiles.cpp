@@ -5,10 +5,10 @@
 #include "frame/SystemErrors.h"
 #include "platform/KeptCopies.h"
 #include "platform/LetterCase.h"
-#include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
 #include "settings/AppFolder.h"
+#include "settings/LibraryFiles.h"
 #include "settings/RegistrySettings.h"
 
 #include <utility>
@@ -19,9 +19,10 @@ namespace {
 /// Where the list was written last.
 constexpr RegistrySetting kListFile{kVistrelLite, kSettingsSection, "MRU"};
 
-std::string defaultPath() {
-    return platform().files().existingName(JoinPath(LibraryFolder(), "VistrelLite.MRU"));
-}
+LibraryFile listFile() { return {.name = "VistrelLite.MRU"}; }
+
+/// Where the list is saved.
+std::string pathToSave() { return PlaceIn(LibraryFolder(), listFile()); }
 
 void readEntries(std::string_view text, OneBasedArray<std::string>& entries) {
     DelimitedReader in(text);
@@ -68,7 +69,7 @@ void RecentFiles::putFirst(const std::string& name) {
 }
 
 std::optional<std::string> RecentFilesPath() try {
-    std::optional<std::string> path = kListFile.find(defaultPath());
+    std::optional<std::string> path = kListFile.find(PlaceToRead(LibraryFolder(), listFile()));
     if (path)
         path = platform().files().existingName(*path);
     return path;
@@ -89,7 +90,7 @@ RecentFilesOutcome LoadRecentFiles(const std::string& path) try {
         // If the default folder is missing for a while, the list in it must not be overwritten when it is
         // back.
         outcome.mayBeReplaced =
-            isMissing || (file.error() == SystemError::folderNotFound && path != defaultPath());
+            isMissing || (file.error() == SystemError::folderNotFound && path != pathToSave());
         return outcome;
     }
     try {
@@ -97,6 +98,9 @@ RecentFilesOutcome LoadRecentFiles(const std::string& path) try {
         outcome.mayBeReplaced = true;
     } catch (const RuntimeError& error) { // a damaged file, whose names are not all here
         outcome.error = error;
+        outcome.mayBeReplaced = IsElsewhere(path, listFile()); // then it stays as it is
+        if (outcome.mayBeReplaced)
+            return outcome;
         if (auto kept = KeepAside(files, path, IfNotCopied::fail))
             outcome.keptAs = std::move(kept).value();
         outcome.mayBeReplaced = outcome.keptAs.has_value();
@@ -107,7 +111,7 @@ RecentFilesOutcome LoadRecentFiles(const std::string& path) try {
 }
 
 std::optional<RuntimeError> SaveRecentFiles(const RecentFiles& files) try {
-    const std::string path = defaultPath();
+    const std::string path = pathToSave();
     kListFile.write(path);
     try {
         writeEntries(files.entries, path);

@@ -104,7 +104,7 @@ void SettingsInfoClass::GetSettingsFromDisk(const std::optional<std::string>& sF
             const std::optional<std::string> path = PreferencesName();
             if (!path)
                 return;
-            TracedProfile file(platform().openProfile(*path));
+            TracedProfile file(OpenPreferences(*path));
             PreferencesOutcome outcome = ReadPreferences(file, folders, preferences_);
             preferences_ = std::move(outcome.values);
             Check(outcome.error());
@@ -119,7 +119,7 @@ void SettingsInfoClass::SaveSettingsToDisk(const std::optional<std::string>& sFi
             const std::optional<std::string> path = PreferencesName();
             if (!path)
                 return;
-            TracedProfile file(platform().openProfile(*path));
+            TracedProfile file(OpenPreferences(*path));
             Check(WritePreferences(file, preferences_));
         },
         Arg{"sFileName", sFileName});

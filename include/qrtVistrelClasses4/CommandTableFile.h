@@ -37,13 +37,15 @@ struct [[nodiscard]] SavedCommandTable {
     std::optional<RuntimeError> error; ///< If there is one, the file is unchanged.
 };
 
-/// Full name of the table that was saved last; by default "db/VistrelLite.dat" in the library's folder.
+/// Full name of the table that was saved last; by default "db/VistrelLite.dat" in the library's folder, or if
+/// that is missing, the one beside the program.
 std::string CommandTablePath();
 
-/// Loads the file `path`. Makes the last folder of `path` if it is missing.
+/// Loads the file `path`.
 CommandTableOutcome LoadCommandTable(const std::string& path);
 
-/// Replaces the existing file, or saves under the default name if there is none.
+/// Replaces the existing file. If there is none, or only the one beside the program, saves under the default
+/// name in the library's folder.
 SavedCommandTable SaveCommandTable(const CommandTable& table, const CommandTableSource& source);
 
 } // namespace qrtVistrelClasses4

@@ -27,7 +27,9 @@ struct PreferenceFolders {
 PreferenceFolders FindPreferenceFolders();
 /// Makes the folder for playfiles if it is missing. Returns the error if that fails.
 [[nodiscard]] std::optional<RuntimeError> MakePlayfileFolder(const PreferenceFolders& folders);
-/// Full name of "VistrelLite.ini" in the application data folder; nothing after an error that was trapped.
+/// Full name of "VistrelLite.ini" in the application data folder; nothing after an error that was trapped. If
+/// that folder is the library's own and has no such file, the functions below read the one beside the
+/// program, and the first change copies it.
 std::optional<std::string> PreferencesPath();
 
 /// The preferences that apply if the file has none.

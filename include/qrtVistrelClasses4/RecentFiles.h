@@ -40,11 +40,12 @@ struct [[nodiscard]] RecentFilesOutcome {
     std::optional<std::string> keptAs; ///< The copy of a damaged file.
 };
 
-/// Full name of the list that was saved last, by default that of `SaveRecentFiles`; nothing after an error
-/// that was trapped.
+/// Full name of the list that was saved last. If none was, it is the one that `SaveRecentFiles` writes, or
+/// one that lies beside the program. Nothing after an error that was trapped.
 std::optional<std::string> RecentFilesPath();
 
-/// Loads the file `path`. A damaged file is also copied to `path` + ".bak", ".bak2" and so on.
+/// Loads the file `path`. A damaged file is also copied to `path` + ".bak", ".bak2" and so on, unless it lies
+/// beside the program, where nothing is written.
 RecentFilesOutcome LoadRecentFiles(const std::string& path);
 
 /// Saves the list as "VistrelLite.MRU" in the library's folder, and remembers that name for loading. Returns

@@ -114,8 +114,8 @@ SignListSaving SaveSignList(const SignList& list, const std::string& path,
 std::string SavedSignListPath(const std::string& fileName);
 /// Makes `path` the file that is read from now on.
 void RememberSignListPath(const std::string& path);
-/// Full name of the file that is read: the one remembered, or else the one saved as `fileName`. Nothing if
-/// the setting cannot be read; the error has been reported.
+/// Full name of the file that is read: the one remembered, or else the one saved as `fileName`; if that is
+/// missing, the one beside the program. Nothing if the setting cannot be read; the error has been reported.
 std::optional<std::string> RememberedSignListPath(const std::string& fileName);
 
 } // namespace qrtVistrelClasses4

@@ -158,16 +158,19 @@ public:
     MemoryRegistryStore& registry() override { return registry_; }
     MemoryMessageBoxes& messageBoxes() override { return boxes_; }
     MemoryConsole& console() override { return console_; }
-    std::unique_ptr<ProfileFile> openProfile(const std::string& path) override {
-        return std::make_unique<IniProfileFile>(files_, profiles_, path);
+    using Platform::openProfile;
+    std::unique_ptr<ProfileFile> openProfile(const std::string& path, const std::string& original) override {
+        return std::make_unique<IniProfileFile>(files_, profiles_, path, original);
     }
     std::string systemProfilePath() override { return JoinPath(library, "win.ini"); }
     std::string libraryFolder() override { return library; }
+    std::vector<std::string> otherFolders(FileUse use) override { return others[use]; }
     std::optional<std::string> specialFolder(int number) override;
     LocalTime localTime() override { return time; }
     CalendarNames calendarNames() override { return calendar; }
 
-    std::string library; ///< The library's folder; exists from the start.
+    std::string library;                                ///< The library's folder; exists from the start.
+    std::map<FileUse, std::vector<std::string>> others; ///< The other folders; none at the start.
     std::map<int, std::string>
         specialFolders; ///< By shell number; the documents folder exists from the start.
     LocalTime time{2001, 2, 3, 4, 5, 6, 6};

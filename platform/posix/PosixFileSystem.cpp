@@ -4,6 +4,7 @@
 #include "platform/Path.h"
 #include "platform/ReplacementFile.h"
 #include "platform/TemporaryName.h"
+#include "platform/posix/PosixFolders.h"
 #include "platform/posix/PosixSystem.h"
 
 #include <algorithm>
@@ -170,6 +171,21 @@ SystemError copyBytes(const Source& source, const std::string& from, Replacement
 
 } // namespace
 
+bool PosixFileSystem::isInFolderToMake(const std::string& path) const {
+    const std::string folder = folderOf(path);
+    struct stat status {};
+    return isUsableName(path) && std::ranges::find(ownFolders_, folder) != ownFolders_.end() &&
+           !lookUp(folder, status);
+}
+
+SystemError PosixFileSystem::answer(const std::string& path, SystemError error) const {
+    return error == SystemError::folderNotFound && isInFolderToMake(path) ? SystemError::fileNotFound : error;
+}
+
+SystemError PosixFileSystem::makeOwnFolderOf(const std::string& path) const {
+    return isInFolderToMake(path) ? makePrivateFolders(folderOf(path)) : SystemError::none;
+}
+
 EntryKind PosixFileSystem::kindOf(const std::string& path) {
     struct stat status {};
     if (!lookUp(path, status))
@@ -187,7 +203,7 @@ bool PosixFileSystem::hasEntry(const std::string& path) {
 Result<std::uint64_t> PosixFileSystem::sizeOf(const std::string& path) {
     struct stat status {};
     if (!lookUp(path, status))
-        return errorOn(path);
+        return answer(path, errorOn(path));
     if (!S_ISREG(status.st_mode))
         return SystemError::accessDenied;
     return static_cast<std::uint64_t>(status.st_size);
@@ -196,7 +212,7 @@ Result<std::uint64_t> PosixFileSystem::sizeOf(const std::string& path) {
 Result<FileBytes> PosixFileSystem::read(const std::string& path) {
     const auto source = openSource(path);
     if (!source)
-        return source.error();
+        return answer(path, source.error());
     return readLocked(source.value(), path);
 }
 
@@ -208,7 +224,7 @@ Result<std::optional<FileBytes>> PosixFileSystem::readIfChanged(const std::strin
     (void)::clock_gettime(CLOCK_REALTIME, &now); // before the file is opened: a change after that must show
     const auto source = openSource(path);
     if (!source)
-        return source.error();
+        return answer(path, source.error());
     Result<FileBytes> bytes = readLocked(source.value(), path);
     if (!bytes)
         return bytes.error();
@@ -220,11 +236,13 @@ Result<std::optional<FileBytes>> PosixFileSystem::readIfChanged(const std::strin
 Result<std::unique_ptr<InputFile>> PosixFileSystem::openToRead(const std::string& path) {
     auto source = openSource(path);
     if (!source)
-        return source.error();
+        return answer(path, source.error());
     return std::unique_ptr<InputFile>(std::make_unique<PosixInputFile>(std::move(source.value()), path));
 }
 
 Result<std::unique_ptr<OutputFile>> PosixFileSystem::open(const std::string& path, OpenMode mode) {
+    if (const auto error = makeOwnFolderOf(path); error != SystemError::none)
+        return error;
     auto file = std::make_unique<PosixOutputFile>(path);
     const int modeFlags = mode == OpenMode::append ? O_APPEND | O_NOFOLLOW : 0;
     struct stat status {};
@@ -245,6 +263,8 @@ Result<std::unique_ptr<OutputFile>> PosixFileSystem::open(const std::string& pat
 Result<TemporaryFile> PosixFileSystem::createBeside(const std::string& path) {
     if (!isUsableName(path))
         return errorOn(path);
+    if (const auto error = makeOwnFolderOf(path); error != SystemError::none)
+        return error;
     const std::string folder = path.substr(0, path.rfind('/') + 1); // "" without one
     struct stat old {};
     const bool replaces = lookUp(path, old);
@@ -266,7 +286,7 @@ Result<TemporaryFile> PosixFileSystem::createBeside(const std::string& path) {
 SystemError PosixFileSystem::mayWrite(const std::string& path) {
     struct stat status {};
     if (!lookUp(path, status)) {
-        const SystemError error = errorOn(path);
+        const SystemError error = answer(path, errorOn(path));
         return error == SystemError::fileNotFound ? SystemError::none : error;
     }
     if (!S_ISREG(status.st_mode))
@@ -292,6 +312,8 @@ SystemError PosixFileSystem::remove(const std::string& path) {
 }
 
 SystemError PosixFileSystem::createFolder(const std::string& path) {
+    if (const auto error = makeOwnFolderOf(path); error != SystemError::none)
+        return error;
     if (!isUsableName(path) || ::mkdir(path.c_str(), 0777) != 0)
         return errorOn(path);
     (void)flushFolder(folderOf(path)); // a power cut must not remove it with what is saved in it

@@ -2,10 +2,22 @@
 
 #include "platform/FileSystem.h"
 
+#include <string>
+#include <utility>
+#include <vector>
+
 namespace qrtVistrelClasses4 {
 
+/// Folders of the library's own exist only once something is written in them. Until then they are treated as
+/// empty folders: a file in them is missing, and not its folder.
 class PosixFileSystem final : public FileSystem {
 public:
+    explicit PosixFileSystem(std::vector<std::string> ownFolders = {}) : ownFolders_(std::move(ownFolders)) {}
+
+    /// Makes the folder of `path` if it is one of the library's own and missing. Writing does it, too, but a
+    /// lock of the folder needs it earlier.
+    SystemError makeOwnFolderOf(const std::string& path) const;
+
     EntryKind kindOf(const std::string& path) override;
     bool hasEntry(const std::string& path) override;
     Result<std::uint64_t> sizeOf(const std::string& path) override;
@@ -27,6 +39,14 @@ public:
     std::vector<std::string> namesIn(const std::string& folder) override;
     Drive driveOf(const std::string& path) override;
     bool isFixed(const Drive& drive) override;
+
+private:
+    /// Whether `path` is in a folder of the library's own that does not exist yet.
+    bool isInFolderToMake(const std::string& path) const;
+    /// The meaning of `error`, the system's answer to a look at `path`.
+    SystemError answer(const std::string& path, SystemError error) const;
+
+    std::vector<std::string> ownFolders_;
 };
 
 } // namespace qrtVistrelClasses4

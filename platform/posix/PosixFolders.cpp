@@ -2,15 +2,18 @@
 
 #include "platform/Path.h"
 #include "platform/Platform.h"
+#include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixSystem.h"
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <dlfcn.h>
 #include <limits.h>
 #include <link.h>
 #include <pwd.h>
 #include <stdlib.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace qrtVistrelClasses4 {
@@ -42,6 +45,12 @@ std::optional<std::string> environment(const char* name) {
     return value && *value != '\0' ? std::optional<std::string>(value) : std::nullopt;
 }
 
+/// The folder that `variable` names; if it names no full path, `usualName` in the home folder.
+std::string userFolderIn(const char* variable, std::string_view usualName) {
+    const auto folder = environment(variable);
+    return folder && IsRootedPath(*folder) ? *folder : JoinPath(userHome(), usualName);
+}
+
 /// `text` starts after a quote. Returns what comes before the next quote that no "\" makes part of the text.
 std::string upToQuote(std::string_view text) {
     std::string result;
@@ -65,10 +74,9 @@ std::string userHome() {
     return user && user->pw_dir ? user->pw_dir : "/";
 }
 
-std::string configurationFolder() {
-    const auto folder = environment("XDG_CONFIG_HOME");
-    return folder && IsRootedPath(*folder) ? *folder : JoinPath(userHome(), ".config");
-}
+std::string configurationFolder() { return userFolderIn("XDG_CONFIG_HOME", ".config"); }
+std::string dataFolder() { return userFolderIn("XDG_DATA_HOME", ".local/share"); }
+std::optional<std::string> replacedHome() { return environment("VISTREL_HOME"); }
 
 std::optional<std::string> userDirectory(std::string_view text, std::string_view variable,
                                          std::string_view home) {
@@ -100,17 +108,25 @@ std::optional<std::string> userFolder(FileSystem& files, int shellNumber) {
     return path ? *path : JoinPath(userHome(), folder->usualName);
 }
 
-SystemError makeFolders(FileSystem& files, const std::string& folder) {
+SystemError makePrivateFolders(const std::string& folder) {
     if (folder.size() >= PATH_MAX)
         return SystemError::folderNotFound; // the system's answer, without trying each level
-    if (files.kindOf(folder) == EntryKind::folder)
+    struct stat status {};
+    if (lookUp(folder, status) && S_ISDIR(status.st_mode))
         return SystemError::none;
-    if (const std::string above = folderOf(folder); above.size() < folder.size())
-        if (const auto error = makeFolders(files, above); error != SystemError::none)
+    const std::string above = folderOf(folder);
+    if (above.size() < folder.size())
+        if (const auto error = makePrivateFolders(above); error != SystemError::none)
             return error;
-    const SystemError error = files.createFolder(folder);
-    // Another process may have been faster.
-    return error == SystemError::alreadyExists ? SystemError::none : error;
+    constexpr mode_t onlyTheUser = 0700;
+    if (::mkdir(folder.c_str(), onlyTheUser) != 0)
+        return errno == EEXIST ? SystemError::none : errorOn(folder); // another process may have been faster
+    (void)PosixFileSystem().flushFolder(above); // a power cut must not remove it with what is saved in it
+    return SystemError::none;
+}
+
+std::string sharedFolder(const std::string& programFolder) {
+    return JoinPath(folderOf(programFolder), "share/vistrel");
 }
 
 std::string moduleFolder() {

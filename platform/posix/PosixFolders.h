@@ -12,15 +12,22 @@ namespace qrtVistrelClasses4 {
 std::string userHome();
 /// The folder for settings: $XDG_CONFIG_HOME, else ".config" in the home folder.
 std::string configurationFolder();
+/// The folder for what programs keep: $XDG_DATA_HOME, else ".local/share" in the home folder.
+std::string dataFolder();
+/// The folder that the environment puts in the place of all these; no value if it names none.
+std::optional<std::string> replacedHome();
 /// Whether users of this system have the folder with that shell number.
 bool isUserFolder(int shellNumber);
 /// The folder with that shell number: the one in the desktop's "user-dirs.dirs", else the usual English name
 /// in the home folder. No value for a number without a counterpart.
 std::optional<std::string> userFolder(FileSystem& files, int shellNumber);
-/// Makes `folder` and the folders above it, if they are missing.
-SystemError makeFolders(FileSystem& files, const std::string& folder);
+/// Makes `folder` and the folders above it, if they are missing. Only this user may use the new ones.
+SystemError makePrivateFolders(const std::string& folder);
 /// The folder of the program or shared library that contains this code.
 std::string moduleFolder();
+/// The folder for files that are installed together with a program in `programFolder`: "share/vistrel" beside
+/// that folder.
+std::string sharedFolder(const std::string& programFolder);
 
 /// The folder that `variable` is set to in the text of a "user-dirs.dirs" file. No value if it is not set, or
 /// not to a full path.

@@ -18,19 +18,19 @@ namespace {
 /// Commits under a lock, so that two programs that save at the same time keep each other's keys.
 class LockedProfileFile final : public IniProfileFile {
 public:
-    /// `isOwn`: the file belongs to the library, which makes its folder if that is missing.
-    LockedProfileFile(FileSystem& machineFiles, IniFileCache& cache, const std::string& name, bool isOwn)
-        : IniProfileFile(machineFiles, cache, name), isOwn_(isOwn) {}
+    LockedProfileFile(PosixFileSystem& machineFiles, IniFileCache& cache, const std::string& name,
+                      const std::string& original)
+        : IniProfileFile(machineFiles, cache, name, original), machineFiles_(machineFiles) {}
 
     SystemError commit() override {
-        if (isOwn_)
-            (void)makeFolders(files(), folderOf(path())); // the commit reports a missing folder
+        if (const auto error = machineFiles_.makeOwnFolderOf(path()); error != SystemError::none)
+            return error;
         const FolderLock lock(folderOf(files().resolveLinks(files().existingName(path()))));
         return IniProfileFile::commit();
     }
 
 private:
-    bool isOwn_;
+    PosixFileSystem& machineFiles_;
 };
 
 std::string withoutTrailingSeparators(std::string folder) {
@@ -42,43 +42,57 @@ std::string withoutTrailingSeparators(std::string folder) {
 class PosixPlatform final : public Platform {
 public:
     explicit PosixPlatform(const PlatformOptions& options)
-        : home_(fullName(options.home)), library_(home_ ? *home_ : moduleFolder()),
-          settings_(settingsFolder(home_)), registry_(files_, JoinPath(settings_, "registry")) {}
+        : home_(fullName(options.home ? options.home : replacedHome())),
+          library_(ownFolder(home_, dataFolder())), settings_(ownFolder(home_, configurationFolder())) {}
 
     FileSystem& files() override { return files_; }
     RegistryStore& registry() override { return registry_; }
     MessageBoxes& messageBoxes() override { return boxes_; }
     Console& console() override { return console_; }
 
-    std::unique_ptr<ProfileFile> openProfile(const std::string& path) override {
-        return std::make_unique<LockedProfileFile>(files_, profiles_, path, path == systemProfilePath());
+    using Platform::openProfile;
+    std::unique_ptr<ProfileFile> openProfile(const std::string& path, const std::string& original) override {
+        return std::make_unique<LockedProfileFile>(files_, profiles_, path, original);
     }
     std::string systemProfilePath() override { return JoinPath(settings_, "win.ini"); }
 
     std::string libraryFolder() override { return library_; }
+    std::vector<std::string> otherFolders(FileUse use) override;
     std::optional<std::string> specialFolder(int number) override;
     LocalTime localTime() override;
     CalendarNames calendarNames() override { return PosixCalendarNames(""); }
 
 private:
-    static std::string settingsFolder(const std::optional<std::string>& home) {
-        return home ? *home : JoinPath(configurationFolder(), "qrtVistrelClasses4");
+    static std::string ownFolder(const std::optional<std::string>& home, const std::string& usersFolder) {
+        return home ? *home : JoinPath(usersFolder, "qrtVistrelClasses4");
     }
-    std::optional<std::string> fullName(const std::optional<std::string>& folder) {
+    static std::optional<std::string> fullName(const std::optional<std::string>& folder) {
         if (!folder)
             return std::nullopt;
-        return withoutTrailingSeparators(files_.fullName(*folder));
+        return withoutTrailingSeparators(PosixFileSystem().fullName(*folder));
     }
 
-    PosixFileSystem files_;
+    const std::string program_ = moduleFolder();
+    const std::optional<std::string> home_; ///< The full name of what replaces all folders of the user.
+    const std::string library_;
+    const std::string settings_; ///< The folder of the settings store.
+    PosixFileSystem files_{{library_, settings_}};
     IniFileCache profiles_{files_};
-    std::optional<std::string> home_; ///< The full name of the one in `PlatformOptions`.
-    std::string library_;
-    std::string settings_; ///< The folder of the settings store.
-    PosixRegistryStore registry_;
+    const std::string registryPath_ = JoinPath(settings_, "registry");
+    PosixRegistryStore registry_{files_, registryPath_,
+                                 [&] { return files_.makeOwnFolderOf(registryPath_); }};
     TerminalMessageBoxes boxes_;
     PosixConsole console_;
 };
+
+std::vector<std::string> PosixPlatform::otherFolders(FileUse use) {
+    std::vector<std::string> folders;
+    if (!home_)
+        folders.push_back(program_); // where earlier versions kept everything
+    if (use == FileUse::onlyRead)
+        folders.push_back(sharedFolder(program_));
+    return folders;
+}
 
 std::optional<std::string> PosixPlatform::specialFolder(int number) {
     if (!home_)

@@ -1,7 +1,6 @@
 #include "platform/posix/PosixRegistryStore.h"
 
 #include "platform/ReplacementFile.h"
-#include "platform/posix/PosixFolders.h"
 #include "platform/posix/PosixSystem.h"
 
 namespace qrtVistrelClasses4 {
@@ -23,10 +22,9 @@ const RegistryTree& PosixRegistryStore::tree() {
 }
 
 SystemError PosixRegistryStore::change(const Edit& edit) {
-    const std::string folder = folderOf(path_);
-    if (const auto error = makeFolders(files_, folder); error != SystemError::none)
+    if (const auto error = makeFolder_(); error != SystemError::none)
         return error;
-    const FolderLock lock(folder);
+    const FolderLock lock(folderOf(path_));
     const auto bytes = files_.read(path_);
     if (!bytes && bytes.error() != SystemError::fileNotFound)
         return bytes.error();

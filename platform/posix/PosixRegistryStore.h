@@ -3,8 +3,10 @@
 #include "platform/FileSystem.h"
 #include "platform/TreeRegistryStore.h"
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 
@@ -12,8 +14,10 @@ namespace qrtVistrelClasses4 {
 /// under a lock, to the current file.
 class PosixRegistryStore final : public TreeRegistryStore {
 public:
-    /// `files` must outlive this object. The first change makes the folder of `path`.
-    PosixRegistryStore(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
+    /// `files` must outlive this object. Before a change, `makeFolder` makes the folder of `path` if it is
+    /// missing.
+    PosixRegistryStore(FileSystem& files, std::string path, std::function<SystemError()> makeFolder)
+        : files_(files), path_(std::move(path)), makeFolder_(std::move(makeFolder)) {}
 
 private:
     const RegistryTree& tree() override;
@@ -21,6 +25,7 @@ private:
 
     FileSystem& files_;
     std::string path_;
+    std::function<SystemError()> makeFolder_;
     RegistryTree tree_; ///< The file as it was read last.
     /// Of that version, or of no file. No value if a later change might not show in it.
     std::optional<FileStamp> stamp_;

@@ -45,12 +45,13 @@ public:
     MessageBoxes& messageBoxes() override { return boxes_; }
     Console& console() override { return console_; }
 
-    std::unique_ptr<ProfileFile> openProfile(const std::string& path) override {
+    std::unique_ptr<ProfileFile> openProfile(const std::string& path, const std::string&) override {
         return std::make_unique<WindowsProfileFile>(path);
     }
     std::string systemProfilePath() override { return "win.ini"; }
 
     std::string libraryFolder() override;
+    std::vector<std::string> otherFolders(FileUse) override { return {}; }
     std::optional<std::string> specialFolder(int number) override;
     LocalTime localTime() override;
     CalendarNames calendarNames() override { return WindowsCalendarNames(LOCALE_USER_DEFAULT); }

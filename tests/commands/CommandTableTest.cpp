@@ -127,9 +127,9 @@ TEST_F(CommandTableTest, IsAlwaysSavedAndKeepsACopyOfWhatWasNotReadOrNeverWasATa
 TEST_F(CommandTableTest, IsReadAndWrittenWhereTheSettingPointsUnlessNothingIsThere) {
     const std::string elsewhere = JoinPath(host_.inLibrary("network"), "table.dat");
     setPath(elsewhere);
-    EXPECT_EQ(loadAndSave().path, path_) << "nothing was there";
+    clsCommandInterface();
     EXPECT_EQ(files().kindOf(host_.inLibrary("network")), EntryKind::folder);
-    EXPECT_EQ(CommandTablePath(), path_);
+    EXPECT_EQ(CommandTablePath(), path_) << "nothing was there";
     files().put(elsewhere, kBuiltIn + "k\n");
     setPath(elsewhere);
     EXPECT_EQ(loadAndSave().path, elsewhere);

@@ -124,9 +124,9 @@ TEST_P(FaultInjection, ALoadThatFailsSaysSoAndChangesNothing) {
     });
 }
 
-class StoreInAnyCase : public FaultInjection {};
+class StoreWithPlace : public FaultInjection {};
 
-TEST_P(StoreInAnyCase, IsFoundAndSaved) {
+TEST_P(StoreWithPlace, IsFoundInAnyCaseAndSaved) {
     for (const bool isRemembered : {false, true}) {
         const auto [folder, name] = SplitPath(store_.file);
         const std::string upperFolder = isRemembered ? std::string(folder) : AnsiUpperCase(folder);
@@ -143,7 +143,19 @@ TEST_P(StoreInAnyCase, IsFoundAndSaved) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Stores, StoreInAnyCase, testing::ValuesIn(StoresThat([](const Store& store) {
+TEST_P(StoreWithPlace, IsReadBesideTheProgramButNotWrittenThere) {
+    const std::string program = LongNameHost().inLibrary("program"), beside = JoinPath(program, store_.file);
+    Stage stage(store_, {{beside, contents_.file[0]}});
+    stage.host.machine.others[FileUse::kept] = {stage.host.inLibrary("none"), program};
+    stage.renew();
+    EXPECT_TRUE(stage.subject.load());
+    EXPECT_EQ(stage.subject.text(), contents_.text[0]);
+    EXPECT_TRUE(stage.subject.saveAs(Version::next));
+    EXPECT_EQ(stage.host.machine.files().content(beside), contents_.file[0]);
+    EXPECT_EQ(stage.file(), contents_.file[1]);
+}
+
+INSTANTIATE_TEST_SUITE_P(Stores, StoreWithPlace, testing::ValuesIn(StoresThat([](const Store& store) {
                              return store.is(Store::hasPlace);
                          })),
                          [](const auto& row) { return std::string(row.param.name); });

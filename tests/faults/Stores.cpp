@@ -156,7 +156,8 @@ Subject commandTable(TestHost& host, const std::string&) {
 #ifndef _WIN32
 /// The file that keeps registry settings, one value among others.
 Subject registryFile(TestHost& host, const std::string& path) {
-    const auto store = std::make_shared<PosixRegistryStore>(host.machine.files(), path);
+    const auto store =
+        std::make_shared<PosixRegistryStore>(host.machine.files(), path, [] { return SystemError::none; });
     const auto text = std::make_shared<std::string>();
     const RegistryKey key{RegistryHive::localMachine, "Software\\Brivox\\Test"};
     if (!host.machine.files().content(path))

@@ -158,21 +158,29 @@ TEST(PosixSystem, TrustsTheTimeOfAFileOnceTheClockHasLeftIt) {
 }
 
 TEST_F(PosixPlatformTest, OneHomeFolderStandsForAllPlacesAndIsMadeByTheFirstSetting) {
-    const std::string home = file("a/b");
+    const std::string home = file("a/b"),
+                      program = std::filesystem::read_symlink("/proc/self/exe").parent_path();
     const auto fresh = makePlatform({home + "/"});
+    EXPECT_EQ(fresh->otherFolders(FileUse::kept), std::vector<std::string>());
+    EXPECT_EQ(makePlatform()->otherFolders(FileUse::onlyRead),
+              (std::vector{program, folderOf(program) + "/share/vistrel"}));
+    EXPECT_EQ(fresh->files().read(JoinPath(home, "a")).error(), SystemError::fileNotFound);
+    EXPECT_EQ(fresh->files().mayWrite(JoinPath(home, "a")), SystemError::none);
+    EXPECT_EQ(files().kindOf(file("a")), EntryKind::missing) << "not made by looking";
     EXPECT_EQ(fresh->libraryFolder(), home);
     EXPECT_EQ(fresh->specialFolder(kDocumentsFolder), home);
     const auto profile = fresh->openProfile(fresh->systemProfilePath());
     profile->write("S", "k", "v");
     EXPECT_EQ(profile->commit(), SystemError::none);
     EXPECT_EQ(textOf(JoinPath(home, "win.ini")), "[S]\r\nk=v\r\n");
+    EXPECT_EQ(std::filesystem::status(home).permissions(), std::filesystem::perms::owner_all);
     EXPECT_EQ(makePlatform({file("c/d")})->registry().createKey(kKey), SystemError::none);
     EXPECT_EQ(textOf(file("c/d/registry")), "[HKEY_USERS\\a]\n");
 }
 
 TEST_F(PosixPlatformTest, ASettingsStoreThatCannotBeReadKeepsWhatWasReadLast) {
     MemoryFileSystem machineInMemory;
-    PosixRegistryStore store(machineInMemory, file("registry"));
+    PosixRegistryStore store(machineInMemory, file("registry"), [] { return SystemError::none; });
     for (const std::string value : {"first", "second"}) {
         machineInMemory.observer = nullptr;
         machineInMemory.put(file("registry"), "[HKEY_USERS\\a]\n\"name\"=\"" + value + "\"\n");
@@ -208,7 +216,6 @@ TEST(PosixFolders, ReadTheDocumentsFolderFromTheDesktopsFile) {
         {"cut short", "XDG_DOCUMENTS_DIR=", ""}};
     for (const auto& [why, text, expected] : cases)
         EXPECT_EQ(userDirectory(text, "XDG_DOCUMENTS_DIR", "/home/me").value_or(""), expected) << why;
-    EXPECT_EQ(makePlatform()->libraryFolder(), std::filesystem::read_symlink("/proc/self/exe").parent_path());
 }
 
 } // namespace

@@ -111,6 +111,15 @@ TEST_F(LoadingPlayfiles, FindsMissingFilesBesideThePlayfile) {
     EXPECT_EQ(listings, 1) << "for two files that are missing";
 }
 
+TEST_F(LoadingPlayfiles, TakesThe4x8FontFromAnotherFolderIfTheApplicationHasNone) {
+    host_.machine.others[FileUse::onlyRead] = {folder_};
+    const std::string font = JoinPath(JoinPath(folder_, "CustomFonts"), "fnt4x8.cff");
+    files().put(font, "");
+    Texts values = oneFrame();
+    values[29] = "2";
+    EXPECT_EQ(load(fileOf(values)).playfile.frames.at(1).lines.at(1).LineCustomFont, font);
+}
+
 TEST_F(LoadingPlayfiles, CorrectsWhatWasReadOfAFileThatIsCutShortAndNothingElse) {
     WriteSetting("Vistrel3", "Settings", "AppPath", folder_);
     const std::string beside = JoinPath(folder_, "a.bmp"), gone = "Q:\\a.bmp",

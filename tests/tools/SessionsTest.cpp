@@ -18,10 +18,12 @@ std::string contentOf(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// Runs on a copy of the samples, which also is its home ("~"). The user's own folder is an empty one.
+/// Runs on a copy of the samples, which usually is its home ("~"). The user's own folder is an empty one.
 class Program {
 public:
-    Program() {
+    /// `vistrel` is the shell's command for the program.
+    explicit Program(std::string vistrel = "'" VISTREL_PROGRAM R"(' --home "$PWD")")
+        : vistrel_(std::move(vistrel)) {
         std::filesystem::copy(QRT_SAMPLES_FOLDER, home(), std::filesystem::copy_options::recursive);
         std::filesystem::create_directory(folder_.file("user"));
     }
@@ -51,8 +53,9 @@ public:
     /// What the commands print, errors included, and the exit code unless it is 0.
     std::string run(const std::string& command) const {
         const std::string script = "cd '" + home() + "'; export HOME='" + folder_.file("user") +
-                                   R"sh(' XDG_CONFIG_HOME= LC_ALL=C
-                vistrel() { ')sh" VISTREL_PROGRAM R"sh(' --home "$PWD" "$@"; }
+                                   R"sh(' XDG_CONFIG_HOME= XDG_DATA_HOME= VISTREL_HOME= LC_ALL=C
+                vistrel() { )sh" + vistrel_ +
+                                   R"sh( "$@"; }
                 names() { # the first letters of the frames of a playfile
                     vistrel show "$1" --json | sed -n 's/.*"FrameName": "\(.*\)",/\1-/p' | cut -c 1 | tr -d '\n'
                     echo
@@ -60,8 +63,9 @@ public:
                 { )sh" + command + "\n} > ../out 2>&1 < /dev/null";
         const int status = std::system(script.c_str());
         std::string out = contentOf(folder_.file("out"));
-        for (std::size_t at = 0; (at = out.find(home(), at)) != out.npos;)
-            out.replace(at, home().size(), "~");
+        for (const auto& [folder, shown] : {std::pair{home(), "~"}, {folder_.path(), ".."}})
+            for (std::size_t at = 0; (at = out.find(folder, at)) != out.npos;)
+                out.replace(at, folder.size(), shown);
         const std::string code = WIFEXITED(status) ? std::to_string(WEXITSTATUS(status)) : "crashed";
         return code == "0" ? out : out + "[" + code + "]\n";
     }
@@ -69,6 +73,7 @@ public:
 private:
     std::string home() const { return folder_.file("home"); }
 
+    std::string vistrel_;
     TempFolder folder_;
 };
 
@@ -80,6 +85,16 @@ INSTANTIATE_TEST_SUITE_P(Of, Session,
                          testing::Values("commands", "fonts", "frames", "older", "preview", "refusals",
                                          "settings", "show", "signs"),
                          [](const auto& session) { return std::string(session.param); });
+
+TEST(Installed, WorksForAUserWhoMayNotWriteWhereItLies) {
+    // As root, another user runs it.
+    const Program program("$(test $(id -u) != 0 || echo setpriv --reuid 65534 --regid 65534 --clear-groups) "
+                          "../installed/bin/vistrel");
+    ASSERT_EQ(program.run(VISTREL_INSTALL " ../installed > /dev/null; chmod -R a-w ../installed\n"
+                                          "test $(id -u) != 0 || chown 65534 . ../user"),
+              "");
+    program.play("installed");
+}
 
 /// The examples of the README as one script, and what it prints. One without output may print anything.
 std::pair<std::string, std::string> examples() {

@@ -151,9 +151,8 @@ ExitCode setCommand(const CommandsOptions& options, Session& session) {
 void SetUpCommandsCommand(CLI::App& commands, Session& session) {
     const auto options = std::make_shared<CommandsOptions>();
     commands.require_subcommand(1);
-    commands.footer(
-        "The table is read where it was saved last, at first db/VistrelLite.dat in the folder of the "
-        "program, or of --home. Every use writes it anew.");
+    commands.footer("The table is read where it was saved last, at first db/VistrelLite.dat in "
+                    "~/.local/share/qrtVistrelClasses4 or the folder of --home.");
     constexpr const char* keyHelp = "Key of the command, as texts hold it";
 
     AddCommand(commands, "list", "Shows every command", "vistrel commands list --home site", session, options,

@@ -28,11 +28,12 @@ public:
     RegistryStore& registry() override { return machine_.registry(); }
     MessageBoxes& messageBoxes() override { return machine_.messageBoxes(); }
     Console& console() override { return machine_.console(); }
-    std::unique_ptr<ProfileFile> openProfile(const std::string& path) override {
-        return machine_.openProfile(path);
+    std::unique_ptr<ProfileFile> openProfile(const std::string& path, const std::string& original) override {
+        return machine_.openProfile(path, original);
     }
     std::string systemProfilePath() override { return machine_.systemProfilePath(); }
     std::string libraryFolder() override { return machine_.libraryFolder(); }
+    std::vector<std::string> otherFolders(FileUse use) override { return machine_.otherFolders(use); }
     std::optional<std::string> specialFolder(int number) override { return machine_.specialFolder(number); }
     CalendarNames calendarNames() override { return machine_.calendarNames(); }
 

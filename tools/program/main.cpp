@@ -59,6 +59,7 @@ ExitCode runProgram(const std::vector<std::string>& arguments, Console& console)
         .add_option(
             "--home", home,
             "Folder that holds settings, INI files and fonts, in place of the system's and the user's own")
+        ->envname("VISTREL_HOME")
         ->check(CLI::Validator(&faultOfFolder, "DIR"));
     AddCommands(program, session);
     try {
