@@ -89,8 +89,8 @@ struct Command {
     void (*setUp)(CLI::App& command, Session& session);
 };
 
-/// Adds all commands to `program`, in the order of its help. Options take most of the time of a start, so a
-/// command gets its own only when the parser comes to its name.
+/// Adds the help flag and all commands to `program`, in the order of its help. Options take most of the time
+/// of a start, so a command gets its own only when the parser comes to its name.
 void AddCommands(CLI::App& program, Session& session);
 
 void SetUpShowCommand(CLI::App& command, Session& session);
