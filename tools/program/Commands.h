@@ -97,15 +97,15 @@ void SetUpShowCommand(CLI::App& command, Session& session);
 void SetUpSaveCommand(CLI::App& command, Session& session);
 void SetUpExportCommand(CLI::App& command, Session& session);
 void SetUpPreviewCommand(CLI::App& command, Session& session);
-void SetUpFramesCommand(CLI::App& command, Session& session);
+void SetUpFramesCommand(CLI::App& frames, Session& session);
 void SetUpConvertCommand(CLI::App& command, Session& session);
 void SetUpInspectCommand(CLI::App& command, Session& session);
-void SetUpSignsCommand(CLI::App& command, Session& session);
-void SetUpCommandsCommand(CLI::App& command, Session& session);
-void SetUpTextCommand(CLI::App& command, Session& session);
-void SetUpRecentCommand(CLI::App& command, Session& session);
-void SetUpSettingsCommand(CLI::App& command, Session& session);
+void SetUpSignsCommand(CLI::App& signs, Session& session);
+void SetUpCommandsCommand(CLI::App& commands, Session& session);
+void SetUpTextCommand(CLI::App& text, Session& session);
+void SetUpRecentCommand(CLI::App& recent, Session& session);
+void SetUpSettingsCommand(CLI::App& settings, Session& session);
 void SetUpEffectsCommand(CLI::App& command, Session& session);
-void SetUpFontCommand(CLI::App& command, Session& session);
+void SetUpFontCommand(CLI::App& font, Session& session);
 
 } // namespace qrtVistrelClasses4
