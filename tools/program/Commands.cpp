@@ -34,16 +34,24 @@ constexpr Command kCommands[] = {
      &SetUpFontCommand},
 };
 
+void SetHelpFlag(CLI::App& command) {
+    command.set_help_flag("-h,--help", "Print this help message and exit");
+}
+
 } // namespace
 
 void AddCommands(CLI::App& program, Session& session) {
+    // A new command copies the help flag of its parent. That takes most of its time, and one needs it.
+    program.set_help_flag();
     for (const Command& row : kCommands) {
         CLI::App* command = program.add_subcommand(row.name, row.description);
         command->preparse_callback([&row, command, &session](std::size_t) {
+            SetHelpFlag(*command);
             SetUpCommon(*command, row.example);
             row.setUp(*command, session);
         });
     }
+    SetHelpFlag(program);
 }
 
 } // namespace qrtVistrelClasses4

@@ -89,23 +89,23 @@ struct Command {
     void (*setUp)(CLI::App& command, Session& session);
 };
 
-/// Adds all commands to `program`, in the order of its help. Options take most of the time of a start, so a
-/// command gets its own only when the parser comes to its name.
+/// Adds the help flag and all commands to `program`, in the order of its help. Options take most of the time
+/// of a start, so a command gets its own only when the parser comes to its name.
 void AddCommands(CLI::App& program, Session& session);
 
 void SetUpShowCommand(CLI::App& command, Session& session);
 void SetUpSaveCommand(CLI::App& command, Session& session);
 void SetUpExportCommand(CLI::App& command, Session& session);
 void SetUpPreviewCommand(CLI::App& command, Session& session);
-void SetUpFramesCommand(CLI::App& command, Session& session);
+void SetUpFramesCommand(CLI::App& frames, Session& session);
 void SetUpConvertCommand(CLI::App& command, Session& session);
 void SetUpInspectCommand(CLI::App& command, Session& session);
-void SetUpSignsCommand(CLI::App& command, Session& session);
-void SetUpCommandsCommand(CLI::App& command, Session& session);
-void SetUpTextCommand(CLI::App& command, Session& session);
-void SetUpRecentCommand(CLI::App& command, Session& session);
-void SetUpSettingsCommand(CLI::App& command, Session& session);
+void SetUpSignsCommand(CLI::App& signs, Session& session);
+void SetUpCommandsCommand(CLI::App& commands, Session& session);
+void SetUpTextCommand(CLI::App& text, Session& session);
+void SetUpRecentCommand(CLI::App& recent, Session& session);
+void SetUpSettingsCommand(CLI::App& settings, Session& session);
 void SetUpEffectsCommand(CLI::App& command, Session& session);
-void SetUpFontCommand(CLI::App& command, Session& session);
+void SetUpFontCommand(CLI::App& font, Session& session);
 
 } // namespace qrtVistrelClasses4

@@ -53,15 +53,15 @@ ExitCode runProgram(const std::vector<std::string>& arguments, Console& console)
         "Shows and changes playfiles, the list of signs, commands and settings of LED message signs",
         "vistrel");
     program.formatter(std::make_shared<ExampleFirst>("vistrel show harbour.playfile"));
-    program.set_version_flag("--version", "vistrel " VISTREL_VERSION);
     program.require_subcommand(1);
+    AddCommands(program, session);
+    program.set_version_flag("--version", "vistrel " VISTREL_VERSION);
     program
         .add_option(
             "--home", home,
             "Folder that holds settings, INI files and fonts, in place of the system's and the user's own")
         ->envname("VISTREL_HOME")
         ->check(CLI::Validator(&faultOfFolder, "DIR"));
-    AddCommands(program, session);
     try {
         program.parse(std::vector<std::string>(arguments.rbegin(),
                                                arguments.rend())); // the parser takes them from the end
