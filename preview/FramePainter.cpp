@@ -5,6 +5,7 @@
 #include "media/PictureCache.h"
 #include "platform/Path.h"
 #include "preview/FontCache.h"
+#include "preview/LabelFont.h"
 
 #include <algorithm>
 #include <string_view>
@@ -18,8 +19,6 @@ constexpr DotSize kSmallestSign{48, 16};
 constexpr DotSize kLargestSign{512, 128};
 constexpr std::int32_t kDotsOfModule = 8; ///< Signs consist of square modules.
 
-constexpr std::int16_t kCaptionFont = 0;
-constexpr std::int16_t kLabelFont = 3;
 constexpr std::int32_t kLabelMargin = 4; ///< Dots between a label and the outside of its box.
 
 /// Letters start one dot right of where they are drawn.
@@ -97,8 +96,6 @@ public:
         collectFaults();
     }
 
-    const Font& captionFont() { return *fonts_.find(kCaptionFont, {}); }
-
     std::vector<PreviewFault> takeFaults() {
         collectFaults();
         return std::exchange(faults_, {});
@@ -126,8 +123,8 @@ private:
             return {};
         if (const auto size = pictures_.sizeOf(path))
             return *size;
-        const auto font = fonts_.find(kLabelFont, {});
-        return {widthOnSign(*font, SplitPath(path).name) + 2 * kLabelMargin, font->height + 2 * kLabelMargin};
+        const Font& font = LabelFont();
+        return {widthOnSign(font, SplitPath(path).name) + 2 * kLabelMargin, font.height + 2 * kLabelMargin};
     }
 
     void drawBackground(const FrameRecord& frame, PixelBuffer& dots) const {
@@ -161,10 +158,10 @@ private:
 
     void drawBox(std::string_view label, PixelBuffer& dots) {
         const Color color = sign_.dimmed();
-        const auto font = fonts_.find(kLabelFont, {});
-        const std::int64_t free = dots.width() - WidthOf({*font}, label) - kDotsBeforeText;
+        const Font& font = LabelFont();
+        const std::int64_t free = dots.width() - WidthOf({font}, label) - kDotsBeforeText;
         const auto left = static_cast<std::int32_t>(std::max<std::int64_t>(free / 2, kDotsBeforeText));
-        drawText(*font, color, label, dots, left, (dots.height() - font->height) / 2);
+        drawText(font, color, label, dots, left, (dots.height() - font.height) / 2);
         dots.fill(0, 0, dots.width(), 1, color);
         dots.fill(0, dots.height() - 1, dots.width(), 1, color);
         dots.fill(0, 0, 1, dots.height(), color);
@@ -215,8 +212,6 @@ void FramePainter::draw(const OneBasedArray<FrameRecord>& frames, std::int32_t f
             onFrame(number, dots);
     }
 }
-
-const Font& FramePainter::captionFont() { return drawing_->captionFont(); }
 
 std::vector<PreviewFault> FramePainter::takeFaults() { return drawing_->takeFaults(); }
 

@@ -15,8 +15,6 @@
 
 namespace qrtVistrelClasses4 {
 
-struct Font;
-
 /// Whether the lines of the frame are shown.
 bool HasText(const FrameRecord& frame);
 
@@ -48,11 +46,7 @@ public:
     std::vector<PreviewFault> takeFaults();
 
 private:
-    friend class FrameSheet;
     class Drawing;
-
-    /// Font 0. Valid as long as the painter.
-    const Font& captionFont();
 
     std::unique_ptr<Drawing> drawing_;
 };

@@ -113,13 +113,11 @@ protected:
         Font tiny = FontOf(4, {"#.", "##", "#."});
         AddLetter(tiny, '0', {"##", "##", "##"});
         AddLetter(tiny, '1', {".#", ".#", ".#"});
-        Font standard = ParseFont({}, 6, 8).value(), condensed = ParseFont({}, 5, 8).value();
+        Font standard = ParseFont({}, 6, 8).value();
         AddLetter(standard, 'A', {"#", ".", ".", ".", ".", ".", ".", "#"});
-        AddLetter(condensed, 'x', Texts(8, "#"));
         put("tiny", HeaderFontBytes(tiny));
         put("wide", HeaderFontBytes(FontOf(4, {"###", "..#"})));
         files().put(host_.inLibrary("bin/Fstnd08.cmd"), SizedFontBytes(standard));
-        files().put(host_.inLibrary("bin/Fstnd5x8.cmd"), SizedFontBytes(condensed));
     }
     std::string put(const std::string& name, const std::string& content) {
         files().put(host_.inLibrary("CustomFonts/" + name), content);
@@ -145,7 +143,7 @@ protected:
 };
 
 TEST_F(Frames, AreDrawnAsASignShowsThem) {
-    const std::string box = "+++++ +...+ +.+.+ +.+.+ +.+.+ +.+.+ +.+.+ +.+.+ +.+.+ +.+.+ +...+ +++++";
+    const std::string box = "+++++ +...+ +...+ +...+ +.+.+ +.+.+ +..++ +.+.+ +.+.+ +...+ +...+ +++++";
     const std::string stacked =
         ".###...... ...#...... .......... .......... .......... .####.#.#. .####.#.#. "
         ".####.#.#. #.######## #..####### #.######## .#.#.#.#.# .######### .#.#.#.#.# "
@@ -210,7 +208,7 @@ TEST_F(Frames, NeedASignThatShowsAllThatDoesNotScroll) {
         {"the last line with text",
          text({line("", "1"), line("", "1"), line("A", "1"), line("", "1")}),
          {48, 24}},
-        {"the name in a box", frame(FRAME_CMD, {}, std::string(60, 'x')), {72, 16}},
+        {"the name in a box", frame(FRAME_CMD, {}, std::string(60, 'x')), {312, 16}},
         {"the largest", text(Lines(99, line(std::string(999, 'A')))), {512, 128}},
     };
     for (const auto& [why, shown, size] : cases)
@@ -221,8 +219,8 @@ TEST_F(Frames, BecomeASheetOfLedsInStrips) {
     const auto frames = listOf<FrameRecord>({text({}), text({}), text({}), text({line("A")})});
     FramePainter painter({});
     FrameSheet sheet(4, {3, 3}, 64);
-    Raster picture(822, 596);
-    EXPECT_EQ(sheet.width() * 1000 + sheet.height(), 822596);
+    Raster picture(822, 1036);
+    EXPECT_EQ(sheet.width() * 1000 + sheet.height(), 823036);
     std::int32_t y = 0;
     const auto copyRows = [&](const Raster& strip) {
         EXPECT_LT(strip.height(), 100);
@@ -231,13 +229,13 @@ TEST_F(Frames, BecomeASheetOfLedsInStrips) {
     };
     sheet.draw(
         frames, painter, [](std::int32_t number) { return number == 4 ? "AA" : ""; }, copyRows);
-    EXPECT_EQ(y, 596);
+    EXPECT_EQ(y, 1036);
     std::string middles; // of the dots of the last frame, which is alone in the second row
-    for (y = 304 + 22 + 33 + 32; y < 304 + 22 + 33 + 192; y += 64)
+    for (y = 524 + 242 + 33 + 32; y < 524 + 242 + 33 + 192; y += 64)
         for (std::size_t x = 12 + 33 + 32; x < 12 + 33 + 192; x += 64)
             middles += RedOf(picture.row(y)[x]) > 200 ? '#' : '.';
     EXPECT_EQ(middles, ".#..##.#.");
-    EXPECT_GT(RedOf(picture.row(304)[12]), 100) << "the caption";
+    EXPECT_GT(RedOf(picture.row(524)[12 + 22]), 100) << "the caption";
 }
 
 } // namespace
