@@ -6,6 +6,7 @@
 #include "platform/Path.h"
 #include "preview/FontCache.h"
 #include "preview/LabelFont.h"
+#include "preview/PictureDots.h"
 
 #include <algorithm>
 #include <string_view>
@@ -55,12 +56,12 @@ void drawText(const Font& font, Color color, std::string_view text, PixelBuffer&
 }
 
 void drawPicture(const SignLook& sign, const Raster& picture, PixelBuffer& dots) {
-    const auto width = static_cast<std::size_t>(std::min(picture.width(), dots.width()));
-    for (std::int32_t y = 0; y < std::min(picture.height(), dots.height()); ++y) {
+    const Raster lit = DotsOf(picture, dots.size(), sign);
+    for (std::int32_t y = 0; y < lit.height(); ++y) {
         auto dot = dots.row(y).begin();
-        for (const Color pixel : picture.row(y).first(width)) {
-            if (const Color lit = sign.dotFor(pixel))
-                *dot = lit;
+        for (const Color color : lit.row(y)) {
+            if (color != 0)
+                *dot = color;
             ++dot;
         }
     }

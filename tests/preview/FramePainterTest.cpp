@@ -135,10 +135,15 @@ protected:
         return last;
     }
 
-    const std::string white_ = std::string(3, '\xff'), dark_ = std::string(3, '\0'),
-                      half_ = std::string(3, '\x64');
-    const std::string picture_ =
-        put("dots.bmp", Bmp(24, half_ + dark_ + dark_ + dark_ + white_ + white_ + dark_ + dark_));
+    /// Two rows of three pixels, from 0 for black to 9 for white.
+    std::string putPicture(const std::string& name, const std::string& pixels) {
+        std::string bytes;
+        for (const char pixel : pixels.substr(3) + "0" + pixels.substr(0, 3) + "0") // the lower row first
+            bytes += std::string(3, static_cast<char>((pixel - '0') * 255 / 9));
+        return put(name, Bmp(24, bytes));
+    }
+
+    const std::string picture_ = putPicture("dots.bmp", "990600");
     const std::string bad_ = put("x.bmp", "BM, and no more");
 };
 
@@ -167,10 +172,12 @@ TEST_F(Frames, AreDrawnAsASignShowsThem) {
         {"a command that a user added", {text({line("~")})}, "..# ..# ..#"},
         {"nothing at all", {frame(FRAME_BLANK, {line("A")})}, "... ..."},
         {"overlays over the frames before", {text({line("A")}), one, below}, ".## .## .## .#."},
-        {"a picture with text", {frame(FRAME_GRAPHICTEXT, {line("A")}, picture_)}, "##. +## .#."},
-        {"a picture alone", {frame(FRAME_GRAPHIC, {line("A")}, picture_)}, "##. +.. ..."},
-        {"a picture that is cut off", {frame(FRAME_GRAPHIC, {}, picture_)}, "# +"},
+        {"a picture with text", {frame(FRAME_GRAPHICTEXT, {line("A")}, picture_)}, "##. ### .#."},
+        {"a picture alone", {frame(FRAME_GRAPHIC, {line("A")}, picture_)}, "##. #.. ..."},
         {"a text alone", {frame(FRAME_TEXT, {line("A")}, picture_)}, ".#. .## .#."},
+        {"one brightness", {frame(FRAME_GRAPHIC, {}, putPicture("grey.bmp", "555555"))}, "#.# .#."},
+        {"two low ones", {frame(FRAME_GRAPHIC, {}, putPicture("dark.bmp", "121212"))}, ".#. #.#"},
+        {"many, cut off", {frame(FRAME_GRAPHIC, {}, putPicture("most.bmp", "998705"))}, "## #."},
         {"an animation", {frame(FRAME_GRAPHIC, {}, host_.inLibrary("x"))}, box},
         {"a command file", {frame(FRAME_CMD, {}, "x")}, box},
         {"a picture that cannot be read", {frame(FRAME_GRAPHIC, {}, bad_)}, box},
