@@ -9,6 +9,7 @@
 #include "preview/PictureDots.h"
 
 #include <algorithm>
+#include <bitset>
 #include <string_view>
 #include <utility>
 
@@ -50,9 +51,10 @@ std::int32_t widthOnSign(const Font& font, std::string_view text) {
     return static_cast<std::int32_t>(std::min<std::int64_t>(WidthOf({font}, text), kLargestSign.width));
 }
 
-void drawText(const Font& font, Color color, std::string_view text, PixelBuffer& dots, std::int32_t left,
-              std::int32_t top) {
-    DrawLetters({font, 1, color}, text, {dots, static_cast<float>(left), static_cast<float>(top)}, false);
+DrawnText drawText(const Font& font, Color color, std::string_view text, PixelBuffer& dots, std::int32_t left,
+                   std::int32_t top) {
+    return DrawLetters({font, 1, color}, text, {dots, static_cast<float>(left), static_cast<float>(top)},
+                       false);
 }
 
 void drawPicture(const SignLook& sign, const Raster& picture, PixelBuffer& dots) {
@@ -65,6 +67,22 @@ void drawPicture(const SignLook& sign, const Raster& picture, PixelBuffer& dots)
             ++dot;
         }
     }
+}
+
+bool isVisible(char character) { return static_cast<unsigned char>(character) > ' '; }
+
+/// Those of the characters that a font could have: control characters are never shown.
+std::string visibleOnes(const std::bitset<256>& characters) {
+    std::string text;
+    for (std::size_t code = ' '; code < characters.size(); ++code)
+        if (characters[code])
+            text += static_cast<char>(code);
+    return text;
+}
+
+/// Whether the letters of an inverse line touch its upper edge, and may be one row lower instead.
+bool canBeLowered(const Font& font, std::string_view text) {
+    return HasLitDots(font, text, 0, 0, 0) && !HasLitDots(font, text, 0, font.height - 1, font.height - 1);
 }
 
 } // namespace
@@ -87,11 +105,12 @@ public:
         return size;
     }
 
-    void draw(const FrameRecord& frame, PixelBuffer& dots) {
+    void draw(std::int32_t number, const FrameRecord& frame, PixelBuffer& dots) {
+        frame_ = number;
         if (!IsOverlay(frame))
             drawBackground(frame, dots);
         if (const std::string medium = mediumOf(frame); !medium.empty())
-            drawMedium(medium, dots);
+            drawMedium(frame, medium, dots);
         if (HasText(frame))
             drawLines(frame, dots);
         collectFaults();
@@ -138,23 +157,53 @@ private:
 
     void drawLines(const FrameRecord& frame, PixelBuffer& dots) {
         std::int32_t top = 0;
-        for (const LineRecord& line : frame.lines) {
-            if (top >= dots.height())
+        for (std::int32_t number = 1; number <= frame.lines.upperBound(); ++number) {
+            const LineRecord& line = frame.lines.at(number);
+            const std::string text = texts_.of(line.CurrentLineText);
+            if (top < dots.height()) {
+                const auto font = fontOf(line);
+                drawLine(number, line, text, font, dots, top);
+                top += font->height;
+            } else if (std::ranges::any_of(text, isVisible)) {
+                addFault(PreviewFault::What::cutText, {}, number);
                 break;
-            const auto font = fontOf(line);
-            if (line.Inverse)
-                dots.fill(0, top, dots.width(), font->height, sign_.color);
-            drawText(*font, line.Inverse ? 0 : sign_.color, texts_.of(line.CurrentLineText), dots, 0, top);
-            top += font->height;
+            }
         }
     }
 
+    void drawLine(std::int32_t number, const LineRecord& line, std::string_view text,
+                  const FontCache::FontPointer& font, PixelBuffer& dots, std::int32_t top) {
+        const std::int32_t height = font->height;
+        if (line.Inverse)
+            dots.fill(0, top, dots.width(), height, sign_.color);
+        if (line.Inverse && canBeLowered(*font, text))
+            ++top;
+        const DrawnText drawn = drawText(*font, line.Inverse ? 0 : sign_.color, text, dots, 0, top);
+        if (std::string lacking = visibleOnes(drawn.lacking); !lacking.empty() && !fonts_.isEmpty(font))
+            addFault(PreviewFault::What::lackingCharacters, std::move(lacking), number);
+        const bool isTooWide = !line.Scrolling && drawn.width + kDotsBeforeText > dots.width() &&
+                               HasLitDots(*font, text, dots.width(), 0, height - 1);
+        const bool isTooLow =
+            top + height > dots.height() && HasLitDots(*font, text, 0, dots.height() - top, height - 1);
+        if (isTooWide || isTooLow)
+            addFault(PreviewFault::What::cutText, {}, number);
+    }
+
+    void addFault(PreviewFault::What what, std::string name, std::int32_t line) {
+        faults_.push_back({what, std::move(name), {}, {}, frame_, line});
+    }
+
     /// Draws a picture, or a box with the name of a file that cannot be drawn.
-    void drawMedium(const std::string& path, PixelBuffer& dots) {
-        if (const Raster* picture = pictures_.find(path))
+    void drawMedium(const FrameRecord& frame, const std::string& path, PixelBuffer& dots) {
+        const auto& [what, picture] = pictures_.find(path);
+        if (picture)
             drawPicture(sign_, *picture, dots);
         else
             drawBox(SplitPath(path).name, dots);
+        if (hasPicture(frame) && what == PictureOutcome::What::missing)
+            addFault(PreviewFault::What::missingPicture, path, 0);
+        if (hasPicture(frame) && what == PictureOutcome::What::unreadable)
+            addFault(PreviewFault::What::picture, path, 0);
     }
 
     void drawBox(std::string_view label, PixelBuffer& dots) {
@@ -174,8 +223,6 @@ private:
     }
 
     void collectFaults() {
-        for (std::string& path : pictures_.takeUnreadable())
-            faults_.push_back({PreviewFault::What::picture, std::move(path)});
         for (PreviewFault& fault : fonts_.takeFaults())
             faults_.push_back(std::move(fault));
     }
@@ -185,6 +232,7 @@ private:
     PictureCache pictures_;
     TextPreviews texts_;
     std::vector<PreviewFault> faults_;
+    std::int32_t frame_ = 0; ///< Number of the frame that is drawn.
 };
 
 FramePainter::FramePainter(const SignLook& sign, CommandTable commands)
@@ -208,7 +256,7 @@ void FramePainter::draw(const OneBasedArray<FrameRecord>& frames, std::int32_t f
         --number;
     PixelBuffer dots(size.width, size.height);
     for (; number <= last; ++number) {
-        drawing_->draw(frames.at(number), dots);
+        drawing_->draw(number, frames.at(number), dots);
         if (number >= first)
             onFrame(number, dots);
     }

@@ -113,6 +113,8 @@ protected:
         Font tiny = FontOf(4, {"#.", "##", "#."});
         AddLetter(tiny, '0', {"##", "##", "##"});
         AddLetter(tiny, '1', {".#", ".#", ".#"});
+        AddLetter(tiny, '-', {"#", "#", "."});
+        AddLetter(tiny, ' ', {"..", "..", ".."});
         Font standard = ParseFont({}, 6, 8).value();
         AddLetter(standard, 'A', {"#", ".", ".", ".", ".", ".", ".", "#"});
         put("tiny", HeaderFontBytes(tiny));
@@ -124,14 +126,19 @@ protected:
         return host_.inLibrary("CustomFonts/" + name);
     }
     /// The last of the frames.
-    static PixelBuffer draw(const std::vector<FrameRecord>& frames, DotSize size, const SignLook& sign = {}) {
+    PixelBuffer draw(const std::vector<FrameRecord>& frames, DotSize size, const SignLook& sign = {}) {
         PixelBuffer last(0, 0);
         const auto number = static_cast<std::int32_t>(frames.size());
         CommandTable commands = BuiltInCommands();
         commands.set("~", "\1");
-        FramePainter(sign, commands)
-            .draw(listOf(frames), number, number, size,
-                  [&](std::int32_t, const PixelBuffer& dots) { last = dots; });
+        FramePainter painter(sign, commands);
+        painter.draw(listOf(frames), number, number, size,
+                     [&](std::int32_t, const PixelBuffer& dots) { last = dots; });
+        faults_.clear();
+        for (const PreviewFault& fault : painter.takeFaults())
+            faults_ += (faults_.empty() ? "" : ", ") + std::to_string(fault.frame) + "." +
+                       std::to_string(fault.line) + " " +
+                       (fault.what == PreviewFault::What::cutText ? "cut" : fault.name);
         return last;
     }
 
@@ -145,6 +152,7 @@ protected:
 
     const std::string picture_ = putPicture("dots.bmp", "990600");
     const std::string bad_ = put("x.bmp", "BM, and no more");
+    std::string faults_; ///< Those of `draw`: "FRAME.LINE NAME".
 };
 
 TEST_F(Frames, AreDrawnAsASignShowsThem) {
@@ -166,24 +174,31 @@ TEST_F(Frames, AreDrawnAsASignShowsThem) {
     const struct {
         const char* why;
         std::vector<FrameRecord> frames;
-        std::string rows;
+        std::string rows, faults = {};
     } cases[] = {
-        {"lines in their fonts, with codes and unknown letters", {text(lines)}, stacked},
+        {"lines in their fonts, with codes and unknown letters", {text(lines)}, stacked, "1.3 ?, 1.7 cut"},
+        {"an inverse line with a free row", {text({line("-", "tiny", &LineRecord::Inverse)})}, "### #.# #.#"},
+        {"a text that is cut", {text({line("AA")})}, ".#. .## .#.", "1.1 cut"},
+        {"one below the sign",
+         {text({line("A "), line(" "), line("A"), line("A")})},
+         ".#. .## .#.",
+         "1.3 cut"},
         {"a command that a user added", {text({line("~")})}, "..# ..# ..#"},
         {"nothing at all", {frame(FRAME_BLANK, {line("A")})}, "... ..."},
-        {"overlays over the frames before", {text({line("A")}), one, below}, ".## .## .## .#."},
+        {"overlays over the frames before", {text({line("A")}), one, below}, ".## .## .## .#.", "3.2 cut"},
         {"a picture with text", {frame(FRAME_GRAPHICTEXT, {line("A")}, picture_)}, "##. ### .#."},
         {"a picture alone", {frame(FRAME_GRAPHIC, {line("A")}, picture_)}, "##. #.. ..."},
         {"a text alone", {frame(FRAME_TEXT, {line("A")}, picture_)}, ".#. .## .#."},
         {"one brightness", {frame(FRAME_GRAPHIC, {}, putPicture("grey.bmp", "555555"))}, "#.# .#."},
         {"two low ones", {frame(FRAME_GRAPHIC, {}, putPicture("dark.bmp", "121212"))}, ".#. #.#"},
         {"many, cut off", {frame(FRAME_GRAPHIC, {}, putPicture("most.bmp", "998705"))}, "## #."},
-        {"an animation", {frame(FRAME_GRAPHIC, {}, host_.inLibrary("x"))}, box},
+        {"an animation", {frame(FRAME_GRAPHIC, {}, put("x", "RIFF"))}, box},
         {"a command file", {frame(FRAME_CMD, {}, "x")}, box},
-        {"a picture that cannot be read", {frame(FRAME_GRAPHIC, {}, bad_)}, box},
+        {"a missing picture", {frame(FRAME_GRAPHIC, {}, "x")}, box, "1.0 x"},
+        {"a picture that cannot be read", {frame(FRAME_GRAPHIC, {}, bad_)}, box, "1.0 " + bad_},
     };
-    for (const auto& [why, frames, rows] : cases)
-        EXPECT_EQ(rowsOf(draw(frames, sizeOf(rows))), rows) << why;
+    for (const auto& [why, frames, rows, faults] : cases)
+        EXPECT_EQ(rowsOf(draw(frames, sizeOf(rows))) + "; " + faults_, rows + "; " + faults) << why;
     EXPECT_FALSE(files().hasEntry(host_.inLibrary("db"))) << "no command table is saved";
 }
 
