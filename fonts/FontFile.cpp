@@ -71,6 +71,12 @@ std::optional<std::int32_t> Font::glyphOffset(char character) const {
         std::clamp<std::int64_t>(glyph * recordSize(), Limits::min(), Limits::max()));
 }
 
+bool Font::has(char character) const {
+    const auto offset = glyphOffset(character);
+    return offset && *offset >= 0 && *offset < std::ssize(store) &&
+           store[static_cast<std::size_t>(*offset)] > 0;
+}
+
 std::optional<Font> ParseFont(std::string_view bytes, std::int16_t width, std::int16_t height) {
     if (width == kSizeFromFile && height == kSizeFromFile)
         return parseHeaderFont(bytes);

@@ -35,6 +35,9 @@ struct Font {
     /// 166 has the glyph of 127. If `characters` is empty, the glyphs are those of 32 and up; the index is
     /// then below 0 for characters below 32. It may also be beyond the end of the store.
     std::optional<std::int32_t> glyphOffset(char character) const;
+    /// Whether the font has a letter for the character: a glyph that is in the store and at least one dot
+    /// wide.
+    bool has(char character) const;
 };
 
 /// Reads a font from the bytes of its file. If both sizes are `kSizeFromFile`, the file starts with the sizes

@@ -76,6 +76,18 @@ Result<std::optional<Font>> ReadFont(const std::string& path, std::int16_t width
     return ParseFont(bytes, width, height);
 }
 
+std::optional<std::string> FolderWithoutFonts(std::int16_t signType, bool useNewFont) {
+    std::string folder;
+    for (std::int16_t number = 0; number < kNumberedFonts; ++number)
+        if (const auto file = FindNumberedFont(number, signType, useNewFont)) {
+            const auto [place, name] = SplitPath(file->path);
+            if (existingFile(file->path) || findInOtherFolders(name))
+                return std::nullopt;
+            folder = place;
+        }
+    return folder;
+}
+
 std::optional<NumberedFontFile> FindNumberedFont(std::int16_t fontNumber, std::int16_t signType,
                                                  bool useNewFont) {
     const auto size = clsFontSizes::FontSize(fontNumber);

@@ -46,6 +46,9 @@ FontOutcome LoadFontFile(const std::string& path, std::int16_t width, std::int16
 /// `LoadFontFile` does. A number without a font gives no font and no message.
 FontOutcome LoadNumberedFont(std::int16_t fontNumber, std::int16_t signType, bool useNewFont);
 
+/// The folder that should have the numbered fonts of a set, if none of them is found.
+std::optional<std::string> FolderWithoutFonts(std::int16_t signType, bool useNewFont);
+
 // The steps of both, for `classFontMaster`, which has each on the trace.
 
 /// The place of a numbered font.

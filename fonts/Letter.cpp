@@ -16,7 +16,7 @@ std::optional<Letter> Letter::at(const Font& font, std::int32_t index) {
 }
 
 Letter::Letter(const Font& font, std::size_t glyph)
-    : font_(&font), bitmap_(glyph + 1),
+    : font_(&font), bitmap_(glyph + 1), isMissing_(font.store[glyph] == 0),
       cellWidth_(font.store[glyph] + (font.height > kHighestWithOwnGap ? kGapAfterLetters : 0)) {}
 
 int Letter::groups() const {

@@ -30,6 +30,8 @@ public:
     /// Columns that the letter takes in a text, including the gap after it.
     int cellWidth() const { return cellWidth_; }
     int rows() const { return font_->height; }
+    /// True if the glyph is 0 dots wide, as those are that a file leaves out.
+    bool isMissing() const { return isMissing_; }
     /// Number of groups that are drawn.
     int groups() const;
     /// The dots of a group in a row, the leftmost in the highest bit. Nothing beyond the end of the store.
@@ -43,6 +45,7 @@ private:
 
     const Font* font_;
     std::size_t bitmap_; ///< Index of the first byte of dots.
+    bool isMissing_;
     int cellWidth_;
 };
 

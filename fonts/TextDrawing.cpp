@@ -27,6 +27,21 @@ void drawGroups(const Letter& letter, DotPainter& painter) {
         }
 }
 
+/// Whether dots are drawn in the letter's column `firstColumn` or right of it.
+bool hasLitDots(const Letter& letter, std::int64_t firstColumn, int firstRow, int lastRow) {
+    const int count = std::min(letter.cellWidth(), kDotsInByte);
+    for (int group = 0; group < letter.groups(); ++group) {
+        const std::int64_t first = std::max<std::int64_t>(firstColumn - group * kDotsInByte, 0);
+        if (first >= count)
+            continue;
+        const unsigned drawn = 0xffU >> first & ~(0xffU >> count);
+        for (int row = firstRow; row <= lastRow; ++row)
+            if (letter.dots(group, row).value_or(0) & drawn)
+                return true;
+    }
+    return false;
+}
+
 /// The dots of a group that are in the cell. A group that the font lacks is dark.
 std::uint8_t dotsInCell(const Letter& letter, int group, int row) {
     return group < letter.groups() ? letter.dots(group, row).value_or(0) : 0;
@@ -78,21 +93,38 @@ std::int64_t WidthOf(const Lettering& lettering, std::string_view text) {
     return width;
 }
 
-std::int64_t DrawLetters(const Lettering& lettering, std::string_view text, const DrawingPlace& place,
-                         bool drawBackground) {
+bool HasLitDots(const Font& font, std::string_view text, std::int64_t firstColumn, int firstRow,
+                int lastRow) {
+    std::int64_t left = 1;
+    for (const char character : text) {
+        const auto letter = Letter::find(font, character);
+        if (!letter)
+            continue;
+        if (left + kMostDrawnColumns > firstColumn &&
+            hasLitDots(*letter, firstColumn - left, firstRow, lastRow))
+            return true;
+        left += letter->cellWidth();
+    }
+    return false;
+}
+
+DrawnText DrawLetters(const Lettering& lettering, std::string_view text, const DrawingPlace& place,
+                      bool drawBackground) {
     std::unique_ptr<DotPainter> painter; // made for the first letter: without one, the target is not used
-    std::int64_t width = 0;
+    DrawnText drawn;
     for (const char character : text) {
         const auto letter = Letter::find(lettering.font, character);
+        if (!letter || letter->isMissing())
+            drawn.lacking.set(static_cast<unsigned char>(character));
         if (!letter)
             continue;
         if (!painter)
             painter = letterPainter(place, lettering, drawBackground);
         drawGroups(*letter, *painter);
         painter->moveRight(widthOf(lettering, *letter));
-        width += widthOf(lettering, *letter);
+        drawn.width += widthOf(lettering, *letter);
     }
-    return width;
+    return drawn;
 }
 
 std::int64_t DrawGlyph(const Lettering& lettering, std::int32_t glyph, const DrawingPlace& place,

@@ -4,6 +4,7 @@
 #include "fonts/FontFile.h"
 #include <qrtVistrelClasses4/DrawingTarget.h>
 
+#include <bitset>
 #include <cstdint>
 #include <string_view>
 
@@ -28,12 +29,22 @@ struct DrawingPlace {
 /// Width of a text in pixels, including the gap after its last letter.
 std::int64_t WidthOf(const Lettering& lettering, std::string_view text);
 
+/// Whether a text has lit dots in the column `firstColumn` or right of it, in the rows `firstRow` to
+/// `lastRow`. Both are counted in dots from 0, from where the text is drawn.
+bool HasLitDots(const Font& font, std::string_view text, std::int64_t firstColumn, int firstRow, int lastRow);
+
+/// What came of drawing a text.
+struct DrawnText {
+    std::int64_t width = 0; ///< In pixels, as `WidthOf` has it.
+    /// By code, the characters that the font does not have (see `Font::has`).
+    std::bitset<256> lacking = {};
+};
+
 /// Draws the letters of a text side by side, taking the device context once. If `drawBackground`, dark dots
-/// are drawn in the target's background colour. Returns the width of the text. Throws error 6 for pixels
-/// whose numbers need more than 32 bits, and the errors of the target; the same holds for the functions
-/// below.
-std::int64_t DrawLetters(const Lettering& lettering, std::string_view text, const DrawingPlace& place,
-                         bool drawBackground);
+/// are drawn in the target's background colour. Throws error 6 for pixels whose numbers need more than 32
+/// bits, and the errors of the target; the same holds for the functions below.
+DrawnText DrawLetters(const Lettering& lettering, std::string_view text, const DrawingPlace& place,
+                      bool drawBackground);
 
 /// Draws the letter whose glyph starts at `glyph` of the font's store, as `DrawLetters` does, and returns its
 /// width. Draws nothing for an index outside the store.

@@ -132,7 +132,7 @@ void classFontMaster::DrawText(const std::string& text, DrawingTarget& target, f
         [&] {
             advance = 0;
             advance = inPixels(
-                DrawLetters(lettering(), text, {target, x, y, useBitmapDC != 0}, drawBackground != 0));
+                DrawLetters(lettering(), text, {target, x, y, useBitmapDC != 0}, drawBackground != 0).width);
         },
         Arg{"text", text}, Arg{"target", object}, Arg{"x", x}, Arg{"y", y},
         Arg{"drawBackground", drawBackground}, Arg{"useBitmapDC", useBitmapDC}, Arg{"advance", advance});

@@ -4,6 +4,8 @@
 #include "fonts/TextDrawing.h"
 #include <qrtVistrelClasses4/PixelBuffer.h>
 
+#include <algorithm>
+
 namespace qrtVistrelClasses4 {
 namespace {
 
@@ -43,7 +45,7 @@ struct Drawing {
     int first, last;
 
     std::int64_t draw(const Lettering& lettering, DrawingTarget& target) const {
-        const std::int64_t width = DrawLetters(lettering, text, {target, x, y}, background);
+        const std::int64_t width = DrawLetters(lettering, text, {target, x, y}, background).width;
         DrawSelection(lettering, text, {target, x, y + 9}, first, last);
         for (const bool isShown : {true, false})
             DrawIndexMarker(lettering, text, {target, x, y}, first, isShown);
@@ -76,6 +78,12 @@ void RunFuzzed(FuzzedInput input) {
     Require(drawing.draw(lettering, byPixel) == drawn, "a text has one width");
     Require(drawn == WidthOf(lettering, drawing.text), "which is the one that is measured");
     Require(direct == byPixel.pixels, "every target shows the same");
+    PixelBuffer start(40, 30, kPaper);
+    DrawLetters({*font, 1, kInk}, drawing.text, {start}, false);
+    const int row = drawing.last < 0 ? 0 : drawing.last, column = drawing.first < 0 ? 0 : drawing.first;
+    const auto line = start.row(row).subspan(static_cast<std::size_t>(column));
+    Require(std::ranges::count(line, kInk) == 0 || HasLitDots(*font, drawing.text, column, row, row),
+            "dots that are drawn are found");
 }
 
 } // namespace qrtVistrelClasses4

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <memory>
 #include <string_view>
-#include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -36,44 +35,56 @@ bool isBmp(std::string_view path) {
            EqualIgnoringAsciiCase(path.substr(path.size() - ending.size()), ending);
 }
 
-} // namespace
-
-template <class Parse>
-auto PictureCache::read(const std::string& path, std::uint64_t most, Parse parse) {
-    decltype(parse(std::string(), most)) result;
+/// Path on the disk. Empty unless `path` is a full path of a file.
+std::string fileAt(const std::string& path) {
+    if (!IsRootedPath(path))
+        return {};
     FileSystem& files = platform().files();
-    const std::string pathOnDisk = PathOnDisk(files, path);
-    if (!IsRootedPath(path) || files.kindOf(pathOnDisk) != EntryKind::file)
-        return result;
-    if (const auto file = open(pathOnDisk))
-        result = parse(startOf(*file, most), file->size());
-    if (!result && isBmp(path) && reported_.insert(path).second)
-        unreadable_.push_back(path);
-    return result;
+    std::string pathOnDisk = PathOnDisk(files, path);
+    return files.kindOf(pathOnDisk) == EntryKind::file ? pathOnDisk : std::string();
 }
 
-const Raster* PictureCache::find(const std::string& path) {
+PictureOutcome readPicture(const std::string& path) {
+    using enum PictureOutcome::What;
+    const std::string pathOnDisk = fileAt(path);
+    if (pathOnDisk.empty())
+        return {};
+    const auto file = open(pathOnDisk);
+    PictureOutcome outcome{isBmp(path) ? unreadable : unknownKind};
+    if (file)
+        outcome.picture = ParseBmp(startOf(*file, kLargestFile));
+    if (outcome.picture)
+        outcome.what = readable;
+    return outcome;
+}
+
+std::optional<DotSize> readSize(const std::string& path) {
+    const std::string pathOnDisk = fileAt(path);
+    const auto file = pathOnDisk.empty() ? nullptr : open(pathOnDisk);
+    return file ? BmpSize(startOf(*file, kBmpStart), file->size()) : std::nullopt;
+}
+
+} // namespace
+
+const PictureOutcome& PictureCache::find(const std::string& path) {
     auto found = pictures_.find(path);
     if (found == pictures_.end()) {
         if (pixels_ > kMostPicturePixels) {
             pictures_.clear();
             pixels_ = 0;
         }
-        const auto parse = [](std::string_view bytes, std::uint64_t) { return ParseBmp(bytes); };
-        found = pictures_.emplace(path, read(path, kLargestFile, parse)).first;
-        if (const auto& picture = found->second)
+        found = pictures_.emplace(path, readPicture(path)).first;
+        if (const auto& picture = found->second.picture)
             pixels_ += std::int64_t{picture->width()} * picture->height();
     }
-    return found->second ? &*found->second : nullptr;
+    return found->second;
 }
 
 std::optional<DotSize> PictureCache::sizeOf(const std::string& path) {
     const auto [known, isNew] = sizes_.try_emplace(path);
     if (isNew)
-        known->second = read(path, kBmpStart, BmpSize);
+        known->second = readSize(path);
     return known->second;
 }
-
-std::vector<std::string> PictureCache::takeUnreadable() { return std::exchange(unreadable_, {}); }
 
 } // namespace qrtVistrelClasses4

@@ -33,11 +33,30 @@ FontCache::FontPointer FontCache::findNumbered(std::int16_t number) {
     const FontSource source = outcome.source;
     FontPointer font =
         accept(std::move(outcome), {number < 0 ? unknownFontNumber : numberedFont, std::to_string(number)});
-    if (!font) {
-        lacksFont0_ = lacksFont0_ || number == 0;
-        font = number != 0 ? useFont0(source) : std::make_shared<const Font>(emptyFont());
-    }
+    if (!font && number >= 0 && replaceFaultByNoFonts())
+        font = useEmptyFont();
+    else if (!font)
+        font = number != 0 ? useFont0(source) : useEmptyFont();
     return numbered_[number] = font;
+}
+
+FontCache::FontPointer FontCache::useEmptyFont() {
+    if (!empty_)
+        empty_ = std::make_shared<const Font>(emptyFont());
+    return empty_;
+}
+
+bool FontCache::replaceFaultByNoFonts() {
+    if (!hasNoFonts_) {
+        const auto folder = FolderWithoutFonts(signType_, kUseNewFont);
+        if (!folder)
+            return false;
+        hasNoFonts_ = true;
+        faults_.back() = {PreviewFault::What::noFonts, *folder};
+    } else {
+        faults_.pop_back();
+    }
+    return true;
 }
 
 FontCache::FontPointer FontCache::findCustom(const std::string& name) {
@@ -69,7 +88,7 @@ FontCache::FontPointer FontCache::useFont0(FontSource source) {
     const std::size_t fault = faults_.size() - 1;
     FontPointer font = findNumbered(0);
     const bool isSaid = source == FontSource::font0; // by the messages of loading
-    if (!isSaid && !lacksFont0_)
+    if (!isSaid && !isEmpty(font))
         faults_.at(fault).messages.emplace_back("Font 0 is used instead");
     return font;
 }

@@ -29,6 +29,8 @@ public:
     /// The font of a number. Numbers above the last one mean the font in the file `customFont`. If the font
     /// cannot be loaded, the result is font 0; if that is missing too, a font whose letters have no dots.
     FontPointer find(std::int16_t number, const std::string& customFont);
+    /// Whether `find` returned the font without dots.
+    bool isEmpty(const FontPointer& font) const { return font == empty_; }
 
     /// The fonts that could not be loaded since the last call.
     std::vector<PreviewFault> takeFaults();
@@ -39,15 +41,20 @@ public:
 private:
     FontPointer findNumbered(std::int16_t number);
     FontPointer findCustom(const std::string& name);
+    /// Replaces the last fault, about a numbered font, by one for all of them, unless there is such a fault
+    /// already. Does nothing and returns false if only some numbered fonts are missing.
+    bool replaceFaultByNoFonts();
     /// Font 0, in place of the font that the last fault is about. `source` is where that font was looked for.
     FontPointer useFont0(FontSource source);
+    FontPointer useEmptyFont();
     /// The loaded font. Null, and one more fault, if font 0 has to replace it.
     FontPointer accept(FontOutcome&& outcome, PreviewFault fault);
 
     std::int16_t signType_;
     std::vector<PreviewFault> faults_;
     std::map<std::int16_t, FontPointer> numbered_;
-    bool lacksFont0_ = false;
+    FontPointer empty_; ///< Null unless font 0 is missing.
+    bool hasNoFonts_ = false;
     /// The files of custom fonts by the names that lines have for them. Nothing if font 0 replaces the font.
     std::unordered_map<std::string, std::optional<std::string>> files_;
     std::unordered_map<std::string, FontPointer> custom_; ///< By file.

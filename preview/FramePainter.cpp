@@ -5,8 +5,11 @@
 #include "media/PictureCache.h"
 #include "platform/Path.h"
 #include "preview/FontCache.h"
+#include "preview/LabelFont.h"
+#include "preview/PictureDots.h"
 
 #include <algorithm>
+#include <bitset>
 #include <string_view>
 #include <utility>
 
@@ -18,8 +21,6 @@ constexpr DotSize kSmallestSign{48, 16};
 constexpr DotSize kLargestSign{512, 128};
 constexpr std::int32_t kDotsOfModule = 8; ///< Signs consist of square modules.
 
-constexpr std::int16_t kCaptionFont = 0;
-constexpr std::int16_t kLabelFont = 3;
 constexpr std::int32_t kLabelMargin = 4; ///< Dots between a label and the outside of its box.
 
 /// Letters start one dot right of where they are drawn.
@@ -50,21 +51,38 @@ std::int32_t widthOnSign(const Font& font, std::string_view text) {
     return static_cast<std::int32_t>(std::min<std::int64_t>(WidthOf({font}, text), kLargestSign.width));
 }
 
-void drawText(const Font& font, Color color, std::string_view text, PixelBuffer& dots, std::int32_t left,
-              std::int32_t top) {
-    DrawLetters({font, 1, color}, text, {dots, static_cast<float>(left), static_cast<float>(top)}, false);
+DrawnText drawText(const Font& font, Color color, std::string_view text, PixelBuffer& dots, std::int32_t left,
+                   std::int32_t top) {
+    return DrawLetters({font, 1, color}, text, {dots, static_cast<float>(left), static_cast<float>(top)},
+                       false);
 }
 
 void drawPicture(const SignLook& sign, const Raster& picture, PixelBuffer& dots) {
-    const auto width = static_cast<std::size_t>(std::min(picture.width(), dots.width()));
-    for (std::int32_t y = 0; y < std::min(picture.height(), dots.height()); ++y) {
+    const Raster lit = DotsOf(picture, dots.size(), sign);
+    for (std::int32_t y = 0; y < lit.height(); ++y) {
         auto dot = dots.row(y).begin();
-        for (const Color pixel : picture.row(y).first(width)) {
-            if (const Color lit = sign.dotFor(pixel))
-                *dot = lit;
+        for (const Color color : lit.row(y)) {
+            if (color != 0)
+                *dot = color;
             ++dot;
         }
     }
+}
+
+bool isVisible(char character) { return static_cast<unsigned char>(character) > ' '; }
+
+/// Those of the characters that a font could have: control characters are never shown.
+std::string visibleOnes(const std::bitset<256>& characters) {
+    std::string text;
+    for (std::size_t code = ' '; code < characters.size(); ++code)
+        if (characters[code])
+            text += static_cast<char>(code);
+    return text;
+}
+
+/// Whether the letters of an inverse line touch its upper edge, and may be one row lower instead.
+bool canBeLowered(const Font& font, std::string_view text) {
+    return HasLitDots(font, text, 0, 0, 0) && !HasLitDots(font, text, 0, font.height - 1, font.height - 1);
 }
 
 } // namespace
@@ -87,17 +105,16 @@ public:
         return size;
     }
 
-    void draw(const FrameRecord& frame, PixelBuffer& dots) {
+    void draw(std::int32_t number, const FrameRecord& frame, PixelBuffer& dots) {
+        frame_ = number;
         if (!IsOverlay(frame))
             drawBackground(frame, dots);
         if (const std::string medium = mediumOf(frame); !medium.empty())
-            drawMedium(medium, dots);
+            drawMedium(frame, medium, dots);
         if (HasText(frame))
             drawLines(frame, dots);
         collectFaults();
     }
-
-    const Font& captionFont() { return *fonts_.find(kCaptionFont, {}); }
 
     std::vector<PreviewFault> takeFaults() {
         collectFaults();
@@ -126,8 +143,8 @@ private:
             return {};
         if (const auto size = pictures_.sizeOf(path))
             return *size;
-        const auto font = fonts_.find(kLabelFont, {});
-        return {widthOnSign(*font, SplitPath(path).name) + 2 * kLabelMargin, font->height + 2 * kLabelMargin};
+        const Font& font = LabelFont();
+        return {widthOnSign(font, SplitPath(path).name) + 2 * kLabelMargin, font.height + 2 * kLabelMargin};
     }
 
     void drawBackground(const FrameRecord& frame, PixelBuffer& dots) const {
@@ -140,31 +157,61 @@ private:
 
     void drawLines(const FrameRecord& frame, PixelBuffer& dots) {
         std::int32_t top = 0;
-        for (const LineRecord& line : frame.lines) {
-            if (top >= dots.height())
+        for (std::int32_t number = 1; number <= frame.lines.upperBound(); ++number) {
+            const LineRecord& line = frame.lines.at(number);
+            const std::string text = texts_.of(line.CurrentLineText);
+            if (top < dots.height()) {
+                const auto font = fontOf(line);
+                drawLine(number, line, text, font, dots, top);
+                top += font->height;
+            } else if (std::ranges::any_of(text, isVisible)) {
+                addFault(PreviewFault::What::cutText, {}, number);
                 break;
-            const auto font = fontOf(line);
-            if (line.Inverse)
-                dots.fill(0, top, dots.width(), font->height, sign_.color);
-            drawText(*font, line.Inverse ? 0 : sign_.color, texts_.of(line.CurrentLineText), dots, 0, top);
-            top += font->height;
+            }
         }
     }
 
+    void drawLine(std::int32_t number, const LineRecord& line, std::string_view text,
+                  const FontCache::FontPointer& font, PixelBuffer& dots, std::int32_t top) {
+        const std::int32_t height = font->height;
+        if (line.Inverse)
+            dots.fill(0, top, dots.width(), height, sign_.color);
+        if (line.Inverse && canBeLowered(*font, text))
+            ++top;
+        const DrawnText drawn = drawText(*font, line.Inverse ? 0 : sign_.color, text, dots, 0, top);
+        if (std::string lacking = visibleOnes(drawn.lacking); !lacking.empty() && !fonts_.isEmpty(font))
+            addFault(PreviewFault::What::lackingCharacters, std::move(lacking), number);
+        const bool isTooWide = !line.Scrolling && drawn.width + kDotsBeforeText > dots.width() &&
+                               HasLitDots(*font, text, dots.width(), 0, height - 1);
+        const bool isTooLow =
+            top + height > dots.height() && HasLitDots(*font, text, 0, dots.height() - top, height - 1);
+        if (isTooWide || isTooLow)
+            addFault(PreviewFault::What::cutText, {}, number);
+    }
+
+    void addFault(PreviewFault::What what, std::string name, std::int32_t line) {
+        faults_.push_back({what, std::move(name), {}, {}, frame_, line});
+    }
+
     /// Draws a picture, or a box with the name of a file that cannot be drawn.
-    void drawMedium(const std::string& path, PixelBuffer& dots) {
-        if (const Raster* picture = pictures_.find(path))
+    void drawMedium(const FrameRecord& frame, const std::string& path, PixelBuffer& dots) {
+        const auto& [what, picture] = pictures_.find(path);
+        if (picture)
             drawPicture(sign_, *picture, dots);
         else
             drawBox(SplitPath(path).name, dots);
+        if (hasPicture(frame) && what == PictureOutcome::What::missing)
+            addFault(PreviewFault::What::missingPicture, path, 0);
+        if (hasPicture(frame) && what == PictureOutcome::What::unreadable)
+            addFault(PreviewFault::What::picture, path, 0);
     }
 
     void drawBox(std::string_view label, PixelBuffer& dots) {
         const Color color = sign_.dimmed();
-        const auto font = fonts_.find(kLabelFont, {});
-        const std::int64_t free = dots.width() - WidthOf({*font}, label) - kDotsBeforeText;
+        const Font& font = LabelFont();
+        const std::int64_t free = dots.width() - WidthOf({font}, label) - kDotsBeforeText;
         const auto left = static_cast<std::int32_t>(std::max<std::int64_t>(free / 2, kDotsBeforeText));
-        drawText(*font, color, label, dots, left, (dots.height() - font->height) / 2);
+        drawText(font, color, label, dots, left, (dots.height() - font.height) / 2);
         dots.fill(0, 0, dots.width(), 1, color);
         dots.fill(0, dots.height() - 1, dots.width(), 1, color);
         dots.fill(0, 0, 1, dots.height(), color);
@@ -176,8 +223,6 @@ private:
     }
 
     void collectFaults() {
-        for (std::string& path : pictures_.takeUnreadable())
-            faults_.push_back({PreviewFault::What::picture, std::move(path)});
         for (PreviewFault& fault : fonts_.takeFaults())
             faults_.push_back(std::move(fault));
     }
@@ -187,6 +232,7 @@ private:
     PictureCache pictures_;
     TextPreviews texts_;
     std::vector<PreviewFault> faults_;
+    std::int32_t frame_ = 0; ///< Number of the frame that is drawn.
 };
 
 FramePainter::FramePainter(const SignLook& sign, CommandTable commands)
@@ -210,13 +256,11 @@ void FramePainter::draw(const OneBasedArray<FrameRecord>& frames, std::int32_t f
         --number;
     PixelBuffer dots(size.width, size.height);
     for (; number <= last; ++number) {
-        drawing_->draw(frames.at(number), dots);
+        drawing_->draw(number, frames.at(number), dots);
         if (number >= first)
             onFrame(number, dots);
     }
 }
-
-const Font& FramePainter::captionFont() { return drawing_->captionFont(); }
 
 std::vector<PreviewFault> FramePainter::takeFaults() { return drawing_->takeFaults(); }
 

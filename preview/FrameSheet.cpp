@@ -1,6 +1,7 @@
 #include <qrtVistrelClasses4/FrameSheet.h>
 
 #include "fonts/TextDrawing.h"
+#include "preview/LabelFont.h"
 #include <qrtVistrelClasses4/FramePainter.h>
 
 #include <algorithm>
@@ -16,6 +17,7 @@ constexpr Color kCaption = Rgb(168, 174, 184);
 
 constexpr std::int32_t kSpace = 12;         ///< Pixels around a frame.
 constexpr std::int32_t kCaptionHeight = 11; ///< Of a caption of scale 1.
+constexpr int kScaleOfCaption = 3;          ///< Pixels from one dot to the next for each of a caption.
 
 constexpr std::int32_t kPixelsInStrip = 1 << 16; ///< About so many, but whole rows.
 
@@ -34,7 +36,8 @@ std::string_view fitting(std::string_view text, const Lettering& lettering, std:
 } // namespace
 
 FrameSheet::FrameSheet(std::int32_t frames, DotSize sign, int scale)
-    : sign_(sign), leds_(scale), captionScale_(scale < 4 ? 1 : 2),
+    : sign_(sign), leds_(scale),
+      captionScale_(static_cast<std::int16_t>((scale + kScaleOfCaption - 1) / kScaleOfCaption)),
       captionHeight_(kCaptionHeight * captionScale_), cellWidth_(leds_.sizeOf(sign.width) + kSpace),
       cellHeight_(leds_.sizeOf(sign.height) + kSpace + captionHeight_), frames_(frames) {
     const double square = std::sqrt(static_cast<double>(frames) * kAspect * static_cast<double>(cellHeight_) /
@@ -52,7 +55,7 @@ void FrameSheet::draw(const OneBasedArray<FrameRecord>& frames, FramePainter& pa
     painter.draw(frames, 1, frames_, sign_, [&](std::int32_t number, const PixelBuffer& dots) {
         cells.push_back({captionOf(number), dots});
         if (number % columns_ == 0 || number == frames_)
-            drawCells(std::exchange(cells, {}), painter, onStrip);
+            drawCells(std::exchange(cells, {}), onStrip);
     });
 }
 
@@ -60,8 +63,8 @@ PixelBuffer FrameSheet::emptyStrip(std::int32_t height) const {
     return {static_cast<std::int32_t>(width()), height, kPaper};
 }
 
-void FrameSheet::drawCells(const std::vector<Cell>& cells, FramePainter& painter, const OnStrip& onStrip) {
-    const Lettering lettering{painter.captionFont(), captionScale_, kCaption};
+void FrameSheet::drawCells(const std::vector<Cell>& cells, const OnStrip& onStrip) {
+    const Lettering lettering{LabelFont(), captionScale_, kCaption};
     const auto height = static_cast<std::int32_t>(cellHeight_);
     const std::int32_t most = std::max(kPixelsInStrip / static_cast<std::int32_t>(width()), 1);
     for (std::int32_t top = 0; top < height; top += most) {

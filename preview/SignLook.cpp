@@ -10,8 +10,6 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-constexpr unsigned kDarkest = 24; ///< Pixels darker than this leave their dot dark.
-
 struct NamedColor {
     std::string_view name;
     Color color;
@@ -34,23 +32,12 @@ Color ledColor(std::string_view name) {
     return found == std::end(kLedColors) ? kAmber : found->color;
 }
 
-/// The colour at a brightness from 0 to 255.
-Color scaled(Color color, unsigned brightness) {
-    const auto part = [&](unsigned channel) { return static_cast<std::uint8_t>(channel * brightness / 255); };
-    return Rgb(part(RedOf(color)), part(GreenOf(color)), part(BlueOf(color)));
-}
-
 } // namespace
 
-Color SignLook::dotFor(Color pixel) const {
-    // A saturated blue is as bright a light as white.
-    const unsigned brightness = std::max({RedOf(pixel), GreenOf(pixel), BlueOf(pixel)});
-    if (brightness < kDarkest)
-        return 0;
-    return showsColors ? pixel : scaled(color, brightness);
+Color SignLook::dimmed() const {
+    const auto half = [](std::uint8_t channel) { return static_cast<std::uint8_t>(channel / 2); };
+    return Rgb(half(RedOf(color)), half(GreenOf(color)), half(BlueOf(color)));
 }
-
-Color SignLook::dimmed() const { return scaled(color, 127); }
 
 SignLook SignLookOf(const DisplayRecord& sign) {
     SignLook look;

@@ -15,14 +15,13 @@
 
 namespace qrtVistrelClasses4 {
 
-struct Font;
-
 /// Whether the lines of the frame are shown.
 bool HasText(const FrameRecord& frame);
 
 /// Draws frames. Lines that scroll are drawn from their start, pictures from the upper left corner, and
-/// animations, command files and unreadable pictures as a box with their name. References to pictures must be
-/// full paths. One thread at a time.
+/// animations, command files and pictures that are missing or unreadable as a box with their name. Letters of
+/// an inverse line that touch its upper edge are drawn one row lower if that row is free. References to
+/// pictures must be full paths. One thread at a time.
 class FramePainter {
 public:
     /// `commands` are those whose previews replace their keys in texts. `LoadCommandTable` also gives the
@@ -44,15 +43,12 @@ public:
     void draw(const OneBasedArray<FrameRecord>& frames, std::int32_t first, std::int32_t last, DotSize size,
               const OnFrame& onFrame);
 
-    /// Fonts and pictures that could not be shown as the playfile wants, since the last call.
+    /// What could not be shown as the playfile wants since the last call: fonts of all frames that were
+    /// measured or drawn, each once, and pictures and texts of those that were drawn.
     std::vector<PreviewFault> takeFaults();
 
 private:
-    friend class FrameSheet;
     class Drawing;
-
-    /// Font 0. Valid as long as the painter.
-    const Font& captionFont();
 
     std::unique_ptr<Drawing> drawing_;
 };

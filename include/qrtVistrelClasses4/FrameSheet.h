@@ -20,6 +20,7 @@ class FramePainter;
 class FrameSheet {
 public:
     /// A sheet for `frames` frames (at least 1) of a sign of `sign` dots; for `scale` see `LedPainter`.
+    /// Captions grow with it.
     FrameSheet(std::int32_t frames, DotSize sign, int scale);
 
     /// Size of the sheet in pixels. It may be larger than a picture can be.
@@ -31,9 +32,9 @@ public:
     /// Receives the next rows of pixels of the sheet, from the top. Each strip is as wide as the sheet, and
     /// is valid during the call.
     using OnStrip = std::function<void(const Raster& strip)>;
-    /// Draws the sheet, with the first frames of `frames`, by `painter`, whose font 0 is that of the
-    /// captions. A caption that is too long is cut off. Width and height must fit into 32 bits. Throws error
-    /// 9 if there are fewer frames than the sheet is for.
+    /// Draws the sheet, with the first frames of `frames`, by `painter`. A caption that is too long is cut
+    /// off. Width and height must fit into 32 bits. Throws error 9 if there are fewer frames than the sheet
+    /// is for.
     void draw(const OneBasedArray<FrameRecord>& frames, FramePainter& painter, const CaptionOf& captionOf,
               const OnStrip& onStrip);
 
@@ -44,7 +45,7 @@ private:
         Raster dots;
     };
 
-    void drawCells(const std::vector<Cell>& cells, FramePainter& painter, const OnStrip& onStrip);
+    void drawCells(const std::vector<Cell>& cells, const OnStrip& onStrip);
     PixelBuffer emptyStrip(std::int32_t height) const;
 
     DotSize sign_;

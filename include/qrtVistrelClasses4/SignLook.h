@@ -16,11 +16,9 @@ inline constexpr Color kAmber = Rgb(255, 170, 0);
 struct SignLook {
     std::optional<DotSize> size;
     Color color = kAmber;
-    bool showsColors = false; ///< Otherwise pixels of pictures are brighter or darker dots of `color`.
+    bool showsColors = false; ///< Otherwise each dot is `color` or dark.
     std::int16_t type = 0;    ///< Number of the sign type.
 
-    /// The colour of a dot for a pixel of a picture. A pixel that is nearly black gives a dark dot, 0.
-    Color dotFor(Color pixel) const;
     /// The sign's own colour at half its brightness.
     Color dimmed() const;
 };

@@ -41,7 +41,8 @@ using Act = std::function<void(const Lettering&, DrawingTarget&)>;
 
 Act text(const std::string& letters, bool background = true, float x = 0, float y = 0) {
     return [=](const Lettering& lettering, DrawingTarget& target) {
-        EXPECT_EQ(DrawLetters(lettering, letters, {target, x, y}, background), WidthOf(lettering, letters));
+        EXPECT_EQ(DrawLetters(lettering, letters, {target, x, y}, background).width,
+                  WidthOf(lettering, letters));
     };
 }
 Act selection(const std::string& letters, int first, int last) {

@@ -113,39 +113,50 @@ protected:
         Font tiny = FontOf(4, {"#.", "##", "#."});
         AddLetter(tiny, '0', {"##", "##", "##"});
         AddLetter(tiny, '1', {".#", ".#", ".#"});
-        Font standard = ParseFont({}, 6, 8).value(), condensed = ParseFont({}, 5, 8).value();
+        AddLetter(tiny, '-', {"#", "#", "."});
+        AddLetter(tiny, ' ', {"..", "..", ".."});
+        Font standard = ParseFont({}, 6, 8).value();
         AddLetter(standard, 'A', {"#", ".", ".", ".", ".", ".", ".", "#"});
-        AddLetter(condensed, 'x', Texts(8, "#"));
         put("tiny", HeaderFontBytes(tiny));
         put("wide", HeaderFontBytes(FontOf(4, {"###", "..#"})));
         files().put(host_.inLibrary("bin/Fstnd08.cmd"), SizedFontBytes(standard));
-        files().put(host_.inLibrary("bin/Fstnd5x8.cmd"), SizedFontBytes(condensed));
     }
     std::string put(const std::string& name, const std::string& content) {
         files().put(host_.inLibrary("CustomFonts/" + name), content);
         return host_.inLibrary("CustomFonts/" + name);
     }
     /// The last of the frames.
-    static PixelBuffer draw(const std::vector<FrameRecord>& frames, DotSize size, const SignLook& sign = {}) {
+    PixelBuffer draw(const std::vector<FrameRecord>& frames, DotSize size, const SignLook& sign = {}) {
         PixelBuffer last(0, 0);
         const auto number = static_cast<std::int32_t>(frames.size());
         CommandTable commands = BuiltInCommands();
         commands.set("~", "\1");
-        FramePainter(sign, commands)
-            .draw(listOf(frames), number, number, size,
-                  [&](std::int32_t, const PixelBuffer& dots) { last = dots; });
+        FramePainter painter(sign, commands);
+        painter.draw(listOf(frames), number, number, size,
+                     [&](std::int32_t, const PixelBuffer& dots) { last = dots; });
+        faults_.clear();
+        for (const PreviewFault& fault : painter.takeFaults())
+            faults_ += (faults_.empty() ? "" : ", ") + std::to_string(fault.frame) + "." +
+                       std::to_string(fault.line) + " " +
+                       (fault.what == PreviewFault::What::cutText ? "cut" : fault.name);
         return last;
     }
 
-    const std::string white_ = std::string(3, '\xff'), dark_ = std::string(3, '\0'),
-                      half_ = std::string(3, '\x64');
-    const std::string picture_ =
-        put("dots.bmp", Bmp(24, half_ + dark_ + dark_ + dark_ + white_ + white_ + dark_ + dark_));
+    /// Two rows of three pixels, from 0 for black to 9 for white.
+    std::string putPicture(const std::string& name, const std::string& pixels) {
+        std::string bytes;
+        for (const char pixel : pixels.substr(3) + "0" + pixels.substr(0, 3) + "0") // the lower row first
+            bytes += std::string(3, static_cast<char>((pixel - '0') * 255 / 9));
+        return put(name, Bmp(24, bytes));
+    }
+
+    const std::string picture_ = putPicture("dots.bmp", "990600");
     const std::string bad_ = put("x.bmp", "BM, and no more");
+    std::string faults_; ///< Those of `draw`: "FRAME.LINE NAME".
 };
 
 TEST_F(Frames, AreDrawnAsASignShowsThem) {
-    const std::string box = "+++++ +...+ +.+.+ +.+.+ +.+.+ +.+.+ +.+.+ +.+.+ +.+.+ +.+.+ +...+ +++++";
+    const std::string box = "+++++ +...+ +...+ +...+ +.+.+ +.+.+ +..++ +.+.+ +.+.+ +...+ +...+ +++++";
     const std::string stacked =
         ".###...... ...#...... .......... .......... .......... .####.#.#. .####.#.#. "
         ".####.#.#. #.######## #..####### #.######## .#.#.#.#.# .######### .#.#.#.#.# "
@@ -163,22 +174,31 @@ TEST_F(Frames, AreDrawnAsASignShowsThem) {
     const struct {
         const char* why;
         std::vector<FrameRecord> frames;
-        std::string rows;
+        std::string rows, faults = {};
     } cases[] = {
-        {"lines in their fonts, with codes and unknown letters", {text(lines)}, stacked},
+        {"lines in their fonts, with codes and unknown letters", {text(lines)}, stacked, "1.3 ?, 1.7 cut"},
+        {"an inverse line with a free row", {text({line("-", "tiny", &LineRecord::Inverse)})}, "### #.# #.#"},
+        {"a text that is cut", {text({line("AA")})}, ".#. .## .#.", "1.1 cut"},
+        {"one below the sign",
+         {text({line("A "), line(" "), line("A"), line("A")})},
+         ".#. .## .#.",
+         "1.3 cut"},
         {"a command that a user added", {text({line("~")})}, "..# ..# ..#"},
         {"nothing at all", {frame(FRAME_BLANK, {line("A")})}, "... ..."},
-        {"overlays over the frames before", {text({line("A")}), one, below}, ".## .## .## .#."},
-        {"a picture with text", {frame(FRAME_GRAPHICTEXT, {line("A")}, picture_)}, "##. +## .#."},
-        {"a picture alone", {frame(FRAME_GRAPHIC, {line("A")}, picture_)}, "##. +.. ..."},
-        {"a picture that is cut off", {frame(FRAME_GRAPHIC, {}, picture_)}, "# +"},
+        {"overlays over the frames before", {text({line("A")}), one, below}, ".## .## .## .#.", "3.2 cut"},
+        {"a picture with text", {frame(FRAME_GRAPHICTEXT, {line("A")}, picture_)}, "##. ### .#."},
+        {"a picture alone", {frame(FRAME_GRAPHIC, {line("A")}, picture_)}, "##. #.. ..."},
         {"a text alone", {frame(FRAME_TEXT, {line("A")}, picture_)}, ".#. .## .#."},
-        {"an animation", {frame(FRAME_GRAPHIC, {}, host_.inLibrary("x"))}, box},
+        {"one brightness", {frame(FRAME_GRAPHIC, {}, putPicture("grey.bmp", "555555"))}, "#.# .#."},
+        {"two low ones", {frame(FRAME_GRAPHIC, {}, putPicture("dark.bmp", "121212"))}, ".#. #.#"},
+        {"many, cut off", {frame(FRAME_GRAPHIC, {}, putPicture("most.bmp", "998705"))}, "## #."},
+        {"an animation", {frame(FRAME_GRAPHIC, {}, put("x", "RIFF"))}, box},
         {"a command file", {frame(FRAME_CMD, {}, "x")}, box},
-        {"a picture that cannot be read", {frame(FRAME_GRAPHIC, {}, bad_)}, box},
+        {"a missing picture", {frame(FRAME_GRAPHIC, {}, "x")}, box, "1.0 x"},
+        {"a picture that cannot be read", {frame(FRAME_GRAPHIC, {}, bad_)}, box, "1.0 " + bad_},
     };
-    for (const auto& [why, frames, rows] : cases)
-        EXPECT_EQ(rowsOf(draw(frames, sizeOf(rows))), rows) << why;
+    for (const auto& [why, frames, rows, faults] : cases)
+        EXPECT_EQ(rowsOf(draw(frames, sizeOf(rows))) + "; " + faults_, rows + "; " + faults) << why;
     EXPECT_FALSE(files().hasEntry(host_.inLibrary("db"))) << "no command table is saved";
 }
 
@@ -210,7 +230,7 @@ TEST_F(Frames, NeedASignThatShowsAllThatDoesNotScroll) {
         {"the last line with text",
          text({line("", "1"), line("", "1"), line("A", "1"), line("", "1")}),
          {48, 24}},
-        {"the name in a box", frame(FRAME_CMD, {}, std::string(60, 'x')), {72, 16}},
+        {"the name in a box", frame(FRAME_CMD, {}, std::string(60, 'x')), {312, 16}},
         {"the largest", text(Lines(99, line(std::string(999, 'A')))), {512, 128}},
     };
     for (const auto& [why, shown, size] : cases)
@@ -221,8 +241,8 @@ TEST_F(Frames, BecomeASheetOfLedsInStrips) {
     const auto frames = listOf<FrameRecord>({text({}), text({}), text({}), text({line("A")})});
     FramePainter painter({});
     FrameSheet sheet(4, {3, 3}, 64);
-    Raster picture(822, 596);
-    EXPECT_EQ(sheet.width() * 1000 + sheet.height(), 822596);
+    Raster picture(822, 1036);
+    EXPECT_EQ(sheet.width() * 1000 + sheet.height(), 823036);
     std::int32_t y = 0;
     const auto copyRows = [&](const Raster& strip) {
         EXPECT_LT(strip.height(), 100);
@@ -231,13 +251,13 @@ TEST_F(Frames, BecomeASheetOfLedsInStrips) {
     };
     sheet.draw(
         frames, painter, [](std::int32_t number) { return number == 4 ? "AA" : ""; }, copyRows);
-    EXPECT_EQ(y, 596);
+    EXPECT_EQ(y, 1036);
     std::string middles; // of the dots of the last frame, which is alone in the second row
-    for (y = 304 + 22 + 33 + 32; y < 304 + 22 + 33 + 192; y += 64)
+    for (y = 524 + 242 + 33 + 32; y < 524 + 242 + 33 + 192; y += 64)
         for (std::size_t x = 12 + 33 + 32; x < 12 + 33 + 192; x += 64)
             middles += RedOf(picture.row(y)[x]) > 200 ? '#' : '.';
     EXPECT_EQ(middles, ".#..##.#.");
-    EXPECT_GT(RedOf(picture.row(304)[12]), 100) << "the caption";
+    EXPECT_GT(RedOf(picture.row(524)[12 + 22]), 100) << "the caption";
 }
 
 } // namespace

@@ -119,12 +119,6 @@ ExitCode make(const FontOptions& options, Session& session) {
     return ExitCode::done;
 }
 
-bool has(const Font& font, unsigned char code) {
-    const auto offset = font.glyphOffset(static_cast<char>(code));
-    return offset && *offset >= 0 && *offset < static_cast<std::int32_t>(font.store.size()) &&
-           font.store[static_cast<std::size_t>(*offset)] > 0;
-}
-
 ExitCode check(const FontOptions& options, Session& session) {
     const std::optional<Font> font = loadFont(options, session.errors);
     const auto opened = font ? OpenPlayfile(options.playfile, options.answers, session.errors) : std::nullopt;
@@ -138,7 +132,7 @@ ExitCode check(const FontOptions& options, Session& session) {
         {{"Code", Table::Align::right}, {"Character"}, {"Times", Table::Align::right}, {"First in"}});
     std::size_t count = 0;
     for (const auto& [code, need] : needs)
-        if (!has(*font, code)) {
+        if (!font->has(static_cast<char>(code))) {
             ++count;
             lacking.addRow({std::to_string(code), Visible(CharacterText(code)), std::to_string(need.times),
                             "frame " + std::to_string(need.frame) + ", line " + std::to_string(need.line)});

@@ -1,12 +1,11 @@
 // vistrel preview: frames as the sign shows them.
 #include "frame/SystemErrors.h"
-#include "media/BmpFile.h"
-#include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
 #include "playfile/ReferenceFinder.h"
 #include "tools/commands/StoredCommands.h"
 #include "tools/playfile/Opening.h"
+#include "tools/preview/Faults.h"
 #include "tools/preview/PngFile.h"
 #include "tools/preview/TerminalPicture.h"
 #include "tools/program/Commands.h"
@@ -58,22 +57,6 @@ std::optional<SignLook> findSignLook(const std::string& typed, ErrorLines& error
     return number ? std::optional(SignLookOf(file->list.signs.at(*number))) : std::nullopt;
 }
 
-void addFault(const PreviewFault& fault, ErrorLines& errors) {
-    using enum PreviewFault::What;
-    if (fault.error)
-        errors.add(*fault.error);
-    if (fault.what == unnamedFont)
-        errors.add("a line has a custom font, but does not name it");
-    if (fault.what == unknownFontNumber)
-        errors.add("there is no font " + fault.name);
-    for (const std::string& message : fault.messages)
-        errors.add(Utf8FromName(message)); // with names of the playfile and of the disk
-    if (fault.what == picture)
-        errors.add(Utf8FromName(SplitPath(fault.name).name) +
-                   " cannot be drawn: it is not an uncompressed BMP of up to " +
-                   std::to_string(kLargestBmpSide) + " x " + std::to_string(kLargestBmpSide) + " pixels");
-}
-
 /// The frames, with full paths of their pictures. Loading an older playfile does not look for these.
 OneBasedArray<FrameRecord> framesOf(Playfile&& playfile) {
     ReferenceFinder finder(playfile.fileName);
@@ -111,10 +94,7 @@ private:
         painter_.draw(frames_, first_, last_, size_, onFrame);
         addFaults();
     }
-    void addFaults() {
-        for (const PreviewFault& fault : painter_.takeFaults())
-            addFault(fault, session_.errors);
-    }
+    void addFaults() { AddFaults(painter_.takeFaults(), session_.errors); }
 
     std::string caption(std::int32_t number) const {
         return std::to_string(number) + "  " + frames_.at(number).FrameName;
@@ -176,7 +156,6 @@ private:
         const auto captionOf = [&](std::int32_t number) { return caption(number); };
         const auto drawStrips = [&](const OnStrip& onStrip) {
             sheet.draw(frames_, painter_, captionOf, onStrip);
-            addFaults();
         };
         return save(size, drawStrips, Counted(count, "frame"));
     }
@@ -185,6 +164,7 @@ private:
     ExitCode save(DotSize size, const DrawStrips& drawStrips, const std::string& what) {
         Palette palette;
         drawStrips([&](const Raster& strip) { palette.add(strip); });
+        addFaults(); // and not those of the second time, which are the same
         ReplacementFile file(platform().files(), options_.out);
         aboutOutput([&] { Check(file.error()); });
         PngWriter png(size, palette, file);

@@ -1,0 +1,91 @@
+#include "tools/preview/Faults.h"
+
+#include "media/BmpFile.h"
+#include "platform/Path.h"
+#include "tools/program/Encoding.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <string>
+#include <tuple>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+void addFontFault(const PreviewFault& fault, ErrorLines& errors) {
+    using enum PreviewFault::What;
+    if (fault.error)
+        errors.add(*fault.error);
+    if (fault.what == unnamedFont)
+        errors.add("a line has a custom font, but does not name it");
+    if (fault.what == unknownFontNumber)
+        errors.add("there is no font " + fault.name);
+    if (fault.what == noFonts)
+        errors.add("there are no fonts: put the font files of the sign into " + Utf8FromName(fault.name) +
+                   ", or use --home with a folder that has them in \"bin\"");
+    for (const std::string& message : fault.messages)
+        errors.add(Utf8FromName(message)); // with names of the playfile and of the disk
+}
+
+/// What is wrong in a frame or one of its lines.
+std::string textOfFault(const PreviewFault& fault) {
+    using enum PreviewFault::What;
+    if (fault.what == lackingCharacters)
+        return "the font lacks " + Utf8FromAnsi(fault.name);
+    if (fault.what == cutText)
+        return "the text is cut at the edge of the sign";
+    if (fault.what == missingPicture)
+        return Utf8FromName(fault.name) + " is missing";
+    const std::string side = std::to_string(kLargestBmpSide);
+    return Utf8FromName(SplitPath(fault.name).name) +
+           " cannot be drawn: it is not an uncompressed BMP of up to " + side + " x " + side + " pixels";
+}
+
+/// Faults that are the same in several frames.
+struct EqualFaults {
+    struct Range {
+        std::int32_t first, last;
+    };
+
+    PreviewFault fault;
+    std::vector<Range> frames = {};
+
+    void add(std::int32_t frame) {
+        if (!frames.empty() && frames.back().last >= frame - 1)
+            frames.back().last = frame;
+        else
+            frames.push_back({frame, frame});
+    }
+
+    /// "frames 2, 5-7, line 1: ...".
+    std::string text() const {
+        std::string numbers;
+        for (const auto& [first, last] : frames)
+            numbers += (numbers.empty() ? " " : ", ") + std::to_string(first) +
+                       (first < last ? "-" + std::to_string(last) : "");
+        return (frames.front().first == frames.back().last ? "frame" : "frames") + numbers +
+               (fault.line > 0 ? ", line " + std::to_string(fault.line) : "") + ": " + textOfFault(fault);
+    }
+};
+
+} // namespace
+
+void AddFaults(const std::vector<PreviewFault>& faults, ErrorLines& errors) {
+    std::vector<EqualFaults> together;
+    std::map<std::tuple<PreviewFault::What, std::int32_t, std::string>, std::size_t> known;
+    for (const PreviewFault& fault : faults) {
+        if (fault.frame == 0) {
+            addFontFault(fault, errors);
+            continue;
+        }
+        const auto [equal, isNew] = known.try_emplace({fault.what, fault.line, fault.name}, together.size());
+        if (isNew)
+            together.push_back({fault});
+        together[equal->second].add(fault.frame);
+    }
+    for (const EqualFaults& equal : together)
+        errors.add(equal.text());
+}
+
+} // namespace qrtVistrelClasses4
