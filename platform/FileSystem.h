@@ -15,7 +15,7 @@
 
 namespace qrtVistrelClasses4 {
 
-enum class EntryKind { missing, file, folder, other };
+enum class EntryKind { missing, file, folder, pipe, other };
 
 /// The bytes of a file, owned.
 struct FileBytes {

@@ -192,7 +192,9 @@ EntryKind PosixFileSystem::kindOf(const std::string& path) {
         return EntryKind::missing;
     if (S_ISREG(status.st_mode))
         return EntryKind::file;
-    return S_ISDIR(status.st_mode) ? EntryKind::folder : EntryKind::other;
+    if (S_ISDIR(status.st_mode))
+        return EntryKind::folder;
+    return S_ISFIFO(status.st_mode) ? EntryKind::pipe : EntryKind::other;
 }
 
 bool PosixFileSystem::hasEntry(const std::string& path) {

@@ -61,8 +61,9 @@ TEST_F(PosixPlatformTest, SavingKeepsTheRightsOfAFileAndGivesANewOneTheUsualOnes
 TEST_F(PosixPlatformTest, UsesNothingButPlainFilesAndAppendsToNoLink) {
     EXPECT_NE(textOf("/proc/self/status").find("Name:"), std::string::npos) << "a file that hides its size";
     ASSERT_EQ(::mkfifo(file("pipe").c_str(), 0600), 0);
-    for (const std::string& path : {file("pipe"), std::string("/dev/null")}) {
-        EXPECT_EQ(files().kindOf(path), EntryKind::other);
+    for (const auto& [path, kind] :
+         {std::pair(file("pipe"), EntryKind::pipe), std::pair(std::string("/dev/null"), EntryKind::other)}) {
+        EXPECT_EQ(files().kindOf(path), kind);
         EXPECT_EQ(files().read(path).error(), SystemError::accessDenied);
         EXPECT_EQ(ReplacementFile(files(), path).error(), SystemError::accessDenied);
         for (const OpenMode mode : {OpenMode::replace, OpenMode::append})

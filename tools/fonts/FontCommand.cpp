@@ -50,7 +50,7 @@ std::optional<CellSize> sizeOfNumberedFont(std::string_view name) {
 
 /// Adds an error and returns nothing if the file is not a font.
 std::optional<Font> loadFont(const FontOptions& options, ErrorLines& errors) {
-    errors.about(options.file);
+    errors.aboutFile(options.file);
     const std::string file = FileStart(options.file, kLargestFontFile);
     const std::optional<CellSize> size =
         options.size ? CellSizeOf(*options.size) : sizeOfNumberedFont(SplitPath(options.file).name);
@@ -91,7 +91,7 @@ ExitCode show(const FontOptions& options, Session& session) {
 /// Adds an error and returns nothing if the file has no pictures of letters.
 std::optional<FontPictures> readPictures(const std::string& path, ErrorLines& errors) {
     constexpr std::size_t largest = std::size_t{4} << 20; // twice the size of pictures of the largest letters
-    errors.about(path);
+    errors.aboutFile(path);
     const std::string source = FileStart(path, largest + 1);
     if (source.size() <= largest)
         return ReadFontPictures(source, errors);
@@ -109,7 +109,7 @@ ExitCode make(const FontOptions& options, Session& session) {
     const std::optional<Font> font = FontOf(*pictures, layout, session.errors);
     if (!font)
         return ExitCode::failed;
-    session.errors.about(options.file);
+    session.errors.aboutFile(options.file);
     ReplacementFile file(platform().files(), options.file);
     Check(file.write(options.header ? HeaderFontBytes(*font) : SizedFontBytes(*font)));
     Check(file.commit());

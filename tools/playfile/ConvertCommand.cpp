@@ -76,7 +76,7 @@ void convertFile(const std::string& from, const std::string& to, Counts& counts,
 }
 
 ExitCode convert(const ConvertOptions& options, Session& session) {
-    session.errors.about(options.to);
+    session.errors.aboutFile(options.to);
     FileSystem& files = platform().files();
     if (files.kindOf(options.to) != EntryKind::folder)
         Check(files.createFolder(options.to));

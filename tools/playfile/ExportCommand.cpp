@@ -18,9 +18,9 @@ ExitCode exportXml(const ExportOptions& options, Session& session) {
     if (!opened)
         return ExitCode::failed;
     const std::string path = (options.out.empty() ? options.file : options.out) + kXmlEnding;
-    session.errors.about(path);
+    session.errors.aboutFile(path);
     if (const auto error = ExportXml(opened->playfile, path)) {
-        session.errors.add("not written: " + TextOf(*error));
+        session.errors.add("not written", *error);
         return ExitCode::failed;
     }
     session.out << Visible(path) << '\n';

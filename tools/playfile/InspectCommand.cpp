@@ -146,10 +146,10 @@ void printTables(std::ostream& out, InputFile& file) {
 }
 
 ExitCode inspect(const InspectOptions& options, Session& session) {
-    session.errors.about(options.file);
+    session.errors.aboutFile(options.file);
     const auto file = ValueOf(platform().files().openToRead(options.file));
     if (!HasLegacyMark(*file)) {
-        session.errors.add(kNoLegacyMark);
+        session.errors.add(FaultWithoutLegacyMark(options.file));
         return ExitCode::failed;
     }
     if (options.json)

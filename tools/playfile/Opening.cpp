@@ -1,5 +1,6 @@
 #include "tools/playfile/Opening.h"
 
+#include "playfile/LegacyFormat.h"
 #include "playfile/OperatorQuestions.h"
 #include "tools/program/Encoding.h"
 
@@ -12,13 +13,35 @@ void addMissingFrames(const LoadOutcome& outcome, ErrorLines& errors) {
                    std::to_string(outcome.framesAnnounced) + " frames could be read");
 }
 
+/// Why a current playfile was not read to its end.
+FileFault faultOf(const LoadOutcome& outcome, const FileError& error) {
+    using enum ErrorNumber;
+    if (error.line != 1U)
+        return FaultOf(error, " (frame " + std::to_string(outcome.framesRead + 1) + " of " +
+                                  std::to_string(outcome.framesAnnounced) + ")");
+    const auto number = static_cast<ErrorNumber>(error.error.number());
+    const std::string why = number == inputPastEnd   ? "it is empty"
+                            : number == typeMismatch ? "line 1 is not a number of frames"
+                                                     : "line 1 is not a possible number of frames";
+    return {"is not a playfile: " + why + NoteOfKind(outcome.playfile.fileName), true};
+}
+
+void addError(const LoadOutcome& outcome, ErrorLines& errors) {
+    if (!outcome.error)
+        return;
+    if (outcome.error->line)
+        errors.add(faultOf(outcome, *outcome.error));
+    else
+        errors.add(outcome.error->error);
+}
+
 /// Whether to go on with a playfile of the older format.
 bool goesOn(const LoadOutcome& outcome, const AnswerOptions& options, ErrorLines& errors) {
     if (outcome.error)
         return false;
     errors.add(outcome.legacy->preferenceErrors);
     if (!outcome.legacy->hasMark) {
-        errors.add(kNoLegacyMark);
+        errors.add(FaultWithoutLegacyMark(outcome.playfile.fileName));
         return false;
     }
     if (!Answer(options, AskWhetherToOpenLegacyPlayfile)) {
@@ -33,16 +56,21 @@ bool goesOn(const LoadOutcome& outcome, const AnswerOptions& options, ErrorLines
 }
 
 std::optional<LoadOutcome> open(const std::string& name, const AnswerOptions& options, ErrorLines& errors) {
-    errors.about(name);
+    errors.aboutFile(name);
     LoadOutcome outcome = LoadPlayfile(name);
-    if (outcome.error)
-        errors.add(*outcome.error);
+    addError(outcome, errors);
     if (outcome.playfile.isLegacy && !goesOn(outcome, options, errors))
         return std::nullopt;
     return outcome;
 }
 
 } // namespace
+
+FileFault FaultWithoutLegacyMark(const std::string& name) {
+    return {"is not a playfile of the older format (PL2): it does not start with \"" +
+                std::string(kLegacyMark) + "\"" + NoteOfKind(name),
+            true};
+}
 
 std::optional<LoadOutcome> OpenPlayfile(const std::string& name, const AnswerOptions& options,
                                         ErrorLines& errors) {
@@ -54,10 +82,7 @@ std::optional<LoadOutcome> OpenPlayfile(const std::string& name, const AnswerOpt
 
 std::optional<LoadOutcome> OpenWholeFrames(const std::string& name, const AnswerOptions& options,
                                            ErrorLines& errors) {
-    std::optional<LoadOutcome> outcome = open(name, options, errors);
-    if (outcome && outcome->error)
-        addMissingFrames(*outcome, errors);
-    return outcome;
+    return open(name, options, errors);
 }
 
 void AddLosses(const LoadOutcome& opened, ErrorLines& errors, std::int32_t first, std::int32_t last) {

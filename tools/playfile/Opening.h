@@ -9,12 +9,11 @@
 #include <limits>
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace qrtVistrelClasses4 {
 
-inline constexpr std::string_view kNoLegacyMark =
-    "not a playfile of the older format (PL2): it does not start with \"PLWREV 1.50\"";
+/// What is wrong with the file `name` if it lacks the mark of the older format.
+FileFault FaultWithoutLegacyMark(const std::string& name);
 
 /// Reads the file `name`. Adds what is wrong with it to `errors`, whose subject is the file from then on.
 /// Returns nothing if it could not be read to its end, or if it is of the older format and the answer is no.

@@ -9,7 +9,7 @@ namespace qrtVistrelClasses4 {
 
 bool SaveOpened(const LoadOutcome& opened, const std::string& to, const AnswerOptions& options,
                 Session& session) {
-    session.errors.about(to);
+    session.errors.aboutFile(to);
     if (HasLegacyEnding(to)) {
         session.errors.add(
             "not saved: a name that ends in PL2 is for the older format, which cannot be saved");
@@ -18,7 +18,7 @@ bool SaveOpened(const LoadOutcome& opened, const std::string& to, const AnswerOp
     const SaveOutcome saved = SavePlayfile(
         opened.playfile, to, {.wantsCopies = [&] { return Answer(options, AskWhetherToCopyFiles); }});
     if (saved.error) {
-        session.errors.add("not saved: " + TextOf(*saved.error));
+        session.errors.add("not saved", *saved.error);
         return false;
     }
     AddLosses(opened, session.errors);

@@ -181,7 +181,7 @@ private:
     /// Runs `write`, whose errors are about the output file. All others are about the playfile.
     template <class Write>
     void aboutOutput(Write write) {
-        session_.errors.about(options_.out);
+        session_.errors.aboutFile(options_.out);
         write();
         session_.errors.about(options_.file);
     }

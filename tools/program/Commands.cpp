@@ -1,37 +1,48 @@
 #include "tools/program/Commands.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace qrtVistrelClasses4 {
 namespace {
 
+constexpr const char* kLook = "Look at playfiles";
+constexpr const char* kChange = "Change playfiles";
+constexpr const char* kConvert = "Convert and export";
+constexpr const char* kSigns = "Signs, texts and fonts";
+constexpr const char* kSettings = "Settings and help";
+
 /// In the order of the program's help.
 constexpr Command kCommands[] = {
-    {"show", "Shows the frames of a playfile", "vistrel show harbour.playfile --frame 2", &SetUpShowCommand},
-    {"save", "Opens a playfile and saves it under another name",
-     "vistrel save harbour.playfile pier.playfile", &SetUpSaveCommand},
-    {"export", "Writes the frames of a playfile as XML for other tools",
-     "vistrel export harbour.playfile --out harbour", &SetUpExportCommand},
-    {"preview", "Shows frames of a playfile as a sign does",
+    {kLook, "show", "Shows the frames of a playfile", "vistrel show harbour.playfile --frame 2",
+     &SetUpShowCommand},
+    {kLook, "preview", "Shows frames of a playfile as a sign does",
      "vistrel preview harbour.playfile --sheet --out harbour.png", &SetUpPreviewCommand},
-    {"frames", "Inserts, deletes, moves and copies frames of a playfile",
-     "vistrel frames harbour.playfile move 2 5 --out new.playfile", &SetUpFramesCommand},
-    {"convert", "Saves playfiles of the older format (PL2) as current ones",
-     "vistrel convert old/*.PL2 --to new", &SetUpConvertCommand},
-    {"inspect", "Shows the records of a playfile of the older format (PL2) as they are",
+    {kLook, "inspect", "Shows the records of a playfile of the older format (PL2) as they are",
      "vistrel inspect lobby.PL2", &SetUpInspectCommand},
-    {"signs", "Shows and changes the list of signs of a site",
+    {kLook, "effects", "Shows the effect codes, and which of them lists offer now",
+     "vistrel effects --home site", &SetUpEffectsCommand},
+    {kChange, "frames", "Inserts, deletes, moves and copies frames of a playfile",
+     "vistrel frames harbour.playfile move 2 5 --out new.playfile", &SetUpFramesCommand},
+    {kChange, "save", "Opens a playfile and saves it under another name",
+     "vistrel save harbour.playfile pier.playfile", &SetUpSaveCommand},
+    {kConvert, "convert", "Saves playfiles of the older format (PL2) as current ones",
+     "vistrel convert old/*.PL2 --to new", &SetUpConvertCommand},
+    {kConvert, "export", "Writes the frames of a playfile as XML for other tools",
+     "vistrel export harbour.playfile --out harbour", &SetUpExportCommand},
+    {kSigns, "signs", "Shows and changes the list of signs of a site",
      "vistrel signs set \"Pier 1\" DisplayWidth=192", &SetUpSignsCommand},
-    {"commands", "Shows and changes the table of the sign's commands", "vistrel commands set \"##BELL\" 07",
-     &SetUpCommandsCommand},
-    {"text", "Shows and converts the codes in texts", "vistrel text preview \"It is |h:m|\"",
+    {kSigns, "commands", "Shows and changes the table of the sign's commands",
+     "vistrel commands set \"##BELL\" 07", &SetUpCommandsCommand},
+    {kSigns, "text", "Shows and converts the codes in texts", "vistrel text preview \"It is |h:m|\"",
      &SetUpTextCommand},
-    {"recent", "Shows and changes the list of the files opened last", "vistrel recent list",
-     &SetUpRecentCommand},
-    {"settings", "Shows and changes the application's preferences", "vistrel settings set DisplayHeight 32",
-     &SetUpSettingsCommand},
-    {"effects", "Shows the effect codes, and which of them lists offer now", "vistrel effects --home site",
-     &SetUpEffectsCommand},
-    {"font", "Shows, makes and checks the fonts of signs", "vistrel font show bin/6x8.cmd",
+    {kSigns, "font", "Shows, makes and checks the fonts of signs", "vistrel font show bin/6x8.cmd",
      &SetUpFontCommand},
+    {kSettings, "settings", "Shows and changes the application's preferences",
+     "vistrel settings set DisplayHeight 32", &SetUpSettingsCommand},
+    {kSettings, "recent", "Shows and changes the list of the files opened last", "vistrel recent list",
+     &SetUpRecentCommand},
+    {kSettings, "help", "Explains a command", "vistrel help frames insert", &SetUpHelpCommand},
 };
 
 void SetHelpFlag(CLI::App& command) {
@@ -40,18 +51,27 @@ void SetHelpFlag(CLI::App& command) {
 
 } // namespace
 
-void AddCommands(CLI::App& program, Session& session) {
+void AddCommands(CLI::App& program) {
     // A new command copies the help flag of its parent. That takes most of its time, and one needs it.
     program.set_help_flag();
-    for (const Command& row : kCommands) {
-        CLI::App* command = program.add_subcommand(row.name, row.description);
-        command->preparse_callback([&row, command, &session](std::size_t) {
-            SetHelpFlag(*command);
-            SetUpCommon(*command, row.example);
-            row.setUp(*command, session);
-        });
-    }
+    for (const Command& row : kCommands)
+        program.add_subcommand(row.name, row.description)->group(row.task);
     SetHelpFlag(program);
+}
+
+CLI::App* SetUpCommand(CLI::App& program, const std::string& name, Session& session) {
+    const auto* const row =
+        std::ranges::find_if(kCommands, [&](const Command& each) { return each.name == name; });
+    if (row == std::end(kCommands))
+        return nullptr;
+    CLI::App* const command = program.get_subcommand(name);
+    const bool isSetUp = command->get_formatter() != program.get_formatter(); // it has its own help then
+    if (!isSetUp) {
+        SetHelpFlag(*command);
+        SetUpCommon(*command, row->example);
+        row->setUp(*command, session);
+    }
+    return command;
 }
 
 } // namespace qrtVistrelClasses4

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tools/program/ErrorLines.h"
+#include "tools/program/Help.h"
 
 #include <CLI/CLI.hpp>
 
@@ -26,21 +27,9 @@ struct Session {
     std::function<ExitCode()> command;
 };
 
-/// Help that starts with an example of use.
-class ExampleFirst final : public CLI::Formatter {
-public:
-    explicit ExampleFirst(std::string example) : example_(std::move(example)) {}
-    std::string make_help(const CLI::App* app, std::string name, CLI::AppFormatMode mode) const override {
-        return "Example: " + example_ + "\n\n" + CLI::Formatter::make_help(app, std::move(name), mode);
-    }
-
-private:
-    std::string example_;
-};
-
 /// Gives `command` what every command has: help that starts with `example`, and "--home" anywhere.
 inline void SetUpCommon(CLI::App& command, const std::string& example) {
-    command.formatter(std::make_shared<ExampleFirst>(example));
+    command.formatter(std::make_shared<HelpWithExample>(example));
     command.fallthrough(); // to "--home", which is the program's
     command.footer("As with every command, --home DIR keeps it to the settings and files of that folder.");
 }
@@ -82,6 +71,7 @@ inline std::string Counted(std::integral auto count, const std::string& noun) {
 
 /// A command of the program.
 struct Command {
+    const char* task; ///< What people want when they use it; the heading that it is listed under.
     const char* name;
     const char* description; ///< One line of the program's help.
     const char* example;     ///< The first line of the command's own help.
@@ -89,9 +79,12 @@ struct Command {
     void (*setUp)(CLI::App& command, Session& session);
 };
 
-/// Adds the help flag and all commands to `program`, in the order of its help. Options take most of the time
-/// of a start, so a command gets its own only when the parser comes to its name.
-void AddCommands(CLI::App& program, Session& session);
+/// Adds the help flag and the names of all commands to `program`, in the order of its help.
+void AddCommands(CLI::App& program);
+
+/// Gives the command `name` its arguments, options and subcommands, unless it has them. Options take most of
+/// the time of a start, so only the command that runs is set up. Returns null if there is no such command.
+CLI::App* SetUpCommand(CLI::App& program, const std::string& name, Session& session);
 
 void SetUpShowCommand(CLI::App& command, Session& session);
 void SetUpSaveCommand(CLI::App& command, Session& session);
@@ -107,5 +100,6 @@ void SetUpRecentCommand(CLI::App& recent, Session& session);
 void SetUpSettingsCommand(CLI::App& settings, Session& session);
 void SetUpEffectsCommand(CLI::App& command, Session& session);
 void SetUpFontCommand(CLI::App& font, Session& session);
+void SetUpHelpCommand(CLI::App& command, Session& session);
 
 } // namespace qrtVistrelClasses4

@@ -23,4 +23,15 @@ std::size_t NameDistance(std::string_view one, std::string_view other) {
     return row.back();
 }
 
+void NearestName::offer(std::string_view name, std::string_view spelling) {
+    // Two letters may be wrong, and more in a long name, but never most of a short one.
+    constexpr std::size_t always = 2;
+    const std::size_t most = std::min(std::max(always, typed_.size() / 3), typed_.size() / 2);
+    const std::size_t distance = NameDistance(spelling, typed_);
+    if (distance > most || (!name_.empty() && distance >= distance_))
+        return;
+    name_ = name;
+    distance_ = distance;
+}
+
 } // namespace qrtVistrelClasses4

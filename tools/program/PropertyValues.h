@@ -14,7 +14,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -171,16 +170,12 @@ nlohmann::ordered_json JsonOf(const Record& record, const Table& table) {
     return object;
 }
 
-/// Name of the property that is most similar to `name`.
+/// The property that `name` may have been meant for.
 template <class Record, class Table>
-std::string NearestProperty(const Record& record, const Table& table, std::string_view name) {
-    std::string nearest;
-    std::size_t shortest = std::numeric_limits<std::size_t>::max();
+NearestName NearestProperty(const Record& record, const Table& table, std::string_view name) {
+    NearestName nearest(name);
     ForEachProperty(record, table, [&](const std::string& candidate, const auto&, const auto&) {
-        if (const std::size_t distance = NameDistance(candidate, name); distance < shortest) {
-            shortest = distance;
-            nearest = candidate;
-        }
+        nearest.offer(candidate);
     });
     return nearest;
 }
@@ -204,7 +199,7 @@ bool SetByName(Record& record, const Table& table, std::string_view name, std::s
         });
     if (!done) {
         errors.about(name);
-        errors.add("no such property; the nearest name is " + NearestProperty(record, table, name));
+        errors.add("there is no such property" + NearestProperty(record, table, name).hint());
     }
     return done.value_or(false);
 }

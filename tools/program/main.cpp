@@ -1,11 +1,14 @@
 // vistrel: the library on the command line.
 #include "frame/Traced.h"
 #include "platform/Platform.h"
+#include "tools/program/Arguments.h"
 #include "tools/program/Commands.h"
 #include "tools/program/StandardOutput.h"
+#include "tools/program/WrongUsage.h"
 
+#include <algorithm>
 #include <exception>
-#include <sstream>
+#include <utility>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
@@ -44,6 +47,32 @@ std::string faultOfFolder(const std::string& path) {
     }
 }
 
+/// Does what the arguments ask for.
+ExitCode runArguments(const std::vector<std::string>& arguments, CLI::App& program, Session& session,
+                      const std::optional<std::string>& home) {
+    if (arguments.empty()) {
+        session.out << program.get_description() << ".\n"
+                    << ListOfCommands(program) << "\n\"vistrel help COMMAND\" explains a command.\n";
+        return ExitCode::done;
+    }
+    if (const CLI::App* const command = CommandToExplain(program, session, arguments)) {
+        session.out << HelpOf(*command);
+        return ExitCode::done;
+    }
+    try {
+        std::vector<std::string> ordered = InParserOrder(program, session, arguments);
+        std::ranges::reverse(ordered); // the parser takes them from the end
+        program.parse(std::move(ordered));
+    } catch (const CLI::Success& request) { // for the version
+        program.exit(request, session.out);
+        return ExitCode::done;
+    } catch (const CLI::ParseError& error) {
+        AddWrongUsage(program, error, arguments, session.errors);
+        return ExitCode::wrongUsage;
+    }
+    return run(session, home);
+}
+
 ExitCode runProgram(const std::vector<std::string>& arguments, Console& console) {
     StandardOutput output(console);
     std::ostream out(&output);
@@ -52,9 +81,9 @@ ExitCode runProgram(const std::vector<std::string>& arguments, Console& console)
     CLI::App program(
         "Shows and changes playfiles, the list of signs, commands and settings of LED message signs",
         "vistrel");
-    program.formatter(std::make_shared<ExampleFirst>("vistrel show harbour.playfile"));
+    program.formatter(std::make_shared<HelpWithExample>("vistrel show harbour.playfile"));
     program.require_subcommand(1);
-    AddCommands(program, session);
+    AddCommands(program);
     program.set_version_flag("--version", "vistrel " VISTREL_VERSION);
     program
         .add_option(
@@ -62,16 +91,7 @@ ExitCode runProgram(const std::vector<std::string>& arguments, Console& console)
             "Folder that holds settings, INI files and fonts, in place of the system's and the user's own")
         ->envname("VISTREL_HOME")
         ->check(CLI::Validator(&faultOfFolder, "DIR"));
-    try {
-        program.parse(std::vector<std::string>(arguments.rbegin(),
-                                               arguments.rend())); // the parser takes them from the end
-    } catch (const CLI::ParseError& error) {
-        std::ostringstream explanation;
-        const int code = program.exit(error, session.out, explanation);
-        (void)console.write(StandardStream::error, explanation.str());
-        return finish(output, session.errors, code == 0 ? ExitCode::done : ExitCode::wrongUsage, console);
-    }
-    return finish(output, session.errors, run(session, home), console);
+    return finish(output, session.errors, runArguments(arguments, program, session, home), console);
 }
 
 } // namespace

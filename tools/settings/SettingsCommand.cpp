@@ -1,4 +1,5 @@
 // vistrel settings: the application's preferences.
+#include "platform/LetterCase.h"
 #include "tools/program/Commands.h"
 #include "tools/program/JsonText.h"
 #include "tools/program/NameDistance.h"
@@ -6,8 +7,6 @@
 #include "tools/program/Table.h"
 #include <qrtVistrelClasses4/PreferencesFile.h>
 
-#include <algorithm>
-#include <limits>
 #include <optional>
 
 namespace qrtVistrelClasses4 {
@@ -45,26 +44,25 @@ nlohmann::ordered_json jsonOf(const auto& placed, const Value& value) {
 }
 
 /// Calls `use(placed, value)` for the preference that has this property name or key, in any case. If there is
-/// none, reports the name that comes nearest.
+/// none, reports that, with the name that may have been meant.
 template <class Use>
 void withPreference(const std::string& name, const Preferences& preferences, ErrorLines& errors, Use use) {
-    std::size_t least = std::numeric_limits<std::size_t>::max();
-    std::string nearest;
+    bool isFound = false;
+    NearestName nearest(name);
     const auto visit = [&](const auto& placed, const auto& value) {
-        const std::size_t distance =
-            std::min(NameDistance(placed.name(), name), NameDistance(placed.key(), name));
-        if (distance >= least)
+        nearest.offer(placed.name());
+        nearest.offer(placed.name(), placed.key());
+        if (isFound || (!EqualIgnoringAsciiCase(placed.name(), name) &&
+                        !EqualIgnoringAsciiCase(placed.key(), name)))
             return;
-        least = distance;
-        nearest = placed.name();
-        if (distance == 0)
-            use(placed, value);
+        isFound = true;
+        use(placed, value);
     };
     ForEachPreference(visit, preferences);
-    if (least == 0)
+    if (isFound)
         return;
     errors.about(name);
-    errors.add("no such setting; the nearest name is " + nearest);
+    errors.add("there is no such setting" + nearest.hint());
 }
 
 ExitCode list(const SettingsOptions& options, Session& session) {

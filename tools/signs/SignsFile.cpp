@@ -61,12 +61,12 @@ std::optional<SignsFile> LoadSigns(ErrorLines& errors) {
 }
 
 void AddFaults(const SignsFile& file, ErrorLines& errors) {
-    errors.about(file.path);
+    errors.aboutFile(file.path);
     if (file.error && !file.isMissing()) {
         if (file.error->line)
-            errors.about(file.path + ", line " + std::to_string(*file.error->line));
-        errors.add(file.error->error);
-        errors.about(file.path);
+            errors.add(FaultOf(*file.error));
+        else
+            errors.add(file.error->error);
         if (!file.list.signs.empty())
             errors.add("only " + counted(file.wholeSigns, "sign") + " could be read completely");
     } else if (endsNameless(file.list)) {
@@ -98,15 +98,14 @@ bool SaveSigns(SignsFile& file, ErrorLines& errors) {
     RememberSignListPath(file.path);
     const SignListSaving saving = SaveSignList(file.list, file.path);
     if (saving.keepingError) {
-        errors.about("the previous list could not be kept as " + file.path + ".bak");
-        errors.add(*saving.keepingError);
+        errors.aboutFile(file.path + ".bak");
+        errors.add("the previous list could not be kept there", *saving.keepingError);
     }
-    errors.about(file.path);
+    errors.aboutFile(file.path);
     if (saving.keptAs)
         errors.add("the previous file could not be read to its end; it is kept as " + *saving.keptAs);
-    errors.about(file.path + ": not saved");
     if (saving.error)
-        errors.add(*saving.error);
+        errors.add("not saved", *saving.error);
     return saving.isWritten();
 }
 
