@@ -6,15 +6,13 @@
 
 namespace qrtVistrelClasses4 {
 
-ReplacementFile::ReplacementFile(FileSystem& files, const std::string& path)
-    : files_(files), path_(files.resolveLinks(path)) {
-    // A rename would also replace a file that its owner has protected, so ask first.
-    if (note(files_.mayWrite(path_)) != SystemError::none)
-        return;
+ReplacementFile::ReplacementFile(FileSystem& files, const std::string& path) : files_(files), path_(path) {
     if (auto beside = files_.createBeside(path_)) {
+        path_ = std::move(beside.value().target);
         temporaryPath_ = std::move(beside.value().path);
         file_ = std::move(beside.value().file);
-    } else if (beside.error() == SystemError::accessDenied && files_.kindOf(path_) == EntryKind::file) {
+    } else if (beside.error() == SystemError::accessDenied && files_.mayWrite(path_) == SystemError::none &&
+               files_.kindOf(path_) == EntryKind::file) {
         inPlace_ = true;
     } else {
         error_ = beside.error();

@@ -153,6 +153,17 @@ void takeOverRights(int file, const struct stat& old) {
     (void)::fchmod(file, old.st_mode & 0777);
 }
 
+/// Answers `mayWrite` after a look at `path`, which has found that status, or nothing and has set `errno`.
+SystemError mayWriteThere(const std::string& path, const struct stat* found) {
+    if (!found) {
+        const SystemError error = errorOn(path);
+        return error == SystemError::fileNotFound ? SystemError::none : error;
+    }
+    if (!S_ISREG(found->st_mode))
+        return SystemError::accessDenied;
+    return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 ? SystemError::none : errorOn(path);
+}
+
 SystemError copyBytes(const Source& source, const std::string& from, ReplacementFile& target) {
     std::array<char, 65536> buffer;
     for (;;) {
@@ -181,7 +192,7 @@ EntryKind PosixFileSystem::kindOf(const std::string& path) {
 
 bool PosixFileSystem::hasEntry(const std::string& path) {
     struct stat status {};
-    return isUsableName(path) && ::lstat(path.c_str(), &status) == 0;
+    return lookAt(path, status);
 }
 
 Result<std::uint64_t> PosixFileSystem::sizeOf(const std::string& path) {
@@ -243,11 +254,17 @@ Result<std::unique_ptr<OutputFile>> PosixFileSystem::open(const std::string& pat
 }
 
 Result<TemporaryFile> PosixFileSystem::createBeside(const std::string& path) {
-    if (!isUsableName(path))
-        return errorOn(path);
-    const std::string folder = path.substr(0, path.rfind('/') + 1); // "" without one
+    std::string target = path;
     struct stat old {};
-    const bool replaces = lookUp(path, old);
+    bool replaces = lookAt(path, old);
+    if (replaces && S_ISLNK(old.st_mode)) {
+        target = resolveLinks(path);
+        replaces = lookUp(target, old);
+    }
+    // A rename would also replace a file that its owner has protected, so ask first.
+    if (const auto error = mayWriteThere(target, replaces ? &old : nullptr); error != SystemError::none)
+        return error;
+    const std::string folder = target.substr(0, target.rfind('/') + 1); // "" without one
     for (;;) {
         std::string name = folder + TemporaryName();
         auto file = std::make_unique<PosixOutputFile>(name);
@@ -259,19 +276,13 @@ Result<TemporaryFile> PosixFileSystem::createBeside(const std::string& path) {
             return errorOn(name);
         if (replaces)
             takeOverRights(file->descriptor(), old);
-        return TemporaryFile{std::move(name), std::move(file)};
+        return TemporaryFile{std::move(name), std::move(file), std::move(target)};
     }
 }
 
 SystemError PosixFileSystem::mayWrite(const std::string& path) {
     struct stat status {};
-    if (!lookUp(path, status)) {
-        const SystemError error = errorOn(path);
-        return error == SystemError::fileNotFound ? SystemError::none : error;
-    }
-    if (!S_ISREG(status.st_mode))
-        return SystemError::accessDenied;
-    return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 ? SystemError::none : errorOn(path);
+    return mayWriteThere(path, lookUp(path, status) ? &status : nullptr);
 }
 
 SystemError PosixFileSystem::moveOver(const std::string& from, const std::string& to) {
@@ -313,14 +324,14 @@ SystemError PosixFileSystem::copy(const std::string& from, const std::string& to
 
 SystemError PosixFileSystem::removeLink(const std::string& path) {
     struct stat status {};
-    if (::lstat(path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode))
+    if (!lookAt(path, status) || !S_ISLNK(status.st_mode))
         return SystemError::none;
     return remove(path);
 }
 
 std::string PosixFileSystem::resolveLinks(const std::string& path) {
     struct stat status {};
-    if (::lstat(path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode))
+    if (!lookAt(path, status) || !S_ISLNK(status.st_mode))
         return path;
     std::array<char, PATH_MAX> resolved;
     if (::realpath(path.c_str(), resolved.data()))

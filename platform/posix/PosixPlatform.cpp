@@ -25,11 +25,18 @@ public:
     SystemError commit() override {
         if (isOwn_)
             (void)makeFolders(files(), folderOf(path())); // the commit reports a missing folder
-        const FolderLock lock(folderOf(files().resolveLinks(files().existingName(path()))));
+        const FolderLock lock(folderToLock());
         return IniProfileFile::commit();
     }
 
 private:
+    /// The one that holds the file itself, whatever link leads to it.
+    std::string folderToLock() {
+        struct stat status {};
+        const bool isNoLink = lookAt(path(), status) && !S_ISLNK(status.st_mode);
+        return folderOf(isNoLink ? path() : files().resolveLinks(files().existingName(path())));
+    }
+
     bool isOwn_;
 };
 

@@ -34,6 +34,10 @@ bool lookUp(const std::string& path, struct stat& status) {
     return isUsableName(path) && ::stat(path.c_str(), &status) == 0;
 }
 
+bool lookAt(const std::string& path, struct stat& status) {
+    return isUsableName(path) && ::lstat(path.c_str(), &status) == 0;
+}
+
 FileStamp stampOf(const struct stat& status) {
     return {status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size),
             nanoseconds(status.st_mtim.tv_sec, status.st_mtim.tv_nsec),

@@ -49,6 +49,8 @@ bool isUsableName(const std::string& path);
 
 /// Gets the status of what `path` leads to. False with `errno` set.
 bool lookUp(const std::string& path, struct stat& status);
+/// Gets the status of `path` itself, which may be a link. False with `errno` set.
+bool lookAt(const std::string& path, struct stat& status);
 
 /// The stamp of the file with that status.
 FileStamp stampOf(const struct stat& status);
