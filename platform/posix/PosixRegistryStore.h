@@ -16,6 +16,8 @@ public:
     PosixRegistryStore(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
 
 private:
+    /// Makes `tree_` the content of the file. False if that cannot be read.
+    bool refresh();
     const RegistryTree& tree() override;
     SystemError change(const Edit& edit) override;
 
