@@ -4,6 +4,7 @@
 #include "platform/FileSystem.h"
 #include "platform/IniText.h"
 #include "platform/ProfileFile.h"
+#include "platform/ReplacementFile.h"
 
 #include <memory>
 #include <mutex>
@@ -53,6 +54,8 @@ public:
     SystemError commit() override;
 
 protected:
+    /// Puts the new version of the file in place, safe from a power cut.
+    virtual SystemError replace(ReplacementFile& file);
     FileSystem& files() { return files_; }
     const std::string& path() const { return path_; }
 
@@ -65,6 +68,7 @@ private:
     IniFileCache& cache_;
     std::string path_;
     std::shared_ptr<const IniFileCache::Content> content_; ///< Null before the first read.
+    IniValues::Cursor cursor_;                             ///< In `content_`.
     std::vector<IniChange> changes_;
 };
 

@@ -35,6 +35,13 @@ SystemError ReplacementFile::write(std::string_view bytes) {
 }
 
 SystemError ReplacementFile::commit() {
+    // The new file is in place whatever becomes of this: some file systems cannot flush a folder.
+    if (commitUnflushed() == SystemError::none && !inPlace_)
+        (void)files_.flushFolder(std::string(SplitPath(path_).folder));
+    return error_;
+}
+
+SystemError ReplacementFile::commitUnflushed() {
     if (error_ != SystemError::none)
         return error_;
     if (inPlace_)
@@ -43,11 +50,8 @@ SystemError ReplacementFile::commit() {
     if (note(file_->flush()) != SystemError::none || note(file_->close()) != SystemError::none)
         return error_;
     file_.reset();
-    if (note(files_.moveOver(temporaryPath_, path_)) != SystemError::none)
-        return error_;
-    temporaryPath_.clear();
-    // The new file is in place whatever becomes of this: some file systems cannot flush a folder.
-    (void)files_.flushFolder(std::string(SplitPath(path_).folder));
+    if (note(files_.moveOver(temporaryPath_, path_)) == SystemError::none)
+        temporaryPath_.clear();
     return error_;
 }
 

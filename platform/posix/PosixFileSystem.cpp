@@ -52,7 +52,7 @@ SystemError PosixOutputFile::write(std::string_view bytes) {
 }
 
 SystemError PosixOutputFile::flush() {
-    if (uninterrupted([&] { return ::fsync(file_.number()); }) == 0)
+    if (flushToDisk(file_.number()))
         return SystemError::none;
     // Some file systems have nothing to flush.
     return errno == EINVAL || errno == ENOTSUP ? SystemError::none : errorOn(path_);
@@ -142,6 +142,13 @@ Result<FileBytes> readLocked(const Source& source, const std::string& path) {
     return readToEnd(source.file.number(), size, path);
 }
 
+/// The rights to make a new version of a file with. It may get another group than the old one has. Until that
+/// is mended, everybody but its owner may only do what both that group and all others may.
+unsigned firstRights(const struct stat& old) {
+    const unsigned common = old.st_mode & old.st_mode >> 3 & 7;
+    return (old.st_mode & 0700) | common << 3 | common;
+}
+
 /// Gives a new file the rights of the one it will replace, as far as this user may.
 void takeOverRights(int file, const struct stat& old) {
     struct stat now {};
@@ -150,7 +157,8 @@ void takeOverRights(int file, const struct stat& old) {
     if (now.st_uid != old.st_uid || now.st_gid != old.st_gid)
         if (::fchown(file, old.st_uid, old.st_gid) != 0)
             (void)!::fchown(file, static_cast<uid_t>(-1), old.st_gid);
-    (void)::fchmod(file, old.st_mode & 0777);
+    if ((now.st_mode & 0777) != (old.st_mode & 0777))
+        (void)::fchmod(file, old.st_mode & 0777);
 }
 
 /// Answers `mayWrite` after a look at `path`, which has found that status, or nothing and has set `errno`.
@@ -268,8 +276,8 @@ Result<TemporaryFile> PosixFileSystem::createBeside(const std::string& path) {
     for (;;) {
         std::string name = folder + TemporaryName();
         auto file = std::make_unique<PosixOutputFile>(name);
-        // Nobody may read the new version of a private file, not even while it is made.
-        const bool isOpen = file->open(O_WRONLY | O_CREAT | O_EXCL, replaces ? 0600 : kNewFileMode);
+        const bool isOpen =
+            file->open(O_WRONLY | O_CREAT | O_EXCL, replaces ? firstRights(old) : kNewFileMode);
         if (!isOpen && errno == EEXIST)
             continue;
         if (!isOpen)
@@ -295,7 +303,7 @@ SystemError PosixFileSystem::flushFolder(const std::string& folder) {
     const Descriptor opened = openDescriptor(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
     if (!opened)
         return errorOn(folder);
-    return uninterrupted([&] { return ::fsync(opened.number()); }) == 0 ? SystemError::none : errorOn(folder);
+    return flushToDisk(opened.number()) ? SystemError::none : errorOn(folder);
 }
 
 SystemError PosixFileSystem::remove(const std::string& path) {

@@ -11,6 +11,7 @@
 #include "platform/posix/TerminalMessageBoxes.h"
 
 #include <ctime>
+#include <optional>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -25,9 +26,14 @@ public:
     SystemError commit() override {
         if (isOwn_)
             (void)makeFolders(files(), folderOf(path())); // the commit reports a missing folder
-        const FolderLock lock(folderToLock());
-        return IniProfileFile::commit();
+        lock_.emplace(folderToLock());
+        const SystemError error = IniProfileFile::commit();
+        lock_.reset();
+        return error;
     }
+
+protected:
+    SystemError replace(ReplacementFile& file) override { return lock_->commit(file); }
 
 private:
     /// The one that holds the file itself, whatever link leads to it.
@@ -38,6 +44,7 @@ private:
     }
 
     bool isOwn_;
+    std::optional<FolderLock> lock_; ///< During a commit.
 };
 
 std::string withoutTrailingSeparators(std::string folder) {

@@ -137,6 +137,10 @@ bool writeAll(int file, std::string_view bytes) {
     return true;
 }
 
+bool flushToDisk(int file) {
+    return uninterrupted([&] { return ::fsync(file); }) == 0;
+}
+
 bool lockFile(int file, int operation) {
     constexpr int mostTries = 5000; // about as many milliseconds
     for (int tries = 0; ::flock(file, operation | LOCK_NB) != 0; ++tries) {
@@ -152,6 +156,13 @@ bool lockFile(int file, int operation) {
 FolderLock::FolderLock(const std::string& folder) : folder_(openDescriptor(folder, O_RDONLY | O_DIRECTORY)) {
     if (folder_)
         (void)lockFile(folder_.number(), LOCK_EX);
+}
+
+SystemError FolderLock::commit(ReplacementFile& file) const {
+    const SystemError error = file.commitUnflushed();
+    if (error == SystemError::none)
+        (void)flushToDisk(folder_.number()); // some file systems cannot flush a folder
+    return error;
 }
 
 } // namespace qrtVistrelClasses4
