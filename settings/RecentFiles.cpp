@@ -68,8 +68,9 @@ void RecentFiles::putFirst(const std::string& name) {
 }
 
 std::optional<std::string> RecentFilesPath() try {
-    std::optional<std::string> path = kListFile.find(defaultPath());
-    if (path)
+    const std::string usual = defaultPath();
+    std::optional<std::string> path = kListFile.find(usual);
+    if (path && *path != usual) // nobody has looked for that on the disk yet
         path = platform().files().existingName(*path);
     return path;
 } catch (...) {
