@@ -56,6 +56,12 @@ void RunFuzzed(FuzzedInput input) {
     const auto found = values.find(change.section, change.key);
     Require(values.find(inOtherCase(change.section), inOtherCase(change.key)) == found,
             "ASCII letters are taken without case");
+    IniValues::Cursor cursor;
+    for (const std::string& line : linesOf(text)) {
+        const std::string key = line.substr(0, line.find('='));
+        Require(values.find(change.section, key, cursor) == values.find(change.section, key),
+                "searches in order find what single ones find");
+    }
     const std::string more = text + "\r\n[a section, behind]\r\n" + change.key;
     if (trimmed(change.section) != "a section, behind")
         Require(IniValues(more).find(change.section, change.key) == found, "the first of its name counts");

@@ -69,6 +69,7 @@ struct Drive {
 struct TemporaryFile {
     std::string path;
     std::unique_ptr<OutputFile> file;
+    std::string target; ///< The file beside it that it may replace, when links are followed.
 };
 
 enum class OpenMode {
@@ -107,8 +108,8 @@ public:
 
     /// A folder, a device or a pipe is `accessDenied`; so is a link, to append.
     virtual Result<std::unique_ptr<OutputFile>> open(const std::string& path, OpenMode mode) = 0;
-    /// Makes an empty file with a new name in the folder of `path`. It gets the rights of the file `path`, if
-    /// that exists (on Windows: the rights that the folder gives).
+    /// Makes an empty file with a new name beside the file that `path` leads to. It gets the rights of that
+    /// file, if that exists (on Windows: the rights that the folder gives). Fails where `mayWrite` does.
     virtual Result<TemporaryFile> createBeside(const std::string& path) = 0;
     /// Whether `open` with `replace` would succeed: `none` for a writable file, and for a missing file in an
     /// existing folder. Changes nothing.

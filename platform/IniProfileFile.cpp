@@ -1,7 +1,5 @@
 #include "platform/IniProfileFile.h"
 
-#include "platform/ReplacementFile.h"
-
 #include <optional>
 #include <utility>
 
@@ -9,6 +7,8 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 constexpr std::string_view kWideMark = "\xff\xfe";
+/// All preferences fit in it.
+constexpr std::size_t kUsualChanges = 64;
 
 /// Whether a file is in 16-bit characters, as some editors on Windows save.
 bool isWideText(std::string_view bytes) { return bytes.starts_with(kWideMark); }
@@ -69,7 +69,7 @@ auto IniProfileFile::readFile(Read read) {
 
 std::string IniProfileFile::read(std::string_view section, std::string_view key,
                                  std::string_view defaultValue, std::size_t bufferSize) {
-    return ProfileString(content().values.find(section, key), defaultValue, bufferSize);
+    return ProfileString(content().values.find(section, key, cursor_), defaultValue, bufferSize);
 }
 
 const IniFileCache::Content& IniProfileFile::content() {
@@ -81,11 +81,14 @@ const IniFileCache::Content& IniProfileFile::content() {
 }
 
 void IniProfileFile::write(std::string_view section, std::string_view key, std::string_view value) {
+    if (changes_.empty())
+        changes_.reserve(kUsualChanges);
     changes_.push_back({std::string(section), std::string(key), std::string(value)});
 }
 
 SystemError IniProfileFile::commit() {
     content_.reset();
+    cursor_ = {};
     const std::vector<IniChange> changes = std::exchange(changes_, {});
     if (changes.empty())
         return SystemError::none;
@@ -100,7 +103,9 @@ SystemError IniProfileFile::commit() {
         return SystemError::none;
     ReplacementFile file(files_, path_);
     (void)file.write(*text); // `commit` reports an error of this
-    return file.commit();
+    return replace(file);
 }
+
+SystemError IniProfileFile::replace(ReplacementFile& file) { return file.commit(); }
 
 } // namespace qrtVistrelClasses4

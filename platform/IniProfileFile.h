@@ -4,6 +4,7 @@
 #include "platform/FileSystem.h"
 #include "platform/IniText.h"
 #include "platform/ProfileFile.h"
+#include "platform/ReplacementFile.h"
 
 #include <memory>
 #include <mutex>
@@ -54,6 +55,8 @@ public:
     SystemError commit() override;
 
 protected:
+    /// Puts the new version of the file in place, safe from a power cut.
+    virtual SystemError replace(ReplacementFile& file);
     FileSystem& files() { return files_; }
     const std::string& path() const { return path_; }
 
@@ -67,6 +70,7 @@ private:
     std::string path_;
     std::string original_;
     std::shared_ptr<const IniFileCache::Content> content_; ///< Null before the first read.
+    IniValues::Cursor cursor_;                             ///< In `content_`.
     std::vector<IniChange> changes_;
 };
 

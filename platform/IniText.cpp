@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstring>
 #include <map>
+#include <numeric>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
@@ -80,33 +81,50 @@ IniName::IniName(std::string_view text) : text_(text) {
     digest_ = ((text.size() + (first | noCase)) * spread ^ (last | noCase)) * spread;
 }
 
-std::weak_ordering IniName::operator<=>(const IniName& other) const {
-    if (digest_ != other.digest_)
-        return digest_ <=> other.digest_;
-    return CompareIgnoringAsciiCase(text_, other.text_) <=> 0;
-}
-
 IniValues::IniValues(std::string_view text) {
     text = withoutByteOrderMark(text);
-    sections_.push_back({IniName({}), 0, 0});
+    sections_.push_back({IniName({})});
     while (!text.empty()) {
         const IniLine line = parseLine(takeLine(text));
-        if (line.kind == IniLine::section)
-            sections_.push_back({IniName(line.name), entries_.size(), entries_.size()});
-        else if (line.kind == IniLine::key)
+        if (line.kind == IniLine::section) {
+            closeSection();
+            sections_.push_back({IniName(line.name), entries_.size()});
+        } else if (line.kind == IniLine::key) {
             entries_.push_back({IniName(line.name), line.value});
-        sections_.back().endEntry = entries_.size();
+        }
     }
+    closeSection();
 }
 
-std::optional<std::string_view> IniValues::find(std::string_view section, std::string_view key) const {
-    const std::span all(entries_);
-    const auto inSection = std::ranges::find(sections_, IniName(trimmed(section)), &Section::name);
-    if (inSection == sections_.end())
-        return {};
-    const auto entries = all.subspan(inSection->firstEntry, inSection->endEntry - inSection->firstEntry);
-    const auto entry = std::ranges::find(entries, IniName(trimmed(key)), &Entry::key);
-    return entry == entries.end() ? std::nullopt : entry->value;
+void IniValues::closeSection() {
+    Section& section = sections_.back();
+    section.endEntry = entries_.size();
+    std::vector<std::uint64_t> digests;
+    for (std::size_t entry = section.firstEntry; entry < section.endEntry; ++entry)
+        digests.push_back(entries_[entry].key.digest());
+    std::ranges::sort(digests);
+    section.maybeRepeats = std::ranges::adjacent_find(digests) != digests.end();
+}
+
+std::optional<std::string_view> IniValues::find(std::string_view section, std::string_view key,
+                                                Cursor& cursor) const {
+    if (!cursor.section || cursor.section->name.text() != section) {
+        const auto found = std::ranges::find(sections_, IniName(trimmed(section)), &Section::name);
+        if (found == sections_.end())
+            return {};
+        cursor = {&*found, found->firstEntry};
+    }
+    const auto [name, first, end, maybeRepeats] = *cursor.section;
+    const bool isNext =
+        !maybeRepeats && cursor.nextEntry < end && entries_[cursor.nextEntry].key.text() == key;
+    if (!isNext) {
+        const auto entries = std::span(entries_).subspan(first, end - first);
+        const auto entry = std::ranges::find(entries, IniName(trimmed(key)), &Entry::key);
+        if (entry == entries.end())
+            return {};
+        cursor.nextEntry = first + static_cast<std::size_t>(entry - entries.begin());
+    }
+    return entries_[cursor.nextEntry++].value;
 }
 
 std::string ProfileString(std::optional<std::string_view> value, std::string_view defaultValue,
@@ -131,21 +149,25 @@ public:
     std::optional<std::string> apply(std::string_view text);
 
 private:
-    /// The last change to one key.
     struct Pending {
         IniName key;
         std::string_view value;
-        std::size_t order = 0; ///< Place of the first change to the key among all changes.
         bool done = false;
     };
     /// The changes to one section.
     struct Group {
-        std::vector<Pending> changes; ///< By key.
+        explicit Group(std::size_t order) : firstOrder(order) {}
+        void makeIndex();
+        Pending* find(IniName key);
+
+        std::vector<Pending> changes;   ///< In their order. All but the first to a key are done.
+        std::vector<std::size_t> byKey; ///< The place in `changes` of the first to each key, by key.
+        std::size_t next = 0; ///< Where the change to the next line is, if that has the order of the changes.
+        std::size_t firstOrder; ///< Place of the first of the changes among those to all sections.
         bool visited = false;
     };
     using Groups = std::map<IniName, Group>;
 
-    static void makeUnique(std::vector<Pending>& changes);
     void enterSection(std::string_view name);
     void leaveSection();
     void copyKey(std::string_view line, const IniLine& parsed);
@@ -160,27 +182,51 @@ private:
 };
 
 IniEditor::IniEditor(std::span<const IniChange> changes) {
+    Group* group = nullptr;
     for (std::size_t order = 0; order < changes.size(); ++order) {
         const IniChange& change = changes[order];
-        groups_[IniName(trimmed(UntilNul(change.section)))].changes.push_back(
-            {IniName(trimmed(UntilNul(change.key))), withoutLeadingBlanks(UntilNul(change.value)), order,
-             false});
+        if (order == 0 || change.section != changes[order - 1].section)
+            group = &groups_.try_emplace(IniName(trimmed(UntilNul(change.section))), order).first->second;
+        group->changes.push_back(
+            {IniName(trimmed(UntilNul(change.key))), withoutLeadingBlanks(UntilNul(change.value))});
     }
-    for (auto& [section, group] : groups_)
-        makeUnique(group.changes);
+    for (auto& [section, changed] : groups_)
+        changed.makeIndex();
 }
 
-void IniEditor::makeUnique(std::vector<Pending>& changes) {
-    std::ranges::stable_sort(changes, {}, &Pending::key);
+void IniEditor::Group::makeIndex() {
+    byKey.resize(changes.size());
+    std::iota(byKey.begin(), byKey.end(), std::size_t{0});
+    std::ranges::sort(byKey, [&](std::size_t one, std::size_t other) {
+        const auto order = changes[one].key <=> changes[other].key;
+        return order != 0 ? order < 0 : one < other;
+    });
     // Changes to one key are neighbours now; the first gets the value of the last.
     std::size_t kept = 0;
-    for (const Pending& change : changes) {
-        if (kept > 0 && changes[kept - 1].key == change.key)
-            changes[kept - 1].value = change.value;
-        else
-            changes[kept++] = change;
+    for (const std::size_t place : byKey) {
+        if (kept > 0 && changes[byKey[kept - 1]].key == changes[place].key) {
+            changes[byKey[kept - 1]].value = changes[place].value;
+            changes[place].done = true;
+        } else {
+            byKey[kept++] = place;
+        }
     }
-    changes.erase(changes.begin() + static_cast<std::ptrdiff_t>(kept), changes.end());
+    byKey.resize(kept);
+}
+
+/// Null if there is no change to the key, or if that is done.
+IniEditor::Pending* IniEditor::Group::find(IniName key) {
+    const auto isChange = [&](std::size_t place) {
+        return !changes[place].done && changes[place].key == key;
+    };
+    if (next == changes.size() || !isChange(next)) {
+        const auto found =
+            std::ranges::lower_bound(byKey, key, {}, [&](std::size_t place) { return changes[place].key; });
+        if (found == byKey.end() || !isChange(*found))
+            return nullptr;
+        next = *found;
+    }
+    return &changes[next++];
 }
 
 std::optional<std::string> IniEditor::apply(std::string_view text) {
@@ -212,12 +258,10 @@ void IniEditor::enterSection(std::string_view name) {
 }
 
 void IniEditor::copyKey(std::string_view line, const IniLine& parsed) {
-    if (current_ && parsed.kind == IniLine::key) {
-        const IniName name(parsed.name);
-        const auto change = std::ranges::lower_bound(current_->changes, name, {}, &Pending::key);
-        const bool isMeant =
-            change != current_->changes.end() && change->key == name && !std::exchange(change->done, true);
-        if (isMeant && parsed.value != change->value) {
+    if (Pending* change =
+            current_ && parsed.kind == IniLine::key ? current_->find(IniName(parsed.name)) : nullptr) {
+        change->done = true;
+        if (parsed.value != change->value) {
             out_.append(parsed.name).append("=").append(change->value).append(kLineEnd);
             changed_ = true;
             return;
@@ -240,10 +284,7 @@ void IniEditor::addNewSections() {
     for (const Groups::value_type& group : groups_)
         if (!group.second.visited)
             missing.push_back(&group);
-    const auto firstOrder = [](const Groups::value_type* group) {
-        return std::ranges::min(group->second.changes, {}, &Pending::order).order;
-    };
-    std::ranges::sort(missing, {}, firstOrder);
+    std::ranges::sort(missing, {}, [](const auto* group) { return group->second.firstOrder; });
     for (const Groups::value_type* group : missing) {
         out_.append("[").append(group->first.text()).append("]").append(kLineEnd);
         out_.append(newLines(group->second));
@@ -253,14 +294,10 @@ void IniEditor::addNewSections() {
 
 /// The lines of the keys that the section does not have yet.
 std::string IniEditor::newLines(const Group& group) {
-    std::vector<const Pending*> missing;
+    std::string lines;
     for (const Pending& change : group.changes)
         if (!change.done)
-            missing.push_back(&change);
-    std::ranges::sort(missing, {}, &Pending::order);
-    std::string lines;
-    for (const Pending* change : missing)
-        lines.append(change->key.text()).append("=").append(change->value).append(kLineEnd);
+            lines.append(change.key.text()).append("=").append(change.value).append(kLineEnd);
     return lines;
 }
 

@@ -28,10 +28,14 @@ public:
     explicit IniName(std::string_view text);
 
     std::string_view text() const { return text_; }
-    std::weak_ordering operator<=>(const IniName& other) const;
+    std::weak_ordering operator<=>(const IniName& other) const {
+        return digest_ != other.digest_ ? digest_ <=> other.digest_
+                                        : CompareIgnoringAsciiCase(text_, other.text_) <=> 0;
+    }
     bool operator==(const IniName& other) const {
         return digest_ == other.digest_ && EqualIgnoringAsciiCase(text_, other.text_);
     }
+    std::uint64_t digest() const { return digest_; }
 
 private:
     std::string_view text_;
@@ -41,13 +45,25 @@ private:
 /// The values of a text, in its order. A search goes through the names of sections, then through those of
 /// keys: a file sees so few searches that sorting its names would cost more.
 class IniValues {
+    struct Section;
+
 public:
     /// `text` must outlive this object and the values that it gives.
     explicit IniValues(std::string_view text);
 
+    /// Remembers the last search, since keys are mostly asked for in the order of their lines.
+    struct Cursor {
+        const Section* section = nullptr;
+        std::size_t nextEntry = 0;
+    };
     /// The value, including quotes around it. No value if the section or the key is missing, or if the key
-    /// has no "=".
-    std::optional<std::string_view> find(std::string_view section, std::string_view key) const;
+    /// has no "=". The cursor makes a search quicker, and is of use for these values only.
+    std::optional<std::string_view> find(std::string_view section, std::string_view key,
+                                         Cursor& cursor) const;
+    std::optional<std::string_view> find(std::string_view section, std::string_view key) const {
+        Cursor cursor;
+        return find(section, key, cursor);
+    }
 
 private:
     struct Entry {
@@ -58,7 +74,9 @@ private:
         IniName name;
         std::size_t firstEntry = 0;
         std::size_t endEntry = 0;
+        bool maybeRepeats = false; ///< Whether two of its keys may have the same name.
     };
+    void closeSection();
 
     std::vector<Entry> entries_;
     std::vector<Section> sections_;

@@ -27,6 +27,7 @@ public:
     RegistryTree() = default;
     explicit RegistryTree(std::string_view text);
     std::string text() const;
+    bool operator==(const RegistryTree&) const = default;
 
     /// Root keys with a known number always exist.
     bool hasKey(const RegistryKey& key) const;
@@ -47,11 +48,13 @@ private:
         std::string above; ///< Whole lines kept above this value.
         std::string name;
         std::string text;
+        bool operator==(const Value&) const = default;
     };
     struct Node {
         std::string above;
         std::string path;                    ///< With the name of the hive, in its first spelling.
         std::map<std::string, Value> values; ///< By name in upper case.
+        bool operator==(const Node&) const = default;
     };
     class Parser;
 

@@ -6,15 +6,13 @@
 
 namespace qrtVistrelClasses4 {
 
-ReplacementFile::ReplacementFile(FileSystem& files, const std::string& path)
-    : files_(files), path_(files.resolveLinks(path)) {
-    // A rename would also replace a file that its owner has protected, so ask first.
-    if (note(files_.mayWrite(path_)) != SystemError::none)
-        return;
+ReplacementFile::ReplacementFile(FileSystem& files, const std::string& path) : files_(files), path_(path) {
     if (auto beside = files_.createBeside(path_)) {
+        path_ = std::move(beside.value().target);
         temporaryPath_ = std::move(beside.value().path);
         file_ = std::move(beside.value().file);
-    } else if (beside.error() == SystemError::accessDenied && files_.kindOf(path_) == EntryKind::file) {
+    } else if (beside.error() == SystemError::accessDenied && files_.mayWrite(path_) == SystemError::none &&
+               files_.kindOf(path_) == EntryKind::file) {
         inPlace_ = true;
     } else {
         error_ = beside.error();
@@ -37,6 +35,13 @@ SystemError ReplacementFile::write(std::string_view bytes) {
 }
 
 SystemError ReplacementFile::commit() {
+    // The new file is in place whatever becomes of this: some file systems cannot flush a folder.
+    if (commitUnflushed() == SystemError::none && !inPlace_)
+        (void)files_.flushFolder(std::string(SplitPath(path_).folder));
+    return error_;
+}
+
+SystemError ReplacementFile::commitUnflushed() {
     if (error_ != SystemError::none)
         return error_;
     if (inPlace_)
@@ -45,11 +50,8 @@ SystemError ReplacementFile::commit() {
     if (note(file_->flush()) != SystemError::none || note(file_->close()) != SystemError::none)
         return error_;
     file_.reset();
-    if (note(files_.moveOver(temporaryPath_, path_)) != SystemError::none)
-        return error_;
-    temporaryPath_.clear();
-    // The new file is in place whatever becomes of this: some file systems cannot flush a folder.
-    (void)files_.flushFolder(std::string(SplitPath(path_).folder));
+    if (note(files_.moveOver(temporaryPath_, path_)) == SystemError::none)
+        temporaryPath_.clear();
     return error_;
 }
 

@@ -69,8 +69,9 @@ void RecentFiles::putFirst(const std::string& name) {
 }
 
 std::optional<std::string> RecentFilesPath() try {
-    std::optional<std::string> path = kListFile.find(PlaceToRead(LibraryFolder(), listFile()));
-    if (path)
+    const std::string usual = PlaceToRead(LibraryFolder(), listFile());
+    std::optional<std::string> path = kListFile.find(usual);
+    if (path && *path != usual) // nobody has looked for that on the disk yet
         path = platform().files().existingName(*path);
     return path;
 } catch (...) {

@@ -187,14 +187,16 @@ Result<std::unique_ptr<OutputFile>> MemoryFileSystem::open(const std::string& pa
 }
 
 Result<TemporaryFile> MemoryFileSystem::createBeside(const std::string& path) {
-    if (const auto error = mayAdd(path); error == SystemError::folderNotFound)
+    if (const auto error = mayWrite(path); error != SystemError::none)
         return error;
     const std::string name = ".vistrel-" + std::to_string(++temporaryFiles_) + ".tmp";
     std::string temporaryPath = std::string(SplitPath(path).folder) + name;
-    auto file = open(temporaryPath, OpenMode::replace);
+    TemporaryFile beside{std::move(temporaryPath), nullptr, path};
+    auto file = open(beside.path, OpenMode::replace);
     if (!file)
         return file.error();
-    return TemporaryFile{std::move(temporaryPath), std::move(file.value())};
+    beside.file = std::move(file.value()); // after all that takes memory, since the file stays
+    return beside;
 }
 
 SystemError MemoryFileSystem::append(const std::string& path, std::string& content, std::string_view bytes) {

@@ -53,7 +53,7 @@ SystemError PosixOutputFile::write(std::string_view bytes) {
 }
 
 SystemError PosixOutputFile::flush() {
-    if (uninterrupted([&] { return ::fsync(file_.number()); }) == 0)
+    if (flushToDisk(file_.number()))
         return SystemError::none;
     // Some file systems have nothing to flush.
     return errno == EINVAL || errno == ENOTSUP ? SystemError::none : errorOn(path_);
@@ -143,6 +143,13 @@ Result<FileBytes> readLocked(const Source& source, const std::string& path) {
     return readToEnd(source.file.number(), size, path);
 }
 
+/// The rights to make a new version of a file with. It may get another group than the old one has. Until that
+/// is mended, everybody but its owner may only do what both that group and all others may.
+unsigned firstRights(const struct stat& old) {
+    const unsigned common = old.st_mode & old.st_mode >> 3 & 7;
+    return (old.st_mode & 0700) | common << 3 | common;
+}
+
 /// Gives a new file the rights of the one it will replace, as far as this user may.
 void takeOverRights(int file, const struct stat& old) {
     struct stat now {};
@@ -151,7 +158,19 @@ void takeOverRights(int file, const struct stat& old) {
     if (now.st_uid != old.st_uid || now.st_gid != old.st_gid)
         if (::fchown(file, old.st_uid, old.st_gid) != 0)
             (void)!::fchown(file, static_cast<uid_t>(-1), old.st_gid);
-    (void)::fchmod(file, old.st_mode & 0777);
+    if ((now.st_mode & 0777) != (old.st_mode & 0777))
+        (void)::fchmod(file, old.st_mode & 0777);
+}
+
+/// Answers `mayWrite` after a look at `path`, which has found that status, or nothing and has set `errno`.
+SystemError mayWriteThere(const std::string& path, const struct stat* found) {
+    if (!found) {
+        const SystemError error = errorOn(path);
+        return error == SystemError::fileNotFound ? SystemError::none : error;
+    }
+    if (!S_ISREG(found->st_mode))
+        return SystemError::accessDenied;
+    return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 ? SystemError::none : errorOn(path);
 }
 
 SystemError copyBytes(const Source& source, const std::string& from, ReplacementFile& target) {
@@ -199,7 +218,7 @@ EntryKind PosixFileSystem::kindOf(const std::string& path) {
 
 bool PosixFileSystem::hasEntry(const std::string& path) {
     struct stat status {};
-    return isUsableName(path) && ::lstat(path.c_str(), &status) == 0;
+    return lookAt(path, status);
 }
 
 Result<std::uint64_t> PosixFileSystem::sizeOf(const std::string& path) {
@@ -263,37 +282,41 @@ Result<std::unique_ptr<OutputFile>> PosixFileSystem::open(const std::string& pat
 }
 
 Result<TemporaryFile> PosixFileSystem::createBeside(const std::string& path) {
-    if (!isUsableName(path))
-        return errorOn(path);
-    if (const auto error = makeOwnFolderOf(path); error != SystemError::none)
-        return error;
-    const std::string folder = path.substr(0, path.rfind('/') + 1); // "" without one
+    std::string target = path;
     struct stat old {};
-    const bool replaces = lookUp(path, old);
+    bool replaces = lookAt(path, old);
+    if (!replaces) {
+        if (const auto error = makeOwnFolderOf(path); error != SystemError::none)
+            return error;
+        replaces = lookAt(path, old);
+    }
+    if (replaces && S_ISLNK(old.st_mode)) {
+        target = resolveLinks(path);
+        replaces = lookUp(target, old);
+    }
+    // A rename would also replace a file that its owner has protected, so ask first.
+    if (const auto error = mayWriteThere(target, replaces ? &old : nullptr); error != SystemError::none)
+        return error;
+    const std::string folder = target.substr(0, target.rfind('/') + 1); // "" without one
     for (;;) {
         std::string name = folder + TemporaryName();
         auto file = std::make_unique<PosixOutputFile>(name);
-        // Nobody may read the new version of a private file, not even while it is made.
-        const bool isOpen = file->open(O_WRONLY | O_CREAT | O_EXCL, replaces ? 0600 : kNewFileMode);
+        const bool isOpen =
+            file->open(O_WRONLY | O_CREAT | O_EXCL, replaces ? firstRights(old) : kNewFileMode);
         if (!isOpen && errno == EEXIST)
             continue;
         if (!isOpen)
             return errorOn(name);
         if (replaces)
             takeOverRights(file->descriptor(), old);
-        return TemporaryFile{std::move(name), std::move(file)};
+        return TemporaryFile{std::move(name), std::move(file), std::move(target)};
     }
 }
 
 SystemError PosixFileSystem::mayWrite(const std::string& path) {
     struct stat status {};
-    if (!lookUp(path, status)) {
-        const SystemError error = answer(path, errorOn(path));
-        return error == SystemError::fileNotFound ? SystemError::none : error;
-    }
-    if (!S_ISREG(status.st_mode))
-        return SystemError::accessDenied;
-    return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 ? SystemError::none : errorOn(path);
+    const SystemError error = mayWriteThere(path, lookUp(path, status) ? &status : nullptr);
+    return answer(path, error) == SystemError::fileNotFound ? SystemError::none : error;
 }
 
 SystemError PosixFileSystem::moveOver(const std::string& from, const std::string& to) {
@@ -306,7 +329,7 @@ SystemError PosixFileSystem::flushFolder(const std::string& folder) {
     const Descriptor opened = openDescriptor(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
     if (!opened)
         return errorOn(folder);
-    return uninterrupted([&] { return ::fsync(opened.number()); }) == 0 ? SystemError::none : errorOn(folder);
+    return flushToDisk(opened.number()) ? SystemError::none : errorOn(folder);
 }
 
 SystemError PosixFileSystem::remove(const std::string& path) {
@@ -337,14 +360,14 @@ SystemError PosixFileSystem::copy(const std::string& from, const std::string& to
 
 SystemError PosixFileSystem::removeLink(const std::string& path) {
     struct stat status {};
-    if (::lstat(path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode))
+    if (!lookAt(path, status) || !S_ISLNK(status.st_mode))
         return SystemError::none;
     return remove(path);
 }
 
 std::string PosixFileSystem::resolveLinks(const std::string& path) {
     struct stat status {};
-    if (::lstat(path.c_str(), &status) != 0 || !S_ISLNK(status.st_mode))
+    if (!lookAt(path, status) || !S_ISLNK(status.st_mode))
         return path;
     std::array<char, PATH_MAX> resolved;
     if (::realpath(path.c_str(), resolved.data()))

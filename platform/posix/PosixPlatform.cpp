@@ -11,6 +11,7 @@
 #include "platform/posix/TerminalMessageBoxes.h"
 
 #include <ctime>
+#include <optional>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -25,12 +26,25 @@ public:
     SystemError commit() override {
         if (const auto error = machineFiles_.makeOwnFolderOf(path()); error != SystemError::none)
             return error;
-        const FolderLock lock(folderOf(files().resolveLinks(files().existingName(path()))));
-        return IniProfileFile::commit();
+        lock_.emplace(folderToLock());
+        const SystemError error = IniProfileFile::commit();
+        lock_.reset();
+        return error;
     }
 
+protected:
+    SystemError replace(ReplacementFile& file) override { return lock_->commit(file); }
+
 private:
+    /// The one that holds the file itself, whatever link leads to it.
+    std::string folderToLock() {
+        struct stat status {};
+        const bool isNoLink = lookAt(path(), status) && !S_ISLNK(status.st_mode);
+        return folderOf(isNoLink ? path() : files().resolveLinks(files().existingName(path())));
+    }
+
     PosixFileSystem& machineFiles_;
+    std::optional<FolderLock> lock_; ///< During a commit.
 };
 
 std::string withoutTrailingSeparators(std::string folder) {

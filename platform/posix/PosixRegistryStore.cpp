@@ -5,23 +5,33 @@
 
 namespace qrtVistrelClasses4 {
 
-const RegistryTree& PosixRegistryStore::tree() {
+bool PosixRegistryStore::refresh() {
     if (stamp_ && currentStamp(path_) == stamp_)
-        return tree_;
+        return true;
     stamp_.reset(); // unless all goes well, the next look reads again
     FileStamp stamp;
     const auto bytes = files_.readIfChanged(path_, stamp);
     const bool isMissing =
         bytes.error() == SystemError::fileNotFound || bytes.error() == SystemError::folderNotFound;
     if (!bytes && !isMissing)
-        return tree_; // the last tree is better than none
+        return false;
     tree_ = bytes ? RegistryTree(bytes.value()->text()) : RegistryTree();
     if (isMissing || stamp != FileStamp())
         stamp_ = stamp;
+    return true;
+}
+
+const RegistryTree& PosixRegistryStore::tree() {
+    (void)refresh(); // the last tree is better than none
     return tree_;
 }
 
 SystemError PosixRegistryStore::change(const Edit& edit) {
+    if (refresh()) { // most changes leave everything as it is, which takes no lock
+        RegistryTree changed = tree_;
+        if (edit(changed) == SystemError::none && changed == tree_)
+            return SystemError::none;
+    }
     if (const auto error = makeFolder_(); error != SystemError::none)
         return error;
     const FolderLock lock(folderOf(path_));

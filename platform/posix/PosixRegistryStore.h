@@ -20,6 +20,8 @@ public:
         : files_(files), path_(std::move(path)), makeFolder_(std::move(makeFolder)) {}
 
 private:
+    /// Makes `tree_` the content of the file. False if that cannot be read.
+    bool refresh();
     const RegistryTree& tree() override;
     SystemError change(const Edit& edit) override;
 

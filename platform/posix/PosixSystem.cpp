@@ -34,6 +34,10 @@ bool lookUp(const std::string& path, struct stat& status) {
     return isUsableName(path) && ::stat(path.c_str(), &status) == 0;
 }
 
+bool lookAt(const std::string& path, struct stat& status) {
+    return isUsableName(path) && ::lstat(path.c_str(), &status) == 0;
+}
+
 FileStamp stampOf(const struct stat& status) {
     return {status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size),
             nanoseconds(status.st_mtim.tv_sec, status.st_mtim.tv_nsec),
@@ -133,6 +137,10 @@ bool writeAll(int file, std::string_view bytes) {
     return true;
 }
 
+bool flushToDisk(int file) {
+    return uninterrupted([&] { return ::fsync(file); }) == 0;
+}
+
 bool lockFile(int file, int operation) {
     constexpr int mostTries = 5000; // about as many milliseconds
     for (int tries = 0; ::flock(file, operation | LOCK_NB) != 0; ++tries) {
@@ -148,6 +156,13 @@ bool lockFile(int file, int operation) {
 FolderLock::FolderLock(const std::string& folder) : folder_(openDescriptor(folder, O_RDONLY | O_DIRECTORY)) {
     if (folder_)
         (void)lockFile(folder_.number(), LOCK_EX);
+}
+
+SystemError FolderLock::commit(ReplacementFile& file) const {
+    const SystemError error = file.commitUnflushed();
+    if (error == SystemError::none)
+        (void)flushToDisk(folder_.number()); // some file systems cannot flush a folder
+    return error;
 }
 
 } // namespace qrtVistrelClasses4

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/FileSystem.h"
+#include "platform/ReplacementFile.h"
 
 #include <cerrno>
 #include <ctime>
@@ -49,6 +50,8 @@ bool isUsableName(const std::string& path);
 
 /// Gets the status of what `path` leads to. False with `errno` set.
 bool lookUp(const std::string& path, struct stat& status);
+/// Gets the status of `path` itself, which may be a link. False with `errno` set.
+bool lookAt(const std::string& path, struct stat& status);
 
 /// The stamp of the file with that status.
 FileStamp stampOf(const struct stat& status);
@@ -61,6 +64,10 @@ bool isOlderThanClockStep(const struct stat& status, timespec now);
 
 /// Opens with close-on-exec set. An empty descriptor with `errno` set after a failure.
 Descriptor openDescriptor(const std::string& path, int flags, unsigned mode = 0);
+
+/// Returns when what was written to an open file, or the renames in a folder, are safe from a power cut.
+/// False with `errno` set.
+bool flushToDisk(int file);
 
 /// Locks an open file for reading (`LOCK_SH`) or writing (`LOCK_EX`) until it is closed. Waits up to some
 /// seconds for others, then returns false. True also if the file system has no locks.
@@ -81,6 +88,8 @@ bool writeAll(int file, std::string_view bytes);
 class FolderLock {
 public:
     explicit FolderLock(const std::string& folder);
+    /// Puts a new file of this folder in place. This is `file.commit()` without opening the folder again.
+    SystemError commit(ReplacementFile& file) const;
 
 private:
     Descriptor folder_; // closing it releases the lock

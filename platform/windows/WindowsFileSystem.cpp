@@ -255,14 +255,15 @@ Result<std::unique_ptr<OutputFile>> WindowsFileSystem::open(const std::string& p
 }
 
 Result<TemporaryFile> WindowsFileSystem::createBeside(const std::string& path) {
-    if (!isUsableName(path))
-        return lastSystemError();
-    const std::string folder(SplitPath(path).folder);
+    std::string target = resolveLinks(path);
+    if (const auto error = mayWrite(target); error != SystemError::none)
+        return error;
+    const std::string folder(SplitPath(target).folder);
     for (;;) {
         std::string name = folder + TemporaryName();
         auto file = std::make_unique<WindowsOutputFile>();
         if (file->open(name, CREATE_NEW))
-            return TemporaryFile{std::move(name), std::move(file)};
+            return TemporaryFile{std::move(name), std::move(file), std::move(target)};
         if (::GetLastError() != ERROR_FILE_EXISTS)
             return lastSystemError();
     }
@@ -312,8 +313,6 @@ SystemError WindowsFileSystem::copy(const std::string& from, const std::string& 
     const auto source = identity(from);
     if (source && source == identity(to))
         return SystemError::none;
-    if (const auto error = mayWrite(to); error != SystemError::none)
-        return error;
     auto temporary = createBeside(to);
     if (!temporary)
         return temporary.error();
@@ -324,7 +323,7 @@ SystemError WindowsFileSystem::copy(const std::string& from, const std::string& 
     if (error == SystemError::none)
         error = flushFile(copied);
     if (error == SystemError::none)
-        error = moveOver(copied, to);
+        error = moveOver(copied, temporary.value().target);
     if (error != SystemError::none) {
         ::SetFileAttributesA(copied.c_str(), FILE_ATTRIBUTE_NORMAL); // it may have become read-only
         (void)remove(copied);

@@ -188,6 +188,8 @@ TEST_F(PosixPlatformTest, ASettingsStoreThatCannotBeReadKeepsWhatWasReadLast) {
         EXPECT_EQ(store.readString(kKey, "name").value(), value);
         machineInMemory.observer = [](const FileOperation&) { return SystemError::deviceFailure; };
         EXPECT_EQ(store.readString(kKey, "name").value(), value);
+        EXPECT_EQ(store.writeString(kKey, "name", value), SystemError::deviceFailure)
+            << "it may have changed";
     }
 }
 
