@@ -134,8 +134,8 @@ private:
     /// The last change to one key.
     struct Pending {
         IniName key;
-        std::string_view value;
-        std::size_t order = 0; ///< Place of the first change to the key among all changes.
+        std::optional<std::string_view> value; ///< Nothing to remove the key.
+        std::size_t order = 0;                 ///< Place of the first change to the key among all changes.
         bool done = false;
     };
     /// The changes to one section.
@@ -145,6 +145,9 @@ private:
     };
     using Groups = std::map<IniName, Group>;
 
+    static std::optional<std::string_view> newValue(const IniChange& change) {
+        return change.value ? std::optional(withoutLeadingBlanks(UntilNul(*change.value))) : std::nullopt;
+    }
     static void makeUnique(std::vector<Pending>& changes);
     void enterSection(std::string_view name);
     void leaveSection();
@@ -163,8 +166,7 @@ IniEditor::IniEditor(std::span<const IniChange> changes) {
     for (std::size_t order = 0; order < changes.size(); ++order) {
         const IniChange& change = changes[order];
         groups_[IniName(trimmed(UntilNul(change.section)))].changes.push_back(
-            {IniName(trimmed(UntilNul(change.key))), withoutLeadingBlanks(UntilNul(change.value)), order,
-             false});
+            {IniName(trimmed(UntilNul(change.key))), newValue(change), order, false});
     }
     for (auto& [section, group] : groups_)
         makeUnique(group.changes);
@@ -215,10 +217,14 @@ void IniEditor::copyKey(std::string_view line, const IniLine& parsed) {
     if (current_ && parsed.kind == IniLine::key) {
         const IniName name(parsed.name);
         const auto change = std::ranges::lower_bound(current_->changes, name, {}, &Pending::key);
-        const bool isMeant =
-            change != current_->changes.end() && change->key == name && !std::exchange(change->done, true);
+        const bool isNamed = change != current_->changes.end() && change->key == name;
+        if (isNamed && !change->value) {
+            changed_ = true;
+            return;
+        }
+        const bool isMeant = isNamed && !std::exchange(change->done, true);
         if (isMeant && parsed.value != change->value) {
-            out_.append(parsed.name).append("=").append(change->value).append(kLineEnd);
+            out_.append(parsed.name).append("=").append(*change->value).append(kLineEnd);
             changed_ = true;
             return;
         }
@@ -238,7 +244,7 @@ void IniEditor::leaveSection() {
 void IniEditor::addNewSections() {
     std::vector<const Groups::value_type*> missing;
     for (const Groups::value_type& group : groups_)
-        if (!group.second.visited)
+        if (!group.second.visited && !newLines(group.second).empty())
             missing.push_back(&group);
     const auto firstOrder = [](const Groups::value_type* group) {
         return std::ranges::min(group->second.changes, {}, &Pending::order).order;
@@ -255,12 +261,12 @@ void IniEditor::addNewSections() {
 std::string IniEditor::newLines(const Group& group) {
     std::vector<const Pending*> missing;
     for (const Pending& change : group.changes)
-        if (!change.done)
+        if (!change.done && change.value)
             missing.push_back(&change);
     std::ranges::sort(missing, {}, &Pending::order);
     std::string lines;
     for (const Pending* change : missing)
-        lines.append(change->key.text()).append("=").append(change->value).append(kLineEnd);
+        lines.append(change->key.text()).append("=").append(*change->value).append(kLineEnd);
     return lines;
 }
 
