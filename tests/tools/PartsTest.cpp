@@ -1,12 +1,11 @@
 // Parts of the program, with what no session can show.
 #include "platform/memory/KeptBytes.h"
-#include "tools/fonts/FontScaling.h"
 #include "tools/preview/PngFile.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/ErrorLines.h"
 #include "tools/program/StandardOutput.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 #include <lodepng.h>
 
 #include <vector>
@@ -91,19 +90,6 @@ TEST(StandardOutput, WritesNothingAfterAPieceThatCouldNotBeWritten) {
         std::ostream(&output) << std::string(StandardOutput::kPieceSize, letter);
     EXPECT_FALSE(output.finish());
     EXPECT_EQ(console.written, "ab");
-}
-
-TEST(Enlarged, KeepsStraightStrokesAndSlantsThoseThatTouchByCorners) {
-    EXPECT_THAT(Enlarged({".##.", //
-                          "#..#", //
-                          "####"},
-                         2),
-                testing::ElementsAre("..####..", //
-                                     ".######.", //
-                                     "###..###", //
-                                     "##....##", //
-                                     "########", //
-                                     "########"));
 }
 
 Raster pictureOf(std::uint32_t colors) {
