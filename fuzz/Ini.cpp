@@ -50,31 +50,35 @@ std::string trimmed(const std::string& text) {
 } // namespace
 
 void RunFuzzed(FuzzedInput input) {
-    const IniChange change{input.text(), input.text(), input.text()};
+    const std::string section = input.text(), key = input.text(), value = input.text();
+    const IniChange change{section, key, value};
     const std::string text = input.rest();
     const IniValues values(text);
-    const auto found = values.find(change.section, change.key);
-    Require(values.find(inOtherCase(change.section), inOtherCase(change.key)) == found,
+    const auto found = values.find(section, key);
+    Require(values.find(inOtherCase(section), inOtherCase(key)) == found,
             "ASCII letters are taken without case");
     IniValues::Cursor cursor;
     for (const std::string& line : linesOf(text)) {
-        const std::string key = line.substr(0, line.find('='));
-        Require(values.find(change.section, key, cursor) == values.find(change.section, key),
+        const std::string name = line.substr(0, line.find('='));
+        Require(values.find(section, name, cursor) == values.find(section, name),
                 "searches in order find what single ones find");
     }
-    const std::string more = text + "\r\n[a section, behind]\r\n" + change.key;
-    if (trimmed(change.section) != "a section, behind")
-        Require(IniValues(more).find(change.section, change.key) == found, "the first of its name counts");
+    const std::string more = text + "\r\n[a section, behind]\r\n" + key;
+    if (trimmed(section) != "a section, behind")
+        Require(IniValues(more).find(section, key) == found, "the first of its name counts");
 
     const auto changed = ApplyIniChanges(text, std::span(&change, 1));
-    if (!isPlain(trimmed(change.section)) || !isPlain(trimmed(change.key)) ||
-        change.value.find_first_of("\r\n") != std::string::npos)
+    if (!isPlain(trimmed(section)) || !isPlain(trimmed(key)) ||
+        value.find_first_of("\r\n") != std::string::npos)
         return;
-    Require(changed || found == trimmed(change.value), "no change is none");
+    const IniChange removal{section, key, std::nullopt};
+    Require(!IniValues(ApplyIniChanges(text, std::span(&removal, 1)).value_or(text)).find(section, key),
+            "what is removed is gone");
+    Require(changed || found == trimmed(value), "no change is none");
     const std::string after = changed.value_or(text);
-    Require(IniValues(after).find(change.section, change.key) == trimmed(change.value), "a value comes back");
+    Require(IniValues(after).find(section, key) == trimmed(value), "a value comes back");
     Require(changesOnePlace(linesOf(text), linesOf(after), 2), "no other line is touched");
-    if (trimmed(change.value) == change.value)
+    if (trimmed(value) == value)
         Require(!ApplyIniChanges(after, std::span(&change, 1)), "what is there needs no change");
 }
 

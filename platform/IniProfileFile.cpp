@@ -86,6 +86,10 @@ void IniProfileFile::write(std::string_view section, std::string_view key, std::
     changes_.push_back({std::string(section), std::string(key), std::string(value)});
 }
 
+void IniProfileFile::remove(std::string_view section, std::string_view key) {
+    changes_.push_back({std::string(section), std::string(key), std::nullopt});
+}
+
 SystemError IniProfileFile::commit() {
     content_.reset();
     cursor_ = {};

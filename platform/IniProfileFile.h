@@ -52,6 +52,7 @@ public:
     std::string read(std::string_view section, std::string_view key, std::string_view defaultValue,
                      std::size_t bufferSize) override;
     void write(std::string_view section, std::string_view key, std::string_view value) override;
+    void remove(std::string_view section, std::string_view key) override;
     SystemError commit() override;
 
 protected:

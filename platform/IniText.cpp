@@ -151,7 +151,7 @@ public:
 private:
     struct Pending {
         IniName key;
-        std::string_view value;
+        std::optional<std::string_view> value; ///< Nothing to remove the key.
         bool done = false;
     };
     /// The changes to one section.
@@ -168,6 +168,9 @@ private:
     };
     using Groups = std::map<IniName, Group>;
 
+    static std::optional<std::string_view> newValue(const IniChange& change) {
+        return change.value ? std::optional(withoutLeadingBlanks(UntilNul(*change.value))) : std::nullopt;
+    }
     void enterSection(std::string_view name);
     void leaveSection();
     void copyKey(std::string_view line, const IniLine& parsed);
@@ -187,8 +190,7 @@ IniEditor::IniEditor(std::span<const IniChange> changes) {
         const IniChange& change = changes[order];
         if (order == 0 || change.section != changes[order - 1].section)
             group = &groups_.try_emplace(IniName(trimmed(UntilNul(change.section))), order).first->second;
-        group->changes.push_back(
-            {IniName(trimmed(UntilNul(change.key))), withoutLeadingBlanks(UntilNul(change.value))});
+        group->changes.push_back({IniName(trimmed(UntilNul(change.key))), newValue(change)});
     }
     for (auto& [section, changed] : groups_)
         changed.makeIndex();
@@ -260,9 +262,13 @@ void IniEditor::enterSection(std::string_view name) {
 void IniEditor::copyKey(std::string_view line, const IniLine& parsed) {
     if (Pending* change =
             current_ && parsed.kind == IniLine::key ? current_->find(IniName(parsed.name)) : nullptr) {
+        if (!change->value) { // it stays to be done, as the key may have more lines
+            changed_ = true;
+            return;
+        }
         change->done = true;
         if (parsed.value != change->value) {
-            out_.append(parsed.name).append("=").append(change->value).append(kLineEnd);
+            out_.append(parsed.name).append("=").append(*change->value).append(kLineEnd);
             changed_ = true;
             return;
         }
@@ -282,7 +288,7 @@ void IniEditor::leaveSection() {
 void IniEditor::addNewSections() {
     std::vector<const Groups::value_type*> missing;
     for (const Groups::value_type& group : groups_)
-        if (!group.second.visited)
+        if (!group.second.visited && !newLines(group.second).empty())
             missing.push_back(&group);
     std::ranges::sort(missing, {}, [](const auto* group) { return group->second.firstOrder; });
     for (const Groups::value_type* group : missing) {
@@ -296,8 +302,8 @@ void IniEditor::addNewSections() {
 std::string IniEditor::newLines(const Group& group) {
     std::string lines;
     for (const Pending& change : group.changes)
-        if (!change.done)
-            lines.append(change.key.text()).append("=").append(change.value).append(kLineEnd);
+        if (!change.done && change.value)
+            lines.append(change.key.text()).append("=").append(*change.value).append(kLineEnd);
     return lines;
 }
 

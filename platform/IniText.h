@@ -91,7 +91,7 @@ std::string ProfileString(std::optional<std::string_view> value, std::string_vie
 struct IniChange {
     std::string section;
     std::string key;
-    std::string value;
+    std::optional<std::string> value; ///< Nothing removes every key of that name from the section.
 };
 
 /// `text` with the changes made, and CR LF at the end of each line. No value if no value changes. An existing

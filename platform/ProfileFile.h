@@ -9,9 +9,9 @@
 
 namespace qrtVistrelClasses4 {
 
-/// A series of reads and writes of one INI file. The case of sections and keys does not matter. Reads see the
-/// file as it was when the object first read it. Writes are in the file when `commit` returns. They keep all
-/// other sections, keys and comments that the file has at that time, so that two programs never lose each
+/// A series of reads and changes of one INI file. The case of sections and keys does not matter. Reads see
+/// the file as it was when the object first read it. Changes are in the file when `commit` returns. They keep
+/// all other sections, keys and comments that the file has at that time, so that two programs never lose each
 /// other's keys.
 class ProfileFile {
 public:
@@ -23,7 +23,9 @@ public:
                              std::size_t bufferSize) = 0;
     /// A missing section or file is made.
     virtual void write(std::string_view section, std::string_view key, std::string_view value) = 0;
-    /// Makes the writes, and returns the first error. Without this call they may be lost.
+    /// Removes a key, if it is there.
+    virtual void remove(std::string_view section, std::string_view key) = 0;
+    /// Makes the writes and removals, and returns the first error. Without this call they may be lost.
     virtual SystemError commit() = 0;
 };
 

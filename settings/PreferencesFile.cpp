@@ -235,4 +235,12 @@ WrittenPreference WritePreference(const std::string& path, const std::string& ke
     RethrowAsRuntimeError();
 }
 
+std::optional<RuntimeError> RemovePreference(const std::string& path, const std::string& key) try {
+    const auto file = platform().openProfile(path);
+    file->remove(kSection, key);
+    return errorOf(file->commit());
+} catch (...) {
+    RethrowAsRuntimeError();
+}
+
 } // namespace qrtVistrelClasses4

@@ -33,6 +33,7 @@ public:
             kWriteSetting, [&] { file_->write(section, key, value); }, Arg{"Key", std::as_const(key)},
             Arg{"Value", std::as_const(value)});
     }
+    void remove(std::string_view section, std::string_view key) override { file_->remove(section, key); }
     SystemError commit() override { return file_->commit(); }
 
 private:

@@ -180,11 +180,11 @@ TEST(SystemProfiles, ReadAndChangeRandomTextsAsOursDo) {
             const IniChange change{section, key,
                                    random.text({"v", " ", "\"", "'", "=", ";", "\t", "\xe4"}, 4)};
             text = ApplyIniChanges(text, std::span(&change, 1)).value_or(text);
-            EXPECT_TRUE(::WritePrivateProfileStringA(section.c_str(), key.c_str(), change.value.c_str(),
+            EXPECT_TRUE(::WritePrivateProfileStringA(section.c_str(), key.c_str(), change.value->c_str(),
                                                      path.c_str()));
             std::stringstream systems;
             systems << std::ifstream(path, std::ios::binary).rdbuf();
-            EXPECT_EQ(asWineWrites(text), asWineWrites(systems.str())) << change.value << "|";
+            EXPECT_EQ(asWineWrites(text), asWineWrites(systems.str())) << *change.value << "|";
         }
     }
 }

@@ -86,4 +86,7 @@ struct [[nodiscard]] WrittenPreference {
 /// Writes one key, and makes file and section if they are missing.
 WrittenPreference WritePreference(const std::string& path, const std::string& key, const std::string& text);
 
+/// Removes one key, so that its default counts. Returns the error if that fails; the file is then unchanged.
+[[nodiscard]] std::optional<RuntimeError> RemovePreference(const std::string& path, const std::string& key);
+
 } // namespace qrtVistrelClasses4

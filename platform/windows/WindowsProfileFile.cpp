@@ -15,8 +15,16 @@ std::string WindowsProfileFile::read(std::string_view section, std::string_view 
 }
 
 void WindowsProfileFile::write(std::string_view section, std::string_view key, std::string_view value) {
+    change(section, key, std::string(value).c_str());
+}
+
+void WindowsProfileFile::remove(std::string_view section, std::string_view key) {
+    change(section, key, nullptr);
+}
+
+void WindowsProfileFile::change(std::string_view section, std::string_view key, const char* value) {
     const BOOL written = ::WritePrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(),
-                                                      std::string(value).c_str(), path_.c_str());
+                                                      value, path_.c_str());
     if (!written && error_ == SystemError::none)
         error_ = lastSystemError();
 }

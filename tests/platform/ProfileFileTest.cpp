@@ -81,10 +81,12 @@ TYPED_TEST(ProfileFileTest, FindsTheFileInAnotherCaseAndNeitherMakesAFolderNorCh
 }
 
 TEST(IniText, MakesManyChangesAndKeepsBlankLinesAndIndentationOfOtherLines) {
-    const IniChange changes[] = {
-        {"S", "k", "w"}, {"S", "n", "y"}, {"R", "b", "1"}, {"R", "a", "2"}, {"s", "N", "x"}};
-    EXPECT_EQ(ApplyIniChanges("\r\n  [S]  \r\n\r\n  k = v  \r\n\tj=1\r\n\r\n \t\r\n[T]\r\n", changes),
-              "\r\n  [S]  \r\n\r\nk=w\r\n\tj=1\r\nn=x\r\n\r\n \t\r\n[T]\r\n[R]\r\nb=1\r\na=2\r\n");
+    const IniChange changes[] = {{"S", "k", "w"},         {"S", "n", "y"}, {"R", "b", "1"},
+                                 {"R", "a", "2"},         {"s", "N", "x"}, {"S", "o", std::nullopt},
+                                 {"Q", "o", std::nullopt}};
+    EXPECT_EQ(
+        ApplyIniChanges("\r\n  [S]  \r\nO=1\r\n\r\n  k = v  \r\no\r\n\tj=1\r\n\r\n \t\r\n[T]\r\n", changes),
+        "\r\n  [S]  \r\n\r\nk=w\r\n\tj=1\r\nn=x\r\n\r\n \t\r\n[T]\r\n[R]\r\nb=1\r\na=2\r\n");
 }
 
 TEST(IniText, LeavesAFileOf16BitCharactersAsItIs) {

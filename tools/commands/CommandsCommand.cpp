@@ -7,9 +7,11 @@
 #include "tools/program/PropertyValues.h"
 #include "tools/program/Table.h"
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <sstream>
+#include <utility>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
@@ -146,6 +148,37 @@ ExitCode setCommand(const CommandsOptions& options, Session& session) {
     });
 }
 
+/// The table without the commands of users that have this key.
+CommandTable without(const CommandTable& table, const std::string& key) {
+    CommandTable kept;
+    kept.reserve(table.count());
+    for (std::int32_t number = 1; number <= table.count(); ++number)
+        if (number <= BuiltInCommandCount() || table.key(number) != key) {
+            CommandTexts texts;
+            std::ranges::copy(table.rows().at(number).sCMDInfo, texts.begin());
+            kept.add(texts);
+        }
+    return kept;
+}
+
+ExitCode removeCommand(const CommandsOptions& options, Session& session) {
+    return WithStoredCommands(session.errors, [&](CommandTable& table) {
+        const std::optional<std::string> key = AnsiFromUtf8(options.key);
+        CommandTable kept = key ? without(table, *key) : table;
+        const std::int32_t removed = table.count() - kept.count();
+        if (removed > 0) {
+            table = std::move(kept);
+            session.out << Visible(options.key) << ": removed; " << Counted(table.count(), "command")
+                        << " now\n";
+            return ExitCode::done;
+        }
+        session.errors.about(options.key);
+        session.errors.add(key && table.find(*key) ? "a built-in command cannot be removed"
+                                                   : "there is no command with that key");
+        return ExitCode::failed;
+    });
+}
+
 } // namespace
 
 void SetUpCommandsCommand(CLI::App& commands, Session& session) {
@@ -169,6 +202,11 @@ void SetUpCommandsCommand(CLI::App& commands, Session& session) {
     set.add_option("KEY", options->key, keyHelp)->required();
     set.add_option("BYTES", options->bytes, "Pairs of hexadecimal digits")->required();
     set.add_flag("--text", options->isText, "Takes BYTES as a text instead");
+
+    AddCommand(commands, "remove", "Removes a command that is not built in",
+               "vistrel commands remove \"|flash|\"", session, options, &removeCommand)
+        .add_option("KEY", options->key, keyHelp)
+        ->required();
 }
 
 } // namespace qrtVistrelClasses4

@@ -88,6 +88,7 @@ CLI::App* SetUpCommand(CLI::App& program, const std::string& name, Session& sess
 
 void SetUpShowCommand(CLI::App& command, Session& session);
 void SetUpSaveCommand(CLI::App& command, Session& session);
+void SetUpFindCommand(CLI::App& command, Session& session);
 void SetUpExportCommand(CLI::App& command, Session& session);
 void SetUpPreviewCommand(CLI::App& command, Session& session);
 void SetUpFramesCommand(CLI::App& frames, Session& session);

@@ -52,8 +52,8 @@ void withPreference(const std::string& name, const Preferences& preferences, Err
     const auto visit = [&](const auto& placed, const auto& value) {
         nearest.offer(placed.name());
         nearest.offer(placed.name(), placed.key());
-        if (isFound || (!EqualIgnoringAsciiCase(placed.name(), name) &&
-                        !EqualIgnoringAsciiCase(placed.key(), name)))
+        if (isFound ||
+            (!EqualIgnoringAsciiCase(placed.name(), name) && !EqualIgnoringAsciiCase(placed.key(), name)))
             return;
         isFound = true;
         use(placed, value);
@@ -123,6 +123,23 @@ ExitCode set(const SettingsOptions& options, Session& session) {
     return code;
 }
 
+ExitCode reset(const SettingsOptions& options, Session& session) {
+    auto code = ExitCode::wrongUsage;
+    const std::optional<std::string> path = PreferencesPath();
+    const auto remove = [&](const auto& placed, const auto& defaultValue) {
+        code = ExitCode::failed;
+        if (!path)
+            return; // the reason has been reported
+        session.errors.about(placed.name());
+        if (const std::optional<RuntimeError> error = RemovePreference(*path, placed.key()))
+            return session.errors.add(*error);
+        session.out << placed.name() << ": " << cellText(placed, defaultValue) << " again\n";
+        code = ExitCode::done;
+    };
+    withPreference(options.name, DefaultPreferences(FindPreferenceFolders()), session.errors, remove);
+    return code;
+}
+
 } // namespace
 
 void SetUpSettingsCommand(CLI::App& settings, Session& session) {
@@ -136,7 +153,9 @@ void SetUpSettingsCommand(CLI::App& settings, Session& session) {
                    session, options, &get);
     CLI::App& setCommand = AddCommand(settings, "set", "Changes one setting",
                                       "vistrel settings set DisplayHeight 32", session, options, &set);
-    for (CLI::App* command : {&getCommand, &setCommand})
+    CLI::App& resetCommand = AddCommand(settings, "reset", "Gives one setting its default again",
+                                        "vistrel settings reset DisplayHeight", session, options, &reset);
+    for (CLI::App* command : {&getCommand, &setCommand, &resetCommand})
         command->add_option("NAME", options->name, "Its property or INI key, in any case")->required();
     setCommand.add_option("VALUE", options->value, "The new value")->required();
 }

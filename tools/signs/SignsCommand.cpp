@@ -19,6 +19,7 @@ struct SignsOptions {
     bool json = false;
     std::string name;
     std::string newName;
+    std::int32_t to = 0;                  ///< The place to move a sign to, from 1.
     std::vector<std::string> assignments; ///< For example "DisplayWidth=128".
 };
 
@@ -182,6 +183,20 @@ ExitCode duplicateSign(SignList& list, const SignsOptions& options, ErrorLines& 
     return ExitCode::done;
 }
 
+ExitCode moveSign(SignList& list, const SignsOptions& options, ErrorLines& errors) {
+    const std::optional<std::int16_t> number = FindTypedSign(list, options.name, errors);
+    if (!number)
+        return ExitCode::failed;
+    if (options.to < 1 || options.to > list.count()) {
+        errors.about("TO");
+        errors.add("is " + std::to_string(options.to) + ", but the list has " +
+                   Counted(list.count(), "sign"));
+        return ExitCode::failed;
+    }
+    list.signs.move(*number, options.to);
+    return ExitCode::done;
+}
+
 ExitCode setProperties(SignList& list, const SignsOptions& options, ErrorLines& errors) {
     const std::optional<std::int16_t> number = FindTypedSign(list, options.name, errors);
     return number ? assign(list, *number, options, errors) : ExitCode::failed;
@@ -257,6 +272,10 @@ void SetUpSignsCommand(CLI::App& signs, Session& session) {
     addChange("duplicate", {&duplicateSign, "duplicated"}, "Adds a copy of a sign after the others",
               "vistrel signs duplicate Gate \"Back gate\"")
         ->add_option("NEWNAME", options->newName, "Name of the copy")
+        ->required();
+    addChange("move", {&moveSign, "moved"}, "Moves a sign to another place in the list",
+              "vistrel signs move Gate 1")
+        ->add_option("TO", options->to, "Number that it gets, from 1")
         ->required();
     takeAssignments(addChange("set", {&setProperties, "changed"}, "Changes properties of a sign",
                               "vistrel signs set Gate DisplayWidth=192 Schedule1.BrightnessLevel=4"))
