@@ -79,6 +79,7 @@ TEST(ErrorLines, AreToldOnceAndBeyondTheMostOnlyCounted) {
 TEST(StandardOutput, WritesNothingAfterAPieceThatCouldNotBeWritten) {
     struct FullForAWhile final : Console { // when the second piece comes
         bool isTerminal(StandardStream) override { return false; }
+        Terminal terminal() override { return {}; }
         SystemError write(StandardStream, std::string_view text) override {
             written += text.front();
             return written == "ab" ? SystemError::diskFull : SystemError::none;
