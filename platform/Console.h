@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/SystemError.h"
+#include "platform/Terminal.h"
 
 #include <string>
 #include <string_view>
@@ -17,6 +18,9 @@ public:
     /// True if the stream goes to a terminal, where a program may move the cursor and erase text by escape
     /// sequences.
     virtual bool isTerminal(StandardStream stream) = 0;
+    /// What the terminal of standard output shows. While the output goes elsewhere, it describes the terminal
+    /// where the user may look at it later, as far as the system says.
+    virtual Terminal terminal() = 0;
     /// Writes the bytes of `text` unchanged and at once. When the reader of a pipe has gone, the text is
     /// dropped; this is no failure.
     virtual SystemError write(StandardStream stream, std::string_view text) = 0;

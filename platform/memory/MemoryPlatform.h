@@ -142,6 +142,7 @@ public:
 class MemoryConsole final : public Console {
 public:
     bool isTerminal(StandardStream) override { return false; }
+    Terminal terminal() override { return {}; }
     SystemError write(StandardStream stream, std::string_view text) override {
         (stream == StandardStream::output ? output : error) += text;
         return SystemError::none;

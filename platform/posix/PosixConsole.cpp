@@ -3,6 +3,7 @@
 #include "platform/posix/PosixSystem.h"
 
 #include <csignal>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace qrtVistrelClasses4 {
@@ -15,6 +16,14 @@ int descriptorOf(StandardStream stream) {
 } // namespace
 
 bool PosixConsole::isTerminal(StandardStream stream) { return ::isatty(descriptorOf(stream)) == 1; }
+
+Terminal PosixConsole::terminal() {
+    Terminal terminal = TerminalOfEnvironment();
+    winsize size{};
+    if (::ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0)
+        terminal.columns = size.ws_col;
+    return terminal;
+}
 
 SystemError PosixConsole::write(StandardStream stream, std::string_view text) {
     const bool isDone = writeAll(descriptorOf(stream), text) || errno == EPIPE;

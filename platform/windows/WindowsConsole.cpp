@@ -28,6 +28,17 @@ bool WindowsConsole::isTerminal(StandardStream stream) {
             ::SetConsoleMode(handle, mode | kUnderstandsEscapeSequences));
 }
 
+Terminal WindowsConsole::terminal() {
+    Terminal terminal = TerminalOfEnvironment();
+    CONSOLE_SCREEN_BUFFER_INFO screen{};
+    if (::GetConsoleScreenBufferInfo(handleOf(StandardStream::output), &screen))
+        terminal.columns = static_cast<std::size_t>(screen.srWindow.Right - screen.srWindow.Left + 1);
+    terminal.hasSymbols = ::GetConsoleOutputCP() == CP_UTF8;
+    if (isTerminal(StandardStream::output)) // which takes escape sequences, so that it has all colours
+        terminal.colors = ColorDepth::full;
+    return terminal;
+}
+
 SystemError WindowsConsole::write(StandardStream stream, std::string_view text) {
     constexpr std::size_t largestPiece = 32768; // some consoles refuse more
     const HANDLE handle = handleOf(stream);

@@ -7,6 +7,7 @@ namespace qrtVistrelClasses4 {
 class WindowsConsole final : public Console {
 public:
     bool isTerminal(StandardStream stream) override;
+    Terminal terminal() override;
     SystemError write(StandardStream stream, std::string_view text) override;
 };
 

@@ -121,12 +121,12 @@ private:
                                 std::to_string(kMostDotsInText) + " are printed, more in a file with --out");
             return ExitCode::failed;
         }
-        const bool isTerminal = platform().console().isTerminal(StandardStream::output);
         draw([&](std::int32_t number, const PixelBuffer& dots) {
             if (options_.sheet)
                 session_.out << Visible(Utf8FromAnsi(caption(number))) << '\n';
-            (isTerminal ? PrintColoredDots : PrintPlainDots)(session_.out, dots);
+            PrintDots(session_.out, dots);
         });
+        PrintWidthNote(session_.out, size_.width, "; --out draws them all");
         return ExitCode::done;
     }
 

@@ -27,11 +27,14 @@ struct Session {
     std::function<ExitCode()> command;
 };
 
-/// Gives `command` what every command has: help that starts with `example`, and "--home" anywhere.
+/// Gives `command` what every command has: help that starts with `example`, and the program's options
+/// anywhere.
 inline void SetUpCommon(CLI::App& command, const std::string& example) {
     command.formatter(std::make_shared<HelpWithExample>(example));
-    command.fallthrough(); // to "--home", which is the program's
-    command.footer("As with every command, --home DIR keeps it to the settings and files of that folder.");
+    command.fallthrough(); // to "--home" and the other options of the program
+    command.footer(
+        "As with every command, --home DIR keeps it to the settings and files of that folder, and --wide and "
+        "--color change what it prints on a terminal.");
 }
 
 /// Makes `command` run `action`.

@@ -3,6 +3,7 @@
 #include "platform/Platform.h"
 #include "tools/program/Arguments.h"
 #include "tools/program/Commands.h"
+#include "tools/program/Screen.h"
 #include "tools/program/StandardOutput.h"
 #include "tools/program/WrongUsage.h"
 
@@ -14,10 +15,17 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// Runs the command on the machine that `home` asks for, with the program's own error reporter.
-ExitCode run(Session& session, const std::optional<std::string>& home) {
-    const auto machine = makePlatform({.home = home});
+/// The options of every command.
+struct ProgramOptions {
+    std::optional<std::string> home;
+    ScreenOptions screen;
+};
+
+/// Runs the command on the machine that the options ask for, with the program's own error reporter.
+ExitCode run(Session& session, const ProgramOptions& options) {
+    const auto machine = makePlatform({.home = options.home});
     const ScopedPlatform platformScope(*machine);
+    const ScopedScreen screenScope(session.out, ScreenFor(machine->console(), options.screen));
     const ScopedErrorReporter reporterScope(session.errors);
     ExitCode code = ExitCode::failed;
     if (const auto error = ErrorOf([&] { code = session.command(); }))
@@ -49,7 +57,7 @@ std::string faultOfFolder(const std::string& path) {
 
 /// Does what the arguments ask for.
 ExitCode runArguments(const std::vector<std::string>& arguments, CLI::App& program, Session& session,
-                      const std::optional<std::string>& home) {
+                      const ProgramOptions& options) {
     if (arguments.empty()) {
         session.out << program.get_description() << ".\n"
                     << ListOfCommands(program) << "\n\"vistrel help COMMAND\" explains a command.\n";
@@ -70,14 +78,14 @@ ExitCode runArguments(const std::vector<std::string>& arguments, CLI::App& progr
         AddWrongUsage(program, error, arguments, session.errors);
         return ExitCode::wrongUsage;
     }
-    return run(session, home);
+    return run(session, options);
 }
 
 ExitCode runProgram(const std::vector<std::string>& arguments, Console& console) {
     StandardOutput output(console);
     std::ostream out(&output);
     Session session{out, {}, {}};
-    std::optional<std::string> home;
+    ProgramOptions options;
     CLI::App program(
         "Shows and changes playfiles, the list of signs, commands and settings of LED message signs",
         "vistrel");
@@ -87,11 +95,12 @@ ExitCode runProgram(const std::vector<std::string>& arguments, Console& console)
     program.set_version_flag("--version", "vistrel " VISTREL_VERSION);
     program
         .add_option(
-            "--home", home,
+            "--home", options.home,
             "Folder that holds settings, INI files and fonts, in place of the system's and the user's own")
         ->envname("VISTREL_HOME")
         ->check(CLI::Validator(&faultOfFolder, "DIR"));
-    return finish(output, session.errors, runArguments(arguments, program, session, home), console);
+    AddScreenOptions(program, options.screen);
+    return finish(output, session.errors, runArguments(arguments, program, session, options), console);
 }
 
 } // namespace

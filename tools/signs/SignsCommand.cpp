@@ -51,7 +51,11 @@ std::string connection(const DisplayRecord& sign) {
 }
 
 void printSigns(std::ostream& out, const SignList& list) {
-    Table table({{"No.", Table::Align::right}, {"Name"}, {"Type"}, {"Size"}, {"Connection"}});
+    Table table({{"No.", Table::Align::right},
+                 {"Name"},
+                 {"Type"},
+                 {"Size", Table::Align::left, true},
+                 {"Connection"}});
     int number = 0;
     for (const DisplayRecord& sign : list.signs)
         table.addRow({std::to_string(++number), shown(sign.DisplayName),
