@@ -91,12 +91,13 @@ public:
         putValue(value);
         text_.appendLiteral("\"\r\n");
     }
-    /// Writes a value between two texts, which include its quotes and line ends.
+    /// Writes a text as it is, which includes line ends and the quotes of values before and after it.
+    void putPiece(std::string_view piece) { text_.append(piece); }
+    /// The same, and a value after it without quotes of its own.
     template <class Value>
-    void putBetween(std::string_view before, const Value& value, std::string_view after) {
-        text_.append(before);
+    void putPiece(std::string_view piece, const Value& value) {
+        text_.append(piece);
         putValue(value);
-        text_.append(after);
     }
 
     /// Writes the rest.
