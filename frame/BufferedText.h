@@ -43,6 +43,8 @@ public:
     }
     /// Appends the text with each `character` replaced.
     void appendReplacing(std::string_view text, char character, char replacement) {
+        if (text.find(character) == text.npos) // as in most
+            return append(text);
         while (!text.empty()) {
             const std::string_view piece = text.substr(0, kBufferSize);
             std::replace_copy(piece.begin(), piece.end(), room(piece.size()), character, replacement);

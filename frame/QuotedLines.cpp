@@ -75,7 +75,7 @@ bool QuotedLineReader::takeQuotedLine(std::string_view& text) {
 
 void QuotedLineReader::get(std::string& text) {
     current_ = rest_.data();
-    if (TakeLine(rest_, "\"\"\r\n")) {
+    if (TakeLine(rest_, kEmptyLine<std::string>)) {
         text.clear();
         return;
     }
@@ -105,7 +105,7 @@ void QuotedLineReader::get(double& number) {
 
 void QuotedLineReader::get(bool& flag) {
     current_ = rest_.data();
-    if (TakeLine(rest_, "\"False\"\r\n"))
+    if (TakeLine(rest_, kEmptyLine<bool>))
         flag = false;
     else if (TakeLine(rest_, "\"True\"\r\n"))
         flag = true;

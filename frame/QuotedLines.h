@@ -3,17 +3,28 @@
 
 #include "frame/BufferedText.h"
 #include "frame/Conversions.h"
+#include "frame/TextLines.h"
 
+#include <array>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 namespace qrtVistrelClasses4 {
 
 /// Written instead of a double quote inside a text, so that a value contains no quote before its end.
 inline constexpr char kStoredQuote = '\x01';
+
+/// The line of a value that is 0, empty or false.
+template <class Value>
+inline constexpr char kEmptyLine[] = "\"0\"\r\n";
+template <>
+inline constexpr char kEmptyLine<std::string>[] = "\"\"\r\n";
+template <>
+inline constexpr char kEmptyLine<bool>[] = "\"False\"\r\n";
 
 /// Reads values from the lines of a text, one by one. Lines end in LF or CR LF; the last line may have no
 /// end. A value is the text between the first and the last quote of its line, or the whole line if that does
@@ -37,12 +48,27 @@ public:
     void get(std::int32_t& number);
     void get(double& number);
     void get(bool& flag);
+    /// The next values, which are mostly empty.
+    template <class Value, std::size_t count>
+    void get(std::array<Value, count>& values) {
+        for (Value& value : values)
+            getMostlyEmpty(value);
+    }
 
     /// Number (from 1) of the line in which the value asked for last begins; one more than the last line when
     /// there was none left.
     std::size_t lineNumber() const;
 
 private:
+    template <class Value>
+    void getMostlyEmpty(Value& value) {
+        if (!TakeLine(rest_, kEmptyLine<Value>))
+            get(value);
+        else if constexpr (std::is_same_v<Value, std::string>)
+            value.clear();
+        else
+            value = Value();
+    }
     bool takeQuotedLine(std::string_view& text);
 
     std::string_view text_;
@@ -65,12 +91,13 @@ public:
         putValue(value);
         text_.appendLiteral("\"\r\n");
     }
-    /// Writes a value between two texts, which include its quotes and line ends.
+    /// Writes a text as it is, which includes line ends and the quotes of values before and after it.
+    void putPiece(std::string_view piece) { text_.append(piece); }
+    /// The same, and a value after it without quotes of its own.
     template <class Value>
-    void putBetween(std::string_view before, const Value& value, std::string_view after) {
-        text_.append(before);
+    void putPiece(std::string_view piece, const Value& value) {
+        text_.append(piece);
         putValue(value);
-        text_.append(after);
     }
 
     /// Writes the rest.

@@ -13,6 +13,13 @@ namespace {
 /// Whether a name is the same in both encodings.
 bool isAscii(std::string_view name) { return std::ranges::all_of(name, IsAscii); }
 
+/// Whether an entry that is listed under another name might be found by this one. Windows and its disks have
+/// short names such as "LONGNA~1.BMP", drop dots and blanks at the end, and know more letters' cases.
+bool mayBeSecondName(std::string_view name) {
+    return !kNamesAreUtf8 || !isAscii(name) || name.find('~') != name.npos || name.ends_with('.') ||
+           name.ends_with(' ');
+}
+
 /// Removes the first character of a name, and returns it in UTF-8.
 std::string takeCharacter(std::string_view& name) {
     const std::string_view start = name;
@@ -69,6 +76,13 @@ std::optional<std::string> FolderNames::find(std::string_view name) {
         list();
     const auto found = names_.find(FoldedName(name));
     return found == names_.end() ? std::nullopt : std::optional(found->second);
+}
+
+Listed FolderNames::lists(std::string_view name) const {
+    const auto found = names_.find(FoldedName(name));
+    if (found != names_.end())
+        return found->second == name ? Listed::yes : Listed::unclear;
+    return names_.empty() || mayBeSecondName(name) ? Listed::unclear : Listed::no; // empty: not listable
 }
 
 void FolderNames::list() {

@@ -34,6 +34,13 @@ std::string PathOnDisk(FileSystem& files, const std::string& path);
 /// that Windows-1252 lacks are taken with their case.
 std::string FoldedName(std::string_view name);
 
+/// Whether a folder has an entry, as far as its names say that.
+enum class Listed {
+    yes,
+    no,
+    unclear, ///< Only the system knows: the folder has not been listed, or the entry may have a second name.
+};
+
 /// The names in one folder. The folder is listed when the first name is looked for, and only then.
 class FolderNames {
 public:
@@ -43,6 +50,8 @@ public:
     /// The name in the folder that differs from `name` at most in the case of letters and in its encoding. Of
     /// several, the one that comes first by its bytes, whatever their order in the folder.
     std::optional<std::string> find(std::string_view name);
+    /// Whether the folder has an entry of exactly this name. Does not list the folder.
+    Listed lists(std::string_view name) const;
 
 private:
     void list();

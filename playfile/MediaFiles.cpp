@@ -13,9 +13,9 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-bool isFile(const std::string& reference) {
+EntryKind kindOf(const std::string& reference) {
     FileSystem& files = platform().files();
-    return IsRootedPath(reference) && files.kindOf(PathOnDisk(files, reference)) == EntryKind::file;
+    return files.kindOf(PathOnDisk(files, reference));
 }
 
 /// Throws if `error` is not `none`.
@@ -26,11 +26,28 @@ void checkCopy(FailureReport report, SystemError error) {
 
 } // namespace
 
+bool FoundFiles::has(const std::string& reference) {
+    return Remembered(files_, reference, [&] { return isFile(reference); });
+}
+
+/// A drive that is gone may take seconds for each answer, so it is not asked about more files of a folder
+/// that it lacks.
+bool FoundFiles::isFile(const std::string& reference) {
+    if (!IsRootedPath(reference))
+        return false;
+    const std::string folder(SplitPath(reference).folder);
+    const auto known = folders_.find(folder);
+    if (known != folders_.end() && !known->second)
+        return false;
+    const EntryKind kind = kindOf(reference);
+    if (kind == EntryKind::missing && known == folders_.end())
+        folders_.emplace(folder, kindOf(folder) != EntryKind::missing);
+    return kind == EntryKind::file;
+}
+
 bool FileExists(const std::string& sFileName, FoundFiles& found) {
     return traced(
-        FrameFunction("FileExists"),
-        [&] { return Remembered(found, sFileName, [&] { return isFile(sFileName); }); },
-        Arg{"sFileName", sFileName});
+        FrameFunction("FileExists"), [&] { return found.has(sFileName); }, Arg{"sFileName", sFileName});
 }
 
 bool IsFixedDrive(const std::string& sFileName, FixedDrives& drives) {

@@ -11,11 +11,20 @@ class FixedDrives;
 
 // References are in Windows-1252 or as they are on the disk; see `PathOnDisk`.
 
-/// Whether there are files, by references to them.
-using FoundFiles = std::unordered_map<std::string, bool>;
+/// Whether there are files. Remembers it, so that the system is asked about each only once.
+class FoundFiles {
+public:
+    /// True if the path starts at a drive (on systems other than Windows: at the root) and leads to a file.
+    bool has(const std::string& reference);
 
-/// True if the path starts at a drive (on systems other than Windows: at the root) and leads to a file. The
-/// answer is taken from `found`, or added to it.
+private:
+    bool isFile(const std::string& reference);
+
+    std::unordered_map<std::string, bool> files_;   ///< By references to them.
+    std::unordered_map<std::string, bool> folders_; ///< Those that a file was missing in, by references.
+};
+
+/// What `found` answers.
 bool FileExists(const std::string& sFileName, FoundFiles& found);
 
 /// Whether the file lies on one of the drives that stay with this machine.

@@ -38,8 +38,7 @@ void ReadValue(QuotedLineReader& in, Quirk quirk, Value& value) {
 }
 template <class Value, std::size_t count>
 void ReadValue(QuotedLineReader& in, Quirk /*quirk*/, std::array<Value, count>& values) {
-    for (Value& value : values)
-        in.get(value);
+    in.get(values);
 }
 
 /// Reads the values of a line, or those of a frame up to its number of lines. `onRead(row)` is called after

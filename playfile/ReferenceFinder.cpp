@@ -24,11 +24,16 @@ const std::optional<std::string>& ReferenceFinder::besidePlayfile(const std::str
 std::optional<std::string> ReferenceFinder::lookBesidePlayfile(const std::string& name) {
     FileSystem& files = platform().files();
     std::string beside = JoinPath(folder_, name);
-    if (files.hasEntry(beside))
-        beside = files.existingName(beside); // Windows also finds it in another case
-    else if (const auto other = names_.find(name))
-        beside = JoinPath(folder_, *other);
-    else
+    const Listed listed = names_.lists(name);
+    if (listed == Listed::unclear) {
+        if (files.hasEntry(beside))
+            beside = files.existingName(beside); // Windows also finds it in another case
+        else if (const auto other = names_.find(name))
+            return besidePlayfile(*other);
+        else
+            return std::nullopt;
+    }
+    if (listed == Listed::no)
         return std::nullopt;
     if (files.kindOf(beside) != EntryKind::file)
         return std::nullopt;

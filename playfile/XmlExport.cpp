@@ -15,67 +15,81 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// What is written before and after the value of an element: its tags, line ends and quotes.
-struct Element {
-    explicit Element(std::string_view name)
-        : opening("<" + std::string(name) + ">\r\n\""), closing("\"\r\n</" + std::string(name) + ">\r\n") {}
-    std::string opening;
-    std::string closing;
-};
+/// What is written before the first value of a record, between its values, and after the last one: tags,
+/// line ends and quotes.
+using Pieces = std::vector<std::string>;
 
-/// The elements of a record's values, in their order.
-template <class Record>
-auto elementsOf() {
-    std::vector<Element> elements;
-    ForEachPlacedRow<kMembersOf<Record>, ExportOrder>(
-        [&](const auto& row) { elements.emplace_back(row.fileName); });
-    return elements;
+/// The pieces for values of these names within one enclosing element.
+Pieces piecesAround(const std::string& enclosing, const std::vector<std::string_view>& names) {
+    Pieces pieces{"<" + enclosing + ">\r\n"};
+    for (const std::string_view view : names) {
+        const std::string name(view);
+        pieces.back() += "<" + name + ">\r\n\"";
+        pieces.push_back("\"\r\n</" + name + ">\r\n");
+    }
+    pieces.back() += "</" + enclosing + ">\r\n";
+    return pieces;
 }
 
-/// Writes elements and the tags that enclose them.
+/// The names of a record's values, in their order.
+template <class Record>
+void addNames(std::vector<std::string_view>& names) {
+    ForEachPlacedRow<kMembersOf<Record>, ExportOrder>(
+        [&](const auto& row) { names.push_back(row.fileName); });
+}
+
+Pieces piecesOfFrame() {
+    std::vector<std::string_view> names{"PlayFrameID"};
+    addNames<FrameRecord>(names);
+    names.emplace_back("Line_Count");
+    return piecesAround("PlayFrame", names);
+}
+
+Pieces piecesOfLine() {
+    std::vector<std::string_view> names{"PlayFrameID", "PlayLineID"};
+    addNames<LineRecord>(names);
+    return piecesAround("PlayLines", names);
+}
+
 class XmlWriter {
 public:
     explicit XmlWriter(ReplacementFile& file) : out_(file) {}
 
     void putFrame(std::int32_t number, const FrameRecord& frame) {
-        out_.putPlainLine("<PlayFrame>");
-        put(playFrameId_, number);
-        putAll(frame, frameElements_);
-        put(lineCount_, frame.lines.upperBound());
-        out_.putPlainLine("</PlayFrame>");
+        next_ = framePieces_.begin();
+        put(number);
+        putAll(frame);
+        put(frame.lines.upperBound());
+        out_.putPiece(*next_);
     }
     void putLine(std::int32_t frameNumber, std::int32_t lineNumber, const LineRecord& line) {
-        out_.putPlainLine("<PlayLines>");
-        put(playFrameId_, frameNumber);
-        put(playLineId_, lineNumber);
-        putAll(line, lineElements_);
-        out_.putPlainLine("</PlayLines>");
+        next_ = linePieces_.begin();
+        put(frameNumber);
+        put(lineNumber);
+        putAll(line);
+        out_.putPiece(*next_);
     }
     void finish() { out_.finish(); }
 
 private:
     template <class Value>
-    void put(const Element& element, const Value& value) {
-        out_.putBetween(element.opening, value, element.closing);
+    void put(const Value& value) {
+        out_.putPiece(*next_++, value);
     }
     template <class Record>
-    void putAll(const Record& record, const std::vector<Element>& elements) {
-        auto element = elements.begin();
+    void putAll(const Record& record) {
         ForEachPlacedRow<kMembersOf<Record>, ExportOrder>([&](const auto& row) {
             if constexpr (std::remove_cvref_t<decltype(row)>::isFlagInNumber)
-                put(*element, record.*row.member == 0 ? 0 : -1);
+                put(record.*row.member == 0 ? 0 : -1);
             else
-                put(*element, record.*row.member);
-            ++element;
+                put(record.*row.member);
         });
     }
 
     QuotedLineWriter out_;
-    Element playFrameId_{"PlayFrameID"};
-    Element lineCount_{"Line_Count"};
-    Element playLineId_{"PlayLineID"};
-    std::vector<Element> frameElements_ = elementsOf<FrameRecord>();
-    std::vector<Element> lineElements_ = elementsOf<LineRecord>();
+    const Pieces framePieces_ = piecesOfFrame();
+    const Pieces linePieces_ = piecesOfLine();
+    Pieces::const_iterator next_; ///< The piece before the next value.
 };
 
 } // namespace

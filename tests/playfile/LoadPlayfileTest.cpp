@@ -102,13 +102,30 @@ TEST_F(LoadingPlayfiles, FindsMissingFilesBesideThePlayfile) {
         expectRead(why, 6, reference, &FrameRecord::PicturefileName, found);
         expectRead(why, 1, reference, &FrameRecord::commandfile, found);
     }
-    int listings = 0;
+}
+
+TEST_F(LoadingPlayfiles, AsksAboutEachFileAndFolderOnce) {
+    const std::string gone = JoinPath(folder_, "gone") + kPathSeparator;
+    Texts values = oneFrame();
+    values[1] = gone + "a.cmd";
+    values[6] = gone + "Logo.bmp";
+    int listings = 0, looks = 0;
+    SystemError listing = SystemError::none;
     files().observer = [&](const FileOperation& operation) {
+        looks += operation.kind == FileOperation::look && operation.path.starts_with(gone) ? 1 : 0;
         listings += operation.kind == FileOperation::list ? 1 : 0;
-        return SystemError::none;
+        return operation.kind == FileOperation::list ? listing : SystemError::none;
     };
-    EXPECT_TRUE(load(fileOf(oneFrame())).isComplete);
-    EXPECT_EQ(listings, 1) << "for two files that are missing";
+    const auto pictureFound = [&] { return load(fileOf(values)).playfile.frames.at(1).PicturefileName; };
+    EXPECT_EQ(pictureFound(), values[6]);
+    EXPECT_EQ(std::tuple(listings, looks), std::tuple(1, 2)) << "for two files that are missing";
+    for (const char* name : {"Logo.bmp", "LOGO.bmp"}) { // the second one comes first in the list
+        files().put(JoinPath(folder_, name), "picture");
+        for (const SystemError error : {SystemError::none, SystemError::accessDenied}) {
+            listing = error;
+            EXPECT_EQ(pictureFound(), JoinPath(folder_, "Logo.bmp")) << "also beside " << name;
+        }
+    }
 }
 
 TEST_F(LoadingPlayfiles, TakesThe4x8FontFromAnotherFolderIfTheApplicationHasNone) {
