@@ -47,6 +47,12 @@ std::optional<Font> parseHeaderFont(std::string_view bytes) {
     return font;
 }
 
+/// Bytes of the store that the font's letters take.
+std::size_t usedBytes(const Font& font) {
+    return std::min(static_cast<std::size_t>(std::max(font.recordSize(), 0)) * font.characters.size(),
+                    kGlyphStoreSize);
+}
+
 char asByte(std::int64_t number) {
     if (number < 0 || number > kLargestByte)
         Raise(ErrorNumber::overflow);
@@ -85,10 +91,19 @@ std::optional<Font> ParseFont(std::string_view bytes, std::int16_t width, std::i
     return font;
 }
 
+bool HasLengthOfFont(std::string_view bytes, std::int16_t width, std::int16_t height) {
+    const std::optional<Font> font = ParseFont(bytes, width, height);
+    if (!font || font->width < 1 || font->height < 1)
+        return false;
+    const bool hasHeader = width == kSizeFromFile && height == kSizeFromFile;
+    const std::size_t size = bytes.size() - (hasHeader ? kHeaderSize + font->characters.size() : 0);
+    if (size == 0 || size >= kGlyphStoreSize)
+        return size == kGlyphStoreSize;
+    return hasHeader ? size == usedBytes(*font) : size % static_cast<std::size_t>(font->recordSize()) == 0;
+}
+
 std::string SizedFontBytes(const Font& font) {
-    const auto used = static_cast<std::size_t>(std::max(font.recordSize(), 0)) * font.characters.size();
-    return {font.store.begin(),
-            font.store.begin() + static_cast<std::ptrdiff_t>(std::min(used, kGlyphStoreSize))};
+    return {font.store.begin(), font.store.begin() + static_cast<std::ptrdiff_t>(usedBytes(font))};
 }
 
 std::string HeaderFontBytes(const Font& font) {

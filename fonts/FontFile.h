@@ -45,6 +45,12 @@ struct Font {
 /// the end of the store are 0; further bytes are ignored. Nothing if the file ends before its store starts.
 std::optional<Font> ParseFont(std::string_view bytes, std::int16_t width, std::int16_t height);
 
+/// Whether a file has the length of a font of the layout and size that `ParseFont` would read: whole letters,
+/// with a header those that it announces, or a full store. Any other file is either no font or one of the
+/// other layout, although `ParseFont` reads it. `bytes` is the whole file, or more of it than
+/// `kLargestFontFile`.
+bool HasLengthOfFont(std::string_view bytes, std::int16_t width, std::int16_t height);
+
 /// The bytes of a file for a font of the characters 32 to 127, without sizes and characters.
 std::string SizedFontBytes(const Font& font);
 /// The bytes of a file that starts with sizes and characters. Throws error 6 for a width or height that is

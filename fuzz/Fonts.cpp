@@ -35,6 +35,9 @@ void requireSameFont(const Font& font, std::int16_t width, std::int16_t height) 
     Require(again && again->characters == font.characters && again->width == font.width &&
                 again->height == font.height,
             "sizes and characters come back");
+    Require(HasLengthOfFont(bytes, width, height) ==
+                (font.width > 0 && font.height > 0 && !font.characters.empty()),
+            "a font that is written has the length of one");
     Require((hasHeader ? HeaderFontBytes(*again) : SizedFontBytes(*again)) == bytes, "glyphs come back");
 }
 

@@ -1,11 +1,11 @@
 // vistrel font: shows fonts of signs, makes them from pictures, and checks them against playfiles.
 #include "frame/SystemErrors.h"
-#include "platform/LetterCase.h"
-#include "platform/Path.h"
 #include "platform/ReplacementFile.h"
 #include "tools/commands/StoredCommands.h"
+#include "tools/fonts/FontChanges.h"
 #include "tools/fonts/FontGallery.h"
 #include "tools/fonts/FontNeeds.h"
+#include "tools/fonts/FontOpening.h"
 #include "tools/fonts/FontPictures.h"
 #include "tools/fonts/FontScaling.h"
 #include "tools/playfile/Opening.h"
@@ -32,33 +32,13 @@ struct FontOptions {
     bool json = false;
     bool asSource = false;
     bool header = false;
+    bool noHeader = false;
     bool quiet = false;
 };
 
-/// Size of the numbered font whose file has this name.
-std::optional<CellSize> sizeOfNumberedFont(std::string_view name) {
-    constexpr std::int16_t ordinarySign = 0;
-    constexpr std::int16_t signWithOwnFont = 16;
-    for (std::int16_t number = 0; number < kNumberedFonts; ++number)
-        for (const auto file : {clsFontSizes::FontFile(number, ordinarySign, false),
-                                clsFontSizes::FontFile(number, ordinarySign, true),
-                                clsFontSizes::FontFile(number, signWithOwnFont, true)})
-            if (file && EqualIgnoringAsciiCase(name, *file))
-                return clsFontSizes::FontSize(number);
-    return std::nullopt;
-}
-
-/// Adds an error and returns nothing if the file is not a font.
 std::optional<Font> loadFont(const FontOptions& options, ErrorLines& errors) {
-    errors.aboutFile(options.file);
-    const std::string file = FileStart(options.file, kLargestFontFile);
-    const std::optional<CellSize> size =
-        options.size ? CellSizeOf(*options.size) : sizeOfNumberedFont(SplitPath(options.file).name);
-    std::optional<Font> font =
-        size ? ParseFont(file, size->width, size->height) : ParseFont(file, kSizeFromFile, kSizeFromFile);
-    if (!font)
-        errors.add("ends before its letters start; a font without a header needs --size");
-    return font;
+    return OpenFont(options.file, options.size ? std::optional(CellSizeOf(*options.size)) : std::nullopt,
+                    errors);
 }
 
 ordered_json jsonOf(const std::string& file, const FontPictures& font) {
@@ -99,23 +79,55 @@ std::optional<FontPictures> readPictures(const std::string& path, ErrorLines& er
     return std::nullopt;
 }
 
+/// The layout of a new font: the one that the library expects of a font of that name, unless the options
+/// choose another. Adds an error and returns nothing if no font of that name can have the layout or the size.
+std::optional<FontLayout> layoutOf(const FontOptions& options, CellSize cell, ErrorLines& errors) {
+    const std::optional<CellSize> size = SizeOfNumberedFont(options.file);
+    errors.about(options.file);
+    if (size && options.header)
+        errors.add("a font of this name has no header: leave out --header, or choose another name");
+    else if (size && *size != cell)
+        errors.add("a font of this name has letters of " + SizeText(*size) + " dots, not " + SizeText(cell) +
+                   ": give --size " + std::to_string(size->width) + "x" + std::to_string(size->height) +
+                   ", or choose another name");
+    else
+        return size || options.noHeader ? FontLayout::sized : FontLayout::header;
+    return std::nullopt;
+}
+
+/// What is printed about a new font after its size.
+std::string remarks(const std::optional<Font>& before, const Font& font) {
+    if (!before)
+        return "";
+    const FontPictures old = PicturesOf(*before), now = PicturesOf(font);
+    return "; " +
+           (old.cell == now.cell ? ChangesOf(old, now) : "they were " + SizeText(old.cell) + " before");
+}
+
 ExitCode make(const FontOptions& options, Session& session) {
     std::optional<FontPictures> pictures = readPictures(options.source, session.errors);
     if (pictures && options.size)
         pictures = Enlarged(*pictures, CellSizeOf(*options.size), session.errors);
     if (!pictures)
         return ExitCode::failed;
-    const FontLayout layout = options.header ? FontLayout::header : FontLayout::sized;
-    const std::optional<Font> font = FontOf(*pictures, layout, session.errors);
+    const std::optional<FontLayout> layout = layoutOf(options, pictures->cell, session.errors);
+    if (!layout)
+        return ExitCode::wrongUsage;
+    session.errors.about(options.source);
+    const std::optional<Font> font = FontOf(*pictures, *layout, session.errors);
     if (!font)
         return ExitCode::failed;
+    const bool hasHeader = *layout == FontLayout::header;
     session.errors.aboutFile(options.file);
+    const std::optional<Font> before =
+        PresentFont(options.file, hasHeader ? std::nullopt : std::optional(pictures->cell));
     ReplacementFile file(platform().files(), options.file);
-    Check(file.write(options.header ? HeaderFontBytes(*font) : SizedFontBytes(*font)));
+    Check(file.write(hasHeader ? HeaderFontBytes(*font) : SizedFontBytes(*font)));
     Check(file.commit());
     if (!options.quiet)
         session.out << Visible(options.file) << ": " << pictures->letters.size() << " letters of "
-                    << font->width << " x " << font->height << " dots\n";
+                    << SizeText(pictures->cell) << " dots" << (options.noHeader ? ", without a header" : "")
+                    << remarks(before, *font) << '\n';
     return ExitCode::done;
 }
 
@@ -178,8 +190,14 @@ void SetUpFontCommand(CLI::App& font, Session& session) {
         ->required();
     makeCommand->add_option("FILE", options->file, "The font to write")->required();
     addSize(*makeCommand, "Size to enlarge the letters to; its height must be a multiple of theirs");
-    makeCommand->add_flag("--header", options->header,
-                          "Writes size and characters, too; else a font holds the characters 32 to 127");
+    CLI::Option* header =
+        makeCommand->add_flag("--header", options->header,
+                              "Writes size and characters, too. This is the default, except for fonts with "
+                              "the name of a numbered one, which cannot have them");
+    makeCommand
+        ->add_flag("--no-header", options->noHeader,
+                   "Writes only the letters 32 to 127. Who reads the font must know its size")
+        ->excludes(header);
     makeCommand->add_flag("--quiet", options->quiet, "Prints nothing when the font is made");
 
     CLI::App* checkCommand = add(

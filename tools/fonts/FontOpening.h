@@ -1,0 +1,31 @@
+// Fonts that the program reads, in either layout.
+#pragma once
+
+#include "fonts/FontFile.h"
+#include "fonts/clsFontSizes.h"
+#include "tools/program/ErrorLines.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace qrtVistrelClasses4 {
+
+/// Size of the numbered font whose file has this name, in any case. Such a file has no header. Any other font
+/// should have one, because its name does not tell its size.
+std::optional<CellSize> SizeOfNumberedFont(std::string_view path);
+
+/// "6 x 8".
+std::string SizeText(CellSize size);
+
+/// Reads a font without a header if `size` or the file's name gives its size, else one with a header. Adds an
+/// error and returns nothing if the file is no font. If only its length or its name does not suit, adds an
+/// error and returns the font.
+std::optional<Font> OpenFont(const std::string& path, const std::optional<CellSize>& size,
+                             ErrorLines& errors);
+
+/// The font that the file holds, if it has the length of one. Nothing if there is no such file. Without a
+/// `size`, the font has a header.
+std::optional<Font> PresentFont(const std::string& path, const std::optional<CellSize>& size);
+
+} // namespace qrtVistrelClasses4
