@@ -9,12 +9,6 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-struct SignTypes {
-    std::int32_t first;
-    std::int32_t last;
-    std::string_view name;
-};
-
 constexpr SignTypes kSignTypes[] = {
     {16, 25, "Kestrel"},
     {32, 41, "Solvane"},
@@ -51,6 +45,8 @@ bool readsAsPlainNumber(const std::string& text) {
 std::string EscapeNumericName(const std::string& name) {
     return readsAsPlainNumber(name) ? "#" + name : name;
 }
+
+std::span<const SignTypes> NamedSignTypes() { return kSignTypes; }
 
 std::string_view SignTypeName(std::int32_t signType) {
     const auto* const found =

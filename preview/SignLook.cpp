@@ -49,4 +49,10 @@ SignLook SignLookOf(const DisplayRecord& sign) {
     return look;
 }
 
+std::vector<std::string_view> LedColorNames() {
+    std::vector<std::string_view> names;
+    std::ranges::transform(kLedColors, std::back_inserter(names), &NamedColor::name);
+    return names;
+}
+
 } // namespace qrtVistrelClasses4

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -10,6 +11,16 @@ namespace qrtVistrelClasses4 {
 /// The name as it is stored: with "#" before it if it reads as a plain number, so that no name is taken for
 /// the number of a sign. "12.50" and " 12" are not plain numbers.
 std::string EscapeNumericName(const std::string& name);
+
+/// Sign types with the same name.
+struct SignTypes {
+    std::int32_t first;
+    std::int32_t last;
+    std::string_view name;
+};
+
+/// All types with a name, in the order of their numbers. One family may have several entries.
+std::span<const SignTypes> NamedSignTypes();
 
 /// Name of a sign type; "Generic" for a number without a name.
 std::string_view SignTypeName(std::int32_t signType);

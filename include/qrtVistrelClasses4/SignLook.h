@@ -5,6 +5,8 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 
@@ -22,6 +24,9 @@ struct SignLook {
     /// The sign's own colour at half its brightness.
     Color dimmed() const;
 };
+
+/// Names of the colours that a sign's LEDs may have.
+std::vector<std::string_view> LedColorNames();
 
 /// The look of a sign. A colour whose name is unknown is amber. A sign without a width or a height has no
 /// size.

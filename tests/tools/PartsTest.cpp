@@ -2,6 +2,7 @@
 #include "frame/Traced.h"
 #include "platform/memory/KeptBytes.h"
 #include "tools/preview/PngFile.h"
+#include "tools/program/AllowedValues.h"
 #include "tools/program/Encoding.h"
 
 #include <gtest/gtest.h>
@@ -21,6 +22,30 @@ TEST(Encoding, EveryByteIsACharacterOfTheCodePageAndComesBack) {
         << "first and last of its own range, undefined codes, first after it";
     for (const char* lacking : {"\u042b", "\u0080", "\U0001f600", "\xc3"})
         EXPECT_EQ(AnsiFromUtf8(lacking), std::nullopt) << lacking;
+}
+
+TEST(AllowedValues, AreThoseThatSignsCanHave) {
+    const struct {
+        const char* property;
+        std::vector<std::string> allowed, refused;
+    } cases[] = {
+        {"StartTime",
+         {"", "12:30pm", "6:05:59 AM", "23:59", "0:00"},
+         {"24:00", "0:30 PM", "6:60", "6", "noon"}},
+        {"ColorsSupported", {"RED", "Red, green,Blue"}, {"Red,", "Red,Puce", "RedGreen"}},
+        {"IPAddress",
+         {"10.0.0.255", "sign4.local", "a-1"},
+         {"10.0.0.256", "10.0.0", "1.2.3.4.", "a..b", "-a"}},
+        {"CommPort", {"com256", "1", "65535", "/dev/ttyS0"}, {"COM0", "COM257", "0", "65536", "port"}},
+        {"BaudRate", {"115200"}, {"9601", "9600 "}},
+        {"PhoneNumber", {"+49 (40) 555-0142", "0W112"}, {"call", "-", std::string(255, '1')}},
+    };
+    for (const auto& [property, allowed, refused] : cases) {
+        for (const std::string& text : allowed)
+            EXPECT_TRUE(Allows(AllowedValuesOf(property), text)) << property << ' ' << text;
+        for (const std::string& text : refused)
+            EXPECT_FALSE(Allows(AllowedValuesOf(property), text)) << property << ' ' << text;
+    }
 }
 
 TEST(Encoding, NamesOfFilesAreKeptInTheCodePageWhereTheyCanBeReadBack) {

@@ -10,6 +10,35 @@ std::string CellText(const nlohmann::ordered_json& value) {
     return value.is_number_float() ? NumberToText(value.get<double>()) : value.dump();
 }
 
+std::string CellText(std::string_view property, const nlohmann::ordered_json& value) {
+    const std::string_view meaning =
+        value.is_number_integer() ? NameOfNumber(property, value.get<std::int16_t>()) : "";
+    return CellText(value) + (meaning.empty() ? "" : " (" + std::string(meaning) + ")");
+}
+
+std::string ChangeText(const ChangedProperty& change) {
+    const auto text = [&](const nlohmann::ordered_json& value) {
+        const std::string cell = CellText(change.name, value);
+        return cell.empty() ? "\"\"" : cell;
+    };
+    return change.name + ": " + text(change.before) + " -> " + text(change.after);
+}
+
+bool LooksLikeName(std::string_view text) {
+    const char first = text.empty() ? ' ' : AsciiUpper(text.front());
+    return first >= 'A' && first <= 'Z';
+}
+
+bool TypedIn<bool>::read(const std::string& text) {
+    for (const std::string_view yes : {"yes", "on"})
+        if (EqualIgnoringAsciiCase(text, yes))
+            return true;
+    for (const std::string_view no : {"no", "off"})
+        if (EqualIgnoringAsciiCase(text, no))
+            return false;
+    return TextToBoolean(text);
+}
+
 std::optional<std::string> AnsiFromTyped(std::string_view typed, ErrorLines& errors) {
     std::optional<std::string> ansi = AnsiFromUtf8(typed);
     if (!ansi) {

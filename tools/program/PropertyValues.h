@@ -4,6 +4,7 @@
 
 #include "frame/Conversions.h"
 #include "platform/LetterCase.h"
+#include "tools/program/AllowedValues.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/ErrorLines.h"
 #include "tools/program/NameDistance.h"
@@ -19,6 +20,7 @@
 #include <string_view>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 
@@ -40,22 +42,24 @@ std::string CellText(const nlohmann::ordered_json& value);
 /// could not hold it.
 std::optional<std::string> AnsiFromTyped(std::string_view typed, ErrorLines& errors);
 
+/// Whether a text begins with a letter, as no number does.
+bool LooksLikeName(std::string_view text);
+
 /// How a value of a type is read from text, and what an error message calls the type.
 template <class Value>
 struct TypedIn;
 template <>
 struct TypedIn<std::string> {
-    static constexpr std::string_view name = "a text";
     static std::string read(const std::string& text) { return text; }
 };
 template <>
 struct TypedIn<std::int16_t> {
-    static constexpr std::string_view name = "a whole number from -32768 to 32767";
+    static constexpr std::string_view name = "a whole number";
     static std::int16_t read(const std::string& text) { return TextToInt16(text); }
 };
 template <>
 struct TypedIn<std::int32_t> {
-    static constexpr std::string_view name = "a whole number from -2147483648 to 2147483647";
+    static constexpr std::string_view name = "a whole number";
     static std::int32_t read(const std::string& text) { return TextToInt32(text); }
 };
 template <>
@@ -65,23 +69,63 @@ struct TypedIn<double> {
 };
 template <>
 struct TypedIn<bool> {
-    static constexpr std::string_view name = "True or False";
-    static bool read(const std::string& text) { return TextToBoolean(text); }
+    static bool read(const std::string& text);
 };
 
-/// The value that was typed. Returns nothing, and adds the type that is expected to `errors`, if it is of
-/// another type.
+/// A value that was typed for a property.
+struct TypedValue {
+    std::string_view property; ///< By its name in the member table.
+    std::string_view text;
+    bool isUnchecked = false; ///< Any value of the right type is taken.
+};
+
+/// What error messages call the values that a property takes.
 template <class Value>
-std::optional<Value> ValueFromTyped(std::string_view typed, ErrorLines& errors) {
-    const std::optional<std::string> ansi = AnsiFromTyped(typed, errors);
+std::string ExpectedOf(const AllowedValues& allowed) {
+    using Limits = std::numeric_limits<Value>;
+    if constexpr (std::is_same_v<Value, std::string>)
+        return DescriptionOf(allowed);
+    else if constexpr (std::is_same_v<Value, bool>)
+        return "yes or no";
+    else if constexpr (std::is_integral_v<Value>)
+        return DescriptionOf(allowed, TypedIn<Value>::name, Limits::min(), Limits::max());
+    else
+        return DescriptionOf(allowed, TypedIn<Value>::name, -Limits::infinity(), Limits::infinity());
+}
+
+/// False if `value` was rounded, or is not one of the allowed values.
+template <class Value>
+bool IsAllowed(const AllowedValues& allowed, const std::string& ansi, const Value& value) {
+    if constexpr (std::is_same_v<Value, bool>)
+        return true;
+    else if constexpr (std::is_same_v<Value, std::string>)
+        return Allows(allowed, value);
+    else
+        return Allows(allowed, value) && TextToDouble(ansi) == value;
+}
+
+/// The value that was typed. Returns nothing, and adds what is expected to `errors`, if it is of another type
+/// or not one that the property can have.
+template <class Value>
+std::optional<Value> ValueFromTyped(const TypedValue& typed, ErrorLines& errors) {
+    const std::optional<std::string> ansi = AnsiFromTyped(typed.text, errors);
     if (!ansi)
         return std::nullopt;
+    const AllowedValues& allowed = AllowedValuesOf(typed.property);
+    if constexpr (std::is_same_v<Value, std::int16_t>)
+        if (allowed.names && LooksLikeName(*ansi))
+            return NumberOfName(*allowed.names, typed.text, errors);
+    const std::string refusal =
+        "takes " + ExpectedOf<Value>(allowed) + ", not \"" + std::string(typed.text) + "\"";
     try {
-        return TypedIn<Value>::read(*ansi);
+        Value value = TypedIn<Value>::read(*ansi);
+        if (typed.isUnchecked || IsAllowed(allowed, *ansi, value))
+            return value;
+        errors.add(refusal + "; --unchecked stores it all the same");
     } catch (const RuntimeError&) {
-        errors.add("takes " + std::string(TypedIn<Value>::name) + ", not \"" + std::string(typed) + "\"");
-        return std::nullopt;
+        errors.add(refusal);
     }
+    return std::nullopt;
 }
 
 /// Whether a row's property is the name of a file. Its encoding may be that of the disk.
@@ -181,27 +225,52 @@ NearestName NearestProperty(const Record& record, const Table& table, std::strin
 }
 
 /// Sets a property of a record, named as by `ForEachProperty` but in any case, to what was typed. Returns
-/// false, and adds the reason to `errors`, if there is no such property or the value is of another type.
+/// false, and adds the reason to `errors`, if there is no such property or it cannot have the value.
 template <class Record, class Table>
-bool SetByName(Record& record, const Table& table, std::string_view name, std::string_view typed,
-               ErrorLines& errors) {
+bool SetByName(Record& record, const Table& table, TypedValue typed, ErrorLines& errors) {
     std::optional<bool> done; // empty until the property is found
     ForEachProperty(
         record, table,
         [&]<class Row>(const std::string& fullName, const Row& row, typename Row::Record& holder) {
-            if (!EqualIgnoringAsciiCase(fullName, name))
+            if (!EqualIgnoringAsciiCase(fullName, typed.property))
                 return;
             errors.about(fullName);
-            auto value = ValueFromTyped<ValueOfRow<Row>>(typed, errors);
+            auto value = ValueFromTyped<ValueOfRow<Row>>({row.name, typed.text, typed.isUnchecked}, errors);
             done = value.has_value();
             if (value)
                 SetProperty(row, holder, *std::move(value));
         });
     if (!done) {
-        errors.about(name);
-        errors.add("there is no such property" + NearestProperty(record, table, name).hint());
+        errors.about(typed.property);
+        errors.add("there is no such property" + NearestProperty(record, table, typed.property).hint());
     }
     return done.value_or(false);
 }
+
+/// A property whose value has changed, named as by `ForEachProperty`.
+struct ChangedProperty {
+    std::string name;
+    nlohmann::ordered_json before, after;
+};
+
+/// The differences between two records of the same kind.
+template <class Record, class Table>
+std::vector<ChangedProperty> ChangesBetween(const Record& before, const Record& after, const Table& table) {
+    std::vector<ChangedProperty> properties;
+    ForEachProperty(before, table, [&](const std::string& name, const auto& row, const auto& record) {
+        properties.push_back({name, JsonOfProperty(row, record), nullptr});
+    });
+    std::size_t index = 0;
+    ForEachProperty(after, table, [&](const std::string&, const auto& row, const auto& record) {
+        properties.at(index++).after = JsonOfProperty(row, record);
+    });
+    std::erase_if(properties, [](const ChangedProperty& it) { return it.before == it.after; });
+    return properties;
+}
+
+/// "DisplayWidth: 128 -> 192". Numbers that have a name are followed by it.
+std::string ChangeText(const ChangedProperty& change);
+/// A property's value as a cell of a table, followed by its meaning: "16 (Kestrel)".
+std::string CellText(std::string_view property, const nlohmann::ordered_json& value);
 
 } // namespace qrtVistrelClasses4

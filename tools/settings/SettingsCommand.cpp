@@ -15,6 +15,7 @@ namespace {
 struct SettingsOptions {
     bool json = false;
     std::string name, value;
+    bool isUnchecked = false; ///< The value may be one that no sign has.
 };
 
 Preferences loadPreferences(ErrorLines& errors) {
@@ -109,14 +110,41 @@ void store(const std::string& key, const std::string& text, ErrorLines& errors) 
             "characters");
 }
 
+/// The value of a setting as the application would load it now.
+std::string loadedValue(const std::string& name) {
+    const std::optional<std::string> path = PreferencesPath();
+    const PreferenceFolders folders = FindPreferenceFolders();
+    const Preferences defaults = DefaultPreferences(folders);
+    const Preferences preferences = path ? LoadPreferences({*path, folders, defaults}).values : defaults;
+    std::string text;
+    ErrorLines ignored;
+    withPreference(name, preferences, ignored,
+                   [&](const auto& placed, const auto& value) { text = cellText(placed, value); });
+    return text;
+}
+
+/// Changes a setting by `change()`, and prints its value before and after.
+template <class Change>
+void printChange(const std::string& name, Session& session, Change change) {
+    const std::string before = loadedValue(name);
+    change();
+    const std::string after = loadedValue(name);
+    if (before != after)
+        session.out << ChangeText({name, before, after}) << '\n';
+    else if (session.errors.empty())
+        session.out << name << ": " << after << ", as before\n";
+}
+
 ExitCode set(const SettingsOptions& options, Session& session) {
     auto code = ExitCode::wrongUsage;
     const auto change = [&]<class Value>(const auto& placed, const Value&) {
         session.errors.about(placed.name());
-        const std::optional<Value> value = ValueFromTyped<Value>(options.value, session.errors);
+        const TypedValue typed{placed.row.name, options.value, options.isUnchecked};
+        const std::optional<Value> value = ValueFromTyped<Value>(typed, session.errors);
         if (!value)
             return;
-        store(placed.key(), PreferenceText(*value), session.errors);
+        printChange(placed.name(), session,
+                    [&] { store(placed.key(), PreferenceText(*value), session.errors); });
         code = ExitCode::done;
     };
     withPreference(options.name, {}, session.errors, change);
@@ -126,17 +154,18 @@ ExitCode set(const SettingsOptions& options, Session& session) {
 ExitCode reset(const SettingsOptions& options, Session& session) {
     auto code = ExitCode::wrongUsage;
     const std::optional<std::string> path = PreferencesPath();
-    const auto remove = [&](const auto& placed, const auto& defaultValue) {
+    const auto remove = [&](const auto& placed, const auto&) {
         code = ExitCode::failed;
         if (!path)
             return; // the reason has been reported
         session.errors.about(placed.name());
-        if (const std::optional<RuntimeError> error = RemovePreference(*path, placed.key()))
-            return session.errors.add(*error);
-        session.out << placed.name() << ": " << cellText(placed, defaultValue) << " again\n";
+        printChange(placed.name(), session, [&] {
+            if (const std::optional<RuntimeError> error = RemovePreference(*path, placed.key()))
+                session.errors.add(*error);
+        });
         code = ExitCode::done;
     };
-    withPreference(options.name, DefaultPreferences(FindPreferenceFolders()), session.errors, remove);
+    withPreference(options.name, {}, session.errors, remove);
     return code;
 }
 
@@ -158,6 +187,7 @@ void SetUpSettingsCommand(CLI::App& settings, Session& session) {
     for (CLI::App* command : {&getCommand, &setCommand, &resetCommand})
         command->add_option("NAME", options->name, "Its property or INI key, in any case")->required();
     setCommand.add_option("VALUE", options->value, "The new value")->required();
+    setCommand.add_flag("--unchecked", options->isUnchecked, "Takes values that no sign has, too");
 }
 
 } // namespace qrtVistrelClasses4

@@ -21,6 +21,7 @@ struct SignsOptions {
     std::string newName;
     std::int32_t to = 0;                  ///< The place to move a sign to, from 1.
     std::vector<std::string> assignments; ///< For example "DisplayWidth=128".
+    bool isUnchecked = false;             ///< They may be values that no sign has.
 };
 
 /// The typed name for a sign, which may be the present one of sign `number`. Returns nothing, and adds the
@@ -84,28 +85,14 @@ ExitCode listSigns(const SignsOptions& options, Session& session) {
     return ExitCode::done;
 }
 
-/// What the number in a property means; "" for a property that needs no explanation.
-template <class Row>
-std::string_view meaningOf(const Row& row, const DisplayRecord& sign) {
-    if constexpr (std::is_same_v<ValueOfRow<Row>, std::int16_t>) {
-        if (row.member == &DisplayRecord::DisplayType)
-            return SignTypeName(sign.DisplayType);
-        if (row.member == &DisplayRecord::ConnectionMethod)
-            return ConnectionMethodName(sign.ConnectionMethod).value_or("");
-    }
-    return "";
-}
-
 void printSign(std::ostream& out, const DisplayRecord& sign) {
     Table properties({{"Property"}, {"Value"}});
     ForEachRow(kDisplayMembers, [&]<class Row>(const Row& row) {
         if constexpr (!RowOfRecords<Row>) {
             if (row.name.empty())
                 return;
-            const std::string_view meaning = meaningOf(row, sign);
             properties.addRow(
-                {std::string(row.name), CellText(JsonOf(ValueOfProperty(row, sign))) +
-                                            (meaning.empty() ? "" : " (" + std::string(meaning) + ")")});
+                {std::string(row.name), CellText(row.name, JsonOf(ValueOfProperty(row, sign)))});
         }
     });
     Table schedules(
@@ -133,7 +120,59 @@ ExitCode showSign(const SignsOptions& options, Session& session) {
     return ExitCode::done;
 }
 
+ExitCode printNumbers(const SignsOptions& options, Session& session, const std::vector<SignTypes>& numbers) {
+    Table table({{"Numbers"}, {"Name"}});
+    auto array = ordered_json::array();
+    for (const auto& [first, last, name] : numbers) {
+        table.addRow(
+            {std::to_string(first) + (last > first ? " to " + std::to_string(last) : ""), std::string(name)});
+        array.push_back({{"first", first}, {"last", last}, {"name", name}});
+    }
+    if (options.json)
+        session.out << JsonText(array) << '\n';
+    else
+        session.out << table;
+    return ExitCode::done;
+}
+
+ExitCode listTypes(const SignsOptions& options, Session& session) {
+    const auto types = NamedSignTypes();
+    return printNumbers(options, session, {types.begin(), types.end()});
+}
+
+ExitCode listConnections(const SignsOptions& options, Session& session) {
+    constexpr std::string_view method = kRowOf<kDisplayMembers, &DisplayRecord::ConnectionMethod>.name;
+    std::vector<SignTypes> connections;
+    for (const NamedNumber& named : AllowedValuesOf(method).names->all())
+        connections.push_back({named.number, named.number, named.name});
+    return printNumbers(options, session, connections);
+}
+
 // The changes. If a change cannot be made, its reason is in `errors`.
+
+/// The sign as it is read back from its file.
+DisplayRecord asLoaded(DisplayRecord sign) {
+    ForEachRow(kDisplayMembers, [&](const auto& row) {
+        if constexpr (requires { row.mend; })
+            if (row.mend)
+                row.mend(sign);
+    });
+    return sign;
+}
+
+/// False, after adding the reason, if a value would not be read back, for example a serial port as the port
+/// of a sign in the network.
+bool areReadBack(const DisplayRecord& sign, const std::vector<std::string>& assignments, ErrorLines& errors) {
+    const std::size_t before = errors.count();
+    for (const ChangedProperty& mended : ChangesBetween(sign, asLoaded(sign), kDisplayMembers))
+        for (const std::string& assignment : assignments)
+            if (EqualIgnoringAsciiCase(assignment.substr(0, assignment.find('=')), mended.name)) {
+                errors.about(mended.name);
+                errors.add(CellText(mended.before) + " would be read back as " + CellText(mended.after) +
+                           "; --unchecked stores it all the same");
+            }
+    return errors.count() == before;
+}
 
 /// Makes all assignments to sign `number`.
 ExitCode assign(SignList& list, std::int16_t number, const SignsOptions& options, ErrorLines& errors) {
@@ -146,13 +185,16 @@ ExitCode assign(SignList& list, std::int16_t number, const SignsOptions& options
         }
         const std::string property = assignment.substr(0, equals);
         const std::string value = assignment.substr(equals + 1);
+        const TypedValue typed{property, value, options.isUnchecked};
         if (EqualIgnoringAsciiCase(property, kRowOf<kDisplayMembers, &DisplayRecord::DisplayName>.name) &&
             !freeName(list, value, errors, number))
             return ExitCode::failed;
-        if (!SetByName(list.signs.at(number), kDisplayMembers, property, value, errors))
+        if (!SetByName(list.signs.at(number), kDisplayMembers, typed, errors))
             return ExitCode::wrongUsage;
     }
-    return ExitCode::done;
+    return options.isUnchecked || areReadBack(list.signs.at(number), options.assignments, errors)
+               ? ExitCode::done
+               : ExitCode::wrongUsage;
 }
 
 ExitCode addSign(SignList& list, const SignsOptions& options, ErrorLines& errors) {
@@ -206,6 +248,25 @@ ExitCode setProperties(SignList& list, const SignsOptions& options, ErrorLines& 
     return number ? assign(list, *number, options, errors) : ExitCode::failed;
 }
 
+/// What assignments have changed in the sign of that name, or in the last one, which is new.
+std::vector<ChangedProperty> changesOf(const SignList& before, const SignList& after,
+                                       const std::string& name) {
+    const std::int16_t number = FindSign(before, AnsiFromUtf8(name).value_or("")).value_or(after.count());
+    DisplayRecord old;
+    if (number <= before.signs.upperBound())
+        old = before.signs.at(number);
+    else
+        old.DisplayName = after.signs.at(number).DisplayName;
+    return ChangesBetween(asLoaded(std::move(old)), asLoaded(after.signs.at(number)), kDisplayMembers);
+}
+
+ordered_json jsonOf(const std::vector<ChangedProperty>& changes) {
+    auto object = ordered_json::object();
+    for (const ChangedProperty& change : changes)
+        object[change.name] = {{"before", change.before}, {"after", change.after}};
+    return object;
+}
+
 struct Change {
     ExitCode (*make)(SignList&, const SignsOptions&, ErrorLines&);
     const char* done;
@@ -215,21 +276,33 @@ ExitCode changeSigns(const Change& change, const SignsOptions& options, Session&
     std::optional<SignsFile> file = LoadSigns(session.errors);
     if (!file || !MayBeChanged(*file, session.errors))
         return ExitCode::failed;
+    const SignList before = file->list;
     const ExitCode made = change.make(file->list, options, session.errors);
     if (made != ExitCode::done)
         return made;
     const std::string readFrom = file->path;
     if (!SaveSigns(*file, session.errors))
         return ExitCode::failed;
-    const std::string done =
-        change.done + (" " + options.name) + (options.newName.empty() ? "" : " as " + options.newName);
+    const std::string done = change.done + (" " + options.name) +
+                             (options.newName.empty() ? "" : " as " + options.newName) +
+                             (options.to > 0 ? " to " + std::to_string(options.to) : "");
     const std::int16_t count = file->list.count();
+    std::vector<ChangedProperty> changes;
+    if (!options.assignments.empty())
+        changes = changesOf(before, file->list, options.name);
     if (options.json) {
-        session.out << JsonText({{"file", file->path}, {"done", done}, {"TotalDisplays", count}}) << '\n';
+        ordered_json report{{"file", file->path}, {"done", done}, {"TotalDisplays", count}};
+        if (!options.assignments.empty())
+            report["changed"] = jsonOf(changes);
+        session.out << JsonText(report) << '\n';
         return ExitCode::done;
     }
     session.out << Visible(file->path + ": " + done) << "; " << count << (count == 1 ? " sign" : " signs")
                 << " now\n";
+    for (const ChangedProperty& changed : changes)
+        session.out << ChangeText(changed) << '\n';
+    if (changes.empty() && !options.assignments.empty())
+        session.out << "Every value is as it was before.\n";
     if (readFrom != file->path)
         session.out << Visible("The list was read from " + readFrom + ", which is unchanged.") << '\n';
     return ExitCode::done;
@@ -260,18 +333,23 @@ void SetUpSignsCommand(CLI::App& signs, Session& session) {
         return command;
     };
     const auto takeAssignments = [&](CLI::App* command) {
+        command->add_flag("--unchecked", options->isUnchecked, "Takes values that no sign has, too");
         return command->add_option(
             "PROPERTIES", options->assignments,
-            "What to set, such as DisplayWidth=192 or \"Schedule1.StartTime=6:30 PM\"; "
-            "\"signs show\" prints the names");
+            "What to set, such as DisplayWidth=192, DisplayType=Kestrel or "
+            "\"Schedule1.StartTime=6:30 PM\"; \"signs show\" prints the names of all properties, "
+            "\"signs types\" and \"signs connections\" those of types and connections");
     };
 
     add("list", &listSigns, "Shows all signs", "vistrel signs list");
     add("show", &showSign, "Shows a sign with all its properties", "vistrel signs show \"Pier 1\"")
         ->add_option("NAME", options->name, "Name of the sign, in any case")
         ->required();
-    takeAssignments(addChange("add", {&addSign, "added"}, "Adds a sign after the others",
-                              "vistrel signs add Pier2 DisplayType=160 ConnectionMethod=1 CommPort=COM1"));
+    add("types", &listTypes, "Shows the types of signs that have a name", "vistrel signs types");
+    add("connections", &listConnections, "Shows the ways to reach a sign", "vistrel signs connections");
+    takeAssignments(
+        addChange("add", {&addSign, "added"}, "Adds a sign after the others",
+                  "vistrel signs add Pier2 DisplayType=Kestrel ConnectionMethod=Direct CommPort=COM1"));
     addChange("remove", {&removeSign, "removed"}, "Takes a sign out", "vistrel signs remove Gate");
     addChange("duplicate", {&duplicateSign, "duplicated"}, "Adds a copy of a sign after the others",
               "vistrel signs duplicate Gate \"Back gate\"")
