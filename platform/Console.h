@@ -3,13 +3,14 @@
 
 #include "platform/SystemError.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
 
-enum class StandardStream { output, error };
+enum class StandardStream { input, output, error };
 
 class Console {
 public:
@@ -20,6 +21,8 @@ public:
     /// Writes the bytes of `text` unchanged and at once. When the reader of a pipe has gone, the text is
     /// dropped; this is no failure.
     virtual SystemError write(StandardStream stream, std::string_view text) = 0;
+    /// All that comes from standard input. More than `most` bytes is `tooLarge`.
+    virtual Result<std::string> read(std::size_t /*most*/) { return SystemError::unsupported; }
 };
 
 /// Prepares the process to be a console program. `main` calls this first, with its own arguments. From then

@@ -86,14 +86,14 @@ private:
 /// Writes a frame, with its references to copies. `copy` is the first copy of this frame or of a later one;
 /// it is moved past those of this frame.
 void writeFrame(QuotedLineWriter& out, const FrameRecord& frame, std::int32_t number,
-                std::vector<CopiedReference>::const_iterator& copy,
-                std::vector<CopiedReference>::const_iterator end) {
+                std::vector<ChangedReference>::const_iterator& copy,
+                std::vector<ChangedReference>::const_iterator end) {
     if (copy == end || copy->reference.frame != number)
         return WriteFrame(out, frame);
     FrameRecord withCopies = frame;
     for (; copy != end && copy->reference.frame == number; ++copy)
         if (std::string& file = withCopies.*copy->reference.member; file == copy->reference.file)
-            file = copy->copy;
+            file = copy->now;
     WriteFrame(out, withCopies);
 }
 
@@ -146,7 +146,7 @@ SaveOutcome SavePlayfile(const Playfile& playfile, const std::string& path,
     RethrowAsRuntimeError();
 }
 
-void ReferToCopies(Playfile& playfile, const std::vector<CopiedReference>& copies) try {
+void ReferToCopies(Playfile& playfile, const std::vector<ChangedReference>& copies) try {
     for (const auto& [reference, copy] : copies) {
         if (!playfile.frames.contains(reference.frame))
             continue;

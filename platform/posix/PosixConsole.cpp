@@ -2,6 +2,7 @@
 
 #include "platform/posix/PosixSystem.h"
 
+#include <array>
 #include <csignal>
 #include <unistd.h>
 
@@ -9,7 +10,15 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 int descriptorOf(StandardStream stream) {
-    return stream == StandardStream::output ? STDOUT_FILENO : STDERR_FILENO;
+    switch (stream) {
+    case StandardStream::input:
+        return STDIN_FILENO;
+    case StandardStream::output:
+        return STDOUT_FILENO;
+    case StandardStream::error:
+        break;
+    }
+    return STDERR_FILENO;
 }
 
 } // namespace
@@ -19,6 +28,21 @@ bool PosixConsole::isTerminal(StandardStream stream) { return ::isatty(descripto
 SystemError PosixConsole::write(StandardStream stream, std::string_view text) {
     const bool isDone = writeAll(descriptorOf(stream), text) || errno == EPIPE;
     return isDone ? SystemError::none : errorOn({});
+}
+
+Result<std::string> PosixConsole::read(std::size_t most) {
+    std::string all;
+    std::array<char, 65536> piece;
+    for (;;) {
+        const ssize_t count = uninterrupted([&] { return ::read(STDIN_FILENO, piece.data(), piece.size()); });
+        if (count == -1)
+            return errorOn({});
+        if (count == 0)
+            return all;
+        all.append(piece.data(), static_cast<std::size_t>(count));
+        if (all.size() > most)
+            return SystemError::tooLarge;
+    }
 }
 
 std::vector<std::string> StartProgram(int argumentCount, const char* const* arguments) {

@@ -8,6 +8,7 @@ class PosixConsole final : public Console {
 public:
     bool isTerminal(StandardStream stream) override;
     SystemError write(StandardStream stream, std::string_view text) override;
+    Result<std::string> read(std::size_t most) override;
 };
 
 } // namespace qrtVistrelClasses4
