@@ -6,8 +6,8 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Reads an older playfile, and fills in the outcome but for its name. An error is thrown, and the frames then
-/// stay as they were.
+/// Reads an older playfile, and fills in the outcome but for its name. An error is thrown, and the frames
+/// then stay as they were.
 void ImportLegacyPlayfile(InputFile& file, LoadOutcome& outcome, const LoadCircumstances& circumstances);
 
 } // namespace qrtVistrelClasses4

@@ -52,8 +52,13 @@ void ReferToCopies(Playfile& playfile, const std::vector<ChangedReference>& copi
 /// What is added to a playfile's name for its export.
 inline constexpr const char* kXmlEnding = ".xml";
 
+/// The form of an export: the one that existing readers expect, whose elements have no root and no
+/// declaration, or an XML document in UTF-8.
+enum class XmlForm { elements, document };
+
 /// Writes all frames and lines to the file `path`. Returns the error if that fails; the existing file is then
 /// unchanged.
-[[nodiscard]] std::optional<RuntimeError> ExportXml(const Playfile& playfile, const std::string& path);
+[[nodiscard]] std::optional<RuntimeError> ExportXml(const Playfile& playfile, const std::string& path,
+                                                    XmlForm form = XmlForm::elements);
 
 } // namespace qrtVistrelClasses4

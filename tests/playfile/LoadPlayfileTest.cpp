@@ -102,6 +102,11 @@ TEST_F(LoadingPlayfiles, FindsMissingFilesBesideThePlayfile) {
         expectRead(why, 6, reference, &FrameRecord::PicturefileName, found);
         expectRead(why, 1, reference, &FrameRecord::commandfile, found);
     }
+    const LoadOutcome changed = load(fileWith(6, "Moved.bmp"));
+    EXPECT_EQ(changed.found,
+              (std::vector<ChangedReference>{{{1, &FrameRecord::PicturefileName, "Moved.bmp"}, beside}}));
+    const LoadOutcome kept = LoadPlayfile(path_, {.keepsReferences = true});
+    EXPECT_EQ(kept.playfile.frames.at(1).PicturefileName + std::to_string(kept.found.size()), "Moved.bmp0");
     int listings = 0;
     files().observer = [&](const FileOperation& operation) {
         listings += operation.kind == FileOperation::list ? 1 : 0;
