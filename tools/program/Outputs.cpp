@@ -19,7 +19,15 @@ std::size_t startOfEnding(std::string_view path) {
     return dot == path.npos || dot <= SplitPath(path).folder.size() ? path.size() : dot;
 }
 
-std::string outputName(const std::string& path) { return path == kStandardStream ? "standard output" : path; }
+/// Makes a folder and those above it, if they are missing.
+void makeFolder(const std::string& path) {
+    const std::size_t end = path.find_last_not_of("/\\");
+    const std::string folder = path.substr(0, end == path.npos ? 0 : end + 1);
+    if (folder.empty() || platform().files().kindOf(folder) != EntryKind::missing)
+        return;
+    makeFolder(std::string(SplitPath(folder).folder));
+    Check(platform().files().createFolder(folder));
+}
 
 } // namespace
 
@@ -80,6 +88,15 @@ std::string StemOf(std::string_view path) {
     return std::string(SplitPath(path.substr(0, startOfEnding(path))).name);
 }
 
+std::string OutputName(const std::string& path) { return path == kStandardStream ? "standard output" : path; }
+
+void AboutOutput(ErrorLines& errors, const std::string& path) {
+    if (path == kStandardStream)
+        errors.about(OutputName(path));
+    else
+        errors.aboutFile(path);
+}
+
 bool HasEnding(const std::string& path, std::string_view ending, ErrorLines& errors) {
     if (path == kStandardStream || EndingOf(path) == ending)
         return true;
@@ -108,21 +125,21 @@ SystemError OutputTarget::write(std::string_view bytes) {
     return SystemError::none;
 }
 
-std::string Outputs::refusal(const std::string& path) const {
+std::string Outputs::refusal(const std::string& path) {
     if (path == kStandardStream)
         return platform().console().isTerminal(StandardStream::output)
                    ? "standard output is a terminal; it takes a file or a pipe"
                    : "";
-    if (const auto written = written_.find(FoldedName(path)); written != written_.end())
-        return written->second == path
-                   ? "this run has already written " + path
-                   : path + " differs only in case from " + written->second + ", which this run has written";
+    if (const auto [earlier, isNew] = names_.emplace(FoldedName(path), path); !isNew)
+        return earlier->second == path
+                   ? "an earlier file of this run has the name " + path + ", too"
+                   : path + " differs only in case from " + earlier->second + ", an earlier file of this run";
     if (!replaces_ && platform().files().hasEntry(path)) // or a link that leads nowhere
         return path + " exists already; --force replaces it";
-    if (options_.dryRun)
-        if (const SystemError error = platform().files().mayWrite(path); error != SystemError::none)
-            return path + ": " + TextOf(ErrorFor(error));
-    return {};
+    const SystemError error = options_.dryRun ? platform().files().mayWrite(path) : SystemError::none;
+    return error == SystemError::none || (error == SystemError::folderNotFound && makesFolders_)
+               ? ""
+               : path + ": " + FaultOf(path, ErrorFor(error)).clause();
 }
 
 std::optional<ExitCode> Outputs::codeInsteadOf(const std::string& path, const std::string& notDone) {
@@ -130,15 +147,22 @@ std::optional<ExitCode> Outputs::codeInsteadOf(const std::string& path, const st
         session_.errors.add(notDone + ": " + reason);
         return ExitCode::failed;
     }
-    written_.emplace(FoldedName(path), path);
-    if (!options_.dryRun)
+    if (!options_.dryRun) {
+        if (makesFolders_)
+            makeFolder(std::string(SplitPath(path).folder));
         return std::nullopt;
+    }
     const bool isThere = path != kStandardStream && platform().files().hasEntry(path);
-    remark(Visible((isThere ? "Would replace " : "Would write ") + outputName(path)));
+    print(Visible((isThere ? "Would replace " : "Would write ") + OutputName(path)));
     return ExitCode::done;
 }
 
 void Outputs::remark(const std::string& line) const {
+    if (!options_.dryRun)
+        print(line);
+}
+
+void Outputs::print(const std::string& line) const {
     if (options_.quiet)
         return;
     if (options_.out == kStandardStream)

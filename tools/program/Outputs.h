@@ -29,7 +29,7 @@ void AddOutputOptions(CLI::App& command, OutputOptions& options, ExistingFiles e
 /// Adds "--out" with a description of what is written.
 CLI::Option* AddOutOption(CLI::App& command, OutputOptions& options, const std::string& description);
 
-/// "%f" in the pattern of "--out" is the name of the file that is read, without folder and ending; "%n" is
+/// "%f" in a pattern of "--out" is the name of the file that is read, without folder and ending; "%n" is
 /// the number of a frame; "%%" is "%".
 bool HasPlaceholder(std::string_view pattern, char letter);
 std::string NameFromPattern(std::string_view pattern, const std::string& input, std::int32_t frame = 0);
@@ -38,6 +38,11 @@ std::string NameFromPattern(std::string_view pattern, const std::string& input, 
 std::string EndingOf(std::string_view path);
 /// The name without folder and ending.
 std::string StemOf(std::string_view path);
+
+/// What a file is called in messages.
+std::string OutputName(const std::string& path);
+/// Makes the file the subject of the following errors.
+void AboutOutput(ErrorLines& errors, const std::string& path);
 
 /// False, after adding an error, if `path` is not standard output and ends in something else than `ending`.
 bool HasEnding(const std::string& path, std::string_view ending, ErrorLines& errors);
@@ -71,17 +76,22 @@ public:
     std::optional<ExitCode> codeInsteadOf(const std::string& path,
                                           const std::string& notDone = "not written");
 
-    /// Prints a line, unless the command is quiet. It goes to standard error if a file goes to standard
-    /// output.
+    /// Makes the missing folders of files that are written from now on.
+    void makeFolders() { makesFolders_ = true; }
+
+    /// Prints a line, unless the command is quiet or has written nothing in a dry run. It goes to standard
+    /// error if a file goes to standard output.
     void remark(const std::string& line) const;
 
 private:
-    std::string refusal(const std::string& path) const;
+    std::string refusal(const std::string& path);
+    void print(const std::string& line) const;
 
     const OutputOptions& options_;
     Session& session_;
     bool replaces_;
-    std::unordered_map<std::string, std::string> written_; ///< Names of this run, by `FoldedName`.
+    bool makesFolders_ = false;
+    std::unordered_map<std::string, std::string> names_; ///< Of this run, by `FoldedName`.
 };
 
 } // namespace qrtVistrelClasses4

@@ -52,8 +52,8 @@ void withPreference(const std::string& name, const Preferences& preferences, Err
     const auto visit = [&](const auto& placed, const auto& value) {
         nearest.offer(placed.name());
         nearest.offer(placed.name(), placed.key());
-        if (isFound || (!EqualIgnoringAsciiCase(placed.name(), name) &&
-                        !EqualIgnoringAsciiCase(placed.key(), name)))
+        if (isFound ||
+            (!EqualIgnoringAsciiCase(placed.name(), name) && !EqualIgnoringAsciiCase(placed.key(), name)))
             return;
         isFound = true;
         use(placed, value);
