@@ -26,8 +26,9 @@ public:
 };
 
 /// Prepares the process to be a console program. `main` calls this first, with its own arguments. From then
-/// on, writing to a pipe without a reader no longer ends the process. Returns the arguments after the
-/// program's name; they are 8-bit texts in the encoding of file names.
+/// on, writing to a pipe without a reader no longer ends the process, and a process that the user ends
+/// removes its temporary files. Returns the arguments after the program's name; they are 8-bit texts in the
+/// encoding of file names.
 std::vector<std::string> StartProgram(int argumentCount, const char* const* arguments);
 
 } // namespace qrtVistrelClasses4

@@ -1,5 +1,6 @@
 #include "platform/posix/PosixConsole.h"
 
+#include "platform/TemporaryFiles.h"
 #include "platform/posix/PosixSystem.h"
 
 #include <array>
@@ -19,6 +20,28 @@ int descriptorOf(StandardStream stream) {
         break;
     }
     return STDERR_FILENO;
+}
+
+/// Ends the process by the signal, without its temporary files.
+extern "C" void endBySignal(int number) {
+    ForEachTemporaryFile([](const char* path) { (void)::unlink(path); });
+    (void)std::signal(number, SIG_DFL);
+    (void)std::raise(number); // comes when this function has returned
+}
+
+/// A signal that whoever started the program ignores stays ignored, as for "nohup".
+void handleEndingSignals() {
+    StartNotingTemporaryFiles();
+    struct sigaction action {};
+    action.sa_handler = &endBySignal;
+    (void)::sigemptyset(&action.sa_mask);
+    for (const int number : kEndingSignals)
+        (void)::sigaddset(&action.sa_mask, number);
+    for (const int number : kEndingSignals) {
+        struct sigaction before {};
+        if (::sigaction(number, nullptr, &before) == 0 && before.sa_handler == SIG_DFL)
+            (void)::sigaction(number, &action, nullptr);
+    }
 }
 
 } // namespace
@@ -47,6 +70,7 @@ Result<std::string> PosixConsole::read(std::size_t most) {
 
 std::vector<std::string> StartProgram(int argumentCount, const char* const* arguments) {
     std::signal(SIGPIPE, SIG_IGN);
+    handleEndingSignals();
     return {arguments + (argumentCount > 0 ? 1 : 0), arguments + argumentCount};
 }
 

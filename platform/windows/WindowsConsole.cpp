@@ -1,5 +1,6 @@
 #include "platform/windows/WindowsConsole.h"
 
+#include "platform/TemporaryFiles.h"
 #include "platform/windows/WindowsSystem.h"
 
 #include <algorithm>
@@ -19,6 +20,12 @@ HANDLE handleOf(StandardStream stream) {
 }
 
 bool hasOtherEndGone(DWORD code) { return code == ERROR_BROKEN_PIPE || code == ERROR_NO_DATA; }
+
+/// Called when the user ends the program. The system ends it afterwards.
+BOOL WINAPI removeTemporaryFiles(DWORD) {
+    ForEachTemporaryFile([](const char* path) { ::DeleteFileA(path); });
+    return FALSE;
+}
 
 } // namespace
 
@@ -68,6 +75,8 @@ Result<std::string> WindowsConsole::read(std::size_t most) {
 }
 
 std::vector<std::string> StartProgram(int argumentCount, const char* const* arguments) {
+    StartNotingTemporaryFiles();
+    ::SetConsoleCtrlHandler(&removeTemporaryFiles, TRUE);
     return {arguments + (argumentCount > 0 ? 1 : 0), arguments + argumentCount};
 }
 
