@@ -1,6 +1,7 @@
 // Any bytes as a playfile.
 #include "Fuzz.h"
 #include "playfile/Effects.h"
+#include "playfile/LegacyFormat.h"
 #include "playfile/PlayfileFormat.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/LoadPlayfile.h>
@@ -86,6 +87,9 @@ void RunFuzzed(FuzzedInput input) {
     Require(!outcome.error || outcome.error->line.value() <= lines + 1, "in a line of the file");
     Require(std::ranges::equal(outcome.playfile.frames, direct.frames), "complete frames are kept alone");
 
+    const LoadOutcome fromBytes = LoadPlayfileBytes(text, path);
+    Require(text.starts_with(kLegacyMark) || fromBytes.playfile == outcome.playfile, "bytes are read alike");
+
     FrameInfoClass playfile;
     Require(playfile.GetPlayfileFromDisk(path) == outcome.isComplete, "the class loads the same");
     Require(playfile.Value().frames.upperBound() >= outcome.framesRead, "over the frames that there are");
@@ -98,7 +102,8 @@ void RunFuzzed(FuzzedInput input) {
     Require(again.isComplete, "what was saved can be loaded");
     const std::string second = saved(again.playfile);
     Require(second == first, "what was saved comes back");
-    Require(!ExportXml(again.playfile, path), "and can be exported");
+    for (const XmlForm form : {XmlForm::elements, XmlForm::document})
+        Require(!ExportXml(again.playfile, path, form), "and can be exported");
 }
 
 } // namespace qrtVistrelClasses4

@@ -4,13 +4,14 @@
 #include "platform/SystemError.h"
 #include "platform/Terminal.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
 
-enum class StandardStream { output, error };
+enum class StandardStream { input, output, error };
 
 class Console {
 public:
@@ -24,11 +25,14 @@ public:
     /// Writes the bytes of `text` unchanged and at once. When the reader of a pipe has gone, the text is
     /// dropped; this is no failure.
     virtual SystemError write(StandardStream stream, std::string_view text) = 0;
+    /// All that comes from standard input. More than `most` bytes is `tooLarge`.
+    virtual Result<std::string> read(std::size_t /*most*/) { return SystemError::unsupported; }
 };
 
 /// Prepares the process to be a console program. `main` calls this first, with its own arguments. From then
-/// on, writing to a pipe without a reader no longer ends the process. Returns the arguments after the
-/// program's name; they are 8-bit texts in the encoding of file names.
+/// on, writing to a pipe without a reader no longer ends the process, and a process that the user ends
+/// removes its temporary files. Returns the arguments after the program's name; they are 8-bit texts in the
+/// encoding of file names.
 std::vector<std::string> StartProgram(int argumentCount, const char* const* arguments);
 
 } // namespace qrtVistrelClasses4

@@ -6,7 +6,6 @@
 #include "frame/Text.h"
 #include "frame/Traced.h"
 #include "platform/Hex.h"
-#include "platform/Platform.h"
 #include "playfile/Effects.h"
 #include "playfile/FrameProcedures.h"
 #include "playfile/LegacyFormat.h"
@@ -243,18 +242,17 @@ FrameRecord Import::nextFrame(const LegacyRecord& record) {
 }
 
 /// The records of the file, at most `most` of them; none if the file lacks the mark.
-std::vector<LegacyRecord> readRecords(const std::string& fileName, std::size_t most, LoadOutcome& outcome) {
-    const auto file = ValueOf(platform().files().openToRead(fileName));
+std::vector<LegacyRecord> readRecords(InputFile& file, std::size_t most, LoadOutcome& outcome) {
     LegacyDetails& details = outcome.legacy.emplace();
-    details.hasMark = HasLegacyMark(*file);
+    details.hasMark = HasLegacyMark(file);
     if (!details.hasMark)
         return {};
-    const LegacyExtent extent = ExtentOf(*file);
+    const LegacyExtent extent = ExtentOf(file);
     details.records = extent.records;
     details.bytesAfterRecords = extent.bytesAfter;
     outcome.framesAnnounced = static_cast<std::int32_t>(
         std::min<std::uint64_t>(extent.records, std::numeric_limits<std::int32_t>::max()));
-    return ReadLegacyRecords(*file, most);
+    return ReadLegacyRecords(file, most);
 }
 
 /// Reports that the file has more frames than can be numbered. Those that can are kept all the same.
@@ -269,12 +267,11 @@ void reportTooManyFrames(std::uint64_t records) {
 
 } // namespace
 
-void ImportLegacyPlayfile(LoadOutcome& outcome, const LoadCircumstances& circumstances) {
-    outcome.playfile.isLegacy = true;
+void ImportLegacyPlayfile(InputFile& file, LoadOutcome& outcome, const LoadCircumstances& circumstances) {
     // One more than allowed: the application checks the limit only after it has been passed.
     const auto most =
         static_cast<std::size_t>(std::clamp<std::int32_t>(circumstances.framesAllowed + 1, 0, kMostFrames));
-    const std::vector<LegacyRecord> records = readRecords(outcome.playfile.fileName, most, outcome);
+    const std::vector<LegacyRecord> records = readRecords(file, most, outcome);
     const Cropping cropping =
         circumstances.cropping ? circumstances.cropping() : croppingFromPreferences(outcome);
     LegacyDetails& details = *outcome.legacy;

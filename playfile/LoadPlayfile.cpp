@@ -4,6 +4,7 @@
 #include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
 #include "platform/FileNames.h"
+#include "platform/InputBytes.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "playfile/Effects.h"
@@ -32,12 +33,31 @@ void correctCode(std::int16_t& code) {
 // A file may end, or hold a bad value, in the middle of a frame. Values are therefore corrected as soon as
 // they have been read; the others are not those of the file.
 
-void readFrame(QuotedLineReader& in, FrameRecord& frame, ReferenceFinder& finder) {
+/// Finds the files of a playfile's references, and notes in its outcome which ones have changed.
+class References {
+public:
+    References(LoadOutcome& outcome, bool areKept)
+        : outcome_(outcome), finder_(outcome.playfile.fileName), areKept_(areKept) {}
+
+    void find(FrameRecord& frame, std::string FrameRecord::*member) {
+        if (areKept_)
+            return;
+        if (auto before = finder_.find(frame.*member))
+            outcome_.found.push_back({{outcome_.framesRead + 1, member, std::move(*before)}, frame.*member});
+    }
+
+private:
+    LoadOutcome& outcome_;
+    ReferenceFinder finder_;
+    bool areKept_;
+};
+
+void readFrame(QuotedLineReader& in, FrameRecord& frame, References& references) {
     ReadValues(in, frame, [&](const MemberColumns& row) {
         if (&row == &kMember<&FrameRecord::commandfile>)
-            finder.find(frame.commandfile);
+            references.find(frame, &FrameRecord::commandfile);
         else if (&row == &kMember<&FrameRecord::PicturefileName>)
-            finder.find(frame.PicturefileName);
+            references.find(frame, &FrameRecord::PicturefileName);
         else if (&row == &kMember<&FrameRecord::PrefixCode>)
             correctCode(frame.PrefixCode);
         else if (&row == &kMember<&FrameRecord::SuffixCode>)
@@ -81,46 +101,45 @@ void readLine(QuotedLineReader& in, LineRecord& line, Font4x8& font4x8) {
     });
 }
 
-void readFrames(QuotedLineReader& in, const std::string& appFolder, LoadOutcome& outcome) {
+void readFrames(QuotedLineReader& in, const std::string& appFolder, References& references,
+                LoadOutcome& outcome) {
     OneBasedArray<FrameRecord>& frames = outcome.playfile.frames;
-    ReferenceFinder finder(outcome.playfile.fileName);
     Font4x8 font4x8(appFolder);
     const std::int16_t count = ReadFrameCount(in);
     frames.resize(count);
     outcome.framesAnnounced = count;
     for (FrameRecord& frame : frames) {
-        readFrame(in, frame, finder);
+        readFrame(in, frame, references);
         for (LineRecord& line : frame.lines)
             readLine(in, line, font4x8);
         ++outcome.framesRead;
     }
 }
 
-void readPlayfile(LoadOutcome& outcome, const LoadCircumstances& circumstances) {
+/// Calls `read()`, which returns the file's bytes.
+template <class Read>
+void readPlayfile(LoadOutcome& outcome, const LoadCircumstances& circumstances, Read read) {
     const std::string appFolder =
         circumstances.applicationFolder ? circumstances.applicationFolder() : GetAppFolder();
-    const FileBytes bytes = ValueOf(platform().files().read(outcome.playfile.fileName));
+    const auto bytes = read();
     outcome.playfile.isLegacy = false;
     QuotedLineReader in(bytes.text());
+    References references(outcome, circumstances.keepsReferences);
     try {
-        readFrames(in, appFolder, outcome);
+        readFrames(in, appFolder, references, outcome);
         outcome.isComplete = true;
     } catch (const RuntimeError& error) {
         outcome.error = FileError{error, in.lineNumber()};
     }
 }
 
-} // namespace
-
-LoadOutcome LoadPlayfileOver(Playfile existing, const std::string& path,
-                             const LoadCircumstances& circumstances) try {
+/// The outcome of `read(outcome)`, which fills in all but the name.
+template <class Read>
+LoadOutcome outcomeOf(Playfile existing, const std::string& name, Read read) try {
     LoadOutcome outcome{.playfile = std::move(existing)};
-    outcome.playfile.fileName = path;
+    outcome.playfile.fileName = name;
     try {
-        if (HasLegacyEnding(path))
-            ImportLegacyPlayfile(outcome, circumstances);
-        else
-            readPlayfile(outcome, circumstances);
+        read(outcome);
     } catch (const RuntimeError& error) {
         outcome.error = FileError{error, {}};
     }
@@ -129,14 +148,42 @@ LoadOutcome LoadPlayfileOver(Playfile existing, const std::string& path,
     RethrowAsRuntimeError();
 }
 
+LoadOutcome withFramesRead(LoadOutcome outcome) {
+    outcome.playfile.frames.resize(outcome.framesRead);
+    return outcome;
+}
+
+} // namespace
+
+LoadOutcome LoadPlayfileOver(Playfile existing, const std::string& path,
+                             const LoadCircumstances& circumstances) {
+    return outcomeOf(std::move(existing), path, [&](LoadOutcome& outcome) {
+        FileSystem& files = platform().files();
+        if (!HasLegacyEnding(path))
+            return readPlayfile(outcome, circumstances, [&] { return ValueOf(files.read(path)); });
+        outcome.playfile.isLegacy = true;
+        ImportLegacyPlayfile(*ValueOf(files.openToRead(path)), outcome, circumstances);
+    });
+}
+
 std::string PathOfReference(const std::string& reference) {
     return PathOnDisk(platform().files(), reference);
 }
 
 LoadOutcome LoadPlayfile(const std::string& path, const LoadCircumstances& circumstances) {
-    LoadOutcome outcome = LoadPlayfileOver({}, path, circumstances);
-    outcome.playfile.frames.resize(outcome.framesRead);
-    return outcome;
+    return withFramesRead(LoadPlayfileOver({}, path, circumstances));
+}
+
+LoadOutcome LoadPlayfileBytes(std::string_view bytes, const std::string& name,
+                              const LoadCircumstances& circumstances) {
+    InputBytes file(bytes);
+    return withFramesRead(outcomeOf({}, name, [&](LoadOutcome& outcome) {
+        outcome.playfile.isLegacy = HasLegacyMark(file);
+        if (outcome.playfile.isLegacy)
+            ImportLegacyPlayfile(file, outcome, circumstances);
+        else
+            readPlayfile(outcome, circumstances, [&] { return file; });
+    }));
 }
 
 } // namespace qrtVistrelClasses4

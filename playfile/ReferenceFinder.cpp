@@ -4,16 +4,18 @@
 #include "platform/Platform.h"
 #include "platform/Remembered.h"
 
+#include <utility>
+
 namespace qrtVistrelClasses4 {
 
 ReferenceFinder::ReferenceFinder(const std::string& playfile)
     : folder_(SplitPath(playfile).folder), names_(platform().files(), folder_) {}
 
-void ReferenceFinder::find(std::string& reference) {
+std::optional<std::string> ReferenceFinder::find(std::string& reference) {
     if (reference.empty() || FileExists(reference, existing_))
-        return;
-    if (const std::optional<std::string>& beside = besidePlayfile(reference))
-        reference = *beside;
+        return std::nullopt;
+    const std::optional<std::string>& beside = besidePlayfile(reference);
+    return beside ? std::optional(std::exchange(reference, *beside)) : std::nullopt;
 }
 
 const std::optional<std::string>& ReferenceFinder::besidePlayfile(const std::string& reference) {

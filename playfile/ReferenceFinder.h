@@ -17,8 +17,9 @@ public:
     /// `playfile` is the path of the playfile.
     explicit ReferenceFinder(const std::string& playfile);
 
-    /// Makes the reference name the file beside the playfile if only that file exists.
-    void find(std::string& reference);
+    /// Makes the reference name the file beside the playfile if only that file exists. Returns what it was
+    /// before such a change.
+    std::optional<std::string> find(std::string& reference);
 
 private:
     /// A reference to the file of that name beside the playfile, if there is one.

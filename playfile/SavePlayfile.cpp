@@ -10,6 +10,7 @@
 #include "playfile/LegacyFormat.h"
 #include "playfile/MediaFiles.h"
 #include "playfile/PlayfileFormat.h"
+#include "playfile/PlayfileOutput.h"
 
 #include <unordered_map>
 #include <utility>
@@ -86,14 +87,14 @@ private:
 /// Writes a frame, with its references to copies. `copy` is the first copy of this frame or of a later one;
 /// it is moved past those of this frame.
 void writeFrame(QuotedLineWriter& out, const FrameRecord& frame, std::int32_t number,
-                std::vector<CopiedReference>::const_iterator& copy,
-                std::vector<CopiedReference>::const_iterator end) {
+                std::vector<ChangedReference>::const_iterator& copy,
+                std::vector<ChangedReference>::const_iterator end) {
     if (copy == end || copy->reference.frame != number)
         return WriteFrame(out, frame);
     FrameRecord withCopies = frame;
     for (; copy != end && copy->reference.frame == number; ++copy)
         if (std::string& file = withCopies.*copy->reference.member; file == copy->reference.file)
-            file = copy->copy;
+            file = copy->now;
     WriteFrame(out, withCopies);
 }
 
@@ -109,35 +110,27 @@ bool isOlderPlayfile(const std::string& path) {
     return HasLegacyMark(*file.value());
 }
 
-void writePlayfile(const Playfile& playfile, const std::string& path, const SaveCircumstances& circumstances,
+void writePlayfile(const Playfile& playfile, ByteSink& to, const SaveCircumstances& circumstances,
                    SaveOutcome& outcome) {
-    ReplacementFile file(platform().files(), path);
-    Check(file.error());
     const std::int32_t count = playfile.frames.upperBound();
     ReferenceCopier copier(circumstances, outcome);
     for (FrameReference& reference : referencesOf(playfile))
         copier.copy(std::move(reference));
     copier.reportFailures();
-    QuotedLineWriter out(file);
+    QuotedLineWriter out(to);
     WriteFrameCount(out, count);
     auto copy = outcome.copies.cbegin();
     for (std::int32_t number = 1; number <= count; ++number)
         writeFrame(out, playfile.frames.at(number), number, copy, outcome.copies.cend());
     out.finish();
-    Check(file.commit());
 }
 
-} // namespace
-
-SaveOutcome SavePlayfile(const Playfile& playfile, const std::string& path,
-                         const SaveCircumstances& circumstances) try {
+/// The outcome of `write(outcome)`.
+template <class Write>
+SaveOutcome outcomeOf(Write write) try {
     SaveOutcome outcome;
     try {
-        outcome.wouldReplaceOlder = isOlderPlayfile(path);
-        if (outcome.wouldReplaceOlder)
-            throw RuntimeError(static_cast<int>(ErrorNumber::fileAlreadyExists),
-                               "The file is a playfile of the older format, which cannot be replaced");
-        writePlayfile(playfile, path, circumstances, outcome);
+        write(outcome);
     } catch (const RuntimeError& error) {
         outcome.error = error;
     }
@@ -146,7 +139,27 @@ SaveOutcome SavePlayfile(const Playfile& playfile, const std::string& path,
     RethrowAsRuntimeError();
 }
 
-void ReferToCopies(Playfile& playfile, const std::vector<CopiedReference>& copies) try {
+} // namespace
+
+SaveOutcome SavePlayfile(const Playfile& playfile, const std::string& path,
+                         const SaveCircumstances& circumstances) {
+    return outcomeOf([&](SaveOutcome& outcome) {
+        outcome.wouldReplaceOlder = isOlderPlayfile(path);
+        if (outcome.wouldReplaceOlder)
+            throw RuntimeError(static_cast<int>(ErrorNumber::fileAlreadyExists),
+                               "The file is a playfile of the older format, which cannot be replaced");
+        ReplacementFile file(platform().files(), path);
+        Check(file.error());
+        writePlayfile(playfile, file, circumstances, outcome);
+        Check(file.commit());
+    });
+}
+
+SaveOutcome WritePlayfile(const Playfile& playfile, ByteSink& to, const SaveCircumstances& circumstances) {
+    return outcomeOf([&](SaveOutcome& outcome) { writePlayfile(playfile, to, circumstances, outcome); });
+}
+
+void ReferToCopies(Playfile& playfile, const std::vector<ChangedReference>& copies) try {
     for (const auto& [reference, copy] : copies) {
         if (!playfile.frames.contains(reference.frame))
             continue;

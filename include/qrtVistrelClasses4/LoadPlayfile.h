@@ -6,6 +6,7 @@
 // 51 for an unknown failure.
 #pragma once
 
+#include <qrtVistrelClasses4/FrameReference.h>
 #include <qrtVistrelClasses4/Playfile.h>
 #include <qrtVistrelClasses4/PreferencesFile.h>
 #include <qrtVistrelClasses4/RuntimeError.h>
@@ -14,6 +15,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
@@ -38,6 +40,8 @@ struct LoadCircumstances {
     std::function<Cropping()> cropping{};
     /// A file of the older format gives at most this many frames and one more, but never more than 32767.
     std::int16_t framesAllowed = kUsualFramesAllowed;
+    /// If true, references stay as they are in the file, and files beside the playfile are not looked for.
+    bool keepsReferences = false;
 };
 
 /// Something in a frame of the older format that a playfile cannot hold, in words.
@@ -71,12 +75,19 @@ struct [[nodiscard]] LoadOutcome {
     bool isComplete = false;
     std::optional<FileError> error{};
     std::optional<LegacyDetails> legacy{}; ///< Of a file of the older format that could be opened.
+    /// References that now lead to files beside the playfile, in the order of the file.
+    std::vector<ChangedReference> found{};
 };
 
 /// Reads a playfile; a name ending in "PL2", in any case, is one of the older format. `playfile` has the
 /// frames that were read whole. References to picture and command files that are missing are replaced by
 /// files of that name beside the playfile.
 LoadOutcome LoadPlayfile(const std::string& path, const LoadCircumstances& circumstances = {});
+
+/// Reads a playfile from its bytes, for example those of a pipe. It is one of the older format if it starts
+/// with the mark of that format. `name` becomes its name; missing files are looked for in the folder of that.
+LoadOutcome LoadPlayfileBytes(std::string_view bytes, const std::string& name,
+                              const LoadCircumstances& circumstances = {});
 
 /// Reads a playfile over `existing`. What is not read stays as it was: members that files do not hold, and
 /// all frames if not even their number can be read. If the file is cut short or damaged later, there are as

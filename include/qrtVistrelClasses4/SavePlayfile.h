@@ -6,10 +6,10 @@
 // 51 for an unknown failure.
 #pragma once
 
+#include <qrtVistrelClasses4/FrameReference.h>
 #include <qrtVistrelClasses4/Playfile.h>
 #include <qrtVistrelClasses4/RuntimeError.h>
 
-#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string>
@@ -23,30 +23,14 @@ struct SaveCircumstances {
     std::function<bool()> wantsCopies{};
 };
 
-/// A file that a frame refers to.
-struct FrameReference {
-    std::int32_t frame = 0; ///< From 1.
-    std::string FrameRecord::*member = nullptr;
-    std::string file;
-
-    bool operator==(const FrameReference&) const = default;
-};
-
-/// A reference that now leads to a copy of its file.
-struct CopiedReference {
-    FrameReference reference; ///< The reference before the change.
-    std::string copy;         ///< Full name.
-
-    bool operator==(const CopiedReference&) const = default;
-};
-
 struct [[nodiscard]] SaveOutcome {
     std::optional<RuntimeError> error; ///< Empty if the playfile was written.
     /// True if `path` is a playfile of the older format, with a name that ends in "PL2". No save could make
     /// it again, so it is kept, and `error` says so.
     bool wouldReplaceOlder = false;
-    /// In the order of the frames. Filled even if the playfile could not be written afterwards.
-    std::vector<CopiedReference> copies;
+    /// References that now lead to copies of their files, in the order of the frames. Filled even if the
+    /// playfile could not be written afterwards.
+    std::vector<ChangedReference> copies;
     /// Files whose copying failed. They are referred to where they are. The first failure has been reported
     /// as usual; the others, and then their number, have been reported quietly.
     std::vector<FrameReference> failedCopies;
@@ -63,13 +47,18 @@ SaveOutcome SavePlayfile(const Playfile& playfile, const std::string& path,
                          const SaveCircumstances& circumstances = {});
 
 /// Makes references lead to the copies of a save, if the references are still there.
-void ReferToCopies(Playfile& playfile, const std::vector<CopiedReference>& copies);
+void ReferToCopies(Playfile& playfile, const std::vector<ChangedReference>& copies);
 
 /// What is added to a playfile's name for its export.
 inline constexpr const char* kXmlEnding = ".xml";
 
+/// The form of an export: the one that existing readers expect, whose elements have no root and no
+/// declaration, or an XML document in UTF-8.
+enum class XmlForm { elements, document };
+
 /// Writes all frames and lines to the file `path`. Returns the error if that fails; the existing file is then
 /// unchanged.
-[[nodiscard]] std::optional<RuntimeError> ExportXml(const Playfile& playfile, const std::string& path);
+[[nodiscard]] std::optional<RuntimeError> ExportXml(const Playfile& playfile, const std::string& path,
+                                                    XmlForm form = XmlForm::elements);
 
 } // namespace qrtVistrelClasses4

@@ -3,16 +3,19 @@
 #include "platform/FileNames.h"
 #include "platform/Path.h"
 #include "platform/ReplacementFile.h"
+#include "platform/TemporaryFiles.h"
 #include "platform/TemporaryName.h"
 #include "platform/posix/PosixFolders.h"
 #include "platform/posix/PosixSystem.h"
 
 #include <algorithm>
 #include <array>
+#include <csignal>
 #include <ctime>
 #include <dirent.h>
 #include <fcntl.h>
 #include <limits.h>
+#include <optional>
 #include <stdlib.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -173,6 +176,24 @@ SystemError mayWriteThere(const std::string& path, const struct stat* found) {
     return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0 ? SystemError::none : errorOn(path);
 }
 
+/// Holds back the signals that end a program, so that it can finish what one of them must find done.
+class HeldSignals {
+public:
+    HeldSignals() {
+        sigset_t held{};
+        (void)::sigemptyset(&held);
+        for (const int signal : kEndingSignals)
+            (void)::sigaddset(&held, signal);
+        (void)::pthread_sigmask(SIG_BLOCK, &held, &before_);
+    }
+    ~HeldSignals() { (void)::pthread_sigmask(SIG_SETMASK, &before_, nullptr); }
+    HeldSignals(const HeldSignals&) = delete;
+    HeldSignals& operator=(const HeldSignals&) = delete;
+
+private:
+    sigset_t before_{};
+};
+
 SystemError copyBytes(const Source& source, const std::string& from, ReplacementFile& target) {
     std::array<char, 65536> buffer;
     for (;;) {
@@ -301,12 +322,17 @@ Result<TemporaryFile> PosixFileSystem::createBeside(const std::string& path) {
     for (;;) {
         std::string name = folder + TemporaryName();
         auto file = std::make_unique<PosixOutputFile>(name);
+        std::optional<HeldSignals> untilNoted;
+        if (AreTemporaryFilesNoted())
+            untilNoted.emplace();
         const bool isOpen =
             file->open(O_WRONLY | O_CREAT | O_EXCL, replaces ? firstRights(old) : kNewFileMode);
         if (!isOpen && errno == EEXIST)
             continue;
         if (!isOpen)
             return errorOn(name);
+        NoteTemporaryFile(name);
+        untilNoted.reset();
         if (replaces)
             takeOverRights(file->descriptor(), old);
         return TemporaryFile{std::move(name), std::move(file), std::move(target)};
@@ -320,9 +346,10 @@ SystemError PosixFileSystem::mayWrite(const std::string& path) {
 }
 
 SystemError PosixFileSystem::moveOver(const std::string& from, const std::string& to) {
-    return isUsableName(from) && isUsableName(to) && ::rename(from.c_str(), to.c_str()) == 0
-               ? SystemError::none
-               : errorOn(from);
+    if (!isUsableName(from) || !isUsableName(to) || ::rename(from.c_str(), to.c_str()) != 0)
+        return errorOn(from);
+    ForgetTemporaryFile(from);
+    return SystemError::none;
 }
 
 SystemError PosixFileSystem::flushFolder(const std::string& folder) {
@@ -333,7 +360,10 @@ SystemError PosixFileSystem::flushFolder(const std::string& folder) {
 }
 
 SystemError PosixFileSystem::remove(const std::string& path) {
-    return isUsableName(path) && ::unlink(path.c_str()) == 0 ? SystemError::none : errorOn(path);
+    if (!isUsableName(path) || ::unlink(path.c_str()) != 0)
+        return errorOn(path);
+    ForgetTemporaryFile(path);
+    return SystemError::none;
 }
 
 SystemError PosixFileSystem::createFolder(const std::string& path) {

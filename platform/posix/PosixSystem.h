@@ -5,6 +5,7 @@
 #include "platform/ReplacementFile.h"
 
 #include <cerrno>
+#include <csignal>
 #include <ctime>
 #include <optional>
 #include <string>
@@ -22,6 +23,9 @@ auto uninterrupted(Call call) {
         result = call();
     return result;
 }
+
+/// The signals by which a user or the system ends a program.
+inline constexpr int kEndingSignals[] = {SIGINT, SIGTERM, SIGHUP};
 
 /// An open file or folder, which the destructor closes. The number is -1 if there is none.
 class Descriptor {

@@ -1,8 +1,10 @@
 #include "platform/windows/WindowsConsole.h"
 
+#include "platform/TemporaryFiles.h"
 #include "platform/windows/WindowsSystem.h"
 
 #include <algorithm>
+#include <array>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -11,12 +13,19 @@ constexpr DWORD kUnderstandsEscapeSequences = 4; // not named in every set of sy
 
 /// Null if the process has no such stream, as is usual for programs with windows.
 HANDLE handleOf(StandardStream stream) {
-    const HANDLE handle =
-        ::GetStdHandle(stream == StandardStream::output ? STD_OUTPUT_HANDLE : STD_ERROR_HANDLE);
+    const HANDLE handle = ::GetStdHandle(stream == StandardStream::input    ? STD_INPUT_HANDLE
+                                         : stream == StandardStream::output ? STD_OUTPUT_HANDLE
+                                                                            : STD_ERROR_HANDLE);
     return handle == INVALID_HANDLE_VALUE ? nullptr : handle;
 }
 
-bool hasReaderGone(DWORD code) { return code == ERROR_BROKEN_PIPE || code == ERROR_NO_DATA; }
+bool hasOtherEndGone(DWORD code) { return code == ERROR_BROKEN_PIPE || code == ERROR_NO_DATA; }
+
+/// Called when the user ends the program. The system ends it afterwards.
+BOOL WINAPI removeTemporaryFiles(DWORD) {
+    ForEachTemporaryFile([](const char* path) { ::DeleteFileA(path); });
+    return FALSE;
+}
 
 } // namespace
 
@@ -48,7 +57,7 @@ SystemError WindowsConsole::write(StandardStream stream, std::string_view text) 
         DWORD written = 0;
         const auto size = static_cast<DWORD>(std::min(text.size(), largestPiece));
         if (!::WriteFile(handle, text.data(), size, &written, nullptr))
-            return hasReaderGone(::GetLastError()) ? SystemError::none : lastSystemError();
+            return hasOtherEndGone(::GetLastError()) ? SystemError::none : lastSystemError();
         if (written == 0)
             return SystemError::diskFull;
         text.remove_prefix(written);
@@ -56,7 +65,29 @@ SystemError WindowsConsole::write(StandardStream stream, std::string_view text) 
     return SystemError::none;
 }
 
+Result<std::string> WindowsConsole::read(std::size_t most) {
+    const HANDLE handle = handleOf(StandardStream::input);
+    if (!handle)
+        return SystemError::unsupported;
+    std::string all;
+    std::array<char, 32768> piece;
+    for (;;) {
+        DWORD count = 0;
+        // The end of a pipe is an error.
+        if (!::ReadFile(handle, piece.data(), static_cast<DWORD>(piece.size()), &count, nullptr) &&
+            !hasOtherEndGone(::GetLastError()))
+            return lastSystemError();
+        if (count == 0)
+            return all;
+        all.append(piece.data(), count);
+        if (all.size() > most)
+            return SystemError::tooLarge;
+    }
+}
+
 std::vector<std::string> StartProgram(int argumentCount, const char* const* arguments) {
+    StartNotingTemporaryFiles();
+    ::SetConsoleCtrlHandler(&removeTemporaryFiles, TRUE);
     return {arguments + (argumentCount > 0 ? 1 : 0), arguments + argumentCount};
 }
 

@@ -1,6 +1,7 @@
 #include "platform/windows/WindowsFileSystem.h"
 
 #include "platform/Path.h"
+#include "platform/TemporaryFiles.h"
 #include "platform/TemporaryName.h"
 #include "platform/windows/WindowsSystem.h"
 
@@ -262,8 +263,10 @@ Result<TemporaryFile> WindowsFileSystem::createBeside(const std::string& path) {
     for (;;) {
         std::string name = folder + TemporaryName();
         auto file = std::make_unique<WindowsOutputFile>();
-        if (file->open(name, CREATE_NEW))
+        if (file->open(name, CREATE_NEW, FILE_SHARE_READ | FILE_SHARE_DELETE)) {
+            NoteTemporaryFile(name);
             return TemporaryFile{std::move(name), std::move(file), std::move(target)};
+        }
         if (::GetLastError() != ERROR_FILE_EXISTS)
             return lastSystemError();
     }
@@ -295,11 +298,15 @@ SystemError WindowsFileSystem::moveOver(const std::string& from, const std::stri
             return error;
         ::Sleep(pause);
     }
+    ForgetTemporaryFile(from);
     return SystemError::none;
 }
 
 SystemError WindowsFileSystem::remove(const std::string& path) {
-    return isUsableName(path) && ::DeleteFileA(path.c_str()) ? SystemError::none : lastSystemError();
+    if (!isUsableName(path) || !::DeleteFileA(path.c_str()))
+        return lastSystemError();
+    ForgetTemporaryFile(path);
+    return SystemError::none;
 }
 
 SystemError WindowsFileSystem::createFolder(const std::string& path) {

@@ -8,6 +8,10 @@
 #include "platform/posix/PosixRegistryStore.h"
 #include "platform/posix/PosixSystem.h"
 
+#include <gmock/gmock.h>
+
+#include <csignal>
+#include <cstdlib>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <tuple>
@@ -35,6 +39,22 @@ TEST_F(PosixPlatformTest, SavesThroughLinksAndCopiesNoFileOntoItselfThroughThem)
     EXPECT_EQ(std::filesystem::hard_link_count(file("target")), 2u);
     std::filesystem::create_symlink("loop", file("loop"));
     EXPECT_EQ(files().resolveLinks(file("loop")), file("loop")) << "a link to itself leads nowhere";
+}
+
+TEST_F(PosixPlatformTest, AProgramThatIsEndedInTheMiddleOfASaveLeavesNoTemporaryFile) {
+    const auto endedBy = [&](int signal) {
+        (void)StartProgram(0, nullptr);
+        ReplacementFile first(files(), file("first")), second(files(), file("second"));
+        (void)first.commit();
+        (void)second.write("half of it");
+        (void)std::raise(signal);
+    };
+    for (const int signal : kEndingSignals) {
+        EXPECT_EXIT(endedBy(signal), testing::KilledBySignal(signal), "");
+        EXPECT_THAT(files().namesIn(file("")), testing::UnorderedElementsAre(".", "..", "first"));
+    }
+    EXPECT_EXIT((std::signal(SIGHUP, SIG_IGN), endedBy(SIGHUP), std::exit(7)), testing::ExitedWithCode(7), "")
+        << "as a program that is to go on without its terminal";
 }
 
 TEST_F(PosixPlatformTest, SavingKeepsTheRightsOfAFileAndGivesANewOneTheUsualOnes) {

@@ -3,7 +3,6 @@
 
 #include "HostTest.h"
 #include "platform/FileNames.h"
-#include "settings/RegistrySettings.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/SavePlayfile.h>
 
@@ -102,6 +101,18 @@ TEST_F(LoadingPlayfiles, FindsMissingFilesBesideThePlayfile) {
         expectRead(why, 6, reference, &FrameRecord::PicturefileName, found);
         expectRead(why, 1, reference, &FrameRecord::commandfile, found);
     }
+    const LoadOutcome changed = load(fileWith(6, "Moved.bmp"));
+    EXPECT_EQ(changed.found,
+              (std::vector<ChangedReference>{{{1, &FrameRecord::PicturefileName, "Moved.bmp"}, beside}}));
+    const LoadOutcome kept = LoadPlayfile(path_, {.keepsReferences = true});
+    EXPECT_EQ(kept.playfile.frames.at(1).PicturefileName + std::to_string(kept.found.size()), "Moved.bmp0");
+    const std::string cutShort = fileWith(6, "Moved.bmp").substr(0, 60);
+    files().put(path_, cutShort);
+    EXPECT_EQ(LoadPlayfileOver({OneBasedArray<FrameRecord>(1), "", false}, path_)
+                  .playfile.frames.at(1)
+                  .PicturefileName,
+              beside)
+        << cutShort;
 }
 
 TEST_F(LoadingPlayfiles, AsksAboutEachFileAndFolderOnce) {
@@ -135,34 +146,6 @@ TEST_F(LoadingPlayfiles, TakesThe4x8FontFromAnotherFolderIfTheApplicationHasNone
     Texts values = oneFrame();
     values[29] = "2";
     EXPECT_EQ(load(fileOf(values)).playfile.frames.at(1).lines.at(1).LineCustomFont, font);
-}
-
-TEST_F(LoadingPlayfiles, CorrectsWhatWasReadOfAFileThatIsCutShortAndNothingElse) {
-    WriteSetting("Vistrel3", "Settings", "AppPath", folder_);
-    const std::string beside = JoinPath(folder_, "a.bmp"), gone = "Q:\\a.bmp",
-                      font = JoinPath(JoinPath(folder_, "CustomFonts"), "FNT4X8.CFF");
-    files().put(beside, "picture");
-    Texts values = oneFrame();
-    values[1] = values[6] = gone;
-    values[7] = values[8] = "2001";
-    values[29] = "2";
-    Playfile existing{OneBasedArray<FrameRecord>(1), "", false};
-    FrameRecord& old = existing.frames.at(1);
-    old.commandfile = old.PicturefileName = gone;
-    old.PrefixCode = old.SuffixCode = 2001;
-    old.lines.resize(1);
-    old.lines.at(1).LineFontSize = 2;
-    for (int read = 0; read < std::ssize(values); ++read) {
-        files().put(path_, fileOf({values.begin(), values.begin() + read + 1}));
-        const LoadOutcome outcome = LoadPlayfileOver(existing, path_);
-        const FrameRecord& frame = outcome.playfile.frames.at(1);
-        const LineRecord& line = frame.lines.at(1);
-        EXPECT_EQ(std::tuple(frame.commandfile, frame.PicturefileName, frame.PrefixCode, frame.SuffixCode,
-                             line.LineFontSize, line.LineCustomFont),
-                  std::tuple(read < 1 ? gone : beside, read < 6 ? gone : beside, read < 7 ? 2001 : 2000,
-                             read < 8 ? 2001 : 2000, read < 29 ? 2 : 12, read < 29 ? "" : font))
-            << read;
-    }
 }
 
 TEST_F(LoadingPlayfiles, LeavesWhatWasThereWhereNothingWasRead) {

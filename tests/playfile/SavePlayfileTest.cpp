@@ -45,7 +45,7 @@ TEST_F(SavingPlayfiles, CopiesFilesFromDrivesThatMayGoAwayIfTheOperatorWantsIt) 
     EXPECT_EQ(questions, 1) << "for three files, once the drive may go away";
     EXPECT_NE(saved().find(command.file), std::string::npos);
     const SaveOutcome outcome = save(true);
-    EXPECT_EQ(outcome.copies, (std::vector<CopiedReference>{{command, copy}}));
+    EXPECT_EQ(outcome.copies, (std::vector<ChangedReference>{{command, copy}}));
     EXPECT_EQ(outcome.failedCopies, (std::vector{picture, other}));
     for (std::size_t i = 0; i < host_.reports.all.size(); ++i)
         EXPECT_EQ(host_.reports.all[i].error.isQuiet(), i > 0) << "only one is shown, and the last counts";

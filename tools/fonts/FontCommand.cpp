@@ -133,7 +133,8 @@ ExitCode make(const FontOptions& options, Session& session) {
 
 ExitCode check(const FontOptions& options, Session& session) {
     const std::optional<Font> font = loadFont(options, session.errors);
-    const auto opened = font ? OpenPlayfile(options.playfile, options.answers, session.errors) : std::nullopt;
+    const auto opened =
+        font ? OpenPlayfile(options.playfile, YesUnlessNo(options.answers), session.errors) : std::nullopt;
     if (!opened)
         return ExitCode::failed;
     const ScopedMoment moment(options.at);

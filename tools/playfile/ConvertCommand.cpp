@@ -1,6 +1,4 @@
 // vistrel convert: playfiles of the older format saved as current ones, many at once.
-#include "frame/SystemErrors.h"
-#include "frame/Traced.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
@@ -8,6 +6,8 @@
 #include "tools/playfile/Saving.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
+#include "tools/program/Inputs.h"
+#include "tools/program/Outputs.h"
 
 #include <algorithm>
 #include <vector>
@@ -16,8 +16,9 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 struct ConvertOptions {
-    std::vector<std::string> files;
+    InputOptions input;
     std::string to;
+    OutputOptions output;
 };
 
 /// Shows on the terminal which file is being converted, and removes that text at the end.
@@ -43,10 +44,11 @@ private:
     std::size_t total_;
 };
 
-/// Name of the playfile of the current format that `file` is converted to.
-std::string targetOf(const std::string& file, const std::string& folder) {
+/// The playfile of the current format that a file is converted to. It is in the same place below the folder
+/// of the new files as the old one below the folder that was typed.
+std::string targetOf(const Input& input, const std::string& folder) {
     constexpr std::string_view ending = ".PL2";
-    std::string_view name = SplitPath(file).name;
+    std::string_view name = input.path == kStandardStream ? "stdin" : std::string_view(input.below);
     const std::size_t stem = name.size() - std::min(name.size(), ending.size());
     if (stem > 0 && EqualIgnoringAsciiCase(name.substr(stem), ending))
         name = name.substr(0, stem);
@@ -59,44 +61,50 @@ struct Counts {
 };
 
 /// Converts the file `from` to `to`, and counts it. If that fails, the reason goes to the session's errors.
-void convertFile(const std::string& from, const std::string& to, Counts& counts, Session& session) {
+ExitCode convertFile(const std::string& from, const std::string& to, Counts& counts, Outputs& outputs,
+                     Session& session) {
     const auto opened =
         OpenPlayfile(from, {.yes = true}, session.errors); // whoever converts files wants them opened
     if (!opened)
-        return;
-    if (!opened->playfile.isLegacy)
-        return session.errors.add("not converted: it is a current playfile already");
-    if (platform().files().hasEntry(to)) // a link that leads nowhere must not be written through either
-        return session.errors.add("not converted: " + to + " exists already");
-    if (!SaveOpened(*opened, to, {.no = true}, session)) // the files it refers to stay where they are
-        return;
+        return ExitCode::failed;
+    if (!opened->playfile.isLegacy) {
+        session.errors.add("not converted: it is a current playfile already");
+        return ExitCode::failed;
+    }
+    const SavingOptions saving{.answers = {.no = true}}; // the files it refers to stay where they are
+    if (const ExitCode code = SaveOpened(*opened, to, saving, outputs, session, "not converted");
+        code != ExitCode::done)
+        return code;
     ++counts.converted;
     counts.incomplete += opened->isComplete ? 0 : 1;
-    session.out << Visible(from + " -> " + to) << "; " << Counted(opened->framesRead, "frame") << '\n';
+    outputs.remark(Visible(InputName(from) + " -> " + to) + "; " + Counted(opened->framesRead, "frame"));
+    return ExitCode::done;
 }
 
 ExitCode convert(const ConvertOptions& options, Session& session) {
-    session.errors.aboutFile(options.to);
-    FileSystem& files = platform().files();
-    if (files.kindOf(options.to) != EntryKind::folder)
-        Check(files.createFolder(options.to));
-    const std::size_t total = options.files.size();
+    const std::vector<Input> inputs = FindInputs(options.input, InputKind::olderPlayfile, session.errors);
+    session.errors.about(options.to);
+    const EntryKind kind = platform().files().kindOf(options.to);
+    if (kind != EntryKind::missing && kind != EntryKind::folder) {
+        session.errors.add(FileFault{"is not a folder", true});
+        return ExitCode::failed;
+    }
+    Outputs outputs(options.output, ExistingFiles::kept, session);
+    outputs.makeFolders();
     Counts counts;
     {
-        Progress progress(total);
-        for (const std::string& file : options.files) {
+        Progress progress(inputs.size());
+        (void)ForEachInput(inputs, session, [&](const Input& input) {
             progress.startNext();
-            const auto error =
-                ErrorOf([&] { convertFile(file, targetOf(file, options.to), counts, session); });
-            if (error) // the other files can be converted all the same
-                session.errors.add(*error);
-        }
+            return convertFile(input.path, targetOf(input, options.to), counts, outputs, session);
+        });
     }
-    session.out << "Converted " << counts.converted << " of " << Counted(total, "file");
+    std::string summary =
+        "Converted " + std::to_string(counts.converted) + " of " + Counted(inputs.size(), "file");
     if (counts.incomplete > 0)
-        session.out << ", " << counts.incomplete << " of them not completely";
-    session.out << '\n';
-    return counts.converted == total && counts.incomplete == 0 ? ExitCode::done : ExitCode::failed;
+        summary += ", " + std::to_string(counts.incomplete) + " of them not completely";
+    outputs.remark(summary);
+    return counts.converted == inputs.size() && counts.incomplete == 0 ? ExitCode::done : ExitCode::failed;
 }
 
 } // namespace
@@ -104,16 +112,17 @@ ExitCode convert(const ConvertOptions& options, Session& session) {
 void SetUpConvertCommand(CLI::App& command, Session& session) {
     const auto options = std::make_shared<ConvertOptions>();
     SetAction(command, session, options, &convert);
-    command
-        .add_option("FILES", options->files,
+    AddInputOptions(command, options->input, "FILES",
                     "The playfiles; bad ones are reported and left out. What a frame loses is reported, too, "
                     "and the exit code is then 1")
         ->required();
     command
-        .add_option("--to", options->to,
-                    "Folder for the new files, which end in .playfile; made if it is missing. Existing files "
-                    "are left alone")
+        .add_option(
+            "--to", options->to,
+            "Folder for the new files, which end in .playfile; made if it is missing. Files in folders "
+            "get the same folders there")
         ->required();
+    AddOutputOptions(command, options->output, ExistingFiles::kept);
 }
 
 } // namespace qrtVistrelClasses4

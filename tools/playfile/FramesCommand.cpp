@@ -8,10 +8,13 @@
 #include "tools/program/JsonText.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 
+#include <algorithm>
 #include <istream>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -45,8 +48,8 @@ std::string text(const FrameRange& range) {
 
 struct FramesOptions {
     std::string file;
-    std::string out; ///< If empty, the playfile itself.
-    AnswerOptions answers;
+    OutputOptions output; ///< Without a name, the playfile itself is saved.
+    SavingOptions saving;
     bool json = false;
 
     FrameNumber at, from, to;
@@ -106,13 +109,46 @@ bool putIn(FrameInfoClass& playfile, const FrameRange& range, FrameInfoClass& so
     return true;
 }
 
+/// The references of each frame that loading has changed. An edit moves them like the frames.
+using Changes = std::vector<std::vector<ChangedReference>>;
+
+Changes changesOf(LoadOutcome& opened) {
+    Changes changes(static_cast<std::size_t>(opened.playfile.frames.upperBound()));
+    for (ChangedReference& change : opened.found)
+        changes.at(static_cast<std::size_t>(change.reference.frame) - 1).push_back(std::move(change));
+    return changes;
+}
+
+/// With the numbers that the frames have now.
+std::vector<ChangedReference> inOrder(Changes&& changes) {
+    std::vector<ChangedReference> all;
+    std::int32_t number = 0;
+    for (std::vector<ChangedReference>& frame : changes) {
+        ++number;
+        for (ChangedReference& change : frame) {
+            change.reference.frame = number;
+            all.push_back(std::move(change));
+        }
+    }
+    return all;
+}
+
 /// The playfiles of one edit.
 struct Edit {
     const FramesOptions& options;
     ErrorLines& errors;
     LoadOutcome opened;
-    std::optional<LoadOutcome> other; ///< The one to paste from.
+    Changes changes = changesOf(opened);
+    std::optional<LoadOutcome> other{}; ///< The one to paste from.
     FrameInfoClass playfile{};
+
+    /// The changes of frame `number`, which may be one after the last.
+    Changes::iterator at(std::int32_t number) { return changes.begin() + (number - 1); }
+    /// Puts those of frames of `source` in at `AT`.
+    void insertChanges(const Changes& source, const FrameRange& range) {
+        const Changes copied(source.begin() + (range.first - 1), source.begin() + range.last);
+        changes.insert(at(options.at.value), copied.begin(), copied.end());
+    }
 };
 
 // The edits. Each returns a text about what it has done, or adds an error.
@@ -125,6 +161,7 @@ std::string insertFrame(Edit& edit) {
     bool isAfterLast = at > playfile.TotalFrames();
     playfile.CurrentFrame(isAfterLast ? playfile.TotalFrames() : NarrowToInt16(at));
     playfile.InsertFrame(isAfterLast);
+    edit.changes.emplace(edit.at(at));
     return "inserted frame " + std::to_string(at);
 }
 
@@ -136,6 +173,7 @@ std::string deleteFrames(Edit& edit) {
     std::int16_t last = NarrowToInt16(frames.last);
     std::shared_ptr<FrameInfoClass> cutOut;
     edit.playfile.CutInfo(first, last, cutOut);
+    edit.changes.erase(edit.at(frames.first), edit.at(frames.last + 1));
     if (edit.opened.legacy)
         std::erase_if(edit.opened.legacy->losses, [&](const LegacyLoss& loss) {
             return loss.frame >= frames.first && loss.frame <= frames.last;
@@ -149,6 +187,10 @@ std::string moveFrame(Edit& edit) {
     if (!isWithin("FROM", from, last, edit.errors) || !isWithin("TO", to, last, edit.errors))
         return {};
     edit.playfile.MoveFrame(NarrowToInt16(from), NarrowToInt16(to));
+    if (from < to)
+        std::rotate(edit.at(from), edit.at(from + 1), edit.at(to + 1));
+    else
+        std::rotate(edit.at(to), edit.at(from), edit.at(from + 1));
     return "moved frame " + std::to_string(from) + " to " + std::to_string(to);
 }
 
@@ -156,6 +198,7 @@ std::string copyFrames(Edit& edit) {
     const FramesOptions& options = edit.options;
     if (!putIn(edit.playfile, options.frames, edit.playfile, options, edit.errors))
         return {};
+    edit.insertChanges(edit.changes, options.frames);
     return "copied " + text(options.frames) + " to " + std::to_string(options.at.value);
 }
 
@@ -167,6 +210,7 @@ std::string pasteFrames(Edit& edit) {
     edit.errors.about(options.other);
     if (!putIn(edit.playfile, range, other, options, edit.errors))
         return {};
+    edit.insertChanges(changesOf(*edit.other), range);
     AddLosses(*edit.other, edit.errors, range.first, range.last);
     return "pasted " + text(range) + " of " + options.other + " at " + std::to_string(options.at.value);
 }
@@ -174,11 +218,11 @@ std::string pasteFrames(Edit& edit) {
 template <auto change>
 ExitCode editFrames(const FramesOptions& options, Session& session) {
     ErrorLines& errors = session.errors;
-    auto opened = OpenPlayfile(options.file, options.answers, errors);
+    auto opened = OpenToSave(options.file, options.saving, errors);
     if (!opened)
         return ExitCode::failed;
-    Edit edit{options, errors, std::move(*opened), {}};
-    if (!options.other.empty() && !(edit.other = OpenPlayfile(options.other, options.answers, errors)))
+    Edit edit{options, errors, std::move(*opened)};
+    if (!options.other.empty() && !(edit.other = OpenToSave(options.other, options.saving, errors)))
         return ExitCode::failed;
     errors.about(options.file);
     edit.playfile.Adopt(std::move(edit.opened.playfile));
@@ -186,15 +230,18 @@ ExitCode editFrames(const FramesOptions& options, Session& session) {
     const std::string done = change(edit);
     if (errors.count() > errorsOfOpening)
         return ExitCode::failed;
-    const std::string& name = options.out.empty() ? options.file : options.out;
+    OutputOptions output = options.output;
+    output.out = output.out.empty() ? options.file : NameFromPattern(output.out, options.file);
+    Outputs outputs(output, ExistingFiles::replaced, session);
     edit.opened.playfile = edit.playfile.Value();
-    if (!SaveOpened(edit.opened, name, options.answers, session))
-        return ExitCode::failed;
+    edit.opened.found = inOrder(std::move(edit.changes));
+    if (const ExitCode code = SaveOpened(edit.opened, output.out, options.saving, outputs, session);
+        code != ExitCode::done)
+        return code;
     const std::int16_t count = edit.playfile.TotalFrames();
-    if (options.json)
-        session.out << JsonText({{"file", name}, {"done", done}, {"TotalFrames", count}}) << '\n';
-    else
-        session.out << Visible(name + ": " + done) << "; " << Counted(count, "frame") << " now\n";
+    outputs.remark(options.json ? JsonText({{"file", output.out}, {"done", done}, {"TotalFrames", count}})
+                                : Visible(OutputName(output.out) + ": " + done) + "; " +
+                                      Counted(count, "frame") + " now");
     return ExitCode::done;
 }
 
@@ -204,12 +251,13 @@ void SetUpFramesCommand(CLI::App& frames, Session& session) {
     const auto options = std::make_shared<FramesOptions>();
     frames.require_subcommand(1);
     frames
-        .add_option("FILE", options->file,
-                    "The playfile; saved in place unless --out names another file. Files that it refers to "
-                    "and that are found only beside it are saved with that place")
+        .add_option(
+            "FILE", options->file,
+            R"(The playfile, or "-" for standard input; saved in place unless --out names another file)")
         ->required();
-    frames.add_option("--out", options->out, "The file to save; an existing file is replaced");
-    AddAnswerOptions(frames, options->answers);
+    AddOutOption(frames, options->output, "The file to save");
+    AddOutputOptions(frames, options->output, ExistingFiles::replaced);
+    AddSavingOptions(frames, options->saving);
     frames.add_flag("--json", options->json, "Prints the file, what was done and the number of frames");
 
     const auto add = [&](const char* name, auto run, const char* description, const char* example) {

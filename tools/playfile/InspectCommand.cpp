@@ -1,16 +1,17 @@
 // vistrel inspect: what a playfile of the older format contains, and what is lost when it is opened.
 #include "frame/SystemErrors.h"
 #include "platform/Hex.h"
-#include "platform/Platform.h"
 #include "playfile/LegacyFormat.h"
 #include "tools/playfile/Opening.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
+#include "tools/program/Inputs.h"
 #include "tools/program/JsonText.h"
 #include "tools/program/PropertyValues.h"
 #include "tools/program/Table.h"
 
 #include <algorithm>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -20,7 +21,7 @@ namespace {
 using nlohmann::ordered_json;
 
 struct InspectOptions {
-    std::string file;
+    InputOptions input;
     bool json = false;
 };
 
@@ -88,7 +89,7 @@ void printJson(std::ostream& out, const std::string& name, InputFile& file) {
     JsonArray records(out);
     inspectRecords(file, [&](const InspectedRecord& record) { records.add(jsonOf(record)); });
     records.end();
-    out << ",\n\"bytesBehindRecords\": " << ExtentOf(file).bytesAfter << "\n}\n";
+    out << ",\n\"bytesBehindRecords\": " << ExtentOf(file).bytesAfter << "\n}";
 }
 
 /// The flags up to the last one that is set, in hexadecimal.
@@ -146,17 +147,31 @@ void printTables(std::ostream& out, InputFile& file) {
 }
 
 ExitCode inspect(const InspectOptions& options, Session& session) {
-    session.errors.aboutFile(options.file);
-    const auto file = ValueOf(platform().files().openToRead(options.file));
-    if (!HasLegacyMark(*file)) {
-        session.errors.add(FaultWithoutLegacyMark(options.file));
-        return ExitCode::failed;
-    }
-    if (options.json)
-        printJson(session.out, options.file, *file);
-    else
-        printTables(session.out, *file);
-    return ExitCode::done;
+    const std::vector<Input> inputs = FindInputs(options.input, InputKind::olderPlayfile, session.errors);
+    Headings headings(options.input, session.out);
+    std::optional<JsonArray> files; // for several files as JSON
+    if (options.json && options.input.areSeveral())
+        files.emplace(session.out);
+    const ExitCode code = ForEachInput(inputs, session, [&](const Input& input) {
+        AboutInput(session.errors, input.path);
+        const auto file = OpenInput(input.path);
+        if (!HasLegacyMark(*file)) {
+            session.errors.add(FaultWithoutLegacyMark(InputName(input.path)));
+            return ExitCode::failed;
+        }
+        if (options.json) {
+            printJson(files ? files->startElement() : session.out, input.path, *file);
+        } else {
+            headings.print(input.path);
+            printTables(session.out, *file);
+        }
+        return ExitCode::done;
+    });
+    if (files)
+        files->end();
+    if (options.json && (files || code == ExitCode::done))
+        session.out << '\n';
+    return code;
 }
 
 } // namespace
@@ -164,8 +179,12 @@ ExitCode inspect(const InspectOptions& options, Session& session) {
 void SetUpInspectCommand(CLI::App& command, Session& session) {
     const auto options = std::make_shared<InspectOptions>();
     SetAction(command, session, options, &inspect);
-    command.add_option("FILE", options->file, "The playfile, whatever its name ends in")->required();
-    command.add_flag("--json", options->json, "Prints the records with all their unknown bytes");
+    AddInputOptions(command, options->input, "FILES", "The playfiles, whatever their names end in")
+        ->required();
+    command.add_flag(
+        "--json", options->json,
+        "Prints the records with all their unknown bytes; for several files, an array of what one "
+        "file gives");
 }
 
 } // namespace qrtVistrelClasses4

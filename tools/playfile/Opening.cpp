@@ -3,6 +3,7 @@
 #include "playfile/LegacyFormat.h"
 #include "playfile/OperatorQuestions.h"
 #include "tools/program/Encoding.h"
+#include "tools/program/Inputs.h"
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -55,9 +56,12 @@ bool goesOn(const LoadOutcome& outcome, const AnswerOptions& options, ErrorLines
     return true;
 }
 
-std::optional<LoadOutcome> open(const std::string& name, const AnswerOptions& options, ErrorLines& errors) {
-    errors.aboutFile(name);
-    LoadOutcome outcome = LoadPlayfile(name);
+std::optional<LoadOutcome> open(const std::string& name, const AnswerOptions& options, ErrorLines& errors,
+                                const LoadCircumstances& circumstances = {}) {
+    AboutInput(errors, name);
+    LoadOutcome outcome = name == kStandardStream
+                              ? LoadPlayfileBytes(ReadStandardInput(), InputName(name), circumstances)
+                              : LoadPlayfile(name, circumstances);
     addError(outcome, errors);
     if (outcome.playfile.isLegacy && !goesOn(outcome, options, errors))
         return std::nullopt;
@@ -73,8 +77,8 @@ FileFault FaultWithoutLegacyMark(const std::string& name) {
 }
 
 std::optional<LoadOutcome> OpenPlayfile(const std::string& name, const AnswerOptions& options,
-                                        ErrorLines& errors) {
-    std::optional<LoadOutcome> outcome = open(name, options, errors);
+                                        ErrorLines& errors, const LoadCircumstances& circumstances) {
+    std::optional<LoadOutcome> outcome = open(name, options, errors, circumstances);
     if (outcome && outcome->error)
         outcome.reset();
     return outcome;

@@ -15,11 +15,12 @@ namespace qrtVistrelClasses4 {
 /// What is wrong with the file `name` if it lacks the mark of the older format.
 FileFault FaultWithoutLegacyMark(const std::string& name);
 
-/// Reads the file `name`. Adds what is wrong with it to `errors`, whose subject is the file from then on.
-/// Returns nothing if it could not be read to its end, or if it is of the older format and the answer is no.
-/// Frames of the older format that could not be read are errors, too, but the other frames are returned.
+/// Reads the file `name`, or standard input. Adds what is wrong with it to `errors`, whose subject is the
+/// file from then on. Returns nothing if it could not be read to its end, or if it is of the older format and
+/// the answer is no. Frames of the older format that could not be read are errors, too, but the other frames
+/// are returned.
 std::optional<LoadOutcome> OpenPlayfile(const std::string& name, const AnswerOptions& options,
-                                        ErrorLines& errors);
+                                        ErrorLines& errors, const LoadCircumstances& circumstances = {});
 
 /// The same, but a current playfile is returned even if it could not be read to its end, with the frames that
 /// could.

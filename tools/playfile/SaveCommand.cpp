@@ -1,21 +1,43 @@
-// vistrel save: a playfile under another name.
-#include "tools/playfile/Opening.h"
+// vistrel save: playfiles under other names.
 #include "tools/playfile/Saving.h"
-#include "tools/program/Commands.h"
+#include "tools/program/Inputs.h"
 
 namespace qrtVistrelClasses4 {
 namespace {
 
 struct SaveOptions {
-    std::string from;
-    std::string to;
-    AnswerOptions answers;
+    InputOptions input; ///< Without "--out", the playfile and the name to save it under.
+    OutputOptions output;
+    SavingOptions saving;
 };
 
+ExitCode saveFiles(const SaveOptions& options, Session& session) {
+    if (!NamesEachFile(options.output, options.input.areSeveral(), session.errors))
+        return ExitCode::wrongUsage;
+    const std::vector<Input> inputs = FindInputs(options.input, InputKind::playfile, session.errors);
+    Outputs outputs(options.output, ExistingFiles::replaced, session);
+    return ForEachInput(inputs, session, [&](const Input& input) {
+        const auto opened = OpenToSave(input.path, options.saving, session.errors);
+        return opened ? SaveOpened(*opened, NameFromPattern(options.output.out, input.path), options.saving,
+                                   outputs, session)
+                      : ExitCode::failed;
+    });
+}
+
 ExitCode save(const SaveOptions& options, Session& session) {
-    const auto opened = OpenPlayfile(options.from, options.answers, session.errors);
-    return opened && SaveOpened(*opened, options.to, options.answers, session) ? ExitCode::done
-                                                                               : ExitCode::failed;
+    if (!options.output.out.empty())
+        return saveFiles(options, session);
+    const auto& names = options.input.names;
+    if (names.size() != 2 || options.input.recursive) {
+        session.errors.about({});
+        session.errors.add("save takes a playfile and the name to save it under, or playfiles and --out");
+        return ExitCode::wrongUsage;
+    }
+    OutputOptions output = options.output;
+    output.out = names.back();
+    Outputs outputs(output, ExistingFiles::replaced, session);
+    const auto opened = OpenToSave(names.front(), options.saving, session.errors);
+    return opened ? SaveOpened(*opened, names.back(), options.saving, outputs, session) : ExitCode::failed;
 }
 
 } // namespace
@@ -23,9 +45,12 @@ ExitCode save(const SaveOptions& options, Session& session) {
 void SetUpSaveCommand(CLI::App& command, Session& session) {
     const auto options = std::make_shared<SaveOptions>();
     SetAction(command, session, options, &save);
-    command.add_option("IN", options->from, "The playfile to open")->required();
-    command.add_option("OUT", options->to, "The file to save; an existing file is replaced")->required();
-    AddAnswerOptions(command, options->answers);
+    AddInputOptions(command, options->input, "IN OUT",
+                    "The playfile to open and the file to save; with --out, only playfiles to open")
+        ->required();
+    AddOutOption(command, options->output, "The files to save");
+    AddOutputOptions(command, options->output, ExistingFiles::replaced);
+    AddSavingOptions(command, options->saving);
 }
 
 } // namespace qrtVistrelClasses4

@@ -2,31 +2,88 @@
 
 #include "playfile/LegacyFormat.h"
 #include "playfile/OperatorQuestions.h"
+#include "playfile/PlayfileOutput.h"
 #include "tools/playfile/Opening.h"
-#include <qrtVistrelClasses4/SavePlayfile.h>
+#include "tools/program/Encoding.h"
+#include "tools/program/Inputs.h"
+
+#include <algorithm>
 
 namespace qrtVistrelClasses4 {
+namespace {
 
-bool SaveOpened(const LoadOutcome& opened, const std::string& to, const AnswerOptions& options,
-                Session& session) {
-    session.errors.aboutFile(to);
+SaveOutcome save(const Playfile& playfile, const std::string& to, const SavingOptions& options,
+                 std::ostream& out) {
+    SaveCircumstances circumstances;
+    if (!options.keepPaths)
+        circumstances.wantsCopies = [&] { return Answer(options.answers, AskWhetherToCopyFiles); };
+    if (to != kStandardStream)
+        return SavePlayfile(playfile, to, circumstances);
+    OutputTarget target(to, out);
+    return WritePlayfile(playfile, target, circumstances);
+}
+
+void remark(const std::string& to, const std::vector<ChangedReference>& changes, const Outputs& outputs) {
+    for (const auto& [reference, now] : changes)
+        outputs.remark(Visible(OutputName(to)) + ": frame " + std::to_string(reference.frame) + ": the " +
+                       (reference.member == &FrameRecord::commandfile ? "command file" : "picture") +
+                       " is now " + VisibleName(now));
+}
+
+/// The changes of loading without those whose result has been changed again by `copies`.
+std::vector<ChangedReference> lastingChanges(std::vector<ChangedReference> found,
+                                             const std::vector<ChangedReference>& copies) {
+    std::erase_if(found, [&](const ChangedReference& change) {
+        return std::ranges::any_of(copies, [&](const ChangedReference& copy) {
+            return copy.reference.frame == change.reference.frame &&
+                   copy.reference.member == change.reference.member;
+        });
+    });
+    return found;
+}
+
+} // namespace
+
+void AddSavingOptions(CLI::App& command, SavingOptions& options) {
+    command.add_flag("--keep-paths", options.keepPaths,
+                     "Saves references to files as they are in the playfile; else files that are found only "
+                     "beside it are saved with that place");
+    AddAnswerOptions(command, options.answers);
+}
+
+std::optional<LoadOutcome> OpenToSave(const std::string& name, const SavingOptions& options,
+                                      ErrorLines& errors) {
+    return OpenPlayfile(name, options.answers, errors, {.keepsReferences = options.keepPaths});
+}
+
+ExitCode SaveOpened(const LoadOutcome& opened, const std::string& to, const SavingOptions& options,
+                    Outputs& outputs, Session& session, const std::string& notDone) {
+    AboutOutput(session.errors, to);
     if (HasLegacyEnding(to)) {
-        session.errors.add(
-            "not saved: a name that ends in PL2 is for the older format, which cannot be saved");
-        return false;
+        session.errors.add(notDone +
+                           ": a name that ends in PL2 is for the older format, which cannot be saved");
+        return ExitCode::failed;
     }
-    const SaveOutcome saved = SavePlayfile(
-        opened.playfile, to, {.wantsCopies = [&] { return Answer(options, AskWhetherToCopyFiles); }});
+    session.errors.about(opened.playfile.fileName);
+    if (const auto code = outputs.codeInsteadOf(to, notDone)) {
+        if (*code == ExitCode::done)
+            AddLosses(opened, session.errors);
+        return *code;
+    }
+    AboutOutput(session.errors, to);
+    const SaveOutcome saved = save(opened.playfile, to, options, session.out);
     if (saved.error) {
-        session.errors.add("not saved", *saved.error);
-        return false;
+        session.errors.add(notDone, *saved.error);
+        return ExitCode::failed;
     }
     AddLosses(opened, session.errors);
+    remark(to, lastingChanges(opened.found, saved.copies), outputs);
+    remark(to, saved.copies, outputs);
     if (const std::size_t count = saved.failedCopies.size(); count > 0)
         session.errors.add(Counted(count, "reference") +
                            (count == 1 ? " leads to a file" : " lead to files") +
                            " that could not be copied");
-    return true;
+    return ExitCode::done;
 }
 
 } // namespace qrtVistrelClasses4

@@ -3,15 +3,29 @@
 
 #include "tools/program/Answers.h"
 #include "tools/program/Commands.h"
+#include "tools/program/Outputs.h"
 #include <qrtVistrelClasses4/LoadPlayfile.h>
 
 #include <string>
 
 namespace qrtVistrelClasses4 {
 
-/// Saves an opened playfile as the file `to`, and adds what a playfile of the older format loses to the
-/// session's errors. Returns false, and adds the reason instead, if it cannot be saved.
-bool SaveOpened(const LoadOutcome& opened, const std::string& to, const AnswerOptions& options,
-                Session& session);
+struct SavingOptions {
+    AnswerOptions answers;
+    bool keepPaths = false;
+};
+
+/// Adds "--keep-paths", "--yes" and "--no".
+void AddSavingOptions(CLI::App& command, SavingOptions& options);
+
+/// Opens a playfile that is to be saved.
+std::optional<LoadOutcome> OpenToSave(const std::string& name, const SavingOptions& options,
+                                      ErrorLines& errors);
+
+/// Saves an opened playfile as the file `to`, or on standard output for "-", unless `outputs` is against it.
+/// Remarks which references have changed, and adds what a playfile of the older format loses to the session's
+/// errors. `notDone` begins the reason if it cannot be saved.
+ExitCode SaveOpened(const LoadOutcome& opened, const std::string& to, const SavingOptions& options,
+                    Outputs& outputs, Session& session, const std::string& notDone = "not saved");
 
 } // namespace qrtVistrelClasses4

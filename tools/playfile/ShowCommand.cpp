@@ -2,12 +2,15 @@
 #include "playfile/Effects.h"
 #include "tools/playfile/Opening.h"
 #include "tools/program/Commands.h"
+#include "tools/program/Inputs.h"
 #include "tools/program/JsonText.h"
 #include "tools/program/PropertyValues.h"
 #include "tools/program/Table.h"
 
 #include <array>
 #include <limits>
+#include <optional>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -17,7 +20,7 @@ using nlohmann::ordered_json;
 constexpr const char* kLineCount = "TotalLinesAllowed"; // no member of a frame has it
 
 struct ShowOptions {
-    std::string file;
+    InputOptions input;
     std::int16_t frame = 0; ///< 0 for all frames.
     bool json = false;
     AnswerOptions answers;
@@ -125,8 +128,21 @@ ordered_json jsonOf(const FrameRecord& frame) {
     return object;
 }
 
-ExitCode show(const ShowOptions& options, Session& session) {
-    const auto opened = OpenWholeFrames(options.file, options.answers, session.errors);
+void printJson(std::ostream& out, const Playfile& playfile, std::int32_t first, std::int32_t last) {
+    JsonArray array(out);
+    for (std::int32_t number = first; number <= last; ++number)
+        array.add(jsonOf(playfile.frames.at(number)));
+    array.end();
+}
+
+/// Where the files are shown.
+struct Display {
+    Headings headings;
+    std::optional<JsonArray> files; ///< For several files as JSON.
+};
+
+ExitCode showFile(const std::string& path, const ShowOptions& options, Display& display, Session& session) {
+    const auto opened = OpenWholeFrames(path, YesUnlessNo(options.answers), session.errors);
     if (!opened)
         return ExitCode::failed;
     const Playfile& playfile = opened->playfile;
@@ -142,19 +158,36 @@ ExitCode show(const ShowOptions& options, Session& session) {
     AddLosses(*opened, session.errors, first, last);
     for (std::int32_t number = first; number <= last; ++number)
         reportUnreadable(playfile.frames.at(number), number, session.errors);
-    if (options.json) {
-        JsonArray array(session.out);
-        for (std::int32_t number = first; number <= last; ++number)
-            array.add(jsonOf(playfile.frames.at(number)));
-        array.end();
+    if (display.files) {
+        display.files->startElement() << "{\n\"file\": " << JsonText(path) << ",\n\"frames\": ";
+        printJson(session.out, playfile, first, last);
+        session.out << "\n}";
+    } else if (options.json) {
+        printJson(session.out, playfile, first, last);
         session.out << '\n';
     } else if (isOne) {
+        display.headings.print(path);
         printFrame(session.out, playfile.frames.at(options.frame));
     } else if (!opened->error || count > 0) {
+        display.headings.print(path);
         printFrames(session.out, playfile);
         printSummary(session.out, playfile);
     }
     return ExitCode::done;
+}
+
+ExitCode show(const ShowOptions& options, Session& session) {
+    const std::vector<Input> inputs = FindInputs(options.input, InputKind::playfile, session.errors);
+    Display display{Headings(options.input, session.out), {}};
+    if (options.json && options.input.areSeveral())
+        display.files.emplace(session.out);
+    const ExitCode code = ForEachInput(
+        inputs, session, [&](const Input& input) { return showFile(input.path, options, display, session); });
+    if (display.files) {
+        display.files->end();
+        session.out << '\n';
+    }
+    return code;
 }
 
 } // namespace
@@ -162,11 +195,14 @@ ExitCode show(const ShowOptions& options, Session& session) {
 void SetUpShowCommand(CLI::App& command, Session& session) {
     const auto options = std::make_shared<ShowOptions>();
     SetAction(command, session, options, &show);
-    command.add_option("FILE", options->file, "The playfile")->required();
+    AddInputOptions(command, options->input, "FILES", "The playfiles")->required();
     command
         .add_option("--frame", options->frame, "Shows one frame with all its properties and lines; from 1")
         ->check(CLI::Range(1, int{std::numeric_limits<std::int16_t>::max()}));
-    command.add_flag("--json", options->json, "Prints an array of frames with every property");
+    command.add_flag(
+        "--json", options->json,
+        "Prints an array of frames with every property; for several files, an array of objects with "
+        "\"file\" and \"frames\"");
     AddAnswerOptions(command, options->answers);
 }
 

@@ -1,7 +1,6 @@
 // vistrel preview: frames as the sign shows them.
 #include "frame/SystemErrors.h"
 #include "platform/Platform.h"
-#include "platform/ReplacementFile.h"
 #include "playfile/ReferenceFinder.h"
 #include "tools/commands/StoredCommands.h"
 #include "tools/playfile/Opening.h"
@@ -10,12 +9,15 @@
 #include "tools/preview/TerminalPicture.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
+#include "tools/program/Inputs.h"
 #include "tools/program/Moment.h"
+#include "tools/program/Outputs.h"
 #include "tools/program/Size.h"
 #include "tools/signs/SignsFile.h"
 #include <qrtVistrelClasses4/FramePainter.h>
 #include <qrtVistrelClasses4/FrameSheet.h>
 
+#include <algorithm>
 #include <functional>
 #include <limits>
 
@@ -33,13 +35,13 @@ constexpr std::int64_t kMostDotsInText = 4'000'000;
 constexpr std::int64_t kLargestSide = 1'000'000; ///< Limit of the PNG library.
 
 struct PreviewOptions {
-    std::string file;
-    std::int16_t frame = 1;
+    InputOptions input;
+    std::int16_t frame = 0; ///< 0 for the first, or for all if each gets a file.
     bool sheet = false;
     std::optional<DotSize> size;
     std::string sign;
-    int scale = 0;   ///< 0 for the usual one.
-    std::string out; ///< Empty for the terminal.
+    int scale = 0;        ///< 0 for the usual one.
+    OutputOptions output; ///< Without a name for the terminal.
     std::optional<Moment> at;
     AnswerOptions answers;
 };
@@ -65,24 +67,42 @@ OneBasedArray<FrameRecord> framesOf(Playfile&& playfile) {
     return std::move(playfile.frames);
 }
 
-/// One run of the command, on an open playfile.
+/// The numbers of the frames to show.
+struct FramesShown {
+    std::int32_t first = 0;
+    std::int32_t last = 0;
+};
+
+FramesShown framesShown(const PreviewOptions& options, std::int32_t count) {
+    const std::int32_t first = std::max<std::int32_t>(options.frame, 1);
+    const bool areAll = options.sheet || (options.frame == 0 && HasPlaceholder(options.output.out, 'n'));
+    return {first, areAll ? count : first};
+}
+
+/// What the command does with one open playfile.
 class Preview {
 public:
-    Preview(const PreviewOptions& options, const SignLook& sign, OneBasedArray<FrameRecord> frames,
-            Session& session)
-        : options_(options), session_(session), frames_(std::move(frames)),
-          painter_(makePainter(sign, session.errors)), first_(options.sheet ? 1 : options.frame),
-          last_(options.sheet ? frames_.upperBound() : options.frame),
+    /// All that is passed must outlive this object.
+    Preview(const PreviewOptions& options, const std::string& file, const SignLook& sign,
+            OneBasedArray<FrameRecord> frames, Outputs& outputs, Session& session)
+        : options_(options), file_(file), outputs_(outputs), session_(session), frames_(std::move(frames)),
+          painter_(makePainter(sign, session.errors)), shown_(framesShown(options, frames_.upperBound())),
           size_(options.size ? *options.size
                 : sign.size  ? *sign.size
                              : painter_.sizeFor(frames_)) {}
 
     ExitCode run() {
-        session_.errors.about(options_.file);
+        session_.errors.about(InputName(file_));
         addFaults();
-        if (options_.out.empty())
+        if (options_.output.out.empty())
             return print();
-        return options_.sheet ? drawSheet() : drawFrame();
+        if (options_.sheet)
+            return drawSheet();
+        ExitCode result = ExitCode::done;
+        for (std::int32_t number = shown_.first; number <= shown_.last; ++number)
+            if (const ExitCode code = drawFrame(number); code != ExitCode::done)
+                result = code;
+        return result;
     }
 
 private:
@@ -90,8 +110,8 @@ private:
     /// Draws a picture from the top.
     using DrawStrips = std::function<void(const OnStrip& onStrip)>;
 
-    void draw(const FramePainter::OnFrame& onFrame) {
-        painter_.draw(frames_, first_, last_, size_, onFrame);
+    void draw(const FramesShown& frames, const FramePainter::OnFrame& onFrame) {
+        painter_.draw(frames_, frames.first, frames.last, size_, onFrame);
         addFaults();
     }
     void addFaults() { AddFaults(painter_.takeFaults(), session_.errors); }
@@ -115,13 +135,14 @@ private:
     }
 
     ExitCode print() {
-        const std::int64_t count = std::int64_t{size_.width} * size_.height * (last_ - first_ + 1);
+        const std::int64_t count =
+            std::int64_t{size_.width} * size_.height * (shown_.last - shown_.first + 1);
         if (count > kMostDotsInText) {
             session_.errors.add(std::to_string(count) + " dots are too many for text: at most " +
                                 std::to_string(kMostDotsInText) + " are printed, more in a file with --out");
             return ExitCode::failed;
         }
-        draw([&](std::int32_t number, const PixelBuffer& dots) {
+        draw(shown_, [&](std::int32_t number, const PixelBuffer& dots) {
             if (options_.sheet)
                 session_.out << Visible(Utf8FromAnsi(caption(number))) << '\n';
             PrintDots(session_.out, dots);
@@ -130,21 +151,22 @@ private:
         return ExitCode::done;
     }
 
-    ExitCode drawFrame() {
+    ExitCode drawFrame(std::int32_t number) {
         LedPainter leds(scaleOr(kScaleOfFrame));
         const std::int64_t width = leds.sizeOf(size_.width);
         const std::int64_t height = leds.sizeOf(size_.height);
         if (!isDrawable(width, height))
             return ExitCode::failed;
         Raster picture(static_cast<std::int32_t>(width), static_cast<std::int32_t>(height));
-        draw([&](std::int32_t, const PixelBuffer& dots) { leds.draw(dots, picture, 0, 0); });
+        draw({number, number},
+             [&](std::int32_t, const PixelBuffer& dots) { leds.draw(dots, picture, 0, 0); });
         return save(
             picture.size(), [&](const OnStrip& onStrip) { onStrip(picture); },
-            "frame " + std::to_string(first_));
+            "frame " + std::to_string(number), number);
     }
 
     ExitCode drawSheet() {
-        const std::int32_t count = last_;
+        const std::int32_t count = shown_.last;
         FrameSheet sheet(count, size_, scaleOr(kScaleOfSheet));
         for (int scale = kScaleOfSheet - 1;
              scale >= 1 && !options_.scale && !fits(sheet.width(), sheet.height()); --scale)
@@ -157,45 +179,83 @@ private:
         const auto drawStrips = [&](const OnStrip& onStrip) {
             sheet.draw(frames_, painter_, captionOf, onStrip);
         };
-        return save(size, drawStrips, Counted(count, "frame"));
+        return save(size, drawStrips, Counted(count, "frame"), 0);
     }
 
     /// Saves a picture of `size` pixels. It is drawn twice, so that it never has to be in memory as a whole.
-    ExitCode save(DotSize size, const DrawStrips& drawStrips, const std::string& what) {
+    ExitCode save(DotSize size, const DrawStrips& drawStrips, const std::string& what, std::int32_t number) {
+        const std::string out = NameFromPattern(options_.output.out, file_, number);
+        if (const auto code = outputs_.codeInsteadOf(out))
+            return *code;
         Palette palette;
         drawStrips([&](const Raster& strip) { palette.add(strip); });
         addFaults(); // and not those of the second time, which are the same
-        ReplacementFile file(platform().files(), options_.out);
-        aboutOutput([&] { Check(file.error()); });
+        OutputTarget file(out, session_.out);
+        aboutOutput(out, [&] { Check(file.error()); });
         PngWriter png(size, palette, file);
-        drawStrips([&](const Raster& strip) { aboutOutput([&] { png.write(strip); }); });
-        aboutOutput([&] {
+        drawStrips([&](const Raster& strip) { aboutOutput(out, [&] { png.write(strip); }); });
+        aboutOutput(out, [&] {
             png.finish();
             Check(file.commit());
         });
-        session_.out << Visible(options_.out) << ": " << what << ", " << size_.width << " x " << size_.height
-                     << " dots, " << size.width << " x " << size.height << " pixels\n";
+        outputs_.remark(Visible(OutputName(out)) + ": " + what + ", " + std::to_string(size_.width) + " x " +
+                        std::to_string(size_.height) + " dots, " + std::to_string(size.width) + " x " +
+                        std::to_string(size.height) + " pixels");
         return ExitCode::done;
     }
 
     /// Runs `write`, whose errors are about the output file. All others are about the playfile.
     template <class Write>
-    void aboutOutput(Write write) {
-        session_.errors.aboutFile(options_.out);
+    void aboutOutput(const std::string& out, Write write) {
+        AboutOutput(session_.errors, out);
         write();
-        session_.errors.about(options_.file);
+        session_.errors.about(InputName(file_));
     }
 
     const PreviewOptions& options_;
+    const std::string& file_;
+    Outputs& outputs_;
     Session& session_;
     OneBasedArray<FrameRecord> frames_;
     FramePainter painter_;
-    std::int32_t first_;
-    std::int32_t last_;
+    FramesShown shown_;
     DotSize size_;
 };
 
+ExitCode previewFile(const std::string& path, const PreviewOptions& options, const SignLook& sign,
+                     Headings& headings, Outputs& outputs, Session& session) {
+    auto opened = OpenPlayfile(path, YesUnlessNo(options.answers), session.errors);
+    if (!opened)
+        return ExitCode::failed;
+    const std::int32_t count = opened->playfile.frames.upperBound();
+    const auto [first, last] = framesShown(options, count);
+    if (first > count) {
+        session.errors.add("there is no frame " + std::to_string(first) + ", the last one is " +
+                           std::to_string(count));
+        return ExitCode::failed;
+    }
+    if (options.output.out.empty())
+        headings.print(path);
+    AddLosses(*opened, session.errors, first, last);
+    return Preview(options, path, sign, framesOf(std::move(opened->playfile)), outputs, session).run();
+}
+
+/// False, after adding an error, if "--out" is not a pattern for what is to be drawn.
+bool isOutUsable(const PreviewOptions& options, ErrorLines& errors) {
+    const std::string& out = options.output.out;
+    if (!out.empty() && !HasEnding(out, ".png", errors))
+        return false;
+    if (options.sheet && HasPlaceholder(out, 'n')) {
+        errors.about("--out");
+        errors.add("a sheet has no frame number %n");
+        return false;
+    }
+    return NamesEachFile(options.output, options.input.areSeveral(), errors);
+}
+
 ExitCode preview(const PreviewOptions& options, Session& session) {
+    if (!isOutUsable(options, session.errors))
+        return ExitCode::wrongUsage;
     SignLook sign;
     if (!options.sign.empty()) {
         const auto found = findSignLook(options.sign, session.errors);
@@ -203,19 +263,13 @@ ExitCode preview(const PreviewOptions& options, Session& session) {
             return ExitCode::failed;
         sign = *found;
     }
-    auto opened = OpenPlayfile(options.file, options.answers, session.errors);
-    if (!opened)
-        return ExitCode::failed;
-    const std::int32_t last = opened->playfile.frames.upperBound();
-    const std::int32_t first = options.sheet ? 1 : options.frame;
-    if (first > last) {
-        session.errors.add("there is no frame " + std::to_string(first) + ", the last one is " +
-                           std::to_string(last));
-        return ExitCode::failed;
-    }
-    AddLosses(*opened, session.errors, first, options.sheet ? last : first);
+    const std::vector<Input> inputs = FindInputs(options.input, InputKind::playfile, session.errors);
     const ScopedMoment moment(options.at);
-    return Preview(options, sign, framesOf(std::move(opened->playfile)), session).run();
+    Headings headings(options.input, session.out);
+    Outputs outputs(options.output, ExistingFiles::replaced, session);
+    return ForEachInput(inputs, session, [&](const Input& input) {
+        return previewFile(input.path, options, sign, headings, outputs, session);
+    });
 }
 
 } // namespace
@@ -223,7 +277,7 @@ ExitCode preview(const PreviewOptions& options, Session& session) {
 void SetUpPreviewCommand(CLI::App& command, Session& session) {
     const auto options = std::make_shared<PreviewOptions>();
     SetAction(command, session, options, &preview);
-    command.add_option("FILE", options->file, "The playfile")->required();
+    AddInputOptions(command, options->input, "FILES", "The playfiles")->required();
     auto* frame = command.add_option("--frame", options->frame, "The frame to show, from 1; else the first")
                       ->check(CLI::Range(1, kMost16Bit));
     command.add_flag("--sheet", options->sheet, "Shows all frames, with their numbers and names")
@@ -234,10 +288,11 @@ void SetUpPreviewCommand(CLI::App& command, Session& session) {
     command.add_option("--sign", options->sign,
                        "Name of a sign in the list of signs, whose size, type and colours are used; else an "
                        "amber one");
-    auto* out = command.add_option(
-        "--out", options->out,
-        "PNG file to write the picture to; without it, the picture goes to the terminal, or in "
-        "plain letters to a file or pipe");
+    auto* out = AddOutOption(
+        command, options->output,
+        "PNG files to write the pictures to; without it, pictures go to the terminal, or in plain letters to "
+        "a file or pipe. With %n, the number of a frame, in the name each frame gets a file");
+    AddOutputOptions(command, options->output, ExistingFiles::replaced);
     command
         .add_option("--scale", options->scale,
                     "Pixels from one dot to the next; else 6, in a sheet 3 or as many as it allows")

@@ -13,6 +13,12 @@ struct AnswerOptions {
 
 void AddAnswerOptions(CLI::App& command, AnswerOptions& options);
 
+/// For commands that save no playfile, and so ask nothing about those of the older format. Only "--no" still
+/// leaves these alone.
+inline AnswerOptions YesUnlessNo(const AnswerOptions& options) {
+    return {.yes = !options.no, .no = options.no};
+}
+
 /// The answer that the options give to a question, or else the one that `ask` gets from the operator.
 inline bool Answer(const AnswerOptions& options, bool (*ask)()) {
     return options.yes || (!options.no && ask());

@@ -40,13 +40,6 @@ constexpr KnownKind kKnownKinds[] = {
     {kLegacyMark, 0, {}, "a playfile of the older format, whose name must end in PL2"},
 };
 
-/// True for the first line of a current playfile, which holds the number of frames between blanks, and the
-/// quote that starts the second.
-bool startsLikePlayfile(std::string_view start) {
-    const std::size_t digits = std::min(start.find_first_not_of("0123456789", 1), start.size());
-    return start.starts_with(' ') && digits > 1 && start.substr(digits).starts_with(" \r\n\"");
-}
-
 std::string startOf(const std::string& path) {
     constexpr std::size_t most = 32;
     std::string start(most, '\0');
@@ -75,6 +68,11 @@ FileFault faultOfMissing(const std::string& path) {
 
 } // namespace
 
+bool StartsLikePlayfile(std::string_view start) {
+    const std::size_t digits = std::min(start.find_first_not_of("0123456789", 1), start.size());
+    return start.starts_with(' ') && digits > 1 && start.substr(digits).starts_with(" \r\n\"");
+}
+
 std::string NoteOfKind(const std::string& path) {
     const std::string start = startOf(path);
     const std::string_view text = start;
@@ -84,7 +82,7 @@ std::string NoteOfKind(const std::string& path) {
     });
     if (known != std::end(kKnownKinds))
         return "; the file is " + std::string(known->name);
-    return startsLikePlayfile(text) ? "; the file is a current playfile" : "";
+    return StartsLikePlayfile(text) ? "; the file is a current playfile" : "";
 }
 
 FileFault FaultOf(const std::string& path, const RuntimeError& error) {

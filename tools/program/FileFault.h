@@ -28,6 +28,10 @@ FileFault FaultOf(const std::string& path, const RuntimeError& error);
 /// be known.
 FileFault FaultOf(const FileError& error, std::string_view place = {});
 
+/// True for the first line of a current playfile, which holds the number of frames between blanks, and the
+/// quote that starts the second.
+bool StartsLikePlayfile(std::string_view start);
+
 /// "; the file is a PNG picture", if the first bytes of the file `path` show what it is. Otherwise empty.
 std::string NoteOfKind(const std::string& path);
 

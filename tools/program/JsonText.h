@@ -24,10 +24,13 @@ public:
     void add(const nlohmann::ordered_json& element) {
         constexpr std::string_view opening = "[\n", closing = "\n]";
         const std::string array = JsonText(nlohmann::ordered_json::array({element})); // which indents it
-        out_ << std::exchange(separator_, ",\n")
-             << std::string_view(array).substr(opening.size(),
-                                               array.size() - opening.size() - closing.size());
-        end_ = closing;
+        startElement() << std::string_view(array).substr(opening.size(),
+                                                         array.size() - opening.size() - closing.size());
+    }
+    /// Returns the stream for an element that the caller prints.
+    std::ostream& startElement() {
+        end_ = "\n]";
+        return out_ << std::exchange(separator_, ",\n");
     }
     void end() { out_ << end_; }
 

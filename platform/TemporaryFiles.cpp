@@ -1,0 +1,59 @@
+#include "platform/TemporaryFiles.h"
+
+#include <array>
+#include <atomic>
+#include <cstddef>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+// A signal may come at any time, so all memory is there from the start and every change is one atomic step.
+
+enum class Use { free, changing, noted };
+static_assert(std::atomic<Use>::is_always_lock_free);
+
+constexpr std::size_t kMostFiles = 32;
+constexpr std::size_t kLongestPath = 4096; ///< With its NUL; systems take no longer ones.
+
+struct Place {
+    std::atomic<Use> use = Use::free;
+    std::array<char, kLongestPath> path{};
+
+    /// Makes the place this thread's own if its use is `expected`.
+    bool take(Use expected) { return use.compare_exchange_strong(expected, Use::changing); }
+};
+
+std::array<Place, kMostFiles> places;
+std::atomic<bool> areNoted = false;
+
+} // namespace
+
+void StartNotingTemporaryFiles() { areNoted = true; }
+bool AreTemporaryFilesNoted() { return areNoted; }
+
+void NoteTemporaryFile(const std::string& path) {
+    if (!areNoted || path.size() >= kLongestPath)
+        return;
+    for (Place& place : places)
+        if (place.take(Use::free)) {
+            place.path.at(path.copy(place.path.data(), path.size())) = '\0';
+            place.use = Use::noted;
+            return;
+        }
+}
+
+void ForgetTemporaryFile(const std::string& path) {
+    if (!areNoted)
+        return;
+    for (Place& place : places)
+        if (place.take(Use::noted))
+            place.use = path == place.path.data() ? Use::free : Use::noted;
+}
+
+void ForEachTemporaryFile(void (*visit)(const char* path)) {
+    for (Place& place : places)
+        if (place.use == Use::noted)
+            visit(place.path.data());
+}
+
+} // namespace qrtVistrelClasses4

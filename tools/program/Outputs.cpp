@@ -1,0 +1,174 @@
+#include "tools/program/Outputs.h"
+
+#include "frame/SystemErrors.h"
+#include "platform/FileNames.h"
+#include "platform/LetterCase.h"
+#include "platform/Path.h"
+#include "platform/Platform.h"
+#include "tools/program/Encoding.h"
+#include "tools/program/Inputs.h"
+
+#include <algorithm>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+/// Where the ending starts; the size of the path without one. A dot in front of a name starts no ending.
+std::size_t startOfEnding(std::string_view path) {
+    const std::size_t dot = path.rfind('.');
+    return dot == path.npos || dot <= SplitPath(path).folder.size() ? path.size() : dot;
+}
+
+/// Makes a folder and those above it, if they are missing.
+void makeFolder(const std::string& path) {
+    const std::size_t end = path.find_last_not_of("/\\");
+    const std::string folder = path.substr(0, end == path.npos ? 0 : end + 1);
+    if (folder.empty() || platform().files().kindOf(folder) != EntryKind::missing)
+        return;
+    makeFolder(std::string(SplitPath(folder).folder));
+    Check(platform().files().createFolder(folder));
+}
+
+} // namespace
+
+void AddOutputOptions(CLI::App& command, OutputOptions& options, ExistingFiles existing) {
+    const bool areKept = existing == ExistingFiles::kept;
+    CLI::Option* force = command.add_flag(
+        "--force", options.force, areKept ? "Replaces existing files" : "Replaces existing files, as usual");
+    command
+        .add_flag("--no-clobber", options.noClobber,
+                  areKept ? "Leaves existing files alone, as usual"
+                          : "Leaves existing files alone, with an error")
+        ->excludes(force);
+    command.add_flag("--dry-run", options.dryRun, "Prints what would be written, and writes nothing");
+    command.add_flag("--quiet", options.quiet, "Prints errors only");
+}
+
+CLI::Option* AddOutOption(CLI::App& command, OutputOptions& options, const std::string& description) {
+    return command.add_option("--out", options.out,
+                              description +
+                                  R"(; "-" for standard output. %f is the name of the playfile without )"
+                                  "folder and ending, %% is %");
+}
+
+bool HasPlaceholder(std::string_view pattern, char letter) {
+    for (std::size_t at = 0; (at = pattern.find('%', at)) != pattern.npos; at += 2)
+        if (at + 1 < pattern.size() && pattern[at + 1] == letter)
+            return true;
+    return false;
+}
+
+std::string NameFromPattern(std::string_view pattern, const std::string& input, std::int32_t frame) {
+    std::string name;
+    while (!pattern.empty()) {
+        const std::size_t size = std::min(pattern.find('%'), pattern.size());
+        name += pattern.substr(0, size);
+        pattern.remove_prefix(size);
+        const char letter = pattern.size() > 1 ? pattern[1] : ' ';
+        if (letter == 'f')
+            name += input == kStandardStream ? "stdin" : StemOf(input);
+        else if (letter == 'n' && frame > 0)
+            name += std::to_string(frame);
+        else
+            name += pattern.substr(0, letter == '%' ? 1 : 2); // as it is
+        pattern.remove_prefix(std::min<std::size_t>(pattern.size(), 2));
+    }
+    return name;
+}
+
+std::string EndingOf(std::string_view path) {
+    std::string ending(path.substr(startOfEnding(path)));
+    std::ranges::transform(ending, ending.begin(), [](char character) {
+        return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+    });
+    return ending;
+}
+
+std::string StemOf(std::string_view path) {
+    return std::string(SplitPath(path.substr(0, startOfEnding(path))).name);
+}
+
+std::string OutputName(const std::string& path) { return path == kStandardStream ? "standard output" : path; }
+
+void AboutOutput(ErrorLines& errors, const std::string& path) {
+    if (path == kStandardStream)
+        errors.about(OutputName(path));
+    else
+        errors.aboutFile(path);
+}
+
+bool HasEnding(const std::string& path, std::string_view ending, ErrorLines& errors) {
+    if (path == kStandardStream || EndingOf(path) == ending)
+        return true;
+    errors.about(path);
+    errors.add("the ending says what is written, and only " + std::string(ending) + " is known here");
+    return false;
+}
+
+bool NamesEachFile(const OutputOptions& options, bool areSeveral, ErrorLines& errors) {
+    if (!areSeveral || options.out.empty() || HasPlaceholder(options.out, 'f'))
+        return true;
+    errors.about("--out");
+    errors.add("names one file for several playfiles; %f in it takes the name of each");
+    return false;
+}
+
+OutputTarget::OutputTarget(const std::string& path, std::ostream& out) : out_(out) {
+    if (path != kStandardStream)
+        file_.emplace(platform().files(), path);
+}
+
+SystemError OutputTarget::write(std::string_view bytes) {
+    if (file_)
+        return file_->write(bytes);
+    out_ << bytes; // a failure is found when the program ends
+    return SystemError::none;
+}
+
+std::string Outputs::refusal(const std::string& path) {
+    if (path == kStandardStream)
+        return platform().console().isTerminal(StandardStream::output)
+                   ? "standard output is a terminal; it takes a file or a pipe"
+                   : "";
+    if (const auto [earlier, isNew] = names_.emplace(FoldedName(path), path); !isNew)
+        return earlier->second == path
+                   ? "an earlier file of this run has the name " + path + ", too"
+                   : path + " differs only in case from " + earlier->second + ", an earlier file of this run";
+    if (!replaces_ && platform().files().hasEntry(path)) // or a link that leads nowhere
+        return path + " exists already; --force replaces it";
+    const SystemError error = options_.dryRun ? platform().files().mayWrite(path) : SystemError::none;
+    return error == SystemError::none || (error == SystemError::folderNotFound && makesFolders_)
+               ? ""
+               : path + ": " + FaultOf(path, ErrorFor(error)).clause();
+}
+
+std::optional<ExitCode> Outputs::codeInsteadOf(const std::string& path, const std::string& notDone) {
+    if (const std::string reason = refusal(path); !reason.empty()) {
+        session_.errors.add(notDone + ": " + reason);
+        return ExitCode::failed;
+    }
+    if (!options_.dryRun) {
+        if (makesFolders_)
+            makeFolder(std::string(SplitPath(path).folder));
+        return std::nullopt;
+    }
+    const bool isThere = path != kStandardStream && platform().files().hasEntry(path);
+    print(Visible((isThere ? "Would replace " : "Would write ") + OutputName(path)));
+    return ExitCode::done;
+}
+
+void Outputs::remark(const std::string& line) const {
+    if (!options_.dryRun)
+        print(line);
+}
+
+void Outputs::print(const std::string& line) const {
+    if (options_.quiet)
+        return;
+    if (options_.out == kStandardStream)
+        (void)platform().console().write(StandardStream::error, line + '\n');
+    else
+        session_.out << line << '\n';
+}
+
+} // namespace qrtVistrelClasses4
