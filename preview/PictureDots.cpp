@@ -56,9 +56,10 @@ private:
     std::optional<int> higherOfTwo() const {
         if (values_.empty())
             return std::nullopt;
-        const auto [least, most] = std::ranges::minmax(values_);
-        const auto isOne = [&](int value) { return value == least || value == most; };
-        return least < most && std::ranges::all_of(values_, isOne) ? std::optional(most) : std::nullopt;
+        const auto ends = std::ranges::minmax(values_);
+        const auto isEnd = [&](int value) { return value == ends.min || value == ends.max; };
+        return ends.min < ends.max && std::ranges::all_of(values_, isEnd) ? std::optional(ends.max)
+                                                                          : std::nullopt;
     }
 
     /// Gives what each dot is too bright or too dark by to its neighbours on the right and below, in the
