@@ -6,6 +6,7 @@
 
 #include "frame/ErrorTrap.h"
 #include "frame/TraceRecords.h"
+#include <qrtVistrelClasses4/MemberTable.h>
 
 #include <optional>
 #include <type_traits>
@@ -87,6 +88,28 @@ std::invoke_result_t<Body&> tracedThrowing(Procedure where, Body body, Arg<Ts>..
         trace.abandon(record);
         RethrowAsRuntimeError();
     }
+}
+
+/// Calls `property.operator()<now>()` with what the access of a property is now: while the trace is off, a
+/// traced property is a trapped one. The callee is best a function of its own for each access, not inlined,
+/// so that the stack is only prepared for the trace while that is on.
+template <Access access, class Property>
+auto asAccessedNow(Property property) {
+    if constexpr (access == Access::traced)
+        if (!traceState.on)
+            return property.template operator()<Access::trapped>();
+    return property.template operator()<access>();
+}
+
+/// Runs the body of a property, called with `now` by `asAccessedNow`.
+template <Access now, class Body, class... Ts>
+std::invoke_result_t<Body&> accessed(Procedure where, Body body, Arg<Ts>... arguments) {
+    if constexpr (now == Access::traced)
+        return trappedOnTrace(where, body, std::move(arguments)...);
+    else if constexpr (now == Access::trapped)
+        return trapped(where, body, std::move(arguments)...);
+    else
+        return untraced(body);
 }
 
 /// Whether somebody counts the procedures that run. A procedure must then run each of its steps, also where
