@@ -58,21 +58,18 @@ TEST_F(CallTrace, ShowsEachKindOfArgument) {
 }
 
 TEST_F(CallTrace, ShowsChangedArgumentsAtExitAndKeepsThoseOfTheEntryForReports) {
-    const auto run = [](bool fails) {
+    for (const auto& [traceIsOn, fails] : {std::pair(true, false), {true, true}, {false, true}}) {
+        SwitchTrace(traceIsOn);
         std::int16_t number = 2;
         std::string name = "a";
-        const auto change = [&] {
+        const auto change = [&, shouldFail = fails] {
             number = 7;
             name = "b";
-            if (fails)
+            if (shouldFail)
                 fail();
         };
         traced(sub("Change"), change, Arg{"number", number}, Arg{"name", name});
-    };
-    run(false);
-    run(true);
-    SwitchTrace(false);
-    run(true);
+    }
     SwitchTrace(true);
     const std::string entry = "> Sub Change (number=2, name=a)";
     EXPECT_EQ(trace_.lines, (Texts{entry, "< Sub Change (number=7, name=b)", entry}))
