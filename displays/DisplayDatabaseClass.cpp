@@ -33,10 +33,13 @@ std::string_view propertyName(const Row& row) {
 template <class Row>
 constexpr bool isNumberAsText = !std::is_same_v<typename Row::Value, typename Row::Property>;
 
-/// Runs the body of a property, whose errors are trapped.
-template <class Body, class... Ts>
-std::invoke_result_t<Body&> onProperty(Access access, Procedure where, Body body, Arg<Ts>... arguments) {
-    return access == Access::traced ? traced(where, body, arguments...) : trapped(where, body, arguments...);
+/// What the property of a row reads.
+template <class Row>
+typename Row::Property propertyOf(const Row& row, const typename Row::Record& record) {
+    if constexpr (isNumberAsText<Row>)
+        return NumberToText(std::int32_t{record.*row.member});
+    else
+        return record.*row.member;
 }
 
 } // namespace
@@ -70,24 +73,18 @@ Record& DisplayDatabaseClass::current() {
     return currentOf<Record>(*this);
 }
 
-template <class Row>
-std::optional<typename Row::Property> DisplayDatabaseClass::findRow(const Row& row) const {
-    return onProperty(row.access, propertyGet(propertyName(row)),
-                      [&]() -> std::optional<typename Row::Property> {
-                          const auto& value = current<typename Row::Record>().*row.member;
-                          if constexpr (isNumberAsText<Row>)
-                              return NumberToText(std::int32_t{value});
-                          else
-                              return value;
-                      });
-}
-template <class Row>
+template <Access access, class Row>
 typename Row::Property DisplayDatabaseClass::readRow(const Row& row) const {
-    return findRow(row).value_or(typename Row::Property());
+    return asAccessedNow<access>([&]<Access now>() { return readRowAs<now>(row); });
+}
+template <Access now, class Row>
+typename Row::Property DisplayDatabaseClass::readRowAs(const Row& row) const {
+    return accessed<now>(propertyGet(propertyName(row)),
+                         [&] { return propertyOf(row, current<typename Row::Record>()); });
 }
 template <class Row>
 typename Row::Property DisplayDatabaseClass::readAndStoreRow(const Row& row) {
-    return onProperty(row.access, propertyGet(row.name), [&] {
+    return traced(propertyGet(row.name), [&] {
         auto& sign = current<DisplayRecord>();
         typename Row::Value value = row.get(sign);
         if (sign.*row.member != value) {
@@ -97,20 +94,22 @@ typename Row::Property DisplayDatabaseClass::readAndStoreRow(const Row& row) {
         return value;
     });
 }
-template <class Row>
+template <Access access, class Row>
 void DisplayDatabaseClass::writeRow(const Row& row, const typename Row::Property& vData) {
-    onProperty(
-        row.access, propertyLet(propertyName(row)),
-        [&] {
-            if constexpr (isNumberAsText<Row>) {
-                const std::int16_t number = TextToInt16(vData);
-                row.set(current<DisplayRecord>(), number);
-            } else {
-                row.set(current<typename Row::Record>(), vData);
-                noteChange(row);
-            }
-        },
-        Arg{"vData", vData});
+    asAccessedNow<access>([&]<Access now>() { writeRowAs<now>(row, vData); });
+}
+template <Access now, class Row>
+void DisplayDatabaseClass::writeRowAs(const Row& row, const typename Row::Property& vData) {
+    const auto body = [&] {
+        if constexpr (isNumberAsText<Row>) {
+            const std::int16_t number = TextToInt16(vData);
+            row.set(current<DisplayRecord>(), number);
+        } else {
+            row.set(current<typename Row::Record>(), vData);
+            noteChange(row);
+        }
+    };
+    accessed<now>(propertyLet(propertyName(row)), body, Arg{"vData", vData});
 }
 
 template <class Row>
@@ -121,25 +120,30 @@ void DisplayDatabaseClass::noteChange(const Row& row) {
 }
 
 // For the types of rows that the tables have.
-template std::optional<std::string>
-DisplayDatabaseClass::findRow(const SignMember<std::int16_t, std::string>&) const;
-template std::string DisplayDatabaseClass::readRow(const SignMember<std::string>&) const;
-template std::int16_t DisplayDatabaseClass::readRow(const SignMember<std::int16_t>&) const;
-template std::int32_t DisplayDatabaseClass::readRow(const SignMember<std::int32_t>&) const;
-template bool DisplayDatabaseClass::readRow(const SignMember<bool>&) const;
-template std::string DisplayDatabaseClass::readRow(const SignMember<std::int16_t, std::string>&) const;
-template std::string DisplayDatabaseClass::readRow(const ScheduleMember<std::string>&) const;
-template std::int16_t DisplayDatabaseClass::readRow(const ScheduleMember<std::int16_t>&) const;
+// clang-format off
+template std::string DisplayDatabaseClass::readRow<Access::traced>(const SignMember<std::string>&) const;
+template std::int16_t DisplayDatabaseClass::readRow<Access::traced>(const SignMember<std::int16_t>&) const;
+template std::int32_t DisplayDatabaseClass::readRow<Access::traced>(const SignMember<std::int32_t>&) const;
+template bool DisplayDatabaseClass::readRow<Access::traced>(const SignMember<bool>&) const;
+template std::string DisplayDatabaseClass::readRow<Access::traced>(const SignMember<std::int16_t, std::string>&) const;
+template std::string DisplayDatabaseClass::readRow<Access::trapped>(const SignMember<std::string>&) const;
+template std::int16_t DisplayDatabaseClass::readRow<Access::trapped>(const SignMember<std::int16_t>&) const;
+template std::int32_t DisplayDatabaseClass::readRow<Access::trapped>(const SignMember<std::int32_t>&) const;
+template std::string DisplayDatabaseClass::readRow<Access::traced>(const ScheduleMember<std::string>&) const;
+template std::int16_t DisplayDatabaseClass::readRow<Access::traced>(const ScheduleMember<std::int16_t>&) const;
 template std::string DisplayDatabaseClass::readAndStoreRow(const SignMember<std::string>&);
 template std::int16_t DisplayDatabaseClass::readAndStoreRow(const SignMember<std::int16_t>&);
-template void DisplayDatabaseClass::writeRow(const SignMember<std::string>&, const std::string&);
-template void DisplayDatabaseClass::writeRow(const SignMember<std::int16_t>&, const std::int16_t&);
-template void DisplayDatabaseClass::writeRow(const SignMember<std::int32_t>&, const std::int32_t&);
-template void DisplayDatabaseClass::writeRow(const SignMember<bool>&, const bool&);
-template void DisplayDatabaseClass::writeRow(const SignMember<std::int16_t, std::string>&,
-                                             const std::string&);
-template void DisplayDatabaseClass::writeRow(const ScheduleMember<std::string>&, const std::string&);
-template void DisplayDatabaseClass::writeRow(const ScheduleMember<std::int16_t>&, const std::int16_t&);
+template void DisplayDatabaseClass::writeRow<Access::traced>(const SignMember<std::string>&, const std::string&);
+template void DisplayDatabaseClass::writeRow<Access::traced>(const SignMember<std::int16_t>&, const std::int16_t&);
+template void DisplayDatabaseClass::writeRow<Access::traced>(const SignMember<std::int32_t>&, const std::int32_t&);
+template void DisplayDatabaseClass::writeRow<Access::traced>(const SignMember<bool>&, const bool&);
+template void DisplayDatabaseClass::writeRow<Access::traced>(const SignMember<std::int16_t, std::string>&, const std::string&);
+template void DisplayDatabaseClass::writeRow<Access::trapped>(const SignMember<std::string>&, const std::string&);
+template void DisplayDatabaseClass::writeRow<Access::trapped>(const SignMember<std::int16_t>&, const std::int16_t&);
+template void DisplayDatabaseClass::writeRow<Access::trapped>(const SignMember<std::int32_t>&, const std::int32_t&);
+template void DisplayDatabaseClass::writeRow<Access::traced>(const ScheduleMember<std::string>&, const std::string&);
+template void DisplayDatabaseClass::writeRow<Access::traced>(const ScheduleMember<std::int16_t>&, const std::int16_t&);
+// clang-format on
 
 // The cursors.
 

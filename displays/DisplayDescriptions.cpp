@@ -15,17 +15,21 @@ constexpr double kNew16x16OfZr7 = 1.44;
 constexpr double kNew16x16 = 2.18;
 constexpr std::size_t kVersionSize = 4;
 
+/// A member that is known when the program is compiled.
+template <auto member>
+using Member = std::integral_constant<decltype(member), member>;
+
 /// How a sign is reached; nothing for an unknown method. `text` gives the text of a member.
 template <class Text>
 std::optional<std::string> connection(std::int16_t method, const Text& text) {
     switch (method) {
     case kDirectConnection:
-        return text(&DisplayRecord::CommPort) + ":" + text(&DisplayRecord::BaudRate);
+        return text(Member<&DisplayRecord::CommPort>{}) + ":" + text(Member<&DisplayRecord::BaudRate>{});
     case kNetworkConnection:
-        return text(&DisplayRecord::IPAddress) + ":" + text(&DisplayRecord::CommPort);
+        return text(Member<&DisplayRecord::IPAddress>{}) + ":" + text(Member<&DisplayRecord::CommPort>{});
     case kModemConnection:
-        return text(&DisplayRecord::PhoneNumber) + ":" + text(&DisplayRecord::CommPort) + ":" +
-               text(&DisplayRecord::BaudRate);
+        return text(Member<&DisplayRecord::PhoneNumber>{}) + ":" + text(Member<&DisplayRecord::CommPort>{}) +
+               ":" + text(Member<&DisplayRecord::BaudRate>{});
     default:
         return std::nullopt;
     }
@@ -58,23 +62,15 @@ std::string DisplayDatabaseClass::TranslateConnectionMethodToString(std::int16_t
 
 std::string DisplayDatabaseClass::GetConnectionInfoInString() const {
     return trapped(DisplayFunction("GetConnectionInfoInString"), [&] {
-        const auto shown = connection(ConnectionMethod(), [&](std::string DisplayRecord::*member) {
-            std::string text;
-            ForEachRow(kDisplayMembers, [&]<class Row>(const Row& row) {
-                if constexpr (std::is_same_v<Row, SignMember<std::string>>)
-                    if (row.member == member)
-                        text = readRow(row);
-            });
-            return text;
-        });
-        return shown.value_or("");
+        const auto property = [&]<auto member>(Member<member>) { return read<member>(); };
+        return connection(ConnectionMethod(), property).value_or("");
     });
 }
 
 std::string DisplayDatabaseClass::GetSignTypeDescription() const {
     return trapped(DisplayFunction("GetSignTypeDescription"), [&] {
-        const auto type = findRow(kRowOf<kDisplayMembers, &DisplayRecord::DisplayType>);
-        return std::string(type ? SignTypeName(TextToInt16(*type)) : "");
+        const std::string type = DisplayType(); // empty after an error, which has been reported
+        return std::string(type.empty() ? "" : SignTypeName(TextToInt16(type)));
     });
 }
 

@@ -12,6 +12,7 @@
 #include <string_view>
 #include <tuple>
 #include <type_traits>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 
@@ -61,7 +62,8 @@ private:
     void recordEntry(const TraceRecord& record);
     void recordExit(const TraceRecord& record);
 };
-extern constinit thread_local TraceState traceState;
+// It is reached without a call, because each call of a procedure looks at it.
+[[gnu::tls_model("initial-exec")]] extern constinit thread_local TraceState traceState;
 
 /// The name of an object's class. It stays valid when a procedure releases the object.
 struct ObjectClassName {
@@ -93,19 +95,10 @@ std::string TraceText(const T& value) {
         return "<" + std::string(value ? value->ClassName() : "Nothing") + ">";
 }
 
-/// Name and value of an argument of a traced procedure. It copies nothing.
+/// An argument of a procedure: its name, and its value at entry and now. The value at entry is a copy for
+/// numbers, and for all that the procedure can change; for objects it is the name of their class.
 template <class T>
-struct Arg {
-    std::string_view name;
-    T& value;
-};
-template <class T>
-Arg(std::string_view, T&) -> Arg<T>;
-
-/// An argument of a running procedure, with its value at entry. That is a copy for numbers, and for all that
-/// the procedure can change; for objects it is the name of their class.
-template <class T>
-class TracedArgument {
+class Arg {
     using Plain = std::remove_const_t<T>;
     static constexpr bool isObject = std::is_constructible_v<ObjectClassName, const Plain&>;
     static constexpr bool isCopied = std::is_arithmetic_v<T> || std::is_enum_v<T> || !std::is_const_v<T>;
@@ -118,11 +111,10 @@ class TracedArgument {
                      If<isCopiedLater, std::optional<Plain>, If<isCopied, Plain, const Plain&>>>;
 
 public:
-    explicit TracedArgument(const Arg<T>& argument) noexcept
-        : name_(argument.name), now_(argument.value), entry_(entryOf(argument.value)) {}
+    Arg(std::string_view name, T& value) noexcept : name_(name), now_(value), entry_(entryOf(value)) {}
 
-    /// Makes the copy that the constructor could not make without risk. Until then the value is still the one
-    /// at entry.
+    /// Makes the copy that the constructor could not make without risk. To be called where errors are
+    /// trapped, before the procedure runs.
     void keep() {
         if constexpr (isCopiedLater)
             entry_.emplace(now_);
@@ -157,10 +149,10 @@ private:
 template <class... Ts>
 class ProcedureRecord final : public TraceRecord {
 public:
-    explicit ProcedureRecord(const Procedure& procedure, const Arg<Ts>&... arguments) noexcept
-        : procedure_(procedure), arguments_(arguments...) {}
+    explicit ProcedureRecord(const Procedure& procedure, Arg<Ts>&&... arguments) noexcept
+        : procedure_(procedure), arguments_(std::move(arguments)...) {}
 
-    /// To be called where errors are trapped, before the procedure runs.
+    /// Calls `keep` for each argument.
     void keepArguments() {
         std::apply([](auto&... argument) { (argument.keep(), ...); }, arguments_);
     }
@@ -175,7 +167,7 @@ private:
     }
 
     Procedure procedure_;
-    std::tuple<TracedArgument<Ts>...> arguments_;
+    std::tuple<Arg<Ts>...> arguments_;
 };
 
 } // namespace qrtVistrelClasses4

@@ -15,15 +15,15 @@ static_assert(std::atomic<Use>::is_always_lock_free);
 constexpr std::size_t kMostFiles = 32;
 constexpr std::size_t kLongestPath = 4096; ///< With its NUL; systems take no longer ones.
 
-struct Place {
+struct NotedFile {
     std::atomic<Use> use = Use::free;
     std::array<char, kLongestPath> path{};
 
-    /// Makes the place this thread's own if its use is `expected`.
+    /// Makes the entry this thread's own if its use is `expected`.
     bool take(Use expected) { return use.compare_exchange_strong(expected, Use::changing); }
 };
 
-std::array<Place, kMostFiles> places;
+std::array<NotedFile, kMostFiles> notedFiles;
 std::atomic<bool> areNoted = false;
 
 } // namespace
@@ -34,10 +34,10 @@ bool AreTemporaryFilesNoted() { return areNoted; }
 void NoteTemporaryFile(const std::string& path) {
     if (!areNoted || path.size() >= kLongestPath)
         return;
-    for (Place& place : places)
-        if (place.take(Use::free)) {
-            place.path.at(path.copy(place.path.data(), path.size())) = '\0';
-            place.use = Use::noted;
+    for (NotedFile& file : notedFiles)
+        if (file.take(Use::free)) {
+            file.path.at(path.copy(file.path.data(), path.size())) = '\0';
+            file.use = Use::noted;
             return;
         }
 }
@@ -45,15 +45,15 @@ void NoteTemporaryFile(const std::string& path) {
 void ForgetTemporaryFile(const std::string& path) {
     if (!areNoted)
         return;
-    for (Place& place : places)
-        if (place.take(Use::noted))
-            place.use = path == place.path.data() ? Use::free : Use::noted;
+    for (NotedFile& file : notedFiles)
+        if (file.take(Use::noted))
+            file.use = path == file.path.data() ? Use::free : Use::noted;
 }
 
 void ForEachTemporaryFile(void (*visit)(const char* path)) {
-    for (Place& place : places)
-        if (place.use == Use::noted)
-            visit(place.path.data());
+    for (NotedFile& file : notedFiles)
+        if (file.use == Use::noted)
+            visit(file.path.data());
 }
 
 } // namespace qrtVistrelClasses4

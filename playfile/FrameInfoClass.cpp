@@ -59,18 +59,7 @@ template <Access access, class Record, class Type, class Given, bool isPlain>
 Type FrameInfoClass::Property<access, Record, Type, Given, isPlain>::read(const FrameInfoClass& playfile,
                                                                           const MemberColumns& row,
                                                                           Getter get) {
-    const auto body = [&]() -> Type {
-        if constexpr (std::is_same_v<Record, FrameRecord>)
-            return std::invoke(get, playfile.currentFrame());
-        else if (const LineRecord* line = playfile.lineToRead(row.quirk))
-            return std::invoke(get, *line);
-        else
-            return Type();
-    };
-    if constexpr (access == Access::traced)
-        return traced(propertyGet(row.name), body);
-    else
-        return untraced(body);
+    return asAccessedNow<access>([&]<Access now>() { return readAs<now>(playfile, row, get); });
 }
 
 template <Access access, class Record, class Type, class Given, bool isPlain>
@@ -78,6 +67,31 @@ bool FrameInfoClass::Property<access, Record, Type, Given, isPlain>::write(Frame
                                                                            const MemberColumns& row,
                                                                            Setter set, Given vData,
                                                                            void (*check)(Given)) {
+    return asAccessedNow<access>(
+        [&]<Access now>() { return writeAs<now>(playfile, row, set, vData, check); });
+}
+
+template <Access access, class Record, class Type, class Given, bool isPlain>
+template <Access now>
+Type FrameInfoClass::Property<access, Record, Type, Given, isPlain>::readAs(const FrameInfoClass& playfile,
+                                                                            const MemberColumns& row,
+                                                                            Getter get) {
+    return accessed<now>(propertyGet(row.name), [&]() -> Type {
+        if constexpr (std::is_same_v<Record, FrameRecord>)
+            return std::invoke(get, playfile.currentFrame());
+        else if (const LineRecord* line = playfile.lineToRead(row.quirk))
+            return std::invoke(get, *line);
+        else
+            return Type();
+    });
+}
+
+template <Access access, class Record, class Type, class Given, bool isPlain>
+template <Access now>
+bool FrameInfoClass::Property<access, Record, Type, Given, isPlain>::writeAs(FrameInfoClass& playfile,
+                                                                             const MemberColumns& row,
+                                                                             Setter set, Given vData,
+                                                                             void (*check)(Given)) {
     const auto put = [&](Record& record) {
         if constexpr (isPlain)
             record.*set = vData;
@@ -85,7 +99,7 @@ bool FrameInfoClass::Property<access, Record, Type, Given, isPlain>::write(Frame
             set(record, vData);
     };
     const auto body = [&] {
-        if (check)
+        if constexpr (!isPlain)
             check(vData);
         if constexpr (std::is_same_v<Record, FrameRecord>)
             put(playfile.currentFrame());
@@ -93,10 +107,7 @@ bool FrameInfoClass::Property<access, Record, Type, Given, isPlain>::write(Frame
             put(*line);
         return true;
     };
-    if constexpr (access == Access::traced)
-        return traced(propertyLet(row.name), body, Arg{"vData", vData});
-    else
-        return untraced(body);
+    return accessed<now>(propertyLet(row.name), body, Arg{"vData", vData});
 }
 
 const LineRecord* FrameInfoClass::lineToRead(Quirk quirk) const {

@@ -216,35 +216,38 @@ private:
     template <auto member>
     Property<kDisplayMembers, member> read() const {
         static_assert(!kRowOf<kDisplayMembers, member>.onGet, "reading it stores a value");
-        return readRow(kRowOf<kDisplayMembers, member>);
+        return readRow<kRowOf<kDisplayMembers, member>.access>(kRowOf<kDisplayMembers, member>);
     }
     template <auto member>
     Property<kDisplayMembers, member> readAndStore() {
+        static_assert(kRowOf<kDisplayMembers, member>.access == Access::traced);
         return readAndStoreRow(kRowOf<kDisplayMembers, member>);
     }
     template <auto member>
     void write(const Property<kDisplayMembers, member>& vData) {
-        writeRow(kRowOf<kDisplayMembers, member>, vData);
+        writeRow<kRowOf<kDisplayMembers, member>.access>(kRowOf<kDisplayMembers, member>, vData);
     }
     template <auto member>
     Property<kScheduleMembers, member> readSchedule() const {
-        return readRow(kRowOf<kScheduleMembers, member>);
+        return readRow<kRowOf<kScheduleMembers, member>.access>(kRowOf<kScheduleMembers, member>);
     }
     template <auto member>
     void writeSchedule(const Property<kScheduleMembers, member>& vData) {
-        writeRow(kRowOf<kScheduleMembers, member>, vData);
+        writeRow<kRowOf<kScheduleMembers, member>.access>(kRowOf<kScheduleMembers, member>, vData);
     }
 
     // Defined for the types of rows that the tables have.
-    /// Nothing after an error that was trapped.
-    template <class Row>
-    std::optional<typename Row::Property> findRow(const Row& row) const;
-    template <class Row>
+    template <Access access, class Row>
     typename Row::Property readRow(const Row& row) const;
     template <class Row>
     typename Row::Property readAndStoreRow(const Row& row);
-    template <class Row>
+    template <Access access, class Row>
     void writeRow(const Row& row, const typename Row::Property& vData);
+    // The steps of `readRow` and `writeRow`, for what the access is while they run.
+    template <Access now, class Row>
+    [[gnu::noinline]] typename Row::Property readRowAs(const Row& row) const;
+    template <Access now, class Row>
+    [[gnu::noinline]] void writeRowAs(const Row& row, const typename Row::Property& vData);
     /// To be called after a member has got another value.
     template <class Row>
     void noteChange(const Row& row);

@@ -281,6 +281,15 @@ private:
         /// `check`, if any, is called before the record is looked up. False after an error that was trapped.
         static bool write(FrameInfoClass& playfile, const MemberColumns& row, Setter set, Given vData,
                           void (*check)(Given) = nullptr);
+
+    private:
+        // The steps of `read` and `write`, for what the access is while they run.
+        template <Access now>
+        [[gnu::noinline]] static Value readAs(const FrameInfoClass& playfile, const MemberColumns& row,
+                                              Getter get);
+        template <Access now>
+        [[gnu::noinline]] static bool writeAs(FrameInfoClass& playfile, const MemberColumns& row, Setter set,
+                                              Given vData, void (*check)(Given));
     };
     template <class Row>
     using PropertyOf = Property<kMember<Row::member>.access, typename Row::Record, typename Row::Value,

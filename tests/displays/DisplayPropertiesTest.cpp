@@ -37,6 +37,7 @@ TEST_F(DisplayProperties, KeepEverySignAndScheduleApart) {
     SignList expected = displays_.Value();
     for (std::int16_t sign = 1; sign <= 5; ++sign) {
         displays_.CurrentDisplayNumber(sign);
+        SwitchTrace(sign > 1);
         int code = 100 * (sign - 1);
         forEachProperty([&](const std::string& name, auto member, auto get, auto set) {
             auto& value = member(expected.signs.at(sign));
@@ -47,7 +48,7 @@ TEST_F(DisplayProperties, KeepEverySignAndScheduleApart) {
             EXPECT_EQ(text(get()), text(valueOf<Value>(code))) << name;
             set(value = valueOf<Value>(code + 500)); // flags change in one of the signs at least
             EXPECT_TRUE(displays_.Value() == expected) << name;
-            const bool isTraced = code % 100 < 26 || code % 100 > 33;
+            const bool isTraced = sign > 1 && (code % 100 < 26 || code % 100 > 33);
             EXPECT_EQ(trace.lines.empty() ? "" : trace.lines[1],
                       isTraced ? "< Property (Get) " + name + " ()" : "");
         });
@@ -57,11 +58,14 @@ TEST_F(DisplayProperties, KeepEverySignAndScheduleApart) {
 TEST_F(DisplayProperties, TrapACursorOutsideTheListOrTheSchedules) {
     displays_.CurrentDisplayNumber(2);
     forEachProperty([&](const std::string& name, auto member, auto get, auto set) {
-        DisplayRecord sign = signOf(4);
-        set(member(sign));
-        EXPECT_EQ(get(), decltype(get())());
-        EXPECT_EQ(host_.reports.all.back().procedure.procedure, "Property (Get) " + name);
-        EXPECT_EQ(takeErrors(), (Numbers{9, 9}));
+        for (const bool traceIsOn : {false, true}) {
+            SwitchTrace(traceIsOn);
+            DisplayRecord sign = signOf(4);
+            set(member(sign));
+            EXPECT_EQ(get(), decltype(get())());
+            EXPECT_EQ(host_.reports.all.back().procedure.procedure, "Property (Get) " + name);
+            EXPECT_EQ(takeErrors(), (Numbers{9, 9}));
+        }
     });
     displays_.CurrentDisplayNumber(1);
     displays_.CurrentBrightnessScheduleNumber(5);

@@ -58,21 +58,25 @@ TEST_F(CallTrace, ShowsEachKindOfArgument) {
 }
 
 TEST_F(CallTrace, ShowsChangedArgumentsAtExitAndKeepsThoseOfTheEntryForReports) {
-    for (const bool fails : {false, true}) {
+    for (const auto& [traceIsOn, fails] : {std::pair(true, false), {true, true}, {false, true}}) {
+        SwitchTrace(traceIsOn);
         std::int16_t number = 2;
         std::string name = "a";
-        const auto change = [&] {
+        const auto change = [&, shouldFail = fails] {
             number = 7;
             name = "b";
-            if (fails)
+            if (shouldFail)
                 fail();
         };
         traced(sub("Change"), change, Arg{"number", number}, Arg{"name", name});
     }
+    SwitchTrace(true);
     const std::string entry = "> Sub Change (number=2, name=a)";
     EXPECT_EQ(trace_.lines, (Texts{entry, "< Sub Change (number=7, name=b)", entry}))
         << "an error skips the exit";
-    EXPECT_EQ(host_.reports.all.at(0).procedure.arguments, "(number=2, name=a)");
+    for (const ErrorReport& report : host_.reports.all)
+        EXPECT_EQ(report.procedure.arguments, "(number=2, name=a)");
+    EXPECT_EQ(host_.reports.takeNumbers(), (Numbers{6, 6}));
 }
 
 TEST_F(CallTrace, ShowsThatTheBuiltInCommandsFollowTheFolderOfTheirFile) {
@@ -93,10 +97,8 @@ TEST_F(CallTrace, IsSkippedWhileSwitchedOffButLeavesWhatWasEnteredBefore) {
     SwitchTrace(false);
     leaveHost();
     enterHost();
-    traced(sub("Fail"), fail);
     SwitchTrace(true);
     EXPECT_EQ(trace_.lines, Texts{"> Sub Load (Index=1)"});
-    EXPECT_EQ(host_.reports.takeNumbers(), Numbers{6});
 }
 
 TEST_F(CallTrace, ReportsTheRunningProceduresOnceAndForgetsThoseThatAreNeverLeft) {

@@ -62,6 +62,7 @@ TEST_F(FrameInfo, StartsWithTwentyFramesOfOneLine) {
 TEST_F(FrameInfo, TrapsACursorOutsideTheFramesInTracedPropertiesOnly) {
     for (const auto cursor : std::vector<std::int16_t>{0, -1, 21, 32767}) {
         playfile_.CurrentFrame(cursor);
+        SwitchTrace(cursor > 0);
         for (const Use use : kTraced) {
             use(playfile_);
             EXPECT_EQ(host_.reports.takeNumbers(), Numbers{9});
