@@ -12,10 +12,13 @@
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/FileStart.h"
+#include "tools/program/Inputs.h"
 #include "tools/program/JsonText.h"
 #include "tools/program/Moment.h"
 #include "tools/program/Table.h"
 #include <qrtVistrelClasses4/RuntimeError.h>
+
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -26,7 +29,7 @@ struct FontOptions {
     std::string file;
     std::optional<DotSize> size; ///< If missing, that of the font.
     std::string source;
-    std::string playfile;
+    InputOptions playfiles;
     std::optional<Moment> at;
     AnswerOptions answers;
     bool json = false;
@@ -131,21 +134,18 @@ ExitCode make(const FontOptions& options, Session& session) {
     return ExitCode::done;
 }
 
-ExitCode check(const FontOptions& options, Session& session) {
-    const std::optional<Font> font = loadFont(options, session.errors);
-    const auto opened =
-        font ? OpenPlayfile(options.playfile, YesUnlessNo(options.answers), session.errors) : std::nullopt;
+/// Prints the characters of the playfile `path` that the font lacks.
+ExitCode checkFor(const std::string& path, const Font& font, const CommandTable& commands,
+                  const FontOptions& options, Session& session) {
+    const auto opened = OpenPlayfile(path, YesUnlessNo(options.answers), session.errors);
     if (!opened)
         return ExitCode::failed;
-    const ScopedMoment moment(options.at);
-    const auto needs = WithStoredCommands(session.errors, [&](const CommandTable& commands) {
-        return NeedsOf(opened->playfile.frames, commands);
-    });
+    const auto needs = NeedsOf(opened->playfile.frames, commands);
     Table lacking(
         {{"Code", Table::Align::right}, {"Character"}, {"Times", Table::Align::right}, {"First in"}});
     std::size_t count = 0;
     for (const auto& [code, need] : needs)
-        if (!font->has(static_cast<char>(code))) {
+        if (!font.has(static_cast<char>(code))) {
             ++count;
             lacking.addRow({std::to_string(code), Visible(CharacterText(code)), std::to_string(need.times),
                             "frame " + std::to_string(need.frame) + ", line " + std::to_string(need.line)});
@@ -153,13 +153,28 @@ ExitCode check(const FontOptions& options, Session& session) {
     session.errors.about(options.file);
     if (count == 0) {
         session.out << Visible(options.file) << " has all " << needs.size() << " characters of "
-                    << Visible(options.playfile) << '\n';
+                    << Visible(InputName(path)) << '\n';
         return ExitCode::done;
     }
     session.out << lacking;
     session.errors.add("lacks " + std::to_string(count) + " of " + std::to_string(needs.size()) +
-                       " characters of " + options.playfile);
+                       " characters of " + InputName(path));
     return ExitCode::failed;
+}
+
+ExitCode check(const FontOptions& options, Session& session) {
+    const std::optional<Font> font = loadFont(options, session.errors);
+    if (!font)
+        return ExitCode::failed;
+    const ScopedMoment moment(options.at);
+    const std::vector<Input> inputs = FindInputs(options.playfiles, InputKind::playfile, session.errors);
+    Headings headings(options.playfiles, session.out);
+    return WithStoredCommands(session.errors, [&](const CommandTable& commands) {
+        return ForEachInput(inputs, session, [&](const Input& input) {
+            headings.print(input.path);
+            return checkFor(input.path, *font, commands, options, session);
+        });
+    });
 }
 
 } // namespace
@@ -201,12 +216,14 @@ void SetUpFontCommand(CLI::App& font, Session& session) {
         ->excludes(header);
     makeCommand->add_flag("--quiet", options->quiet, "Prints nothing when the font is made");
 
-    CLI::App* checkCommand = add(
-        "check", &check,
-        "Prints the characters that a playfile needs and a font lacks, with codes replaced as in previews",
-        "vistrel font check bin/6x8.cmd --for harbour.playfile");
+    CLI::App* checkCommand =
+        add("check", &check,
+            "Prints the characters that playfiles need and a font lacks, with codes replaced as in previews",
+            "vistrel font check bin/6x8.cmd --for harbour.playfile");
     checkCommand->add_option("FILE", options->file, "The font")->required();
-    checkCommand->add_option("--for", options->playfile, "The playfile")->required();
+    AddInputOptions(*checkCommand, options->playfiles, "--for", "A playfile; may be given several times")
+        ->required()
+        ->allow_extra_args(false); // the font may follow
     addSize(*checkCommand, sizeOfFont);
     AddMomentOption(*checkCommand, options->at);
     AddAnswerOptions(*checkCommand, options->answers);
