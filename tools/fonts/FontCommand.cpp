@@ -1,6 +1,5 @@
 // vistrel font: shows fonts of signs, makes them from pictures, and checks them against playfiles.
 #include "frame/SystemErrors.h"
-#include "platform/ReplacementFile.h"
 #include "tools/commands/StoredCommands.h"
 #include "tools/fonts/FontChanges.h"
 #include "tools/fonts/FontGallery.h"
@@ -15,6 +14,7 @@
 #include "tools/program/Inputs.h"
 #include "tools/program/JsonText.h"
 #include "tools/program/Moment.h"
+#include "tools/program/Outputs.h"
 #include "tools/program/Table.h"
 #include <qrtVistrelClasses4/RuntimeError.h>
 
@@ -29,6 +29,7 @@ struct FontOptions {
     std::string file;
     std::optional<DotSize> size; ///< If missing, that of the font.
     std::string source;
+    OutputOptions output;
     InputOptions playfiles;
     std::optional<Moment> at;
     AnswerOptions answers;
@@ -36,7 +37,6 @@ struct FontOptions {
     bool asSource = false;
     bool header = false;
     bool noHeader = false;
-    bool quiet = false;
 };
 
 std::optional<Font> loadFont(const FontOptions& options, ErrorLines& errors) {
@@ -107,6 +107,31 @@ std::string remarks(const std::optional<Font>& before, const Font& font) {
            (old.cell == now.cell ? ChangesOf(old, now) : "they were " + SizeText(old.cell) + " before");
 }
 
+/// Writes a font of the letters in `pictures`.
+ExitCode write(const Font& font, const FontPictures& pictures, FontLayout layout, const FontOptions& options,
+               Session& session) {
+    const std::string& path = options.file;
+    const std::optional<Font> before = PresentFont(path, pictures.cell);
+    if (!before && !options.output.force && platform().files().kindOf(path) == EntryKind::file) {
+        session.errors.about(path);
+        session.errors.add(FileFault{"is not a font" + NoteOfKind(path) + "; --force replaces it", true});
+        return ExitCode::failed;
+    }
+    OutputOptions output = options.output;
+    output.out = path;
+    Outputs outputs(output, ExistingFiles::replacedIfAlike, session);
+    if (const auto code = outputs.codeInsteadOf(path, "not made"))
+        return *code;
+    AboutOutput(session.errors, path);
+    OutputTarget file(path, session.out);
+    Check(file.write(layout == FontLayout::header ? HeaderFontBytes(font) : SizedFontBytes(font)));
+    Check(file.commit());
+    outputs.remark(Visible(OutputName(path)) + ": " + std::to_string(pictures.letters.size()) +
+                   " letters of " + SizeText(pictures.cell) + " dots" +
+                   (options.noHeader ? ", without a header" : "") + remarks(before, font));
+    return ExitCode::done;
+}
+
 ExitCode make(const FontOptions& options, Session& session) {
     std::optional<FontPictures> pictures = readPictures(options.source, session.errors);
     if (pictures && options.size)
@@ -120,18 +145,7 @@ ExitCode make(const FontOptions& options, Session& session) {
     const std::optional<Font> font = FontOf(*pictures, *layout, session.errors);
     if (!font)
         return ExitCode::failed;
-    const bool hasHeader = *layout == FontLayout::header;
-    session.errors.aboutFile(options.file);
-    const std::optional<Font> before =
-        PresentFont(options.file, hasHeader ? std::nullopt : std::optional(pictures->cell));
-    ReplacementFile file(platform().files(), options.file);
-    Check(file.write(hasHeader ? HeaderFontBytes(*font) : SizedFontBytes(*font)));
-    Check(file.commit());
-    if (!options.quiet)
-        session.out << Visible(options.file) << ": " << pictures->letters.size() << " letters of "
-                    << SizeText(pictures->cell) << " dots" << (options.noHeader ? ", without a header" : "")
-                    << remarks(before, *font) << '\n';
-    return ExitCode::done;
+    return write(*font, *pictures, *layout, options, session);
 }
 
 /// Prints the characters of the playfile `path` that the font lacks.
@@ -204,7 +218,8 @@ void SetUpFontCommand(CLI::App& font, Session& session) {
     makeCommand
         ->add_option("SOURCE", options->source, R"(The pictures, "#" and "." under the code of each letter)")
         ->required();
-    makeCommand->add_option("FILE", options->file, "The font to write")->required();
+    makeCommand->add_option("FILE", options->file, R"(The font to write; "-" for standard output)")
+        ->required();
     addSize(*makeCommand, "Size to enlarge the letters to; its height must be a multiple of theirs");
     CLI::Option* header =
         makeCommand->add_flag("--header", options->header,
@@ -214,7 +229,7 @@ void SetUpFontCommand(CLI::App& font, Session& session) {
         ->add_flag("--no-header", options->noHeader,
                    "Writes only the letters 32 to 127. Who reads the font must know its size")
         ->excludes(header);
-    makeCommand->add_flag("--quiet", options->quiet, "Prints nothing when the font is made");
+    AddOutputOptions(*makeCommand, options->output, ExistingFiles::replacedIfAlike);
 
     CLI::App* checkCommand =
         add("check", &check,

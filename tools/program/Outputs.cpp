@@ -33,8 +33,12 @@ void makeFolder(const std::string& path) {
 
 void AddOutputOptions(CLI::App& command, OutputOptions& options, ExistingFiles existing) {
     const bool areKept = existing == ExistingFiles::kept;
-    CLI::Option* force = command.add_flag(
-        "--force", options.force, areKept ? "Replaces existing files" : "Replaces existing files, as usual");
+    std::string replaced = "Replaces existing files";
+    if (existing == ExistingFiles::replaced)
+        replaced += ", as usual";
+    else if (existing == ExistingFiles::replacedIfAlike)
+        replaced += " of any kind; usually only those of the same kind";
+    CLI::Option* force = command.add_flag("--force", options.force, replaced);
     command
         .add_flag("--no-clobber", options.noClobber,
                   areKept ? "Leaves existing files alone, as usual"
