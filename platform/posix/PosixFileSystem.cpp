@@ -223,7 +223,7 @@ SystemError PosixFileSystem::answer(const std::string& path, SystemError error) 
 }
 
 SystemError PosixFileSystem::makeOwnFolderOf(const std::string& path) const {
-    return isInFolderToMake(path) ? makePrivateFolders(folderOf(path)) : SystemError::none;
+    return isInFolderToMake(path) ? makePrivateFoldersAbove(path) : SystemError::none;
 }
 
 EntryKind PosixFileSystem::kindOf(const std::string& path) {

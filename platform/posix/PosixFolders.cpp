@@ -1,5 +1,6 @@
 #include "platform/posix/PosixFolders.h"
 
+#include "platform/Folders.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/posix/PosixFileSystem.h"
@@ -108,21 +109,16 @@ std::optional<std::string> userFolder(FileSystem& files, int shellNumber) {
     return path ? *path : JoinPath(userHome(), folder->usualName);
 }
 
-SystemError makePrivateFolders(const std::string& folder) {
-    if (folder.size() >= PATH_MAX)
-        return SystemError::folderNotFound; // the system's answer, without trying each level
-    struct stat status {};
-    if (lookUp(folder, status) && S_ISDIR(status.st_mode))
+SystemError makePrivateFoldersAbove(const std::string& path) {
+    PosixFileSystem files;
+    return MakeFoldersAbove(files, path, [&](const std::string& folder) {
+        constexpr mode_t onlyTheUser = 0700;
+        if (::mkdir(folder.c_str(), onlyTheUser) != 0)
+            return errorOn(folder);
+        // A power cut must not remove it with what is saved in it.
+        (void)files.flushFolder(folderOf(folder.substr(0, folder.find_last_not_of('/') + 1)));
         return SystemError::none;
-    const std::string above = folderOf(folder);
-    if (above.size() < folder.size())
-        if (const auto error = makePrivateFolders(above); error != SystemError::none)
-            return error;
-    constexpr mode_t onlyTheUser = 0700;
-    if (::mkdir(folder.c_str(), onlyTheUser) != 0)
-        return errno == EEXIST ? SystemError::none : errorOn(folder); // another process may have been faster
-    (void)PosixFileSystem().flushFolder(above); // a power cut must not remove it with what is saved in it
-    return SystemError::none;
+    });
 }
 
 std::string sharedFolder(const std::string& programFolder) {

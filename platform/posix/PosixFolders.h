@@ -21,8 +21,9 @@ bool isUserFolder(int shellNumber);
 /// The folder with that shell number: the one in the desktop's "user-dirs.dirs", else the usual English name
 /// in the home folder. No value for a number without a counterpart.
 std::optional<std::string> userFolder(FileSystem& files, int shellNumber);
-/// Makes `folder` and the folders above it, if they are missing. Only this user may use the new ones.
-SystemError makePrivateFolders(const std::string& folder);
+/// Makes the folder that `path` lies in and those above it, if they are missing. Only this user may use the
+/// new ones.
+SystemError makePrivateFoldersAbove(const std::string& path);
 /// The folder of the program or shared library that contains this code.
 std::string moduleFolder();
 /// The folder for files that are installed together with a program in `programFolder`: "share/vistrel" beside

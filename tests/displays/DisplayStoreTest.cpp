@@ -106,29 +106,6 @@ TEST_F(DisplayStore, IsReadFromWhereTheSettingPointsAndWrittenBesideTheLibrary) 
     EXPECT_EQ(ReadSetting("VistrelLite", "Preview", "DisplayDataFile", "none"), path_);
 }
 
-TEST_F(DisplayStore, KeepsThePreviousListAndForGoodWhatCannotBeReadToItsEnd) {
-    const std::string list = saved(), wrong = "\"A\"\r\nx" + list.substr(6);
-    EXPECT_EQ(files().fileNames(), Texts{path_}) << "nothing to keep";
-    const std::pair<std::string, const char*> cases[] = {{list, ".bak"},
-                                                         {list.substr(0, list.size() - 2), ".bak"},
-                                                         {list.substr(0, list.size() - 3), ".bak2"},
-                                                         {fileOf({0, 1, 2, 3}) + "\r\n", ".bak3"},
-                                                         {std::string(3, '\0') + list.substr(3), ".bak4"},
-                                                         {wrong, ".bak5"},
-                                                         {wrong, ".bak5"}};
-    for (const auto& [previous, copy] : cases) {
-        files().put(path_, previous);
-        EXPECT_EQ(saved(), list);
-        EXPECT_EQ(files().content(path_ + copy), previous);
-        for (const ErrorReport& report : host_.reports.all)
-            EXPECT_TRUE(report.error.isQuiet() && report.error.description().ends_with(path_ + copy));
-        EXPECT_EQ(takeErrors(), path_ + copy == backup_ ? Numbers{} : Numbers{58});
-    }
-    files().put(path_, "");
-    write();
-    EXPECT_EQ(files().fileNames().size(), 6u);
-}
-
 TEST_F(DisplayStore, IsSavedWithoutACopyUnlessThatCouldLoseWhatWasThere) {
     using enum SystemError;
     const std::string list = saved(), whole = fileOf({0}), damaged = whole + ",";

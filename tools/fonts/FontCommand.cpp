@@ -1,6 +1,5 @@
 // vistrel font: shows fonts of signs, makes them from pictures, and checks them against playfiles.
 #include "frame/SystemErrors.h"
-#include "platform/ReplacementFile.h"
 #include "tools/commands/StoredCommands.h"
 #include "tools/fonts/FontChanges.h"
 #include "tools/fonts/FontGallery.h"
@@ -12,10 +11,14 @@
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/FileStart.h"
+#include "tools/program/Inputs.h"
 #include "tools/program/JsonText.h"
 #include "tools/program/Moment.h"
+#include "tools/program/Outputs.h"
 #include "tools/program/Table.h"
 #include <qrtVistrelClasses4/RuntimeError.h>
+
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -26,14 +29,14 @@ struct FontOptions {
     std::string file;
     std::optional<DotSize> size; ///< If missing, that of the font.
     std::string source;
-    std::string playfile;
+    OutputOptions output;
+    InputOptions playfiles;
     std::optional<Moment> at;
     AnswerOptions answers;
     bool json = false;
     bool asSource = false;
     bool header = false;
     bool noHeader = false;
-    bool quiet = false;
 };
 
 std::optional<Font> loadFont(const FontOptions& options, ErrorLines& errors) {
@@ -104,6 +107,31 @@ std::string remarks(const std::optional<Font>& before, const Font& font) {
            (old.cell == now.cell ? ChangesOf(old, now) : "they were " + SizeText(old.cell) + " before");
 }
 
+/// Writes a font of the letters in `pictures`.
+ExitCode write(const Font& font, const FontPictures& pictures, FontLayout layout, const FontOptions& options,
+               Session& session) {
+    const std::string& path = options.file;
+    const std::optional<Font> before = PresentFont(path, pictures.cell);
+    if (!before && !options.output.force && platform().files().kindOf(path) == EntryKind::file) {
+        session.errors.about(path);
+        session.errors.add(FileFault{"is not a font" + NoteOfKind(path) + "; --force replaces it", true});
+        return ExitCode::failed;
+    }
+    OutputOptions output = options.output;
+    output.out = path;
+    Outputs outputs(output, ExistingFiles::replacedIfAlike, session);
+    if (const auto code = outputs.codeInsteadOf(path, "not made"))
+        return *code;
+    AboutOutput(session.errors, path);
+    OutputTarget file(path, session.out);
+    Check(file.write(layout == FontLayout::header ? HeaderFontBytes(font) : SizedFontBytes(font)));
+    Check(file.commit());
+    outputs.remark(Visible(OutputName(path)) + ": " + std::to_string(pictures.letters.size()) +
+                   " letters of " + SizeText(pictures.cell) + " dots" +
+                   (options.noHeader ? ", without a header" : "") + remarks(before, font));
+    return ExitCode::done;
+}
+
 ExitCode make(const FontOptions& options, Session& session) {
     std::optional<FontPictures> pictures = readPictures(options.source, session.errors);
     if (pictures && options.size)
@@ -117,35 +145,21 @@ ExitCode make(const FontOptions& options, Session& session) {
     const std::optional<Font> font = FontOf(*pictures, *layout, session.errors);
     if (!font)
         return ExitCode::failed;
-    const bool hasHeader = *layout == FontLayout::header;
-    session.errors.aboutFile(options.file);
-    const std::optional<Font> before =
-        PresentFont(options.file, hasHeader ? std::nullopt : std::optional(pictures->cell));
-    ReplacementFile file(platform().files(), options.file);
-    Check(file.write(hasHeader ? HeaderFontBytes(*font) : SizedFontBytes(*font)));
-    Check(file.commit());
-    if (!options.quiet)
-        session.out << Visible(options.file) << ": " << pictures->letters.size() << " letters of "
-                    << SizeText(pictures->cell) << " dots" << (options.noHeader ? ", without a header" : "")
-                    << remarks(before, *font) << '\n';
-    return ExitCode::done;
+    return write(*font, *pictures, *layout, options, session);
 }
 
-ExitCode check(const FontOptions& options, Session& session) {
-    const std::optional<Font> font = loadFont(options, session.errors);
-    const auto opened =
-        font ? OpenPlayfile(options.playfile, YesUnlessNo(options.answers), session.errors) : std::nullopt;
+/// Prints the characters of the playfile `path` that the font lacks.
+ExitCode checkFor(const std::string& path, const Font& font, const CommandTable& commands,
+                  const FontOptions& options, Session& session) {
+    const auto opened = OpenPlayfile(path, YesUnlessNo(options.answers), session.errors);
     if (!opened)
         return ExitCode::failed;
-    const ScopedMoment moment(options.at);
-    const auto needs = WithStoredCommands(session.errors, [&](const CommandTable& commands) {
-        return NeedsOf(opened->playfile.frames, commands);
-    });
+    const auto needs = NeedsOf(opened->playfile.frames, commands);
     Table lacking(
         {{"Code", Table::Align::right}, {"Character"}, {"Times", Table::Align::right}, {"First in"}});
     std::size_t count = 0;
     for (const auto& [code, need] : needs)
-        if (!font->has(static_cast<char>(code))) {
+        if (!font.has(static_cast<char>(code))) {
             ++count;
             lacking.addRow({std::to_string(code), Visible(CharacterText(code)), std::to_string(need.times),
                             "frame " + std::to_string(need.frame) + ", line " + std::to_string(need.line)});
@@ -153,13 +167,28 @@ ExitCode check(const FontOptions& options, Session& session) {
     session.errors.about(options.file);
     if (count == 0) {
         session.out << Visible(options.file) << " has all " << needs.size() << " characters of "
-                    << Visible(options.playfile) << '\n';
+                    << Visible(InputName(path)) << '\n';
         return ExitCode::done;
     }
     session.out << lacking;
     session.errors.add("lacks " + std::to_string(count) + " of " + std::to_string(needs.size()) +
-                       " characters of " + options.playfile);
+                       " characters of " + InputName(path));
     return ExitCode::failed;
+}
+
+ExitCode check(const FontOptions& options, Session& session) {
+    const std::optional<Font> font = loadFont(options, session.errors);
+    if (!font)
+        return ExitCode::failed;
+    const ScopedMoment moment(options.at);
+    const std::vector<Input> inputs = FindInputs(options.playfiles, InputKind::playfile, session.errors);
+    Headings headings(options.playfiles, session.out);
+    return WithStoredCommands(session.errors, [&](const CommandTable& commands) {
+        return ForEachInput(inputs, session, [&](const Input& input) {
+            headings.print(input.path);
+            return checkFor(input.path, *font, commands, options, session);
+        });
+    });
 }
 
 } // namespace
@@ -189,7 +218,8 @@ void SetUpFontCommand(CLI::App& font, Session& session) {
     makeCommand
         ->add_option("SOURCE", options->source, R"(The pictures, "#" and "." under the code of each letter)")
         ->required();
-    makeCommand->add_option("FILE", options->file, "The font to write")->required();
+    makeCommand->add_option("FILE", options->file, R"(The font to write; "-" for standard output)")
+        ->required();
     addSize(*makeCommand, "Size to enlarge the letters to; its height must be a multiple of theirs");
     CLI::Option* header =
         makeCommand->add_flag("--header", options->header,
@@ -199,14 +229,16 @@ void SetUpFontCommand(CLI::App& font, Session& session) {
         ->add_flag("--no-header", options->noHeader,
                    "Writes only the letters 32 to 127. Who reads the font must know its size")
         ->excludes(header);
-    makeCommand->add_flag("--quiet", options->quiet, "Prints nothing when the font is made");
+    AddOutputOptions(*makeCommand, options->output, ExistingFiles::replacedIfAlike);
 
-    CLI::App* checkCommand = add(
-        "check", &check,
-        "Prints the characters that a playfile needs and a font lacks, with codes replaced as in previews",
-        "vistrel font check bin/6x8.cmd --for harbour.playfile");
+    CLI::App* checkCommand =
+        add("check", &check,
+            "Prints the characters that playfiles need and a font lacks, with codes replaced as in previews",
+            "vistrel font check bin/6x8.cmd --for harbour.playfile");
     checkCommand->add_option("FILE", options->file, "The font")->required();
-    checkCommand->add_option("--for", options->playfile, "The playfile")->required();
+    AddInputOptions(*checkCommand, options->playfiles, "--for", "A playfile; may be given several times")
+        ->required()
+        ->allow_extra_args(false); // the font may follow
     addSize(*checkCommand, sizeOfFont);
     AddMomentOption(*checkCommand, options->at);
     AddAnswerOptions(*checkCommand, options->answers);

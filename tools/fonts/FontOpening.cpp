@@ -78,12 +78,14 @@ std::optional<Font> OpenFont(const std::string& path, const std::optional<CellSi
     return font;
 }
 
-std::optional<Font> PresentFont(const std::string& path, const std::optional<CellSize>& size) {
+std::optional<Font> PresentFont(const std::string& path, CellSize size) {
     if (platform().files().kindOf(path) != EntryKind::file)
         return std::nullopt;
     const std::string bytes = fontBytes(path);
-    const CellSize layout = size.value_or(kSizesFromFile);
-    return hasLength(bytes, layout) ? ParseFont(bytes, layout.width, layout.height) : std::nullopt;
+    for (const CellSize layout : {kSizesFromFile, size})
+        if (hasLength(bytes, layout))
+            return ParseFont(bytes, layout.width, layout.height);
+    return std::nullopt;
 }
 
 } // namespace qrtVistrelClasses4

@@ -24,8 +24,8 @@ std::string SizeText(CellSize size);
 std::optional<Font> OpenFont(const std::string& path, const std::optional<CellSize>& size,
                              ErrorLines& errors);
 
-/// The font that the file holds, if it has the length of one. Nothing if there is no such file. Without a
-/// `size`, the font has a header.
-std::optional<Font> PresentFont(const std::string& path, const std::optional<CellSize>& size);
+/// The font that the file holds, if it has the length of one: a font with a header, or else one without a
+/// header whose letters have the size. Nothing if there is no such file.
+std::optional<Font> PresentFont(const std::string& path, CellSize size);
 
 } // namespace qrtVistrelClasses4

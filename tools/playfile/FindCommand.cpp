@@ -1,9 +1,9 @@
 // vistrel find: a text in the lines of playfiles.
-#include "frame/Traced.h"
 #include "platform/LetterCase.h"
 #include "tools/playfile/Opening.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
+#include "tools/program/Inputs.h"
 #include "tools/program/JsonText.h"
 #include "tools/program/PropertyValues.h"
 #include "tools/program/Table.h"
@@ -18,14 +18,14 @@ namespace {
 
 struct FindOptions {
     std::string text;
-    std::vector<std::string> files;
+    InputOptions input;
     bool ignoresCase = false;
     bool json = false;
 };
 
 /// A line with the text.
 struct Hit {
-    std::string file;
+    std::string file;       ///< As typed or found in a folder.
     std::int32_t frame = 0; ///< From 1.
     std::int32_t line = 0;  ///< From 1.
     std::string text;
@@ -37,11 +37,11 @@ void to_json(nlohmann::ordered_json& json, const Hit& hit) {
 
 /// Adds the lines of the playfile `name` that hold `wanted`. What is wrong with the file goes to `errors`;
 /// the frames that can be read are searched all the same.
-void findIn(const std::string& name, const std::string& wanted, bool ignoresCase, ErrorLines& errors,
-            std::vector<Hit>& hits) {
+ExitCode findIn(const std::string& name, const std::string& wanted, bool ignoresCase, ErrorLines& errors,
+                std::vector<Hit>& hits) {
     const auto opened = OpenWholeFrames(name, {.yes = true}, errors); // nothing is saved
     if (!opened)
-        return;
+        return ExitCode::failed;
     std::int32_t frameNumber = 0;
     for (const FrameRecord& frame : opened->playfile.frames) {
         ++frameNumber;
@@ -53,14 +53,15 @@ void findIn(const std::string& name, const std::string& wanted, bool ignoresCase
                 hits.push_back({name, frameNumber, lineNumber, text});
         }
     }
+    return ExitCode::done;
 }
 
 void print(std::ostream& out, const std::vector<Hit>& hits, bool json) {
     constexpr auto right = Table::Align::right;
     Table table({{"File"}, {"Frame", right}, {"Line", right}, {"Text"}});
     for (const Hit& hit : hits)
-        table.addRow(
-            {Visible(hit.file), std::to_string(hit.frame), std::to_string(hit.line), VisibleAnsi(hit.text)});
+        table.addRow({Visible(InputName(hit.file)), std::to_string(hit.frame), std::to_string(hit.line),
+                      VisibleAnsi(hit.text)});
     if (json)
         out << JsonText(nlohmann::ordered_json(hits)) << '\n';
     else if (!hits.empty())
@@ -74,16 +75,17 @@ ExitCode find(const FindOptions& options, Session& session) {
         return ExitCode::wrongUsage;
     if (options.ignoresCase)
         wanted = AnsiUpperCase(*wanted);
+    const std::vector<Input> inputs = FindInputs(options.input, InputKind::playfile, session.errors);
     std::vector<Hit> hits;
-    for (const std::string& file : options.files)
-        if (const auto error =
-                ErrorOf([&] { findIn(file, *wanted, options.ignoresCase, session.errors, hits); }))
-            session.errors.add(*error); // the other files can be searched all the same
+    (void)ForEachInput(inputs, session, [&](const Input& input) {
+        return findIn(input.path, *wanted, options.ignoresCase, session.errors, hits);
+    });
     print(session.out, hits, options.json);
     if (!hits.empty())
         return ExitCode::done;
     session.errors.about(options.text);
-    session.errors.add("found in no line of " + Counted(options.files.size(), "file"));
+    if (!inputs.empty())
+        session.errors.add("found in no line of " + Counted(inputs.size(), "file"));
     return ExitCode::failed;
 }
 
@@ -94,7 +96,7 @@ void SetUpFindCommand(CLI::App& command, Session& session) {
     SetAction(command, session, options, &find);
     command.add_option("TEXT", options->text, "The text, or a part of it, as the playfile holds it")
         ->required();
-    command.add_option("FILES", options->files, "The playfiles, of either format")->required();
+    AddInputOptions(command, options->input, "FILES", "The playfiles, of either format")->required();
     command.add_flag("--ignore-case", options->ignoresCase, "Takes capital and small letters for the same");
     command.add_flag("--json", options->json, "Prints an array of the lines found");
 }

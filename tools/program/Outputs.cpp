@@ -2,6 +2,7 @@
 
 #include "frame/SystemErrors.h"
 #include "platform/FileNames.h"
+#include "platform/Folders.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
@@ -19,22 +20,21 @@ std::size_t startOfEnding(std::string_view path) {
     return dot == path.npos || dot <= SplitPath(path).folder.size() ? path.size() : dot;
 }
 
-/// Makes a folder and those above it, if they are missing.
-void makeFolder(const std::string& path) {
-    const std::size_t end = path.find_last_not_of("/\\");
-    const std::string folder = path.substr(0, end == path.npos ? 0 : end + 1);
-    if (folder.empty() || platform().files().kindOf(folder) != EntryKind::missing)
-        return;
-    makeFolder(std::string(SplitPath(folder).folder));
-    Check(platform().files().createFolder(folder));
+/// "NAME: why it cannot be written".
+std::string faultOf(const std::string& path, SystemError error) {
+    return path + ": " + FaultOf(path, ErrorFor(error)).clause();
 }
 
 } // namespace
 
 void AddOutputOptions(CLI::App& command, OutputOptions& options, ExistingFiles existing) {
     const bool areKept = existing == ExistingFiles::kept;
-    CLI::Option* force = command.add_flag(
-        "--force", options.force, areKept ? "Replaces existing files" : "Replaces existing files, as usual");
+    std::string replaced = "Replaces existing files";
+    if (existing == ExistingFiles::replaced)
+        replaced += ", as usual";
+    else if (existing == ExistingFiles::replacedIfAlike)
+        replaced += " of any kind; usually only those of the same kind";
+    CLI::Option* force = command.add_flag("--force", options.force, replaced);
     command
         .add_flag("--no-clobber", options.noClobber,
                   areKept ? "Leaves existing files alone, as usual"
@@ -139,7 +139,7 @@ std::string Outputs::refusal(const std::string& path) {
     const SystemError error = options_.dryRun ? platform().files().mayWrite(path) : SystemError::none;
     return error == SystemError::none || (error == SystemError::folderNotFound && makesFolders_)
                ? ""
-               : path + ": " + FaultOf(path, ErrorFor(error)).clause();
+               : faultOf(path, error);
 }
 
 std::optional<ExitCode> Outputs::codeInsteadOf(const std::string& path, const std::string& notDone) {
@@ -148,9 +148,15 @@ std::optional<ExitCode> Outputs::codeInsteadOf(const std::string& path, const st
         return ExitCode::failed;
     }
     if (!options_.dryRun) {
-        if (makesFolders_)
-            makeFolder(std::string(SplitPath(path).folder));
-        return std::nullopt;
+        FileSystem& files = platform().files();
+        const auto error =
+            makesFolders_ ? MakeFoldersAbove(files, path,
+                                             [&](const auto& folder) { return files.createFolder(folder); })
+                          : SystemError::none;
+        if (error == SystemError::none)
+            return std::nullopt;
+        session_.errors.add(notDone + ": " + faultOf(path, error));
+        return ExitCode::failed;
     }
     const bool isThere = path != kStandardStream && platform().files().hasEntry(path);
     print(Visible((isThere ? "Would replace " : "Would write ") + OutputName(path)));

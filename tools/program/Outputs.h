@@ -22,7 +22,11 @@ struct OutputOptions {
 };
 
 /// What happens to a file that exists already, unless an option says otherwise.
-enum class ExistingFiles { replaced, kept };
+enum class ExistingFiles {
+    replaced,
+    replacedIfAlike, ///< The command itself refuses to replace a file of another kind.
+    kept
+};
 
 /// Adds "--force", "--no-clobber", "--dry-run" and "--quiet".
 void AddOutputOptions(CLI::App& command, OutputOptions& options, ExistingFiles existing);
@@ -68,7 +72,7 @@ class Outputs {
 public:
     Outputs(const OutputOptions& options, ExistingFiles existing, Session& session)
         : options_(options), session_(session),
-          replaces_(options.force || (existing == ExistingFiles::replaced && !options.noClobber)) {}
+          replaces_(options.force || (existing != ExistingFiles::kept && !options.noClobber)) {}
 
     /// Call this before `path` is written. Returns an exit code if it is not to be written: `failed` after
     /// adding the reason, which begins with `notDone`, to the errors; `done` in a dry run, which prints the
