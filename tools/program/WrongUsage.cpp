@@ -79,6 +79,18 @@ std::optional<std::string> missingInFront(const CLI::App& app) {
     return std::nullopt;
 }
 
+/// The text of `error`. A value that was not typed has the name of the environment variable that it is from.
+std::string textOf(const CLI::ParseError& error, const CLI::App& program,
+                   const std::vector<std::string>& typed) {
+    const std::string text = error.what();
+    for (const CLI::Option* option : program.get_options())
+        if (const std::string name = option->get_name();
+            !option->get_envname().empty() && text.starts_with(name + ":") &&
+            std::ranges::find(typed, name, &OptionName) == typed.end())
+            return option->get_envname() + text.substr(name.size());
+    return text;
+}
+
 std::string missing(const CLI::App& app) {
     for (const CLI::App* each : PathTo(app)) {
         const auto lacking = each->get_options(
@@ -135,7 +147,7 @@ void AddWrongUsage(CLI::App& program, const CLI::ParseError& error, const std::v
     else if (dynamic_cast<const CLI::ConversionError*>(&error))
         errors.add(unusableValue(app).value_or(error.what()));
     else
-        errors.add(error.what());
+        errors.add(textOf(error, program, typed));
 }
 
 } // namespace qrtVistrelClasses4
