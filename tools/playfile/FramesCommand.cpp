@@ -5,6 +5,7 @@
 #include "tools/program/Commands.h"
 #include "tools/program/Decimal.h"
 #include "tools/program/Encoding.h"
+#include "tools/program/Inputs.h"
 #include "tools/program/JsonText.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 
@@ -212,7 +213,8 @@ std::string pasteFrames(Edit& edit) {
         return {};
     edit.insertChanges(changesOf(*edit.other), range);
     AddLosses(*edit.other, edit.errors, range.first, range.last);
-    return "pasted " + text(range) + " of " + options.other + " at " + std::to_string(options.at.value);
+    return "pasted " + text(range) + " of " + InputName(options.other) + " at " +
+           std::to_string(options.at.value);
 }
 
 template <auto change>

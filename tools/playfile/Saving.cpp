@@ -48,7 +48,7 @@ void AddSavingOptions(CLI::App& command, SavingOptions& options) {
     command.add_flag("--keep-paths", options.keepPaths,
                      "Saves references to files as they are in the playfile; else files that are found only "
                      "beside it are saved with that place");
-    AddAnswerOptions(command, options.answers);
+    AddAnswerOptions(command, options.answers, Questions::asked);
 }
 
 std::optional<LoadOutcome> OpenToSave(const std::string& name, const SavingOptions& options,

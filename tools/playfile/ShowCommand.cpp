@@ -148,8 +148,9 @@ ExitCode showFile(const std::string& path, const ShowOptions& options, Display& 
     const Playfile& playfile = opened->playfile;
     const std::int32_t count = playfile.frames.upperBound();
     if (options.frame > count) {
-        session.errors.add("there is no frame " + std::to_string(options.frame) + ", the last one is " +
-                           std::to_string(count));
+        if (count > 0 || !opened->error) // else the error has said enough
+            session.errors.add("there is no frame " + std::to_string(options.frame) + ", the last one is " +
+                               std::to_string(count));
         return ExitCode::failed;
     }
     const bool isOne = options.frame > 0;

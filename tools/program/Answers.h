@@ -11,7 +11,11 @@ struct AnswerOptions {
     bool no = false;
 };
 
-void AddAnswerOptions(CLI::App& command, AnswerOptions& options);
+/// Whether a command asks about playfiles of the older format, or goes on as if the answer were yes.
+enum class Questions { notAsked, asked };
+
+/// Adds "--yes" and "--no".
+void AddAnswerOptions(CLI::App& command, AnswerOptions& options, Questions questions = Questions::notAsked);
 
 /// For commands that save no playfile, and so ask nothing about those of the older format. Only "--no" still
 /// leaves these alone.

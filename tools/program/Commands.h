@@ -52,7 +52,8 @@ void SetAction(CLI::App& command, Session& session, std::shared_ptr<Options> opt
 /// A new command below `parent`, for example "list" below "signs".
 inline CLI::App& AddCommand(CLI::App& parent, const std::string& name, const std::string& description,
                             const std::string& example) {
-    CLI::App* command = parent.add_subcommand(name, description);
+    CLI::App* command =
+        parent.add_subcommand(name, description)->group("Subcommands"); // not the parent's task
     SetUpCommon(*command, example);
     return *command;
 }

@@ -2,12 +2,29 @@
 
 #include <algorithm>
 #include <iterator>
+#include <sstream>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
-constexpr std::size_t kNameColumn = 26; ///< Characters.
+constexpr std::size_t kNameColumn = 26;  ///< Characters.
+constexpr std::size_t kWidthOfHelp = 80; ///< Characters, of which help leaves the last one free.
+
+/// `text` with line breaks in place of blanks, so that its lines fit beside `indent` characters.
+std::string wrapped(std::string text, std::size_t indent) {
+    const std::size_t width = kWidthOfHelp - 1 - indent;
+    for (std::size_t start = 0; text.size() - start > width;) {
+        std::size_t blank = text.rfind(' ', start + width);
+        if (blank == text.npos || blank < start) // one long word
+            blank = text.find(' ', start);
+        if (blank == text.npos)
+            break;
+        text[blank] = '\n';
+        start = blank + 1;
+    }
+    return text;
+}
 
 std::vector<const CLI::Option*> optionsOf(const CLI::App& app, bool isPositional) {
     return app.get_options([&](const CLI::Option* option) {
@@ -87,8 +104,27 @@ std::string HelpWithExample::make_help(const CLI::App* app, std::string name, CL
     return "Example: " + example_ + "\n\n" + CLI::Formatter::make_help(app, std::move(name), mode);
 }
 
+std::string HelpWithExample::make_description(const CLI::App* app) const {
+    return wrapped(CLI::Formatter::make_description(app), 0);
+}
+
 std::string HelpWithExample::make_usage(const CLI::App* app, std::string) const {
     return "Usage: " + UsageOf(*app) + "\n";
+}
+
+std::string HelpWithExample::make_subcommand(const CLI::App* command) const {
+    std::ostringstream out;
+    CLI::detail::format_help(out, command->get_name(), wrapped(command->get_description(), kNameColumn),
+                             kNameColumn);
+    return out.str();
+}
+
+std::string HelpWithExample::make_option_desc(const CLI::Option* option) const {
+    return wrapped(CLI::Formatter::make_option_desc(option), kNameColumn);
+}
+
+std::string HelpWithExample::make_footer(const CLI::App* app) const {
+    return wrapped(CLI::Formatter::make_footer(app), 0);
 }
 
 std::string HelpWithExample::make_positionals(const CLI::App* app) const {

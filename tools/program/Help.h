@@ -9,15 +9,19 @@
 namespace qrtVistrelClasses4 {
 
 /// Help that starts with an example of use, and explains all that may be typed for a command: also arguments
-/// and options of the commands above it.
+/// and options of the commands above it. Descriptions are broken into lines of less than 80 characters.
 class HelpWithExample final : public CLI::Formatter {
 public:
     explicit HelpWithExample(std::string example);
 
     std::string make_help(const CLI::App* app, std::string name, CLI::AppFormatMode mode) const override;
+    std::string make_description(const CLI::App* app) const override;
     std::string make_usage(const CLI::App* app, std::string name) const override;
     std::string make_positionals(const CLI::App* app) const override;
     std::string make_subcommands(const CLI::App* app, CLI::AppFormatMode mode) const override;
+    std::string make_subcommand(const CLI::App* command) const override;
+    std::string make_option_desc(const CLI::Option* option) const override;
+    std::string make_footer(const CLI::App* app) const override;
 
 private:
     std::string example_;

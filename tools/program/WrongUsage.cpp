@@ -52,9 +52,43 @@ std::optional<std::string> unusableValue(CLI::App& app) {
                 if (option->count() > 0)
                     option->run_callback();
             } catch (const CLI::ConversionError&) {
-                return option->get_name() + " cannot be \"" + option->results().back() + "\"";
+                return option->get_name() + " cannot be \"" + option->results().back() + "\"" +
+                       (option->get_positional()
+                            ? ""
+                            : "; usage: " + option->get_name() + " " + option->get_type_name());
             }
     return std::nullopt;
+}
+
+/// Names the option, of `app` or a command above it, that has more values than it takes.
+std::optional<std::string> repeatedOption(const CLI::App& app) {
+    for (const CLI::App* each : PathTo(app))
+        for (const CLI::Option* option : each->get_options())
+            if (option->count() > 1 && static_cast<int>(option->count()) > option->get_items_expected_max())
+                return option->get_name() + " is given " + std::to_string(option->count()) + " times";
+    return std::nullopt;
+}
+
+/// A command below `app` that was taken for the argument in front of it.
+std::optional<std::string> missingInFront(const CLI::App& app) {
+    for (const CLI::Option* option : app.get_options())
+        if (option->get_positional() && option->get_required() && option->count() > 0)
+            if (const CLI::App* command = CommandBelow(app, option->results().front()))
+                return option->get_name() + " is missing in front of " + command->get_name() +
+                       "; usage: " + UsageOf(*command);
+    return std::nullopt;
+}
+
+/// The text of `error`. A value that was not typed has the name of the environment variable that it is from.
+std::string textOf(const CLI::ParseError& error, const CLI::App& program,
+                   const std::vector<std::string>& typed) {
+    const std::string text = error.what();
+    for (const CLI::Option* option : program.get_options())
+        if (const std::string name = option->get_name();
+            !option->get_envname().empty() && text.starts_with(name + ":") &&
+            std::ranges::find(typed, name, &OptionName) == typed.end())
+            return option->get_envname() + text.substr(name.size());
+    return text;
 }
 
 std::string missing(const CLI::App& app) {
@@ -99,6 +133,8 @@ void AddWrongUsage(CLI::App& program, const CLI::ParseError& error, const std::v
         errors.add(unknownOption(app, OptionName(*option)));
     else if (isRequired && left.empty())
         errors.add(missing(app));
+    else if (const auto lacking = isRequired ? missingInFront(app) : std::nullopt)
+        errors.add(*lacking);
     else if (isRequired) {
         std::ranges::copy(argumentsOf(app), std::back_inserter(left));
         errors.add(UnknownCommand(app, left));
@@ -106,10 +142,12 @@ void AddWrongUsage(CLI::App& program, const CLI::ParseError& error, const std::v
         errors.add("\"" + left.front() + "\" is one argument too many; usage: " + UsageOf(app));
     else if (dynamic_cast<const CLI::ArgumentMismatch*>(&error) && !typed.empty() && IsOption(typed.back()))
         errors.add(typed.back() + " needs a value");
+    else if (dynamic_cast<const CLI::ArgumentMismatch*>(&error))
+        errors.add(repeatedOption(app).value_or(error.what()));
     else if (dynamic_cast<const CLI::ConversionError*>(&error))
         errors.add(unusableValue(app).value_or(error.what()));
     else
-        errors.add(error.what());
+        errors.add(textOf(error, program, typed));
 }
 
 } // namespace qrtVistrelClasses4

@@ -54,9 +54,17 @@ bool isFullOnWindows(std::string_view name) {
     return (name.size() > 2 && name[1] == ':' && IsPathSeparator(name[2])) || name.starts_with("\\\\");
 }
 
-/// The full path of a typed name, in UTF-8.
+/// The full path of a typed name, in UTF-8. A file in the current folder has one however it is typed; ".."
+/// stays, because it leads elsewhere after a link.
 std::string fullPath(const std::string& typed) {
-    return isFullOnWindows(typed) ? typed : platform().files().fullName(typed);
+    if (isFullOnWindows(typed))
+        return typed;
+    std::string name = typed;
+    for (std::size_t at = 0; (at = name.find("/./")) != name.npos;)
+        name.erase(at, 2);
+    if (name.starts_with("./"))
+        name.erase(0, 2);
+    return platform().files().fullName(name);
 }
 
 /// The typed name as the list holds it; nothing, after reporting the reason, if the list cannot.

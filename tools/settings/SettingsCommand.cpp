@@ -103,7 +103,7 @@ void store(const std::string& key, const std::string& text, ErrorLines& errors) 
         return; // the reason has been reported
     const WrittenPreference written = WritePreference(*path, key, text);
     if (written.error)
-        errors.add(*written.error);
+        errors.add("not saved", *written.error);
     else if (!written.readsBack)
         errors.add(
             "only part of the text is kept: the file holds no blanks or quotes around it, and at most 254 "
@@ -161,7 +161,7 @@ ExitCode reset(const SettingsOptions& options, Session& session) {
         session.errors.about(placed.name());
         printChange(placed.name(), session, [&] {
             if (const std::optional<RuntimeError> error = RemovePreference(*path, placed.key()))
-                session.errors.add(*error);
+                session.errors.add("not saved", *error);
         });
         code = ExitCode::done;
     };
