@@ -13,11 +13,11 @@ enum class Use { free, changing, noted };
 static_assert(std::atomic<Use>::is_always_lock_free);
 
 constexpr std::size_t kMostFiles = 32;
-constexpr std::size_t kLongestPath = 4096; ///< With its NUL; systems take no longer ones.
+constexpr std::size_t kLongestNotedPath = 4096; ///< With its NUL; systems take no longer ones.
 
 struct NotedFile {
     std::atomic<Use> use = Use::free;
-    std::array<char, kLongestPath> path{};
+    std::array<char, kLongestNotedPath> path{};
 
     /// Makes the entry this thread's own if its use is `expected`.
     bool take(Use expected) { return use.compare_exchange_strong(expected, Use::changing); }
@@ -32,7 +32,7 @@ void StartNotingTemporaryFiles() { areNoted = true; }
 bool AreTemporaryFilesNoted() { return areNoted; }
 
 void NoteTemporaryFile(const std::string& path) {
-    if (!areNoted || path.size() >= kLongestPath)
+    if (!areNoted || path.size() >= kLongestNotedPath)
         return;
     for (NotedFile& file : notedFiles)
         if (file.take(Use::free)) {
