@@ -29,14 +29,13 @@ FontCache::FontPointer FontCache::findNumbered(std::int16_t number) {
     if (const auto known = numbered_.find(number); known != numbered_.end())
         return known->second;
     using enum PreviewFault::What;
-    FontOutcome outcome = LoadNumberedFont(number, signType_, kUseNewFont);
-    const FontSource source = outcome.source;
-    FontPointer font =
-        accept(std::move(outcome), {number < 0 ? unknownFontNumber : numberedFont, std::to_string(number)});
-    if (!font && number >= 0 && replaceFaultByNoFonts())
+    const auto file = FindNumberedFont(number, signType_, kUseNewFont);
+    FontPointer font = file ? accept(LoadNumberedFont(number, signType_, kUseNewFont), file->path)
+                            : refuse({unknownFontNumber, std::to_string(number)});
+    if (!font && file && replaceFaultByNoFonts())
         font = useEmptyFont();
     else if (!font)
-        font = number != 0 ? useFont0(source) : useEmptyFont();
+        font = number != 0 ? useFont0() : useEmptyFont();
     return numbered_[number] = font;
 }
 
@@ -66,15 +65,14 @@ FontCache::FontPointer FontCache::findCustom(const std::string& name) {
         if (const auto kept = custom_.find(*known->second); kept != custom_.end())
             return kept->second;
     }
-    using enum PreviewFault::What;
     FontOutcome outcome =
         name.empty() ? FontOutcome() : LoadFontFile(name, kSizeFromFile, kSizeFromFile, kUseNewFont);
     const std::string file = outcome.path.value_or("");
-    const FontSource source = outcome.source;
-    const FontPointer font = accept(std::move(outcome), {name.empty() ? unnamedFont : customFont, name});
+    const FontPointer font =
+        name.empty() ? refuse({PreviewFault::What::unnamedFont}) : accept(std::move(outcome), name);
     if (!font) {
         files_[name].reset();
-        return useFont0(source);
+        return useFont0();
     }
     files_[name] = file;
     if (const auto kept = custom_.find(file); kept != custom_.end()) // under another name
@@ -84,21 +82,25 @@ FontCache::FontPointer FontCache::findCustom(const std::string& name) {
     return custom_[file] = font;
 }
 
-FontCache::FontPointer FontCache::useFont0(FontSource source) {
+FontCache::FontPointer FontCache::useFont0() {
     const std::size_t fault = faults_.size() - 1;
     FontPointer font = findNumbered(0);
-    const bool isSaid = source == FontSource::font0; // by the messages of loading
-    if (!isSaid && !isEmpty(font))
-        faults_.at(fault).messages.emplace_back("Font 0 is used instead");
+    faults_.at(fault).isReplaced = !isEmpty(font);
     return font;
 }
 
-FontCache::FontPointer FontCache::accept(FontOutcome&& outcome, PreviewFault fault) {
-    if (outcome.font && outcome.source != FontSource::font0)
-        return std::make_shared<const Font>(*outcome.font);
-    fault.messages = std::move(outcome.messages);
+FontCache::FontPointer FontCache::accept(FontOutcome&& outcome, const std::string& path) {
+    using enum PreviewFault::What;
+    if (outcome.source == FontSource::font0 || !outcome.path)
+        return refuse({missingFont, path});
     if (outcome.error != SystemError::none)
-        fault.error = ErrorFor(outcome.error);
+        return refuse({.what = unreadableFont, .name = *outcome.path, .error = ErrorFor(outcome.error)});
+    if (!outcome.font)
+        return refuse({cutShortFont, *outcome.path});
+    return std::make_shared<const Font>(*std::move(outcome.font));
+}
+
+FontCache::FontPointer FontCache::refuse(PreviewFault fault) {
     faults_.push_back(std::move(fault));
     return nullptr;
 }

@@ -16,7 +16,6 @@
 namespace qrtVistrelClasses4 {
 
 struct FontOutcome;
-enum class FontSource;
 
 /// Caches fonts, so that each is usually loaded only once, whatever names lines have for its file.
 class FontCache {
@@ -44,11 +43,14 @@ private:
     /// Replaces the last fault, about a numbered font, by one for all of them, unless there is such a fault
     /// already. Does nothing and returns false if only some numbered fonts are missing.
     bool replaceFaultByNoFonts();
-    /// Font 0, in place of the font that the last fault is about. `source` is where that font was looked for.
-    FontPointer useFont0(FontSource source);
+    /// Font 0, in place of the font that the last fault is about.
+    FontPointer useFont0();
     FontPointer useEmptyFont();
-    /// The loaded font. Null, and one more fault, if font 0 has to replace it.
-    FontPointer accept(FontOutcome&& outcome, PreviewFault fault);
+    /// The font that was loaded from `path`, where it should be. Null, and one more fault, if font 0 has to
+    /// replace it.
+    FontPointer accept(FontOutcome&& outcome, const std::string& path);
+    /// Null, and the fault.
+    FontPointer refuse(PreviewFault fault);
 
     std::int16_t signType_;
     std::vector<PreviewFault> faults_;

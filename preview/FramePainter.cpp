@@ -190,7 +190,7 @@ private:
     }
 
     void addFault(PreviewFault::What what, std::string name, std::int32_t line) {
-        faults_.push_back({what, std::move(name), {}, {}, frame_, line});
+        faults_.push_back({.what = what, .name = std::move(name), .frame = frame_, .line = line});
     }
 
     /// Draws a picture, or a box with the name of a file that cannot be drawn.

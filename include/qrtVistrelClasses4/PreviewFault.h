@@ -6,15 +6,15 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace qrtVistrelClasses4 {
 
 /// A font that font 0 replaces, a picture that is drawn as a box, or text that cannot be seen.
 struct PreviewFault {
     enum class What {
-        numberedFont,      ///< The file of a numbered font is missing or cannot be read.
-        customFont,        ///< The same for a font in a file of its own.
+        missingFont,       ///< The file of a font is missing.
+        unreadableFont,    ///< The file of a font cannot be read.
+        cutShortFont,      ///< The file of a font ends before its letters start.
         unknownFontNumber, ///< There is no font of that number.
         unnamedFont,       ///< A line has a custom font, but does not name it.
         noFonts,           ///< None of the numbered fonts was found, so that no text in them is drawn.
@@ -27,11 +27,12 @@ struct PreviewFault {
     };
 
     What what;
-    /// The number of the font, the name of its file as the line has it, or the path of the picture; for
-    /// `noFonts` the folder that should have them, and for `lackingCharacters` these, each once.
+    /// The path of the font's file or of the picture, or the number of a font that there is not; for
+    /// `noFonts` the folder that should have them, and for `lackingCharacters` these, each once. The path of
+    /// a missing font in a file of its own is what the line has.
     std::string name = {};
-    /// What loading the font reported to the operator, in order, and whether font 0 is used instead.
-    std::vector<std::string> messages = {};
+    /// Whether font 0 is used instead of the font. Otherwise its lines have no dots.
+    bool isReplaced = false;
     /// Why the file of the font could not be read.
     std::optional<RuntimeError> error = {};
     std::int32_t frame = 0; ///< Number of the frame with the picture or the text, from 1.

@@ -13,19 +13,32 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-void addFontFault(const PreviewFault& fault, ErrorLines& errors) {
+/// The name of a font's file without its folder: the file was looked for in several.
+std::string fontName(const std::string& path) {
+    const std::string name(SplitPath(path).name);
+    return Utf8FromName(name.empty() ? path : name);
+}
+
+/// What is wrong with a font.
+std::string textOfFontFault(const PreviewFault& fault) {
     using enum PreviewFault::What;
-    if (fault.error)
-        errors.add(*fault.error);
     if (fault.what == unnamedFont)
-        errors.add("a line has a custom font, but does not name it");
+        return "a custom font has no name";
     if (fault.what == unknownFontNumber)
-        errors.add("there is no font " + fault.name);
-    if (fault.what == noFonts)
+        return "there is no font " + fault.name;
+    if (fault.what == missingFont)
+        return "the font " + fontName(fault.name) + " is missing";
+    const std::string font = "the font " + Utf8FromName(fault.name);
+    return fault.error ? font + " cannot be read: " + TextOf(*fault.error) : font + " is cut short";
+}
+
+void addFontFault(const PreviewFault& fault, ErrorLines& errors) {
+    if (fault.what == PreviewFault::What::noFonts)
         errors.add("there are no fonts: put the font files of the sign into " + Utf8FromName(fault.name) +
                    ", or use --home with a folder that has them in \"bin\"");
-    for (const std::string& message : fault.messages)
-        errors.add(Utf8FromName(message)); // with names of the playfile and of the disk
+    else
+        errors.add(textOfFontFault(fault) +
+                   (fault.isReplaced ? "; font 0 is used instead" : "; its lines stay empty"));
 }
 
 /// What is wrong in a frame or one of its lines.
