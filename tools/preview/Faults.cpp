@@ -41,11 +41,20 @@ void addFontFault(const PreviewFault& fault, ErrorLines& errors) {
                    (fault.isReplaced ? "; font 0 is used instead" : "; its lines stay empty"));
 }
 
+/// Characters of a font with blanks between them. A blank itself is in quotation marks.
+std::string listOfCharacters(const std::string& characters) {
+    std::string list;
+    for (const char character : characters)
+        list += (list.empty() ? "" : " ") +
+                (character == ' ' ? std::string("\" \"") : Utf8FromAnsi(std::string(1, character)));
+    return list;
+}
+
 /// What is wrong in a frame or one of its lines.
 std::string textOfFault(const PreviewFault& fault) {
     using enum PreviewFault::What;
     if (fault.what == lackingCharacters)
-        return "the font lacks " + Utf8FromAnsi(fault.name);
+        return "the font lacks " + listOfCharacters(fault.name);
     if (fault.what == cutText)
         return "the text is cut at the edge of the sign";
     if (fault.what == missingPicture)
