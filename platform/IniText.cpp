@@ -199,10 +199,7 @@ IniEditor::IniEditor(std::span<const IniChange> changes) {
 void IniEditor::Group::makeIndex() {
     byKey.resize(changes.size());
     std::iota(byKey.begin(), byKey.end(), std::size_t{0});
-    std::ranges::sort(byKey, [&](std::size_t one, std::size_t other) {
-        const auto order = changes[one].key <=> changes[other].key;
-        return order != 0 ? order < 0 : one < other;
-    });
+    std::ranges::stable_sort(byKey, {}, [&](std::size_t place) { return changes[place].key; });
     // Changes to one key are neighbours now; the first gets the value of the last.
     std::size_t kept = 0;
     for (const std::size_t place : byKey) {

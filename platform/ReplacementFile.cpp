@@ -6,7 +6,8 @@
 
 namespace qrtVistrelClasses4 {
 
-ReplacementFile::ReplacementFile(FileSystem& files, const std::string& path) : files_(files), path_(path) {
+ReplacementFile::ReplacementFile(FileSystem& files, std::string path)
+    : files_(files), path_(std::move(path)) {
     if (auto beside = files_.createBeside(path_)) {
         path_ = std::move(beside.value().target);
         temporaryPath_ = std::move(beside.value().path);

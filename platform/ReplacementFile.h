@@ -16,7 +16,7 @@ namespace qrtVistrelClasses4 {
 class ReplacementFile final : public ByteSink {
 public:
     /// `files` must outlive this object.
-    ReplacementFile(FileSystem& files, const std::string& path);
+    ReplacementFile(FileSystem& files, std::string path);
     ~ReplacementFile() override;
     ReplacementFile(const ReplacementFile&) = delete;
     ReplacementFile& operator=(const ReplacementFile&) = delete;

@@ -27,7 +27,7 @@ std::string namesOfCommandsBelow(const CLI::App& app) {
 }
 
 /// What `app` took for its arguments. A mistyped command may be among them.
-std::vector<std::string> argumentsOf(const CLI::App& app) {
+std::vector<std::string> wordsTakenBy(const CLI::App& app) {
     std::vector<std::string> words;
     for (const CLI::Option* option : app.get_options())
         if (option->get_positional())
@@ -82,7 +82,7 @@ std::optional<std::string> missingInFront(const CLI::App& app) {
 /// The text of `error`. A value that was not typed has the name of the environment variable that it is from.
 std::string textOf(const CLI::ParseError& error, const CLI::App& program,
                    const std::vector<std::string>& typed) {
-    const std::string text = error.what();
+    std::string text = error.what();
     for (const CLI::Option* option : program.get_options())
         if (const std::string name = option->get_name();
             !option->get_envname().empty() && text.starts_with(name + ":") &&
@@ -136,7 +136,7 @@ void AddWrongUsage(CLI::App& program, const CLI::ParseError& error, const std::v
     else if (const auto lacking = isRequired ? missingInFront(app) : std::nullopt)
         errors.add(*lacking);
     else if (isRequired) {
-        std::ranges::copy(argumentsOf(app), std::back_inserter(left));
+        std::ranges::copy(wordsTakenBy(app), std::back_inserter(left));
         errors.add(UnknownCommand(app, left));
     } else if (isExtra && !left.empty())
         errors.add("\"" + left.front() + "\" is one argument too many; usage: " + UsageOf(app));
