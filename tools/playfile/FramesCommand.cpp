@@ -215,11 +215,14 @@ std::string pasteFrames(Edit& edit) {
 template <auto change>
 ExitCode editFrames(const FramesOptions& options, Session& session) {
     ErrorLines& errors = session.errors;
-    auto opened = OpenToSave(options.file, options.saving, errors);
+    if (!IsOutForPlayfiles(options.output, errors))
+        return ExitCode::wrongUsage;
+    auto opened = OpenToSave(options.file, options.saving, options.output, errors);
     if (!opened)
         return ExitCode::failed;
     Edit edit{options, errors, std::move(*opened)};
-    if (!options.other.empty() && !(edit.other = OpenToSave(options.other, options.saving, errors)))
+    if (!options.other.empty() &&
+        !(edit.other = OpenToSave(options.other, options.saving, options.output, errors)))
         return ExitCode::failed;
     errors.about(options.file);
     edit.playfile.Adopt(std::move(edit.opened.playfile));
