@@ -73,9 +73,10 @@ std::optional<Font> OpenFont(const std::string& path, const std::optional<CellSi
         return std::nullopt;
     }
     std::optional<Font> font = ParseFont(bytes, known->width, known->height);
-    if (!hasLength(bytes, *known))
-        errors.add(unsuitableLength(bytes.size(), *font));
-    return font;
+    if (hasLength(bytes, *known))
+        return font;
+    errors.add(unsuitableLength(bytes.size(), *font));
+    return size ? std::nullopt : std::move(font); // a font that is cut short is shown as far as it goes
 }
 
 std::optional<Font> PresentFont(const std::string& path, CellSize size) {

@@ -19,8 +19,8 @@ std::optional<CellSize> SizeOfNumberedFont(std::string_view path);
 std::string SizeText(CellSize size);
 
 /// Reads a font without a header if `size` or the file's name gives its size, else one with a header. Adds an
-/// error and returns nothing if the file is no font. If only its length or its name does not suit, adds an
-/// error and returns the font.
+/// error and returns nothing if the file is no font, or none of that size. If only its name does not suit, or
+/// its length does not suit its name, adds an error and returns the font.
 std::optional<Font> OpenFont(const std::string& path, const std::optional<CellSize>& size,
                              ErrorLines& errors);
 

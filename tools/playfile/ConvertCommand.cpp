@@ -82,9 +82,14 @@ ExitCode convertFile(const std::string& from, const std::string& to, Counts& cou
 }
 
 ExitCode convert(const ConvertOptions& options, Session& session) {
+    const EntryKind kind = platform().files().kindOf(options.to);
+    if (kind == EntryKind::missing && (HasPlaceholder(options.to, 'f') || HasPlaceholder(options.to, 'n'))) {
+        session.errors.about("--to");
+        session.errors.add("names a folder, which has no %f or %n");
+        return ExitCode::wrongUsage;
+    }
     const std::vector<Input> inputs = FindInputs(options.input, InputKind::olderPlayfile, session.errors);
     session.errors.about(options.to);
-    const EntryKind kind = platform().files().kindOf(options.to);
     if (kind != EntryKind::missing && kind != EntryKind::folder) {
         session.errors.add(FileFault{"is not a folder", true});
         return ExitCode::failed;

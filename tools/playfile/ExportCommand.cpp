@@ -22,7 +22,7 @@ std::optional<std::string> patternOf(const std::string& out, ErrorLines& errors)
     const std::string ending = EndingOf(out);
     if (out == kStandardStream || out.empty())
         return out;
-    if (ending.empty() || ending == ".playfile" || ending == ".pl2") // the name of a playfile
+    if (ending.empty())
         return out + kXmlEnding;
     return HasEnding(out, kXmlEnding, errors) ? std::optional(out) : std::nullopt;
 }
@@ -62,7 +62,8 @@ ExitCode exportFile(const std::string& path, const std::string& to, const Export
 
 ExitCode exportFiles(const ExportOptions& options, Session& session) {
     const std::optional<std::string> pattern = patternOf(options.output.out, session.errors);
-    if (!pattern || !NamesEachFile(options.output, options.input.areSeveral(), session.errors))
+    if (!pattern || !HasKnownPlaceholders(*pattern, "an export", session.errors) ||
+        !NamesEachFile(options.output, options.input.areSeveral(), session.errors))
         return ExitCode::wrongUsage;
     const std::vector<Input> inputs = FindInputs(options.input, InputKind::playfile, session.errors);
     Outputs outputs(options.output, ExistingFiles::replaced, session);

@@ -2,6 +2,7 @@
 #include "frame/Conversions.h"
 #include "tools/playfile/Opening.h"
 #include "tools/playfile/Saving.h"
+#include "tools/program/AllowedValues.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Decimal.h"
 #include "tools/program/Encoding.h"
@@ -61,13 +62,7 @@ struct FramesOptions {
 
 /// A number is checked before any frame moves.
 bool isWithin(const char* argument, std::int32_t number, std::int32_t last, ErrorLines& errors) {
-    if (number >= 1 && number <= last)
-        return true;
-    const std::string range = last < 1    ? "there is no frame"
-                              : last == 1 ? "only 1 is allowed"
-                                          : "1 to " + std::to_string(last) + " are allowed";
-    errors.add(std::string(argument) + " is " + std::to_string(number) + ", but " + range);
-    return false;
+    return IsWithin(argument, number, last, "frame", errors);
 }
 
 bool isWithin(const char* argument, const FrameRange& range, const FrameInfoClass& playfile,
@@ -220,11 +215,14 @@ std::string pasteFrames(Edit& edit) {
 template <auto change>
 ExitCode editFrames(const FramesOptions& options, Session& session) {
     ErrorLines& errors = session.errors;
-    auto opened = OpenToSave(options.file, options.saving, errors);
+    if (!IsOutForPlayfiles(options.output, errors))
+        return ExitCode::wrongUsage;
+    auto opened = OpenToSave(options.file, options.saving, options.output, errors);
     if (!opened)
         return ExitCode::failed;
     Edit edit{options, errors, std::move(*opened)};
-    if (!options.other.empty() && !(edit.other = OpenToSave(options.other, options.saving, errors)))
+    if (!options.other.empty() &&
+        !(edit.other = OpenToSave(options.other, options.saving, options.output, errors)))
         return ExitCode::failed;
     errors.about(options.file);
     edit.playfile.Adopt(std::move(edit.opened.playfile));

@@ -12,12 +12,13 @@ struct SaveOptions {
 };
 
 ExitCode saveFiles(const SaveOptions& options, Session& session) {
-    if (!NamesEachFile(options.output, options.input.areSeveral(), session.errors))
+    if (!NamesEachFile(options.output, options.input.areSeveral(), session.errors) ||
+        !IsOutForPlayfiles(options.output, session.errors))
         return ExitCode::wrongUsage;
     const std::vector<Input> inputs = FindInputs(options.input, InputKind::playfile, session.errors);
     Outputs outputs(options.output, ExistingFiles::replaced, session);
     return ForEachInput(inputs, session, [&](const Input& input) {
-        const auto opened = OpenToSave(input.path, options.saving, session.errors);
+        const auto opened = OpenToSave(input.path, options.saving, options.output, session.errors);
         return opened ? SaveOpened(*opened, NameFromPattern(options.output.out, input.path), options.saving,
                                    outputs, session)
                       : ExitCode::failed;
@@ -33,10 +34,12 @@ ExitCode save(const SaveOptions& options, Session& session) {
         session.errors.add("save takes a playfile and the name to save it under, or playfiles and --out");
         return ExitCode::wrongUsage;
     }
+    if (!MayNamePlayfile(names.back(), session.errors))
+        return ExitCode::wrongUsage;
     OutputOptions output = options.output;
     output.out = names.back();
     Outputs outputs(output, ExistingFiles::replaced, session);
-    const auto opened = OpenToSave(names.front(), options.saving, session.errors);
+    const auto opened = OpenToSave(names.front(), options.saving, output, session.errors);
     return opened ? SaveOpened(*opened, names.back(), options.saving, outputs, session) : ExitCode::failed;
 }
 

@@ -51,9 +51,14 @@ void AddSavingOptions(CLI::App& command, SavingOptions& options) {
     AddAnswerOptions(command, options.answers, Questions::asked);
 }
 
+bool IsOutForPlayfiles(const OutputOptions& output, ErrorLines& errors) {
+    return HasKnownPlaceholders(output.out, "a playfile", errors) && MayNamePlayfile(output.out, errors);
+}
+
 std::optional<LoadOutcome> OpenToSave(const std::string& name, const SavingOptions& options,
-                                      ErrorLines& errors) {
-    return OpenPlayfile(name, options.answers, errors, {.keepsReferences = options.keepPaths});
+                                      const OutputOptions& output, ErrorLines& errors) {
+    return OpenPlayfile(name, output.dryRun ? YesUnlessNo(options.answers) : options.answers, errors,
+                        {.keepsReferences = options.keepPaths});
 }
 
 ExitCode SaveOpened(const LoadOutcome& opened, const std::string& to, const SavingOptions& options,

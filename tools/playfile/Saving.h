@@ -18,9 +18,12 @@ struct SavingOptions {
 /// Adds "--keep-paths", "--yes" and "--no".
 void AddSavingOptions(CLI::App& command, SavingOptions& options);
 
-/// Opens a playfile that is to be saved.
+/// False, after adding an error, if "--out" is not a pattern for playfiles.
+bool IsOutForPlayfiles(const OutputOptions& output, ErrorLines& errors);
+
+/// Opens a playfile that is to be saved. A dry run asks nothing, since it saves nothing.
 std::optional<LoadOutcome> OpenToSave(const std::string& name, const SavingOptions& options,
-                                      ErrorLines& errors);
+                                      const OutputOptions& output, ErrorLines& errors);
 
 /// Saves an opened playfile as the file `to`, or on standard output for "-", unless `outputs` is against it.
 /// Remarks which references have changed, and adds what a playfile of the older format loses to the session's

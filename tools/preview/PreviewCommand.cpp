@@ -245,12 +245,8 @@ bool isOutUsable(const PreviewOptions& options, ErrorLines& errors) {
     const std::string& out = options.output.out;
     if (!out.empty() && !HasEnding(out, ".png", errors))
         return false;
-    if (options.sheet && HasPlaceholder(out, 'n')) {
-        errors.about("--out");
-        errors.add("a sheet has no frame number %n");
-        return false;
-    }
-    return NamesEachFile(options.output, options.input.areSeveral(), errors);
+    return HasKnownPlaceholders(out, options.sheet ? "a sheet" : "", errors) &&
+           NamesEachFile(options.output, options.input.areSeveral(), errors);
 }
 
 ExitCode preview(const PreviewOptions& options, Session& session) {

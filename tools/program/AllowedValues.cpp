@@ -174,6 +174,17 @@ std::string DescriptionOf(const AllowedValues& allowed) {
     return allowed.meaning.empty() ? "a text" : withColors(allowed.meaning, colorsWith(", "));
 }
 
+bool IsWithin(const char* argument, std::int32_t number, std::int32_t last, const std::string& thing,
+              ErrorLines& errors) {
+    if (number >= 1 && number <= last)
+        return true;
+    const std::string range = last < 1    ? "there is no " + thing
+                              : last == 1 ? "only 1 is allowed"
+                                          : "1 to " + std::to_string(last) + " are allowed";
+    errors.add(std::string(argument) + " is " + std::to_string(number) + ", but " + range);
+    return false;
+}
+
 std::optional<std::int16_t> NumberOfName(const NumberNames& names, std::string_view typed,
                                          ErrorLines& errors) {
     std::vector<NamedNumber> candidates;

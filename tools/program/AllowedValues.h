@@ -48,6 +48,10 @@ std::string DescriptionOf(const AllowedValues& allowed, std::string_view type, d
 /// The same for texts.
 std::string DescriptionOf(const AllowedValues& allowed);
 
+/// False, after adding an error, if the number of `thing` in a list is not one from 1 to `last`.
+bool IsWithin(const char* argument, std::int32_t number, std::int32_t last, const std::string& thing,
+              ErrorLines& errors);
+
 /// The number that was typed as a name or as the beginning of one of its words, in any case. Adds an error
 /// and returns nothing if it could be several or none.
 std::optional<std::int16_t> NumberOfName(const NumberNames& names, std::string_view typed,

@@ -17,8 +17,8 @@ enum class Questions { notAsked, asked };
 /// Adds "--yes" and "--no".
 void AddAnswerOptions(CLI::App& command, AnswerOptions& options, Questions questions = Questions::notAsked);
 
-/// For commands that save no playfile, and so ask nothing about those of the older format. Only "--no" still
-/// leaves these alone.
+/// For commands and dry runs that save no playfile, and so ask nothing about those of the older format. Only
+/// "--no" still leaves these alone.
 inline AnswerOptions YesUnlessNo(const AnswerOptions& options) {
     return {.yes = !options.no, .no = options.no};
 }

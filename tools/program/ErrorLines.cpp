@@ -40,6 +40,8 @@ std::string TextOf(const RuntimeError& error) {
     const bool isUsual = meaning != std::end(kMeanings) && error.description() == Describe(number);
     if (isUsual && meaning->isCommon)
         return std::string(meaning->text);
+    if (error.number() == kNoErrorNumber)
+        return error.description();
     return (isUsual ? std::string(meaning->text) : error.description()) + " (error " +
            std::to_string(error.number()) + ")";
 }

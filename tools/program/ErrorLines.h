@@ -17,6 +17,9 @@ namespace qrtVistrelClasses4 {
 /// Errors beyond this number are only counted.
 inline constexpr std::size_t kMostErrorLines = 500;
 
+/// Number of an error that this program has found itself, and whose description is all there is to say.
+inline constexpr int kNoErrorNumber = 0;
+
 /// The error as a sentence: "the disk is full". It ends in the number of an error that is rare, or that has a
 /// description of its own.
 std::string TextOf(const RuntimeError& error);

@@ -50,6 +50,8 @@ std::string startOf(const std::string& path) {
 
 /// Why there is nothing under the name `path`.
 FileFault faultOfMissing(const std::string& path) {
+    if (path.empty())
+        return {"the name of the file is empty"};
     FileSystem& files = platform().files();
     if (files.hasEntry(path))
         return {"is a link that leads nowhere", true};

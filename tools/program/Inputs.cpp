@@ -109,8 +109,11 @@ void AboutInput(ErrorLines& errors, const std::string& path) {
 std::string ReadStandardInput() {
     static bool wasRead = false;
     if (std::exchange(wasRead, true))
-        throw RuntimeError(static_cast<int>(ErrorNumber::inputPastEnd), "It has been read already");
-    return ValueOf(platform().console().read(kMostInput));
+        throw RuntimeError(kNoErrorNumber, "it is named twice, but can be read only once");
+    Result<std::string> bytes = platform().console().read(kMostInput);
+    if (!bytes && bytes.error() == SystemError::deviceFailure)
+        throw RuntimeError(kNoErrorNumber, "it is closed, or cannot be read");
+    return ValueOf(std::move(bytes));
 }
 
 std::unique_ptr<InputFile> OpenInput(const std::string& path) {

@@ -10,6 +10,7 @@
 #include "tools/program/Inputs.h"
 
 #include <algorithm>
+#include <array>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -58,6 +59,22 @@ bool HasPlaceholder(std::string_view pattern, char letter) {
     return false;
 }
 
+bool HasKnownPlaceholders(std::string_view pattern, const std::string& withoutFrame, ErrorLines& errors) {
+    std::string fault;
+    for (std::size_t at = 0; fault.empty() && (at = pattern.find('%', at)) != pattern.npos; at += 2) {
+        const char letter = at + 1 < pattern.size() ? pattern[at + 1] : ' ';
+        if (letter == 'n' && !withoutFrame.empty())
+            fault = withoutFrame + " has no frame number %n";
+        else if (letter != 'f' && letter != 'n' && letter != '%')
+            fault = std::string("a name takes only %f, ") + (withoutFrame.empty() ? "%n " : "") +
+                    "and %%, which is %";
+    }
+    errors.about("--out");
+    if (!fault.empty())
+        errors.add(fault);
+    return fault.empty();
+}
+
 std::string NameFromPattern(std::string_view pattern, const std::string& input, std::int32_t frame) {
     std::string name;
     while (!pattern.empty()) {
@@ -102,6 +119,18 @@ bool HasEnding(const std::string& path, std::string_view ending, ErrorLines& err
         return true;
     errors.about(path);
     errors.add("the ending says what is written, and only " + std::string(ending) + " is known here");
+    return false;
+}
+
+bool MayNamePlayfile(const std::string& path, ErrorLines& errors) {
+    constexpr auto others = std::to_array<std::string_view>({".png", ".jpg", ".jpeg", ".gif", ".bmp", ".tif",
+                                                             ".tiff", ".avi", ".wav", ".xml", ".json", ".htm",
+                                                             ".html", ".pdf", ".zip", ".cmd", ".cff"});
+    const std::string ending = EndingOf(path);
+    if (std::ranges::find(others, ending) == others.end())
+        return true;
+    errors.about(path);
+    errors.add("the ending says what is written, and " + ending + " is not that of a playfile");
     return false;
 }
 

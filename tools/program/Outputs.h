@@ -48,8 +48,15 @@ std::string OutputName(const std::string& path);
 /// Makes the file the subject of the following errors.
 void AboutOutput(ErrorLines& errors, const std::string& path);
 
+/// False, after adding an error, if a pattern has "%" in front of something else than "f", "n" or "%". If
+/// `withoutFrame` is not empty, it is what the pattern names, such as "a sheet", and "%n" is an error, too.
+bool HasKnownPlaceholders(std::string_view pattern, const std::string& withoutFrame, ErrorLines& errors);
+
 /// False, after adding an error, if `path` is not standard output and ends in something else than `ending`.
 bool HasEnding(const std::string& path, std::string_view ending, ErrorLines& errors);
+/// False, after adding an error, if `path` has an ending of files that are no playfiles, such as pictures and
+/// documents. Playfiles may have any other ending, or none.
+bool MayNamePlayfile(const std::string& path, ErrorLines& errors);
 /// False, after adding an error, if "--out" names one file for several playfiles.
 bool NamesEachFile(const OutputOptions& options, bool areSeveral, ErrorLines& errors);
 

@@ -233,12 +233,9 @@ ExitCode moveSign(SignList& list, const SignsOptions& options, ErrorLines& error
     const std::optional<std::int16_t> number = FindTypedSign(list, options.name, errors);
     if (!number)
         return ExitCode::failed;
-    if (options.to < 1 || options.to > list.count()) {
-        errors.about("TO");
-        errors.add("is " + std::to_string(options.to) + ", but the list has " +
-                   Counted(list.count(), "sign"));
+    errors.about(options.name);
+    if (!IsWithin("TO", options.to, list.count(), "sign", errors))
         return ExitCode::failed;
-    }
     list.signs.move(*number, options.to);
     return ExitCode::done;
 }
@@ -283,13 +280,14 @@ ExitCode changeSigns(const Change& change, const SignsOptions& options, Session&
     const std::string readFrom = file->path;
     if (!SaveSigns(*file, session.errors))
         return ExitCode::failed;
-    const std::string done = change.done + (" " + options.name) +
-                             (options.newName.empty() ? "" : " as " + options.newName) +
-                             (options.to > 0 ? " to " + std::to_string(options.to) : "");
-    const std::int16_t count = file->list.count();
     std::vector<ChangedProperty> changes;
     if (!options.assignments.empty())
         changes = changesOf(before, file->list, options.name);
+    const std::int16_t count = file->list.count();
+    const bool isUnchanged = !options.assignments.empty() && changes.empty() && count == before.count();
+    const std::string done = (isUnchanged ? "changed nothing in " : change.done + std::string(" ")) +
+                             options.name + (options.newName.empty() ? "" : " as " + options.newName) +
+                             (options.to > 0 ? " to " + std::to_string(options.to) : "");
     if (options.json) {
         ordered_json report{{"file", file->path}, {"done", done}, {"TotalDisplays", count}};
         if (!options.assignments.empty())
@@ -301,8 +299,6 @@ ExitCode changeSigns(const Change& change, const SignsOptions& options, Session&
                 << " now\n";
     for (const ChangedProperty& changed : changes)
         session.out << ChangeText(changed) << '\n';
-    if (changes.empty() && !options.assignments.empty())
-        session.out << "Every value is as it was before.\n";
     if (readFrom != file->path)
         session.out << Visible("The list was read from " + readFrom + ", which is unchanged.") << '\n';
     return ExitCode::done;
