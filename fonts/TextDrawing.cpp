@@ -31,7 +31,7 @@ void drawGroups(const Letter& letter, DotPainter& painter) {
 bool hasLitDots(const Letter& letter, std::int64_t firstColumn, int firstRow, int lastRow) {
     const int count = std::min(letter.cellWidth(), kDotsInByte);
     for (int group = 0; group < letter.groups(); ++group) {
-        const std::int64_t first = std::max<std::int64_t>(firstColumn - group * kDotsInByte, 0);
+        const std::int64_t first = std::max<std::int64_t>(firstColumn - std::int64_t{group} * kDotsInByte, 0);
         if (first >= count)
             continue;
         const unsigned drawn = 0xffU >> first & ~(0xffU >> count);

@@ -40,8 +40,10 @@ bool WindowsConsole::isTerminal(StandardStream stream) {
 Terminal WindowsConsole::terminal() {
     Terminal terminal = TerminalOfEnvironment();
     CONSOLE_SCREEN_BUFFER_INFO screen{};
-    if (::GetConsoleScreenBufferInfo(handleOf(StandardStream::output), &screen))
-        terminal.columns = static_cast<std::size_t>(screen.srWindow.Right - screen.srWindow.Left + 1);
+    if (::GetConsoleScreenBufferInfo(handleOf(StandardStream::output), &screen)) {
+        const int columns = screen.srWindow.Right - screen.srWindow.Left + 1;
+        terminal.columns = static_cast<std::size_t>(columns);
+    }
     terminal.hasSymbols = ::GetConsoleOutputCP() == CP_UTF8;
     if (isTerminal(StandardStream::output)) // which takes escape sequences, so that it has all colours
         terminal.colors = ColorDepth::full;
