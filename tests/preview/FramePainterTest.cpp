@@ -2,6 +2,7 @@
 
 #include "fonts/FontTesting.h"
 #include "media/BmpTesting.h"
+#include "platform/Path.h"
 #include "preview/FontCache.h"
 #include <qrtVistrelClasses4/DisplayRecord.h>
 #include <qrtVistrelClasses4/FrameSheet.h>
@@ -56,7 +57,7 @@ TEST_F(Fonts, ThatCannotBeReadAreReplacedByFont0AndReportedOnce) {
     const auto faults = fonts_.takeFaults();
     ASSERT_EQ(faults.size(), 1U);
     EXPECT_EQ(faults[0].name + " " + std::to_string(faults[0].error.value().number()),
-              host_.inLibrary("bin/Fstnd5x8.cmd") + " 57");
+              host_.inLibrary(JoinPath("bin", "Fstnd5x8.cmd")) + " 57");
     EXPECT_TRUE(faults[0].isReplaced);
 }
 
