@@ -6,7 +6,9 @@
 #include "bench/Timing.h"
 
 #include <cstdio>
+#include <filesystem>
 #include <memory>
+#include <stdexcept>
 #include <utility>
 
 namespace qrtVistrelClasses4::bench {
@@ -87,11 +89,14 @@ void registerSheet(const std::string& name, PlayfileSize size, const std::string
     registerMeasuring(name, [=, &folder] {
         const std::string playfile = folder.file("sheet.playfile");
         SaveWithFmt(makeFrames(size, folder), playfile);
+        const std::string picture = folder.file("sheet.png");
+        std::filesystem::remove(picture);
         const std::string sheet = quoted(QRT_VISTREL) + " --home " + quoted(home) + " preview " +
-                                  quoted(playfile) + " --sheet --size 128x32 --out " +
-                                  quoted(folder.file("sheet.png"));
+                                  quoted(playfile) + " --sheet --size 128x32 --out " + quoted(picture);
         Measured()[kMebibyte] = 1;
         Measured()[name] = measureRuns(1, {sheet}).front().mebibytes;
+        if (!std::filesystem::exists(picture))
+            throw std::runtime_error("no sheet was drawn");
     });
 }
 

@@ -39,12 +39,14 @@ double millisecondsOf(const timeval& time) {
     return 1e3 * static_cast<double>(time.tv_sec) + 1e-3 * static_cast<double>(time.tv_usec);
 }
 
-/// Starts programs whose output nobody needs.
+/// Starts programs whose output and errors nobody needs. One may end with 1, as `vistrel` does after a
+/// preview in which something could not be shown.
 class Starter {
 public:
     Starter() {
         ::posix_spawn_file_actions_init(&actions_);
-        ::posix_spawn_file_actions_addopen(&actions_, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        for (const int stream : {STDOUT_FILENO, STDERR_FILENO})
+            ::posix_spawn_file_actions_addopen(&actions_, stream, "/dev/null", O_WRONLY, 0);
     }
     ~Starter() { ::posix_spawn_file_actions_destroy(&actions_); }
     Starter(const Starter&) = delete;
@@ -56,7 +58,7 @@ public:
         rusage usage{};
         char* const* const arguments = program.arguments.data();
         if (::posix_spawn(&child, arguments[0], &actions_, nullptr, arguments, ::environ) != 0 ||
-            ::wait4(child, &status, 0, &usage) != child || status != 0)
+            ::wait4(child, &status, 0, &usage) != child || !WIFEXITED(status) || WEXITSTATUS(status) > 1)
             throw std::runtime_error(arguments[0]);
         program.milliseconds.push_back(millisecondsOf(usage.ru_utime) + millisecondsOf(usage.ru_stime));
         program.mostKibibytes = std::max(program.mostKibibytes, usage.ru_maxrss);

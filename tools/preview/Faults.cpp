@@ -4,11 +4,14 @@
 #include "platform/Path.h"
 #include "tools/program/Encoding.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <span>
 #include <string>
 #include <tuple>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -80,12 +83,18 @@ struct EqualFaults {
             frames.push_back({frame, frame});
     }
 
-    /// "frames 2, 5-7, line 1: ...".
+    /// "frames 2, 5-7, line 1: ...". Frames after the first few ranges are only counted.
     std::string text() const {
+        constexpr std::size_t mostRanges = 8;
         std::string numbers;
-        for (const auto& [first, last] : frames)
+        for (const auto& [first, last] : std::span(frames).first(std::min(frames.size(), mostRanges)))
             numbers += (numbers.empty() ? " " : ", ") + std::to_string(first) +
                        (first < last ? "-" + std::to_string(last) : "");
+        std::int32_t more = 0;
+        for (std::size_t i = mostRanges; i < frames.size(); ++i)
+            more += frames[i].last - frames[i].first + 1;
+        if (more > 0)
+            numbers += " and " + std::to_string(more) + " more";
         return (frames.front().first == frames.back().last ? "frame" : "frames") + numbers +
                (fault.line > 0 ? ", line " + std::to_string(fault.line) : "") + ": " + textOfFault(fault);
     }
