@@ -74,8 +74,8 @@ std::invoke_result_t<Body&> untraced(Body body) {
     }
 }
 
-/// Like `traced`, but lets an error through to the caller, as `RuntimeError`. The report of the caller's trap
-/// shows the procedure as the innermost one.
+/// Like `traced`, but lets an error through to the caller, as `RuntimeError`. If the trace is on, the report
+/// of the caller's trap shows the procedure as the innermost one.
 template <class Body, class... Ts>
 std::invoke_result_t<Body&> tracedThrowing(Procedure where, Body body, Arg<Ts>... arguments) {
     TraceState& trace = traceState;

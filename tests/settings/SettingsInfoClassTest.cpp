@@ -25,13 +25,22 @@ TEST_F(SettingsInfo, StartsWithDefaultsWithoutTouchingTheDiskAndSavesThemInOrder
     EXPECT_EQ(files().fileNames(), Texts());
     EXPECT_EQ(files().kindOf(playfiles_), EntryKind::missing);
     settings.SaveSettingsToDisk("any name");
-    const std::string saved = files().content(iniPath_).value_or("");
-    for (const std::string& lines :
-         {"[VistrelLite]\r\nLastGraphicPath=" + host_.inLibrary("Brivox Graphics") +
-              "\r\nDisplayHeight=64\r\nDisplayWidth=128\r\nDelayMinimum=0\r\n",
-          "ScheduledBrightnessLevel4=5\r\nDoesDisplaySupporColor=False\r\nLastPlayfilePath=" + playfiles_ +
-              "\r\nSupportOldFirmware=False\r\nPlayAutoEnable=True\r\n"})
-        EXPECT_NE(saved.find(lines), std::string::npos) << saved;
+    std::string schedules;
+    for (const std::string number : {"1", "2", "3", "4"})
+        schedules += "ScheduledStartTime" + number + "=12:00 AM\r\nScheduledStopTime" + number +
+                     "=12:00 AM\r\nScheduledBrightnessLevel" + number + "=5\r\n";
+    EXPECT_EQ(files().content(iniPath_),
+              "[VistrelLite]\r\nLastGraphicPath=" + host_.inLibrary("Brivox Graphics") +
+                  "\r\nDisplayHeight=64\r\nDisplayWidth=128\r\nDelayMinimum=0\r\nDelayMaximum=10000\r\n"
+                  "DelayStep=500\r\nWizardMode=False\r\nSwitchOperated=False\r\nDisplayID=1\r\n"
+                  "ScrollPauseDelay=5\r\nTemperatureProbeAdjustment=0\r\nTimeZoneAdjustment=0\r\n"
+                  "ResetOnGetParameters=True\r\nScrollingTextSpeed=2\r\nUseDaylightSavingsTime=True\r\n"
+                  "DisplayBrightnessLevel=5\r\nSensorLimitMinimum=3\r\nSensorLimitMaximum=7\r\n"
+                  "ScheduleDefaultBrightness=5\r\n" +
+                  schedules + "DoesDisplaySupporColor=False\r\nLastPlayfilePath=" + playfiles_ +
+                  "\r\nSupportOldFirmware=False\r\nPlayAutoEnable=True\r\nChooseDispGetInfo=False\r\n"
+                  "ChooseDispTransmit=False\r\nAVIFixedDelay=False\r\nAVIDelay=50\r\nDefaultDelay=3\r\n"
+                  "BroadcastTRDelay=500\r\nShowImage=True\r\nAVICrop=False\r\nBMPCrop=False\r\n");
     EXPECT_EQ(LoadPreferences().values, settings.Value());
 }
 

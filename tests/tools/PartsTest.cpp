@@ -4,6 +4,7 @@
 #include "tools/preview/PngFile.h"
 #include "tools/program/AllowedValues.h"
 #include "tools/program/Encoding.h"
+#include "tools/program/StandardOutput.h"
 
 #include <gtest/gtest.h>
 #include <lodepng.h>
@@ -22,6 +23,23 @@ TEST(Encoding, EveryByteIsACharacterOfTheCodePageAndComesBack) {
         << "first and last of its own range, undefined codes, first after it";
     for (const char* lacking : {"\u042b", "\u0080", "\U0001f600", "\xc3"})
         EXPECT_EQ(AnsiFromUtf8(lacking), std::nullopt) << lacking;
+}
+
+TEST(StandardOutput, WritesNothingAfterAPieceThatCouldNotBeWritten) {
+    struct FullForAWhile final : Console { // when the second piece comes
+        bool isTerminal(StandardStream) override { return false; }
+        Terminal terminal() override { return {}; }
+        SystemError write(StandardStream, std::string_view text) override {
+            written += text.front();
+            return written == "ab" ? SystemError::diskFull : SystemError::none;
+        }
+        std::string written;
+    } console;
+    StandardOutput output(console);
+    for (const char letter : {'a', 'b', 'c'})
+        std::ostream(&output) << std::string(StandardOutput::kPieceSize, letter);
+    EXPECT_FALSE(output.finish());
+    EXPECT_EQ(console.written, "ab");
 }
 
 TEST(AllowedValues, AreThoseThatSignsCanHave) {

@@ -12,7 +12,7 @@
 namespace qrtVistrelClasses4 {
 
 /// Size of the numbered font whose file has this name, in any case. Such a file has no header. Any other font
-/// should have one, because its name does not tell its size.
+/// should have one, because its name does not give its size.
 std::optional<CellSize> SizeOfNumberedFont(std::string_view path);
 
 /// "6 x 8".

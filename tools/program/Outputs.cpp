@@ -46,10 +46,14 @@ void AddOutputOptions(CLI::App& command, OutputOptions& options, ExistingFiles e
 }
 
 CLI::Option* AddOutOption(CLI::App& command, OutputOptions& options, const std::string& description) {
-    return command.add_option("--out", options.out,
-                              description +
-                                  R"(; "-" for standard output. %f is the name of the playfile without )"
-                                  "folder and ending, %% is %");
+    // An empty name is a mistake of a script. Without "--out", some commands change their own file.
+    const CLI::Validator isName([](const std::string& name) { return name.empty() ? "names no file" : ""; },
+                                "");
+    return command
+        .add_option("--out", options.out,
+                    description + R"(; "-" for standard output. %f is the name of the playfile without )"
+                                  "folder and ending, %% is %")
+        ->check(isName);
 }
 
 bool HasPlaceholder(std::string_view pattern, char letter) {
