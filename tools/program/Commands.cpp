@@ -61,6 +61,12 @@ void AddCommands(CLI::App& program) {
     SetHelpFlag(program);
 }
 
+std::vector<std::string> NamesOfCommands() {
+    std::vector<std::string> names;
+    std::ranges::transform(kCommands, std::back_inserter(names), &Command::name);
+    return names;
+}
+
 CLI::App* SetUpCommand(CLI::App& program, const std::string& name, Session& session) {
     const auto* const row =
         std::ranges::find_if(kCommands, [&](const Command& each) { return each.name == name; });
