@@ -6,6 +6,7 @@
 #include "platform/posix/PosixConsole.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixFolders.h"
+#include "platform/posix/PosixInspection.h"
 #include "platform/posix/PosixRegistryStore.h"
 #include "platform/posix/PosixSystem.h"
 #include "platform/posix/TerminalMessageBoxes.h"
@@ -63,6 +64,8 @@ public:
     RegistryStore& registry() override { return registry_; }
     MessageBoxes& messageBoxes() override { return boxes_; }
     Console& console() override { return console_; }
+    Inspection& inspection() override { return inspection_; }
+    std::string registryFile() override { return registryPath_; }
 
     using Platform::openProfile;
     std::unique_ptr<ProfileFile> openProfile(const std::string& path, const std::string& original) override {
@@ -97,6 +100,7 @@ private:
                                  [&] { return files_.makeOwnFolderOf(registryPath_); }};
     TerminalMessageBoxes boxes_;
     PosixConsole console_;
+    PosixInspection inspection_;
 };
 
 std::vector<std::string> PosixPlatform::otherFolders(FileUse use) {

@@ -4,6 +4,7 @@
 #include "platform/windows/WindowsCalendar.h"
 #include "platform/windows/WindowsConsole.h"
 #include "platform/windows/WindowsFileSystem.h"
+#include "platform/windows/WindowsInspection.h"
 #include "platform/windows/WindowsMessageBoxes.h"
 #include "platform/windows/WindowsProfileFile.h"
 #include "platform/windows/WindowsRegistryStore.h"
@@ -44,6 +45,7 @@ public:
     RegistryStore& registry() override { return registry_; }
     MessageBoxes& messageBoxes() override { return boxes_; }
     Console& console() override { return console_; }
+    Inspection& inspection() override { return inspection_; }
 
     std::unique_ptr<ProfileFile> openProfile(const std::string& path, const std::string&) override {
         return std::make_unique<WindowsProfileFile>(path);
@@ -61,6 +63,7 @@ private:
     WindowsRegistryStore registry_;
     WindowsMessageBoxes boxes_;
     WindowsConsole console_;
+    WindowsInspection inspection_{files_};
 };
 
 std::string WindowsPlatform::libraryFolder() {
