@@ -146,7 +146,7 @@ void CheckProgram(std::string_view version, Findings& findings) {
 }
 
 void CheckRights(Findings& findings) {
-    if (const std::string file = platform().registryFile(); file.empty())
+    if (const std::string file = platform().registry().file(); file.empty())
         checkRegistryRights(findings);
     else
         checkSettingsFile(file, findings);

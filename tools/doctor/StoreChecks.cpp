@@ -68,7 +68,7 @@ bool isUnreadable(Finding& finding) {
 }
 
 Finding checkSettings() {
-    const std::string file = platform().registryFile();
+    const std::string file = platform().registry().file();
     if (file.empty()) {
         Finding finding{.check = "store.settings",
                         .subject = "settings",

@@ -14,7 +14,7 @@ inline std::string BitsText(Bitness bitness) { return std::to_string(static_cast
 
 /// Where the settings below `key` are kept: the file, or the key of the registry.
 inline std::string SettingsPlace(std::string_view key) {
-    const std::string file = platform().registryFile();
+    const std::string file = platform().registry().file();
     return file.empty() ? "HKEY_LOCAL_MACHINE\\" + std::string(kSettingsKey) + "\\" + std::string(key)
                         : file + ", " + std::string(key);
 }

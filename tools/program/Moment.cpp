@@ -29,7 +29,6 @@ public:
     MessageBoxes& messageBoxes() override { return machine_.messageBoxes(); }
     Console& console() override { return machine_.console(); }
     Inspection& inspection() override { return machine_.inspection(); }
-    std::string registryFile() override { return machine_.registryFile(); }
     std::unique_ptr<ProfileFile> openProfile(const std::string& path, const std::string& original) override {
         return machine_.openProfile(path, original);
     }
