@@ -4,6 +4,7 @@
 #include "tools/program/Encoding.h"
 #include "tools/program/JsonText.h"
 #include "tools/program/PropertyValues.h"
+#include "tools/program/ValueKinds.h"
 #include <qrtVistrelClasses4/RecentFiles.h>
 
 #include <algorithm>
@@ -148,6 +149,7 @@ void SetUpRecentCommand(CLI::App& recent, Session& session) {
                "vistrel recent add harbour.playfile", session, options, &add)
         .add_option("NAME", options->name,
                     "Name of a file, which need not exist; the list gets its full path")
+        ->type_name(kFileValue)
         ->required();
     AddCommand(recent, "clear", "Removes all names", "vistrel recent clear", session, options, &clear);
     AddCommand(recent, "remove", "Removes a name, and shows the list",
