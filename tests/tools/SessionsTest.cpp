@@ -89,8 +89,8 @@ class Session : public testing::TestWithParam<const char*> {};
 TEST_P(Session, RunsAsItIsWritten) { Program().play(GetParam()); }
 
 INSTANTIATE_TEST_SUITE_P(Of, Session,
-                         testing::Values("commands", "completion", "files", "fonts", "frames", "older",
-                                         "preview", "refusals", "settings", "show", "signs"),
+                         testing::Values("commands", "completion", "doctor", "files", "fonts", "frames",
+                                         "older", "preview", "refusals", "settings", "show", "signs"),
                          [](const auto& session) { return std::string(session.param); });
 
 TEST(Installed, WorksForAUserWhoMayNotWriteWhereItLies) {

@@ -108,6 +108,7 @@ void SetUpRecentCommand(CLI::App& recent, Session& session);
 void SetUpSettingsCommand(CLI::App& settings, Session& session);
 void SetUpEffectsCommand(CLI::App& command, Session& session);
 void SetUpFontCommand(CLI::App& font, Session& session);
+void SetUpDoctorCommand(CLI::App& command, Session& session);
 void SetUpCompletionCommand(CLI::App& command, Session& session);
 void SetUpHelpCommand(CLI::App& command, Session& session);
 
