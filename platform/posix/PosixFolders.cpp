@@ -121,8 +121,12 @@ SystemError makePrivateFoldersAbove(const std::string& path) {
     });
 }
 
-std::string sharedFolder(const std::string& programFolder) {
-    return JoinPath(folderOf(programFolder), "share/vistrel");
+std::string sharedFolder(const std::string& folder) {
+    const std::string above = folderOf(folder);
+    // "lib/x86_64-linux-gnu": the libraries of one architecture. The names of these have hyphens.
+    const bool isForOneArchitecture =
+        above.ends_with("/lib") && folder.find('-', above.size()) != std::string::npos;
+    return JoinPath(isForOneArchitecture ? folderOf(above) : above, "share/vistrel");
 }
 
 std::string moduleFolder() {

@@ -26,9 +26,9 @@ std::optional<std::string> userFolder(FileSystem& files, int shellNumber);
 SystemError makePrivateFoldersAbove(const std::string& path);
 /// The folder of the program or shared library that contains this code.
 std::string moduleFolder();
-/// The folder for files that are installed together with a program in `programFolder`: "share/vistrel" beside
-/// that folder.
-std::string sharedFolder(const std::string& programFolder);
+/// The folder for files that are installed together with a program or shared library in `folder`:
+/// "share/vistrel" beside that folder, or beside "lib" for one like "lib/x86_64-linux-gnu".
+std::string sharedFolder(const std::string& folder);
 
 /// The folder that `variable` is set to in the text of a "user-dirs.dirs" file. No value if it is not set, or
 /// not to a full path.
