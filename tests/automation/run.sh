@@ -114,6 +114,27 @@ check_build() { # FOLDER
     check_libraries "$1/vistrel.exe"
 }
 
+# Checks that the program finds something in the registration of a class.
+check_doctor() { # NAME FINDING [FILE_FOR_THIS_USER]
+    local key='HKCU\Software\Classes\CLSID\{9AE6AD44-C589-4050-9359-78F603D30A08}' # of FrameInfoClass
+    [ -z "${3:-}" ] || windows "$work/setup.txt" reg add "$key\InprocServer32" /ve /d "$3" /f
+    windows "$work/doctor.txt" "$build/vistrel.exe" doctor --json
+    tr -d ' \n' <"$work/doctor.txt" | grep -qE "\"check\":\"server.$2"
+    report $? "the program finds $1"
+    [ -z "${3:-}" ] || windows "$work/setup.txt" reg delete "$key" /f
+}
+
+# Registrations that are as they should be, and others.
+check_registrations() {
+    check_doctor "the registered server" 'file","severity":"ok","subject":"[0-9]*-bitserver","message":"allclasses:'
+    check_doctor "a registration for one user" 'file","severity":"ok",.*FrameInfoClass,forthisuseronly' \
+        "$(windows_path "$build/qrtVistrelClasses4.dll")"
+    check_doctor "a registered file that is missing" 'file","severity":"error"' 'Z:\gone.dll'
+    check_doctor "another version" 'version","severity":"warning"' 'C:\windows\system32\oleaut32.dll'
+    [ -z "$build32" ] || check_doctor "the other bitness" 'bitness","severity":"error"' \
+        "$(windows_path "$build32/qrtVistrelClasses4.dll")"
+}
+
 set_up
 check_build "$build"
 [ -z "$build32" ] || check_build "$build32"
@@ -121,6 +142,7 @@ sed -zEf "$here/contract.sed" "$here/../../automation/qrtVistrelClasses4.idl" | 
 report $? "the interface definition keeps its promises"
 run_tests script_test.vbs cscript //nologo "$(windows_path "$here/script_test.vbs")" "$(windows_path "$data/")"
 [ ! -e "$here/../../docs" ] || . "$here/../docs/automation" # the small system of run-32 has no documents and no compiler
+check_registrations
 for program in automation/automation_tests.exe core_tests.exe; do
     run_tests "$(basename $program)" "$build/tests/$program" --gtest_print_time=0
 done
