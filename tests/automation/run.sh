@@ -100,9 +100,18 @@ check_libraries() { # FILE
     report $? "$1 needs no libraries but the system's"
 }
 
+# Checks the version that Windows shows for a file: as numbers, and as text.
+check_version() { # FILE
+    local shown
+    windows "$work/version.txt" cscript //nologo "$(windows_path "$here/show_version.vbs")" "$(windows_path "$1")"
+    shown=$(strings -el "$1" | grep -A 1 FileVersion | paste -sd ' ')
+    [ "vistrel $(cat "$work/version.txt")" = "$version.0" ] && [ "$shown" = "FileVersion ${version#* }" ]
+    report $? "$1 is of $version"
+}
+
 # Checks the server and the program of a build folder from outside.
 check_build() { # FOLDER
-    local server=$1/qrtVistrelClasses4.dll
+    local file server=$1/qrtVistrelClasses4.dll
     diff <(headers_of "$server" | sed -n '/Name Pointer\] Table/,/^$/s/^\t\[.*\] //p') - <<-'EXPORTS'
 	DllCanUnloadNow
 	DllGetClassObject
@@ -110,11 +119,15 @@ check_build() { # FOLDER
 	DllUnregisterServer
 	EXPORTS
     report $? "$server exports the four functions"
-    check_libraries "$server"
-    check_libraries "$1/vistrel.exe"
+    for file in "$server" "$1/vistrel.exe"; do
+        check_libraries "$file"
+        check_version "$file"
+    done
 }
 
 set_up
+windows "$work/version.txt" "$build/vistrel.exe" --version
+version=$(cat "$work/version.txt")
 check_build "$build"
 [ -z "$build32" ] || check_build "$build32"
 sed -zEf "$here/contract.sed" "$here/../../automation/qrtVistrelClasses4.idl" | diff -u "$here/contract.txt" -
