@@ -1,13 +1,15 @@
 #!/usr/bin/env bash
-# Tests the core and the built server under Wine: run.sh BUILD_DIR [32_BIT_BUILD_DIR]
+# Tests the core, the built server and the program under Wine: run.sh BUILD_DIR [32_BIT_BUILD_DIR [TOOL_TESTS]]
 #
 # Everything happens in a Wine prefix of its own, $WINEPREFIX or else BUILD_DIR/wine. The 32-bit server and program are
 # not run: only their exports and the libraries they need are checked.
+# The native program TOOL_TESTS plays its sessions with the program for Windows.
 # Prints one line for each test and "N passed, N failed" at the end. Fails if a test failed.
 set -u
 here=$(cd "$(dirname "$0")" && pwd)
 build=$(cd "$1" && pwd) || exit 2
 build32=${2:+$(cd "$2" && pwd)}
+tool_tests=${3:-}
 export WINEPREFIX=${WINEPREFIX:-$build/wine} WINEDEBUG=-all
 export LC_ALL=C.UTF-8 # code page 1252, which most tests expect
 work=$build/automation-test
@@ -56,9 +58,19 @@ set_up() {
 
 # Runs a program that prints the names of its tests and "ok" or "FAILED", as the script does, or "OK" and "FAILED".
 run_tests() { # NAME PROGRAM ARGUMENTS...
-    local output=$work/$1.txt status
-    windows "$output" "${@:2}"
-    status=$?
+    windows "$work/$1.txt" "${@:2}"
+    report_tests "$1" $?
+}
+
+# Plays the sessions of the command line. Wine has to take names of files for UTF-8, as the shell does.
+run_sessions() {
+    VISTREL_FOR_WINDOWS="LC_ALL=C.UTF-8 wine '$build/vistrel.exe'" \
+        timeout -k 5 300 "$tool_tests" --gtest_filter='Of/Session.*' --gtest_print_time=0 >"$work/sessions.txt" 2>&1
+    report_tests sessions $?
+}
+
+report_tests() { # NAME STATUS
+    local output=$work/$1.txt status=$2
     grep -vE '^(\[ RUN|\[-------|$)' "$output"
     passed=$((passed + $(grep -cE '^(ok |\[       OK \])' "$output")))
     failed=$((failed + $(grep -cE '^(FAILED |\[  FAILED  \] [^ ]*$)' "$output")))
@@ -136,6 +148,7 @@ run_tests script_test.vbs cscript //nologo "$(windows_path "$here/script_test.vb
 for program in automation/automation_tests.exe core_tests.exe; do
     run_tests "$(basename $program)" "$build/tests/$program" --gtest_print_time=0
 done
+[ -z "$tool_tests" ] || run_sessions
 run_twice "$build/tests/core_tests.exe" '*TwoProcesses*'
 run_with_code_pages "$build/tests/core_tests.exe"
 windows "$work/register.txt" regsvr32 /s /u "$(windows_path "$build/qrtVistrelClasses4.dll")"
