@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Tests the core and the built server under Wine: run.sh BUILD_DIR [32_BIT_BUILD_DIR]
 #
-# Everything happens in a Wine prefix of its own, $WINEPREFIX or else BUILD_DIR/wine. The 32-bit server is not run:
-# only its exports and the libraries it needs are checked.
+# Everything happens in a Wine prefix of its own, $WINEPREFIX or else BUILD_DIR/wine. The 32-bit server and program are
+# not run: only their exports and the libraries they need are checked.
 # Prints one line for each test and "N passed, N failed" at the end. Fails if a test failed.
 set -u
 here=$(cd "$(dirname "$0")" && pwd)
@@ -92,25 +92,31 @@ run_with_code_pages() { # FILE
     done
 }
 
-# Checks that a server exports the four functions and needs only libraries of the system.
-check_server() { # FILE
-    local headers
-    headers=$(x86_64-w64-mingw32-objdump -p "$1")
-    diff <(sed -n '/Name Pointer\] Table/,/^$/s/^\t\[.*\] //p' <<<"$headers") - <<-'EXPORTS'
+headers_of() { x86_64-w64-mingw32-objdump -p "$1"; }
+
+check_libraries() { # FILE
+    ! headers_of "$1" | grep 'DLL Name:' |
+        grep -viE ' (advapi32|gdi32|kernel32|msvcrt|ole32|oleaut32|shell32|user32)\.dll$'
+    report $? "$1 needs no libraries but the system's"
+}
+
+# Checks the server and the program of a build folder from outside.
+check_build() { # FOLDER
+    local server=$1/qrtVistrelClasses4.dll
+    diff <(headers_of "$server" | sed -n '/Name Pointer\] Table/,/^$/s/^\t\[.*\] //p') - <<-'EXPORTS'
 	DllCanUnloadNow
 	DllGetClassObject
 	DllRegisterServer
 	DllUnregisterServer
 	EXPORTS
-    report $? "$1 exports the four functions"
-    ! grep 'DLL Name:' <<<"$headers" |
-        grep -viE ' (advapi32|gdi32|kernel32|msvcrt|ole32|oleaut32|shell32|user32)\.dll$'
-    report $? "$1 needs no libraries but the system's"
+    report $? "$server exports the four functions"
+    check_libraries "$server"
+    check_libraries "$1/vistrel.exe"
 }
 
 set_up
-check_server "$build/qrtVistrelClasses4.dll"
-[ -z "$build32" ] || check_server "$build32/qrtVistrelClasses4.dll"
+check_build "$build"
+[ -z "$build32" ] || check_build "$build32"
 sed -zEf "$here/contract.sed" "$here/../../automation/qrtVistrelClasses4.idl" | diff -u "$here/contract.txt" -
 report $? "the interface definition keeps its promises"
 run_tests script_test.vbs cscript //nologo "$(windows_path "$here/script_test.vbs")" "$(windows_path "$data/")"

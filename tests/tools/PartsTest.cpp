@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 #include <lodepng.h>
+#include <png.h>
 
 #include <vector>
 
@@ -117,6 +118,28 @@ void write(const Raster& picture, const Palette& palette, ByteSink& file) {
     png.finish();
 }
 
+/// Channels of pixels, row by row, and the width of a row.
+using Pixels = std::pair<std::vector<std::uint8_t>, std::uint32_t>;
+
+Pixels decodedByLodepng(std::string_view file) {
+    Pixels pixels;
+    unsigned height = 0;
+    lodepng::decode(pixels.first, pixels.second, height, reinterpret_cast<const unsigned char*>(file.data()),
+                    file.size(), LCT_RGB);
+    return pixels;
+}
+
+Pixels decodedByLibpng(std::string_view file) {
+    png_image image{};
+    image.version = PNG_IMAGE_VERSION;
+    png_image_begin_read_from_memory(&image, file.data(), file.size());
+    image.format = PNG_FORMAT_RGB;
+    std::vector<std::uint8_t> channels(PNG_IMAGE_SIZE(image));
+    png_image_finish_read(&image, nullptr, channels.data(), 0, nullptr);
+    EXPECT_EQ(image.warning_or_error, 0U) << image.message;
+    return {channels, image.width};
+}
+
 TEST(Png, HoldsThePixelsForAnyDecoder) {
     for (const std::uint32_t colors : {1U, 2U, 4U, 16U, 256U, 257U, 60000U}) {
         const Raster picture = pictureOf(colors);
@@ -124,15 +147,12 @@ TEST(Png, HoldsThePixelsForAnyDecoder) {
         palette.add(picture);
         KeptBytes file;
         write(picture, palette, file);
-        std::vector<unsigned char> wanted, decoded;
+        Pixels wanted{{}, 311};
         for (std::int32_t y = 0; y < picture.height(); ++y)
             for (const Color color : picture.row(y))
-                wanted.insert(wanted.end(), {RedOf(color), GreenOf(color), BlueOf(color)});
-        unsigned width = 0, height = 0;
-        lodepng::decode(decoded, width, height,
-                        std::vector<unsigned char>(file.text.begin(), file.text.end()), LCT_RGB);
-        EXPECT_EQ(std::pair(width, height), std::pair(311U, 200U));
-        EXPECT_TRUE(decoded == wanted) << colors;
+                wanted.first.insert(wanted.first.end(), {RedOf(color), GreenOf(color), BlueOf(color)});
+        EXPECT_TRUE(decodedByLodepng(file.text) == wanted) << colors;
+        EXPECT_TRUE(decodedByLibpng(file.text) == wanted) << colors;
     }
 }
 

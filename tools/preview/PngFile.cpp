@@ -3,12 +3,12 @@
 #include "frame/BufferedText.h"
 #include <qrtVistrelClasses4/RuntimeError.h>
 
-#include <png.h>
+#define ZLIB_CONST // what is compressed is only read
+#include <zlib.h>
 
 #include <array>
-#include <csetjmp>
 #include <cstdint>
-#include <exception>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -16,109 +16,168 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 /// Bits of a colour's number.
-int depthFor(std::size_t colors) { return colors > 16 ? 8 : colors > 4 ? 4 : colors > 2 ? 2 : 1; }
+std::size_t depthFor(std::size_t colors) { return colors > 16 ? 8 : colors > 4 ? 4 : colors > 2 ? 2 : 1; }
+
+constexpr std::size_t kBitsOfByte = 8;
+
+/// Red, green and blue of each colour, one after another, written to `place`.
+void putChannels(std::span<const Color> colors, char* place) {
+    for (const Color color : colors)
+        for (const std::uint8_t channel : {RedOf(color), GreenOf(color), BlueOf(color)})
+            *place++ = static_cast<char>(channel);
+}
+
+/// The bytes of a number, the highest first, as PNG files have all numbers.
+std::string bytesOf(std::uint32_t number) {
+    std::string bytes;
+    for (int shift = 24; shift >= 0; shift -= 8)
+        bytes += static_cast<char>(number >> shift & 0xff);
+    return bytes;
+}
+
+const Bytef* zlibBytes(std::string_view bytes) { return reinterpret_cast<const Bytef*>(bytes.data()); }
 
 } // namespace
 
-/// Calls the PNG library, which jumps back to `guarded` after an error. Nothing between has a destructor,
-/// since the jump would skip it.
-class PngWriter::Encoder {
+/// Writes the chunks of a PNG file.
+class PngWriter::ChunkWriter {
 public:
-    Encoder(const Palette& palette, ByteSink& file)
-        : palette_(palette), file_(file),
-          png_(png_create_write_struct(PNG_LIBPNG_VER_STRING, this, &onError, &ignoreWarning)),
-          info_(png_ ? png_create_info_struct(png_) : nullptr) {}
-    ~Encoder() { png_destroy_write_struct(&png_, &info_); }
-    Encoder(const Encoder&) = delete;
-    Encoder& operator=(const Encoder&) = delete;
-
-    void start(DotSize size) {
-        if (!info_)
-            Raise(ErrorNumber::outOfMemory);
-        const std::size_t count = palette_.colors().size();
-        const int depth = hasNumbers() ? depthFor(count) : 8;
-        std::vector<png_color> colors;
-        for (const Color color : palette_.colors())
-            colors.push_back({RedOf(color), GreenOf(color), BlueOf(color)});
-        bytes_.resize(static_cast<std::size_t>(size.width) * (hasNumbers() ? 1 : 3));
-        guarded([&] {
-            png_set_write_fn(png_, this, &onBytes, nullptr);
-            png_set_IHDR(png_, info_, static_cast<png_uint_32>(size.width),
-                         static_cast<png_uint_32>(size.height), depth,
-                         hasNumbers() ? PNG_COLOR_TYPE_PALETTE : PNG_COLOR_TYPE_RGB, PNG_INTERLACE_NONE,
-                         PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
-            if (hasNumbers())
-                png_set_PLTE(png_, info_, colors.data(), static_cast<int>(count));
-            png_set_sRGB(png_, info_, PNG_sRGB_INTENT_PERCEPTUAL);
-            png_write_info(png_, info_);
-            png_set_packing(png_); // numbers of less than 8 bits
-        });
+    explicit ChunkWriter(ByteSink& file) : file_(file) {
+        file_.append("\x89PNG\r\n\x1a\n"); // which any change of line ends would damage
     }
 
-    void writeRow(std::span<const Color> row) {
-        if (!hasNumbers())
-            putChannels(row);
-        else if (!palette_.number(row, bytes_))
-            throw RuntimeError(static_cast<int>(ErrorNumber::internalError),
-                               "A file that is shown has changed");
-        guarded([&] { png_write_row(png_, bytes_.data()); });
+    void write(std::string_view name, std::string_view data) {
+        uLong checksum = crc32(0, zlibBytes(name), static_cast<uInt>(name.size()));
+        if (!data.empty()) // whose address may be null, which would start another checksum
+            checksum = crc32(checksum, zlibBytes(data), static_cast<uInt>(data.size()));
+        file_.append(bytesOf(static_cast<std::uint32_t>(data.size())));
+        file_.append(name);
+        file_.append(data);
+        file_.append(bytesOf(static_cast<std::uint32_t>(checksum)));
+    }
+    void finish() { file_.finish(); }
+
+private:
+    BufferedText file_;
+};
+
+/// Compresses the rows into chunks. The same rows become the same bytes on every machine, as long as the
+/// releases of zlib are the same: level, strategy and sizes are named here, and zlib looks at nothing else.
+class PngWriter::CompressedRows {
+public:
+    explicit CompressedRows(ChunkWriter& chunks) : chunks_(chunks) {
+        constexpr int level = 6, windowBits = 15, memoryLevel = 8;
+        if (deflateInit2(&zip_, level, Z_DEFLATED, windowBits, memoryLevel, Z_DEFAULT_STRATEGY) != Z_OK)
+            Raise(ErrorNumber::outOfMemory);
+        empty();
+    }
+    ~CompressedRows() { deflateEnd(&zip_); }
+    CompressedRows(const CompressedRows&) = delete;
+    CompressedRows& operator=(const CompressedRows&) = delete;
+
+    void append(std::string_view row) {
+        zip_.next_in = zlibBytes(row);
+        zip_.avail_in = static_cast<uInt>(row.size());
+        while (zip_.avail_in > 0) {
+            deflate(&zip_, Z_NO_FLUSH);
+            if (zip_.avail_out == 0)
+                writeChunk();
+        }
     }
 
     void finish() {
-        guarded([&] { png_write_end(png_, info_); });
-        file_.finish();
+        while (deflate(&zip_, Z_FINISH) != Z_STREAM_END)
+            writeChunk();
+        writeChunk();
     }
 
 private:
+    void empty() {
+        zip_.next_out = packed_.data();
+        zip_.avail_out = static_cast<uInt>(packed_.size());
+    }
+    void writeChunk() {
+        chunks_.write("IDAT",
+                      {reinterpret_cast<const char*>(packed_.data()), packed_.size() - zip_.avail_out});
+        empty();
+    }
+
+    ChunkWriter& chunks_;
+    z_stream zip_{};
+    std::array<Bytef, 32768> packed_;
+};
+
+/// Writes each row as the numbers of its colours, or as their channels if they have no numbers.
+class PngWriter::Encoder {
+public:
+    Encoder(DotSize size, const Palette& palette, ByteSink& file)
+        : palette_(palette), depth_(hasNumbers() ? depthFor(palette.colors().size()) : kBitsOfByte),
+          numbers_(static_cast<std::size_t>(size.width)), chunks_(file), rows_(chunks_) {
+        constexpr char rgb = 2, numbers = 3;
+        std::string header = bytesOf(static_cast<std::uint32_t>(size.width)) +
+                             bytesOf(static_cast<std::uint32_t>(size.height));
+        header += {static_cast<char>(depth_), hasNumbers() ? numbers : rgb};
+        header.append(3, '\0'); // compression and filters are the usual ones, and rows are in their order
+        chunks_.write("IHDR", header);
+        chunks_.write("sRGB", {"\0", 1}); // shown as photographs are
+        if (!hasNumbers())
+            return;
+        std::string colors(palette_.colors().size() * kChannels, '\0');
+        putChannels(palette_.colors(), colors.data());
+        chunks_.write("PLTE", colors);
+    }
+
+    void writeRow(std::span<const Color> row) {
+        if (hasNumbers())
+            packNumbers(row);
+        else
+            packChannels(row);
+        rows_.append(row_);
+    }
+
+    void finish() {
+        rows_.finish();
+        chunks_.write("IEND", {});
+        chunks_.finish();
+    }
+
+private:
+    static constexpr std::size_t kChannels = 3;
+
     bool hasNumbers() const { return !palette_.isTooSmall(); }
 
-    void putChannels(std::span<const Color> row) {
-        auto place = bytes_.begin();
-        for (const Color color : row)
-            for (const std::uint8_t channel : {RedOf(color), GreenOf(color), BlueOf(color)})
-                *place++ = channel;
-    }
-
-    template <class Call>
-    void guarded(Call call) {
-        if (setjmp(png_jmpbuf(png_)) == 0)
-            return call();
-        if (fileError_)
-            std::rethrow_exception(fileError_);
-        throw RuntimeError(static_cast<int>(ErrorNumber::outOfMemory), message_.data());
-    }
-
-    static void onError(png_struct* png, const char* message) {
-        auto& self = *static_cast<Encoder*>(png_get_error_ptr(png));
-        std::string_view(message).copy(self.message_.data(), self.message_.size() - 1);
-        png_longjmp(png, 1);
-    }
-    static void ignoreWarning(png_struct*, const char*) {}
-
-    static void onBytes(png_struct* png, png_byte* bytes, std::size_t size) {
-        auto& self = *static_cast<Encoder*>(png_get_io_ptr(png));
-        try {
-            self.file_.append({reinterpret_cast<const char*>(bytes), size});
-            return;
-        } catch (...) {
-            self.fileError_ = std::current_exception();
+    void packNumbers(std::span<const Color> row) {
+        if (!palette_.number(row, numbers_))
+            throw RuntimeError(static_cast<int>(ErrorNumber::internalError),
+                               "A file that is shown has changed");
+        makeRow((row.size() * depth_ + kBitsOfByte - 1) / kBitsOfByte);
+        std::size_t bit = kBitsOfByte;
+        for (const std::uint8_t number : numbers_) {
+            row_[bit / kBitsOfByte] = static_cast<char>(row_[bit / kBitsOfByte] |
+                                                        number << (kBitsOfByte - depth_ - bit % kBitsOfByte));
+            bit += depth_;
         }
-        png_error(png, "the file cannot be written");
     }
+
+    void packChannels(std::span<const Color> row) {
+        makeRow(row.size() * kChannels);
+        putChannels(row, row_.data() + 1);
+    }
+
+    /// A row starts with the number of its filter. It is 0, for none: the dots of a sign repeat exactly, and
+    /// differences between them do not.
+    void makeRow(std::size_t size) { row_.assign(1 + size, '\0'); }
 
     const Palette& palette_;
-    BufferedText file_;
-    std::array<char, 64> message_{};
-    std::exception_ptr fileError_;
-    png_struct* png_;
-    png_info* info_;
-    std::vector<std::uint8_t> bytes_; ///< One row: a number a pixel, or its three channels.
+    std::size_t depth_;
+    std::vector<std::uint8_t> numbers_; ///< Of a row's colours.
+    std::string row_;
+    ChunkWriter chunks_;
+    CompressedRows rows_;
 };
 
 PngWriter::PngWriter(DotSize size, const Palette& palette, ByteSink& file)
-    : encoder_(std::make_unique<Encoder>(palette, file)) {
-    encoder_->start(size);
-}
+    : encoder_(std::make_unique<Encoder>(size, palette, file)) {}
 PngWriter::~PngWriter() = default;
 
 void PngWriter::write(const Raster& rows) {

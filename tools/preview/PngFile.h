@@ -26,6 +26,8 @@ public:
     void finish();
 
 private:
+    class ChunkWriter;
+    class CompressedRows;
     class Encoder;
     std::unique_ptr<Encoder> encoder_;
 };
