@@ -66,6 +66,12 @@ struct Drive {
     std::string place;        ///< A path on it.
 };
 
+/// While it lives, other processes that lock the same folder wait.
+class FolderLock {
+public:
+    virtual ~FolderLock() = default;
+};
+
 struct TemporaryFile {
     std::string path;
     std::unique_ptr<OutputFile> file;
@@ -119,6 +125,13 @@ public:
     /// Returns when renames in `folder` are safe from a power cut.
     virtual SystemError flushFolder(const std::string& folder) = 0;
     virtual SystemError remove(const std::string& path) = 0;
+
+    /// Locks the folder of `path` against other processes that lock it, too. If it is one of the library's
+    /// own, it is made first. Without locks in the file system, or if another process keeps its lock for
+    /// seconds, the result locks nothing: that is better than not saving a setting.
+    virtual Result<std::unique_ptr<FolderLock>> lockFolderOf(const std::string& /*path*/) {
+        return std::unique_ptr<FolderLock>();
+    }
 
     /// Makes one folder. The folder above it must exist.
     virtual SystemError createFolder(const std::string& path) = 0;

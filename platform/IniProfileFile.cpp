@@ -1,5 +1,7 @@
 #include "platform/IniProfileFile.h"
 
+#include "platform/ReplacementFile.h"
+
 #include <optional>
 #include <utility>
 
@@ -96,6 +98,10 @@ SystemError IniProfileFile::commit() {
     const std::vector<IniChange> changes = std::exchange(changes_, {});
     if (changes.empty())
         return SystemError::none;
+    // The folder that holds the file itself, whatever link leads to it.
+    const auto lock = files_.lockFolderOf(files_.resolveLinks(files_.existingName(path_)));
+    if (!lock)
+        return lock.error();
     Result<FileBytes> read = readFile([&](const std::string& path) { return files_.read(path); });
     if (!read && read.error() != SystemError::fileNotFound)
         return read.error();
@@ -107,9 +113,7 @@ SystemError IniProfileFile::commit() {
         return SystemError::none;
     ReplacementFile file(files_, path_);
     (void)file.write(*text); // `commit` reports an error of this
-    return replace(file);
+    return file.commit();
 }
-
-SystemError IniProfileFile::replace(ReplacementFile& file) { return file.commit(); }
 
 } // namespace qrtVistrelClasses4

@@ -4,7 +4,6 @@
 #include "platform/FileSystem.h"
 #include "platform/IniText.h"
 #include "platform/ProfileFile.h"
-#include "platform/ReplacementFile.h"
 
 #include <memory>
 #include <mutex>
@@ -41,8 +40,9 @@ private:
 };
 
 /// Parses the file once, on the first read. `commit` makes all writes together, in one new version of the
-/// file. Reads do not see writes that are not committed.
-class IniProfileFile : public ProfileFile {
+/// file, and under a lock, so that two programs that save at the same time keep each other's keys. Reads do
+/// not see writes that are not committed.
+class IniProfileFile final : public ProfileFile {
 public:
     /// `files` and `cache` must outlive this object. The case of letters in the file name does not matter.
     /// While the file is missing, `original` is read in its place, if there is one.
@@ -54,12 +54,6 @@ public:
     void write(std::string_view section, std::string_view key, std::string_view value) override;
     void remove(std::string_view section, std::string_view key) override;
     SystemError commit() override;
-
-protected:
-    /// Puts the new version of the file in place, safe from a power cut.
-    virtual SystemError replace(ReplacementFile& file);
-    FileSystem& files() { return files_; }
-    const std::string& path() const { return path_; }
 
 private:
     template <class Read>

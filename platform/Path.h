@@ -33,6 +33,13 @@ struct SplitPathResult {
 /// Splits `path` after its last separator. The views refer to `path`.
 SplitPathResult SplitPath(std::string_view path);
 
+/// The folder that this machine finds `path` in, without a separator at its end unless it is a root; "." if
+/// `path` is a name alone.
+std::string FolderOf(const std::string& path);
+
+/// `folder` without the separators at its end. A root keeps its own.
+std::string WithoutTrailingSeparators(std::string_view folder);
+
 /// Whether `path` starts with a drive ("C:") on Windows, or with the root elsewhere. A Windows network name
 /// ("\\host\share") has no drive and is not rooted.
 bool IsRootedPath(std::string_view path);

@@ -61,7 +61,7 @@ public:
     virtual Console& console() = 0;
 
     /// Opens the INI file `path`. While it is missing, the file `original`, if there is one, is read in its
-    /// place; the first change makes `path` of it. On Windows there never is one.
+    /// place; the first change makes `path` of it. On Windows without a home there never is one.
     virtual std::unique_ptr<ProfileFile> openProfile(const std::string& path,
                                                      const std::string& original) = 0;
     std::unique_ptr<ProfileFile> openProfile(const std::string& path) { return openProfile(path, {}); }
@@ -69,8 +69,8 @@ public:
     virtual std::string systemProfilePath() = 0;
 
     /// The folder of the library's own files. It ends in a separator only if it is a root. On Windows it is
-    /// the folder that the library was loaded from. On a POSIX system it is the user's own; until something
-    /// is written in it, it need not exist, and counts as empty.
+    /// the folder that the library was loaded from. On a POSIX system it is the user's own. A user's own
+    /// folder, or a home in its place, need not exist until something is written in it, and counts as empty.
     virtual std::string libraryFolder() = 0;
     /// The folders that may have a file that the library's folder has not, in the order in which they are
     /// searched. Nothing is written in them.
@@ -86,8 +86,9 @@ public:
 struct PlatformOptions {
     /// A folder that replaces the library's folder and the user's folders, and holds the settings store. The
     /// library then uses no place outside it, except for files that callers or settings name, and for what
-    /// was installed with the program. Without it, the environment variable VISTREL_HOME names that folder;
-    /// without both, the machine's own places are used. Not supported on Windows.
+    /// was installed with the program. Without it, on POSIX systems, the environment variable VISTREL_HOME
+    /// names that folder. On Windows only `vistrel` reads the variable, since the library is also loaded
+    /// into programs of others. Without a home, the machine's own places are used.
     std::optional<std::string> home;
 };
 

@@ -25,12 +25,12 @@ public:
     SystemError error() const { return error_; }
     SystemError write(std::string_view bytes) override;
     SystemError commit();
-    /// The same, but a power cut may bring the old version back until the caller has flushed the folder.
-    SystemError commitUnflushed();
     /// True if the old file is overwritten, so that a failure may leave a piece of the new version.
     bool isInPlace() const { return inPlace_; }
 
 private:
+    /// Like `commit`, but a power cut may bring the old version back until the folder is flushed.
+    SystemError commitUnflushed();
     SystemError note(SystemError result);
     SystemError writeInPlace();
 

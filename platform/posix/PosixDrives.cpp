@@ -1,4 +1,5 @@
 // Whether a path lies on a disk that stays with the machine.
+#include "platform/Path.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixSystem.h"
 
@@ -51,7 +52,7 @@ Drive PosixFileSystem::driveOf(const std::string& path) {
     std::string existing = path.substr(0, PATH_MAX); // a longer one is no name of a file
     struct stat status {};
     while (::stat(existing.c_str(), &status) != 0 && existing != ".") {
-        std::string folder = folderOf(existing);
+        std::string folder = FolderOf(existing);
         existing = folder.size() < existing.size() ? std::move(folder) : ".";
     }
     return {status.st_dev, std::move(existing)};

@@ -211,19 +211,8 @@ SystemError copyBytes(const Source& source, const std::string& from, Replacement
 
 } // namespace
 
-bool PosixFileSystem::isInFolderToMake(const std::string& path) const {
-    const std::string folder = folderOf(path);
-    struct stat status {};
-    return isUsableName(path) && std::ranges::find(ownFolders_, folder) != ownFolders_.end() &&
-           !lookUp(folder, status);
-}
-
-SystemError PosixFileSystem::answer(const std::string& path, SystemError error) const {
-    return error == SystemError::folderNotFound && isInFolderToMake(path) ? SystemError::fileNotFound : error;
-}
-
-SystemError PosixFileSystem::makeOwnFolderOf(const std::string& path) const {
-    return isInFolderToMake(path) ? makePrivateFoldersAbove(path) : SystemError::none;
+SystemError PosixFileSystem::makeOwnFolderOf(const std::string& path) {
+    return ownFolders_.lackThatOf(*this, path) ? makePrivateFoldersAbove(path) : SystemError::none;
 }
 
 EntryKind PosixFileSystem::kindOf(const std::string& path) {
@@ -245,7 +234,7 @@ bool PosixFileSystem::hasEntry(const std::string& path) {
 Result<std::uint64_t> PosixFileSystem::sizeOf(const std::string& path) {
     struct stat status {};
     if (!lookUp(path, status))
-        return answer(path, errorOn(path));
+        return ownFolders_.answer(*this, path, errorOn(path));
     if (!S_ISREG(status.st_mode))
         return SystemError::accessDenied;
     return static_cast<std::uint64_t>(status.st_size);
@@ -254,7 +243,7 @@ Result<std::uint64_t> PosixFileSystem::sizeOf(const std::string& path) {
 Result<FileBytes> PosixFileSystem::read(const std::string& path) {
     const auto source = openSource(path);
     if (!source)
-        return answer(path, source.error());
+        return ownFolders_.answer(*this, path, source.error());
     return readLocked(source.value(), path);
 }
 
@@ -266,7 +255,7 @@ Result<std::optional<FileBytes>> PosixFileSystem::readIfChanged(const std::strin
     (void)::clock_gettime(CLOCK_REALTIME, &now); // before the file is opened: a change after that must show
     const auto source = openSource(path);
     if (!source)
-        return answer(path, source.error());
+        return ownFolders_.answer(*this, path, source.error());
     Result<FileBytes> bytes = readLocked(source.value(), path);
     if (!bytes)
         return bytes.error();
@@ -278,7 +267,7 @@ Result<std::optional<FileBytes>> PosixFileSystem::readIfChanged(const std::strin
 Result<std::unique_ptr<InputFile>> PosixFileSystem::openToRead(const std::string& path) {
     auto source = openSource(path);
     if (!source)
-        return answer(path, source.error());
+        return ownFolders_.answer(*this, path, source.error());
     return std::unique_ptr<InputFile>(std::make_unique<PosixInputFile>(std::move(source.value()), path));
 }
 
@@ -342,7 +331,7 @@ Result<TemporaryFile> PosixFileSystem::createBeside(const std::string& path) {
 SystemError PosixFileSystem::mayWrite(const std::string& path) {
     struct stat status {};
     const SystemError error = mayWriteThere(path, lookUp(path, status) ? &status : nullptr);
-    return answer(path, error) == SystemError::fileNotFound ? SystemError::none : error;
+    return ownFolders_.answer(*this, path, error) == SystemError::fileNotFound ? SystemError::none : error;
 }
 
 SystemError PosixFileSystem::moveOver(const std::string& from, const std::string& to) {
@@ -366,12 +355,18 @@ SystemError PosixFileSystem::remove(const std::string& path) {
     return SystemError::none;
 }
 
+Result<std::unique_ptr<FolderLock>> PosixFileSystem::lockFolderOf(const std::string& path) {
+    if (const auto error = makeOwnFolderOf(path); error != SystemError::none)
+        return error;
+    return std::unique_ptr<FolderLock>(std::make_unique<PosixFolderLock>(FolderOf(path)));
+}
+
 SystemError PosixFileSystem::createFolder(const std::string& path) {
     if (const auto error = makeOwnFolderOf(path); error != SystemError::none)
         return error;
     if (!isUsableName(path) || ::mkdir(path.c_str(), 0777) != 0)
         return errorOn(path);
-    (void)flushFolder(folderOf(path)); // a power cut must not remove it with what is saved in it
+    (void)flushFolder(FolderOf(path)); // a power cut must not remove it with what is saved in it
     return SystemError::none;
 }
 
@@ -407,7 +402,7 @@ std::string PosixFileSystem::resolveLinks(const std::string& path) {
     if (size <= 0)
         return path;
     const std::string target(resolved.data(), static_cast<std::size_t>(size));
-    return resolveLinks(IsRootedPath(target) ? target : JoinPath(folderOf(path), target));
+    return resolveLinks(IsRootedPath(target) ? target : JoinPath(FolderOf(path), target));
 }
 
 std::string PosixFileSystem::fullName(const std::string& path) {

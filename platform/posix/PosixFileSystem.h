@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FileSystem.h"
+#include "platform/Home.h"
 
 #include <string>
 #include <utility>
@@ -8,15 +9,9 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Folders of the library's own exist only once something is written in them. Until then they are treated as
-/// empty folders: a file in them is missing, and not its folder.
 class PosixFileSystem final : public FileSystem {
 public:
-    explicit PosixFileSystem(std::vector<std::string> ownFolders = {}) : ownFolders_(std::move(ownFolders)) {}
-
-    /// Makes the folder of `path` if it is one of the library's own and missing. Writing does it, too, but a
-    /// lock of the folder needs it earlier.
-    SystemError makeOwnFolderOf(const std::string& path) const;
+    explicit PosixFileSystem(OwnFolders ownFolders = {}) : ownFolders_(std::move(ownFolders)) {}
 
     EntryKind kindOf(const std::string& path) override;
     bool hasEntry(const std::string& path) override;
@@ -30,6 +25,7 @@ public:
     SystemError moveOver(const std::string& from, const std::string& to) override;
     SystemError flushFolder(const std::string& folder) override;
     SystemError remove(const std::string& path) override;
+    Result<std::unique_ptr<FolderLock>> lockFolderOf(const std::string& path) override;
     SystemError createFolder(const std::string& path) override;
     SystemError copy(const std::string& from, const std::string& to) override;
     SystemError removeLink(const std::string& path) override;
@@ -41,12 +37,10 @@ public:
     bool isFixed(const Drive& drive) override;
 
 private:
-    /// Whether `path` is in a folder of the library's own that does not exist yet.
-    bool isInFolderToMake(const std::string& path) const;
-    /// The meaning of `error`, the system's answer to a look at `path`.
-    SystemError answer(const std::string& path, SystemError error) const;
+    /// Makes the folder of `path` if it is one of the library's own and missing.
+    SystemError makeOwnFolderOf(const std::string& path);
 
-    std::vector<std::string> ownFolders_;
+    OwnFolders ownFolders_;
 };
 
 } // namespace qrtVistrelClasses4

@@ -1,8 +1,8 @@
 #include "platform/posix/PosixFolders.h"
 
 #include "platform/Folders.h"
+#include "platform/Home.h"
 #include "platform/Path.h"
-#include "platform/Platform.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixSystem.h"
 
@@ -19,26 +19,6 @@
 
 namespace qrtVistrelClasses4 {
 namespace {
-
-struct UserFolder {
-    int shellNumber;
-    std::string_view variable;
-    std::string_view usualName;
-};
-
-constexpr std::array<UserFolder, 6> kUserFolders{{
-    {0, "XDG_DESKTOP_DIR", "Desktop"},
-    {kDocumentsFolder, "XDG_DOCUMENTS_DIR", "Documents"},
-    {13, "XDG_MUSIC_DIR", "Music"},
-    {14, "XDG_VIDEOS_DIR", "Videos"},
-    {16, "XDG_DESKTOP_DIR", "Desktop"},
-    {39, "XDG_PICTURES_DIR", "Pictures"},
-}};
-
-const UserFolder* find(int shellNumber) {
-    const auto* folder = std::ranges::find(kUserFolders, shellNumber, &UserFolder::shellNumber);
-    return folder == kUserFolders.end() ? nullptr : folder;
-}
 
 /// No value also for an empty variable.
 std::optional<std::string> environment(const char* name) {
@@ -98,10 +78,8 @@ std::optional<std::string> userDirectory(std::string_view text, std::string_view
     return std::nullopt;
 }
 
-bool isUserFolder(int shellNumber) { return find(shellNumber) != nullptr; }
-
 std::optional<std::string> userFolder(FileSystem& files, int shellNumber) {
-    const UserFolder* folder = find(shellNumber);
+    const UserFolder* folder = FindUserFolder(shellNumber);
     if (!folder)
         return {};
     const FileBytes directories = files.read(JoinPath(configurationFolder(), "user-dirs.dirs")).valueOr({});
@@ -116,13 +94,9 @@ SystemError makePrivateFoldersAbove(const std::string& path) {
         if (::mkdir(folder.c_str(), onlyTheUser) != 0)
             return errorOn(folder);
         // A power cut must not remove it with what is saved in it.
-        (void)files.flushFolder(folderOf(folder.substr(0, folder.find_last_not_of('/') + 1)));
+        (void)files.flushFolder(FolderOf(WithoutTrailingSeparators(folder)));
         return SystemError::none;
     });
-}
-
-std::string sharedFolder(const std::string& programFolder) {
-    return JoinPath(folderOf(programFolder), "share/vistrel");
 }
 
 std::string moduleFolder() {
@@ -134,7 +108,7 @@ std::string moduleFolder() {
     // The program itself has no name in the list of modules.
     const char* name = isKnown && module->l_name[0] != '\0' ? module->l_name : "/proc/self/exe";
     std::array<char, PATH_MAX> resolved;
-    return folderOf(::realpath(name, resolved.data()) ? resolved.data() : name);
+    return FolderOf(::realpath(name, resolved.data()) ? resolved.data() : name);
 }
 
 } // namespace qrtVistrelClasses4

@@ -16,8 +16,6 @@ std::string configurationFolder();
 std::string dataFolder();
 /// The folder that the environment puts in the place of all these; no value if it names none.
 std::optional<std::string> replacedHome();
-/// Whether users of this system have the folder with that shell number.
-bool isUserFolder(int shellNumber);
 /// The folder with that shell number: the one in the desktop's "user-dirs.dirs", else the usual English name
 /// in the home folder. No value for a number without a counterpart.
 std::optional<std::string> userFolder(FileSystem& files, int shellNumber);
@@ -26,9 +24,6 @@ std::optional<std::string> userFolder(FileSystem& files, int shellNumber);
 SystemError makePrivateFoldersAbove(const std::string& path);
 /// The folder of the program or shared library that contains this code.
 std::string moduleFolder();
-/// The folder for files that are installed together with a program in `programFolder`: "share/vistrel" beside
-/// that folder.
-std::string sharedFolder(const std::string& programFolder);
 
 /// The folder that `variable` is set to in the text of a "user-dirs.dirs" file. No value if it is not set, or
 /// not to a full path.

@@ -1,5 +1,7 @@
 #include "platform/posix/PosixSystem.h"
 
+#include "platform/Path.h"
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -77,18 +79,11 @@ Descriptor openDescriptor(const std::string& path, int flags, unsigned mode) {
     return Descriptor(uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); }));
 }
 
-std::string folderOf(const std::string& path) {
-    const std::size_t slash = path.rfind('/');
-    if (slash == path.npos)
-        return ".";
-    return path.substr(0, slash == 0 ? 1 : slash);
-}
-
 namespace {
 
 SystemError missing(const std::string& path) {
     struct stat status {};
-    const bool hasFolder = lookUp(folderOf(path), status) && S_ISDIR(status.st_mode);
+    const bool hasFolder = lookUp(FolderOf(path), status) && S_ISDIR(status.st_mode);
     return hasFolder ? SystemError::fileNotFound : SystemError::folderNotFound;
 }
 
@@ -153,16 +148,10 @@ bool lockFile(int file, int operation) {
     return true;
 }
 
-FolderLock::FolderLock(const std::string& folder) : folder_(openDescriptor(folder, O_RDONLY | O_DIRECTORY)) {
+PosixFolderLock::PosixFolderLock(const std::string& folder)
+    : folder_(openDescriptor(folder, O_RDONLY | O_DIRECTORY)) {
     if (folder_)
         (void)lockFile(folder_.number(), LOCK_EX);
-}
-
-SystemError FolderLock::commit(ReplacementFile& file) const {
-    const SystemError error = file.commitUnflushed();
-    if (error == SystemError::none)
-        (void)flushToDisk(folder_.number()); // some file systems cannot flush a folder
-    return error;
 }
 
 } // namespace qrtVistrelClasses4

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "platform/FileSystem.h"
-#include "platform/ReplacementFile.h"
 
 #include <cerrno>
 #include <csignal>
@@ -77,23 +76,15 @@ bool flushToDisk(int file);
 /// seconds for others, then returns false. True also if the file system has no locks.
 bool lockFile(int file, int operation);
 
-/// The folder of `path`: the part before the last "/", or "." without one.
-std::string folderOf(const std::string& path);
-
 /// The meaning of the error `code` for an operation on `path`.
 SystemError errorOn(const std::string& path, int code = errno);
 
 /// Writes all of `bytes` to an open file. False with `errno` set.
 bool writeAll(int file, std::string_view bytes);
 
-/// Makes other processes that lock the same folder wait. If the file system has no locks, or if another
-/// process keeps its lock for seconds, the work goes on without a lock: that is better than not saving a
-/// setting.
-class FolderLock {
+class PosixFolderLock final : public FolderLock {
 public:
-    explicit FolderLock(const std::string& folder);
-    /// Puts a new file of this folder in place. This is `file.commit()` without opening the folder again.
-    SystemError commit(ReplacementFile& file) const;
+    explicit PosixFolderLock(const std::string& folder);
 
 private:
     Descriptor folder_; // closing it releases the lock

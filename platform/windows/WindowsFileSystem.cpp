@@ -1,5 +1,6 @@
 #include "platform/windows/WindowsFileSystem.h"
 
+#include "platform/Folders.h"
 #include "platform/Path.h"
 #include "platform/TemporaryFiles.h"
 #include "platform/TemporaryName.h"
@@ -29,11 +30,11 @@ DWORD attributesOf(const std::string& path) {
     return isUsableName(path) ? ::GetFileAttributesA(path.c_str()) : INVALID_FILE_ATTRIBUTES;
 }
 
-FileHandle openHandle(const std::string& path, DWORD access, DWORD share, DWORD disposition) {
+FileHandle openHandle(const std::string& path, DWORD access, DWORD share, DWORD disposition,
+                      DWORD flags = FILE_ATTRIBUTE_NORMAL) {
     if (!isUsableName(path))
         return {};
-    return FileHandle(
-        ::CreateFileA(path.c_str(), access, share, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
+    return FileHandle(::CreateFileA(path.c_str(), access, share, nullptr, disposition, flags, nullptr));
 }
 
 FileHandle openForWriting(const std::string& path, DWORD disposition, DWORD share = FILE_SHARE_READ) {
@@ -65,6 +66,32 @@ bool lockFile(HANDLE file, bool forWriting) {
     }
     return false;
 }
+
+/// Only one process at a time can have the file open. The system removes it when it is closed, also at the
+/// end of a process that was ended in the middle of its work.
+class WindowsFolderLock final : public FolderLock {
+public:
+    explicit WindowsFolderLock(const std::string& folder) {
+        constexpr ULONGLONG longestWait = 5000; // milliseconds
+        constexpr int mostDenials = 20;         // the file may be about to vanish, or this user may make none
+        const std::string path = JoinPath(folder, ".vistrel-lock");
+        const ULONGLONG start = ::GetTickCount64();
+        for (int denials = 0; !open(path) && ::GetTickCount64() - start < longestWait; ::Sleep(1)) {
+            const DWORD code = ::GetLastError();
+            if (code == ERROR_ACCESS_DENIED ? ++denials == mostDenials : code != ERROR_SHARING_VIOLATION)
+                return;
+        }
+    }
+
+private:
+    bool open(const std::string& path) {
+        constexpr DWORD flags = FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE;
+        file_ = openHandle(path, GENERIC_WRITE, 0, OPEN_ALWAYS, flags);
+        return static_cast<bool>(file_);
+    }
+
+    FileHandle file_;
+};
 
 /// Reads until `bytes` is full or the file ends. `used` becomes the number of bytes read.
 SystemError fill(HANDLE file, std::span<char> bytes, std::size_t& used) {
@@ -182,6 +209,14 @@ std::optional<std::array<DWORD, 3>> identity(const std::string& path) {
 
 } // namespace
 
+SystemError WindowsFileSystem::makeOwnFolderOf(const std::string& path) {
+    if (!ownFolders_.lackThatOf(*this, path))
+        return SystemError::none;
+    return MakeFoldersAbove(*this, path, [](const std::string& folder) {
+        return ::CreateDirectoryA(folder.c_str(), nullptr) ? SystemError::none : lastSystemError();
+    });
+}
+
 EntryKind WindowsFileSystem::kindOf(const std::string& path) {
     const DWORD attributes = attributesOf(path);
     if (attributes == INVALID_FILE_ATTRIBUTES)
@@ -198,7 +233,7 @@ bool WindowsFileSystem::hasEntry(const std::string& path) {
 Result<std::uint64_t> WindowsFileSystem::sizeOf(const std::string& path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (!isUsableName(path) || !::GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data))
-        return lastSystemError();
+        return ownFolders_.answer(*this, path, lastSystemError());
     if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
         return SystemError::accessDenied;
     return (std::uint64_t{data.nFileSizeHigh} << 32) | data.nFileSizeLow;
@@ -207,7 +242,7 @@ Result<std::uint64_t> WindowsFileSystem::sizeOf(const std::string& path) {
 Result<FileBytes> WindowsFileSystem::read(const std::string& path) {
     const auto file = openSource(path);
     if (!file)
-        return file.error();
+        return ownFolders_.answer(*this, path, file.error());
     if (!lockFile(file.value().get(), false))
         return SystemError::inUse;
     const auto size = sizeOfOpened(file.value().get());
@@ -226,7 +261,7 @@ Result<FileBytes> WindowsFileSystem::read(const std::string& path) {
 Result<std::unique_ptr<InputFile>> WindowsFileSystem::openToRead(const std::string& path) {
     auto file = openSource(path);
     if (!file)
-        return file.error();
+        return ownFolders_.answer(*this, path, file.error());
     const auto size = sizeOfOpened(file.value().get());
     if (!size)
         return size.error();
@@ -237,6 +272,8 @@ Result<std::unique_ptr<InputFile>> WindowsFileSystem::openToRead(const std::stri
 Result<std::unique_ptr<OutputFile>> WindowsFileSystem::open(const std::string& path, OpenMode mode) {
     if (mode == OpenMode::append && isLink(path))
         return SystemError::accessDenied;
+    if (const auto error = makeOwnFolderOf(path); error != SystemError::none)
+        return error;
     auto file = std::make_unique<WindowsOutputFile>();
     // Others that replace the file at the same time must be able to open it, and wait for the lock.
     const DWORD share = mode == OpenMode::replace ? kShareAll : FILE_SHARE_READ;
@@ -256,6 +293,8 @@ Result<std::unique_ptr<OutputFile>> WindowsFileSystem::open(const std::string& p
 }
 
 Result<TemporaryFile> WindowsFileSystem::createBeside(const std::string& path) {
+    if (const auto error = makeOwnFolderOf(path); error != SystemError::none)
+        return error;
     std::string target = resolveLinks(path);
     if (const auto error = mayWrite(target); error != SystemError::none)
         return error;
@@ -275,7 +314,7 @@ Result<TemporaryFile> WindowsFileSystem::createBeside(const std::string& path) {
 SystemError WindowsFileSystem::mayWrite(const std::string& path) {
     const DWORD attributes = attributesOf(path);
     if (attributes == INVALID_FILE_ATTRIBUTES) {
-        const SystemError error = lastSystemError();
+        const SystemError error = ownFolders_.answer(*this, path, lastSystemError());
         return error == SystemError::fileNotFound ? SystemError::none : error;
     }
     if (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY))
@@ -309,7 +348,15 @@ SystemError WindowsFileSystem::remove(const std::string& path) {
     return SystemError::none;
 }
 
+Result<std::unique_ptr<FolderLock>> WindowsFileSystem::lockFolderOf(const std::string& path) {
+    if (const auto error = makeOwnFolderOf(path); error != SystemError::none)
+        return error;
+    return std::unique_ptr<FolderLock>(std::make_unique<WindowsFolderLock>(FolderOf(path)));
+}
+
 SystemError WindowsFileSystem::createFolder(const std::string& path) {
+    if (const auto error = makeOwnFolderOf(path); error != SystemError::none)
+        return error;
     return isUsableName(path) && ::CreateDirectoryA(path.c_str(), nullptr) ? SystemError::none
                                                                            : lastSystemError();
 }

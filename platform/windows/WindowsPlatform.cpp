@@ -1,4 +1,7 @@
 // The services of Windows.
+#include "platform/FileRegistryStore.h"
+#include "platform/Home.h"
+#include "platform/IniProfileFile.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/windows/WindowsCalendar.h"
@@ -34,45 +37,65 @@ std::string modulePath() {
     }
 }
 
+std::string moduleFolder() { return FolderOf(modulePath()); }
+
 struct FreeItemList {
     void operator()(ITEMIDLIST* list) const { ::CoTaskMemFree(list); }
 };
 
 class WindowsPlatform final : public Platform {
 public:
+    explicit WindowsPlatform(const PlatformOptions& options) : home_(fullHome(options.home)) {
+        if (home_)
+            registry_ = std::make_unique<FileRegistryStore>(files_, JoinPath(*home_, kRegistryFile));
+        else
+            registry_ = std::make_unique<WindowsRegistryStore>();
+    }
+
     FileSystem& files() override { return files_; }
-    RegistryStore& registry() override { return registry_; }
+    RegistryStore& registry() override { return *registry_; }
     MessageBoxes& messageBoxes() override { return boxes_; }
     Console& console() override { return console_; }
 
-    std::unique_ptr<ProfileFile> openProfile(const std::string& path, const std::string&) override {
+    using Platform::openProfile;
+    std::unique_ptr<ProfileFile> openProfile(const std::string& path, const std::string& original) override {
+        if (home_)
+            return std::make_unique<IniProfileFile>(files_, profiles_, path, original);
         return std::make_unique<WindowsProfileFile>(path);
     }
-    std::string systemProfilePath() override { return "win.ini"; }
+    std::string systemProfilePath() override {
+        return home_ ? JoinPath(*home_, kSystemProfile) : std::string(kSystemProfile);
+    }
 
     std::string libraryFolder() override;
-    std::vector<std::string> otherFolders(FileUse) override { return {}; }
+    std::vector<std::string> otherFolders(FileUse use) override {
+        if (home_ && use == FileUse::onlyRead)
+            return {SharedFolder(moduleFolder())};
+        return {};
+    }
     std::optional<std::string> specialFolder(int number) override;
     LocalTime localTime() override;
     CalendarNames calendarNames() override { return WindowsCalendarNames(LOCALE_USER_DEFAULT); }
 
 private:
-    WindowsFileSystem files_;
-    WindowsRegistryStore registry_;
+    static std::optional<std::string> fullHome(const std::optional<std::string>& folder) {
+        WindowsFileSystem files;
+        return FullHome(files, folder);
+    }
+
+    const std::optional<std::string> home_; ///< The full name of what replaces the places of the system.
+    WindowsFileSystem files_{home_ ? OwnFolders({*home_}) : OwnFolders()};
+    IniFileCache profiles_{files_};
+    std::unique_ptr<RegistryStore> registry_;
     WindowsMessageBoxes boxes_;
     WindowsConsole console_;
 };
 
-std::string WindowsPlatform::libraryFolder() {
-    const std::string path = modulePath();
-    std::string_view folder = SplitPath(path).folder;
-    constexpr std::size_t rootLength = 3; // "C:\"
-    if (folder.size() > rootLength)
-        folder.remove_suffix(1);
-    return std::string(folder);
-}
+std::string WindowsPlatform::libraryFolder() { return home_ ? *home_ : moduleFolder(); }
 
 std::optional<std::string> WindowsPlatform::specialFolder(int number) {
+    if (home_)
+        return FindUserFolder(number) ? home_ : std::nullopt;
     ITEMIDLIST* list = nullptr;
     if (::SHGetSpecialFolderLocation(nullptr, number, &list) != S_OK)
         return {};
@@ -91,6 +114,8 @@ LocalTime WindowsPlatform::localTime() {
 
 } // namespace
 
-std::unique_ptr<Platform> makePlatform(const PlatformOptions&) { return std::make_unique<WindowsPlatform>(); }
+std::unique_ptr<Platform> makePlatform(const PlatformOptions& options) {
+    return std::make_unique<WindowsPlatform>(options);
+}
 
 } // namespace qrtVistrelClasses4

@@ -1,15 +1,12 @@
 #include "Stores.h"
 
+#include "platform/FileRegistryStore.h"
 #include "playfile/LegacyBytes.h"
 #include <qrtVistrelClasses4/DisplayDatabaseClass.h>
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/MostRecentlyUsed.h>
 #include <qrtVistrelClasses4/SettingsInfoClass.h>
 #include <qrtVistrelClasses4/clsCommandInterface.h>
-
-#ifndef _WIN32
-#include "platform/posix/PosixRegistryStore.h"
-#endif
 
 #include <algorithm>
 #include <memory>
@@ -153,11 +150,9 @@ Subject commandTable(TestHost& host, const std::string&) {
         [=] { return (*table)->sCommandBytesByKey("##FIRST") + (*table)->sCommandBytesByKey("##SECOND"); }};
 }
 
-#ifndef _WIN32
 /// The file that keeps registry settings, one value among others.
 Subject registryFile(TestHost& host, const std::string& path) {
-    const auto store =
-        std::make_shared<PosixRegistryStore>(host.machine.files(), path, [] { return SystemError::none; });
+    const auto store = std::make_shared<FileRegistryStore>(host.machine.files(), path);
     const auto text = std::make_shared<std::string>();
     const RegistryKey key{RegistryHive::localMachine, "Software\\Brivox\\Test"};
     if (!host.machine.files().content(path))
@@ -170,7 +165,6 @@ Subject registryFile(TestHost& host, const std::string& path) {
             },
             [=] { return *text; }};
 }
-#endif
 
 } // namespace
 
@@ -185,9 +179,7 @@ const std::vector<Store>& Stores() {
         {"RecentFiles", "VistrelLite.MRU", recentFiles, Store::hasPlace},
         {"CommandTable", JoinPath("db", "VistrelLite.dat"), commandTable,
          Store::keepsCopy | Store::mayStart | Store::hasPlace},
-#ifndef _WIN32
-        {"RegistryFile", "settings/registry", registryFile, Store::loadsSilently},
-#endif
+        {"RegistryFile", JoinPath("settings", "registry"), registryFile, Store::loadsSilently},
     };
     return stores;
 }

@@ -74,6 +74,18 @@ protected:
     Machine machine;
 };
 
+#ifdef _WIN32
+/// With the registry and the profile functions of the system.
+class SystemMachineWithoutHome : public SystemMachine {
+public:
+    Platform& platform() { return *own_; }
+
+private:
+    std::unique_ptr<Platform> own_ = makePlatform();
+};
+using Machines = testing::Types<MemoryMachine, SystemMachine, SystemMachineWithoutHome>;
+#else
 using Machines = testing::Types<MemoryMachine, SystemMachine>;
+#endif
 
 } // namespace qrtVistrelClasses4

@@ -1,11 +1,11 @@
 // What only a POSIX system has, as links and rights.
 #include "Machines.h"
 #include "platform/KeptCopies.h"
+#include "platform/Path.h"
 #include "platform/ReplacementFile.h"
 #include "platform/posix/PosixCalendar.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixFolders.h"
-#include "platform/posix/PosixRegistryStore.h"
 #include "platform/posix/PosixSystem.h"
 
 #include <gmock/gmock.h>
@@ -178,39 +178,12 @@ TEST(PosixSystem, TrustsTheTimeOfAFileOnceTheClockHasLeftIt) {
     }
 }
 
-TEST_F(PosixPlatformTest, OneHomeFolderStandsForAllPlacesAndIsMadeByTheFirstSetting) {
-    const std::string home = file("a/b"),
-                      program = std::filesystem::read_symlink("/proc/self/exe").parent_path();
-    const auto fresh = makePlatform({home + "/"});
-    EXPECT_EQ(fresh->otherFolders(FileUse::kept), std::vector<std::string>());
+TEST_F(PosixPlatformTest, ReadsFontsBesideTheProgramAndMakesAHomeForItsUserOnly) {
+    const std::string program = std::filesystem::read_symlink("/proc/self/exe").parent_path();
     EXPECT_EQ(makePlatform()->otherFolders(FileUse::onlyRead),
-              (std::vector{program, folderOf(program) + "/share/vistrel"}));
-    EXPECT_EQ(fresh->files().read(JoinPath(home, "a")).error(), SystemError::fileNotFound);
-    EXPECT_EQ(fresh->files().mayWrite(JoinPath(home, "a")), SystemError::none);
-    EXPECT_EQ(files().kindOf(file("a")), EntryKind::missing) << "not made by looking";
-    EXPECT_EQ(fresh->libraryFolder(), home);
-    EXPECT_EQ(fresh->specialFolder(kDocumentsFolder), home);
-    const auto profile = fresh->openProfile(fresh->systemProfilePath());
-    profile->write("S", "k", "v");
-    EXPECT_EQ(profile->commit(), SystemError::none);
-    EXPECT_EQ(textOf(JoinPath(home, "win.ini")), "[S]\r\nk=v\r\n");
-    EXPECT_EQ(std::filesystem::status(home).permissions(), std::filesystem::perms::owner_all);
-    EXPECT_EQ(makePlatform({file("c/d")})->registry().createKey(kKey), SystemError::none);
-    EXPECT_EQ(textOf(file("c/d/registry")), "[HKEY_USERS\\a]\n");
-}
-
-TEST_F(PosixPlatformTest, ASettingsStoreThatCannotBeReadKeepsWhatWasReadLast) {
-    MemoryFileSystem machineInMemory;
-    PosixRegistryStore store(machineInMemory, file("registry"), [] { return SystemError::none; });
-    for (const std::string value : {"first", "second"}) {
-        machineInMemory.observer = nullptr;
-        machineInMemory.put(file("registry"), "[HKEY_USERS\\a]\n\"name\"=\"" + value + "\"\n");
-        EXPECT_EQ(store.readString(kKey, "name").value(), value);
-        machineInMemory.observer = [](const FileOperation&) { return SystemError::deviceFailure; };
-        EXPECT_EQ(store.readString(kKey, "name").value(), value);
-        EXPECT_EQ(store.writeString(kKey, "name", value), SystemError::deviceFailure)
-            << "it may have changed";
-    }
+              (std::vector{program, FolderOf(program) + "/share/vistrel"}));
+    EXPECT_EQ(makePlatform({file("a/b")})->registry().createKey(kKey), SystemError::none);
+    EXPECT_EQ(std::filesystem::status(file("a/b")).permissions(), std::filesystem::perms::owner_all);
 }
 
 TEST(PosixCalendar, IsAllEnglishIfTheCodePageLacksACharacter) {

@@ -3,12 +3,16 @@
 #include "TempFolder.h"
 
 #include <gtest/gtest.h>
+#include <lodepng.h>
 
+#include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <sys/wait.h>
 #include <utility>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -70,8 +74,11 @@ public:
         return code == "0" ? out : out + "[" + code + "]\n";
     }
 
+    /// The path of a file beside the home.
+    std::string file(const std::string& name) const { return folder_.file(name); }
+
 private:
-    std::string home() const { return folder_.file("home"); }
+    std::string home() const { return file("home"); }
 
     std::string vistrel_;
     TempFolder folder_;
@@ -96,37 +103,75 @@ TEST(Installed, WorksForAUserWhoMayNotWriteWhereItLies) {
     program.play("installed");
 }
 
-/// The examples of the README as one script, and what it prints. One without output may print anything.
-std::pair<std::string, std::string> examples() {
-    std::ifstream readme(QRT_SAMPLES_FOLDER "/../README.md");
-    std::string script, output, command = ":", shown, blank;
+/// The examples of a document as one script, and what it prints. One without output may print anything. What
+/// follows "  <- " explains a line of the output.
+std::pair<std::string, std::string> examplesOf(const std::string& document) {
+    std::ifstream lines(QRT_SAMPLES_FOLDER "/../" + document);
+    std::string script, output, command, shown, blank;
+    bool isFenced = false;
     const auto endExample = [&] {
         // An example that shows an error also ends with one.
-        script += command + (shown.empty() ? " > /dev/null" : "") +
-                  (shown.find("vistrel: ") == std::string::npos ? " || echo failed\n" : "\n");
+        if (!command.empty())
+            script += std::exchange(command, "") + (shown.empty() ? " > /dev/null" : "") +
+                      (shown.find("vistrel: ") == std::string::npos ? " || echo failed\n" : "\n");
         output += std::exchange(shown, "");
     };
-    for (std::string line; std::getline(readme, line) && line != "## From C++";) {
-        if (line.starts_with("    $ ")) {
+    for (std::string line; std::getline(lines, line); blank = line.empty() ? "\n" : "") {
+        isFenced ^= line.starts_with("```");
+        if (const bool isExample = line.starts_with("    $ ") && !isFenced;
+            isExample || (!line.empty() && !line.starts_with("    "))) {
             endExample();
-            command = line.substr(6, line.find(" # ") - 6);
-        } else if (line.starts_with("    ") && command != ":") {
-            shown += blank + line.substr(4) + "\n";
+            command = isExample ? line.substr(6, line.find(" # ") - 6) : "";
+        } else if (!line.empty() && !command.empty()) {
+            shown += blank + line.substr(4, line.find("  <- ") - 4);
+            shown.resize(shown.find_last_not_of(' ') + 1);
+            shown += '\n';
         }
-        blank = line.empty() ? "\n" : "";
     }
     endExample();
     return {script, output};
 }
 
-TEST(Readme, ShowsWhatItsExamplesPrintAndLeavesTheCheckoutAsItWas) {
-    const auto [script, output] = examples();
-    EXPECT_EQ(Program().run("unset -f vistrel; PATH=\"$(dirname '" VISTREL_PROGRAM "'):$PATH\"\n"
-                            "mkdir ../checkout; cp -r . ../checkout/samples; cd ../checkout\n"
-                            "ls -lR --full-time > ../before\n" +
-                            script + "cd ../checkout; ls -lR --full-time | diff ../before -"),
-              output);
+std::vector<unsigned char> pixelsOf(const std::string& picture) {
+    std::vector<unsigned char> pixels;
+    unsigned width = 0, height = 0;
+    EXPECT_EQ(lodepng::decode(pixels, width, height, picture), 0U) << picture;
+    return pixels;
 }
+
+class Document : public testing::TestWithParam<std::string> {};
+
+TEST_P(Document, ShowsWhatItsExamplesMakeAndLeavesTheCheckoutAsItWas) {
+    const auto [script, output] = examplesOf(GetParam());
+    const Program program;
+    EXPECT_EQ(program.run("unset -f vistrel; PATH=\"$(dirname '" VISTREL_PROGRAM "'):$PATH\"\n"
+                          "mkdir ../checkout; cp -r . ../checkout/samples; cd ../checkout\n"
+                          "ls -lR --full-time > ../before\n" +
+                          script + "cd ../checkout; ls -lR --full-time | diff ../before -"),
+              output);
+    for (const auto& entry : std::filesystem::directory_iterator(QRT_SAMPLES_FOLDER "/../docs/pictures")) {
+        const std::string made = program.file("site/" + entry.path().filename().string());
+        EXPECT_TRUE(!std::filesystem::exists(made) || pixelsOf(made) == pixelsOf(entry.path())) << made;
+    }
+}
+
+/// The documents that have examples.
+std::vector<std::string> documents() {
+    std::vector<std::string> names;
+    for (const std::string folder : {"", "docs/", "docs/formats/"})
+        for (const auto& entry : std::filesystem::directory_iterator(QRT_SAMPLES_FOLDER "/../" + folder))
+            if (entry.path().extension() == ".md")
+                names.push_back(folder + entry.path().filename().string());
+    std::erase_if(names, [](const std::string& name) { return examplesOf(name).first.empty(); });
+    return names;
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, Document, testing::ValuesIn(documents()), [](const auto& document) {
+    std::string name = document.param;
+    std::replace_if(
+        name.begin(), name.end(), [](char letter) { return std::isalnum(letter) == 0; }, '_');
+    return name;
+});
 
 } // namespace
 } // namespace qrtVistrelClasses4

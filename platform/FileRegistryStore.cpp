@@ -1,40 +1,39 @@
-#include "platform/posix/PosixRegistryStore.h"
+#include "platform/FileRegistryStore.h"
 
 #include "platform/ReplacementFile.h"
-#include "platform/posix/PosixSystem.h"
 
 namespace qrtVistrelClasses4 {
 
-bool PosixRegistryStore::refresh() {
-    if (stamp_ && currentStamp(path_) == stamp_)
-        return true;
-    stamp_.reset(); // unless all goes well, the next look reads again
-    FileStamp stamp;
-    const auto bytes = files_.readIfChanged(path_, stamp);
+bool FileRegistryStore::refresh() {
+    const auto bytes = files_.readIfChanged(path_, stamp_);
     const bool isMissing =
         bytes.error() == SystemError::fileNotFound || bytes.error() == SystemError::folderNotFound;
     if (!bytes && !isMissing)
         return false;
-    tree_ = bytes ? RegistryTree(bytes.value()->text()) : RegistryTree();
-    if (isMissing || stamp != FileStamp())
-        stamp_ = stamp;
+    if (isMissing)
+        tree_ = RegistryTree();
+    else if (bytes.value())
+        tree_ = RegistryTree(bytes.value()->text());
     return true;
 }
 
-const RegistryTree& PosixRegistryStore::tree() {
-    (void)refresh(); // the last tree is better than none
+const RegistryTree& FileRegistryStore::tree() {
+    if (!refresh()) { // perhaps because another process is replacing the file at this moment
+        const auto lock = files_.lockFolderOf(path_);
+        (void)refresh(); // or else the last tree is better than none
+    }
     return tree_;
 }
 
-SystemError PosixRegistryStore::change(const Edit& edit) {
+SystemError FileRegistryStore::change(const Edit& edit) {
     if (refresh()) { // most changes leave everything as it is, which takes no lock
         RegistryTree changed = tree_;
         if (edit(changed) == SystemError::none && changed == tree_)
             return SystemError::none;
     }
-    if (const auto error = makeFolder_(); error != SystemError::none)
-        return error;
-    const FolderLock lock(folderOf(path_));
+    const auto lock = files_.lockFolderOf(path_);
+    if (!lock)
+        return lock.error();
     const auto bytes = files_.read(path_);
     if (!bytes && bytes.error() != SystemError::fileNotFound)
         return bytes.error();
