@@ -193,6 +193,9 @@ Section Uninstall
     Delete "$INSTDIR\uninstall.exe"
     SetOutPath $TEMP ; a folder that is in use cannot be removed
     RMDir $INSTDIR
+    ${If} ${RebootFlag}
+        RMDir /REBOOTOK $INSTDIR ; after the files that are in use now, and only if it is empty then
+    ${EndIf}
     DeleteRegKey HKLM ${UNINSTALL_KEY}
     !insertmacro SetExitCode
 SectionEnd
