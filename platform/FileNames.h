@@ -21,6 +21,10 @@ inline constexpr bool kNamesAreUtf8 = true; ///< Most names on disks are, but no
 /// name may thus be in either encoding, and even each of its folders.
 std::string Utf8FromName(std::string_view name);
 
+/// Whether a name starts with a drive or a host of Windows, on any system. Many lists and settings come from
+/// there.
+bool IsFullOnWindows(std::string_view name);
+
 /// A path on this machine in the form for a playfile, which other machines read too. On POSIX systems, each
 /// folder and file name becomes Windows-1252, unless that code page lacks one of its letters. `PathOnDisk`
 /// leads back from the result to the file.

@@ -7,6 +7,7 @@
 #include "platform/windows/WindowsCalendar.h"
 #include "platform/windows/WindowsConsole.h"
 #include "platform/windows/WindowsFileSystem.h"
+#include "platform/windows/WindowsInspection.h"
 #include "platform/windows/WindowsMessageBoxes.h"
 #include "platform/windows/WindowsProfileFile.h"
 #include "platform/windows/WindowsRegistryStore.h"
@@ -56,6 +57,7 @@ public:
     RegistryStore& registry() override { return *registry_; }
     MessageBoxes& messageBoxes() override { return boxes_; }
     Console& console() override { return console_; }
+    Inspection& inspection() override { return inspection_; }
 
     using Platform::openProfile;
     std::unique_ptr<ProfileFile> openProfile(const std::string& path, const std::string& original) override {
@@ -89,6 +91,7 @@ private:
     std::unique_ptr<RegistryStore> registry_;
     WindowsMessageBoxes boxes_;
     WindowsConsole console_;
+    WindowsInspection inspection_{files_};
 };
 
 std::string WindowsPlatform::libraryFolder() { return home_ ? *home_ : moduleFolder(); }

@@ -89,8 +89,8 @@ class Session : public testing::TestWithParam<const char*> {};
 TEST_P(Session, RunsAsItIsWritten) { Program().play(GetParam()); }
 
 INSTANTIATE_TEST_SUITE_P(Of, Session,
-                         testing::Values("commands", "files", "fonts", "frames", "older", "preview",
-                                         "refusals", "settings", "show", "signs"),
+                         testing::Values("commands", "completion", "doctor", "files", "fonts", "frames",
+                                         "older", "preview", "refusals", "settings", "show", "signs"),
                          [](const auto& session) { return std::string(session.param); });
 
 TEST(Installed, WorksForAUserWhoMayNotWriteWhereItLies) {
@@ -110,10 +110,11 @@ std::pair<std::string, std::string> examplesOf(const std::string& document) {
     std::string script, output, command, shown, blank;
     bool isFenced = false;
     const auto endExample = [&] {
-        // An example that shows an error also ends with one.
+        // An example that shows an error must also end with one.
         if (!command.empty())
-            script += std::exchange(command, "") + (shown.empty() ? " > /dev/null" : "") +
-                      (shown.find("vistrel: ") == std::string::npos ? " || echo failed\n" : "\n");
+            script +=
+                std::exchange(command, "") + (shown.empty() ? " > /dev/null" : "") +
+                (shown.find("vistrel: ") == std::string::npos ? " || echo failed\n" : " && echo done\n");
         output += std::exchange(shown, "");
     };
     for (std::string line; std::getline(lines, line); blank = line.empty() ? "\n" : "") {

@@ -12,6 +12,7 @@
 #include <ostream>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 
@@ -86,6 +87,8 @@ struct Command {
 /// Adds the help flag and the names of all commands to `program`, in the order of its help.
 void AddCommands(CLI::App& program);
 
+std::vector<std::string> NamesOfCommands();
+
 /// Gives the command `name` its arguments, options and subcommands, unless it has them. Options take most of
 /// the time of a start, so only the command that runs is set up. Returns null if there is no such command.
 CLI::App* SetUpCommand(CLI::App& program, const std::string& name, Session& session);
@@ -105,6 +108,8 @@ void SetUpRecentCommand(CLI::App& recent, Session& session);
 void SetUpSettingsCommand(CLI::App& settings, Session& session);
 void SetUpEffectsCommand(CLI::App& command, Session& session);
 void SetUpFontCommand(CLI::App& font, Session& session);
+void SetUpDoctorCommand(CLI::App& command, Session& session);
+void SetUpCompletionCommand(CLI::App& command, Session& session);
 void SetUpHelpCommand(CLI::App& command, Session& session);
 
 } // namespace qrtVistrelClasses4
