@@ -6,6 +6,7 @@
 // memory and error 51 for an unknown failure.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/OneBasedArray.h>
 #include <qrtVistrelClasses4/RuntimeError.h>
 
@@ -13,7 +14,7 @@
 #include <string>
 #include <string_view>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// Names of files, newest first. Names are equal if only the case of their letters differs, in the
 /// system's code page; on POSIX systems, in Windows-1252.

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <sys/wait.h>
 #include <utility>
 #include <vector>
@@ -22,6 +23,19 @@ std::string contentOf(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+/// The sessions that the page of a command shows, without the text around them.
+std::string sessionsIn(const std::string& page) {
+    std::istringstream lines(page);
+    std::string sessions;
+    bool isShown = false;
+    for (std::string line; std::getline(lines, line);)
+        if (line == "```console" || line == "```")
+            isShown = line != "```";
+        else if (isShown)
+            sessions += line + "\n";
+    return sessions;
+}
+
 /// Runs on a copy of the samples, which usually is its home ("~"). The user's own folder is an empty one.
 class Program {
 public:
@@ -32,12 +46,14 @@ public:
         std::filesystem::create_directory(folder_.file("user"));
     }
 
-    /// Runs the commands of a session, which start with "$ ". The text under each command must be what the
-    /// command prints: output, errors, and the exit code unless it is 0. A command of the program that only
-    /// prints an error takes one line: "! CODE ARGUMENTS -> ERROR". Lines that start with "# " are remarks.
-    void play(const std::string& session) const {
-        std::ifstream lines(VISTREL_SESSIONS_FOLDER "/" + session + ".txt");
-        ASSERT_TRUE(lines);
+    /// Runs the commands of a session in a file, which start with "$ ". The text under each command must be
+    /// what the command prints: output, errors, and the exit code unless it is 0. A command of the program
+    /// that only prints an error takes one line: "! CODE ARGUMENTS -> ERROR". Lines that start with "# " are
+    /// remarks.
+    void play(const std::string& file) const {
+        const std::string content = contentOf(file);
+        std::istringstream lines(file.ends_with(".md") ? sessionsIn(content) : content);
+        ASSERT_FALSE(lines.str().empty()) << file;
         std::string line, command = ":", wanted; // which does nothing
         const auto runLast = [&] { EXPECT_EQ(run(command), std::exchange(wanted, "")) << command; };
         while (std::getline(lines, line))
@@ -84,14 +100,23 @@ private:
     TempFolder folder_;
 };
 
-class Session : public testing::TestWithParam<const char*> {};
+class Session : public testing::TestWithParam<std::filesystem::path> {};
 
-TEST_P(Session, RunsAsItIsWritten) { Program().play(GetParam()); }
+TEST_P(Session, RunsAsItIsWritten) { Program().play(GetParam().string()); }
 
-INSTANTIATE_TEST_SUITE_P(Of, Session,
-                         testing::Values("commands", "completion", "doctor", "files", "fonts", "frames",
-                                         "older", "preview", "refusals", "settings", "show", "signs"),
-                         [](const auto& session) { return std::string(session.param); });
+std::vector<std::filesystem::path> filesIn(const char* folder, std::string_view except = {}) {
+    std::vector<std::filesystem::path> files;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        if (entry.path().filename() != except)
+            files.push_back(entry.path());
+    std::ranges::sort(files);
+    return files;
+}
+
+const auto kStemOfFile = [](const auto& file) { return file.param.stem().string(); };
+INSTANTIATE_TEST_SUITE_P(Of, Session, testing::ValuesIn(filesIn(VISTREL_SESSIONS_FOLDER, "installed.txt")),
+                         kStemOfFile);
+INSTANTIATE_TEST_SUITE_P(OfThePageOf, Session, testing::ValuesIn(filesIn(VISTREL_PAGES_FOLDER)), kStemOfFile);
 
 TEST(Installed, WorksForAUserWhoMayNotWriteWhereItLies) {
     // As root, another user runs it.
@@ -100,7 +125,7 @@ TEST(Installed, WorksForAUserWhoMayNotWriteWhereItLies) {
     ASSERT_EQ(program.run(VISTREL_INSTALL " ../installed > /dev/null; chmod -R a-w ../installed\n"
                                           "test $(id -u) != 0 || chown 65534 . ../user"),
               "");
-    program.play("installed");
+    program.play(VISTREL_SESSIONS_FOLDER "/installed.txt");
 }
 
 /// The examples of a document as one script, and what it prints. One without output may print anything. What

@@ -36,7 +36,7 @@ _vistrel_files() {
 }
 
 _vistrel() {
-    local path='' options='' valued='' commands='' before=0 arguments=0 option='' endings='' folders=''
+    local path='' options='' valued='' commands='' last=0 arguments=0 option='' endings='' folders=''
     local words=() typed=() word current joined='' prefix=''
     COMPREPLY=()
     for word in "${COMP_WORDS[@]:1:COMP_CWORD}"; do # "=" is a word of its own
@@ -57,10 +57,10 @@ _vistrel() {
             option=$word
         elif [[ $word == -?* ]]; then
             :
-        elif [[ $arguments == "$before" && " $commands " == *" $word "* ]]; then
+        elif [[ $arguments == "$last" && " $commands " == *" $word "* ]]; then
             path+=${path:+ }$word arguments=0
             _vistrel_command
-        else
+        elif ((arguments < last)); then
             ((++arguments))
         fi
     done
@@ -73,7 +73,7 @@ _vistrel() {
         return
     fi
     _vistrel_place "${option:-$arguments}"
-    [[ ! $option && $arguments == "$before" ]] && words+=($commands)
+    [[ ! $option && $arguments == "$last" ]] && words+=($commands)
     for word in "${words[@]}"; do
         [[ $word == "$current"* ]] && COMPREPLY+=("$word")
     done
@@ -110,11 +110,11 @@ std::string BashScript(const std::vector<CommandPlace>& commands) {
                   "'\n        valued='" +
                   Joined(command.valued, " ", [](const std::string& name) { return name; }) +
                   "'\n        commands='" + bashWordsOf(command.commands) +
-                  "' before=" + std::to_string(command.argumentsBefore) + "\n        ;;\n";
+                  "' last=" + std::to_string(command.lastArgument) + "\n        ;;\n";
     script += kBashBetween;
     for (const CommandPlace& command : commands)
         for (const ValuePlace& place : command.places) {
-            script += "    '" + command.path + "/'" + (place.isRepeated ? "[0-9]*" : place.name) + ") ";
+            script += "    '" + command.path + "/'" + place.name + ") ";
             if (place.offered.entries == Entries::files)
                 script += "endings='" + (place.offered.endings.empty() ? "*" : place.offered.endings) + "'";
             else if (place.offered.entries == Entries::folders)

@@ -1,6 +1,9 @@
 #include "tools/completion/CommandModel.h"
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
+#include <set>
 #include <string_view>
 
 namespace qrtVistrelClasses4 {
@@ -29,9 +32,19 @@ void describeValue(const CLI::Option& option, ValueModel& model) {
         model.value = "NUMBER";
 }
 
+std::vector<std::string> namesOf(const std::set<CLI::Option*>& options) {
+    std::vector<std::string> names;
+    std::ranges::transform(options, std::back_inserter(names),
+                           [](const CLI::Option* each) { return each->get_name(); });
+    std::ranges::sort(names);
+    return names;
+}
+
 ValueModel modelOf(const CLI::Option& option) {
     ValueModel model;
     model.description = option.get_description();
+    model.excludes = namesOf(option.get_excludes());
+    model.needs = namesOf(option.get_needs());
     model.variable = option.get_envname();
     model.isRequired = option.get_required();
     model.isRepeated = option.get_expected_max() == CLI::detail::expected_max_vector_size;

@@ -18,7 +18,8 @@ struct ValueModel {
     std::string value;                ///< What help calls the value. Empty for a flag, which takes none.
     std::string limits{};             ///< Of a number: "1 to 64".
     std::vector<std::string> words{}; ///< The only values that are taken. Empty: any that the kind may have.
-    std::string variable{};           ///< Of the environment, which has the value if the option is not typed.
+    std::vector<std::string> excludes{}, needs{}; ///< Names of other options.
+    std::string variable{}; ///< Of the environment, which has the value if the option is not typed.
     bool isRequired = false;
     bool isRepeated = false;
 };

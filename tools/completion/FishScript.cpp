@@ -29,7 +29,7 @@ function __vistrel_complete
     set -l options
     set -l valued
     set -l commands
-    set -l before 0
+    set -l last 0
     set -l arguments 0
     set -l current (commandline -ct)
     set -l typed (commandline -opc)
@@ -41,11 +41,11 @@ function __vistrel_complete
             set option $word
         else if string match -q -- '-?*' $word
             continue
-        else if test $arguments = $before; and string match -q -- "$word"\t'*' $commands
+        else if test $arguments = $last; and string match -q -- "$word"\t'*' $commands
             set path (string trim -- "$path $word")
             set arguments 0
             __vistrel_command
-        else
+        else if test $arguments -lt $last
             set arguments (math $arguments + 1)
         end
     end
@@ -59,7 +59,7 @@ function __vistrel_complete
     else if string match -q -- '-*' $current
         printf '%s\n' $options
     else
-        test $arguments = $before; and printf '%s\n' $commands
+        test $arguments = $last; and printf '%s\n' $commands
         __vistrel_place "$path" $arguments "$current"
     end
 end
@@ -103,13 +103,13 @@ std::string FishScript(const std::vector<CommandPlace>& commands) {
         script += "        case '" + command.path + "'\n            set options" +
                   fishDescribed(command.options) + "\n            set valued" +
                   Joined(command.valued, "", [](const std::string& name) { return " " + name; }) +
-                  "\n            set commands" + fishDescribed(command.commands) +
-                  "\n            set before " + std::to_string(command.argumentsBefore) + "\n";
+                  "\n            set commands" + fishDescribed(command.commands) + "\n            set last " +
+                  std::to_string(command.lastArgument) + "\n";
     script += kFishBetween;
     for (const CommandPlace& command : commands)
         for (const ValuePlace& place : command.places)
-            script += "        case '" + command.path + "/" + (place.isRepeated ? "*" : place.name) +
-                      "'\n            " + fishActionAt(place.offered) + "\n";
+            script += "        case '" + command.path + "/" + place.name + "'\n            " +
+                      fishActionAt(place.offered) + "\n";
     return script + std::string(kFishTail);
 }
 

@@ -12,8 +12,8 @@ OfferedValues offeredFor(const ValueModel& value) {
     return value.words.empty() ? ValuesOfKind(value.value) : OfferedValues{.words = value.words};
 }
 
-void addPlace(const std::string& name, const ValueModel& value, bool isRepeated, CommandPlace& place) {
-    ValuePlace added{name, isRepeated, offeredFor(value)};
+void addPlace(const std::string& name, const ValueModel& value, CommandPlace& place) {
+    ValuePlace added{name, offeredFor(value)};
     if (added.offered.entries != OfferedValues::Entries::none || !added.offered.words.empty())
         place.places.push_back(std::move(added));
 }
@@ -25,7 +25,7 @@ void addOption(const ValueModel& option, CommandPlace& place) {
             if (option.value.empty())
                 continue;
             place.valued.push_back(name);
-            addPlace(name, option, false, place);
+            addPlace(name, option, place);
         }
 }
 
@@ -38,8 +38,10 @@ void addCommand(const Path& path, std::vector<CommandPlace>& places) {
         for (const ValueModel& option : (*each)->options)
             if (each == path.rbegin() || option.names.front() != "--version") // which only the program has
                 addOption(option, place);
-    for (const ValueModel& argument : command.arguments)
-        addPlace(std::to_string(place.argumentsBefore++), argument, argument.isRepeated, place);
+    for (std::size_t number = 0; number < command.arguments.size(); ++number)
+        addPlace(std::to_string(number), command.arguments[number], place);
+    const bool isLastRepeated = !command.arguments.empty() && command.arguments.back().isRepeated;
+    place.lastArgument = command.arguments.size() - (isLastRepeated ? 1 : 0);
     for (const CommandModel& below : command.commands)
         place.commands.push_back({below.name.substr(command.name.size() + 1), below.description});
     places.push_back(std::move(place));

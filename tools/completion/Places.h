@@ -18,8 +18,7 @@ struct DescribedWord {
 
 /// A place where a value is typed.
 struct ValuePlace {
-    std::string name;        ///< "--color" for the value of that option, "0" for the first argument.
-    bool isRepeated = false; ///< Of an argument: all that follow are alike.
+    std::string name; ///< "--color" for the value of that option, "0" for the first argument.
     OfferedValues offered;
 };
 
@@ -28,8 +27,8 @@ struct CommandPlace {
     std::vector<DescribedWord> options;
     std::vector<std::string> valued; ///< Those that take a value.
     std::vector<DescribedWord> commands;
-    std::size_t argumentsBefore = 0; ///< How many arguments come in front of them.
-    std::vector<ValuePlace> places;  ///< Where shells know something to offer.
+    std::size_t lastArgument = 0; ///< The number of the one where commands may be, or which may be repeated.
+    std::vector<ValuePlace> places; ///< Where shells know something to offer.
 };
 
 std::vector<CommandPlace> PlacesOf(const CommandModel& program);

@@ -8,8 +8,8 @@ constexpr std::string_view kPowerShellHead =
 Register-ArgumentCompleter -Native -CommandName vistrel, vistrel.exe -ScriptBlock {
     param($wordToComplete, $commandAst, $cursorPosition)
 
-    # What may be typed for each command. Values are those of an option, or of the argument of a number; "more" is any
-    # further argument. Where nothing is known, files are offered.
+    # What may be typed for each command. Values are those of an option, or of the argument of a number. Where nothing
+    # is known, files are offered.
     $table = @{
 )ps";
 
@@ -30,11 +30,11 @@ constexpr std::string_view kPowerShellTail = R"ps(    }
             $option = $word
         } elseif ($word -match '^-.') {
             continue
-        } elseif ($arguments -eq $command.Before -and $command.Commands.Contains($word)) {
+        } elseif ($arguments -eq $command.Last -and $command.Commands.Contains($word)) {
             $path = "$path $word".Trim()
             $arguments = 0
             $command = $table[$path]
-        } else {
+        } elseif ($arguments -lt $command.Last) {
             ++$arguments
         }
     }
@@ -52,11 +52,10 @@ constexpr std::string_view kPowerShellTail = R"ps(    }
     } elseif ($current.StartsWith('-')) {
         $offered = $command.Options
     } else {
-        if ($arguments -eq $command.Before) {
+        if ($arguments -eq $command.Last) {
             $offered = $command.Commands
         }
-        $place = if ($command.Values.ContainsKey("$arguments")) { "$arguments" } else { 'more' }
-        $command.Values[$place] | Where-Object { $_ } | ForEach-Object { $offered[$_] = $_ }
+        $command.Values["$arguments"] | Where-Object { $_ } | ForEach-Object { $offered[$_] = $_ }
     }
     foreach ($word in @($offered.Keys)) {
         if ($word.StartsWith($current, [System.StringComparison]::OrdinalIgnoreCase)) {
@@ -88,8 +87,7 @@ std::string powerShellValuesOf(const CommandPlace& command) {
     std::string values;
     for (const ValuePlace& place : command.places)
         if (!place.offered.words.empty())
-            values += (values.empty() ? "" : "; ") +
-                      powerShellQuoted(place.isRepeated ? "more" : place.name) + " = @(" +
+            values += (values.empty() ? "" : "; ") + powerShellQuoted(place.name) + " = @(" +
                       Joined(place.offered.words, ", ", &powerShellQuoted) + ")";
     return "@{" + values + "}";
 }
@@ -103,7 +101,7 @@ std::string PowerShellScript(const std::vector<CommandPlace>& commands) {
                   " = @{\n            Options = " + powerShellDescribed(command.options) +
                   "\n            Valued = @(" + Joined(command.valued, ", ", &powerShellQuoted) +
                   ")\n            Commands = " + powerShellDescribed(command.commands) +
-                  "\n            Before = " + std::to_string(command.argumentsBefore) +
+                  "\n            Last = " + std::to_string(command.lastArgument) +
                   "\n            Values = " + powerShellValuesOf(command) + "\n        }\n";
     return script + std::string(kPowerShellTail);
 }

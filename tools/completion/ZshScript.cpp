@@ -25,7 +25,7 @@ constexpr std::string_view kZshTail = R"sh(    esac
 _vistrel() {
     local path_= option= word found=1
     local -a options valued commands
-    integer before=0 arguments=0
+    integer last=0 arguments=0
     _vistrel_command
     for word in "${(@)words[2,CURRENT-1]}"; do
         if [[ -n $option ]]; then
@@ -34,10 +34,10 @@ _vistrel() {
             option=$word
         elif [[ $word == -?* ]]; then
             :
-        elif (( arguments == before )) && [[ -n ${(M)commands:#${word}:*} ]]; then
+        elif (( arguments == last )) && [[ -n ${(M)commands:#${word}:*} ]]; then
             path_+=${path_:+ }$word arguments=0
             _vistrel_command
-        else
+        elif (( arguments < last )); then
             (( ++arguments ))
         fi
     done
@@ -49,7 +49,7 @@ _vistrel() {
         _describe -o option options
         return
     fi
-    if [[ -z $option ]] && (( arguments == before && $#commands )); then
+    if [[ -z $option ]] && (( arguments == last && $#commands )); then
         _describe command commands && found=0
     fi
     _vistrel_place ${option:-$arguments} && found=0
@@ -93,12 +93,11 @@ std::string ZshScript(const std::vector<CommandPlace>& commands) {
         script += "    '" + command.path + "')\n        options=(" + zshDescribed(command.options) +
                   ")\n        valued=(" + Joined(command.valued, " ", &QuotedForShell) +
                   ")\n        commands=(" + zshDescribed(command.commands) +
-                  ")\n        before=" + std::to_string(command.argumentsBefore) + "\n        ;;\n";
+                  ")\n        last=" + std::to_string(command.lastArgument) + "\n        ;;\n";
     script += kZshBetween;
     for (const CommandPlace& command : commands)
         for (const ValuePlace& place : command.places)
-            script += "    '" + command.path + "/'" + (place.isRepeated ? "[0-9]*" : place.name) + ") " +
-                      zshActionAt(place) + " ;;\n";
+            script += "    '" + command.path + "/'" + place.name + ") " + zshActionAt(place) + " ;;\n";
     script += "    *) return 1 ;;\n";
     return script + std::string(kZshTail);
 }

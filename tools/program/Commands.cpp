@@ -52,7 +52,7 @@ constexpr Command kCommands[] = {
 };
 
 void SetHelpFlag(CLI::App& command) {
-    command.set_help_flag("-h,--help", "Print this help message and exit");
+    command.set_help_flag("-h,--help", "Prints this help and exits");
 }
 
 } // namespace

@@ -28,14 +28,17 @@ struct Session {
     std::function<ExitCode()> command;
 };
 
+/// The end of the help of a command that needs no other.
+inline constexpr const char* kUsualFooter =
+    "As with every command, --home DIR keeps it to the settings and files of that folder, and --wide and "
+    "--color change what it prints on a terminal.";
+
 /// Gives `command` what every command has: help that starts with `example`, and the program's options
 /// anywhere.
 inline void SetUpCommon(CLI::App& command, const std::string& example) {
     command.formatter(std::make_shared<HelpWithExample>(example));
     command.fallthrough(); // to "--home" and the other options of the program
-    command.footer(
-        "As with every command, --home DIR keeps it to the settings and files of that folder, and --wide and "
-        "--color change what it prints on a terminal.");
+    command.footer(kUsualFooter);
 }
 
 /// Makes `command` run `action`.
