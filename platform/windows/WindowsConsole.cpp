@@ -19,7 +19,9 @@ HANDLE handleOf(StandardStream stream) {
     return handle == INVALID_HANDLE_VALUE ? nullptr : handle;
 }
 
-bool hasOtherEndGone(DWORD code) { return code == ERROR_BROKEN_PIPE || code == ERROR_NO_DATA; }
+bool hasOtherEndGone(DWORD code) {
+    return code == ERROR_BROKEN_PIPE || code == ERROR_NO_DATA || code == ERROR_PIPE_NOT_CONNECTED;
+}
 
 /// Called when the user ends the program. The system ends it afterwards.
 BOOL WINAPI removeTemporaryFiles(DWORD) {

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <sstream>
 #include <sys/wait.h>
 #include <utility>
@@ -36,11 +37,26 @@ std::string sessionsIn(const std::string& page) {
     return sessions;
 }
 
+/// The command that runs the program for Windows, if that is to be tested: VISTREL_FOR_WINDOWS.
+std::string commandForWindows() {
+    const char* const command = std::getenv("VISTREL_FOR_WINDOWS");
+    return command ? command : "";
+}
+
+/// A text with the separators of Windows paths, double ones of JSON, too, as POSIX has them. Wine's drive Z:
+/// is the whole file system.
+std::string withPosixPaths(const std::string& text) {
+    static const std::regex separator(R"((Z:)?[\\/]\\?)");
+    return std::regex_replace(text, separator, "/");
+}
+
 /// Runs on a copy of the samples, which usually is its home ("~"). The user's own folder is an empty one.
 class Program {
 public:
     /// `vistrel` is the shell's command for the program.
-    explicit Program(std::string vistrel = "'" VISTREL_PROGRAM R"(' --home "$PWD")")
+    explicit Program(std::string vistrel = commandForWindows().empty()
+                                               ? "'" VISTREL_PROGRAM R"(' --home "$PWD")"
+                                               : commandForWindows() + R"( --home "Z:$PWD")")
         : vistrel_(std::move(vistrel)) {
         std::filesystem::copy(QRT_SAMPLES_FOLDER, home(), std::filesystem::copy_options::recursive);
         std::filesystem::create_directory(folder_.file("user"));
@@ -49,14 +65,18 @@ public:
     /// Runs the commands of a session in a file, which start with "$ ". The text under each command must be
     /// what the command prints: output, errors, and the exit code unless it is 0. A command of the program
     /// that only prints an error takes one line: "! CODE ARGUMENTS -> ERROR". Lines that start with "# " are
-    /// remarks.
+    /// remarks, and those that start with "[POSIX] " or "[Windows] " hold only there.
     void play(const std::string& file) const {
         const std::string content = contentOf(file);
         std::istringstream lines(file.ends_with(".md") ? sessionsIn(content) : content);
         ASSERT_FALSE(lines.str().empty()) << file;
         std::string line, command = ":", wanted; // which does nothing
-        const auto runLast = [&] { EXPECT_EQ(run(command), std::exchange(wanted, "")) << command; };
-        while (std::getline(lines, line))
+        const auto runLast = [&] { EXPECT_EQ(run(command), shown(std::exchange(wanted, ""))) << command; };
+        while (std::getline(lines, line)) {
+            if (const auto [here, other] = systems(); line.starts_with(other))
+                continue;
+            else if (line.starts_with(here))
+                line.erase(0, here.size());
             if (line.starts_with("$ ")) {
                 runLast();
                 command = line.substr(2);
@@ -67,6 +87,7 @@ public:
             } else if (!line.starts_with("# ") && (!line.empty() || lines.peek() != '#')) {
                 wanted += line + "\n";
             }
+        }
         runLast();
     }
 
@@ -76,16 +97,17 @@ public:
                                    R"sh(' XDG_CONFIG_HOME= XDG_DATA_HOME= VISTREL_HOME= LC_ALL=C
                 vistrel() { )sh" + vistrel_ +
                                    R"sh( "$@"; }
+                native() { ')sh" VISTREL_PROGRAM R"sh(' --home "$PWD" "$@"; }
                 names() { # the first letters of the frames of a playfile
                     vistrel show "$1" --json | sed -n 's/.*"FrameName": "\(.*\)",/\1-/p' | cut -c 1 | tr -d '\n'
                     echo
                 }
                 { )sh" + command + "\n} > ../out 2>&1 < /dev/null";
         const int status = std::system(script.c_str());
-        std::string out = contentOf(folder_.file("out"));
-        for (const auto& [folder, shown] : {std::pair{home(), "~"}, {folder_.path(), ".."}})
+        std::string out = shown(contentOf(folder_.file("out")));
+        for (const auto& [folder, name] : {std::pair{home(), "~"}, {folder_.path(), ".."}})
             for (std::size_t at = 0; (at = out.find(folder, at)) != out.npos;)
-                out.replace(at, folder.size(), shown);
+                out.replace(at, folder.size(), name);
         const std::string code = WIFEXITED(status) ? std::to_string(WEXITSTATUS(status)) : "crashed";
         return code == "0" ? out : out + "[" + code + "]\n";
     }
@@ -96,6 +118,14 @@ public:
 private:
     std::string home() const { return file("home"); }
 
+    /// What lines for the system of the program start with, and those for the other one.
+    std::pair<std::string_view, std::string_view> systems() const {
+        constexpr std::string_view posix = "[POSIX] ", windows = "[Windows] ";
+        return isForWindows_ ? std::pair(windows, posix) : std::pair(posix, windows);
+    }
+    std::string shown(const std::string& text) const { return isForWindows_ ? withPosixPaths(text) : text; }
+
+    bool isForWindows_ = !commandForWindows().empty();
     std::string vistrel_;
     TempFolder folder_;
 };

@@ -90,7 +90,9 @@ _vistrel() {
         mapfile -t COMPREPLY < <(compgen -d -- "$current")
     fi
     # Blanks in a word are quoted by Bash for file names only.
-    [[ $endings || $folders || ${#COMPREPLY[@]} -ne 1 ]] || printf -v 'COMPREPLY[0]' %q "${COMPREPLY[0]}"
+    if [[ ! $endings && ! $folders && ${#COMPREPLY[@]} -eq 1 ]]; then
+        [[ ${COMPREPLY[0]} ]] && printf -v 'COMPREPLY[0]' %q "${COMPREPLY[0]}" || COMPREPLY=()
+    fi
 }
 
 complete -F _vistrel vistrel

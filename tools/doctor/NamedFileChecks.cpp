@@ -5,7 +5,6 @@
 #include "settings/AppFolder.h"
 #include "tools/doctor/Checks.h"
 #include "tools/doctor/Wording.h"
-#include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 #include <qrtVistrelClasses4/PreferencesFile.h>
 #include <qrtVistrelClasses4/RecentFiles.h>

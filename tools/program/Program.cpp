@@ -27,6 +27,7 @@ std::unique_ptr<CLI::App> MakeProgram(ProgramOptions& options) {
         "vistrel");
     program->formatter(std::make_shared<HelpWithExample>("vistrel show harbour.playfile"));
     program->require_subcommand(1);
+    program->allow_windows_style_options(false); // "/signs/a" is a file on every system
     AddCommands(*program);
     program->set_version_flag("--version", "vistrel " VISTREL_VERSION,
                               "Prints the program's version and exits");

@@ -11,18 +11,20 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// "DisplayWidth=", or "DisplayType=Kestrel" for each name that a number has.
+/// "DisplayWidth=", or "DisplayType=Kestrel" for each of the names that may be typed.
 std::vector<std::string> wordsOfProperties() {
     std::vector<std::string> words;
     const DisplayRecord sign;
-    ForEachProperty(sign, kDisplayMembers, [&](const std::string& name, const auto& row, const auto&) {
-        const NumberNames* const names = AllowedValuesOf(row.name).names;
-        if (!names)
-            words.push_back(name + "=");
-        else
-            for (const NamedNumber& named : names->all())
-                words.push_back(name + "=" + std::string(named.name));
-    });
+    ForEachProperty(sign, kDisplayMembers,
+                    [&]<class Row>(const std::string& name, const Row& row, const auto&) {
+                        std::vector<std::string> values = NamesOf(AllowedValuesOf(row.name));
+                        if constexpr (std::is_same_v<ValueOfRow<Row>, bool>)
+                            values = {"yes", "no"};
+                        else if (values.empty())
+                            values = {""};
+                        for (const std::string& value : values)
+                            words.push_back(name + "=" + value);
+                    });
     return words;
 }
 
@@ -34,23 +36,23 @@ std::vector<std::string> namesOfSettings() {
 }
 
 struct ValueKind {
+    using Entries = OfferedValues::Entries;
+
     std::string_view name;
-    OfferedValues::Entries entries = OfferedValues::Entries::none;
+    Entries entries = Entries::none;
     std::string_view endings{};
     std::vector<std::string> (*words)() = nullptr;
 };
 
-using enum OfferedValues::Entries;
-
 constexpr ValueKind kKinds[] = {
-    {kPlayfileValue, files, "playfile PL2"},
-    {kOlderPlayfileValue, files, "PL2"},
-    {kFontValue, files, "cmd cff"},
-    {kFileValue, files},
-    {kFolderValue, folders},
-    {kPropertyValue, none, {}, &wordsOfProperties},
-    {kSettingValue, none, {}, &namesOfSettings},
-    {kCommandValue, none, {}, &NamesOfCommands},
+    {kPlayfileValue, ValueKind::Entries::files, "playfile PL2"},
+    {kOlderPlayfileValue, ValueKind::Entries::files, "PL2"},
+    {kFontValue, ValueKind::Entries::files, "cmd cff"},
+    {kFileValue, ValueKind::Entries::files},
+    {kFolderValue, ValueKind::Entries::folders},
+    {kPropertyValue, ValueKind::Entries::none, {}, &wordsOfProperties},
+    {kSettingValue, ValueKind::Entries::none, {}, &namesOfSettings},
+    {kCommandValue, ValueKind::Entries::none, {}, &NamesOfCommands},
 };
 
 } // namespace
