@@ -35,7 +35,6 @@ bool isConsole(HANDLE handle) {
     return handle && ::GetConsoleMode(handle, &mode);
 }
 
-
 SystemError writeBytes(HANDLE handle, std::string_view text) {
     constexpr std::size_t largestPiece = std::size_t{1} << 20;
     while (!text.empty()) {

@@ -44,16 +44,14 @@ constexpr Command kCommands[] = {
      "vistrel settings set DisplayHeight 32", &SetUpSettingsCommand},
     {kSettings, "recent", "Shows and changes the list of the files opened last", "vistrel recent list",
      &SetUpRecentCommand},
-    {kSettings, "doctor", "Examines this machine: rights, stores, fonts, registered servers", "vistrel doctor",
-     &SetUpDoctorCommand},
+    {kSettings, "doctor", "Examines this machine: rights, stores, fonts, registered servers",
+     "vistrel doctor", &SetUpDoctorCommand},
     {kSettings, "completion", "Prints the script that makes a shell complete what is typed",
      "vistrel completion bash", &SetUpCompletionCommand},
     {kSettings, "help", "Explains a command", "vistrel help frames insert", &SetUpHelpCommand},
 };
 
-void SetHelpFlag(CLI::App& command) {
-    command.set_help_flag("-h,--help", "Prints this help and exits");
-}
+void SetHelpFlag(CLI::App& command) { command.set_help_flag("-h,--help", "Prints this help and exits"); }
 
 } // namespace
 
