@@ -91,6 +91,7 @@ ExitCode runProgram(const std::vector<std::string>& arguments, Console& console)
         "vistrel");
     program.formatter(std::make_shared<HelpWithExample>("vistrel show harbour.playfile"));
     program.require_subcommand(1);
+    program.allow_windows_style_options(false); // "/a" and "//server/share/a" are names of files
     AddCommands(program);
     program.set_version_flag("--version", "vistrel " VISTREL_VERSION);
     program
