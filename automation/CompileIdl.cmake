@@ -8,14 +8,19 @@ find_path(QRT_TYPE_LIBRARIES stdole2.tlb NO_CMAKE_FIND_ROOT_PATH REQUIRED
     PATHS /usr/lib/x86_64-linux-gnu/wine/x86_64-windows /usr/lib/i386-linux-gnu/wine/i386-windows
         /usr/lib/wine/x86_64-windows /usr/lib64/wine/x86_64-windows
     DOC "Folder of the system's type libraries")
+find_program(QRT_PERL perl REQUIRED DOC "Perl, which changes bytes in files")
 
 function(qrt_compile_idl name)
     set(definition ${CMAKE_CURRENT_SOURCE_DIR}/${name}.idl)
     set(output ${CMAKE_CURRENT_BINARY_DIR}/${name})
+    # The header quotes the definition's name as it is given here. The type library contains the time of its
+    # compilation, as a text and as the number of seconds; both become 1970 there, so that each build makes the same.
+    set(undated "s/(Created by WIDL version [0-9.]+ at ).{24}(\\nW*\\x13\\0).{4}/$1Thu Jan  1 00:00:00 1970$2\\0\\0\\0\\0/s")
     add_custom_command(OUTPUT ${output}.h ${output}.tlb
-        COMMAND ${QRT_IDL_COMPILER} -I ${QRT_IDL_INCLUDES} -h -o ${output}.h ${definition}
-        COMMAND ${QRT_IDL_COMPILER} -I ${QRT_IDL_INCLUDES} -L ${QRT_TYPE_LIBRARIES} -t -o ${output}.tlb ${definition}
-        DEPENDS ${definition} VERBATIM)
+        COMMAND ${QRT_IDL_COMPILER} -I ${QRT_IDL_INCLUDES} -h -o ${output}.h ${name}.idl
+        COMMAND ${QRT_IDL_COMPILER} -I ${QRT_IDL_INCLUDES} -L ${QRT_TYPE_LIBRARIES} -t -o ${output}.tlb ${name}.idl
+        COMMAND ${QRT_PERL} -0777 -pi -e ${undated} ${output}.tlb
+        WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR} DEPENDS ${definition} VERBATIM)
     set(forward_members ${CMAKE_CURRENT_SOURCE_DIR}/ForwardMembers.cmake)
     add_custom_command(OUTPUT ${output}Members.h
         COMMAND ${CMAKE_COMMAND} -D DEFINITION=${definition} -D HEADER=${output}Members.h -P ${forward_members}

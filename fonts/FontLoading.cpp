@@ -88,6 +88,21 @@ std::optional<std::string> FolderWithoutFonts(std::int16_t signType, bool useNew
     return folder;
 }
 
+std::vector<std::string> OtherFontFiles() {
+    FileSystem& files = platform().files();
+    std::vector<std::string> folders = platform().otherFolders(FileUse::onlyRead), found;
+    folders.insert(folders.begin(), GetAppFolder());
+    for (const std::string& above : folders)
+        for (const std::string_view name : kOtherFolders) {
+            const std::string folder = files.existingName(JoinPath(above, name));
+            for (const std::string& file : files.namesIn(folder))
+                if (std::string path = JoinPath(folder, file); files.kindOf(path) == EntryKind::file)
+                    found.push_back(std::move(path));
+        }
+    std::ranges::sort(found);
+    return found;
+}
+
 std::optional<NumberedFontFile> FindNumberedFont(std::int16_t fontNumber, std::int16_t signType,
                                                  bool useNewFont) {
     const auto size = clsFontSizes::FontSize(fontNumber);

@@ -49,6 +49,10 @@ FontOutcome LoadNumberedFont(std::int16_t fontNumber, std::int16_t signType, boo
 /// The folder that should have the numbered fonts of a set, if none of them is found.
 std::optional<std::string> FolderWithoutFonts(std::int16_t signType, bool useNewFont);
 
+/// Full names of the files in the folders "Extended" and "CustomFonts" of the application folder and of what
+/// was installed with the program, in order.
+std::vector<std::string> OtherFontFiles();
+
 // The steps of both, for `classFontMaster`, which has each on the trace.
 
 /// The place of a numbered font.

@@ -5,6 +5,8 @@
 #include "frame/Conversions.h"
 #include "frame/TextLines.h"
 
+#include <qrtVistrelClasses4/Export.h>
+
 #include <array>
 #include <concepts>
 #include <cstddef>
@@ -20,11 +22,11 @@ inline constexpr char kStoredQuote = '\x01';
 
 /// The line of a value that is 0, empty or false.
 template <class Value>
-inline constexpr char kEmptyLine[] = "\"0\"\r\n";
+QRT_HIDDEN inline constexpr char kEmptyLine[] = "\"0\"\r\n";
 template <>
-inline constexpr char kEmptyLine<std::string>[] = "\"\"\r\n";
+QRT_HIDDEN inline constexpr char kEmptyLine<std::string>[] = "\"\"\r\n";
 template <>
-inline constexpr char kEmptyLine<bool>[] = "\"False\"\r\n";
+QRT_HIDDEN inline constexpr char kEmptyLine<bool>[] = "\"False\"\r\n";
 
 /// Reads values from the lines of a text, one by one. Lines end in LF or CR LF; the last line may have no
 /// end. A value is the text between the first and the last quote of its line, or the whole line if that does

@@ -31,6 +31,10 @@ std::string takeCharacter(std::string_view& name) {
 
 } // namespace
 
+bool IsFullOnWindows(std::string_view name) {
+    return (name.size() > 2 && name[1] == ':' && IsPathSeparator(name[2])) || name.starts_with("\\\\");
+}
+
 std::string Utf8FromName(std::string_view name) {
     std::string utf8;
     while (!name.empty())

@@ -16,6 +16,10 @@ class FileSystem;
 /// folders.
 std::string Utf8FromName(std::string_view name);
 
+/// Whether a name starts with a drive or a host of Windows, on any system. Many lists and settings come from
+/// there.
+bool IsFullOnWindows(std::string_view name);
+
 /// A path on this machine in the form for a playfile, which other machines read too. If names are in
 /// UTF-8, each folder and file name becomes Windows-1252, or the system's code page on Windows, unless that
 /// lacks one of its letters. `PathOnDisk`

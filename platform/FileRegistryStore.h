@@ -15,6 +15,8 @@ public:
     /// `files` must outlive this object.
     FileRegistryStore(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
 
+    std::string file() override { return path_; }
+
 private:
     /// Makes `tree_` the content of the file. False if that cannot be read.
     bool refresh();

@@ -29,8 +29,12 @@ std::optional<std::string> FullHome(FileSystem& files, const std::optional<std::
     return folder ? std::optional(WithoutTrailingSeparators(files.fullName(*folder))) : std::nullopt;
 }
 
-std::string SharedFolder(const std::string& programFolder) {
-    return JoinPath(JoinPath(FolderOf(programFolder), "share"), "vistrel");
+std::string SharedFolder(const std::string& folder) {
+    const std::string above = FolderOf(folder);
+    // "lib/x86_64-linux-gnu": the libraries of one architecture. The names of these have hyphens.
+    const bool isForOneArchitecture =
+        above.ends_with("/lib") && folder.find('-', above.size()) != std::string::npos;
+    return JoinPath(JoinPath(isForOneArchitecture ? FolderOf(above) : above, "share"), "vistrel");
 }
 
 bool OwnFolders::lackThatOf(FileSystem& files, const std::string& path) const {

@@ -28,9 +28,9 @@ const UserFolder* FindUserFolder(int shellNumber);
 /// The full name of the folder, without separators at its end. No value if none is given.
 std::optional<std::string> FullHome(FileSystem& files, const std::optional<std::string>& folder);
 
-/// The folder for files that are installed together with a program in `programFolder`: "share/vistrel" beside
-/// that folder.
-std::string SharedFolder(const std::string& programFolder);
+/// The folder for files that are installed together with a program or shared library in `folder`:
+/// "share/vistrel" beside that folder, or beside "lib" for one like "lib/x86_64-linux-gnu".
+std::string SharedFolder(const std::string& folder);
 
 /// The library's own folders, which exist only once something is written in them. Until then, they are
 /// treated as empty folders: a file in them is missing, and not its folder.

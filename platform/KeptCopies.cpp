@@ -64,4 +64,11 @@ Result<std::string> KeepAside(FileSystem& files, const std::string& path, IfNotC
     return std::move(place.value().path);
 }
 
+bool IsNameOfCopy(std::string_view name, std::string_view original) {
+    if (!name.starts_with(original) || !name.substr(original.size()).starts_with(kBackupEnding))
+        return false;
+    name.remove_prefix(original.size() + kBackupEnding.size());
+    return name.find_first_not_of("0123456789") == name.npos;
+}
+
 } // namespace qrtVistrelClasses4

@@ -26,4 +26,8 @@ enum class IfNotCopied {
 Result<std::string> KeepAside(FileSystem& files, const std::string& path, IfNotCopied ifNotCopied,
                               int firstNumber = 1);
 
+/// Whether `name` is that of a copy of the file `original`, as either function names it. Both without a
+/// folder.
+bool IsNameOfCopy(std::string_view name, std::string_view original);
+
 } // namespace qrtVistrelClasses4

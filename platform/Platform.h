@@ -3,6 +3,7 @@
 
 #include "platform/Console.h"
 #include "platform/FileSystem.h"
+#include "platform/Inspection.h"
 #include "platform/ProfileFile.h"
 #include "platform/RegistryStore.h"
 #include <qrtVistrelClasses4/MessageBoxes.h>
@@ -59,6 +60,7 @@ public:
     virtual RegistryStore& registry() = 0;
     virtual MessageBoxes& messageBoxes() = 0;
     virtual Console& console() = 0;
+    virtual Inspection& inspection() = 0;
 
     /// Opens the INI file `path`. While it is missing, the file `original`, if there is one, is read in its
     /// place; the first change makes `path` of it. On Windows without a home there never is one.

@@ -29,6 +29,9 @@ class RegistryStore {
 public:
     virtual ~RegistryStore() = default;
 
+    /// The file that holds all of it; empty if it is kept elsewhere.
+    virtual std::string file() { return {}; }
+
     virtual bool keyExists(const RegistryKey& key) = 0;
     /// Makes the key and the keys above it. An existing key stays as it is.
     virtual SystemError createKey(const RegistryKey& key) = 0;

@@ -179,6 +179,24 @@ RegistryTree::RegistryTree(std::string_view text) {
     parser.finish();
 }
 
+std::vector<std::string> RegistryTree::damagedLines() const {
+    std::vector<std::string> damaged;
+    const auto look = [&](std::string_view kept) {
+        for (; !kept.empty(); kept.remove_prefix(kept.find('\n') + 1))
+            if (const std::string_view line = withoutOuterBlanks(kept.substr(0, kept.find('\n')));
+                !line.starts_with('#'))
+                damaged.emplace_back(line);
+    };
+    look(head_);
+    for (const auto& [folded, node] : nodes_) {
+        look(node.above);
+        for (const auto& [foldedName, value] : node.values)
+            look(value.above);
+    }
+    look(tail_);
+    return damaged;
+}
+
 std::string RegistryTree::text() const {
     std::string text = head_;
     for (const auto& [folded, node] : nodes_) {

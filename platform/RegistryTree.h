@@ -29,6 +29,9 @@ public:
     std::string text() const;
     bool operator==(const RegistryTree&) const = default;
 
+    /// The kept lines that are not remarks: what somebody or something has damaged.
+    std::vector<std::string> damagedLines() const;
+
     /// Root keys with a known number always exist.
     bool hasKey(const RegistryKey& key) const;
     SystemError addKey(const RegistryKey& key);

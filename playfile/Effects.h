@@ -96,6 +96,9 @@ inline constexpr std::array kOptionalEffects{
 /// sets it, and nothing clears it. Threads may read and set it at the same time.
 extern std::atomic<bool> NewEffectsLoaded;
 
+/// Full name of "NewEffects.ini" in the application data folder, or of the one that is read in its place.
+std::string NewEffectsPath();
+
 /// The name of an effect code, if it has one.
 std::optional<std::string> PrefixName(std::int16_t code);
 std::optional<std::string> SuffixName(std::int16_t code);

@@ -11,17 +11,17 @@
 
 namespace qrtVistrelClasses4 {
 
-namespace {
-
-std::string newEffectsPath() {
+std::string NewEffectsPath() {
     return PlaceToRead(GetAppFolder(), {.name = "NewEffects.ini", .use = FileUse::onlyRead});
 }
+
+namespace {
 
 /// The switches of the optional effects in the file. An effect is on if the file does not name it, or sets it
 /// to "TRUE" in capitals.
 class OptionalEffectSwitches {
 public:
-    OptionalEffectSwitches() { ini_.Register("Effects", newEffectsPath()); }
+    OptionalEffectSwitches() { ini_.Register("Effects", NewEffectsPath()); }
     bool isOn(const OptionalEffect& effect) {
         return ini_.Read(std::string(effect.iniKey), "TRUE") == "TRUE";
     }
@@ -100,7 +100,7 @@ bool FrameInfoClass::LoadNewEffectLists(ListControl* prefixList1, ListControl* s
     return traced(
         FrameFunction("LoadNewEffectLists"),
         [&] {
-            if (NewEffectsLoaded || platform().files().kindOf(newEffectsPath()) != EntryKind::file ||
+            if (NewEffectsLoaded || platform().files().kindOf(NewEffectsPath()) != EntryKind::file ||
                 NewEffectsLoaded.exchange(true))
                 return false;
             FillEffectList(prefixList1, suffixList1);

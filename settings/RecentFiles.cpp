@@ -78,11 +78,10 @@ std::optional<std::string> RecentFilesPath() try {
     RethrowAsRuntimeError();
 }
 
-RecentFilesOutcome LoadRecentFiles(const std::string& path) try {
+RecentFilesOutcome ReadRecentFiles(const std::string& path) try {
     RecentFilesOutcome outcome;
     outcome.files.entries.resize(1);
-    FileSystem& files = platform().files();
-    const auto file = files.read(path);
+    const auto file = platform().files().read(path);
     if (!file) {
         outcome.error = ErrorFor(file.error());
         const bool isMissing = file.error() == SystemError::fileNotFound;
@@ -99,10 +98,18 @@ RecentFilesOutcome LoadRecentFiles(const std::string& path) try {
         outcome.mayBeReplaced = true;
     } catch (const RuntimeError& error) { // a damaged file, whose names are not all here
         outcome.error = error;
+        outcome.isDamaged = true;
         outcome.mayBeReplaced = IsElsewhere(path, listFile()); // then it stays as it is
-        if (outcome.mayBeReplaced)
-            return outcome;
-        if (auto kept = KeepAside(files, path, IfNotCopied::fail))
+    }
+    return outcome;
+} catch (...) {
+    RethrowAsRuntimeError();
+}
+
+RecentFilesOutcome LoadRecentFiles(const std::string& path) try {
+    RecentFilesOutcome outcome = ReadRecentFiles(path);
+    if (outcome.isDamaged && !outcome.mayBeReplaced) {
+        if (auto kept = KeepAside(platform().files(), path, IfNotCopied::fail))
             outcome.keptAs = std::move(kept).value();
         outcome.mayBeReplaced = outcome.keptAs.has_value();
     }

@@ -8,7 +8,9 @@ namespace {
 
 constexpr std::string_view kModule = "modRegistry.bas";
 
-std::string applicationKey(const std::string& application) { return "Software\\Brivox\\" + application; }
+std::string applicationKey(const std::string& application) {
+    return std::string(kSettingsKey) + "\\" + application;
+}
 std::string sectionKey(const std::string& application, const std::string& section) {
     return applicationKey(application) + "\\" + section;
 }

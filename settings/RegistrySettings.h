@@ -7,6 +7,8 @@
 
 namespace qrtVistrelClasses4 {
 
+/// The key below HKEY_LOCAL_MACHINE that holds them all.
+inline constexpr std::string_view kSettingsKey = "Software\\Brivox";
 /// Applications and the section of the settings that several rooms read.
 inline constexpr std::string_view kVistrel3 = "Vistrel3";
 inline constexpr std::string_view kVistrelLite = "VistrelLite";

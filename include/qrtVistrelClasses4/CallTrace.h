@@ -3,13 +3,14 @@
 // Every procedure of the library enters and leaves the trace by itself. Each thread has a trace of its own.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/ScopedInstallation.h>
 
 #include <string>
 #include <string_view>
 #include <vector>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// One procedure of the trace, as text.
 struct TraceLine {

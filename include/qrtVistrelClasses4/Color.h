@@ -1,9 +1,11 @@
 // Colours of dots and pixels.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
+
 #include <cstdint>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// 0x00BBGGRR.
 using Color = std::uint32_t;

@@ -1,6 +1,7 @@
 // The sign's commands as a value: keys in sign texts, and the bytes that the sign understands for them.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/OneBasedArray.h>
 
 #include <array>
@@ -10,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// One command: its key, its byte string (one byte a character), and two spare texts that files keep.
 struct CommandInfoType {

@@ -7,13 +7,14 @@
 #pragma once
 
 #include <qrtVistrelClasses4/CommandTable.h>
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <cstdint>
 #include <optional>
 #include <string>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// Where a table came from. Saving depends on it.
 struct CommandTableSource {

@@ -1,6 +1,7 @@
 // The list of signs ("displays") of a site.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/SignList.h>
 
 #include <cstdint>
@@ -10,7 +11,7 @@
 #include <type_traits>
 #include <unordered_map>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// Cursors, trace and error trap over a list of signs. Signs and brightness schedules are numbered from 1.
 /// Texts are 8-bit characters of the ANSI code page, passed through unchanged. One thread at a time.

@@ -1,12 +1,14 @@
 // Names of signs, and names of their types.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
+
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// The name as it is stored: with "#" before it if it reads as a plain number, so that no name is taken for
 /// the number of a sign. "12.50" and " 12" are not plain numbers.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <qrtVistrelClasses4/DisplayNames.h>
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/MemberTable.h>
 #include <qrtVistrelClasses4/OneBasedArray.h>
 
@@ -11,7 +12,7 @@
 #include <tuple>
 #include <type_traits>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 inline constexpr std::int16_t kSchedulesOfADisplay = 4;
 

@@ -2,11 +2,12 @@
 #pragma once
 
 #include <qrtVistrelClasses4/Color.h>
+#include <qrtVistrelClasses4/Export.h>
 
 #include <cstdint>
 #include <string>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 class PixelBuffer;
 

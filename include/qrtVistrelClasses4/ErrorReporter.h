@@ -2,12 +2,13 @@
 #pragma once
 
 #include <qrtVistrelClasses4/CallTrace.h>
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/RuntimeError.h>
 #include <qrtVistrelClasses4/ScopedInstallation.h>
 
 #include <vector>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 struct ErrorReport {
     RuntimeError error;

@@ -1,6 +1,7 @@
 // One playfile: its frames and lines, read and written through cursors.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/FrameRecord.h>
 #include <qrtVistrelClasses4/FrameTypes.h>
 #include <qrtVistrelClasses4/Playfile.h>
@@ -11,7 +12,7 @@
 #include <string_view>
 #include <type_traits>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 class ListControl;
 struct LoadOutcome;

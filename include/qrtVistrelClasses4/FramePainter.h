@@ -2,6 +2,7 @@
 #pragma once
 
 #include <qrtVistrelClasses4/CommandTable.h>
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/FrameRecord.h>
 #include <qrtVistrelClasses4/OneBasedArray.h>
 #include <qrtVistrelClasses4/PixelBuffer.h>
@@ -13,7 +14,7 @@
 #include <memory>
 #include <vector>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// Whether the lines of the frame are shown.
 bool HasText(const FrameRecord& frame);
@@ -48,7 +49,7 @@ public:
     std::vector<PreviewFault> takeFaults();
 
 private:
-    class Drawing;
+    class QRT_HIDDEN Drawing;
 
     std::unique_ptr<Drawing> drawing_;
 };

@@ -1,6 +1,7 @@
 // What a playfile holds: frames, and the lines of text in them, each record with the table of its members.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/FrameTypes.h>
 #include <qrtVistrelClasses4/MemberTable.h>
 #include <qrtVistrelClasses4/OneBasedArray.h>
@@ -13,7 +14,7 @@
 #include <type_traits>
 #include <utility>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// A line of text. Texts are 8-bit characters of the ANSI code page.
 struct LineRecord {

@@ -1,12 +1,13 @@
 // What the frames of a playfile refer to, and how loading and saving change it.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/FrameRecord.h>
 
 #include <cstdint>
 #include <string>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// A file that a frame refers to.
 struct FrameReference {

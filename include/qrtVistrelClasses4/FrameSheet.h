@@ -1,6 +1,7 @@
 // Many frames in one picture.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/FrameRecord.h>
 #include <qrtVistrelClasses4/LedPainter.h>
 #include <qrtVistrelClasses4/OneBasedArray.h>
@@ -11,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 class FramePainter;
 

@@ -1,9 +1,11 @@
 // The kinds of frame, in the two numberings that the application's screens and files use.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
+
 #include <cstdint>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// The numbering that the `FrameType` property is declared with.
 enum class FRAME_TYPES : std::int32_t {

@@ -1,12 +1,13 @@
 // The dots of a sign drawn as LEDs.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/Raster.h>
 
 #include <cstdint>
 #include <vector>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// Draws lit dots, dark dots and the gaps between them.
 class LedPainter {

@@ -1,10 +1,12 @@
 // A list box of the host's screen.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
+
 #include <cstdint>
 #include <string>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// Items are numbered from 0. If the host's control refuses a call, the call throws a `RuntimeError`.
 class ListControl {

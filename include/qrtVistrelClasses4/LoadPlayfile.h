@@ -6,6 +6,7 @@
 // 51 for an unknown failure.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/FrameReference.h>
 #include <qrtVistrelClasses4/Playfile.h>
 #include <qrtVistrelClasses4/PreferencesFile.h>
@@ -18,7 +19,7 @@
 #include <string_view>
 #include <vector>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// The most frames that the application allows in a playfile.
 inline constexpr std::int16_t kUsualFramesAllowed = 1048;

@@ -2,13 +2,15 @@
 // about them. Files, JSON, typed values, clipboards and properties all use that table.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <tuple>
 #include <type_traits>
 #include <utility>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// How a property of a public class reaches its member.
 enum class Access : std::uint8_t {

@@ -1,11 +1,12 @@
 // Modal questions and messages to the operator.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/ScopedInstallation.h>
 
 #include <string>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 enum class MessageIcon { none, critical, question };
 enum class MessageButtons { ok, yesNo };

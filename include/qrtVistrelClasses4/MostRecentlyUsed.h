@@ -1,13 +1,14 @@
 // The files opened last.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/RecentFiles.h>
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// The names of the files opened last, newest first, and their file "VistrelLite.MRU". Every change reads the
 /// file first and writes it at once, so that objects and processes see each other's changes. The list usually

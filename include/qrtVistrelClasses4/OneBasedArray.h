@@ -1,6 +1,7 @@
 // Arrays that count from 1, as users of the application do.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <algorithm>
@@ -8,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// An array of elements 1 to `upperBound()`, which is 0 for an empty array. This class is the only place that
 /// subtracts one. With a `std::array` as `Elements` the bound is fixed.

@@ -2,9 +2,10 @@
 #pragma once
 
 #include <qrtVistrelClasses4/DrawingTarget.h>
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/Raster.h>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// The library's own drawing target. Letters are drawn on its pixels directly.
 class PixelBuffer final : public Raster, public DrawingTarget, private DeviceContext {

@@ -1,12 +1,13 @@
 // A playfile as a value: frames, and where they came from.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/FrameRecord.h>
 
 #include <cstdint>
 #include <string>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 struct Playfile {
     OneBasedArray<FrameRecord> frames; ///< Numbered from 1.

@@ -1,6 +1,7 @@
 // The application's preferences as a value, and their table.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/MemberTable.h>
 #include <qrtVistrelClasses4/OneBasedArray.h>
 
@@ -11,7 +12,7 @@
 #include <tuple>
 #include <type_traits>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 inline constexpr std::int32_t kBrightnessSchedules = 4;
 

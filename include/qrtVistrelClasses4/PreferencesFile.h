@@ -6,6 +6,7 @@
 // 51 for an unknown failure.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/Preferences.h>
 #include <qrtVistrelClasses4/RuntimeError.h>
 
@@ -14,7 +15,7 @@
 #include <string>
 #include <vector>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// The folders that are the defaults of two preferences.
 struct PreferenceFolders {

@@ -1,13 +1,14 @@
 // What a preview could not show as the playfile wants it.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <cstdint>
 #include <optional>
 #include <string>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// A font that font 0 replaces, a picture that is drawn as a box, or text that cannot be seen.
 struct PreviewFault {

@@ -2,13 +2,14 @@
 #pragma once
 
 #include <qrtVistrelClasses4/Color.h>
+#include <qrtVistrelClasses4/Export.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// A width and a height in dots.
 struct DotSize {

@@ -6,6 +6,7 @@
 // memory and error 51 for an unknown failure.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/OneBasedArray.h>
 #include <qrtVistrelClasses4/RuntimeError.h>
 
@@ -13,7 +14,7 @@
 #include <string>
 #include <string_view>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// Names of files, newest first. Names are equal if only the case of their letters differs, in the
 /// system's code page; on POSIX systems, in Windows-1252.
@@ -35,6 +36,7 @@ struct [[nodiscard]] RecentFilesOutcome {
     RecentFiles files; ///< As far as it could be read; one empty entry if nothing could.
     /// A file that does not exist yet is a quiet error.
     std::optional<RuntimeError> error;
+    bool isDamaged = false; ///< True if the file was opened, but not read to its end.
     /// True if saving loses no names: all have been read, or the damaged file has been copied.
     bool mayBeReplaced = false;
     std::optional<std::string> keptAs; ///< The copy of a damaged file.
@@ -44,6 +46,9 @@ struct [[nodiscard]] RecentFilesOutcome {
 /// one that lies beside the program. Nothing after an error that was trapped.
 std::optional<std::string> RecentFilesPath();
 
+/// Reads the file `path` as far as it can be read, and writes nothing. A damaged file may not be replaced
+/// then.
+RecentFilesOutcome ReadRecentFiles(const std::string& path);
 /// Loads the file `path`. A damaged file is also copied to `path` + ".bak", ".bak2" and so on, unless it lies
 /// beside the program, where nothing is written.
 RecentFilesOutcome LoadRecentFiles(const std::string& path);

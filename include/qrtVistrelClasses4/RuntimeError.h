@@ -1,13 +1,15 @@
 // The only exception of the library: a classic run-time error with its number and description.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
+
 #include <cstddef>
 #include <exception>
 #include <optional>
 #include <string>
 #include <string_view>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// The numbers by which scripts and readers of logs know these errors.
 enum class ErrorNumber : int {

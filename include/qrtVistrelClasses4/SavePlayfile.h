@@ -6,6 +6,7 @@
 // 51 for an unknown failure.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/FrameReference.h>
 #include <qrtVistrelClasses4/Playfile.h>
 #include <qrtVistrelClasses4/RuntimeError.h>
@@ -15,7 +16,7 @@
 #include <string>
 #include <vector>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 struct SaveCircumstances {
     /// Returns whether files on drives that may go away are to be copied into the application's data folder.

@@ -1,9 +1,11 @@
 // Replacing a service of the library for a while.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
+
 #include <utility>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// Installs `service` in place of the one in use. The destructor puts that one back. `service` must outlive
 /// this object.

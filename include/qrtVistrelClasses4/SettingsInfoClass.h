@@ -1,6 +1,7 @@
 // The application's preferences.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/Preferences.h>
 
 #include <cstdint>
@@ -8,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// The preferences in memory. They are loaded from and saved to "VistrelLite.ini" in the application data
 /// folder. Setting a property touches no file. One thread at a time. Traced members trap their errors; plain

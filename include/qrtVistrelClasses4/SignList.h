@@ -7,6 +7,7 @@
 #pragma once
 
 #include <qrtVistrelClasses4/DisplayRecord.h>
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/OneBasedArray.h>
 #include <qrtVistrelClasses4/RuntimeError.h>
 
@@ -16,7 +17,7 @@
 #include <string_view>
 #include <vector>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// A list of signs, numbered from 1 to at most 32767. A last record without a name makes the list count as
 /// empty.

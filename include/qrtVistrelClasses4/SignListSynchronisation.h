@@ -1,9 +1,10 @@
 // The host's own database of signs, kept equal to the list.
 #pragma once
 
+#include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/ScopedInstallation.h>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 class DisplayDatabaseClass;
 

@@ -2,12 +2,13 @@
 #pragma once
 
 #include <qrtVistrelClasses4/CommandTableFile.h>
+#include <qrtVistrelClasses4/Export.h>
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-namespace qrtVistrelClasses4 {
+namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// Translates command keys of sign texts into the bytes for the sign. The constructor reads the table file,
 /// and the destructor writes it again; a file that was not a table is first copied to name + ".bak". Keys and

@@ -14,6 +14,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
@@ -151,6 +152,27 @@ public:
     std::string output, error;
 };
 
+/// Answers as tests say.
+class MemoryInspection final : public Inspection {
+public:
+    std::string systemName() override { return "memory"; }
+    SystemError mayAddTo(const std::string&) override { return SystemError::none; }
+    std::vector<Bitness> registryViews() override { return views; }
+    std::optional<std::string> registered(const RegistrationKey& key) override {
+        const auto found = registrations.find({key.view, key.whom, key.path});
+        return found == registrations.end() ? std::nullopt : std::optional(found->second);
+    }
+    SystemError mayChange(const RegistrationKey&) override { return SystemError::none; }
+    Result<ModuleFacts> factsOf(const std::string& path) override {
+        const auto found = modules.find(path);
+        return found == modules.end() ? Result<ModuleFacts>(SystemError::fileNotFound) : found->second;
+    }
+
+    std::vector<Bitness> views;
+    std::map<std::tuple<Bitness, RegisteredFor, std::string>, std::string> registrations;
+    std::map<std::string, ModuleFacts> modules; ///< By path.
+};
+
 class MemoryPlatform final : public Platform {
 public:
     MemoryPlatform();
@@ -159,6 +181,7 @@ public:
     MemoryRegistryStore& registry() override { return registry_; }
     MemoryMessageBoxes& messageBoxes() override { return boxes_; }
     MemoryConsole& console() override { return console_; }
+    MemoryInspection& inspection() override { return inspection_; }
     using Platform::openProfile;
     std::unique_ptr<ProfileFile> openProfile(const std::string& path, const std::string& original) override {
         return std::make_unique<IniProfileFile>(files_, profiles_, path, original);
@@ -183,6 +206,7 @@ private:
     MemoryRegistryStore registry_;
     MemoryMessageBoxes boxes_;
     MemoryConsole console_;
+    MemoryInspection inspection_;
 };
 
 } // namespace qrtVistrelClasses4

@@ -8,6 +8,7 @@
 #include "platform/posix/PosixConsole.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixFolders.h"
+#include "platform/posix/PosixInspection.h"
 #include "platform/posix/PosixMessageBoxes.h"
 
 #include <ctime>
@@ -26,6 +27,7 @@ public:
     RegistryStore& registry() override { return registry_; }
     MessageBoxes& messageBoxes() override { return boxes_; }
     Console& console() override { return console_; }
+    Inspection& inspection() override { return inspection_; }
 
     using Platform::openProfile;
     std::unique_ptr<ProfileFile> openProfile(const std::string& path, const std::string& original) override {
@@ -57,6 +59,7 @@ private:
     FileRegistryStore registry_{files_, JoinPath(settings_, kRegistryFile)};
     PosixMessageBoxes boxes_;
     PosixConsole console_;
+    PosixInspection inspection_;
 };
 
 std::vector<std::string> PosixPlatform::otherFolders(FileUse use) {

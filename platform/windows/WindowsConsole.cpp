@@ -26,12 +26,15 @@ HANDLE handleOf(StandardStream stream) {
     return handle == INVALID_HANDLE_VALUE ? nullptr : handle;
 }
 
+bool hasOtherEndGone(DWORD code) {
+    return code == ERROR_BROKEN_PIPE || code == ERROR_NO_DATA || code == ERROR_PIPE_NOT_CONNECTED;
+}
+
 bool isConsole(HANDLE handle) {
     DWORD mode = 0;
     return handle && ::GetConsoleMode(handle, &mode);
 }
 
-bool hasOtherEndGone(DWORD code) { return code == ERROR_BROKEN_PIPE || code == ERROR_NO_DATA; }
 
 SystemError writeBytes(HANDLE handle, std::string_view text) {
     constexpr std::size_t largestPiece = std::size_t{1} << 20;

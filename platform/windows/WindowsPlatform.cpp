@@ -10,6 +10,7 @@
 #include "platform/windows/WindowsCalendar.h"
 #include "platform/windows/WindowsConsole.h"
 #include "platform/windows/WindowsFileSystem.h"
+#include "platform/windows/WindowsInspection.h"
 #include "platform/windows/WindowsMessageBoxes.h"
 #include "platform/windows/WindowsNames.h"
 #include "platform/windows/WindowsProfileFile.h"
@@ -61,6 +62,7 @@ public:
         return isProgram ? static_cast<MessageBoxes&>(consoleBoxes_) : boxes_;
     }
     Console& console() override { return console_; }
+    Inspection& inspection() override { return inspection_; }
 
     using Platform::openProfile;
     std::unique_ptr<ProfileFile> openProfile(const std::string& path, const std::string& original) override {
@@ -98,6 +100,7 @@ private:
     WindowsMessageBoxes boxes_;
     ConsoleMessageBoxes consoleBoxes_;
     WindowsConsole console_;
+    WindowsInspection inspection_{files_};
 };
 
 std::string WindowsPlatform::libraryFolder() { return home_ ? *home_ : moduleFolder(); }

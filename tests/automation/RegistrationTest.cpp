@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <iterator>
+#include <thread>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -110,6 +111,35 @@ TEST_F(Server, MakesNoOtherObjects) {
     ComPtr<IClassFactory> factory;
     ASSERT_EQ(getClassObject(CLSID_FrameInfoClass, IID_PPV_ARGS(&factory)), S_OK);
     EXPECT_EQ(factory->CreateInstance(factory.Get(), IID_IUnknown, &object), CLASS_E_NOAGGREGATION);
+}
+
+// The last one: the system keeps class objects of an apartment that it made itself.
+TEST_F(Server, NeedsNoRegistrationBesideItsManifest) {
+    ASSERT_EQ(run("DllUnregisterServer"), S_OK);
+    CLSID id{};
+    EXPECT_NE(CLSIDFromProgID(L"qrtVistrelClasses4.FrameInfoClass", &id), S_OK);
+    const auto manifest = path_.replace_filename("qrtVistrelClasses4.Server.manifest");
+    ACTCTXW assembly{};
+    assembly.cbSize = sizeof assembly;
+    assembly.lpSource = manifest.c_str();
+    const HANDLE context = CreateActCtxW(&assembly);
+    std::thread([context] {
+        CoInitializeEx(nullptr, COINIT_MULTITHREADED); // calls then pass through proxies
+        ULONG_PTR cookie = 0;
+        EXPECT_TRUE(ActivateActCtx(context, &cookie));
+        for (const wchar_t* name : {L"FrameInfoClass", L"SettingsInfoClass", L"DisplayDatabaseClass",
+                                    L"MostRecentlyUsed", L"clsCommandInterface"}) {
+            CLSID found{};
+            EXPECT_EQ(CLSIDFromProgID((L"qrtVistrelClasses4." + std::wstring(name)).c_str(), &found), S_OK);
+            EXPECT_NO_THROW(Create<IDispatch>(found));
+        }
+        short frames = 0;
+        EXPECT_NO_THROW(Create<_FrameInfoClass>(CLSID_FrameInfoClass)->get_TotalFrames(&frames));
+        EXPECT_EQ(frames, 20);
+        DeactivateActCtx(0, cookie);
+        CoUninitialize();
+    }).join();
+    ReleaseActCtx(context);
 }
 
 } // namespace

@@ -1,13 +1,15 @@
 #!/usr/bin/env bash
-# Tests the core and the built server under Wine: run.sh BUILD_DIR [32_BIT_BUILD_DIR]
+# Tests the core, the built server and the program under Wine: run.sh BUILD_DIR [32_BIT_BUILD_DIR [TOOL_TESTS]]
 #
 # Everything happens in a Wine prefix of its own, $WINEPREFIX or else BUILD_DIR/wine. The 32-bit server and program are
 # not run: only their exports and the libraries they need are checked.
+# The native program TOOL_TESTS plays its sessions with the program for Windows.
 # Prints one line for each test and "N passed, N failed" at the end. Fails if a test failed.
 set -u
 here=$(cd "$(dirname "$0")" && pwd)
 build=$(cd "$1" && pwd) || exit 2
 build32=${2:+$(cd "$2" && pwd)}
+tool_tests=${3:-}
 export WINEPREFIX=${WINEPREFIX:-$build/wine} WINEDEBUG=-all
 export LC_ALL=C.UTF-8 # code page 1252, which most tests expect
 work=$build/automation-test
@@ -56,9 +58,19 @@ set_up() {
 
 # Runs a program that prints the names of its tests and "ok" or "FAILED", as the script does, or "OK" and "FAILED".
 run_tests() { # NAME PROGRAM ARGUMENTS...
-    local output=$work/$1.txt status
-    windows "$output" "${@:2}"
-    status=$?
+    windows "$work/$1.txt" "${@:2}"
+    report_tests "$1" $?
+}
+
+# Plays the sessions of the command line. Wine has to take names of files for UTF-8, as the shell does.
+run_sessions() {
+    VISTREL_FOR_WINDOWS="LC_ALL=C.UTF-8 wine '$build/vistrel.exe'" \
+        timeout -k 5 300 "$tool_tests" --gtest_filter='Of*/Session.*' --gtest_print_time=0 >"$work/sessions.txt" 2>&1
+    report_tests sessions $?
+}
+
+report_tests() { # NAME STATUS
+    local output=$work/$1.txt status=$2
     grep -vE '^(\[ RUN|\[-------|$)' "$output"
     passed=$((passed + $(grep -cE '^(ok |\[       OK \])' "$output")))
     failed=$((failed + $(grep -cE '^(FAILED |\[  FAILED  \] [^ ]*$)' "$output")))
@@ -100,9 +112,18 @@ check_libraries() { # FILE
     report $? "$1 needs no libraries but the system's"
 }
 
+# Checks the version that Windows shows for a file: as numbers, and as text.
+check_version() { # FILE
+    local shown
+    windows "$work/version.txt" cscript //nologo "$(windows_path "$here/show_version.vbs")" "$(windows_path "$1")"
+    shown=$(strings -el "$1" | grep -A 1 FileVersion | paste -sd ' ')
+    [ "vistrel $(cat "$work/version.txt")" = "$version.0" ] && [ "$shown" = "FileVersion ${version#* }" ]
+    report $? "$1 is of $version"
+}
+
 # Checks the server and the program of a build folder from outside.
 check_build() { # FOLDER
-    local server=$1/qrtVistrelClasses4.dll
+    local file server=$1/qrtVistrelClasses4.dll
     diff <(headers_of "$server" | sed -n '/Name Pointer\] Table/,/^$/s/^\t\[.*\] //p') - <<-'EXPORTS'
 	DllCanUnloadNow
 	DllGetClassObject
@@ -110,19 +131,47 @@ check_build() { # FOLDER
 	DllUnregisterServer
 	EXPORTS
     report $? "$server exports the four functions"
-    check_libraries "$server"
-    check_libraries "$1/vistrel.exe"
+    for file in "$server" "$1/vistrel.exe"; do
+        check_libraries "$file"
+        check_version "$file"
+    done
+}
+
+# Checks that the program finds something in the registration of a class.
+check_doctor() { # NAME FINDING [FILE_FOR_THIS_USER]
+    local key='HKCU\Software\Classes\CLSID\{9AE6AD44-C589-4050-9359-78F603D30A08}' # of FrameInfoClass
+    [ -z "${3:-}" ] || windows "$work/setup.txt" reg add "$key\InprocServer32" /ve /d "$3" /f
+    windows "$work/doctor.txt" "$build/vistrel.exe" doctor --json
+    tr -d ' \n' <"$work/doctor.txt" | grep -qE "\"check\":\"server.$2"
+    report $? "the program finds $1"
+    [ -z "${3:-}" ] || windows "$work/setup.txt" reg delete "$key" /f
+}
+
+# Registrations that are as they should be, and others.
+check_registrations() {
+    check_doctor "the registered server" 'file","severity":"ok","subject":"[0-9]*-bitserver","message":"allclasses:'
+    check_doctor "a registration for one user" 'file","severity":"ok",.*FrameInfoClass,forthisuseronly' \
+        "$(windows_path "$build/qrtVistrelClasses4.dll")"
+    check_doctor "a registered file that is missing" 'file","severity":"error"' 'Z:\gone.dll'
+    check_doctor "another version" 'version","severity":"warning"' 'C:\windows\system32\oleaut32.dll'
+    [ -z "$build32" ] || check_doctor "the other bitness" 'bitness","severity":"error"' \
+        "$(windows_path "$build32/qrtVistrelClasses4.dll")"
 }
 
 set_up
+windows "$work/version.txt" "$build/vistrel.exe" --version
+version=$(cat "$work/version.txt")
 check_build "$build"
 [ -z "$build32" ] || check_build "$build32"
 sed -zEf "$here/contract.sed" "$here/../../automation/qrtVistrelClasses4.idl" | diff -u "$here/contract.txt" -
 report $? "the interface definition keeps its promises"
 run_tests script_test.vbs cscript //nologo "$(windows_path "$here/script_test.vbs")" "$(windows_path "$data/")"
+[ ! -e "$here/../../docs" ] || . "$here/../docs/automation" # the small system of run-32 has no documents and no compiler
+check_registrations
 for program in automation/automation_tests.exe core_tests.exe; do
     run_tests "$(basename $program)" "$build/tests/$program" --gtest_print_time=0
 done
+[ -z "$tool_tests" ] || run_sessions
 run_twice "$build/tests/core_tests.exe" '*TwoProcesses*'
 run_with_code_pages "$build/tests/core_tests.exe"
 windows "$work/register.txt" regsvr32 /s /u "$(windows_path "$build/qrtVistrelClasses4.dll")"

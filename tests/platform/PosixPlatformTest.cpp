@@ -178,6 +178,12 @@ TEST(PosixSystem, TrustsTheTimeOfAFileOnceTheClockHasLeftIt) {
     }
 }
 
+TEST(SharedFolder, IsBesideTheFolderOfTheProgramOrLibrary) {
+    for (const char* folder : {"/usr/bin", "/usr/lib", "/usr/lib/x86_64-linux-gnu"})
+        EXPECT_EQ(SharedFolder(folder), "/usr/share/vistrel") << folder;
+    EXPECT_EQ(SharedFolder("/opt/lib/bin"), "/opt/lib/share/vistrel");
+}
+
 TEST_F(PosixPlatformTest, ReadsFontsBesideTheProgramAndMakesAHomeForItsUserOnly) {
     const std::string program = std::filesystem::read_symlink("/proc/self/exe").parent_path();
     EXPECT_EQ(makePlatform()->otherFolders(FileUse::onlyRead),

@@ -16,6 +16,7 @@
 #include "tools/program/Moment.h"
 #include "tools/program/Outputs.h"
 #include "tools/program/Table.h"
+#include "tools/program/ValueKinds.h"
 #include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <vector>
@@ -207,7 +208,7 @@ void SetUpFontCommand(CLI::App& font, Session& session) {
 
     CLI::App* showCommand =
         add("show", &show, "Shows all letters of a font", "vistrel font show bin/6x8.cmd");
-    showCommand->add_option("FILE", options->file, "The font")->required();
+    showCommand->add_option("FILE", options->file, "The font")->type_name(kFontValue)->required();
     addSize(*showCommand, sizeOfFont);
     CLI::Option* json = showCommand->add_flag("--json", options->json, "Prints the letters' rows of dots");
     showCommand->add_flag("--source", options->asSource, R"(Prints pictures that "make" takes)")
@@ -217,8 +218,10 @@ void SetUpFontCommand(CLI::App& font, Session& session) {
                                 "vistrel font make fonts/6x8.txt bin/16x16.cmd --size 16x16");
     makeCommand
         ->add_option("SOURCE", options->source, R"(The pictures, "#" and "." under the code of each letter)")
+        ->type_name(kFileValue)
         ->required();
     makeCommand->add_option("FILE", options->file, R"(The font to write; "-" for standard output)")
+        ->type_name(kFontValue)
         ->required();
     addSize(*makeCommand, "Size to enlarge the letters to; its height must be a multiple of theirs");
     CLI::Option* header =
@@ -235,7 +238,7 @@ void SetUpFontCommand(CLI::App& font, Session& session) {
         add("check", &check,
             "Prints the characters that playfiles need and a font lacks, with codes replaced as in previews",
             "vistrel font check bin/6x8.cmd --for harbour.playfile");
-    checkCommand->add_option("FILE", options->file, "The font")->required();
+    checkCommand->add_option("FILE", options->file, "The font")->type_name(kFontValue)->required();
     AddInputOptions(*checkCommand, options->playfiles, "--for", "A playfile; may be given several times")
         ->required()
         ->allow_extra_args(false); // the font may follow

@@ -79,6 +79,15 @@ std::optional<Font> OpenFont(const std::string& path, const std::optional<CellSi
     return size ? std::nullopt : std::move(font); // a font that is cut short is shown as far as it goes
 }
 
+std::optional<std::string> FaultOfFont(const std::string& path, const std::optional<CellSize>& size) {
+    const std::string bytes = fontBytes(path);
+    const CellSize layout = size.value_or(kSizesFromFile);
+    if (hasLength(bytes, layout))
+        return std::nullopt;
+    const std::optional<Font> font = ParseFont(bytes, layout.width, layout.height);
+    return !size || !font ? "it is not a font with a header" : unsuitableLength(bytes.size(), *font);
+}
+
 std::optional<Font> PresentFont(const std::string& path, CellSize size) {
     if (platform().files().kindOf(path) != EntryKind::file)
         return std::nullopt;

@@ -24,6 +24,10 @@ std::string SizeText(CellSize size);
 std::optional<Font> OpenFont(const std::string& path, const std::optional<CellSize>& size,
                              ErrorLines& errors);
 
+/// Why the file is not a whole font of the layout that the library reads: without a header if the letters
+/// have a `size`, else with one. Nothing if it is. Throws errors of the file system.
+std::optional<std::string> FaultOfFont(const std::string& path, const std::optional<CellSize>& size);
+
 /// The font that the file holds, if it has the length of one: a font with a header, or else one without a
 /// header whose letters have the size. Nothing if there is no such file.
 std::optional<Font> PresentFont(const std::string& path, CellSize size);

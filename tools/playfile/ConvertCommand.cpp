@@ -8,6 +8,7 @@
 #include "tools/program/Encoding.h"
 #include "tools/program/Inputs.h"
 #include "tools/program/Outputs.h"
+#include "tools/program/ValueKinds.h"
 
 #include <algorithm>
 #include <vector>
@@ -120,12 +121,14 @@ void SetUpConvertCommand(CLI::App& command, Session& session) {
     AddInputOptions(command, options->input, "FILES",
                     "The playfiles; bad ones are reported and left out. What a frame loses is reported, too, "
                     "and the exit code is then 1")
+        ->type_name(kOlderPlayfileValue)
         ->required();
     command
         .add_option(
             "--to", options->to,
             "Folder for the new files, which end in .playfile; made if it is missing. Files in folders "
             "get the same folders there")
+        ->type_name(kFolderValue)
         ->required();
     AddOutputOptions(command, options->output, ExistingFiles::kept);
 }

@@ -8,6 +8,7 @@
 #include "tools/program/Encoding.h"
 #include "tools/program/Inputs.h"
 #include "tools/program/JsonText.h"
+#include "tools/program/ValueKinds.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 
 #include <algorithm>
@@ -254,6 +255,7 @@ void SetUpFramesCommand(CLI::App& frames, Session& session) {
         .add_option(
             "FILE", options->file,
             R"(The playfile, or "-" for standard input; saved in place unless --out names another file)")
+        ->type_name(kPlayfileValue)
         ->required();
     AddOutOption(frames, options->output, "The file to save");
     AddOutputOptions(frames, options->output, ExistingFiles::replaced);
@@ -291,7 +293,7 @@ void SetUpFramesCommand(CLI::App& frames, Session& session) {
         "paste", &editFrames<pasteFrames>,
         "Puts copies of another playfile's frames in; merging of lines and their fixed number are not copied",
         "vistrel frames harbour.playfile paste plant.playfile 1 --frames 3-5");
-    paste->add_option("OTHER", options->other, "The other playfile")->required();
+    paste->add_option("OTHER", options->other, "The other playfile")->type_name(kPlayfileValue)->required();
     takeAt(paste);
     paste->add_option("--frames", options->framesOfOther,
                       "One frame of it, such as 4, or several, such as 3-5; else all");

@@ -9,6 +9,7 @@
 #include "tools/program/JsonText.h"
 #include "tools/program/PropertyValues.h"
 #include "tools/program/Table.h"
+#include "tools/program/ValueKinds.h"
 
 #include <algorithm>
 #include <optional>
@@ -180,6 +181,7 @@ void SetUpInspectCommand(CLI::App& command, Session& session) {
     const auto options = std::make_shared<InspectOptions>();
     SetAction(command, session, options, &inspect);
     AddInputOptions(command, options->input, "FILES", "The playfiles, whatever their names end in")
+        ->type_name(kOlderPlayfileValue)
         ->required();
     command.add_flag(
         "--json", options->json,

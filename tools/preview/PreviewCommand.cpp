@@ -13,6 +13,7 @@
 #include "tools/program/Moment.h"
 #include "tools/program/Outputs.h"
 #include "tools/program/Size.h"
+#include "tools/program/ValueKinds.h"
 #include "tools/signs/SignsFile.h"
 #include <qrtVistrelClasses4/FramePainter.h>
 #include <qrtVistrelClasses4/FrameSheet.h>
@@ -281,9 +282,11 @@ void SetUpPreviewCommand(CLI::App& command, Session& session) {
     AddSizeOption(command, options->size, kMost16Bit,
                   "Dots of the sign, from 1x1 to 32767x32767; else the size of --sign, else one that shows "
                   "all texts that do not scroll, and all pictures, of the playfile, up to 512x128");
-    command.add_option("--sign", options->sign,
-                       "Name of a sign in the list of signs, whose size, type and colours are used; else an "
-                       "amber one");
+    command
+        .add_option("--sign", options->sign,
+                    "Name of a sign in the list of signs, whose size, type and colours are used; else an "
+                    "amber one")
+        ->type_name(kSignValue);
     auto* out = AddOutOption(
         command, options->output,
         "PNG files to write the pictures to; without it, pictures go to the terminal, or in plain letters to "

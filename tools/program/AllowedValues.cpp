@@ -62,7 +62,7 @@ constexpr AllowedValues kAllowed[] = {
      .least = kDirectConnection,
      .most = kModemConnection,
      .names = &kConnectionNames},
-    texts("DefaultColor", "<colour>", "a colour (<colour>)"),
+    texts("DefaultColor", kAnyColor, "a colour (<colour>)"),
     texts("ColorsSupported", "<colour>( *[,;/ ] *<colour>)*", "colours with commas between them (<colour>)"),
     // Delays, speeds and sizes
     numbers("ScrollPauseDelay", 0),
@@ -172,6 +172,17 @@ std::string DescriptionOf(const AllowedValues& allowed, std::string_view type, d
 
 std::string DescriptionOf(const AllowedValues& allowed) {
     return allowed.meaning.empty() ? "a text" : withColors(allowed.meaning, colorsWith(", "));
+}
+
+std::vector<std::string> NamesOf(const AllowedValues& allowed) {
+    std::vector<std::string> names;
+    if (allowed.names)
+        std::ranges::transform(allowed.names->all(), std::back_inserter(names),
+                               [](const NamedNumber& named) { return std::string(named.name); });
+    else if (allowed.pattern == kAnyColor)
+        for (const std::string_view color : LedColorNames())
+            names.emplace_back(color);
+    return names;
 }
 
 bool IsWithin(const char* argument, std::int32_t number, std::int32_t last, const std::string& thing,

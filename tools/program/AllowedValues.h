@@ -48,6 +48,9 @@ std::string DescriptionOf(const AllowedValues& allowed, std::string_view type, d
 /// The same for texts.
 std::string DescriptionOf(const AllowedValues& allowed);
 
+/// What may be typed, if it is one of a few names; else nothing.
+std::vector<std::string> NamesOf(const AllowedValues& allowed);
+
 /// False, after adding an error, if the number of `thing` in a list is not one from 1 to `last`.
 bool IsWithin(const char* argument, std::int32_t number, std::int32_t last, const std::string& thing,
               ErrorLines& errors);

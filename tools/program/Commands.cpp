@@ -44,11 +44,15 @@ constexpr Command kCommands[] = {
      "vistrel settings set DisplayHeight 32", &SetUpSettingsCommand},
     {kSettings, "recent", "Shows and changes the list of the files opened last", "vistrel recent list",
      &SetUpRecentCommand},
+    {kSettings, "doctor", "Examines this machine: rights, stores, fonts, registered servers", "vistrel doctor",
+     &SetUpDoctorCommand},
+    {kSettings, "completion", "Prints the script that makes a shell complete what is typed",
+     "vistrel completion bash", &SetUpCompletionCommand},
     {kSettings, "help", "Explains a command", "vistrel help frames insert", &SetUpHelpCommand},
 };
 
 void SetHelpFlag(CLI::App& command) {
-    command.set_help_flag("-h,--help", "Print this help message and exit");
+    command.set_help_flag("-h,--help", "Prints this help and exits");
 }
 
 } // namespace
@@ -59,6 +63,12 @@ void AddCommands(CLI::App& program) {
     for (const Command& row : kCommands)
         program.add_subcommand(row.name, row.description)->group(row.task);
     SetHelpFlag(program);
+}
+
+std::vector<std::string> NamesOfCommands() {
+    std::vector<std::string> names;
+    std::ranges::transform(kCommands, std::back_inserter(names), &Command::name);
+    return names;
 }
 
 CLI::App* SetUpCommand(CLI::App& program, const std::string& name, Session& session) {

@@ -12,6 +12,7 @@
 #include <ostream>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 
@@ -27,14 +28,17 @@ struct Session {
     std::function<ExitCode()> command;
 };
 
+/// The end of the help of a command that needs no other.
+inline constexpr const char* kUsualFooter =
+    "As with every command, --home DIR keeps it to the settings and files of that folder, and --wide and "
+    "--color change what it prints on a terminal.";
+
 /// Gives `command` what every command has: help that starts with `example`, and the program's options
 /// anywhere.
 inline void SetUpCommon(CLI::App& command, const std::string& example) {
     command.formatter(std::make_shared<HelpWithExample>(example));
     command.fallthrough(); // to "--home" and the other options of the program
-    command.footer(
-        "As with every command, --home DIR keeps it to the settings and files of that folder, and --wide and "
-        "--color change what it prints on a terminal.");
+    command.footer(kUsualFooter);
 }
 
 /// Makes `command` run `action`.
@@ -86,6 +90,8 @@ struct Command {
 /// Adds the help flag and the names of all commands to `program`, in the order of its help.
 void AddCommands(CLI::App& program);
 
+std::vector<std::string> NamesOfCommands();
+
 /// Gives the command `name` its arguments, options and subcommands, unless it has them. Options take most of
 /// the time of a start, so only the command that runs is set up. Returns null if there is no such command.
 CLI::App* SetUpCommand(CLI::App& program, const std::string& name, Session& session);
@@ -105,6 +111,8 @@ void SetUpRecentCommand(CLI::App& recent, Session& session);
 void SetUpSettingsCommand(CLI::App& settings, Session& session);
 void SetUpEffectsCommand(CLI::App& command, Session& session);
 void SetUpFontCommand(CLI::App& font, Session& session);
+void SetUpDoctorCommand(CLI::App& command, Session& session);
+void SetUpCompletionCommand(CLI::App& command, Session& session);
 void SetUpHelpCommand(CLI::App& command, Session& session);
 
 } // namespace qrtVistrelClasses4

@@ -23,6 +23,8 @@ public:
     std::string make_option_desc(const CLI::Option* option) const override;
     std::string make_footer(const CLI::App* app) const override;
 
+    const std::string& example() const { return example_; }
+
 private:
     std::string example_;
 };

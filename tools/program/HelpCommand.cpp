@@ -1,5 +1,6 @@
 // vistrel help: what a command does, and what may be typed for it.
 #include "tools/program/Commands.h"
+#include "tools/program/ValueKinds.h"
 #include "tools/program/WrongUsage.h"
 
 #include <memory>
@@ -37,7 +38,8 @@ ExitCode explain(const HelpOptions& options, Session& session) {
 void SetUpHelpCommand(CLI::App& command, Session& session) {
     const auto options = std::make_shared<HelpOptions>(HelpOptions{command.get_parent(), {}});
     SetAction(command, session, options, &explain);
-    command.add_option("COMMAND", options->names, "The command, and a subcommand of it; else the program");
+    command.add_option("COMMAND", options->names, "The command, and a subcommand of it; else the program")
+        ->type_name(kCommandValue);
 }
 
 } // namespace qrtVistrelClasses4

@@ -8,6 +8,7 @@
 #include "playfile/LegacyFormat.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/FileStart.h"
+#include "tools/program/ValueKinds.h"
 
 #include <algorithm>
 #include <utility>
@@ -72,7 +73,8 @@ CLI::Option* AddInputOptions(CLI::App& command, InputOptions& options, const std
                              const std::string& description) {
     command.add_flag("-r,--recursive", options.recursive,
                      "Takes the playfiles in folders, too, and in the folders in these");
-    return command.add_option(name, options.names, description + R"(; "-" for standard input)");
+    return command.add_option(name, options.names, description + R"(; "-" for standard input)")
+        ->type_name(kPlayfileValue);
 }
 
 std::vector<Input> FindInputs(const InputOptions& options, InputKind kind, ErrorLines& errors) {

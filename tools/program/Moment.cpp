@@ -28,6 +28,7 @@ public:
     RegistryStore& registry() override { return machine_.registry(); }
     MessageBoxes& messageBoxes() override { return machine_.messageBoxes(); }
     Console& console() override { return machine_.console(); }
+    Inspection& inspection() override { return machine_.inspection(); }
     std::unique_ptr<ProfileFile> openProfile(const std::string& path, const std::string& original) override {
         return machine_.openProfile(path, original);
     }

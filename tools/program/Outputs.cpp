@@ -8,6 +8,7 @@
 #include "platform/Platform.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/Inputs.h"
+#include "tools/program/ValueKinds.h"
 
 #include <algorithm>
 #include <array>
@@ -53,6 +54,7 @@ CLI::Option* AddOutOption(CLI::App& command, OutputOptions& options, const std::
         .add_option("--out", options.out,
                     description + R"(; "-" for standard output. %f is the name of the playfile without )"
                                   "folder and ending, %% is %")
+        ->type_name(kFileValue)
         ->check(isName);
 }
 

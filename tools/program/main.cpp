@@ -3,7 +3,7 @@
 #include "platform/Platform.h"
 #include "tools/program/Arguments.h"
 #include "tools/program/Commands.h"
-#include "tools/program/Screen.h"
+#include "tools/program/Program.h"
 #include "tools/program/StandardOutput.h"
 #include "tools/program/WrongUsage.h"
 
@@ -14,12 +14,6 @@
 
 namespace qrtVistrelClasses4 {
 namespace {
-
-/// The options of every command.
-struct ProgramOptions {
-    std::optional<std::string> home;
-    ScreenOptions screen;
-};
 
 /// Runs the command on the machine that the options ask for, with the program's own error reporter.
 ExitCode run(Session& session, const ProgramOptions& options) {
@@ -41,18 +35,6 @@ ExitCode finish(StandardOutput& output, ErrorLines& errors, ExitCode code, Conso
     for (const std::string& line : errors.lines())
         (void)console.write(StandardStream::error, line + '\n');
     return code == ExitCode::done && !errors.empty() ? ExitCode::failed : code;
-}
-
-/// Why `path` cannot be a home; empty if it can.
-std::string faultOfFolder(const std::string& path) {
-    switch (platform().files().kindOf(path)) {
-    case EntryKind::folder:
-        return {};
-    case EntryKind::missing:
-        return "there is no folder " + path;
-    default:
-        return path + " is not a folder";
-    }
 }
 
 /// Does what the arguments ask for.
@@ -86,22 +68,8 @@ ExitCode runProgram(const std::vector<std::string>& arguments, Console& console)
     std::ostream out(&output);
     Session session{out, {}, {}};
     ProgramOptions options;
-    CLI::App program(
-        "Shows and changes playfiles, the list of signs, commands and settings of LED message signs",
-        "vistrel");
-    program.formatter(std::make_shared<HelpWithExample>("vistrel show harbour.playfile"));
-    program.require_subcommand(1);
-    program.allow_windows_style_options(false); // "/a" and "//server/share/a" are names of files
-    AddCommands(program);
-    program.set_version_flag("--version", "vistrel " VISTREL_VERSION);
-    program
-        .add_option(
-            "--home", options.home,
-            "Folder that holds settings, INI files and fonts, in place of the system's and the user's own")
-        ->envname("VISTREL_HOME")
-        ->check(CLI::Validator(&faultOfFolder, "DIR"));
-    AddScreenOptions(program, options.screen);
-    return finish(output, session.errors, runArguments(arguments, program, session, options), console);
+    const std::unique_ptr<CLI::App> program = MakeProgram(options);
+    return finish(output, session.errors, runArguments(arguments, *program, session, options), console);
 }
 
 } // namespace

@@ -1,10 +1,10 @@
 // vistrel recent: the files opened last.
-#include "platform/Path.h"
 #include "platform/Platform.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/JsonText.h"
 #include "tools/program/PropertyValues.h"
+#include "tools/program/ValueKinds.h"
 #include <qrtVistrelClasses4/RecentFiles.h>
 
 #include <algorithm>
@@ -49,15 +49,10 @@ ExitCode list(const RecentOptions& options, Session& session) {
     return ExitCode::done;
 }
 
-/// Whether a name starts with a drive or a host of Windows, on any system. The list may come from there.
-bool isFullOnWindows(std::string_view name) {
-    return (name.size() > 2 && name[1] == ':' && IsPathSeparator(name[2])) || name.starts_with("\\\\");
-}
-
 /// The full path of a typed name, in UTF-8. A file in the current folder has one however it is typed; ".."
 /// stays, because it leads elsewhere after a link.
 std::string fullPath(const std::string& typed) {
-    if (isFullOnWindows(typed))
+    if (IsFullOnWindows(typed))
         return typed;
     std::string name = typed;
     for (std::size_t at = 0; (at = name.find("/./")) != name.npos;)
@@ -154,6 +149,7 @@ void SetUpRecentCommand(CLI::App& recent, Session& session) {
                "vistrel recent add harbour.playfile", session, options, &add)
         .add_option("NAME", options->name,
                     "Name of a file, which need not exist; the list gets its full path")
+        ->type_name(kFileValue)
         ->required();
     AddCommand(recent, "clear", "Removes all names", "vistrel recent clear", session, options, &clear);
     AddCommand(recent, "remove", "Removes a name, and shows the list",

@@ -5,6 +5,7 @@
 #include "tools/program/NameDistance.h"
 #include "tools/program/PropertyValues.h"
 #include "tools/program/Table.h"
+#include "tools/program/ValueKinds.h"
 #include <qrtVistrelClasses4/PreferencesFile.h>
 
 #include <optional>
@@ -185,7 +186,9 @@ void SetUpSettingsCommand(CLI::App& settings, Session& session) {
     CLI::App& resetCommand = AddCommand(settings, "reset", "Gives one setting its default again",
                                         "vistrel settings reset DisplayHeight", session, options, &reset);
     for (CLI::App* command : {&getCommand, &setCommand, &resetCommand})
-        command->add_option("NAME", options->name, "Its property or INI key, in any case")->required();
+        command->add_option("NAME", options->name, "Its property or INI key, in any case")
+            ->type_name(kSettingValue)
+            ->required();
     setCommand.add_option("VALUE", options->value, "The new value")->required();
     setCommand.add_flag("--unchecked", options->isUnchecked, "Takes values that no sign has, too");
 }

@@ -5,6 +5,7 @@
 #include "tools/program/JsonText.h"
 #include "tools/program/PropertyValues.h"
 #include "tools/program/Table.h"
+#include "tools/program/ValueKinds.h"
 #include "tools/signs/SignsFile.h"
 
 #include <optional>
@@ -325,21 +326,24 @@ void SetUpSignsCommand(CLI::App& signs, Session& session) {
             return changeSigns(change, given, now);
         };
         CLI::App* command = add(name, run, description, example);
-        command->add_option("NAME", options->name, "Name of the sign")->required();
+        command->add_option("NAME", options->name, "Name of the sign")->type_name(kSignValue)->required();
         return command;
     };
     const auto takeAssignments = [&](CLI::App* command) {
         command->add_flag("--unchecked", options->isUnchecked, "Takes values that no sign has, too");
-        return command->add_option(
-            "PROPERTIES", options->assignments,
-            "What to set, such as DisplayWidth=192, DisplayType=Kestrel or "
-            "\"Schedule1.StartTime=6:30 PM\"; \"signs show\" prints the names of all properties, "
-            "\"signs types\" and \"signs connections\" those of types and connections");
+        return command
+            ->add_option(
+                "PROPERTIES", options->assignments,
+                "What to set, such as DisplayWidth=192, DisplayType=Kestrel or "
+                "\"Schedule1.StartTime=6:30 PM\"; \"signs show\" prints the names of all properties, "
+                "\"signs types\" and \"signs connections\" those of types and connections")
+            ->type_name(kPropertyValue);
     };
 
     add("list", &listSigns, "Shows all signs", "vistrel signs list");
     add("show", &showSign, "Shows a sign with all its properties", "vistrel signs show \"Pier 1\"")
         ->add_option("NAME", options->name, "Name of the sign, in any case")
+        ->type_name(kSignValue)
         ->required();
     add("types", &listTypes, "Shows the types of signs that have a name", "vistrel signs types");
     add("connections", &listConnections, "Shows the ways to reach a sign", "vistrel signs connections");

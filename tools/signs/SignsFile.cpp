@@ -60,19 +60,23 @@ std::optional<SignsFile> LoadSigns(ErrorLines& errors) {
     return file;
 }
 
+std::vector<FileFault> FaultsOf(const SignsFile& file) {
+    std::vector<FileFault> faults;
+    if (file.error && !file.isMissing()) {
+        faults.push_back(file.error->line ? FaultOf(*file.error) : FaultOf(file.path, file.error->error));
+        if (!file.list.signs.empty())
+            faults.push_back({"only " + counted(file.wholeSigns, "sign") + " could be read completely"});
+    } else if (endsNameless(file.list)) {
+        faults.push_back({"the last sign has no name, so that the list counts as empty and hides " +
+                          counted(file.list.signs.upperBound(), "record")});
+    }
+    return faults;
+}
+
 void AddFaults(const SignsFile& file, ErrorLines& errors) {
     errors.aboutFile(file.path);
-    if (file.error && !file.isMissing()) {
-        if (file.error->line)
-            errors.add(FaultOf(*file.error));
-        else
-            errors.add(file.error->error);
-        if (!file.list.signs.empty())
-            errors.add("only " + counted(file.wholeSigns, "sign") + " could be read completely");
-    } else if (endsNameless(file.list)) {
-        errors.add("the last sign has no name, so that the list counts as empty and hides " +
-                   counted(file.list.signs.upperBound(), "record"));
-    }
+    for (const FileFault& fault : FaultsOf(file))
+        errors.add(fault);
 }
 
 bool MayBeChanged(const SignsFile& file, ErrorLines& errors) {

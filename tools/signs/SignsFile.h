@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 
@@ -20,7 +21,9 @@ struct SignsFile : SignListOutcome {
 /// is.
 std::optional<SignsFile> LoadSigns(ErrorLines& errors);
 
-/// Adds the reasons why the list is not what it should be.
+/// The reasons why the list is not what it should be.
+std::vector<FileFault> FaultsOf(const SignsFile& file);
+/// Adds them.
 void AddFaults(const SignsFile& file, ErrorLines& errors);
 
 /// False, after adding the reason, if saving would lose signs.

@@ -1,0 +1,13 @@
+// What a shared library exports.
+#pragma once
+
+// `QRT_PUBLIC` marks the namespace of a public header. A shared library exports what is declared there, and
+// nothing else. `QRT_HIDDEN` marks what is declared there for the library only, and templates of variables
+// elsewhere, which GCC exports otherwise. Only ELF systems have shared libraries of this project.
+#ifdef __ELF__
+#define QRT_PUBLIC [[gnu::visibility("default")]]
+#define QRT_HIDDEN [[gnu::visibility("hidden")]]
+#else
+#define QRT_PUBLIC
+#define QRT_HIDDEN
+#endif

@@ -1,0 +1,32 @@
+# Runs the recipe for vcpkg, with functions that do what vcpkg's do: cmake -DWORK=FOLDER -P vcpkg.cmake
+cmake_minimum_required(VERSION 3.25)
+set(CURRENT_PACKAGES_DIR ${WORK}/vcpkg)
+
+function(vcpkg_cmake_configure)
+    cmake_parse_arguments(PARSE_ARGV 0 given "" SOURCE_PATH OPTIONS)
+    execute_process(COMMAND ${CMAKE_COMMAND} -S ${given_SOURCE_PATH} -B ${WORK}/vcpkg-build -G Ninja ${given_OPTIONS}
+        -DCMAKE_INSTALL_PREFIX=${CURRENT_PACKAGES_DIR} -DCMAKE_UNITY_BUILD=ON -DCMAKE_CXX_FLAGS=-O0
+        COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+function(vcpkg_cmake_install)
+    execute_process(COMMAND ${CMAKE_COMMAND} --build ${WORK}/vcpkg-build --target install COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+function(vcpkg_cmake_config_fixup)
+    cmake_parse_arguments(PARSE_ARGV 0 given "" "PACKAGE_NAME;CONFIG_PATH" "")
+    if(NOT EXISTS ${CURRENT_PACKAGES_DIR}/${given_CONFIG_PATH}/${given_PACKAGE_NAME}Config.cmake)
+        message(FATAL_ERROR "${given_CONFIG_PATH} is not where the package is")
+    endif()
+endfunction()
+function(vcpkg_install_copyright)
+    cmake_parse_arguments(PARSE_ARGV 0 given "" "" FILE_LIST)
+    file(COPY ${given_FILE_LIST} DESTINATION ${CURRENT_PACKAGES_DIR}/share/qrtvistrelclasses4)
+endfunction()
+
+set(recipe ${CMAKE_CURRENT_LIST_DIR}/../../packaging/vcpkg/qrtvistrelclasses4)
+file(READ ${recipe}/vcpkg.json about)
+string(JSON version GET ${about} version)
+file(STRINGS ${recipe}/../../../CMakeLists.txt project REGEX "^project\\(")
+if(NOT project MATCHES " VERSION ${version} ")
+    message(FATAL_ERROR "vcpkg.json has version ${version}")
+endif()
+include(${recipe}/portfile.cmake)

@@ -1,0 +1,47 @@
+// vistrel doctor: what is wrong on this machine.
+#include "platform/Platform.h"
+#include "tools/doctor/Checks.h"
+#include "tools/program/Commands.h"
+#include "tools/program/JsonText.h"
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+struct DoctorOptions {
+    bool json = false;
+    std::string version; ///< "4.0.0".
+};
+
+ExitCode examine(const DoctorOptions& options, Session& session) {
+    Findings findings;
+    CheckProgram(options.version, findings);
+    CheckServers(options.version, findings);
+    CheckRights(findings);
+    CheckStores(findings, session.errors);
+    CheckNamedFiles(findings);
+    CheckFonts(findings);
+    if (options.json) {
+        session.out << JsonText(JsonOf(findings)) << '\n';
+    } else {
+        PrintFindings(session.out, findings);
+        if (platform().inspection().registryViews().empty())
+            session.out << "The server for scripts exists on Windows only.\n";
+    }
+    if (HasErrors(findings)) {
+        session.errors.about("doctor");
+        session.errors.add("something is damaged or missing: " + CountsOf(findings));
+    }
+    return ExitCode::done;
+}
+
+} // namespace
+
+void SetUpDoctorCommand(CLI::App& command, Session& session) {
+    const auto options = std::make_shared<DoctorOptions>();
+    const std::string program = command.get_parent()->version(); // "vistrel 4.0.0"
+    options->version = program.substr(program.rfind(' ') + 1);
+    SetAction(command, session, options, &examine);
+    command.add_flag("--json", options->json, "Prints an array of findings");
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,238 @@
+// The files of the library, opened by the library's own functions.
+#include "frame/SystemErrors.h"
+#include "platform/KeptCopies.h"
+#include "platform/Path.h"
+#include "platform/RegistryTree.h"
+#include "platform/TemporaryName.h"
+#include "playfile/Effects.h"
+#include "settings/AppFolder.h"
+#include "settings/DefaultErrorReport.h"
+#include "settings/LibraryFiles.h"
+#include "tools/doctor/Checks.h"
+#include "tools/doctor/Wording.h"
+#include "tools/program/Commands.h"
+#include "tools/program/Encoding.h"
+#include "tools/signs/SignsFile.h"
+#include <qrtVistrelClasses4/CommandTableFile.h>
+#include <qrtVistrelClasses4/PreferencesFile.h>
+#include <qrtVistrelClasses4/RecentFiles.h>
+
+#include <algorithm>
+#include <set>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+Finding findingAbout(std::string_view check, std::string subject, const std::string& path) {
+    return {.check = check, .subject = std::move(subject), .message = VisibleName(path), .path = path};
+}
+
+bool hasFile(const std::string& path) { return platform().files().kindOf(path) == EntryKind::file; }
+
+/// Whether `path` is below one of the folders that are only read.
+bool isElsewhere(const std::string& path) {
+    return std::ranges::any_of(platform().otherFolders(FileUse::onlyRead), [&](const std::string& folder) {
+        return path.starts_with(WithTrailingSeparator(folder));
+    });
+}
+
+void setMissing(Finding& finding, std::string_view instead) {
+    finding.message += ": there is none yet; " + std::string(instead);
+}
+
+/// `whatItHas` is "4 signs".
+void setWhole(Finding& finding, const std::string& whatItHas) {
+    finding.message += ": " + whatItHas;
+    if (isElsewhere(finding.path))
+        finding.message += "; it is installed with the program, and read until the user has one";
+}
+
+void setDamaged(Finding& finding, const std::string& fault) {
+    finding.severity = Severity::error;
+    finding.message += ": " + fault;
+    const std::string copy = finding.path + std::string(kBackupEnding);
+    finding.advice = hasFile(copy) ? "copy " + VisibleName(copy) + " over it, if that is whole"
+                                   : "put a whole copy in its place, or move it away to start a new one";
+}
+
+/// True if the file cannot even be read, which `finding` then says.
+bool isUnreadable(Finding& finding) {
+    if (!platform().files().hasEntry(finding.path))
+        return false;
+    const auto file = platform().files().read(finding.path);
+    if (file)
+        return false;
+    setDamaged(finding, FaultOf(finding.path, ErrorFor(file.error())).clause());
+    finding.advice = hasFile(finding.path) ? "give this user the right to read it" : "move it away";
+    return true;
+}
+
+Finding checkSettings() {
+    const std::string file = platform().registry().file();
+    if (file.empty()) {
+        Finding finding{.check = "store.settings",
+                        .subject = "settings",
+                        .message = "HKEY_LOCAL_MACHINE\\" + std::string(kSettingsKey)};
+        if (!platform().registry().keyExists({RegistryHive::localMachine, std::string(kSettingsKey)}))
+            setMissing(finding, "every setting has its default");
+        return finding;
+    }
+    Finding finding = findingAbout("store.settings", "settings", file);
+    if (isUnreadable(finding))
+        return finding;
+    if (!hasFile(file)) {
+        setMissing(finding, "every setting has its default");
+        return finding;
+    }
+    const FileBytes bytes = platform().files().read(file).valueOr({});
+    const std::vector<std::string> damaged = RegistryTree(bytes.text()).damagedLines();
+    if (damaged.empty()) {
+        setWhole(finding, "whole");
+        return finding;
+    }
+    setDamaged(finding, Counted(damaged.size(), "line") + " not understood, the first is \"" +
+                            VisibleName(damaged.front()) + "\"");
+    finding.advice = "correct these lines, or delete them";
+    return finding;
+}
+
+std::optional<Finding> checkPreferences() {
+    const std::optional<std::string> path = PreferencesPath();
+    if (!path)
+        return std::nullopt; // the reason has been reported
+    const auto [folder, name] = SplitPath(*path);
+    Finding finding = findingAbout("store.preferences", "preferences",
+                                   PlaceToRead(std::string(folder), {.name = std::string(name)}));
+    if (isUnreadable(finding))
+        return finding;
+    if (!hasFile(finding.path)) {
+        setMissing(finding, "every preference has its default");
+        return finding;
+    }
+    const PreferenceFolders folders = FindPreferenceFolders();
+    const PreferencesOutcome loaded = LoadPreferences({*path, folders, DefaultPreferences(folders)});
+    if (loaded.errors.empty()) {
+        setWhole(finding, "whole");
+        return finding;
+    }
+    finding.severity = Severity::error;
+    for (const PreferenceError& error : loaded.errors) {
+        finding.message +=
+            (finding.advice.empty() ? ": key " : "; key ") + error.key + ": " + TextOf(error.error);
+        finding.advice += (finding.advice.empty() ? "vistrel settings reset " : " and ") + error.key;
+    }
+    return finding;
+}
+
+Finding checkEffects() {
+    Finding finding = findingAbout("store.effects", "optional effects", NewEffectsPath());
+    if (isUnreadable(finding))
+        return finding;
+    if (hasFile(finding.path))
+        setWhole(finding, "lists of effects offer what it does not switch off");
+    else
+        setMissing(finding, "lists do not offer these effects");
+    return finding;
+}
+
+std::optional<Finding> checkSigns(ErrorLines& errors) {
+    const std::optional<SignsFile> file = LoadSigns(errors);
+    if (!file)
+        return std::nullopt; // the reason has been reported
+    Finding finding = findingAbout("store.signs", "list of signs", file->path);
+    const std::vector<FileFault> faults = FaultsOf(*file);
+    std::string text;
+    for (const FileFault& fault : faults)
+        text += (text.empty() ? "" : "; ") + fault.clause();
+    if (!faults.empty())
+        setDamaged(finding, text);
+    else if (file->isMissing())
+        setMissing(finding, "there are no signs");
+    else
+        setWhole(finding, Counted(file->list.count(), "sign"));
+    return finding;
+}
+
+std::optional<Finding> checkRecentFiles() {
+    const std::optional<std::string> path = RecentFilesPath();
+    if (!path)
+        return std::nullopt; // the reason has been reported
+    Finding finding = findingAbout("store.recent", "recent files", *path);
+    const RecentFilesOutcome list = ReadRecentFiles(*path);
+    if (list.error && list.error->isQuiet())
+        setMissing(finding, "no file was opened yet");
+    else if (list.error)
+        setDamaged(finding, FaultOf(*path, *list.error).clause());
+    else
+        setWhole(finding, Counted(std::ranges::count_if(list.files.entries,
+                                                        [](const auto& name) { return !name.empty(); }),
+                                  "name"));
+    return finding;
+}
+
+Finding checkCommands() {
+    Finding finding = findingAbout("store.commands", "command table", CommandTablePath());
+    const CommandTableOutcome loaded = LoadCommandTable(finding.path);
+    if (loaded.error)
+        setDamaged(finding, FaultOf(finding.path, *loaded.error).clause());
+    else if (loaded.isMissing)
+        setMissing(finding, "the built-in commands are used");
+    else if (loaded.source.isForeign)
+        setDamaged(finding, "it was not written as a command table");
+    else
+        setWhole(finding, Counted(loaded.table.count(), "command"));
+    return finding;
+}
+
+std::optional<Finding> checkLog(std::string_view name) {
+    Finding finding = findingAbout("store.log", "error log", JoinPath(GetAppFolder(), name));
+    const auto size = platform().files().sizeOf(finding.path);
+    if (!size || size.value() == 0)
+        return std::nullopt;
+    finding.severity = Severity::note;
+    finding.message += ": " + Counted(size.value(), "byte");
+    finding.advice = "look at its end for the errors that happened last";
+    return finding;
+}
+
+/// Copies and temporary files beside the files that were looked at.
+void checkLeftovers(Findings& findings) {
+    std::set<std::string> folders, files;
+    for (const Finding& finding : findings)
+        if (finding.check.starts_with("store.") && !finding.path.empty())
+            files.insert(finding.path);
+    for (const std::string& file : files)
+        folders.emplace(SplitPath(file).folder);
+    for (const std::string& folder : folders) {
+        std::vector<std::string> names = platform().files().namesIn(folder);
+        std::ranges::sort(names);
+        for (const std::string& name : names) {
+            Finding finding = findingAbout("store.copy", "kept copy", folder + name);
+            finding.severity = Severity::note;
+            if (IsTemporaryName(name)) {
+                finding.check = "store.leftover", finding.subject = "temporary file";
+                finding.message += " is left of a save that was interrupted, unless a program is saving now";
+                finding.advice = "remove it when no program is saving";
+            } else if (std::ranges::none_of(files, [&](const std::string& file) {
+                           const auto [place, original] = SplitPath(file);
+                           return place == folder && IsNameOfCopy(name, original);
+                       })) {
+                continue;
+            }
+            findings.push_back(std::move(finding));
+        }
+    }
+}
+
+} // namespace
+
+void CheckStores(Findings& findings, ErrorLines& errors) {
+    for (std::optional<Finding>& finding : std::vector<std::optional<Finding>>{
+             checkSettings(), checkPreferences(), checkEffects(), checkSigns(errors), checkRecentFiles(),
+             checkCommands(), checkLog(kErrorLogName), checkLog(kOldErrorLogName)})
+        if (finding)
+            findings.push_back(*std::move(finding));
+    checkLeftovers(findings);
+}
+
+} // namespace qrtVistrelClasses4

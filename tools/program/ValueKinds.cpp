@@ -1,0 +1,68 @@
+#include "tools/program/ValueKinds.h"
+
+#include "tools/program/Commands.h"
+#include "tools/program/PropertyValues.h"
+#include <qrtVistrelClasses4/DisplayRecord.h>
+#include <qrtVistrelClasses4/Preferences.h>
+
+#include <algorithm>
+#include <iterator>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+/// "DisplayWidth=", or "DisplayType=Kestrel" for each of the names that may be typed.
+std::vector<std::string> wordsOfProperties() {
+    std::vector<std::string> words;
+    const DisplayRecord sign;
+    ForEachProperty(sign, kDisplayMembers,
+                    [&]<class Row>(const std::string& name, const Row& row, const auto&) {
+                        std::vector<std::string> values = NamesOf(AllowedValuesOf(row.name));
+                        if constexpr (std::is_same_v<ValueOfRow<Row>, bool>)
+                            values = {"yes", "no"};
+                        else if (values.empty())
+                            values = {""};
+                        for (const std::string& value : values)
+                            words.push_back(name + "=" + value);
+                    });
+    return words;
+}
+
+std::vector<std::string> namesOfSettings() {
+    std::vector<std::string> names;
+    const Preferences preferences;
+    ForEachPreference([&](const auto& placed, const auto&) { names.push_back(placed.name()); }, preferences);
+    return names;
+}
+
+struct ValueKind {
+    using Entries = OfferedValues::Entries;
+
+    std::string_view name;
+    Entries entries = Entries::none;
+    std::string_view endings{};
+    std::vector<std::string> (*words)() = nullptr;
+};
+
+constexpr ValueKind kKinds[] = {
+    {kPlayfileValue, ValueKind::Entries::files, "playfile PL2"},
+    {kOlderPlayfileValue, ValueKind::Entries::files, "PL2"},
+    {kFontValue, ValueKind::Entries::files, "cmd cff"},
+    {kFileValue, ValueKind::Entries::files},
+    {kFolderValue, ValueKind::Entries::folders},
+    {kPropertyValue, ValueKind::Entries::none, {}, &wordsOfProperties},
+    {kSettingValue, ValueKind::Entries::none, {}, &namesOfSettings},
+    {kCommandValue, ValueKind::Entries::none, {}, &NamesOfCommands},
+};
+
+} // namespace
+
+OfferedValues ValuesOfKind(std::string_view kind) {
+    const auto* const found = std::ranges::find(kKinds, kind, &ValueKind::name);
+    if (found == std::end(kKinds))
+        return {};
+    return {found->entries, std::string(found->endings),
+            found->words ? found->words() : std::vector<std::string>()};
+}
+
+} // namespace qrtVistrelClasses4
