@@ -32,7 +32,9 @@ public:
 /// Prepares the process to be a console program. `main` calls this first, with its own arguments. From then
 /// on, writing to a pipe without a reader no longer ends the process, and a process that the user ends
 /// removes its temporary files. Returns the arguments after the program's name; they are 8-bit texts in the
-/// encoding of file names.
+/// encoding of file names. On Windows, that encoding is UTF-8 from then on (see `AreNamesUtf8`), so this call
+/// comes before any other; the system's own record of the command line is used, and a word with wildcards
+/// becomes the names of the files that it describes, if there are any. Words in quotes and options stay.
 std::vector<std::string> StartProgram(int argumentCount, const char* const* arguments);
 
 } // namespace qrtVistrelClasses4

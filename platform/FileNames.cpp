@@ -1,5 +1,6 @@
 #include "platform/FileNames.h"
 
+#include "platform/CodePage.h"
 #include "platform/FileSystem.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
@@ -16,7 +17,7 @@ bool isAscii(std::string_view name) { return std::ranges::all_of(name, IsAscii);
 /// Whether an entry that is listed under another name might be found by this one. Windows and its disks have
 /// short names such as "LONGNA~1.BMP", drop dots and blanks at the end, and know more letters' cases.
 bool mayBeSecondName(std::string_view name) {
-    return !kNamesAreUtf8 || !isAscii(name) || name.find('~') != name.npos || name.ends_with('.') ||
+    return kPathSeparator == '\\' || !isAscii(name) || name.find('~') != name.npos || name.ends_with('.') ||
            name.ends_with(' ');
 }
 
@@ -25,8 +26,7 @@ std::string takeCharacter(std::string_view& name) {
     const std::string_view start = name;
     if (TakeUtf8Character(name))
         return std::string(start.substr(0, start.size() - name.size()));
-    name.remove_prefix(1);
-    return Utf8FromAnsi(start.substr(0, 1));
+    return TakeCodePageCharacter(name);
 }
 
 } // namespace
@@ -43,25 +43,27 @@ std::string Utf8FromName(std::string_view name) {
 }
 
 std::string FoldedName(std::string_view name) {
-    if (!kNamesAreUtf8 || isAscii(name))
+    if (!AreNamesUtf8() || isAscii(name))
         return AnsiUpperCase(name);
     std::string result;
     while (!name.empty()) {
         const std::string character = takeCharacter(name);
-        const std::optional<std::string> ansi = AnsiFromUtf8(character);
-        result += ansi ? Utf8FromAnsi(AnsiUpperCase(*ansi)) : character;
+        const std::optional<std::string> narrow = CodePageFromUtf8(character);
+        const std::string upper = narrow ? AnsiUpperCase(*narrow) : character;
+        std::string_view rest = upper;
+        result += narrow ? TakeCodePageCharacter(rest) : character;
     }
     return result;
 }
 
 std::string NameForPlayfile(const std::string& path) {
-    if (!kNamesAreUtf8 || isAscii(path))
+    if (!AreNamesUtf8() || isAscii(path))
         return path;
     std::string name;
     for (std::size_t start = 0; start < path.size();) {
         const std::size_t end = std::min(path.find(kPathSeparator, start), path.size() - 1) + 1;
         const std::string part = path.substr(start, end - start);
-        name += AnsiFromUtf8(part).value_or(part);
+        name += CodePageFromUtf8(part).value_or(part);
         start = end;
     }
     // The bytes of a few names, such as the letters A with tilde and paragraph sign, would be UTF-8 again.
@@ -69,7 +71,7 @@ std::string NameForPlayfile(const std::string& path) {
 }
 
 std::string PathOnDisk(FileSystem& files, const std::string& path) {
-    if (!kNamesAreUtf8 || isAscii(path) || files.hasEntry(path))
+    if (!AreNamesUtf8() || isAscii(path) || files.hasEntry(path))
         return path;
     std::string utf8 = Utf8FromName(path);
     return files.hasEntry(utf8) ? utf8 : path;

@@ -11,22 +11,18 @@ namespace qrtVistrelClasses4 {
 
 class FileSystem;
 
-#ifdef _WIN32
-inline constexpr bool kNamesAreUtf8 = false; ///< The system converts names to its ANSI code page.
-#else
-inline constexpr bool kNamesAreUtf8 = true; ///< Most names on disks are, but none has to be.
-#endif
-
-/// A name in UTF-8. Letters that are UTF-8 already stay; each other byte is a character of Windows-1252. The
-/// name may thus be in either encoding, and even each of its folders.
+/// A name in UTF-8. Letters that are UTF-8 already stay; each other byte is a character of Windows-1252, or
+/// on Windows of the system's code page. The name may thus be in either encoding, and even each of its
+/// folders.
 std::string Utf8FromName(std::string_view name);
 
 /// Whether a name starts with a drive or a host of Windows, on any system. Many lists and settings come from
 /// there.
 bool IsFullOnWindows(std::string_view name);
 
-/// A path on this machine in the form for a playfile, which other machines read too. On POSIX systems, each
-/// folder and file name becomes Windows-1252, unless that code page lacks one of its letters. `PathOnDisk`
+/// A path on this machine in the form for a playfile, which other machines read too. If names are in
+/// UTF-8, each folder and file name becomes Windows-1252, or the system's code page on Windows, unless that
+/// lacks one of its letters. `PathOnDisk`
 /// leads back from the result to the file.
 std::string NameForPlayfile(const std::string& path);
 

@@ -1,5 +1,7 @@
 #include "platform/Path.h"
 
+#include "platform/LetterCase.h"
+
 #include <algorithm>
 
 namespace qrtVistrelClasses4 {
@@ -16,10 +18,14 @@ bool startsWithDrive(std::string_view path) { return kHasDrives && path.size() >
 /// Whether this machine's own calls take `character` for a separator.
 bool endsFolder(char character) { return character == kPathSeparator || (kHasDrives && character == '/'); }
 
-/// The size of what no folder lies above: "/", and on Windows also "C:\\" and "C:".
-std::size_t rootSize(std::string_view path) {
-    const std::size_t drive = startsWithDrive(path) ? 2 : 0;
-    return path.size() > drive && endsFolder(path[drive]) ? drive + 1 : drive;
+/// The size of `path` up to the end of its next part, with the separator after it.
+std::size_t endOfPart(std::string_view path, std::size_t start) {
+    const std::size_t end = path.find_first_of("\\/", start);
+    return end == path.npos ? path.size() : end + 1;
+}
+
+bool startsWithTwoSeparators(std::string_view path) {
+    return kHasDrives && path.size() > 2 && endsFolder(path[0]) && endsFolder(path[1]);
 }
 
 } // namespace
@@ -46,8 +52,20 @@ SplitPathResult SplitPath(std::string_view path) {
     return {path.substr(0, nameStart), path.substr(nameStart)};
 }
 
+std::size_t RootSize(std::string_view path) {
+    constexpr std::string_view unlimited = "\\\\?\\", network = "UNC\\";
+    std::size_t start = kHasDrives && path.starts_with(unlimited) ? unlimited.size() : 0;
+    const bool isNetwork = start > 0 && EqualIgnoringAsciiCase(path.substr(start, network.size()), network);
+    if (isNetwork || (start == 0 && startsWithTwoSeparators(path))) {
+        start += isNetwork ? network.size() : 2;
+        return endOfPart(path, endOfPart(path, start));
+    }
+    start += startsWithDrive(path.substr(start)) ? 2 : 0;
+    return path.size() > start && endsFolder(path[start]) ? start + 1 : start;
+}
+
 std::string FolderOf(const std::string& path) {
-    const std::size_t root = rootSize(path);
+    const std::size_t root = RootSize(path);
     std::size_t end = path.size();
     while (end > root && !endsFolder(path[end - 1]))
         --end;
@@ -57,7 +75,7 @@ std::string FolderOf(const std::string& path) {
 }
 
 std::string WithoutTrailingSeparators(std::string_view folder) {
-    const std::size_t root = rootSize(folder);
+    const std::size_t root = RootSize(folder);
     while (folder.size() > root && endsFolder(folder.back()))
         folder.remove_suffix(1);
     return std::string(folder);

@@ -33,6 +33,10 @@ struct SplitPathResult {
 /// Splits `path` after its last separator. The views refer to `path`.
 SplitPathResult SplitPath(std::string_view path);
 
+/// The size of what no folder lies above: "/", and on Windows also "C:\", "C:", "\\server\share\", and
+/// each after "\\?\".
+std::size_t RootSize(std::string_view path);
+
 /// The folder that this machine finds `path` in, without a separator at its end unless it is a root; "." if
 /// `path` is a name alone.
 std::string FolderOf(const std::string& path);

@@ -9,7 +9,7 @@
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixFolders.h"
 #include "platform/posix/PosixInspection.h"
-#include "platform/posix/TerminalMessageBoxes.h"
+#include "platform/posix/PosixMessageBoxes.h"
 
 #include <ctime>
 #include <optional>
@@ -57,7 +57,7 @@ private:
     PosixFileSystem files_{OwnFolders({library_, settings_})};
     IniFileCache profiles_{files_};
     FileRegistryStore registry_{files_, JoinPath(settings_, kRegistryFile)};
-    TerminalMessageBoxes boxes_;
+    PosixMessageBoxes boxes_;
     PosixConsole console_;
     PosixInspection inspection_;
 };

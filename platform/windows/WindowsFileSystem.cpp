@@ -4,10 +4,12 @@
 #include "platform/Path.h"
 #include "platform/TemporaryFiles.h"
 #include "platform/TemporaryName.h"
+#include "platform/windows/WindowsNames.h"
 #include "platform/windows/WindowsSystem.h"
 
 #include <algorithm>
 #include <array>
+#include <mutex>
 #include <optional>
 
 namespace qrtVistrelClasses4 {
@@ -27,14 +29,19 @@ bool isUsableName(const std::string& path) {
 }
 
 DWORD attributesOf(const std::string& path) {
-    return isUsableName(path) ? ::GetFileAttributesA(path.c_str()) : INVALID_FILE_ATTRIBUTES;
+    return isUsableName(path) ? ::GetFileAttributesW(WideName(path).c_str()) : INVALID_FILE_ATTRIBUTES;
 }
 
 FileHandle openHandle(const std::string& path, DWORD access, DWORD share, DWORD disposition,
                       DWORD flags = FILE_ATTRIBUTE_NORMAL) {
     if (!isUsableName(path))
         return {};
-    return FileHandle(::CreateFileA(path.c_str(), access, share, nullptr, disposition, flags, nullptr));
+    if (IsDeviceName(path)) { // which need not be a file to be opened, nor to be waited for
+        ::SetLastError(ERROR_ACCESS_DENIED);
+        return {};
+    }
+    return FileHandle(
+        ::CreateFileW(WideName(path).c_str(), access, share, nullptr, disposition, flags, nullptr));
 }
 
 FileHandle openForWriting(const std::string& path, DWORD disposition, DWORD share = FILE_SHARE_READ) {
@@ -175,22 +182,22 @@ SystemError flushFile(const std::string& path) {
     const DWORD attributes = attributesOf(path);
     const bool isReadOnly = attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY);
     if (isReadOnly)
-        ::SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+        ::SetFileAttributesW(WideName(path).c_str(), FILE_ATTRIBUTE_NORMAL);
     const FileHandle file = openForWriting(path, OPEN_EXISTING);
     const SystemError error = file && ::FlushFileBuffers(file.get()) ? SystemError::none : lastSystemError();
     if (isReadOnly)
-        ::SetFileAttributesA(path.c_str(), attributes);
+        ::SetFileAttributesW(WideName(path).c_str(), attributes);
     return error;
 }
 
 /// Whether `path` is a link that was made to lead to another file. Other entries with a target, such as files
 /// that stay on a server until they are read, count as files.
 bool isLink(const std::string& path) {
-    WIN32_FIND_DATAA data{};
+    WIN32_FIND_DATAW data{};
     if (const DWORD attributes = attributesOf(path);
         attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_REPARSE_POINT))
         return false;
-    const HANDLE search = ::FindFirstFileA(path.c_str(), &data);
+    const HANDLE search = ::FindFirstFileW(WideName(path).c_str(), &data);
     if (search == INVALID_HANDLE_VALUE)
         return false;
     ::FindClose(search);
@@ -213,7 +220,7 @@ SystemError WindowsFileSystem::makeOwnFolderOf(const std::string& path) {
     if (!ownFolders_.lackThatOf(*this, path))
         return SystemError::none;
     return MakeFoldersAbove(*this, path, [](const std::string& folder) {
-        return ::CreateDirectoryA(folder.c_str(), nullptr) ? SystemError::none : lastSystemError();
+        return ::CreateDirectoryW(WideName(folder).c_str(), nullptr) ? SystemError::none : lastSystemError();
     });
 }
 
@@ -223,7 +230,8 @@ EntryKind WindowsFileSystem::kindOf(const std::string& path) {
         return EntryKind::missing;
     if (attributes & FILE_ATTRIBUTE_DIRECTORY)
         return EntryKind::folder;
-    return attributes & FILE_ATTRIBUTE_DEVICE ? EntryKind::other : EntryKind::file;
+    const bool isDevice = (attributes & FILE_ATTRIBUTE_DEVICE) != 0 || IsDeviceName(path);
+    return isDevice ? EntryKind::other : EntryKind::file;
 }
 
 bool WindowsFileSystem::hasEntry(const std::string& path) {
@@ -232,9 +240,9 @@ bool WindowsFileSystem::hasEntry(const std::string& path) {
 
 Result<std::uint64_t> WindowsFileSystem::sizeOf(const std::string& path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
-    if (!isUsableName(path) || !::GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data))
+    if (!isUsableName(path) || !::GetFileAttributesExW(WideName(path).c_str(), GetFileExInfoStandard, &data))
         return ownFolders_.answer(*this, path, lastSystemError());
-    if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY)
+    if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) || IsDeviceName(path))
         return SystemError::accessDenied;
     return (std::uint64_t{data.nFileSizeHigh} << 32) | data.nFileSizeLow;
 }
@@ -302,6 +310,7 @@ Result<TemporaryFile> WindowsFileSystem::createBeside(const std::string& path) {
     for (;;) {
         std::string name = folder + TemporaryName();
         auto file = std::make_unique<WindowsOutputFile>();
+        const std::lock_guard untilNoted(TemporaryFilesInTheMaking());
         if (file->open(name, CREATE_NEW, FILE_SHARE_READ | FILE_SHARE_DELETE)) {
             NoteTemporaryFile(name);
             return TemporaryFile{std::move(name), std::move(file), std::move(target)};
@@ -312,6 +321,8 @@ Result<TemporaryFile> WindowsFileSystem::createBeside(const std::string& path) {
 }
 
 SystemError WindowsFileSystem::mayWrite(const std::string& path) {
+    if (IsDeviceName(path))
+        return SystemError::accessDenied;
     const DWORD attributes = attributesOf(path);
     if (attributes == INVALID_FILE_ATTRIBUTES) {
         const SystemError error = ownFolders_.answer(*this, path, lastSystemError());
@@ -329,7 +340,7 @@ SystemError WindowsFileSystem::moveOver(const std::string& from, const std::stri
     constexpr DWORD pause = 10; // milliseconds
     if (!isUsableName(from) || !isUsableName(to))
         return lastSystemError();
-    for (int tries = 1; !::MoveFileExA(from.c_str(), to.c_str(), flags); ++tries) {
+    for (int tries = 1; !::MoveFileExW(WideName(from).c_str(), WideName(to).c_str(), flags); ++tries) {
         const SystemError error = lastSystemError();
         // Another program may look into the file for a moment.
         const bool mayPass = error == SystemError::accessDenied || error == SystemError::inUse;
@@ -342,7 +353,7 @@ SystemError WindowsFileSystem::moveOver(const std::string& from, const std::stri
 }
 
 SystemError WindowsFileSystem::remove(const std::string& path) {
-    if (!isUsableName(path) || !::DeleteFileA(path.c_str()))
+    if (!isUsableName(path) || !::DeleteFileW(WideName(path).c_str()))
         return lastSystemError();
     ForgetTemporaryFile(path);
     return SystemError::none;
@@ -357,8 +368,8 @@ Result<std::unique_ptr<FolderLock>> WindowsFileSystem::lockFolderOf(const std::s
 SystemError WindowsFileSystem::createFolder(const std::string& path) {
     if (const auto error = makeOwnFolderOf(path); error != SystemError::none)
         return error;
-    return isUsableName(path) && ::CreateDirectoryA(path.c_str(), nullptr) ? SystemError::none
-                                                                           : lastSystemError();
+    return isUsableName(path) && ::CreateDirectoryW(WideName(path).c_str(), nullptr) ? SystemError::none
+                                                                                     : lastSystemError();
 }
 
 SystemError WindowsFileSystem::copy(const std::string& from, const std::string& to) {
@@ -372,14 +383,15 @@ SystemError WindowsFileSystem::copy(const std::string& from, const std::string& 
         return temporary.error();
     temporary.value().file.reset();
     const std::string& copied = temporary.value().path;
-    SystemError error =
-        ::CopyFileA(from.c_str(), copied.c_str(), FALSE) ? SystemError::none : lastSystemError();
+    SystemError error = ::CopyFileW(WideName(from).c_str(), WideName(copied).c_str(), FALSE)
+                            ? SystemError::none
+                            : lastSystemError();
     if (error == SystemError::none)
         error = flushFile(copied);
     if (error == SystemError::none)
         error = moveOver(copied, temporary.value().target);
     if (error != SystemError::none) {
-        ::SetFileAttributesA(copied.c_str(), FILE_ATTRIBUTE_NORMAL); // it may have become read-only
+        ::SetFileAttributesW(WideName(copied).c_str(), FILE_ATTRIBUTE_NORMAL); // it may have become read-only
         (void)remove(copied);
     }
     return error;
@@ -394,54 +406,54 @@ std::string WindowsFileSystem::resolveLinks(const std::string& path) {
     if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_REPARSE_POINT))
         return path;
     const FileHandle file = openHandle(path, 0, kShareAll, OPEN_EXISTING);
-    std::string target(kLongestPath, '\0');
+    std::wstring target(kLongestPath, L'\0');
     const DWORD length = file
-                             ? ::GetFinalPathNameByHandleA(file.get(), target.data(),
+                             ? ::GetFinalPathNameByHandleW(file.get(), target.data(),
                                                            static_cast<DWORD>(target.size()), VOLUME_NAME_DOS)
                              : 0;
     if (length == 0 || length >= target.size())
         return path;
     target.resize(length);
-    return target;
+    return NameFromWide(target);
 }
 
 std::string WindowsFileSystem::fullName(const std::string& path) {
-    std::string full(kLongestPath, '\0');
+    std::wstring full(kLongestPath, L'\0');
     const DWORD length =
-        ::GetFullPathNameA(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+        ::GetFullPathNameW(WideName(path).c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
     if (length == 0 || length >= full.size())
         return path;
     full.resize(length);
-    return full;
+    return NameFromWide(full);
 }
 
 std::string WindowsFileSystem::existingName(const std::string& path) {
     // A name with wildcards would find some other file.
     if (path.find_first_of("*?") != path.npos)
         return path;
-    WIN32_FIND_DATAA data{};
-    const HANDLE search = ::FindFirstFileA(path.c_str(), &data);
+    WIN32_FIND_DATAW data{};
+    const HANDLE search = ::FindFirstFileW(WideName(path).c_str(), &data);
     if (search == INVALID_HANDLE_VALUE)
         return path;
     ::FindClose(search);
     const SplitPathResult parts = SplitPath(path);
     // If the file was found by its short name, the name differs in more than case.
-    return ::lstrcmpiA(data.cFileName, std::string(parts.name).c_str()) == 0
-               ? std::string(parts.folder) + data.cFileName
+    return ::lstrcmpiW(data.cFileName, WideName(parts.name).c_str()) == 0
+               ? std::string(parts.folder) + NameFromWide(data.cFileName)
                : path;
 }
 
 std::vector<std::string> WindowsFileSystem::namesIn(const std::string& folder) {
     std::vector<std::string> names;
-    WIN32_FIND_DATAA data{};
+    WIN32_FIND_DATAW data{};
     const std::string pattern = JoinPath(folder, "*");
     const HANDLE search =
-        isUsableName(pattern) ? ::FindFirstFileA(pattern.c_str(), &data) : INVALID_HANDLE_VALUE;
+        isUsableName(pattern) ? ::FindFirstFileW(WideName(pattern).c_str(), &data) : INVALID_HANDLE_VALUE;
     if (search == INVALID_HANDLE_VALUE)
         return names;
     do
-        names.emplace_back(data.cFileName);
-    while (::FindNextFileA(search, &data));
+        names.push_back(NameFromWide(data.cFileName));
+    while (::FindNextFileW(search, &data));
     ::FindClose(search);
     return names;
 }

@@ -1,14 +1,18 @@
 // The services of Windows.
+#include "platform/CodePage.h"
+#include "platform/FileNames.h"
 #include "platform/FileRegistryStore.h"
 #include "platform/Home.h"
 #include "platform/IniProfileFile.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
+#include "platform/windows/ConsoleMessageBoxes.h"
 #include "platform/windows/WindowsCalendar.h"
 #include "platform/windows/WindowsConsole.h"
 #include "platform/windows/WindowsFileSystem.h"
 #include "platform/windows/WindowsInspection.h"
 #include "platform/windows/WindowsMessageBoxes.h"
+#include "platform/windows/WindowsNames.h"
 #include "platform/windows/WindowsProfileFile.h"
 #include "platform/windows/WindowsRegistryStore.h"
 
@@ -21,24 +25,22 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// File name of the program or DLL that holds this code.
-std::string modulePath() {
+/// The folder of the program or DLL that holds this code.
+std::string moduleFolder() {
     constexpr DWORD flags =
         GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
     HMODULE module = nullptr;
-    ::GetModuleHandleExA(flags, reinterpret_cast<const char*>(&modulePath), &module);
-    std::string path(MAX_PATH, '\0');
+    ::GetModuleHandleExW(flags, reinterpret_cast<const wchar_t*>(&moduleFolder), &module);
+    std::wstring path(MAX_PATH, L'\0');
     for (;;) {
-        const DWORD length = ::GetModuleFileNameA(module, path.data(), static_cast<DWORD>(path.size()));
+        const DWORD length = ::GetModuleFileNameW(module, path.data(), static_cast<DWORD>(path.size()));
         if (length < path.size()) {
             path.resize(length);
-            return path;
+            return FolderOf(NameFromWide(path));
         }
         path.resize(path.size() * 2);
     }
 }
-
-std::string moduleFolder() { return FolderOf(modulePath()); }
 
 struct FreeItemList {
     void operator()(ITEMIDLIST* list) const { ::CoTaskMemFree(list); }
@@ -55,15 +57,20 @@ public:
 
     FileSystem& files() override { return files_; }
     RegistryStore& registry() override { return *registry_; }
-    MessageBoxes& messageBoxes() override { return boxes_; }
+    MessageBoxes& messageBoxes() override {
+        const bool isProgram = AreNamesUtf8();
+        return isProgram ? static_cast<MessageBoxes&>(consoleBoxes_) : boxes_;
+    }
     Console& console() override { return console_; }
     Inspection& inspection() override { return inspection_; }
 
     using Platform::openProfile;
     std::unique_ptr<ProfileFile> openProfile(const std::string& path, const std::string& original) override {
-        if (home_)
+        // The system's functions for values in 8-bit texts take names in the code page only.
+        const auto systemsName = AreNamesUtf8() ? CodePageFromUtf8(Utf8FromName(path)) : path;
+        if (home_ || !systemsName)
             return std::make_unique<IniProfileFile>(files_, profiles_, path, original);
-        return std::make_unique<WindowsProfileFile>(path);
+        return std::make_unique<WindowsProfileFile>(*systemsName);
     }
     std::string systemProfilePath() override {
         return home_ ? JoinPath(*home_, kSystemProfile) : std::string(kSystemProfile);
@@ -71,9 +78,10 @@ public:
 
     std::string libraryFolder() override;
     std::vector<std::string> otherFolders(FileUse use) override {
-        if (home_ && use == FileUse::onlyRead)
-            return {SharedFolder(moduleFolder())};
-        return {};
+        // Other people's programs keep to the library's folder.
+        const bool readsMore = home_ || AreNamesUtf8();
+        return readsMore && use == FileUse::onlyRead ? std::vector{SharedFolder(moduleFolder())}
+                                                     : std::vector<std::string>();
     }
     std::optional<std::string> specialFolder(int number) override;
     LocalTime localTime() override;
@@ -90,6 +98,7 @@ private:
     IniFileCache profiles_{files_};
     std::unique_ptr<RegistryStore> registry_;
     WindowsMessageBoxes boxes_;
+    ConsoleMessageBoxes consoleBoxes_;
     WindowsConsole console_;
     WindowsInspection inspection_{files_};
 };
@@ -103,10 +112,10 @@ std::optional<std::string> WindowsPlatform::specialFolder(int number) {
     if (::SHGetSpecialFolderLocation(nullptr, number, &list) != S_OK)
         return {};
     const std::unique_ptr<ITEMIDLIST, FreeItemList> owned(list);
-    std::array<char, MAX_PATH> path{};
-    if (::SHGetPathFromIDListA(list, path.data()) != TRUE)
+    std::array<wchar_t, MAX_PATH> path{};
+    if (::SHGetPathFromIDListW(list, path.data()) != TRUE)
         return {};
-    return path.data();
+    return NameFromWide(path.data());
 }
 
 LocalTime WindowsPlatform::localTime() {

@@ -3,11 +3,15 @@
 
 #include "platform/SystemError.h"
 
+#include <mutex>
 #include <utility>
 
 #include <windows.h>
 
 namespace qrtVistrelClasses4 {
+
+/// Held while a temporary file is made and noted. Once the user has ended the program, nobody gets it.
+std::mutex& TemporaryFilesInTheMaking();
 
 /// The meaning of a system error code.
 SystemError systemError(DWORD code);

@@ -1,4 +1,5 @@
 #include "Machines.h"
+#include "platform/CodePage.h"
 #include "platform/FileNames.h"
 #include "platform/ReplacementFile.h"
 
@@ -86,7 +87,7 @@ TYPED_TEST(FileSystemTest, FindsANameSpeltInAnotherCaseOrEncodingAndTheFolderOfA
         EXPECT_EQ(this->files().existingName(asGiven), asGiven);
     EXPECT_TRUE(IsRootedPath(full) && SplitPath(full).name == "a.txt") << full;
     EXPECT_EQ(this->files().fullName(path), path);
-    if (!kNamesAreUtf8)
+    if (!AreNamesUtf8())
         return; // Windows ignores case, and converts names itself
     this->put(this->file("fnt4x8.CFF"), "font");
     EXPECT_EQ(this->files().existingName(this->file("FNT4X8.cff")), path) << "the first by its bytes";

@@ -2,7 +2,7 @@
 #include <qrtVistrelClasses4/LoadPlayfile.h>
 
 #include "HostTest.h"
-#include "platform/FileNames.h"
+#include "platform/CodePage.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/SavePlayfile.h>
 
@@ -87,7 +87,7 @@ TEST_F(LoadingPlayfiles, ConvertsWhatOtherPlacesAndVersionsWrote) {
 }
 
 TEST_F(LoadingPlayfiles, FindsMissingFilesBesideThePlayfile) {
-    const std::string elsewhere = host_.inLibrary(kNamesAreUtf8 ? "h\u00e9re.bmp" : "here.bmp"),
+    const std::string elsewhere = host_.inLibrary(AreNamesUtf8() ? "h\u00e9re.bmp" : "here.bmp"),
                       beside = JoinPath(folder_, "Moved.bmp");
     for (const std::string& picture : {elsewhere, JoinPath(folder_, SplitPath(elsewhere).name), beside})
         files().put(picture, "picture");

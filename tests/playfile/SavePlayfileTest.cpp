@@ -2,7 +2,7 @@
 #include <qrtVistrelClasses4/SavePlayfile.h>
 
 #include "TestHost.h"
-#include "platform/FileNames.h"
+#include "platform/CodePage.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 
 #include <gtest/gtest.h>
@@ -25,7 +25,7 @@ struct SavingPlayfiles : testing::Test {
 TEST_F(SavingPlayfiles, CopiesFilesFromDrivesThatMayGoAwayIfTheOperatorWantsIt) {
     const std::string loose = host_.inLibrary("floppy"), data = host_.inLibrary("Data"),
                       copy = JoinPath(data, "tw\xf6.cmd"),
-                      onDisk = kNamesAreUtf8 ? "tw\u00f6.cmd" : "tw\xf6.cmd";
+                      onDisk = AreNamesUtf8() ? "tw\u00f6.cmd" : "tw\xf6.cmd";
     const FrameReference picture{1, &FrameRecord::PicturefileName, JoinPath(loose, "one.bmp")},
         other{2, &FrameRecord::PicturefileName, JoinPath(loose, "other.bmp")},
         command{2, &FrameRecord::commandfile, JoinPath(loose, "tw\xf6.cmd")};

@@ -42,7 +42,7 @@ void checkKey(const std::string& path, int depth, Findings& findings) {
     }
     if (depth > 0)
         for (const std::string& below : registry.subkeys(key).valueOr({}))
-            checkKey(path + "\\" + below, depth - 1, findings);
+            checkKey(std::string(path).append("\\").append(below), depth - 1, findings);
 }
 
 /// The folders that preferences name. Their defaults need not exist.

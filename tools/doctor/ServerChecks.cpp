@@ -11,6 +11,7 @@
 #include <array>
 #include <map>
 #include <optional>
+#include <tuple>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
@@ -44,7 +45,9 @@ private:
     struct Place {
         std::string file;
         RegisteredFor whom;
-        auto operator<=>(const Place&) const = default;
+        bool operator<(const Place& other) const {
+            return std::tie(file, whom) < std::tie(other.file, other.whom);
+        }
     };
     struct Classes {
         std::string names; ///< "FrameInfoClass, MostRecentlyUsed".
