@@ -116,9 +116,9 @@ check_libraries() { # FILE
 check_version() { # FILE
     local shown
     windows "$work/version.txt" cscript //nologo "$(windows_path "$here/show_version.vbs")" "$(windows_path "$1")"
-    shown=$(strings -el "$1" | grep -A 1 FileVersion | paste -sd ' ')
+    shown=$(x86_64-w64-mingw32-strings -el "$1" | grep -A 1 FileVersion | paste -sd ' ')
     [ "vistrel $(cat "$work/version.txt")" = "$version.0" ] && [ "$shown" = "FileVersion ${version#* }" ]
-    report $? "$1 is of $version"
+    report $? "$1 is of version ${version#* }"
 }
 
 # Checks the server and the program of a build folder from outside.
