@@ -54,11 +54,16 @@ bool hasPlaceOfItsOwn(const HandSection& section) {
 
 std::string descriptionOf(const CommandModel& command, const HandWritten& written) {
     std::string text = RoffText(SummaryOf(command)) + "\n";
-    for (const HandSection& section : written.sections)
-        if (!hasPlaceOfItsOwn(section))
-            text +=
-                (section.heading == kRemarksHeading ? ".PP\n" : ".SS " + RoffText(section.heading) + "\n") +
-                RoffOf(section.lines);
+    for (const HandSection& section : written.sections) {
+        if (hasPlaceOfItsOwn(section))
+            continue;
+        const std::string lines = RoffOf(section.lines);
+        if (section.heading != kRemarksHeading)
+            text += ".SS " + RoffText(section.heading) + "\n";
+        else if (!lines.starts_with(kItemMark))
+            text += ".PP\n";
+        text += lines;
+    }
     return text;
 }
 

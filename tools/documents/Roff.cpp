@@ -119,7 +119,7 @@ public:
 private:
     void endParagraph() {
         if (!paragraph_.empty())
-            text_ += (isItem_ ? ".IP \\(bu 2\n" : paragraphMark()) + textLine(inlineText(paragraph_));
+            text_ += (isItem_ ? std::string(kItemMark) : paragraphMark()) + textLine(inlineText(paragraph_));
         paragraph_.clear();
         isItem_ = false;
     }

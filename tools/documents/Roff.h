@@ -7,6 +7,9 @@
 
 namespace qrtVistrelClasses4 {
 
+/// What an item of a list starts with. It ends the paragraph in front of it.
+inline constexpr std::string_view kItemMark = ".IP \\(bu 2\n";
+
 /// Plain UTF-8 text, in ASCII, as it may be anywhere in a line.
 std::string RoffText(std::string_view text);
 

@@ -137,7 +137,7 @@ public:
 
     void finish() {
         rows_.finish();
-        chunks_.write("IEND", {});
+        chunks_.write("IEND", "");
         chunks_.finish();
     }
 
