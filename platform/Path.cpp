@@ -53,7 +53,7 @@ SplitPathResult SplitPath(std::string_view path) {
 }
 
 std::size_t RootSize(std::string_view path) {
-    constexpr std::string_view unlimited = "\\\\?\\", network = "UNC\\";
+    constexpr std::string_view unlimited = R"(\\?\)", network = "UNC\\";
     std::size_t start = kHasDrives && path.starts_with(unlimited) ? unlimited.size() : 0;
     const bool isNetwork = start > 0 && EqualIgnoringAsciiCase(path.substr(start, network.size()), network);
     if (isNetwork || (start == 0 && startsWithTwoSeparators(path))) {

@@ -138,7 +138,7 @@ Terminal WindowsConsole::terminal() {
     CONSOLE_SCREEN_BUFFER_INFO screen{};
     if (!::GetConsoleScreenBufferInfo(handleOf(StandardStream::output), &screen))
         return terminal;
-    terminal.columns = static_cast<std::size_t>(screen.srWindow.Right - screen.srWindow.Left + 1);
+    terminal.columns = static_cast<std::size_t>(screen.srWindow.Right - screen.srWindow.Left) + 1;
     terminal.hasSymbols = true;
     if (isTerminal(StandardStream::output)) // which takes escape sequences, so that it has all colours
         terminal.colors = ColorDepth::full;

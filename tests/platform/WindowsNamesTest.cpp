@@ -66,7 +66,7 @@ TEST_F(WindowsNames, MayBeLong) {
 }
 
 TEST_F(WindowsNames, OfDevicesAreNoFiles) {
-    for (const char* name : {"NUL", "nul", "CON", "COM1", "\\\\.\\NUL"}) {
+    for (const char* name : {"NUL", "nul", "CON", "COM1", R"(\\.\NUL)"}) {
         EXPECT_NE(files().kindOf(name), EntryKind::file) << name;
         EXPECT_EQ(files().read(name).error(), SystemError::accessDenied) << name;
         EXPECT_EQ(files().openToRead(name).error(), SystemError::accessDenied) << name;
@@ -78,21 +78,21 @@ TEST_F(WindowsNames, OfDevicesAreNoFiles) {
 
 TEST_F(WindowsNames, WithDrivesAndServersHaveTheirOwnFolders) {
     const std::pair<const char*, const char*> cases[] = {
-        {"C:\\a\\b", "C:\\a"},
-        {"C:\\a", "C:\\"},
+        {R"(C:\a\b)", R"(C:\a)"},
+        {R"(C:\a)", R"(C:\)"},
         {"C:a", "C:"},
-        {"\\a", "\\"},
+        {R"(\a)", "\\"},
         {"a/b", "a"},
         {"a", "."},
-        {"\\\\host\\share\\a", "\\\\host\\share\\"},
+        {R"(\\host\share\a)", R"(\\host\share\)"},
         {"//host/share/a/b", "//host/share/a"},
-        {"\\\\host\\share", "\\\\host\\share"},
-        {"\\\\?\\C:\\a", "\\\\?\\C:\\"},
-        {"\\\\?\\UNC\\host\\share\\a\\b", "\\\\?\\UNC\\host\\share\\a"},
-        {"\\\\?\\UNC\\host\\share\\a", "\\\\?\\UNC\\host\\share\\"}};
+        {R"(\\host\share)", R"(\\host\share)"},
+        {R"(\\?\C:\a)", R"(\\?\C:\)"},
+        {R"(\\?\UNC\host\share\a\b)", R"(\\?\UNC\host\share\a)"},
+        {R"(\\?\UNC\host\share\a)", R"(\\?\UNC\host\share\)"}};
     for (const auto& [path, folder] : cases)
         EXPECT_EQ(FolderOf(path), folder) << path;
-    for (const char* root : {"C:\\", "\\\\host\\share\\", "\\"})
+    for (const char* root : {R"(C:\)", R"(\\host\share\)", "\\"})
         EXPECT_EQ(WithoutTrailingSeparators(root), root);
     EXPECT_EQ(WithoutTrailingSeparators("C:\\a\\/"), "C:\\a");
     const std::string drive = file("").substr(0, 2), name = "qrt-vistrel-relative";

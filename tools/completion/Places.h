@@ -50,9 +50,9 @@ std::string Replaced(std::string_view text, std::string_view letters,
 std::string QuotedForShell(std::string_view text);
 
 /// Completion scripts of the shells.
-std::string BashScript(const std::vector<CommandPlace>& places);
-std::string ZshScript(const std::vector<CommandPlace>& places);
-std::string FishScript(const std::vector<CommandPlace>& places);
-std::string PowerShellScript(const std::vector<CommandPlace>& places);
+std::string BashScript(const std::vector<CommandPlace>& commands);
+std::string ZshScript(const std::vector<CommandPlace>& commands);
+std::string FishScript(const std::vector<CommandPlace>& commands);
+std::string PowerShellScript(const std::vector<CommandPlace>& commands);
 
 } // namespace qrtVistrelClasses4

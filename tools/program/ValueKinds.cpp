@@ -23,7 +23,7 @@ std::vector<std::string> wordsOfProperties() {
                         else if (values.empty())
                             values = {""};
                         for (const std::string& value : values)
-                            words.push_back(name + "=" + value);
+                            words.emplace_back(name).append("=").append(value);
                     });
     return words;
 }
