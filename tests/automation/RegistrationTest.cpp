@@ -113,7 +113,8 @@ TEST_F(Server, MakesNoOtherObjects) {
     EXPECT_EQ(factory->CreateInstance(factory.Get(), IID_IUnknown, &object), CLASS_E_NOAGGREGATION);
 }
 
-// The last one: the system keeps class objects of an apartment that it made itself.
+// run.sh gives it a process of its own: the system keeps class objects of an apartment that it made itself,
+// and thus the server stays loaded.
 TEST_F(Server, NeedsNoRegistrationBesideItsManifest) {
     ASSERT_EQ(run("DllUnregisterServer"), S_OK);
     CLSID id{};

@@ -168,9 +168,10 @@ report $? "the interface definition keeps its promises"
 run_tests script_test.vbs cscript //nologo "$(windows_path "$here/script_test.vbs")" "$(windows_path "$data/")"
 [ ! -e "$here/../../docs" ] || . "$here/../docs/automation" # the small system of run-32 has no documents and no compiler
 check_registrations
-for program in automation/automation_tests.exe core_tests.exe; do
-    run_tests "$(basename $program)" "$build/tests/$program" --gtest_print_time=0
-done
+alone='*NeedsNoRegistration*'
+run_tests automation "$build/tests/automation/automation_tests.exe" --gtest_print_time=0 --gtest_filter="-$alone"
+run_tests automation_alone "$build/tests/automation/automation_tests.exe" --gtest_print_time=0 --gtest_filter="$alone"
+run_tests core_tests "$build/tests/core_tests.exe" --gtest_print_time=0
 [ -z "$tool_tests" ] || run_sessions
 run_twice "$build/tests/core_tests.exe" '*TwoProcesses*'
 run_with_code_pages "$build/tests/core_tests.exe"
