@@ -28,7 +28,8 @@ if(TARGET vistrel)
     # With fonts of their own, because users copy them and try changes.
     install(DIRECTORY ${PROJECT_SOURCE_DIR}/samples DESTINATION share/vistrel COMPONENT vistrel
         PATTERN CMakeLists.txt EXCLUDE)
-    install(FILES ${PROJECT_SOURCE_DIR}/README.md DESTINATION share/doc/vistrel COMPONENT vistrel)
+    file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/*.md)
+    install(FILES ${pages} DESTINATION share/doc/vistrel COMPONENT vistrel)
     install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs DESTINATION share/doc/vistrel COMPONENT vistrel)
 endif()
 if(TARGET command_documents)

@@ -110,7 +110,8 @@ FunctionEnd
 ; Uninstalls the version that is there, whichever it is: only its own uninstaller knows its files.
 Function uninstallOther
     ReadRegStr $1 HKLM ${UNINSTALL_KEY} InstallLocation
-    ${IfNot} ${FileExists} "$1\uninstall.exe"
+    ${If} $1 == ""
+    ${OrIfNot} ${FileExists} "$1\uninstall.exe"
         Return
     ${EndIf}
     ReadRegStr $2 HKLM ${UNINSTALL_KEY} DisplayVersion
@@ -122,23 +123,11 @@ Function uninstallOther
         DetailPrint "Some files of version $2 are in use. Programs keep them until they are started again."
         SetRebootFlag true
     ${ElseIf} $0 != 0
-        DetailPrint "Version $2 could not be uninstalled whole (exit code $0)."
+        !insertmacro ReportFailure "Version $2 could not be uninstalled whole (exit code $0)."
     ${EndIf}
 FunctionEnd
 
-Section
-    Call uninstallOther
-    ClearErrors
-    !include "${LISTS}/install.nsh"
-    SetOutPath $INSTDIR
-    WriteUninstaller "$INSTDIR\uninstall.exe"
-    ${If} ${Errors}
-        DetailPrint "Some files cannot be written."
-        MessageBox MB_OK|MB_ICONSTOP "Some files cannot be written to $INSTDIR. End the programs that use them, or restart, and install again." /SD IDOK
-        SetErrorLevel 2
-        Abort
-    ${EndIf}
-
+Function addToListOfPrograms
     WriteRegStr HKLM ${UNINSTALL_KEY} DisplayName Vistrel
     WriteRegStr HKLM ${UNINSTALL_KEY} DisplayVersion ${VERSION}
     WriteRegStr HKLM ${UNINSTALL_KEY} Publisher Vistrel
@@ -149,6 +138,23 @@ Section
     WriteRegDWORD HKLM ${UNINSTALL_KEY} EstimatedSize ${SIZE}
     WriteRegDWORD HKLM ${UNINSTALL_KEY} NoModify 1
     WriteRegDWORD HKLM ${UNINSTALL_KEY} NoRepair 1
+FunctionEnd
+
+Section
+    Call uninstallOther
+    ClearErrors
+    ; First of all, so that what fails later can be uninstalled.
+    SetOutPath $INSTDIR
+    WriteUninstaller "$INSTDIR\uninstall.exe"
+    Call addToListOfPrograms
+    !include "${LISTS}/install.nsh"
+    SetOutPath $INSTDIR
+    ${If} ${Errors}
+        DetailPrint "Some files cannot be written."
+        MessageBox MB_OK|MB_ICONSTOP "Some files cannot be written to $INSTDIR. End the programs that use them, or restart, and install again." /SD IDOK
+        SetErrorLevel 2
+        Abort
+    ${EndIf}
 
     !insertmacro RunRegsvrs ""
     Push "$INSTDIR\${FOLDER}"
@@ -183,7 +189,17 @@ FunctionEnd
     Call un.removeFile
 !macroend
 
-; Files that are not in the lists are the user's, and stay.
+; Removes a file unless it has changed since it was installed with the time of SOURCE.
+!macro RemoveUnchangedFile NAME SOURCE
+    GetFileTimeLocal "${SOURCE}" $2 $3
+    GetFileTime "$INSTDIR\${NAME}" $4 $5
+    ${If} $2 == $4
+    ${AndIf} $3 == $5
+        !insertmacro RemoveFile "${NAME}"
+    ${EndIf}
+!macroend
+
+; Files that are not in the lists are the user's, and stay. So do fonts and samples that the user has changed.
 Section Uninstall
     Push "$INSTDIR\${FOLDER}"
     Call un.removeFromMachinePath
