@@ -77,7 +77,7 @@
     ${EndIf}
     System::Call 'advapi32::RegCloseKey(p r2)'
     ${If} $0 != 0
-        DetailPrint "The machine's PATH cannot be changed ($0). ${ADVICE}"
+        !insertmacro ReportFailure "The machine's PATH cannot be changed ($0). ${ADVICE}"
     ${EndIf}
 !macroend
 

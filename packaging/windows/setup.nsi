@@ -19,7 +19,6 @@ SetCompressor /SOLID lzma
 !include LogicLib.nsh
 !include WinMessages.nsh
 !include x64.nsh
-!include machine-path.nsh
 
 !define UNINSTALL_KEY Software\Microsoft\Windows\CurrentVersion\Uninstall\Vistrel
 !define SHORTCUT "$SMPROGRAMS\Vistrel documentation.lnk"
@@ -63,6 +62,8 @@ Var failed ; 1 after a step that did not work
     DetailPrint "${TEXT}"
     MessageBox MB_OK|MB_ICONEXCLAMATION "${TEXT}" /SD IDOK
 !macroend
+
+!include machine-path.nsh
 
 ; Registers a server with the system's program of the same bitness, or with VERB "/u" takes its registration back.
 !macro RunRegsvr FOLDER SYSTEM_FOLDER VERB
@@ -159,7 +160,11 @@ Section
     !insertmacro RunRegsvrs ""
     Push "$INSTDIR\${FOLDER}"
     Call addToMachinePath
+    ClearErrors
     CreateShortcut "${SHORTCUT}" "$INSTDIR\README.html"
+    ${If} ${Errors}
+        !insertmacro ReportFailure "The documentation cannot be added to the Start menu."
+    ${EndIf}
     !insertmacro SetExitCode
 SectionEnd
 
