@@ -50,6 +50,22 @@ TEST_F(WindowsNames, OfPlayfilesAreFoundInTheCodePageOfOtherPrograms) {
     EXPECT_THAT(files().namesIn(platform().libraryFolder()), testing::Contains(ansi));
 }
 
+TEST_F(WindowsNames, InTheRegistryAreTheSameToOtherPrograms) {
+    const std::string utf8 = "h\u00f6\u20ac\\a", ansi = AnsiFromUtf8(utf8).value(), cyrillic = "\u0434\u0430";
+    const RegistryKey key{RegistryHive::currentUser, "Software\\qrtVistrelClasses4 names test"};
+    RegistryStore& registry = platform().registry();
+    for (const std::string& name : {cyrillic, utf8}) {
+        EXPECT_EQ(registry.writeString(key, "v", name), SystemError::none);
+        EXPECT_EQ(registry.readString(key, "v").value(), name);
+    }
+    SetNamesUtf8(false);
+    EXPECT_EQ(registry.readString(key, "v").value(), ansi);
+    EXPECT_EQ(registry.writeString(key, "v", ansi), SystemError::none);
+    SetNamesUtf8(true);
+    EXPECT_EQ(registry.readString(key, "v").value(), utf8);
+    EXPECT_EQ(registry.deleteKey(key), SystemError::none);
+}
+
 TEST_F(WindowsNames, MayBeLong) {
     std::vector<std::string> made{at("")};
     for (int depth = 0; depth < 3; ++depth) {
