@@ -6,20 +6,18 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 constexpr std::wstring_view kBlanks = L" \t";
+constexpr std::wstring_view kWildcards = L"*?";
 
 void skip(std::wstring_view& line, std::size_t count) { line.remove_prefix(std::min(count, line.size())); }
 
 void skipBlanks(std::wstring_view& line) { skip(line, line.find_first_not_of(kBlanks)); }
 
-/// The name is in quotes or ends at a blank; nothing else counts in it.
+bool isBlank(wchar_t character) { return kBlanks.find(character) != kBlanks.npos; }
+
+/// The name ends at a blank that is not in quotes. Backslashes mean nothing in it.
 void skipProgram(std::wstring_view& line) {
-    if (line.starts_with(L'"')) {
-        skip(line, 1);
-        skip(line, line.find(L'"'));
-        skip(line, 1);
-    } else {
-        skip(line, line.find_first_of(kBlanks));
-    }
+    for (bool isOpen = false; !line.empty() && (isOpen || !isBlank(line.front())); line.remove_prefix(1))
+        isOpen ^= line.front() == L'"';
 }
 
 std::size_t takeRun(std::wstring_view& line, wchar_t character) {
@@ -28,36 +26,26 @@ std::size_t takeRun(std::wstring_view& line, wchar_t character) {
     return count;
 }
 
-/// Takes quotes. Of three in a row, the third one is text; `isOpen` is whether text in quotes begins or goes
-/// on before them, and then after them.
-void takeQuotes(std::wstring_view& line, bool& isOpen, std::wstring& text) {
-    std::size_t count = takeRun(line, L'"') + (isOpen ? 1 : 0);
-    text.append(count / 3, L'"');
-    isOpen = count % 3 == 1;
-}
-
 CommandLineWord takeWord(std::wstring_view& line) {
     CommandLineWord word;
     bool isOpen = false;
-    while (!line.empty() && (isOpen || kBlanks.find(line.front()) == kBlanks.npos)) {
+    while (!line.empty() && (isOpen || !isBlank(line.front()))) {
         const std::size_t backslashes = takeRun(line, L'\\');
         const bool areBeforeQuote = line.starts_with(L'"');
         word.text.append(areBeforeQuote ? backslashes / 2 : backslashes, L'\\');
-        if (!areBeforeQuote) {
-            if (backslashes == 0) {
-                word.text += line.front();
-                line.remove_prefix(1);
-            }
-            continue;
-        }
-        if (backslashes % 2 == 1) { // the quote is text
-            word.text += L'"';
+        if (areBeforeQuote && backslashes % 2 == 0) {
+            const bool isDoubled = isOpen && line.starts_with(L"\"\"");
             line.remove_prefix(1);
-            if (!line.starts_with(L'"'))
+            if (!isDoubled) {
+                isOpen = !isOpen;
                 continue;
+            }
+        } else if (!areBeforeQuote && backslashes > 0) {
+            continue; // what comes next may end the word
         }
-        word.isQuoted = true;
-        takeQuotes(line, isOpen, word.text);
+        word.hasQuotedWildcard |= isOpen && kWildcards.find(line.front()) != kWildcards.npos;
+        word.text += line.front();
+        line.remove_prefix(1);
     }
     return word;
 }

@@ -9,10 +9,11 @@ namespace qrtVistrelClasses4 {
 
 struct CommandLineWord {
     std::wstring text;
-    bool isQuoted = false; ///< At least a part of it is in quotes.
+    bool hasQuotedWildcard = false; ///< A "*" or "?" in it is in quotes. No file has such a name.
 };
 
-/// The words after the program's name, as the system's `CommandLineToArgvW` takes them apart.
+/// The words after the program's name, as the C libraries of current compilers take them apart:
+/// two quotes within quotes are one that is text. `CommandLineToArgvW` keeps to older rules.
 std::vector<CommandLineWord> WordsOfCommandLine(std::wstring_view line);
 
 } // namespace qrtVistrelClasses4

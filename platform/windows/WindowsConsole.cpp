@@ -189,7 +189,7 @@ std::vector<std::string> StartProgram(int, const char* const*) {
     WindowsFileSystem files;
     for (const CommandLineWord& word : WordsOfCommandLine(::GetCommandLineW())) {
         std::string argument = Utf8FromWide(word.text);
-        if (word.isQuoted || argument.starts_with('-'))
+        if (word.hasQuotedWildcard || argument.starts_with('-'))
             arguments.push_back(std::move(argument));
         else
             std::ranges::move(ExpandWildcards(files, argument), std::back_inserter(arguments));

@@ -1,5 +1,6 @@
 #include "platform/windows/WindowsInspection.h"
 
+#include "platform/windows/WindowsNames.h"
 #include "platform/windows/WindowsSystem.h"
 
 #include <cstring>
@@ -71,8 +72,8 @@ std::string versionIn(std::string_view resource) {
 
 /// The version of a file of any bitness. None of its code runs.
 std::string versionOf(const std::string& path) {
-    const ModuleHandle module(
-        ::LoadLibraryExA(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE));
+    const ModuleHandle module(::LoadLibraryExW(WideName(path).c_str(), nullptr,
+                                               LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE));
     if (!module)
         return {};
     // Numbers in the place of names; the macros of the system's headers would make wide ones of them.
@@ -104,8 +105,9 @@ std::string WindowsInspection::systemName() { return "Windows" + versionOfSystem
 
 SystemError WindowsInspection::mayAddTo(const std::string& folder) {
     constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const FileHandle opened(::CreateFileA(folder.c_str(), FILE_ADD_FILE, shareAll, nullptr, OPEN_EXISTING,
-                                          FILE_FLAG_BACKUP_SEMANTICS, nullptr)); // which opens folders
+    const FileHandle opened(::CreateFileW(WideName(folder).c_str(), FILE_ADD_FILE, shareAll, nullptr,
+                                          OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS,
+                                          nullptr)); // which opens folders
     return opened ? SystemError::none : lastSystemError();
 }
 
@@ -119,17 +121,17 @@ std::vector<Bitness> WindowsInspection::registryViews() {
 
 std::optional<std::string> WindowsInspection::registered(const RegistrationKey& key) {
     const auto opened = openKey(key, KEY_QUERY_VALUE);
-    std::string text(MAX_PATH, '\0');
+    std::wstring text(MAX_PATH, L'\0');
     for (;;) {
-        auto size = static_cast<DWORD>(text.size());
-        const LSTATUS status = opened ? ::RegGetValueA(opened.value().get(), nullptr, nullptr, RRF_RT_REG_SZ,
+        auto size = static_cast<DWORD>(text.size() * sizeof text.front());
+        const LSTATUS status = opened ? ::RegGetValueW(opened.value().get(), nullptr, nullptr, RRF_RT_REG_SZ,
                                                        nullptr, text.data(), &size)
                                       : ERROR_FILE_NOT_FOUND;
         if (status != ERROR_SUCCESS && status != ERROR_MORE_DATA)
             return std::nullopt;
-        text.resize(status == ERROR_SUCCESS ? std::strlen(text.c_str()) : text.size() * 2);
         if (status == ERROR_SUCCESS)
-            return text;
+            return NameFromWide(text.c_str());
+        text.resize(text.size() * 2);
     }
 }
 

@@ -1,6 +1,9 @@
 #include "platform/windows/WindowsRegistryStore.h"
 
+#include "platform/CodePage.h"
+#include "platform/FileNames.h"
 #include "platform/NulTerminated.h"
+#include "platform/windows/WindowsNames.h"
 #include "platform/windows/WindowsSystem.h"
 
 #include <utility>
@@ -72,39 +75,61 @@ Result<OpenKey> makeKey(HKEY root, const std::string& path) {
     return key;
 }
 
-Result<std::string> stringIn(HKEY root, const std::string& path, std::string_view name) {
-    const auto key = openKey(root, path, KEY_QUERY_VALUE);
-    if (!key)
-        return key.error();
-    const std::string valueName(name);
-    std::string text(256, '\0');
+/// The text that `query(type, bytes, size)` gives. Registries keep texts in 16-bit characters; the function
+/// says which ones it gives.
+template <class Character, class Query>
+Result<std::basic_string<Character>> storedText(Query query) {
+    std::basic_string<Character> text(256, Character());
     for (;;) {
         DWORD type = REG_NONE;
-        auto size = static_cast<DWORD>(text.size());
-        const LSTATUS status = ::RegQueryValueExA(key.value().get(), valueName.c_str(), nullptr, &type,
-                                                  reinterpret_cast<BYTE*>(text.data()), &size);
+        auto size = static_cast<DWORD>(text.size() * sizeof(Character));
+        const LSTATUS status = query(&type, reinterpret_cast<BYTE*>(text.data()), &size);
         if (status != ERROR_SUCCESS && status != ERROR_MORE_DATA)
             return errorOf(status);
         if (type != REG_SZ && type != REG_EXPAND_SZ)
             return SystemError::fileNotFound;
         if (status == ERROR_SUCCESS) {
-            text.resize(size);
+            text.resize(size / sizeof(Character));
             // The NUL at the end is part of what is stored, or has been forgotten.
-            text.resize(std::min(text.size(), text.find('\0')));
+            text.resize(std::min(text.size(), text.find(Character())));
             return text;
         }
-        text.resize(size);
+        text.resize(size / sizeof(Character) + 1);
     }
+}
+
+/// `text`, in which names of files are in the encoding of this process, in that of the registry.
+std::wstring wideText(std::string_view text) { return WideFromUtf8(Utf8FromName(text)); }
+
+Result<std::string> stringIn(HKEY root, const std::string& path, std::string_view name) {
+    const auto key = openKey(root, path, KEY_QUERY_VALUE);
+    if (!key)
+        return key.error();
+    const HKEY opened = key.value().get();
+    if (!AreNamesUtf8())
+        return storedText<char>(
+            [opened, valueName = std::string(name)](DWORD* type, BYTE* bytes, DWORD* size) {
+                return ::RegQueryValueExA(opened, valueName.c_str(), nullptr, type, bytes, size);
+            });
+    const auto text =
+        storedText<wchar_t>([opened, valueName = wideText(name)](DWORD* type, BYTE* bytes, DWORD* size) {
+            return ::RegQueryValueExW(opened, valueName.c_str(), nullptr, type, bytes, size);
+        });
+    return text ? Result(Utf8FromWide(text.value())) : text.error();
 }
 
 SystemError setStringIn(HKEY root, const std::string& path, std::string_view name, std::string_view value) {
     const auto key = makeKey(root, path);
     if (!key)
         return key.error();
+    const auto set = [&](auto function, const auto& valueName, const auto& text) {
+        return errorOf(function(key.value().get(), valueName.c_str(), 0, REG_SZ,
+                                reinterpret_cast<const BYTE*>(text.c_str()),
+                                static_cast<DWORD>((text.size() + 1) * sizeof text.front())));
+    };
     const std::string text(UntilNul(value));
-    return errorOf(::RegSetValueExA(key.value().get(), std::string(name).c_str(), 0, REG_SZ,
-                                    reinterpret_cast<const BYTE*>(text.c_str()),
-                                    static_cast<DWORD>(text.size() + 1)));
+    return AreNamesUtf8() ? set(&::RegSetValueExW, wideText(name), wideText(text))
+                          : set(&::RegSetValueExA, std::string(name), text);
 }
 
 Result<OpenKey> connect(const std::string& machine, RegistryHive hive) {

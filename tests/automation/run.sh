@@ -153,6 +153,7 @@ check_registrations() {
     check_doctor "a registration for one user" 'file","severity":"ok",.*FrameInfoClass,forthisuseronly' \
         "$(windows_path "$build/qrtVistrelClasses4.dll")"
     check_doctor "a registered file that is missing" 'file","severity":"error"' 'Z:\gone.dll'
+    check_doctor "a registered file that programs search for" 'file","severity":"note"' gone.dll
     check_doctor "another version" 'version","severity":"warning"' 'C:\windows\system32\oleaut32.dll'
     [ -z "$build32" ] || check_doctor "the other bitness" 'bitness","severity":"error"' \
         "$(windows_path "$build32/qrtVistrelClasses4.dll")"

@@ -9,11 +9,7 @@
 
 #include <gmock/gmock.h>
 
-#include <random>
-
 #include <windows.h>
-
-#include <shellapi.h>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -48,6 +44,22 @@ TEST_F(WindowsNames, OfPlayfilesAreFoundInTheCodePageOfOtherPrograms) {
     SetNamesUtf8(false);
     EXPECT_EQ(textOf(at(ansi)), "text");
     EXPECT_THAT(files().namesIn(platform().libraryFolder()), testing::Contains(ansi));
+}
+
+TEST_F(WindowsNames, InTheRegistryAreTheSameToOtherPrograms) {
+    const std::string utf8 = "h\u00f6\u20ac\\a", ansi = AnsiFromUtf8(utf8).value(), cyrillic = "\u0434\u0430";
+    const RegistryKey key{RegistryHive::currentUser, "Software\\qrtVistrelClasses4 names test"};
+    RegistryStore& registry = platform().registry();
+    for (const std::string& name : {cyrillic, utf8}) {
+        EXPECT_EQ(registry.writeString(key, "v", name), SystemError::none);
+        EXPECT_EQ(registry.readString(key, "v").value(), name);
+    }
+    SetNamesUtf8(false);
+    EXPECT_EQ(registry.readString(key, "v").value(), ansi);
+    EXPECT_EQ(registry.writeString(key, "v", ansi), SystemError::none);
+    SetNamesUtf8(true);
+    EXPECT_EQ(registry.readString(key, "v").value(), utf8);
+    EXPECT_EQ(registry.deleteKey(key), SystemError::none);
 }
 
 TEST_F(WindowsNames, MayBeLong) {
@@ -104,25 +116,25 @@ TEST_F(WindowsNames, WithDrivesAndServersHaveTheirOwnFolders) {
     std::filesystem::current_path(std::filesystem::temp_directory_path());
 }
 
-TEST(CommandLine, IsTakenApartAsTheSystemDoes) {
-    std::mt19937 random(20010203);
-    const wchar_t* const pieces[] = {L"a", L"*", L" ", L"\t", L"\"", L"\"", L"\\", L"\\", L"\u0434"};
-    for (int round = 0; round < 3000 && !testing::Test::HasFailure(); ++round) {
-        std::wstring line = L"vistrel.exe ";
-        for (auto left = random() % 12; left > 0; --left)
-            line += pieces[random() % std::size(pieces)];
-        int count = 0;
-        wchar_t** const words = ::CommandLineToArgvW(line.c_str(), &count);
-        std::vector<std::wstring> ours;
-        for (const CommandLineWord& word : WordsOfCommandLine(line))
-            ours.push_back(word.text);
-        EXPECT_EQ(ours, std::vector<std::wstring>(words + 1, words + count)) << Utf8FromWide(line);
-        ::LocalFree(words);
-    }
-    const auto words = WordsOfCommandLine(L"\"C:\\a b\\vistrel\" a\\*.PL2 \"b\\*.PL2\" \"\"");
+TEST(CommandLine, IsTakenApartAsCurrentCompilersDo) {
+    const std::pair<const wchar_t*, std::vector<std::wstring>> cases[] = {
+        {LR"(say "say ""hi"" now" x)", {L"say", LR"(say "hi" now)", L"x"}},
+        {LR"("a b" c"d e"f)", {L"a b", L"cd ef"}},
+        {LR"("" a""b """ """ c)", {L"", L"ab", L"\" \"", L"c"}},
+        {LR"(a\\b \"c "\"d\" e" "f\\" g\\\"h)", {LR"(a\\b)", L"\"c", L"\"d\" e", L"f\\", LR"(g\"h)"}},
+        {L"a\\ b\t\u0434\\\\  \"c d", {L"a\\", L"b", L"\u0434\\\\", L"c d"}},
+        {L" ", {}}};
+    for (const auto& [line, expected] : cases)
+        for (const std::wstring program : {L"vistrel ", L"\"C:\\a b\"\\vistrel.exe "}) {
+            std::vector<std::wstring> words;
+            for (const CommandLineWord& word : WordsOfCommandLine(program + line))
+                words.push_back(word.text);
+            EXPECT_EQ(words, expected) << Utf8FromWide(line);
+        }
+    const auto words = WordsOfCommandLine(LR"(vistrel "My Signs"\*.PL2 "b\*.PL2" a"?"*)");
     ASSERT_EQ(words.size(), 3u);
-    EXPECT_FALSE(words[0].isQuoted);
-    EXPECT_TRUE(words[1].isQuoted && words[2].isQuoted);
+    EXPECT_FALSE(words[0].hasQuotedWildcard);
+    EXPECT_TRUE(words[1].hasQuotedWildcard && words[2].hasQuotedWildcard);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 // The registrations of the server's classes.
+#include "platform/Path.h"
 #include "tools/doctor/Checks.h"
 #include "tools/doctor/Wording.h"
 #include "tools/program/Encoding.h"
@@ -127,6 +128,10 @@ void ServerCheck::checkFile(const Place& place, const Classes& classes) {
     const std::string shown = VisibleName(place.file);
     const std::string start =
         which + (place.whom == RegisteredFor::thisUser ? ", for this user only" : "") + ": " + shown;
+    if (SplitPath(place.file).folder.empty())
+        return add("server.file", Severity::note,
+                   start + " has no folder: each program looks for it in its own folder and in the system's",
+                   registerAgain(), place.file);
     const auto facts = platform().inspection().factsOf(place.file);
     if (!facts) {
         const bool isMissing =
