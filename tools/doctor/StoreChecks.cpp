@@ -96,32 +96,32 @@ Finding checkSettings() {
     return finding;
 }
 
-std::optional<Finding> checkPreferences() {
+void checkPreferences(const AdvisedCommands& commands, Findings& findings) {
     const std::optional<std::string> path = PreferencesPath();
     if (!path)
-        return std::nullopt; // the reason has been reported
+        return; // the reason has been reported
     const auto [folder, name] = SplitPath(*path);
     Finding finding = findingAbout("store.preferences", "preferences",
                                    PlaceToRead(std::string(folder), {.name = std::string(name)}));
     if (isUnreadable(finding))
-        return finding;
+        return findings.push_back(std::move(finding));
     if (!hasFile(finding.path)) {
         setMissing(finding, "every preference has its default");
-        return finding;
+        return findings.push_back(std::move(finding));
     }
     const PreferenceFolders folders = FindPreferenceFolders();
     const PreferencesOutcome loaded = LoadPreferences({*path, folders, DefaultPreferences(folders)});
+    for (const PreferenceError& error : loaded.errors) {
+        Finding wrong = finding;
+        wrong.severity = Severity::error;
+        wrong.message += ": key " + error.key + ": " + TextOf(error.error);
+        wrong.advice = commands.reset(error.key);
+        findings.push_back(std::move(wrong));
+    }
     if (loaded.errors.empty()) {
         setWhole(finding, "whole");
-        return finding;
+        findings.push_back(std::move(finding));
     }
-    finding.severity = Severity::error;
-    for (const PreferenceError& error : loaded.errors) {
-        finding.message +=
-            (finding.advice.empty() ? ": key " : "; key ") + error.key + ": " + TextOf(error.error);
-        finding.advice += (finding.advice.empty() ? "vistrel settings reset " : " and ") + error.key;
-    }
-    return finding;
 }
 
 Finding checkEffects() {
@@ -226,10 +226,12 @@ void checkLeftovers(Findings& findings) {
 
 } // namespace
 
-void CheckStores(Findings& findings, ErrorLines& errors) {
+void CheckStores(const AdvisedCommands& commands, Findings& findings, ErrorLines& errors) {
+    findings.push_back(checkSettings());
+    checkPreferences(commands, findings);
     for (std::optional<Finding>& finding : std::vector<std::optional<Finding>>{
-             checkSettings(), checkPreferences(), checkEffects(), checkSigns(errors), checkRecentFiles(),
-             checkCommands(), checkLog(kErrorLogName), checkLog(kOldErrorLogName)})
+             checkEffects(), checkSigns(errors), checkRecentFiles(), checkCommands(), checkLog(kErrorLogName),
+             checkLog(kOldErrorLogName)})
         if (finding)
             findings.push_back(*std::move(finding));
     checkLeftovers(findings);
