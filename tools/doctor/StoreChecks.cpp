@@ -1,5 +1,7 @@
 // The files of the library, opened by the library's own functions.
+#include "frame/Conversions.h"
 #include "frame/SystemErrors.h"
+#include "platform/IniText.h"
 #include "platform/KeptCopies.h"
 #include "platform/Path.h"
 #include "platform/RegistryTree.h"
@@ -19,6 +21,7 @@
 
 #include <algorithm>
 #include <set>
+#include <type_traits>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -67,6 +70,15 @@ bool isUnreadable(Finding& finding) {
     return true;
 }
 
+void setDamagedLines(Finding& finding, const std::vector<std::string>& damaged) {
+    constexpr std::size_t mostShown = 80; // a file that is no text may have a line of any length
+    const std::string& first = damaged.front();
+    setDamaged(finding, Counted(damaged.size(), "line") + " not understood, the first is \"" +
+                            VisibleName(first.substr(0, mostShown)) +
+                            (first.size() > mostShown ? "\" ..." : "\""));
+    finding.advice = "correct these lines, or delete them";
+}
+
 Finding checkSettings() {
     const std::string file = platform().registry().file();
     if (file.empty()) {
@@ -90,10 +102,35 @@ Finding checkSettings() {
         setWhole(finding, "whole");
         return finding;
     }
-    setDamaged(finding, Counted(damaged.size(), "line") + " not understood, the first is \"" +
-                            VisibleName(damaged.front()) + "\"");
-    finding.advice = "correct these lines, or delete them";
+    setDamagedLines(finding, damaged);
     return finding;
+}
+
+/// The preferences whose values are not what belongs there. `about` is the start of each finding.
+void checkValues(const std::string& path, const Finding& about, const AdvisedCommands& commands,
+                 Findings& findings) {
+    const PreferenceFolders folders = FindPreferenceFolders();
+    const PreferencesOutcome loaded = LoadPreferences({path, folders, DefaultPreferences(folders)});
+    const auto add = [&](Severity severity, const std::string& key, const std::string& fault) {
+        findings.push_back(about);
+        Finding& finding = findings.back();
+        finding.severity = severity;
+        finding.message += ": key " + key + ": " + fault;
+        finding.advice = commands.reset(key);
+    };
+    for (const PreferenceError& error : loaded.errors)
+        add(Severity::error, error.key, TextOf(error.error));
+    const auto check = [&]<class Value>(const auto& placed, const Value& value) {
+        if constexpr (std::is_same_v<Value, double> || std::is_same_v<Value, std::int16_t>) {
+            const std::string key = placed.key(), text = ReadPreference(path, key, {});
+            if (!WithoutBlanks(text).empty() &&
+                std::ranges::find(loaded.errors, key, &PreferenceError::key) == loaded.errors.end() &&
+                !ParseNumber(text))
+                add(Severity::warning, key,
+                    "\"" + VisibleAnsi(text) + "\" is not a number; " + PreferenceText(value) + " is used");
+        }
+    };
+    ForEachPreference(check, loaded.values);
 }
 
 void checkPreferences(const AdvisedCommands& commands, Findings& findings) {
@@ -109,16 +146,14 @@ void checkPreferences(const AdvisedCommands& commands, Findings& findings) {
         setMissing(finding, "every preference has its default");
         return findings.push_back(std::move(finding));
     }
-    const PreferenceFolders folders = FindPreferenceFolders();
-    const PreferencesOutcome loaded = LoadPreferences({*path, folders, DefaultPreferences(folders)});
-    for (const PreferenceError& error : loaded.errors) {
-        Finding wrong = finding;
-        wrong.severity = Severity::error;
-        wrong.message += ": key " + error.key + ": " + TextOf(error.error);
-        wrong.advice = commands.reset(error.key);
-        findings.push_back(std::move(wrong));
+    const std::size_t before = findings.size();
+    const FileBytes bytes = platform().files().read(finding.path).valueOr({});
+    if (const std::vector<std::string> damaged = DamagedIniLines(bytes.text()); !damaged.empty()) {
+        findings.push_back(finding);
+        setDamagedLines(findings.back(), damaged);
     }
-    if (loaded.errors.empty()) {
+    checkValues(*path, finding, commands, findings);
+    if (findings.size() == before) {
         setWhole(finding, "whole");
         findings.push_back(std::move(finding));
     }
