@@ -53,6 +53,10 @@ void setWhole(Finding& finding, const std::string& whatItHas) {
 void setDamaged(Finding& finding, const std::string& fault) {
     finding.severity = Severity::error;
     finding.message += ": " + fault;
+    if (!hasFile(finding.path)) { // something else is in its place
+        finding.advice = "move it away";
+        return;
+    }
     const std::string copy = finding.path + std::string(kBackupEnding);
     finding.advice = hasFile(copy) ? "copy " + VisibleName(copy) + " over it, if that is whole"
                                    : "put a whole copy in its place, or move it away to start a new one";
@@ -66,7 +70,8 @@ bool isUnreadable(Finding& finding) {
     if (file)
         return false;
     setDamaged(finding, FaultOf(finding.path, ErrorFor(file.error())).clause());
-    finding.advice = hasFile(finding.path) ? "give this user the right to read it" : "move it away";
+    if (hasFile(finding.path))
+        finding.advice = "give this user the right to read it";
     return true;
 }
 
