@@ -140,6 +140,20 @@ std::string ProfileString(std::optional<std::string_view> value, std::string_vie
     return std::string(text.substr(0, std::max<std::size_t>(bufferSize, 1) - 1));
 }
 
+std::vector<std::string> DamagedIniLines(std::string_view text) {
+    const auto isControl = [](char letter) { return letter >= '\0' && letter < ' ' && letter != '\t'; };
+    std::vector<std::string> damaged;
+    for (text = withoutByteOrderMark(text); !text.empty();) {
+        const std::string_view line = trimmed(takeLine(text));
+        const IniLine parsed = parseLine(line);
+        const bool isUnread = parsed.kind == IniLine::key && (parsed.name.empty() || !parsed.value) &&
+                              !line.starts_with(';') && !line.starts_with('#');
+        if (isUnread || std::ranges::any_of(line, isControl))
+            damaged.emplace_back(line);
+    }
+    return damaged;
+}
+
 namespace {
 
 /// Copies a text line by line and makes the changes on the way.

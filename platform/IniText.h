@@ -88,6 +88,10 @@ private:
 std::string ProfileString(std::optional<std::string_view> value, std::string_view defaultValue,
                           std::size_t bufferSize);
 
+/// The lines that somebody may have damaged: those with control characters, and those that are neither
+/// sections, nor keys with values, nor comments, which start with ";" or "#".
+std::vector<std::string> DamagedIniLines(std::string_view text);
+
 struct IniChange {
     std::string section;
     std::string key;

@@ -4,6 +4,7 @@
 #include "tools/preview/PngFile.h"
 #include "tools/program/AllowedValues.h"
 #include "tools/program/Encoding.h"
+#include "tools/program/ShellWord.h"
 #include "tools/program/StandardOutput.h"
 
 #include <gtest/gtest.h>
@@ -24,6 +25,14 @@ TEST(Encoding, EveryByteIsACharacterOfTheCodePageAndComesBack) {
         << "first and last of its own range, undefined codes, first after it";
     for (const char* lacking : {"\u042b", "\u0080", "\U0001f600", "\xc3"})
         EXPECT_EQ(AnsiFromUtf8(lacking), std::nullopt) << lacking;
+}
+
+TEST(WordToCopy, RunsNothing) {
+    EXPECT_EQ(WordToCopy("it's $HOME", Shells::posix), R"('it'\''s $HOME')");
+    EXPECT_EQ(WordToCopy("a\nb", Shells::posix), std::nullopt);
+    EXPECT_EQ(WordToCopy("C:\\a & b\\", Shells::windows), R"("C:\a & b\\")");
+    for (const char* dangerous : {"a\"b", "%a%", "$(a)", "`a", "\u201da"})
+        EXPECT_EQ(WordToCopy(dangerous, Shells::windows), std::nullopt) << dangerous;
 }
 
 TEST(StandardOutput, WritesNothingAfterAPieceThatCouldNotBeWritten) {

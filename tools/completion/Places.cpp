@@ -60,16 +60,4 @@ std::vector<CommandPlace> PlacesOf(const CommandModel& program) {
     return places;
 }
 
-std::string Replaced(std::string_view text, std::string_view letters,
-                     const std::function<std::string(char)>& by) {
-    std::string result;
-    for (const char letter : text)
-        result += letters.find(letter) == letters.npos ? std::string(1, letter) : by(letter);
-    return result;
-}
-
-std::string QuotedForShell(std::string_view text) {
-    return "'" + Replaced(text, "'", [](char) { return R"('\'')"; }) + "'";
-}
-
 } // namespace qrtVistrelClasses4

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tools/completion/CommandModel.h"
+#include "tools/program/ShellWord.h"
 #include "tools/program/ValueKinds.h"
 
 #include <cstddef>
@@ -41,13 +42,6 @@ std::string Joined(const Items& items, std::string_view separator, Text text) {
         (all += all.empty() ? "" : separator) += std::invoke(text, item);
     return all;
 }
-
-/// `text` with `by(letter)` in place of each letter in `letters`, for quoting.
-std::string Replaced(std::string_view text, std::string_view letters,
-                     const std::function<std::string(char)>& by);
-
-/// In single quotes, as POSIX shells read them.
-std::string QuotedForShell(std::string_view text);
 
 /// Completion scripts of the shells.
 std::string BashScript(const std::vector<CommandPlace>& commands);

@@ -1,6 +1,7 @@
 // What `vistrel doctor` looks at. No check changes anything, makes a folder or asks a question.
 #pragma once
 
+#include "tools/doctor/AdvisedCommands.h"
 #include "tools/doctor/Findings.h"
 #include "tools/program/ErrorLines.h"
 
@@ -20,10 +21,10 @@ void CheckRights(Findings& findings);
 
 /// The files of the library: where they are, and whether they are whole. Errors of finding their places are
 /// added to `errors`.
-void CheckStores(Findings& findings, ErrorLines& errors);
+void CheckStores(const AdvisedCommands& commands, Findings& findings, ErrorLines& errors);
 
 /// Files and folders that settings and the list of recent files name.
-void CheckNamedFiles(Findings& findings);
+void CheckNamedFiles(const AdvisedCommands& commands, Findings& findings);
 
 /// The numbered fonts and the others.
 void CheckFonts(Findings& findings);

@@ -10,15 +10,18 @@ namespace {
 struct DoctorOptions {
     bool json = false;
     std::string version; ///< "4.0.0".
+    const CLI::Option* home = nullptr;
 };
 
 ExitCode examine(const DoctorOptions& options, Session& session) {
+    const AdvisedCommands commands(options.home->empty() ? std::nullopt
+                                                         : std::optional(options.home->as<std::string>()));
     Findings findings;
     CheckProgram(options.version, findings);
     CheckServers(options.version, findings);
     CheckRights(findings);
-    CheckStores(findings, session.errors);
-    CheckNamedFiles(findings);
+    CheckStores(commands, findings, session.errors);
+    CheckNamedFiles(commands, findings);
     CheckFonts(findings);
     if (options.json) {
         session.out << JsonText(JsonOf(findings)) << '\n';
@@ -38,7 +41,9 @@ ExitCode examine(const DoctorOptions& options, Session& session) {
 
 void SetUpDoctorCommand(CLI::App& command, Session& session) {
     const auto options = std::make_shared<DoctorOptions>();
-    const std::string program = command.get_parent()->version(); // "vistrel 4.0.0"
+    const CLI::App& parent = *command.get_parent();
+    options->home = parent.get_option("--home");
+    const std::string program = parent.version(); // "vistrel 4.0.0"
     options->version = program.substr(program.rfind(' ') + 1);
     SetAction(command, session, options, &examine);
     command.add_flag("--json", options->json, "Prints an array of findings");

@@ -46,7 +46,7 @@ void checkKey(const std::string& path, int depth, Findings& findings) {
 }
 
 /// The folders that preferences name. Their defaults need not exist.
-void checkFoldersOfPreferences(Findings& findings) {
+void checkFoldersOfPreferences(const AdvisedCommands& commands, Findings& findings) {
     const std::optional<std::string> path = PreferencesPath();
     const PreferenceFolders folders = FindPreferenceFolders();
     const Preferences defaults = DefaultPreferences(folders);
@@ -60,34 +60,37 @@ void checkFoldersOfPreferences(Findings& findings) {
                                     .severity = Severity::warning,
                                     .subject = placed.name(),
                                     .message = VisibleName(value) + " does not exist",
-                                    .advice = "vistrel settings set " + placed.name() +
-                                              " FOLDER, or vistrel settings reset " + placed.name(),
+                                    .advice = "make the folder, or " + commands.reset(placed.name()),
                                     .path = value});
     };
     ForEachPreference(check, values, defaults);
 }
 
-void checkRecentNames(Findings& findings) {
+void checkRecentNames(const AdvisedCommands& commands, Findings& findings) {
     const std::optional<std::string> path = RecentFilesPath();
     if (!path)
         return;
     for (const std::string& name : ReadRecentFiles(*path).files.entries)
-        if (!name.empty() && leadsNowhere(name))
+        if (!name.empty() && leadsNowhere(name)) {
+            const std::string shown = Utf8FromName(name);
+            const std::string command =
+                commands.text(shown.front() == '-' ? "recent remove --" : "recent remove", shown);
             findings.push_back({.check = "recent.file",
                                 .severity = Severity::note,
                                 .subject = "recent file",
                                 .message = VisibleName(name) + " does not exist",
-                                .advice = "vistrel recent remove \"" + VisibleName(name) + "\"",
+                                .advice = command.empty() ? "remove it from the list" : command,
                                 .path = name});
+        }
 }
 
 } // namespace
 
-void CheckNamedFiles(Findings& findings) {
+void CheckNamedFiles(const AdvisedCommands& commands, Findings& findings) {
     constexpr int depthOfSections = 3; // an application, its section, and one more
     checkKey(std::string(kSettingsKey), depthOfSections, findings);
-    checkFoldersOfPreferences(findings);
-    checkRecentNames(findings);
+    checkFoldersOfPreferences(commands, findings);
+    checkRecentNames(commands, findings);
 }
 
 } // namespace qrtVistrelClasses4

@@ -1,5 +1,7 @@
 // The files of the library, opened by the library's own functions.
+#include "frame/Conversions.h"
 #include "frame/SystemErrors.h"
+#include "platform/IniText.h"
 #include "platform/KeptCopies.h"
 #include "platform/Path.h"
 #include "platform/RegistryTree.h"
@@ -19,6 +21,7 @@
 
 #include <algorithm>
 #include <set>
+#include <type_traits>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -50,6 +53,10 @@ void setWhole(Finding& finding, const std::string& whatItHas) {
 void setDamaged(Finding& finding, const std::string& fault) {
     finding.severity = Severity::error;
     finding.message += ": " + fault;
+    if (!hasFile(finding.path)) { // something else is in its place
+        finding.advice = "move it away";
+        return;
+    }
     const std::string copy = finding.path + std::string(kBackupEnding);
     finding.advice = hasFile(copy) ? "copy " + VisibleName(copy) + " over it, if that is whole"
                                    : "put a whole copy in its place, or move it away to start a new one";
@@ -63,8 +70,18 @@ bool isUnreadable(Finding& finding) {
     if (file)
         return false;
     setDamaged(finding, FaultOf(finding.path, ErrorFor(file.error())).clause());
-    finding.advice = hasFile(finding.path) ? "give this user the right to read it" : "move it away";
+    if (hasFile(finding.path))
+        finding.advice = "give this user the right to read it";
     return true;
+}
+
+void setDamagedLines(Finding& finding, const std::vector<std::string>& damaged) {
+    constexpr std::size_t mostShown = 80; // a file that is no text may have a line of any length
+    const std::string& first = damaged.front();
+    setDamaged(finding, Counted(damaged.size(), "line") + " not understood, the first is \"" +
+                            VisibleName(first.substr(0, mostShown)) +
+                            (first.size() > mostShown ? "\" ..." : "\""));
+    finding.advice = "correct these lines, or delete them";
 }
 
 Finding checkSettings() {
@@ -90,38 +107,61 @@ Finding checkSettings() {
         setWhole(finding, "whole");
         return finding;
     }
-    setDamaged(finding, Counted(damaged.size(), "line") + " not understood, the first is \"" +
-                            VisibleName(damaged.front()) + "\"");
-    finding.advice = "correct these lines, or delete them";
+    setDamagedLines(finding, damaged);
     return finding;
 }
 
-std::optional<Finding> checkPreferences() {
+/// The preferences whose values are not what belongs there. `about` is the start of each finding.
+void checkValues(const std::string& path, const Finding& about, const AdvisedCommands& commands,
+                 Findings& findings) {
+    const PreferenceFolders folders = FindPreferenceFolders();
+    const PreferencesOutcome loaded = LoadPreferences({path, folders, DefaultPreferences(folders)});
+    const auto add = [&](Severity severity, const std::string& key, const std::string& fault) {
+        findings.push_back(about);
+        Finding& finding = findings.back();
+        finding.severity = severity;
+        finding.message += ": key " + key + ": " + fault;
+        finding.advice = commands.reset(key);
+    };
+    for (const PreferenceError& error : loaded.errors)
+        add(Severity::error, error.key, TextOf(error.error));
+    const auto check = [&]<class Value>(const auto& placed, const Value& value) {
+        if constexpr (std::is_same_v<Value, double> || std::is_same_v<Value, std::int16_t>) {
+            const std::string key = placed.key(), text = ReadPreference(path, key, {});
+            if (!WithoutBlanks(text).empty() &&
+                std::ranges::find(loaded.errors, key, &PreferenceError::key) == loaded.errors.end() &&
+                !ParseNumber(text))
+                add(Severity::warning, key,
+                    "\"" + VisibleAnsi(text) + "\" is not a number; " + PreferenceText(value) + " is used");
+        }
+    };
+    ForEachPreference(check, loaded.values);
+}
+
+void checkPreferences(const AdvisedCommands& commands, Findings& findings) {
     const std::optional<std::string> path = PreferencesPath();
     if (!path)
-        return std::nullopt; // the reason has been reported
+        return; // the reason has been reported
     const auto [folder, name] = SplitPath(*path);
     Finding finding = findingAbout("store.preferences", "preferences",
                                    PlaceToRead(std::string(folder), {.name = std::string(name)}));
     if (isUnreadable(finding))
-        return finding;
+        return findings.push_back(std::move(finding));
     if (!hasFile(finding.path)) {
         setMissing(finding, "every preference has its default");
-        return finding;
+        return findings.push_back(std::move(finding));
     }
-    const PreferenceFolders folders = FindPreferenceFolders();
-    const PreferencesOutcome loaded = LoadPreferences({*path, folders, DefaultPreferences(folders)});
-    if (loaded.errors.empty()) {
+    const std::size_t before = findings.size();
+    const FileBytes bytes = platform().files().read(finding.path).valueOr({});
+    if (const std::vector<std::string> damaged = DamagedIniLines(bytes.text()); !damaged.empty()) {
+        findings.push_back(finding);
+        setDamagedLines(findings.back(), damaged);
+    }
+    checkValues(*path, finding, commands, findings);
+    if (findings.size() == before) {
         setWhole(finding, "whole");
-        return finding;
+        findings.push_back(std::move(finding));
     }
-    finding.severity = Severity::error;
-    for (const PreferenceError& error : loaded.errors) {
-        finding.message +=
-            (finding.advice.empty() ? ": key " : "; key ") + error.key + ": " + TextOf(error.error);
-        finding.advice += (finding.advice.empty() ? "vistrel settings reset " : " and ") + error.key;
-    }
-    return finding;
 }
 
 Finding checkEffects() {
@@ -226,10 +266,12 @@ void checkLeftovers(Findings& findings) {
 
 } // namespace
 
-void CheckStores(Findings& findings, ErrorLines& errors) {
+void CheckStores(const AdvisedCommands& commands, Findings& findings, ErrorLines& errors) {
+    findings.push_back(checkSettings());
+    checkPreferences(commands, findings);
     for (std::optional<Finding>& finding : std::vector<std::optional<Finding>>{
-             checkSettings(), checkPreferences(), checkEffects(), checkSigns(errors), checkRecentFiles(),
-             checkCommands(), checkLog(kErrorLogName), checkLog(kOldErrorLogName)})
+             checkEffects(), checkSigns(errors), checkRecentFiles(), checkCommands(), checkLog(kErrorLogName),
+             checkLog(kOldErrorLogName)})
         if (finding)
             findings.push_back(*std::move(finding));
     checkLeftovers(findings);
