@@ -13,10 +13,12 @@ constexpr const char* kClassNames[] = {"FrameInfoClass", "SettingsInfoClass", "D
 class Servers : public testing::Test {
 protected:
     Servers() {
+        machine_.library = "C:\\";
         machine_.inspection().views = {Bitness::bits64, Bitness::bits32};
         machine_.inspection().modules = {{"C:\\64.dll", {Bitness::bits64, "4.0.0"}},
                                          {"C:\\old.dll", {Bitness::bits64, "3.9.1"}},
-                                         {"C:\\32.dll", {Bitness::bits32, "4.0.0"}}};
+                                         {"C:\\32.dll", {Bitness::bits32, "4.0.0"}},
+                                         {"C:\\x86\\32.dll", {Bitness::bits32, "4.0.0"}}};
         machine_.files().put("C:\\64.dll", "");
     }
 
@@ -58,6 +60,9 @@ TEST_F(Servers, EachViewHasItsOwn) {
     EXPECT_THAT(found("32-bit"),
                 ElementsAre("server.registration: not registered: 32-bit programs and scripts "
                             "cannot create its classes"));
+    registerAll(Bitness::bits32, "C:\\x86\\32.dll");
+    EXPECT_THAT(found("32-bit"), testing::Contains(testing::StartsWith(
+                                     "server.stores: its signs, recent files and commands are in C:\\x86")));
 }
 
 TEST_F(Servers, WhatCannotBeLoadedOrIsAnotherVersionIsFound) {

@@ -185,7 +185,7 @@ void SetUpCommandsCommand(CLI::App& commands, Session& session) {
     const auto options = std::make_shared<CommandsOptions>();
     commands.require_subcommand(1);
     commands.footer("The table is read where it was saved last, at first db/VistrelLite.dat in "
-                    "~/.local/share/qrtVistrelClasses4 or the folder of --home.");
+                    "the library's folder, which vistrel doctor prints, or in that of --home.");
     constexpr const char* keyHelp = "Key of the command, as texts hold it";
 
     AddCommand(commands, "list", "Shows every command", "vistrel commands list --home site", session, options,

@@ -52,11 +52,31 @@ void addCommand(const Path& path, std::vector<CommandPlace>& places) {
     }
 }
 
+/// Makes `help` offer the commands, and the subcommands of the one that is typed after it: "help frames" is a
+/// place like "frames", with the options of `help`.
+void addExplained(std::vector<CommandPlace>& places) {
+    const auto help = std::ranges::find(places, "help", &CommandPlace::path);
+    if (help == places.end())
+        return;
+    std::erase_if(help->places, [](const ValuePlace& place) { return place.name == "0"; });
+    help->lastArgument = 0;
+    const std::vector<CommandPlace> all = places;
+    CommandPlace explained = *help;
+    help->commands = all.front().commands;
+    for (const CommandPlace& command : all)
+        if (!command.path.empty()) {
+            explained.path = "help " + command.path;
+            explained.commands = command.commands;
+            places.push_back(explained);
+        }
+}
+
 } // namespace
 
 std::vector<CommandPlace> PlacesOf(const CommandModel& program) {
     std::vector<CommandPlace> places;
     addCommand({&program}, places);
+    addExplained(places);
     return places;
 }
 

@@ -1,5 +1,7 @@
 // The registrations of the server's classes.
+#include "platform/LetterCase.h"
 #include "platform/Path.h"
+#include "settings/AppFolder.h"
 #include "tools/doctor/Checks.h"
 #include "tools/doctor/Wording.h"
 #include "tools/program/Encoding.h"
@@ -89,6 +91,7 @@ private:
 
     void findClasses();
     void checkFile(const Place& place, const Classes& classes);
+    void noteStores(const std::string& folder);
     void checkTypeLibrary();
 
     Bitness view_;
@@ -149,10 +152,26 @@ void ServerCheck::checkFile(const Place& place, const Classes& classes) {
             registerAgain(), place.file);
     const std::string found = module.version.empty() ? "has no version" : "is version " + module.version;
     if (module.version != version_)
-        return add("server.version", Severity::warning,
-                   start + " " + found + ", and this program is version " + std::string(version_),
-                   registerAgain() + " of the same version as this program", place.file);
-    add("server.file", Severity::ok, start + " " + found, {}, place.file);
+        add("server.version", Severity::warning,
+            start + " " + found + ", and this program is version " + std::string(version_),
+            registerAgain() + " of the same version as this program", place.file);
+    else
+        add("server.file", Severity::ok, start + " " + found, {}, place.file);
+    noteStores(WithoutTrailingSeparators(SplitPath(place.file).folder));
+}
+
+void ServerCheck::noteStores(const std::string& folder) {
+    if (folder.empty() || EqualIgnoringAsciiCase(folder, WithoutTrailingSeparators(LibraryFolder())))
+        return;
+    const std::string program = JoinPath(folder, "vistrel.exe");
+    const std::string message =
+        "its signs, recent files and commands are in " + VisibleName(folder) + " and were not examined here";
+    if (platform().files().kindOf(program) != EntryKind::file)
+        return add("server.stores", Severity::note, message, {}, folder);
+    const std::optional<std::string> word = WordToCopy(Utf8FromName(program));
+    add("server.stores", Severity::note, message,
+        word ? "to examine them, run " + *word + " doctor" : "to examine them, run the vistrel.exe there",
+        folder);
 }
 
 void ServerCheck::checkTypeLibrary() {

@@ -60,6 +60,11 @@ std::string_view takeUntil(std::string_view mark, std::string_view& text) {
     return part;
 }
 
+/// Whether "*" and a word are at the start of `text`, and another "*" follows.
+bool isEmphasis(std::string_view text) {
+    return text.starts_with('*') && text.size() > 1 && text[1] != ' ' && text.find('*', 1) != text.npos;
+}
+
 /// A paragraph of Markdown. Links lose their targets.
 std::string inlineText(std::string_view text) {
     constexpr std::string_view bold = "**";
@@ -71,6 +76,9 @@ std::string inlineText(std::string_view text) {
         } else if (text.starts_with(bold)) {
             text.remove_prefix(bold.size());
             result += "\\fB" + inlineText(takeUntil(bold, text)) + "\\fR";
+        } else if (isEmphasis(text)) {
+            text.remove_prefix(1);
+            result += "\\fI" + RoffText(takeUntil("*", text)) + "\\fR";
         } else if (text.starts_with('[') && text.find("](") != text.npos) {
             text.remove_prefix(1);
             result += inlineText(takeUntil("](", text));

@@ -311,9 +311,10 @@ void SetUpSignsCommand(CLI::App& signs, Session& session) {
     const auto options = std::make_shared<SignsOptions>();
     signs.require_subcommand(1);
     signs.add_flag("--json", options->json, "Prints JSON: signs with every property, or what was done");
-    signs.footer("The list is read from where it was saved last. It is saved as Displays.dat in "
-                 "~/.local/share/qrtVistrelClasses4 or the folder of --home. The previous list is kept "
-                 "beside it as Displays.dat.bak.");
+    signs.footer(
+        "The list is read from where it was saved last. It is saved as Displays.dat in "
+        "the library's folder, which vistrel doctor prints, or in that of --home. The previous list is kept "
+        "beside it as Displays.dat.bak.");
 
     const auto add = [&](const char* name, auto run, const char* description, const char* example) {
         CLI::App& command = AddCommand(signs, name, description, example);
