@@ -6,6 +6,7 @@
 #include "platform/ReplacementFile.h"
 #include "platform/Utf8.h"
 #include "platform/windows/CommandLine.h"
+#include "platform/windows/WindowsRegistryStore.h"
 
 #include <gmock/gmock.h>
 
@@ -49,7 +50,7 @@ TEST_F(WindowsNames, OfPlayfilesAreFoundInTheCodePageOfOtherPrograms) {
 TEST_F(WindowsNames, InTheRegistryAreTheSameToOtherPrograms) {
     const std::string utf8 = "h\u00f6\u20ac\\a", ansi = AnsiFromUtf8(utf8).value(), cyrillic = "\u0434\u0430";
     const RegistryKey key{RegistryHive::currentUser, "Software\\qrtVistrelClasses4 names test"};
-    RegistryStore& registry = platform().registry();
+    WindowsRegistryStore registry;
     for (const std::string& name : {cyrillic, utf8}) {
         EXPECT_EQ(registry.writeString(key, "v", name), SystemError::none);
         EXPECT_EQ(registry.readString(key, "v").value(), name);
