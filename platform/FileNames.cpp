@@ -35,6 +35,12 @@ bool IsFullOnWindows(std::string_view name) {
     return (name.size() > 2 && name[1] == ':' && IsPathSeparator(name[2])) || name.starts_with("\\\\");
 }
 
+std::optional<char> ForbiddenInName(std::string_view name) {
+    constexpr std::string_view forbidden = kPathSeparator == '\\' ? "<>\"|?*" : "";
+    const std::size_t found = name.find_first_of(forbidden);
+    return found == name.npos ? std::nullopt : std::optional(name[found]);
+}
+
 std::string Utf8FromName(std::string_view name) {
     std::string utf8;
     while (!name.empty())

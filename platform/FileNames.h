@@ -20,6 +20,9 @@ std::string Utf8FromName(std::string_view name);
 /// there.
 bool IsFullOnWindows(std::string_view name);
 
+/// The first character of a name in a folder that no name on this machine can have.
+std::optional<char> ForbiddenInName(std::string_view name);
+
 /// A path on this machine in the form for a playfile, which other machines read too. If names are in
 /// UTF-8, each folder and file name becomes Windows-1252, or the system's code page on Windows, unless that
 /// lacks one of its letters. `PathOnDisk`

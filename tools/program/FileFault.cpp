@@ -1,5 +1,6 @@
 #include "tools/program/FileFault.h"
 
+#include "platform/FileNames.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "playfile/LegacyFormat.h"
@@ -55,7 +56,10 @@ FileFault faultOfMissing(const std::string& path) {
     FileSystem& files = platform().files();
     if (files.hasEntry(path))
         return {"is a link that leads nowhere", true};
-    std::string folder(SplitPath(path).folder);
+    const auto [above, name] = SplitPath(path);
+    if (const std::optional<char> forbidden = ForbiddenInName(name))
+        return {std::string("nothing has this name: Windows allows no ") + *forbidden + " in names"};
+    std::string folder(above);
     while (folder.size() > 1 && IsPathSeparator(folder.back()))
         folder.pop_back();
     switch (folder.empty() ? EntryKind::folder : files.kindOf(folder)) {
