@@ -1,4 +1,4 @@
-#include "platform/posix/PosixMessageBoxes.h"
+#include "platform/TerminalMessageBoxes.h"
 
 #include "platform/posix/PosixSystem.h"
 
@@ -24,9 +24,9 @@ std::string readLine(int input) {
 
 } // namespace
 
-void PosixMessageBoxes::print(const std::string& text) { (void)writeAll(STDERR_FILENO, text); }
+void TerminalMessageBoxes::print(const std::string& text) { (void)writeAll(STDERR_FILENO, text); }
 
-std::string PosixMessageBoxes::ask(const std::string& question) {
+std::string TerminalMessageBoxes::ask(const std::string& question) {
     const Descriptor terminal = openTerminal();
     if (!terminal && !hasStandardTerminal())
         return {};
@@ -34,6 +34,6 @@ std::string PosixMessageBoxes::ask(const std::string& question) {
     return readLine(terminal ? terminal.number() : STDIN_FILENO);
 }
 
-bool PosixMessageBoxes::attended() { return openTerminal() || hasStandardTerminal(); }
+bool TerminalMessageBoxes::attended() { return openTerminal() || hasStandardTerminal(); }
 
 } // namespace qrtVistrelClasses4

@@ -4,12 +4,12 @@
 #include "platform/IniProfileFile.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
+#include "platform/TerminalMessageBoxes.h"
 #include "platform/posix/PosixCalendar.h"
 #include "platform/posix/PosixConsole.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/posix/PosixFolders.h"
 #include "platform/posix/PosixInspection.h"
-#include "platform/posix/PosixMessageBoxes.h"
 
 #include <ctime>
 #include <optional>
@@ -57,7 +57,7 @@ private:
     PosixFileSystem files_{OwnFolders({library_, settings_})};
     IniFileCache profiles_{files_};
     FileRegistryStore registry_{files_, JoinPath(settings_, kRegistryFile)};
-    PosixMessageBoxes boxes_;
+    TerminalMessageBoxes boxes_;
     PosixConsole console_;
     PosixInspection inspection_;
 };

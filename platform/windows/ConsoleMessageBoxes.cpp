@@ -1,4 +1,4 @@
-#include "platform/windows/ConsoleMessageBoxes.h"
+#include "platform/TerminalMessageBoxes.h"
 
 #include "platform/FileNames.h"
 #include "platform/windows/WindowsConsole.h"
@@ -22,11 +22,11 @@ bool isPseudoTerminal() {
 
 } // namespace
 
-void ConsoleMessageBoxes::print(const std::string& text) {
+void TerminalMessageBoxes::print(const std::string& text) {
     (void)WindowsConsole().write(StandardStream::error, Utf8FromName(text));
 }
 
-std::string ConsoleMessageBoxes::ask(const std::string& question) {
+std::string TerminalMessageBoxes::ask(const std::string& question) {
     std::array<wchar_t, 256> line{};
     DWORD size = 0;
     if (isPseudoTerminal()) { // beside which there may be a console that nobody sees
@@ -44,6 +44,6 @@ std::string ConsoleMessageBoxes::ask(const std::string& question) {
     return Utf8FromWide({line.data(), size});
 }
 
-bool ConsoleMessageBoxes::attended() { return isPseudoTerminal() || openInput(); }
+bool TerminalMessageBoxes::attended() { return isPseudoTerminal() || openInput(); }
 
 } // namespace qrtVistrelClasses4

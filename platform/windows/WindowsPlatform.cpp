@@ -6,7 +6,7 @@
 #include "platform/IniProfileFile.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
-#include "platform/windows/ConsoleMessageBoxes.h"
+#include "platform/TerminalMessageBoxes.h"
 #include "platform/windows/WindowsCalendar.h"
 #include "platform/windows/WindowsConsole.h"
 #include "platform/windows/WindowsFileSystem.h"
@@ -98,7 +98,7 @@ private:
     IniFileCache profiles_{files_};
     std::unique_ptr<RegistryStore> registry_;
     WindowsMessageBoxes boxes_;
-    ConsoleMessageBoxes consoleBoxes_;
+    TerminalMessageBoxes consoleBoxes_;
     WindowsConsole console_;
     WindowsInspection inspection_{files_};
 };
