@@ -159,6 +159,23 @@ check_registrations() {
         "$(windows_path "$build32/qrtVistrelClasses4.dll")"
 }
 
+# The program writes the name of its list of signs into the registry, and a script finds the list.
+check_shared_signs() {
+    local folder=$work/hö key='HKLM\Software\Brivox\VistrelLite\Preview'
+    mkdir "$folder" && cp "$build/vistrel.exe" "$folder"
+    windows "$work/setup.txt" reg delete "$key" /v DisplayDataFile /f
+    windows "$work/signs.txt" "$folder/vistrel.exe" signs add Pier
+    cat >"$work/signs.vbs" <<-'SCRIPT'
+	Set signs = CreateObject("qrtVistrelClasses4.DisplayDatabaseClass")
+	signs.RetrieveAllDisplayInfoFromDisk
+	WScript.Echo signs.TotalDisplays & signs.FindDisplayByName("Pier")
+	SCRIPT
+    windows "$work/signs.txt" cscript //nologo "$(windows_path "$work/signs.vbs")"
+    grep -qx 11 "$work/signs.txt"
+    report $? "a script finds the signs of the program in a folder with an umlaut"
+    windows "$work/setup.txt" reg delete "$key" /v DisplayDataFile /f
+}
+
 set_up
 windows "$work/version.txt" "$build/vistrel.exe" --version
 version=$(cat "$work/version.txt")
@@ -176,6 +193,7 @@ run_tests core_tests "$build/tests/core_tests.exe" --gtest_print_time=0
 [ -z "$tool_tests" ] || run_sessions
 run_twice "$build/tests/core_tests.exe" '*TwoProcesses*'
 run_with_code_pages "$build/tests/core_tests.exe"
+check_shared_signs
 windows "$work/register.txt" regsvr32 /s /u "$(windows_path "$build/qrtVistrelClasses4.dll")"
 report $? "the server unregisters itself"
 echo "$passed passed, $failed failed"
