@@ -6,7 +6,7 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 constexpr std::wstring_view kBlanks = L" \t";
-constexpr std::wstring_view kWildcards = L"*?";
+constexpr std::wstring_view kWildcardLetters = L"*?";
 
 void skip(std::wstring_view& line, std::size_t count) { line.remove_prefix(std::min(count, line.size())); }
 
@@ -43,7 +43,7 @@ CommandLineWord takeWord(std::wstring_view& line) {
         } else if (!areBeforeQuote && backslashes > 0) {
             continue; // what comes next may end the word
         }
-        word.hasQuotedWildcard |= isOpen && kWildcards.find(line.front()) != kWildcards.npos;
+        word.hasQuotedWildcard |= isOpen && kWildcardLetters.find(line.front()) != kWildcardLetters.npos;
         word.text += line.front();
         line.remove_prefix(1);
     }
