@@ -12,6 +12,8 @@ install(TARGETS ${libraries} EXPORT qrtVistrelClasses4Targets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/qrtVistrelClasses4 DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
     COMPONENT development)
+install(FILES ${PROJECT_BINARY_DIR}/generated/include/qrtVistrelClasses4/Version.h
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/qrtVistrelClasses4 COMPONENT development)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/qrtVistrelClasses4)
 install(EXPORT qrtVistrelClasses4Targets NAMESPACE qrtVistrelClasses4:: DESTINATION ${package_dir} COMPONENT development)
 file(WRITE ${PROJECT_BINARY_DIR}/qrtVistrelClasses4Config.cmake
