@@ -4,7 +4,7 @@
 # template has the members that only call the library's member of the same name: properties, and methods without
 # arguments. Properties with an index and methods with arguments are left to the adaptors. The script fails if an
 # interface holds anything else, so that no member is overlooked.
-cmake_minimum_required(VERSION 3.25)
+cmake_minimum_required(VERSION 3.22)
 
 set(name "([A-Za-z_][A-Za-z_0-9]*)")
 set(id "id\\([0-9]+\\)")
