@@ -125,6 +125,12 @@ private:
         return core;
     }
 
+    /// Only clipboards are set to new objects.
+    void fill(IDispatch& given, IDispatch& made) override {
+        *coreOf(static_cast<_FrameInfoClass*>(&given)) =
+            std::move(*coreOf(static_cast<_FrameInfoClass*>(&made)));
+    }
+
     /// False after an error, which is trapped as those of saving and exporting are.
     bool savePicture(std::int16_t iFrameNum, const std::string& sFileName, std::int16_t iScale) {
         return traced(

@@ -38,6 +38,8 @@ FrameInfoClass::~FrameInfoClass() {
     traced(FrameSub("Class_Terminate"), [] {});
 }
 
+FrameInfoClass& FrameInfoClass::operator=(FrameInfoClass&& other) noexcept = default;
+
 void FrameInfoClass::Adopt(Playfile playfile) {
     playfile_ = std::move(playfile);
     checkLinesFrom(1);

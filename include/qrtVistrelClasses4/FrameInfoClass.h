@@ -30,6 +30,9 @@ public:
     ~FrameInfoClass();
     FrameInfoClass(const FrameInfoClass&) = delete;
     FrameInfoClass& operator=(const FrameInfoClass&) = delete;
+    /// Takes over the playfile, the cursors and everything else that is set in `other`, which has no frames
+    /// afterwards.
+    FrameInfoClass& operator=(FrameInfoClass&& other) noexcept;
 
     static constexpr std::string_view ClassName() { return "FrameInfoClass"; }
 
