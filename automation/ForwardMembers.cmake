@@ -44,6 +44,9 @@ endfunction()
 file(READ ${DEFINITION} definition)
 string(REGEX REPLACE "//[^\n]*" "" definition "${definition}")
 string(REGEX REPLACE "[ \t\r\n]+" " " definition "${definition}")
+# Help is for people.
+string(REGEX REPLACE ", helpstring\\(\"[^\"]*\"\\)" "" definition "${definition}")
+string(REGEX REPLACE "(PROPERTY\\([^\"]*), \"[^\"]*\"" "\\1" definition "${definition}")
 
 set(classes "")
 while(definition MATCHES "interface _${name} : IDispatch {([^}]*)};")

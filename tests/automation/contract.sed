@@ -1,6 +1,8 @@
 # Turns the interface definition into what it promises to programs: names, identifiers, member numbers, arguments.
 # Run with -zE.
 s,//[^\n]*,,g
+# Help may change.
+s/,\s+(helpstring\("[^"]*"\)|"[^"]*")//g
 s/#define[^)]*\)([^\n]*\\\n)*[^\n]*//
 s/\n *(import|cpp_quote)[^\n]*//g
 s/\s+/ /g
