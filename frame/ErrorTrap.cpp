@@ -1,6 +1,8 @@
 #include "frame/ErrorTrap.h"
 
+#include "frame/ObjectCall.h"
 #include "frame/TraceRecords.h"
+#include "platform/Platform.h"
 
 #include <new>
 #include <utility>
@@ -11,6 +13,7 @@ namespace {
 constinit ErrorReporter* installedReporter = nullptr;
 
 void report(const RuntimeError& error, TraceLine procedure, std::vector<TraceLine> stack) {
+    const ObjectCall hostCode;
     ErrorReporter& reporter = installedReporter ? *installedReporter : defaultErrorReporter();
     reporter.report({error, std::move(procedure), std::move(stack)});
 }
@@ -62,12 +65,30 @@ void ReportKeptCopy(const std::optional<std::string>& copy) noexcept {
     }
 }
 
-void TrapCurrentError(const TraceRecord& record, TraceRecord* outer) noexcept {
+void TrapCurrentError(const TraceRecord& record, TraceRecord* outer, const ObjectCall* call) noexcept {
     try {
-        report(CurrentError(), record.atEntry(), RunningProcedures());
+        const RuntimeError error = CurrentError();
+        const ObjectCall* const running = call ? call : traceState.call;
+        if (running && (!error.isQuiet() || (call && call->isOutermost())))
+            running->note(error);
+        report(error, record.atEntry(), RunningProcedures());
     } catch (...) { // NOLINT(bugprone-empty-catch): a failing report never makes another error
     }
     traceState.unwindTo(outer);
+}
+
+void NoteCurrentError(const ObjectCall& call) noexcept {
+    try {
+        call.note(CurrentError());
+    } catch (...) { // NOLINT(bugprone-empty-catch): without memory, the error itself goes on to the caller
+    }
+}
+
+void ShowFailure(int number, const std::string& text, const char* title) {
+    if (traceState.call)
+        traceState.call->note(RuntimeError(number, text));
+    const ObjectCall hostCode;
+    showMessage({text, title, MessageIcon::critical, MessageButtons::ok});
 }
 
 } // namespace qrtVistrelClasses4
