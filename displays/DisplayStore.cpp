@@ -3,6 +3,7 @@
 #include "frame/ErrorTrap.h"
 #include "frame/Traced.h"
 #include "platform/Path.h"
+#include "settings/OperatorMessages.h"
 #include "settings/RegistrySettings.h"
 #include <qrtVistrelClasses4/DisplayDatabaseClass.h>
 #include <qrtVistrelClasses4/SignListSynchronisation.h>

@@ -2,7 +2,6 @@
 
 #include "frame/ObjectCall.h"
 #include "frame/TraceRecords.h"
-#include "platform/Platform.h"
 
 #include <new>
 #include <utility>
@@ -84,11 +83,9 @@ void NoteCurrentError(const ObjectCall& call) noexcept {
     }
 }
 
-void ShowFailure(int number, const std::string& text, const char* title) {
+void NoteShownError(const RuntimeError& error) noexcept {
     if (traceState.call)
-        traceState.call->note(RuntimeError(number, text));
-    const ObjectCall hostCode;
-    showMessage({text, title, MessageIcon::critical, MessageButtons::ok});
+        traceState.call->note(error);
 }
 
 } // namespace qrtVistrelClasses4

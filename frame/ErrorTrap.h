@@ -25,9 +25,8 @@ void TrapCurrentError(const TraceRecord& record, TraceRecord* outer, const Objec
 /// Has the object of `call` remember the exception being handled, which goes on to the caller.
 void NoteCurrentError(const ObjectCall& call) noexcept;
 
-/// Shows the operator why a file was not written, or what else failed as it may. The object whose call is
-/// running remembers the number and the text.
-void ShowFailure(int number, const std::string& text, const char* title);
+/// Has the object whose call is running remember an error that is put before the operator, and not trapped.
+void NoteShownError(const RuntimeError& error) noexcept;
 
 /// The exception being handled as a `RuntimeError`: out of memory is error 7, anything unknown error 51.
 RuntimeError CurrentError();

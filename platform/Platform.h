@@ -81,6 +81,10 @@ public:
     /// not know.
     virtual std::optional<std::string> specialFolder(int number) = 0;
 
+    /// The value of a variable in the environment of this process now. No value for one that is not set, or
+    /// empty.
+    virtual std::optional<std::string> environmentVariable(const std::string& name) = 0;
+
     virtual LocalTime localTime() = 0;
     virtual CalendarNames calendarNames() = 0;
 };
@@ -106,9 +110,7 @@ using ScopedPlatform = ScopedInstallation<Platform>;
 template <>
 Platform*& ScopedPlatform::installed();
 
-/// The message boxes in use: those that were installed last, else the platform's own.
-MessageBoxes& messageBoxes();
-/// Shows `message` in these boxes.
-MessageAnswer showMessage(const Message& message);
+/// The message boxes that were installed last; null if the platform's own are in use.
+MessageBoxes* InstalledMessageBoxes();
 
 } // namespace qrtVistrelClasses4

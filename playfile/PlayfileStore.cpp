@@ -5,6 +5,7 @@
 #include "playfile/FrameProcedures.h"
 #include "playfile/LegacyFormat.h"
 #include "playfile/OperatorQuestions.h"
+#include "settings/OperatorMessages.h"
 #include "settings/PreferenceProfile.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/LoadPlayfile.h>

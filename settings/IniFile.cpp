@@ -3,6 +3,7 @@
 #include "frame/Text.h"
 #include "frame/Traced.h"
 #include "platform/Platform.h"
+#include "settings/OperatorMessages.h"
 
 namespace qrtVistrelClasses4 {
 namespace {

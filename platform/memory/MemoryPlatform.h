@@ -190,6 +190,7 @@ public:
     std::string libraryFolder() override { return library; }
     std::vector<std::string> otherFolders(FileUse use) override { return others[use]; }
     std::optional<std::string> specialFolder(int number) override;
+    std::optional<std::string> environmentVariable(const std::string& name) override;
     LocalTime localTime() override { return time; }
     CalendarNames calendarNames() override { return calendar; }
 
@@ -197,6 +198,7 @@ public:
     std::map<FileUse, std::vector<std::string>> others; ///< The other folders; none at the start.
     std::map<int, std::string>
         specialFolders; ///< By shell number; the documents folder exists from the start.
+    std::map<std::string, std::string> environment;
     LocalTime time{2001, 2, 3, 4, 5, 6, 6};
     CalendarNames calendar = EnglishCalendarNames();
 

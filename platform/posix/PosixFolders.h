@@ -8,6 +8,9 @@
 
 namespace qrtVistrelClasses4 {
 
+/// A variable of the environment. No value for one that is not set, or empty.
+std::optional<std::string> environment(const char* name);
+
 /// The user's home folder.
 std::string userHome();
 /// The folder for settings: $XDG_CONFIG_HOME, else ".config" in the home folder.

@@ -38,6 +38,9 @@ public:
     std::string libraryFolder() override { return library_; }
     std::vector<std::string> otherFolders(FileUse use) override;
     std::optional<std::string> specialFolder(int number) override;
+    std::optional<std::string> environmentVariable(const std::string& name) override {
+        return environment(name.c_str());
+    }
     LocalTime localTime() override;
     CalendarNames calendarNames() override { return PosixCalendarNames(""); }
 

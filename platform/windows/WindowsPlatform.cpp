@@ -84,6 +84,10 @@ public:
                                                      : std::vector<std::string>();
     }
     std::optional<std::string> specialFolder(int number) override;
+    std::optional<std::string> environmentVariable(const std::string& name) override {
+        const std::wstring value = WideEnvironment(WideFromUtf8(name).c_str());
+        return value.empty() ? std::nullopt : std::optional(NameFromWide(value));
+    }
     LocalTime localTime() override;
     CalendarNames calendarNames() override { return WindowsCalendarNames(LOCALE_USER_DEFAULT); }
 

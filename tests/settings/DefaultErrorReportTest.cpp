@@ -2,6 +2,7 @@
 
 #include "HostTest.h"
 #include "frame/Traced.h"
+#include "settings/ErrorLog.h"
 #include "settings/RegistrySettings.h"
 
 namespace qrtVistrelClasses4 {

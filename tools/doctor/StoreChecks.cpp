@@ -8,7 +8,7 @@
 #include "platform/TemporaryName.h"
 #include "playfile/Effects.h"
 #include "settings/AppFolder.h"
-#include "settings/DefaultErrorReport.h"
+#include "settings/ErrorLog.h"
 #include "settings/LibraryFiles.h"
 #include "tools/doctor/Checks.h"
 #include "tools/doctor/Wording.h"

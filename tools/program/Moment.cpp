@@ -36,6 +36,9 @@ public:
     std::string libraryFolder() override { return machine_.libraryFolder(); }
     std::vector<std::string> otherFolders(FileUse use) override { return machine_.otherFolders(use); }
     std::optional<std::string> specialFolder(int number) override { return machine_.specialFolder(number); }
+    std::optional<std::string> environmentVariable(const std::string& name) override {
+        return machine_.environmentVariable(name);
+    }
     CalendarNames calendarNames() override { return machine_.calendarNames(); }
 
 private:
