@@ -74,6 +74,9 @@ public:
     /// the folder that the library was loaded from. On a POSIX system it is the user's own. A user's own
     /// folder, or a home in its place, need not exist until something is written in it, and counts as empty.
     virtual std::string libraryFolder() = 0;
+    /// The folder of the error log, where the system has one for such files. No value if the log is in the
+    /// application data folder, as on Windows and in a home.
+    virtual std::optional<std::string> logFolder() = 0;
     /// The folders that may have a file that the library's folder has not, in the order in which they are
     /// searched. Nothing is written in them.
     virtual std::vector<std::string> otherFolders(FileUse use) = 0;

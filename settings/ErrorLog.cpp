@@ -6,6 +6,8 @@
 #include "settings/AppFolder.h"
 
 #include <mutex>
+#include <optional>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -41,10 +43,15 @@ std::string VisibleText(std::string_view text) {
     return text.size() > kLongestTextInReport ? result + "..." : result;
 }
 
+std::string ErrorLogFolder() {
+    std::optional<std::string> folder = platform().logFolder();
+    return folder ? *std::move(folder) : GetAppFolder();
+}
+
 void AppendToErrorLog(const std::string& text) {
     const std::string entry = timeText(platform().localTime()) + "  " + text;
     FileSystem& files = platform().files();
-    const std::string folder = GetAppFolder();
+    const std::string folder = ErrorLogFolder();
     const std::string log = JoinPath(folder, kErrorLogName);
     static std::mutex mutex; // two threads must not both move the old log away
     const std::lock_guard lock(mutex);

@@ -8,7 +8,10 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Name of the log in the application data folder, and its name once it has grown past its limit.
+/// The folder that has the log. An error on the way to it is trapped.
+std::string ErrorLogFolder();
+
+/// Name of the log, and its name once it has grown past its limit.
 inline constexpr std::string_view kErrorLogName = "VistrelErrors.log";
 inline constexpr std::string_view kOldErrorLogName = "VistrelErrors.old.log";
 inline constexpr std::uint64_t kErrorLogLimitBytes = 1 << 20;

@@ -56,6 +56,7 @@ std::string userHome() {
 
 std::string configurationFolder() { return userFolderIn("XDG_CONFIG_HOME", ".config"); }
 std::string dataFolder() { return userFolderIn("XDG_DATA_HOME", ".local/share"); }
+std::string stateFolder() { return userFolderIn("XDG_STATE_HOME", ".local/state"); }
 std::optional<std::string> replacedHome() { return environment("VISTREL_HOME"); }
 
 std::optional<std::string> userDirectory(std::string_view text, std::string_view variable,

@@ -17,6 +17,9 @@ std::string userHome();
 std::string configurationFolder();
 /// The folder for what programs keep: $XDG_DATA_HOME, else ".local/share" in the home folder.
 std::string dataFolder();
+/// The folder for what programs note about themselves: $XDG_STATE_HOME, else ".local/state" in the home
+/// folder.
+std::string stateFolder();
 /// The folder that the environment puts in the place of all these; no value if it names none.
 std::optional<std::string> replacedHome();
 /// The folder with that shell number: the one in the desktop's "user-dirs.dirs", else the usual English name

@@ -77,6 +77,7 @@ public:
     }
 
     std::string libraryFolder() override;
+    std::optional<std::string> logFolder() override { return std::nullopt; }
     std::vector<std::string> otherFolders(FileUse use) override {
         // Other people's programs keep to the library's folder.
         const bool readsMore = home_ || AreNamesUtf8();

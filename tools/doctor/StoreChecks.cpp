@@ -225,7 +225,7 @@ Finding checkCommands() {
 }
 
 std::optional<Finding> checkLog(std::string_view name) {
-    Finding finding = findingAbout("store.log", "error log", JoinPath(GetAppFolder(), name));
+    Finding finding = findingAbout("store.log", "error log", JoinPath(ErrorLogFolder(), name));
     const auto size = platform().files().sizeOf(finding.path);
     if (!size || size.value() == 0)
         return std::nullopt;
