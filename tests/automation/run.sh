@@ -81,7 +81,7 @@ report_tests() { # NAME STATUS
     grep -vE '^(\[ RUN|\[-------|$)' "$output"
     passed=$((passed + $(grep -cE '^(ok |\[       OK \])' "$output")))
     failed=$((failed + $(grep -cE '^(FAILED |\[  FAILED  \] [^ ]*$)' "$output")))
-    grep -qE '^(the script ran to its end|\[=+\] .* ran\.)' "$output" || status=1
+    grep -qE '^(the (script|program) ran to its end|\[=+\] .* ran\.)' "$output" || status=1
     report $status "$1 runs to its end"
 }
 
@@ -192,6 +192,7 @@ sed -zEf "$here/contract.sed" "$here/../../automation/qrtVistrelClasses4.idl" | 
 report $? "the interface definition keeps its promises"
 run_tests script_test.vbs cscript //nologo "$(windows_path "$here/script_test.vbs")" "$(windows_path "$data/")"
 [ ! -e "$here/../../docs" ] || . "$here/../docs/automation" # the small system of run-32 has no documents and no compiler
+run_tests by_position "$build/tests/automation/ByPosition.exe"
 check_registrations
 alone='*NeedsNoRegistration*'
 run_tests automation "$build/tests/automation/automation_tests.exe" --gtest_print_time=0 --gtest_filter="-$alone"
