@@ -42,10 +42,9 @@ public:
                         VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument) override {
         return run([&] {
             const HRESULT loaded = loadTable();
-            return FAILED(loaded)
-                       ? loaded
-                       : CallLateBound(*table_, static_cast<Interface*>(this), {member, locale, flags},
-                                       *arguments, result, exception, wrongArgument);
+            return FAILED(loaded) ? loaded
+                                  : CallLateBound(*table_, calledObject(), {member, locale, flags},
+                                                  *arguments, result, exception, wrongArgument);
         });
     }
 
@@ -93,9 +92,17 @@ protected:
         return run([&] { ((*core_).*setter)(FromAutomation<std::remove_cvref_t<Value>>(vData)); });
     }
 
+    /// Gives the object `given` of this module the content of `made`. Both have the same interface, one that
+    /// a member of `Interface` sets variables to.
+    virtual void fill(IDispatch& /*given*/, IDispatch& /*made*/) {}
+
     std::shared_ptr<Core> core_;
 
 private:
+    CalledObject calledObject() {
+        return {static_cast<Interface*>(this),
+                [this](IDispatch& given, IDispatch& made) { fill(given, made); }};
+    }
     HRESULT loadTable() {
         return table_ ? S_OK : run([&] { return InterfaceTable::load(__uuidof(Interface), &table_); });
     }

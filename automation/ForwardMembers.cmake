@@ -4,7 +4,7 @@
 # template has the members that only call the library's member of the same name: properties, and methods without
 # arguments. Properties with an index and methods with arguments are left to the adaptors. The script fails if an
 # interface holds anything else, so that no member is overlooked.
-cmake_minimum_required(VERSION 3.25)
+cmake_minimum_required(VERSION 3.22)
 
 set(name "([A-Za-z_][A-Za-z_0-9]*)")
 set(id "id\\([0-9]+\\)")
@@ -25,6 +25,9 @@ function(forward_members interface declarations)
         "STDMETHODIMP \\1(\\2* \\3) override { return this->get(&CoreClass::\\1, \\3); }\n" members "${members}")
     string(REGEX REPLACE "\\[${id}\\] HRESULT ${name}\\(\\);"
         "STDMETHODIMP \\1() override { return this->call(&CoreClass::\\1); }\n" members "${members}")
+    # The library may have another setter of the same name for another enumeration. This one takes what is got.
+    string(REGEX REPLACE "\\(([A-Z]+_TYPES vData\\)[^\n]*)this->put\\(&CoreClass::${name}"
+        "(\\1this->template put<decltype(this->core_->\\2())>(&CoreClass::\\2" members "${members}")
     # What is left to the adaptors.
     string(REGEX REPLACE "\\[(propget, |propput, )?${id}\\] HRESULT ${name}\\(\\[in[^;]*\\);" "" members "${members}")
 
@@ -41,6 +44,9 @@ endfunction()
 file(READ ${DEFINITION} definition)
 string(REGEX REPLACE "//[^\n]*" "" definition "${definition}")
 string(REGEX REPLACE "[ \t\r\n]+" " " definition "${definition}")
+# Help is for people.
+string(REGEX REPLACE ", helpstring\\(\"[^\"]*\"\\)" "" definition "${definition}")
+string(REGEX REPLACE "(PROPERTY\\([^\"]*), \"[^\"]*\"" "\\1" definition "${definition}")
 
 set(classes "")
 while(definition MATCHES "interface _${name} : IDispatch {([^}]*)};")

@@ -1,6 +1,11 @@
 #include "automation/HostListControl.h"
 #include "automation/PublicClasses.h"
+#include "frame/SystemErrors.h"
+#include "frame/Traced.h"
+#include "playfile/FrameProcedures.h"
+#include <qrtVistrelClasses4/DisplayRecord.h>
 #include <qrtVistrelClasses4/FrameInfoClass.h>
+#include <qrtVistrelClasses4/FramePicture.h>
 
 #include <qrtVistrelClasses4Members.h>
 
@@ -73,6 +78,10 @@ public:
     STDMETHODIMP WriteXMLToDisk(BSTR sFileName, VARIANT_BOOL* result) override {
         return runInto(result, [&] { return core_->WriteXMLToDisk(NarrowText(sFileName)); });
     }
+    STDMETHODIMP SavePictureOfFrame(short iFrameNum, BSTR sFileName, short iScale,
+                                    VARIANT_BOOL* result) override {
+        return runInto(result, [&] { return savePicture(iFrameNum, NarrowText(sFileName), iScale); });
+    }
 
     // Editing.
     STDMETHODIMP InsertFrame(VARIANT_BOOL* bLast) override {
@@ -114,6 +123,28 @@ private:
         std::shared_ptr<Core> core = holder->core_;
         holder->Release();
         return core;
+    }
+
+    /// Only clipboards are set to new objects.
+    void fill(IDispatch& given, IDispatch& made) override {
+        *coreOf(static_cast<_FrameInfoClass*>(&given)) =
+            std::move(*coreOf(static_cast<_FrameInfoClass*>(&made)));
+    }
+
+    /// False after an error, which is trapped as those of saving and exporting are.
+    bool savePicture(std::int16_t iFrameNum, const std::string& sFileName, std::int16_t iScale) {
+        return traced(
+            FrameFunction("SavePictureOfFrame"),
+            [&] {
+                DisplayRecord sign;
+                sign.DisplayWidth = core_->DisplayWidth();
+                sign.DisplayHeight = core_->DisplayHeight();
+                Check(qrtVistrelClasses4::SavePictureOfFrame(core_->Value(), iFrameNum, SignLookOf(sign),
+                                                             sFileName, iScale)
+                          .error);
+                return true;
+            },
+            Arg{"iFrameNum", iFrameNum}, Arg{"sFileName", sFileName}, Arg{"iScale", iScale});
     }
 
     using ClipboardOperation = void (Core::*)(std::int16_t&, std::int16_t&, std::shared_ptr<Core>&);

@@ -1,7 +1,5 @@
 #include "automation/LateBoundArgument.h"
 
-#include "automation/Module.h"
-
 #include <cstddef>
 #include <cstring>
 
@@ -109,6 +107,8 @@ HRESULT LateBoundArgument::convert(const DeclaredArgument& declared, VARIANT& gi
         V_BYREF(&passed) = declared.type == VT_VARIANT ? &value_ : contentOf(value_);
         std::memcpy(contentOf(passedNumber_), contentOf(value_), sizeof(V_I8(&value_)));
         writesBack_ = (V_VT(&given) & VT_BYREF) != 0;
+        if (SUCCEEDED(done) && !writesBack_ && declared.type == VT_DISPATCH)
+            objectToFill_ = V_DISPATCH(&value_);
     }
     return done;
 }
@@ -136,7 +136,9 @@ bool LateBoundArgument::mayHaveChanged() const {
     }
 }
 
-HRESULT LateBoundArgument::writeBack(LCID locale) {
+HRESULT LateBoundArgument::writeBack(LCID locale, const FillObject& fill) {
+    if (objectToFill_ && V_DISPATCH(&value_) && V_DISPATCH(&value_) != objectToFill_.Get())
+        fill(*objectToFill_.Get(), *V_DISPATCH(&value_));
     if (!writesBack_ || !mayHaveChanged())
         return S_OK;
     const auto type = static_cast<VARTYPE>(V_VT(given_) & ~VT_BYREF);

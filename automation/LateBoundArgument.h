@@ -1,9 +1,12 @@
 // Conversion of arguments from a late-bound caller to a member, and back.
 #pragma once
 
+#include "automation/Module.h"
 #include "automation/Values.h"
 
 #include <ole2.h>
+
+#include <functional>
 
 namespace qrtVistrelClasses4 {
 
@@ -18,6 +21,9 @@ struct DeclaredArgument {
 /// The declaration of an argument with type `declared` of a member of `type`.
 DeclaredArgument Declared(ITypeInfo& type, const TYPEDESC& declared);
 
+/// Gives `given` the content of `made`, an object of the same interface that nobody else uses.
+using FillObject = std::function<void(IDispatch& given, IDispatch& made)>;
+
 /// One argument of a call. It must live until the call has returned, because the member may get its address.
 class LateBoundArgument {
 public:
@@ -25,9 +31,13 @@ public:
     /// gets. `given` must outlive this object.
     HRESULT convert(const DeclaredArgument& declared, VARIANT& given, LCID locale, VARIANT& passed);
 
+    /// The object that the caller passed by value where the member sets a variable to an object; else null.
+    IDispatch* objectToFill() const { return objectToFill_.Get(); }
+
     /// Stores what the member has changed in the caller's variable, converted to the variable's type if it
-    /// has one.
-    HRESULT writeBack(LCID locale);
+    /// has one. Without a variable, a new object is only reached through the one that the caller passed,
+    /// which `fill` gives its content.
+    HRESULT writeBack(LCID locale, const FillObject& fill);
 
 private:
     HRESULT convertValue(const DeclaredArgument& declared, LCID locale);
@@ -38,6 +48,7 @@ private:
     OwnedVariant value_;
     VARIANT passedNumber_{}; ///< The value before the call, if it is a number.
     bool writesBack_ = false;
+    ComPtr<IDispatch> objectToFill_;
 };
 
 } // namespace qrtVistrelClasses4

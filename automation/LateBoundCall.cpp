@@ -1,6 +1,7 @@
 #include "automation/LateBoundCall.h"
 
 #include "automation/LateBoundArgument.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <cstddef>
 #include <vector>
@@ -27,8 +28,9 @@ const DescribedMember* methodSetAsProperty(const InterfaceTable& table, const Me
 
 } // namespace
 
-HRESULT CallLateBound(const InterfaceTable& table, void* object, MemberCall call, const DISPPARAMS& arguments,
-                      VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument) {
+HRESULT CallLateBound(const InterfaceTable& table, const CalledObject& object, MemberCall call,
+                      const DISPPARAMS& arguments, VARIANT* result, EXCEPINFO* exception,
+                      UINT* wrongArgument) {
     DISPPARAMS passed = arguments;
     const DescribedMember* member = table.find(call.member, call.flags);
     if (!member && (member = methodSetAsProperty(table, call))) {
@@ -49,14 +51,16 @@ HRESULT CallLateBound(const InterfaceTable& table, void* object, MemberCall call
                                         arguments.rgvarg[position], call.locale, values[position]);
         if (FAILED(done) && wrongArgument)
             *wrongArgument = position;
+        if (IDispatch* const filled = converted[position].objectToFill(); filled && filled == object.members)
+            throw RuntimeError(ErrorNumber::invalidProcedureCall);
     }
     if (SUCCEEDED(done))
-        done =
-            table.type()->Invoke(object, call.member, call.flags, &passed, result, exception, wrongArgument);
+        done = table.type()->Invoke(object.members, call.member, call.flags, &passed, result, exception,
+                                    wrongArgument);
     const bool called = SUCCEEDED(done);
     for (LateBoundArgument& argument : converted)
         if (SUCCEEDED(done))
-            done = argument.writeBack(call.locale);
+            done = argument.writeBack(call.locale, object.fill);
     if (called && FAILED(done) && result)
         VariantClear(result); // callers do not release the result of a failed call
     return done;

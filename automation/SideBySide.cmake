@@ -2,7 +2,7 @@
 #
 # Writes the manifest of the side-by-side assembly `name`, with which programs use the server without its
 # registration. The assembly needs another name than the server: Windows would look for its manifest inside the DLL.
-cmake_minimum_required(VERSION 3.25)
+cmake_minimum_required(VERSION 3.22)
 
 set(name "([A-Za-z_][A-Za-z_0-9]*)")
 set(id "uuid\\(([0-9a-f-]+)\\)[^>]*>")

@@ -12,6 +12,8 @@ install(TARGETS ${libraries} EXPORT qrtVistrelClasses4Targets
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library NAMELINK_COMPONENT development)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/qrtVistrelClasses4 DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
     COMPONENT development)
+install(FILES ${PROJECT_BINARY_DIR}/generated/include/qrtVistrelClasses4/Version.h
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/qrtVistrelClasses4 COMPONENT development)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/qrtVistrelClasses4)
 install(EXPORT qrtVistrelClasses4Targets NAMESPACE qrtVistrelClasses4:: DESTINATION ${package_dir} COMPONENT development)
 file(WRITE ${PROJECT_BINARY_DIR}/qrtVistrelClasses4Config.cmake
@@ -20,6 +22,27 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/qrtVistrelClasses4ConfigV
     COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/qrtVistrelClasses4Config.cmake
     ${PROJECT_BINARY_DIR}/qrtVistrelClasses4ConfigVersion.cmake DESTINATION ${package_dir} COMPONENT development)
+
+# For pkg-config. What the library needs is for static links only, if there is a shared library.
+get_target_property(needed qrtVistrelClasses4 INTERFACE_LINK_LIBRARIES)
+list(FILTER needed INCLUDE REGEX "^[a-z0-9]+$") # others are of the build only
+list(TRANSFORM needed PREPEND " -l")
+string(CONCAT needed ${needed})
+if(TARGET qrtVistrelClasses4_shared)
+    set(private_libraries "${needed}")
+    set(needed "")
+endif()
+get_target_property(library qrtVistrelClasses4 OUTPUT_NAME)
+if(NOT library)
+    set(library qrtVistrelClasses4)
+endif()
+# The installed package may be moved: its prefix is found from the folder that the file is in.
+file(RELATIVE_PATH prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+string(REGEX REPLACE "/$" "" prefix ${prefix})
+configure_file(${PROJECT_SOURCE_DIR}/cmake/qrtVistrelClasses4.pc.in ${PROJECT_BINARY_DIR}/qrtVistrelClasses4.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/qrtVistrelClasses4.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+    COMPONENT development)
+
 if(TARGET vistrel)
     # The program looks for the fonts in "share/vistrel" beside its own folder (platform/posix/PosixFolders.h).
     install(TARGETS vistrel RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT vistrel)

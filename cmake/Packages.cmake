@@ -40,7 +40,7 @@ The library opens, edits, saves, exports and draws playfiles: the lists of
 frames that an LED message sign shows one after another.
 
 This package has what C++ programs are built with: headers, the static
-library, and the package that find_package of CMake looks for.")
+library, and the packages that CMake and pkg-config look for.")
 
 set(CPACK_DEBIAN_VISTREL_PACKAGE_NAME vistrel)
 set(CPACK_DEBIAN_VISTREL_PACKAGE_SECTION utils)

@@ -13,6 +13,7 @@ set_target_properties(qrtVistrelClasses4_shared PROPERTIES
 target_compile_features(qrtVistrelClasses4_shared INTERFACE cxx_std_20)
 target_include_directories(qrtVistrelClasses4_shared INTERFACE
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
+    $<BUILD_INTERFACE:${PROJECT_BINARY_DIR}/generated/include>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
 target_link_libraries(qrtVistrelClasses4_shared PRIVATE ${CMAKE_DL_LIBS})
 target_link_options(qrtVistrelClasses4_shared PRIVATE -Wl,--version-script=${symbols})

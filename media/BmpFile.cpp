@@ -18,6 +18,11 @@ static_assert(kMasks + kMasksSize == kBmpStart);
 constexpr std::uint32_t kUncompressed = 0;
 constexpr std::uint32_t kBitFields = 3; ///< As numbers with a mask for each colour.
 
+constexpr std::size_t kWrittenBytes = 3; ///< Of a pixel in files that are written: blue, green, red.
+
+/// Bytes of a row, which ends at a multiple of four.
+std::size_t rowSizeOf(std::size_t width, unsigned bits) { return (width * bits + 31) / 32 * 4; }
+
 /// The bits of a pixel that hold each colour.
 struct Masks {
     std::uint32_t red, green, blue;
@@ -58,8 +63,7 @@ struct Header {
                ((compression == kUncompressed && isPlain) || (compression == kBitFields && mayHaveMasks));
     }
     std::int32_t rows() const { return static_cast<std::int32_t>(height < 0 ? -height : height); }
-    /// Bytes of a row, which ends at a multiple of four.
-    std::size_t rowSize() const { return (static_cast<std::size_t>(width) * bits + 31) / 32 * 4; }
+    std::size_t rowSize() const { return rowSizeOf(static_cast<std::size_t>(width), bits); }
 };
 
 std::optional<Header> parseHeader(std::string_view bytes, std::uint64_t fileSize) {
@@ -89,6 +93,12 @@ std::optional<Header> parseHeader(std::string_view bytes, std::uint64_t fileSize
     header.colors = std::min(
         {header.colors == 0 ? most : header.colors, most, static_cast<std::size_t>(fileSize - palette) / 4});
     return header;
+}
+
+/// Appends the lowest `count` bytes of a number.
+void put(std::string& bytes, std::size_t number, int count) {
+    for (; count-- > 0; number >>= 8)
+        bytes += static_cast<char>(number & 0xff);
 }
 
 /// The colour of a pixel that is a number in the palette. Black for a number beyond its end.
@@ -141,6 +151,40 @@ std::optional<Raster> ParseBmp(std::string_view bytes) {
         }
     }
     return picture;
+}
+
+std::string BmpHeader(DotSize size) {
+    const auto width = static_cast<std::size_t>(size.width);
+    const auto height = static_cast<std::size_t>(size.height);
+    constexpr std::size_t start = kFileHeaderSize + kSmallestHeader;
+    constexpr unsigned bits = kWrittenBytes * 8;
+    const std::size_t rows = height * rowSizeOf(width, bits);
+    std::string bytes = "BM";
+    put(bytes, start + rows, 4);
+    put(bytes, 0, 4);
+    put(bytes, start, 4);
+    put(bytes, kSmallestHeader, 4);
+    put(bytes, width, 4);
+    put(bytes, height, 4);
+    put(bytes, 1, 2); // plane
+    put(bytes, bits, 2);
+    put(bytes, kUncompressed, 4);
+    put(bytes, rows, 4);
+    bytes.resize(start); // no resolution, and no palette
+    return bytes;
+}
+
+std::string BmpRows(const Raster& piece) {
+    const std::size_t size = rowSizeOf(static_cast<std::size_t>(piece.width()), kWrittenBytes * 8);
+    std::string bytes(static_cast<std::size_t>(piece.height()) * size, '\0');
+    auto row = bytes.begin();
+    for (std::int32_t y = piece.height(); y-- > 0; row += static_cast<std::ptrdiff_t>(size)) {
+        auto byte = row;
+        for (const Color pixel : piece.row(y))
+            for (const std::uint8_t part : {BlueOf(pixel), GreenOf(pixel), RedOf(pixel)})
+                *byte++ = static_cast<char>(part);
+    }
+    return bytes;
 }
 
 } // namespace qrtVistrelClasses4

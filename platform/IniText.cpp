@@ -213,7 +213,7 @@ IniEditor::IniEditor(std::span<const IniChange> changes) {
 void IniEditor::Group::makeIndex() {
     byKey.resize(changes.size());
     std::iota(byKey.begin(), byKey.end(), std::size_t{0});
-    std::ranges::stable_sort(byKey, {}, [&](std::size_t place) { return changes[place].key; });
+    std::ranges::sort(byKey, {}, [&](std::size_t place) { return std::pair(changes[place].key, place); });
     // Changes to one key are neighbours now; the first gets the value of the last.
     std::size_t kept = 0;
     for (const std::size_t place : byKey) {

@@ -38,6 +38,19 @@ FrameInfoClass::~FrameInfoClass() {
     traced(FrameSub("Class_Terminate"), [] {});
 }
 
+FrameInfoClass& FrameInfoClass::operator=(FrameInfoClass&& other) noexcept {
+    playfile_ = std::move(other.playfile_);
+    firstFrameToCheck_ = other.firstFrameToCheck_;
+    currentFrameNumber_ = other.currentFrameNumber_;
+    currentLineNumber_ = other.currentLineNumber_;
+    displayWidth_ = other.displayWidth_;
+    displayHeight_ = other.displayHeight_;
+    totalFramesAllowed_ = other.totalFramesAllowed_;
+    playFileHasChanged_ = other.playFileHasChanged_;
+    suppressMessages_ = other.suppressMessages_;
+    return *this;
+}
+
 void FrameInfoClass::Adopt(Playfile playfile) {
     playfile_ = std::move(playfile);
     checkLinesFrom(1);

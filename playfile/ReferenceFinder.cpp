@@ -42,4 +42,10 @@ std::optional<std::string> ReferenceFinder::lookBesidePlayfile(const std::string
     return NameForPlayfile(files.fullName(beside));
 }
 
+void FindPictures(OneBasedArray<FrameRecord>& frames, const std::string& playfile) {
+    ReferenceFinder finder(playfile);
+    for (FrameRecord& frame : frames)
+        finder.find(frame.PicturefileName);
+}
+
 } // namespace qrtVistrelClasses4

@@ -3,6 +3,7 @@
 
 #include "platform/FileNames.h"
 #include "playfile/MediaFiles.h"
+#include <qrtVistrelClasses4/FrameRecord.h>
 
 #include <optional>
 #include <string>
@@ -31,5 +32,8 @@ private:
     FoundFiles existing_;
     std::unordered_map<std::string, std::optional<std::string>> beside_; ///< By file name.
 };
+
+/// Gives pictures of `frames` that are found beside `playfile` their full paths, as previews need them.
+void FindPictures(OneBasedArray<FrameRecord>& frames, const std::string& playfile);
 
 } // namespace qrtVistrelClasses4

@@ -92,6 +92,12 @@ bool HasText(const FrameRecord& frame) {
     return type == NEW_FRAME_TYPES::FRAME_TEXT || type == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT;
 }
 
+std::int32_t LowestFrameBelow(const OneBasedArray<FrameRecord>& frames, std::int32_t number) {
+    while (IsOverlay(frames.at(number)) && number > 1)
+        --number;
+    return number;
+}
+
 /// Draws one frame at a time.
 class FramePainter::Drawing {
 public:
@@ -251,11 +257,8 @@ DotSize FramePainter::sizeFor(const OneBasedArray<FrameRecord>& frames) {
 
 void FramePainter::draw(const OneBasedArray<FrameRecord>& frames, std::int32_t first, std::int32_t last,
                         DotSize size, const OnFrame& onFrame) {
-    std::int32_t number = first;
-    while (number > 1 && IsOverlay(frames.at(number)))
-        --number;
     PixelBuffer dots(size.width, size.height);
-    for (; number <= last; ++number) {
+    for (std::int32_t number = LowestFrameBelow(frames, first); number <= last; ++number) {
         drawing_->draw(number, frames.at(number), dots);
         if (number >= first)
             onFrame(number, dots);

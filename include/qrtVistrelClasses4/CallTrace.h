@@ -21,16 +21,16 @@ struct TraceLine {
 
 /// `TraceEnter` puts a procedure of the host on the trace, and `TraceLeave` takes it off again. While tracing
 /// is off, `TraceEnter` does nothing.
-void TraceEnter(std::string_view module, std::string_view procedure, std::string_view arguments);
-void TraceLeave(std::string_view module, std::string_view procedure, std::string_view arguments);
+QRT_PUBLIC void TraceEnter(std::string_view module, std::string_view procedure, std::string_view arguments);
+QRT_PUBLIC void TraceLeave(std::string_view module, std::string_view procedure, std::string_view arguments);
 
 /// Whether tracing is on for this thread. It is on when a thread starts.
-bool TraceIsOn();
-void SwitchTrace(bool on);
+QRT_PUBLIC bool TraceIsOn();
+QRT_PUBLIC void SwitchTrace(bool on);
 
 /// The procedures of this thread that were entered and not yet left, outermost first, with their arguments at
 /// entry.
-std::vector<TraceLine> RunningProcedures();
+QRT_PUBLIC std::vector<TraceLine> RunningProcedures();
 
 /// Receives every procedure of a thread with its argument text at entry and at exit. A procedure that fails
 /// has no exit. A recorder must not change objects whose procedures are running; what it throws is ignored.

@@ -64,7 +64,7 @@ private:
 };
 
 /// The commands that every table starts with.
-CommandTable BuiltInCommands();
-std::int32_t BuiltInCommandCount();
+QRT_PUBLIC CommandTable BuiltInCommands();
+QRT_PUBLIC std::int32_t BuiltInCommandCount();
 
 } // namespace qrtVistrelClasses4

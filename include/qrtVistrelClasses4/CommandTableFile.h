@@ -40,13 +40,13 @@ struct [[nodiscard]] SavedCommandTable {
 
 /// Full name of the table that was saved last; by default "db/VistrelLite.dat" in the library's folder, or if
 /// that is missing, the one beside the program.
-std::string CommandTablePath();
+QRT_PUBLIC std::string CommandTablePath();
 
 /// Loads the file `path`.
-CommandTableOutcome LoadCommandTable(const std::string& path);
+QRT_PUBLIC CommandTableOutcome LoadCommandTable(const std::string& path);
 
 /// Replaces the existing file. If there is none, or only the one beside the program, saves under the default
 /// name in the library's folder.
-SavedCommandTable SaveCommandTable(const CommandTable& table, const CommandTableSource& source);
+QRT_PUBLIC SavedCommandTable SaveCommandTable(const CommandTable& table, const CommandTableSource& source);
 
 } // namespace qrtVistrelClasses4

@@ -12,7 +12,7 @@ namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// The name as it is stored: with "#" before it if it reads as a plain number, so that no name is taken for
 /// the number of a sign. "12.50" and " 12" are not plain numbers.
-std::string EscapeNumericName(const std::string& name);
+QRT_PUBLIC std::string EscapeNumericName(const std::string& name);
 
 /// Sign types with the same name.
 struct SignTypes {
@@ -22,10 +22,10 @@ struct SignTypes {
 };
 
 /// All types with a name, in the order of their numbers. One family may have several entries.
-std::span<const SignTypes> NamedSignTypes();
+QRT_PUBLIC std::span<const SignTypes> NamedSignTypes();
 
 /// Name of a sign type; "Generic" for a number without a name.
-std::string_view SignTypeName(std::int32_t signType);
+QRT_PUBLIC std::string_view SignTypeName(std::int32_t signType);
 
 /// True for the types of the "ZR-7" family.
 constexpr bool IsZr7(std::int32_t signType) { return signType >= 160 && signType <= 169; }

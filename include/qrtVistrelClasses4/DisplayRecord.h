@@ -80,12 +80,12 @@ struct DisplayRecord {
 // changed it.
 
 /// Returns 9 for a `LightSensorMaximum` of 0, and any other value unchanged.
-std::int16_t UsualMaximumIfUnset(const std::int16_t& maximum);
+QRT_PUBLIC std::int16_t UsualMaximumIfUnset(const std::int16_t& maximum);
 /// Replaces an unset maximum by the usual one, then raises it to the minimum.
-bool MendLightSensorMaximum(DisplayRecord& sign);
+QRT_PUBLIC bool MendLightSensorMaximum(DisplayRecord& sign);
 /// Replaces the unset port of a sign in the network by the usual one. In a file, the connection method comes
 /// after the port.
-bool MendNetworkPort(DisplayRecord& sign);
+QRT_PUBLIC bool MendNetworkPort(DisplayRecord& sign);
 /// Replaces 0, which old files hold for an unset value, by the usual value.
 template <auto member, std::int16_t usual>
 bool MendZero(DisplayRecord& sign) {

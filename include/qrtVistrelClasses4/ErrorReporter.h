@@ -31,7 +31,7 @@ public:
 
 /// The reporter in use while no other is installed: it writes a log file and informs the operator, in
 /// the way that the application's settings say.
-ErrorReporter& defaultErrorReporter();
+QRT_PUBLIC ErrorReporter& defaultErrorReporter();
 
 /// Installs a reporter for the whole process.
 using ScopedErrorReporter = ScopedInstallation<ErrorReporter>;

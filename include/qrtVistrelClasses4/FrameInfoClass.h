@@ -30,6 +30,9 @@ public:
     ~FrameInfoClass();
     FrameInfoClass(const FrameInfoClass&) = delete;
     FrameInfoClass& operator=(const FrameInfoClass&) = delete;
+    /// Takes over the playfile, the cursors and everything else that is set in `other`, which has no frames
+    /// afterwards.
+    FrameInfoClass& operator=(FrameInfoClass&& other) noexcept;
 
     static constexpr std::string_view ClassName() { return "FrameInfoClass"; }
 
@@ -87,10 +90,14 @@ public:
 
     std::string FrameName() const { return read<&FrameRecord::FrameName>(); }
     void FrameName(const std::string& vData) { write<&FrameRecord::FrameName>(vData); }
-    /// A number of `NEW_FRAME_TYPES` under this type's name; see `FrameTypes.h`. A number beyond 16 bits is
+    /// The kind of the frame, by the numbers of `NEW_FRAME_TYPES` although the type is another one: a value
+    /// reads as the name of `FRAME_TYPES` that has its number; see `FrameTypes.h`. A number beyond 16 bits is
     /// error 6.
     FRAME_TYPES FrameType() const { return read<&FrameRecord::FrameType>(); }
     void FrameType(FRAME_TYPES vData) { write<&FrameRecord::FrameType>(vData); }
+    /// The same property under the type that its numbers have.
+    NEW_FRAME_TYPES NewFrameType() const { return MeaningOf(FrameType()); }
+    void FrameType(NEW_FRAME_TYPES vData) { FrameType(StoredFrameType(vData)); }
     /// Appear effect. 9999 (PhotoRealistic) is set for both effects or for neither.
     std::int16_t PrefixCode() const { return read<&FrameRecord::PrefixCode>(); }
     void PrefixCode(std::int16_t vData) { write<&FrameRecord::PrefixCode>(vData); }

@@ -71,12 +71,12 @@ struct FrameRecord {
 
 /// Empties the name, files, kind, delay and effects of a frame and leaves it one empty line. Other values
 /// stay.
-void EmptyFrame(FrameRecord& frame);
+QRT_PUBLIC void EmptyFrame(FrameRecord& frame);
 
 /// What the stored number of a frame's type means. Numbers without a name are kinds of their own.
-NEW_FRAME_TYPES KindOf(const FrameRecord& frame);
+QRT_PUBLIC NEW_FRAME_TYPES KindOf(const FrameRecord& frame);
 /// Whether the frame is drawn over the one before it.
-bool IsOverlay(const FrameRecord& frame);
+QRT_PUBLIC bool IsOverlay(const FrameRecord& frame);
 
 // How a property reaches its member. `get` returns what the property reads, `set` takes what it is given;
 // both throw a `RuntimeError` when the value does not fit, and the record then stays as it was. `check`,

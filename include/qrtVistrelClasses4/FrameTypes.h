@@ -17,7 +17,7 @@ enum class FRAME_TYPES : std::int32_t {
 };
 
 /// What stored numbers mean, here and in files. Text and graphic with text have each other's numbers, and
-/// callers pass these values through the `FRAME_TYPES` property; see `StoredFrameType`.
+/// scripts pass these values through the `FRAME_TYPES` property.
 enum class NEW_FRAME_TYPES : std::int32_t {
     FRAME_BLANK = 0,
     FRAME_GRAPHIC = 1,

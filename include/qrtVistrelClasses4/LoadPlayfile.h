@@ -83,22 +83,22 @@ struct [[nodiscard]] LoadOutcome {
 /// Reads a playfile; a name ending in "PL2", in any case, is one of the older format. `playfile` has the
 /// frames that were read whole. References to picture and command files that are missing are replaced by
 /// files of that name beside the playfile.
-LoadOutcome LoadPlayfile(const std::string& path, const LoadCircumstances& circumstances = {});
+QRT_PUBLIC LoadOutcome LoadPlayfile(const std::string& path, const LoadCircumstances& circumstances = {});
 
 /// Reads a playfile from its bytes, for example those of a pipe. It is one of the older format if it starts
 /// with the mark of that format. `name` becomes its name; missing files are looked for in the folder of that.
-LoadOutcome LoadPlayfileBytes(std::string_view bytes, const std::string& name,
-                              const LoadCircumstances& circumstances = {});
+QRT_PUBLIC LoadOutcome LoadPlayfileBytes(std::string_view bytes, const std::string& name,
+                                         const LoadCircumstances& circumstances = {});
 
 /// Reads a playfile over `existing`. What is not read stays as it was: members that files do not hold, and
 /// all frames if not even their number can be read. If the file is cut short or damaged later, there are as
 /// many frames as it announces; those after `framesRead` stay, but the first of them may already hold values
 /// of the file, corrected like all others.
-LoadOutcome LoadPlayfileOver(Playfile existing, const std::string& path,
-                             const LoadCircumstances& circumstances = {});
+QRT_PUBLIC LoadOutcome LoadPlayfileOver(Playfile existing, const std::string& path,
+                                        const LoadCircumstances& circumstances = {});
 
 /// The path by which this machine opens the file that a reference names. References are Windows-1252; disks
 /// of POSIX systems mostly have names in UTF-8. Returns the reference itself if the file is in neither place.
-std::string PathOfReference(const std::string& reference);
+QRT_PUBLIC std::string PathOfReference(const std::string& reference);
 
 } // namespace qrtVistrelClasses4

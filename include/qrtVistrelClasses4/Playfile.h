@@ -18,17 +18,17 @@ struct Playfile {
 };
 
 /// Number of frames that are not blank.
-std::int32_t CountUsedFrames(const Playfile& playfile);
+QRT_PUBLIC std::int32_t CountUsedFrames(const Playfile& playfile);
 /// Number of frames of a kind.
-std::int32_t CountFrames(const Playfile& playfile, NEW_FRAME_TYPES kind);
+QRT_PUBLIC std::int32_t CountFrames(const Playfile& playfile, NEW_FRAME_TYPES kind);
 
 /// The total delay of all frames but blank ones, in seconds. The sum is rounded after each frame, halves to
 /// the even number, so that delays of 0.5 never add up. A sum beyond 32 bits is error 6.
-std::int32_t TotalDelaySeconds(const Playfile& playfile);
+QRT_PUBLIC std::int32_t TotalDelaySeconds(const Playfile& playfile);
 
 /// Whether a frame before frame `number` shows the same picture in the same way, or sends the same command
 /// file, so that the sign needs no second copy of the file. Names are compared exactly. False for a number
 /// outside the frames.
-bool HasPreviousClone(const Playfile& playfile, std::int32_t number);
+QRT_PUBLIC bool HasPreviousClone(const Playfile& playfile, std::int32_t number);
 
 } // namespace qrtVistrelClasses4

@@ -25,22 +25,22 @@ struct PreferenceFolders {
 };
 
 /// The folders of this machine and user. They may not exist.
-PreferenceFolders FindPreferenceFolders();
+QRT_PUBLIC PreferenceFolders FindPreferenceFolders();
 /// Makes the folder for playfiles if it is missing. Returns the error if that fails.
-[[nodiscard]] std::optional<RuntimeError> MakePlayfileFolder(const PreferenceFolders& folders);
+QRT_PUBLIC [[nodiscard]] std::optional<RuntimeError> MakePlayfileFolder(const PreferenceFolders& folders);
 /// Full name of "VistrelLite.ini" in the application data folder; nothing after an error that was trapped. If
 /// that folder is the library's own and has no such file, the functions below read the one beside the
 /// program, and the first change copies it.
-std::optional<std::string> PreferencesPath();
+QRT_PUBLIC std::optional<std::string> PreferencesPath();
 
 /// The preferences that apply if the file has none.
-Preferences DefaultPreferences(const PreferenceFolders& folders);
+QRT_PUBLIC Preferences DefaultPreferences(const PreferenceFolders& folders);
 
 /// The text of a preference in the file.
-std::string PreferenceText(const std::string& value);
-std::string PreferenceText(bool value);
-std::string PreferenceText(double value);
-std::string PreferenceText(std::int16_t value);
+QRT_PUBLIC std::string PreferenceText(const std::string& value);
+QRT_PUBLIC std::string PreferenceText(bool value);
+QRT_PUBLIC std::string PreferenceText(double value);
+QRT_PUBLIC std::string PreferenceText(std::int16_t value);
 
 /// A value in the file that does not convert.
 struct PreferenceError {
@@ -64,18 +64,19 @@ struct [[nodiscard]] PreferencesOutcome {
     std::optional<RuntimeError> error() const;
 };
 
-PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances);
+QRT_PUBLIC PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances);
 /// The same for the file and the folders of this machine. Makes the folder for playfiles if it can.
-PreferencesOutcome LoadPreferences();
+QRT_PUBLIC PreferencesOutcome LoadPreferences();
 /// Reads only `BMPCrop` and `AVICrop`, from the same file, and makes no folder. All other values are empty.
-PreferencesOutcome LoadCropPreferences();
+QRT_PUBLIC PreferencesOutcome LoadCropPreferences();
 
 /// Writes all preferences in one step and keeps everything else in the file. Returns the error if that fails.
-[[nodiscard]] std::optional<RuntimeError> SavePreferences(const Preferences& preferences,
-                                                          const std::string& path);
+QRT_PUBLIC [[nodiscard]] std::optional<RuntimeError> SavePreferences(const Preferences& preferences,
+                                                                     const std::string& path);
 
 /// The value of `key` in the file as it is now, cut to 254 characters; `defaultText` if it is missing.
-std::string ReadPreference(const std::string& path, const std::string& key, const std::string& defaultText);
+QRT_PUBLIC std::string ReadPreference(const std::string& path, const std::string& key,
+                                      const std::string& defaultText);
 
 struct [[nodiscard]] WrittenPreference {
     std::optional<RuntimeError> error; ///< If there is one, the file is unchanged.
@@ -85,9 +86,11 @@ struct [[nodiscard]] WrittenPreference {
 };
 
 /// Writes one key, and makes file and section if they are missing.
-WrittenPreference WritePreference(const std::string& path, const std::string& key, const std::string& text);
+QRT_PUBLIC WrittenPreference WritePreference(const std::string& path, const std::string& key,
+                                             const std::string& text);
 
 /// Removes one key, so that its default counts. Returns the error if that fails; the file is then unchanged.
-[[nodiscard]] std::optional<RuntimeError> RemovePreference(const std::string& path, const std::string& key);
+QRT_PUBLIC [[nodiscard]] std::optional<RuntimeError> RemovePreference(const std::string& path,
+                                                                      const std::string& key);
 
 } // namespace qrtVistrelClasses4

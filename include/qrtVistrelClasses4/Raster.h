@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <utility>
 #include <vector>
 
 namespace QRT_PUBLIC qrtVistrelClasses4 {
@@ -25,6 +26,18 @@ class Raster {
 public:
     /// All pixels start in `color`. A width or height below 0 counts as 0.
     Raster(std::int32_t width, std::int32_t height, Color color = 0);
+    Raster(const Raster&) = default;
+    Raster& operator=(const Raster&) = default;
+    /// `other` is left without pixels.
+    Raster(Raster&& other) noexcept
+        : width_(std::exchange(other.width_, 0)), height_(std::exchange(other.height_, 0)),
+          pixels_(std::exchange(other.pixels_, {})) {}
+    Raster& operator=(Raster&& other) noexcept {
+        width_ = std::exchange(other.width_, 0);
+        height_ = std::exchange(other.height_, 0);
+        pixels_ = std::exchange(other.pixels_, {});
+        return *this;
+    }
 
     std::int32_t width() const { return width_; }
     std::int32_t height() const { return height_; }

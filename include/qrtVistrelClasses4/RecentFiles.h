@@ -44,17 +44,17 @@ struct [[nodiscard]] RecentFilesOutcome {
 
 /// Full name of the list that was saved last. If none was, it is the one that `SaveRecentFiles` writes, or
 /// one that lies beside the program. Nothing after an error that was trapped.
-std::optional<std::string> RecentFilesPath();
+QRT_PUBLIC std::optional<std::string> RecentFilesPath();
 
 /// Reads the file `path` as far as it can be read, and writes nothing. A damaged file may not be replaced
 /// then.
-RecentFilesOutcome ReadRecentFiles(const std::string& path);
+QRT_PUBLIC RecentFilesOutcome ReadRecentFiles(const std::string& path);
 /// Loads the file `path`. A damaged file is also copied to `path` + ".bak", ".bak2" and so on, unless it lies
 /// beside the program, where nothing is written.
-RecentFilesOutcome LoadRecentFiles(const std::string& path);
+QRT_PUBLIC RecentFilesOutcome LoadRecentFiles(const std::string& path);
 
 /// Saves the list as "VistrelLite.MRU" in the library's folder, and remembers that name for loading. Returns
 /// the error if that fails; the file is then unchanged.
-[[nodiscard]] std::optional<RuntimeError> SaveRecentFiles(const RecentFiles& files);
+QRT_PUBLIC [[nodiscard]] std::optional<RuntimeError> SaveRecentFiles(const RecentFiles& files);
 
 } // namespace qrtVistrelClasses4

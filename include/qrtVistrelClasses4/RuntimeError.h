@@ -31,7 +31,7 @@ enum class ErrorNumber : int {
 };
 
 /// The usual description of `number`.
-std::string_view Describe(ErrorNumber number);
+QRT_PUBLIC std::string_view Describe(ErrorNumber number);
 
 class RuntimeError : public std::exception {
 public:
@@ -54,7 +54,7 @@ private:
 };
 
 /// Throws that error. A call of this function keeps small functions small enough to be inlined.
-[[noreturn]] void Raise(ErrorNumber number);
+QRT_PUBLIC [[noreturn]] void Raise(ErrorNumber number);
 
 /// Why a file was not read to its end.
 struct FileError {

@@ -44,11 +44,11 @@ struct [[nodiscard]] SaveOutcome {
 /// is error 6, since a file with it could not be loaded; then nothing is copied either. The host may change
 /// `playfile` while a question is asked or a failed copy is reported. The frames are looked up again
 /// afterwards, as many as there were at first, and a frame that has gone is error 9.
-SaveOutcome SavePlayfile(const Playfile& playfile, const std::string& path,
-                         const SaveCircumstances& circumstances = {});
+QRT_PUBLIC SaveOutcome SavePlayfile(const Playfile& playfile, const std::string& path,
+                                    const SaveCircumstances& circumstances = {});
 
 /// Makes references lead to the copies of a save, if the references are still there.
-void ReferToCopies(Playfile& playfile, const std::vector<ChangedReference>& copies);
+QRT_PUBLIC void ReferToCopies(Playfile& playfile, const std::vector<ChangedReference>& copies);
 
 /// What is added to a playfile's name for its export.
 inline constexpr const char* kXmlEnding = ".xml";
@@ -59,7 +59,7 @@ enum class XmlForm { elements, document };
 
 /// Writes all frames and lines to the file `path`. Returns the error if that fails; the existing file is then
 /// unchanged.
-[[nodiscard]] std::optional<RuntimeError> ExportXml(const Playfile& playfile, const std::string& path,
-                                                    XmlForm form = XmlForm::elements);
+QRT_PUBLIC [[nodiscard]] std::optional<RuntimeError>
+ExportXml(const Playfile& playfile, const std::string& path, XmlForm form = XmlForm::elements);
 
 } // namespace qrtVistrelClasses4

@@ -50,9 +50,9 @@ private:
 };
 
 /// "Direct Connect", "Network Connect" or "Modem Connect"; nothing for an unknown method.
-std::optional<std::string_view> ConnectionMethodName(std::int16_t connectionMethod);
+QRT_PUBLIC std::optional<std::string_view> ConnectionMethodName(std::int16_t connectionMethod);
 /// How a sign is reached: "COM1:9600", "10.0.0.5:3001"; nothing for an unknown method.
-std::optional<std::string> ConnectionOf(const DisplayRecord& sign);
+QRT_PUBLIC std::optional<std::string> ConnectionOf(const DisplayRecord& sign);
 
 /// What came of reading a file over a list.
 struct [[nodiscard]] SignListReading {
@@ -70,11 +70,11 @@ struct [[nodiscard]] SignListOutcome : SignListReading {
 };
 
 /// Loads the list in the file `path`. A file without a sign gives an empty list.
-SignListOutcome LoadSignList(const std::string& path);
+QRT_PUBLIC SignListOutcome LoadSignList(const std::string& path);
 /// Reads the file `path` over `list`. A file that cannot be opened, or has no sign, leaves the list as it is.
 /// After an error, the last sign has the values read so far. Its other values are blank, or in sign 1 those
 /// that it had before.
-SignListReading ReadSignList(const std::string& path, SignList& list);
+QRT_PUBLIC SignListReading ReadSignList(const std::string& path, SignList& list);
 
 /// A file that a save has left incomplete.
 struct HalfWrittenList {
@@ -108,15 +108,15 @@ struct [[nodiscard]] SignListSaving {
 /// gets a further copy instead, ".bak2" and so on, which no later save replaces. If a whole list cannot be
 /// copied for lack of rights or space, the list is saved all the same; any other failure to copy stops the
 /// save. `halfWritten` comes from the last save: a file that it left incomplete is not copied.
-SignListSaving SaveSignList(const SignList& list, const std::string& path,
-                            const std::optional<HalfWrittenList>& halfWritten = std::nullopt);
+QRT_PUBLIC SignListSaving SaveSignList(const SignList& list, const std::string& path,
+                                       const std::optional<HalfWrittenList>& halfWritten = std::nullopt);
 
 /// Full name of the file that a list is saved in under `fileName`: it is in the library's folder.
-std::string SavedSignListPath(const std::string& fileName);
+QRT_PUBLIC std::string SavedSignListPath(const std::string& fileName);
 /// Makes `path` the file that is read from now on.
-void RememberSignListPath(const std::string& path);
+QRT_PUBLIC void RememberSignListPath(const std::string& path);
 /// Full name of the file that is read: the one remembered, or else the one saved as `fileName`; if that is
 /// missing, the one beside the program. Nothing if the setting cannot be read; the error has been reported.
-std::optional<std::string> RememberedSignListPath(const std::string& fileName);
+QRT_PUBLIC std::optional<std::string> RememberedSignListPath(const std::string& fileName);
 
 } // namespace qrtVistrelClasses4

@@ -27,10 +27,10 @@ struct SignLook {
 };
 
 /// Names of the colours that a sign's LEDs may have.
-std::vector<std::string_view> LedColorNames();
+QRT_PUBLIC std::vector<std::string_view> LedColorNames();
 
 /// The look of a sign. A colour whose name is unknown is amber. A sign without a width or a height has no
 /// size.
-SignLook SignLookOf(const DisplayRecord& sign);
+QRT_PUBLIC SignLook SignLookOf(const DisplayRecord& sign);
 
 } // namespace qrtVistrelClasses4

@@ -68,6 +68,52 @@ TEST_F(Client, SeesOneObjectThroughAllInterfaces) {
     EXPECT_EQ(playfile_->GetTypeInfo(1, LOCALE_NEUTRAL, &type), DISP_E_BADINDEX);
 }
 
+TEST_F(Client, FindsASentenceAboutEveryTypeAndMember) {
+    ComPtr<ITypeLib> library;
+    ASSERT_EQ(LoadRegTypeLib(LIBID_qrtVistrelClasses4, 4, 0, LOCALE_NEUTRAL, &library), S_OK);
+    std::size_t sentences = 0;
+    for (UINT index = 0; index < library->GetTypeInfoCount(); ++index) {
+        ComPtr<ITypeInfo> type;
+        TYPEATTR* attributes = nullptr;
+        ASSERT_EQ(library->GetTypeInfo(index, &type), S_OK);
+        ASSERT_EQ(type->GetTypeAttr(&attributes), S_OK);
+        std::vector<MEMBERID> members{MEMBERID_NIL};
+        for (UINT number = 0; number < attributes->cFuncs; ++number) {
+            FUNCDESC* function = nullptr;
+            ASSERT_EQ(type->GetFuncDesc(number, &function), S_OK);
+            if (function->oVft >= static_cast<SHORT>(7 * sizeof(void*))) // after those of IDispatch
+                members.push_back(function->memid);
+            type->ReleaseFuncDesc(function);
+        }
+        type->ReleaseTypeAttr(attributes);
+        for (const MEMBERID member : members) {
+            const std::wstring help = textOf(
+                [&](BSTR* text) { return type->GetDocumentation(member, nullptr, text, nullptr, nullptr); });
+            EXPECT_TRUE(help.ends_with(L'.')) << index << ' ' << member;
+            ++sentences;
+        }
+    }
+    EXPECT_GT(sentences, 200U);
+}
+
+TEST_F(Client, SavesPicturesThatTheSystemReads) {
+    playfile_->put_DisplayWidth(3);
+    playfile_->put_DisplayHeight(1);
+    VARIANT_BOOL saved = VARIANT_FALSE;
+    EXPECT_EQ(playfile_->SavePictureOfFrame(20, bstr(L"frame.bmp").get(), 2, &saved), S_OK);
+    EXPECT_EQ(saved, VARIANT_TRUE);
+    const HANDLE picture =
+        LoadImageW(nullptr, L"frame.bmp", IMAGE_BITMAP, 0, 0, LR_LOADFROMFILE | LR_CREATEDIBSECTION);
+    DIBSECTION shown{};
+    ASSERT_NE(GetObjectW(picture, sizeof shown, &shown), 0);
+    EXPECT_EQ(std::pair(shown.dsBm.bmWidth, shown.dsBm.bmHeight), std::pair(10L, 6L));
+    const auto* const pixels = static_cast<const BYTE*>(shown.dsBm.bmBits);
+    EXPECT_EQ(pixels[0], 72) << "the blue of the rim";
+    EXPECT_EQ(pixels[2 * shown.dsBm.bmWidthBytes + 2 * 3], 38) << "and of a dark dot";
+    DeleteObject(picture);
+    DeleteFileW(L"frame.bmp");
+}
+
 TEST_F(Client, GetsResultCodesAndErrorInformation) {
     BSTR text = nullptr;
     ASSERT_EQ(playfile_->get_AudioFile(&text), static_cast<HRESULT>(0x800A0009));

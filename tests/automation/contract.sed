@@ -1,6 +1,8 @@
 # Turns the interface definition into what it promises to programs: names, identifiers, member numbers, arguments.
 # Run with -zE.
 s,//[^\n]*,,g
+# Help may change.
+s/,\s+(helpstring\("[^"]*"\)|"[^"]*")//g
 s/#define[^)]*\)([^\n]*\\\n)*[^\n]*//
 s/\n *(import|cpp_quote)[^\n]*//g
 s/\s+/ /g
@@ -18,7 +20,7 @@ s/\n\[default\] interface (\w+);/ \1/g
 s/PROPERTY\(([0-9]+), (\w+), (\w+)\);/    \1 get put \3 \2/g
 s/\[(prop(get|put), )?id\(([0-9]+)\)\] HRESULT ([^;]*);/    \3 \2 \4 HRESULT/g
 s/(\n    [0-9]+ ) /\1/g
-s/, defaultvalue\(0\)//g
+s/, defaultvalue\([0-9]+\)//g
 :flags
 s/(\[[a-z ]+), /\1 /
 t flags

@@ -137,6 +137,14 @@ TEST(Drawing, UsesATargetOfTheHostPixelByPixel) {
     EXPECT_EQ(target.takeCalls(), (Texts{"GetBitmapDC", "ReleaseBitmapDC"})) << "the host gets it back";
 }
 
+TEST(Drawing, NothingIsDrawnOnAPictureThatWasMovedAway) {
+    PixelBuffer pixels(6, 2);
+    const PixelBuffer moved = std::move(pixels);
+    pixels.fill(0, 0, 6, 2, kFontColor); // NOLINT(bugprone-use-after-move): what is tested
+    EXPECT_EQ(pixels.size(), DotSize{});
+    EXPECT_EQ(moved, PixelBuffer(6, 2));
+}
+
 TEST(Drawing, RefusesPlacesBeyondAllPixels) {
     const Font font = FontOf(6, {"#"});
     PixelBuffer pixels(6, 2);

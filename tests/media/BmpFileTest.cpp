@@ -57,6 +57,17 @@ TEST(BmpFile, IsReadInEveryUncompressedForm) {
     }
 }
 
+TEST(BmpFile, IsWrittenInPiecesAsItIsRead) {
+    for (std::int32_t width = 1; width <= 5; ++width) {
+        Raster lower(width, 1, Rgb(1, 2, 3)), whole(width, 3);
+        lower.row(0).back() = Rgb(255, 128, 0);
+        std::ranges::copy(lower.row(0), whole.row(2).begin());
+        const std::string file = BmpHeader(whole.size()) + BmpRows(lower) + BmpRows({width, 2});
+        EXPECT_EQ(ParseBmp(file), whole) << width;
+        EXPECT_EQ(file.substr(2, 4), BytesOf(static_cast<std::uint32_t>(file.size()), 4)) << width;
+    }
+}
+
 TEST(BmpFile, IsNoPictureInAnyOtherForm) {
     const std::string rows(24, '\0');
     const auto changed = [&](std::size_t at, const std::string& bytes) {

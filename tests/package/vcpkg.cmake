@@ -1,5 +1,5 @@
 # Runs the recipe for vcpkg, with functions that do what vcpkg's do: cmake -DWORK=FOLDER -P vcpkg.cmake
-cmake_minimum_required(VERSION 3.25)
+cmake_minimum_required(VERSION 3.22)
 set(CURRENT_PACKAGES_DIR ${WORK}/vcpkg)
 
 function(vcpkg_cmake_configure)

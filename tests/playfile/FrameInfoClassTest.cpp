@@ -107,9 +107,10 @@ TEST_F(FrameInfo, ReadsNothingFromAFrameWithoutLinesAndStoresNothingInIt) {
 TEST_F(FrameInfo, RefusesNumbersThatDoNotFit) {
     playfile_.DelayTime(std::numeric_limits<double>::infinity()); // before it looks for the frame
     playfile_.CurrentFrame(1);
-    playfile_.FrameType(StoredFrameType(NEW_FRAME_TYPES::FRAME_GRAPHICTEXT));
+    playfile_.FrameType(NEW_FRAME_TYPES::FRAME_GRAPHICTEXT);
     playfile_.FrameType(FRAME_TYPES{32768});
     EXPECT_EQ(playfile_.FrameType(), FRAME_TYPES::FRAME_TEXT) << "the two numberings disagree";
+    EXPECT_EQ(playfile_.NewFrameType(), NEW_FRAME_TYPES::FRAME_GRAPHICTEXT);
     playfile_.FixedNumberOfLines(32768);
     EXPECT_THAT([&] { playfile_.FixedNumberOfLines(); }, throwsError(6));
     playfile_.DelayTime(std::numeric_limits<double>::infinity());

@@ -1,10 +1,12 @@
 #include <qrtVistrelClasses4/FramePainter.h>
 
 #include "fonts/FontTesting.h"
+#include "media/BmpFile.h"
 #include "media/BmpTesting.h"
 #include "platform/Path.h"
 #include "preview/FontCache.h"
 #include <qrtVistrelClasses4/DisplayRecord.h>
+#include <qrtVistrelClasses4/FramePicture.h>
 #include <qrtVistrelClasses4/FrameSheet.h>
 #include <qrtVistrelClasses4/FrameTypes.h>
 #include <qrtVistrelClasses4/LedPainter.h>
@@ -238,6 +240,47 @@ TEST_F(Frames, NeedASignThatShowsAllThatDoesNotScroll) {
     };
     for (const auto& [why, shown, size] : cases)
         EXPECT_EQ(FramePainter({}).sizeFor(listOf<FrameRecord>({shown, text({})})), size) << why;
+}
+
+TEST_F(Frames, AreSavedAsPictures) {
+    const std::string path = host_.inLibrary("frame.bmp");
+    const FrameRecord over = frame(FRAME_TEXT, {line("1")}, "", true);
+    const FrameRecord shown = frame(FRAME_GRAPHIC, {}, "elsewhere/dots.bmp");
+    const Playfile playfile{listOf<FrameRecord>({text({line("?")}), shown, over}), picture_, false};
+    SignLook sign;
+    const auto save = [&](DotSize size, int scale, std::int32_t number = 3) {
+        sign.size = size;
+        return SavePictureOfFrame(playfile, number, sign, path, scale);
+    };
+    const auto saved = save({96, 40}, 12);
+    EXPECT_TRUE(saved.isWritten());
+    EXPECT_TRUE(saved.faults.empty()) << "the picture was found beside the playfile";
+    const auto file = [&] { return ParseBmp(files().read(path).value().text()); };
+    LedPainter leds(12);
+    const PixelBuffer dots = draw({frame(FRAME_GRAPHIC, {}, picture_), over}, {96, 40});
+    Raster wanted(static_cast<std::int32_t>(leds.sizeOf(96)), static_cast<std::int32_t>(leds.sizeOf(40)));
+    leds.draw(dots, wanted, 0, 0);
+    EXPECT_EQ(file(), wanted);
+
+    const std::tuple<const char*, DotSize, int, std::int32_t, int> refused[] = {
+        {"no such frame", {9, 9}, 1, 4, 9},
+        {"nor one before the first", {9, 9}, 1, 0, 9},
+        {"no pixels", {9, 9}, 0, 1, 5},
+        {"too many a dot", {9, 9}, 65, 1, 5},
+        {"too many in all", {INT16_MAX, INT16_MAX}, 1, 1, 5},
+    };
+    for (const auto& [why, size, scale, number, error] : refused)
+        EXPECT_EQ(save(size, scale, number).error.value().number(), error) << why;
+    files().observer = [](const FileOperation& operation) {
+        return operation.kind == FileOperation::write ? SystemError::diskFull : SystemError::none;
+    };
+    EXPECT_EQ(save({9, 9}, 1).error.value().number(), 61);
+    files().observer = {};
+    EXPECT_EQ(file(), wanted) << "what was there stays";
+
+    sign.size.reset();
+    EXPECT_TRUE(SavePictureOfFrame(playfile, 1, sign, path, 1).faults.at(0).frame == 1);
+    EXPECT_EQ(file()->size(), (DotSize{130, 66})) << "as large as the preferences say";
 }
 
 TEST_F(Frames, BecomeASheetOfLedsInStrips) {

@@ -1,5 +1,5 @@
-// Several threads at work at once, each with objects of its own. A build of this test alone runs under the
-// thread sanitizer: cmake --workflow --preset threads
+// Several threads at work at once, each with objects of its own. The preset `threads` builds this test alone,
+// with the thread sanitizer.
 #include "TempFolder.h"
 #include "commands/PreviewText.h"
 #include "fonts/classFontMaster.h"

@@ -2,6 +2,8 @@
 #include "tools/documents/Pages.h"
 #include "tools/documents/Roff.h"
 
+#include <qrtVistrelClasses4/Version.h>
+
 #include <algorithm>
 #include <cctype>
 
@@ -92,8 +94,8 @@ std::string ManPageOf(const CommandModel& command, const CommandModel& program, 
                       const HandWritten& general) {
     const bool isProgram = &command == &program;
     const std::string name = ManNameOf(command).substr(0, ManNameOf(command).rfind('.'));
-    std::string page =
-        ".TH " + RoffText(inCapitals(name)) + " 1 \"\" \"vistrel " VISTREL_VERSION "\" \"User Commands\"\n";
+    std::string page = ".TH " + RoffText(inCapitals(name)) + " 1 \"\" \"vistrel " + std::string(kVersion) +
+                       "\" \"User Commands\"\n";
     page += ".nh\n" + heading("Name") + RoffText(name) + " \\- " + RoffText(command.description) + "\n";
     page += heading("Synopsis") + synopsisOf(command, isProgram);
     page += heading("Description") + descriptionOf(command, written);

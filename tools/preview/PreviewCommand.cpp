@@ -16,6 +16,7 @@
 #include "tools/program/ValueKinds.h"
 #include "tools/signs/SignsFile.h"
 #include <qrtVistrelClasses4/FramePainter.h>
+#include <qrtVistrelClasses4/FramePicture.h>
 #include <qrtVistrelClasses4/FrameSheet.h>
 
 #include <algorithm>
@@ -27,11 +28,8 @@ namespace {
 
 constexpr int kMost16Bit = std::numeric_limits<std::int16_t>::max();
 
-constexpr int kLargestScale = 64;
-constexpr int kScaleOfFrame = 6;
 constexpr int kScaleOfSheet = 3;
 
-constexpr std::int64_t kMostPixels = 100'000'000;
 constexpr std::int64_t kMostDotsInText = 4'000'000;
 constexpr std::int64_t kLargestSide = 1'000'000; ///< Limit of the PNG library.
 
@@ -62,9 +60,7 @@ std::optional<SignLook> findSignLook(const std::string& typed, ErrorLines& error
 
 /// The frames, with full paths of their pictures. Loading an older playfile does not look for these.
 OneBasedArray<FrameRecord> framesOf(Playfile&& playfile) {
-    ReferenceFinder finder(playfile.fileName);
-    for (FrameRecord& frame : playfile.frames)
-        finder.find(frame.PicturefileName);
+    FindPictures(playfile.frames, playfile.fileName);
     return std::move(playfile.frames);
 }
 
@@ -123,14 +119,14 @@ private:
     int scaleOr(int usual) const { return options_.scale > 0 ? options_.scale : usual; }
 
     static bool fits(std::int64_t width, std::int64_t height) {
-        return width <= kLargestSide && height <= kLargestSide && width * height <= kMostPixels;
+        return width <= kLargestSide && height <= kLargestSide && width * height <= kMostPixelsInPicture;
     }
     /// False, after adding an error, if the picture would be too large.
     bool isDrawable(std::int64_t width, std::int64_t height) {
         if (fits(width, height))
             return true;
         session_.errors.add("a picture of " + std::to_string(width) + " x " + std::to_string(height) +
-                            " pixels is too large: at most " + std::to_string(kMostPixels) +
+                            " pixels is too large: at most " + std::to_string(kMostPixelsInPicture) +
                             " are drawn, and " + std::to_string(kLargestSide) + " along a side");
         return false;
     }
@@ -153,7 +149,7 @@ private:
     }
 
     ExitCode drawFrame(std::int32_t number) {
-        LedPainter leds(scaleOr(kScaleOfFrame));
+        LedPainter leds(scaleOr(kUsualPictureScale));
         const std::int64_t width = leds.sizeOf(size_.width);
         const std::int64_t height = leds.sizeOf(size_.height);
         if (!isDrawable(width, height))
@@ -295,7 +291,7 @@ void SetUpPreviewCommand(CLI::App& command, Session& session) {
     command
         .add_option("--scale", options->scale,
                     "Pixels from one dot to the next; else 6, in a sheet 3 or as many as it allows")
-        ->check(CLI::Range(1, kLargestScale))
+        ->check(CLI::Range(1, kLargestPictureScale))
         ->needs(out);
     AddMomentOption(command, options->at);
     AddAnswerOptions(command, options->answers);

@@ -4,6 +4,8 @@
 #include "tools/program/Commands.h"
 #include "tools/program/ValueKinds.h"
 
+#include <qrtVistrelClasses4/Version.h>
+
 namespace qrtVistrelClasses4 {
 namespace {
 
@@ -29,7 +31,7 @@ std::unique_ptr<CLI::App> MakeProgram(ProgramOptions& options) {
     program->require_subcommand(1);
     program->allow_windows_style_options(false); // "/signs/a" is a file on every system
     AddCommands(*program);
-    program->set_version_flag("--version", "vistrel " VISTREL_VERSION,
+    program->set_version_flag("--version", "vistrel " + std::string(kVersion),
                               "Prints the program's version and exits");
     program
         ->add_option(
