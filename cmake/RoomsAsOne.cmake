@@ -1,8 +1,9 @@
-# Makes a unity build of `target` compile the sources of each room as one. Its sources must be absolute paths.
-function(qrt_rooms_as_one target)
+# Makes a unity build of `target` compile the sources of each room as one. Rooms are the folders of `base`.
+function(qrt_rooms_as_one target base)
     get_target_property(sources ${target} SOURCES)
     foreach(source IN LISTS sources)
-        cmake_path(RELATIVE_PATH source BASE_DIRECTORY ${PROJECT_SOURCE_DIR} OUTPUT_VARIABLE room)
+        cmake_path(ABSOLUTE_PATH source BASE_DIRECTORY ${base} OUTPUT_VARIABLE room)
+        cmake_path(RELATIVE_PATH room BASE_DIRECTORY ${base})
         string(REGEX REPLACE "/.*" "" room ${room})
         set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${room})
     endforeach()

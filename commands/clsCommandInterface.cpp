@@ -21,18 +21,18 @@ constexpr Procedure propertyLet(std::string_view name) { return procedure(Proced
 } // namespace
 
 clsCommandInterface::clsCommandInterface() {
-    traced(sub("Class_Initialize"), [&] {
+    traced({lastError_, sub("Class_Initialize")}, [&] {
         table_.add({});
         LoadCommandTable();
     });
 }
 
 clsCommandInterface::~clsCommandInterface() {
-    traced(sub("Class_Terminate"), [&] { SaveCommandTable(); });
+    traced({lastError_, sub("Class_Terminate")}, [&] { SaveCommandTable(); });
 }
 
 void clsCommandInterface::LoadCommandTable() {
-    traced(sub("LoadCommandTable"), [&] {
+    traced({lastError_, sub("LoadCommandTable")}, [&] {
         quietly([&] {
             const std::string path = CommandTablePath();
             MakeFolderOfCommandTable(path);
@@ -48,11 +48,11 @@ void clsCommandInterface::LoadCommandTable() {
 }
 
 void clsCommandInterface::BuildBuiltInCommands() {
-    traced(sub("BuildBuiltInCommands"), [&] { table_ = BuiltInCommands(); });
+    traced({lastError_, sub("BuildBuiltInCommands")}, [&] { table_ = BuiltInCommands(); });
 }
 
 void clsCommandInterface::SaveCommandTable() {
-    traced(sub("SaveCommandTable"), [&] {
+    traced({lastError_, sub("SaveCommandTable")}, [&] {
         quietly([&] {
             const SavedCommandTable saved = qrtVistrelClasses4::SaveCommandTable(table_, source_);
             ReportKeptCopy(saved.keptAs);
@@ -68,18 +68,19 @@ void clsCommandInterface::FindCommandIndex(const std::string& sKey) {
 }
 
 std::int16_t clsCommandInterface::iTotalCommands() const {
-    return traced(propertyGet("iTotalCommands"), [&] { return NarrowToInt16(table_.count()); });
+    return tracedProperty({lastError_, propertyGet("iTotalCommands")},
+                          [&] { return NarrowToInt16(table_.count()); });
 }
 
 std::string clsCommandInterface::sCommandKeyByNum(std::int16_t iCommand) const {
     return tracedThrowing(
-        propertyGet("sCommandKeyByNum"), [&] { return iCommand < 1 ? std::string() : table_.key(iCommand); },
-        Arg{"iCommand", iCommand});
+        {lastError_, propertyGet("sCommandKeyByNum")},
+        [&] { return iCommand < 1 ? std::string() : table_.key(iCommand); }, Arg{"iCommand", iCommand});
 }
 
 std::string clsCommandInterface::sCommandBytesByKey(const std::string& sKey) const {
-    return traced(
-        propertyGet("sCommandBytesByKey"),
+    return tracedProperty(
+        {lastError_, propertyGet("sCommandBytesByKey")},
         [&] {
             FindCommandIndex(sKey);
             return table_.bytesOf(sKey);
@@ -94,23 +95,25 @@ void clsCommandInterface::sCommandBytesByKey(const std::string& sKey, const std:
         table_.set(sKey, vData);
     };
     traced(
-        propertyLet("sCommandBytesByKey"), [&] { quietly(set); }, Arg{"sKey", sKey}, Arg{"vData", vData});
+        {lastError_, propertyLet("sCommandBytesByKey")}, [&] { quietly(set); }, Arg{"sKey", sKey},
+        Arg{"vData", vData});
 }
 
 std::string clsCommandInterface::sCommandBytesByNum(std::int16_t iCommand) const {
     return tracedThrowing(
-        propertyGet("sCommandBytesByNum"), [&] { return sCommandBytesByKey(sCommandKeyByNum(iCommand)); },
-        Arg{"iCommand", iCommand});
+        {lastError_, propertyGet("sCommandBytesByNum")},
+        [&] { return sCommandBytesByKey(sCommandKeyByNum(iCommand)); }, Arg{"iCommand", iCommand});
 }
 
 void clsCommandInterface::sCommandBytesByNum(std::int16_t iCommand, const std::string& vData) {
     tracedThrowing(
-        propertyLet("sCommandBytesByNum"), [&] { sCommandBytesByKey(sCommandKeyByNum(iCommand), vData); },
-        Arg{"iCommand", iCommand}, Arg{"vData", vData});
+        {lastError_, propertyLet("sCommandBytesByNum")},
+        [&] { sCommandBytesByKey(sCommandKeyByNum(iCommand), vData); }, Arg{"iCommand", iCommand},
+        Arg{"vData", vData});
 }
 
 void clsCommandInterface::SortCommandByLargestFirst() {
-    traced(sub("SortCommandByLargestFirst"), [] {});
+    traced({lastError_, sub("SortCommandByLargestFirst")}, [] {});
 }
 
 } // namespace qrtVistrelClasses4

@@ -45,13 +45,13 @@ typename Row::Property propertyOf(const Row& row, const typename Row::Record& re
 } // namespace
 
 DisplayDatabaseClass::DisplayDatabaseClass() {
-    traced(DisplaySub("Class_Initialize"), [&] {
+    traced({lastError_, DisplaySub("Class_Initialize")}, [&] {
         list_.signs.resize(1);
         currentDisplayNumber_ = 1;
     });
 }
 DisplayDatabaseClass::~DisplayDatabaseClass() {
-    traced(DisplaySub("Class_Terminate"), [] {});
+    traced({lastError_, DisplaySub("Class_Terminate")}, [] {});
 }
 
 // The properties.
@@ -79,12 +79,12 @@ typename Row::Property DisplayDatabaseClass::readRow(const Row& row) const {
 }
 template <Access now, class Row>
 typename Row::Property DisplayDatabaseClass::readRowAs(const Row& row) const {
-    return accessed<now>(propertyGet(propertyName(row)),
+    return accessed<now>({lastError_, propertyGet(propertyName(row))},
                          [&] { return propertyOf(row, current<typename Row::Record>()); });
 }
 template <class Row>
 typename Row::Property DisplayDatabaseClass::readAndStoreRow(const Row& row) {
-    return traced(propertyGet(row.name), [&] {
+    return tracedProperty({lastError_, propertyGet(row.name)}, [&] {
         auto& sign = current<DisplayRecord>();
         typename Row::Value value = row.get(sign);
         if (sign.*row.member != value) {
@@ -109,7 +109,7 @@ void DisplayDatabaseClass::writeRowAs(const Row& row, const typename Row::Proper
             noteChange(row);
         }
     };
-    accessed<now>(propertyLet(propertyName(row)), body, Arg{"vData", vData});
+    accessed<now>({lastError_, propertyLet(propertyName(row))}, body, Arg{"vData", vData});
 }
 
 template <class Row>
@@ -148,19 +148,22 @@ template void DisplayDatabaseClass::writeRow<Access::traced>(const ScheduleMembe
 // The cursors.
 
 std::int16_t DisplayDatabaseClass::CurrentDisplayNumber() const {
-    return traced(propertyGet("CurrentDisplayNumber"), [&] { return currentDisplayNumber_; });
+    return tracedProperty({lastError_, propertyGet("CurrentDisplayNumber")},
+                          [&] { return currentDisplayNumber_; });
 }
 void DisplayDatabaseClass::CurrentDisplayNumber(std::int16_t vData) {
-    traced(
-        propertyLet("CurrentDisplayNumber"), [&] { currentDisplayNumber_ = vData; }, Arg{"vData", vData});
+    tracedProperty(
+        {lastError_, propertyLet("CurrentDisplayNumber")}, [&] { currentDisplayNumber_ = vData; },
+        Arg{"vData", vData});
 }
 
 std::int16_t DisplayDatabaseClass::CurrentBrightnessScheduleNumber() const {
-    return traced(propertyGet("CurrentBrightnessScheduleNumber"), [&] { return currentScheduleNumber_; });
+    return tracedProperty({lastError_, propertyGet("CurrentBrightnessScheduleNumber")},
+                          [&] { return currentScheduleNumber_; });
 }
 void DisplayDatabaseClass::CurrentBrightnessScheduleNumber(std::int16_t vData) {
-    traced(
-        propertyLet("CurrentBrightnessScheduleNumber"), [&] { currentScheduleNumber_ = vData; },
+    tracedProperty(
+        {lastError_, propertyLet("CurrentBrightnessScheduleNumber")}, [&] { currentScheduleNumber_ = vData; },
         Arg{"vData", vData});
 }
 
@@ -205,12 +208,12 @@ void DisplayDatabaseClass::NameIndex::forget() noexcept {
 // The list. Members that find, add or remove a sign also show a call of `TotalDisplays` on the trace.
 
 std::int16_t DisplayDatabaseClass::TotalDisplays() const {
-    return traced(propertyGet("TotalDisplays"), [&] { return list_.count(); });
+    return tracedProperty({lastError_, propertyGet("TotalDisplays")}, [&] { return list_.count(); });
 }
 
 std::int16_t DisplayDatabaseClass::FindDisplayByName(const std::string& theName) const {
     return traced(
-        DisplayFunction("FindDisplayByName"),
+        {lastError_, DisplayFunction("FindDisplayByName")},
         [&] {
             (void)TotalDisplays();
             return names_.find(list_, theName).value_or(kNoDisplay);
@@ -224,7 +227,7 @@ bool DisplayDatabaseClass::isFree(const std::string& name) const {
 
 std::int16_t DisplayDatabaseClass::AddNewDisplay(const std::string& DisplayName) {
     return traced(
-        DisplayFunction("AddNewDisplay"),
+        {lastError_, DisplayFunction("AddNewDisplay")},
         [&] {
             if (!isFree(DisplayName))
                 return kNoDisplay;
@@ -238,7 +241,7 @@ std::int16_t DisplayDatabaseClass::AddNewDisplay(const std::string& DisplayName)
 
 bool DisplayDatabaseClass::RemoveDisplay(std::int16_t displayNumber) {
     return traced(
-        DisplayFunction("RemoveDisplay"),
+        {lastError_, DisplayFunction("RemoveDisplay")},
         [&] {
             (void)TotalDisplays();
             list_.remove(displayNumber);
@@ -251,7 +254,7 @@ bool DisplayDatabaseClass::RemoveDisplay(std::int16_t displayNumber) {
 std::int32_t DisplayDatabaseClass::Duplicate(const std::string& OriginalDisplayName,
                                              const std::string& NewDisplayName) {
     return traced(
-        DisplayFunction("Duplicate"),
+        {lastError_, DisplayFunction("Duplicate")},
         [&]() -> std::int32_t {
             const std::int16_t original = FindDisplayByName(OriginalDisplayName);
             if (original < 1 || !isFree(NewDisplayName))

@@ -56,26 +56,26 @@ std::optional<std::string> ConnectionOf(const DisplayRecord& sign) {
 }
 
 std::string DisplayDatabaseClass::TranslateConnectionMethodToString(std::int16_t iConnectionMethod) const {
-    return trapped(DisplayFunction("TranslateConnectionMethodToString"),
+    return trapped({lastError_, DisplayFunction("TranslateConnectionMethodToString")},
                    [&] { return std::string(ConnectionMethodName(iConnectionMethod).value_or("")); });
 }
 
 std::string DisplayDatabaseClass::GetConnectionInfoInString() const {
-    return trapped(DisplayFunction("GetConnectionInfoInString"), [&] {
+    return trapped({lastError_, DisplayFunction("GetConnectionInfoInString")}, [&] {
         const auto property = [&]<auto member>(Member<member>) { return read<member>(); };
         return connection(ConnectionMethod(), property).value_or("");
     });
 }
 
 std::string DisplayDatabaseClass::GetSignTypeDescription() const {
-    return trapped(DisplayFunction("GetSignTypeDescription"), [&] {
+    return trapped({lastError_, DisplayFunction("GetSignTypeDescription")}, [&] {
         const std::string type = DisplayType(); // empty after an error, which has been reported
         return std::string(type.empty() ? "" : SignTypeName(TextToInt16(type)));
     });
 }
 
 bool DisplayDatabaseClass::UseNew16x16() const {
-    return trapped(DisplayFunction("UseNew16x16"), [&] {
+    return trapped({lastError_, DisplayFunction("UseNew16x16")}, [&] {
         const std::string description = AppDesc();
         const std::size_t point = description.rfind('.');
         if (point == description.npos)

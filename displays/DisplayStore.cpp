@@ -3,7 +3,7 @@
 #include "frame/ErrorTrap.h"
 #include "frame/Traced.h"
 #include "platform/Path.h"
-#include "platform/Platform.h"
+#include "settings/OperatorMessages.h"
 #include "settings/RegistrySettings.h"
 #include <qrtVistrelClasses4/DisplayDatabaseClass.h>
 #include <qrtVistrelClasses4/SignListSynchronisation.h>
@@ -27,7 +27,7 @@ void showFailure(const RuntimeError& error, const char* when, const std::string&
     } else {
         text = std::to_string(error.number()) + error.description() + when;
     }
-    showMessage({text, "Error Occurred", MessageIcon::critical, MessageButtons::ok});
+    ShowFailure(error.number(), text, "Error Occurred");
 }
 
 /// Shows why the list was not saved, or that it was saved without a copy of the previous one because the disk
@@ -60,13 +60,14 @@ SignListSynchronisation*& ScopedSignListSynchronisation::installed() {
 
 void DisplayDatabaseClass::WriteAllDisplaysToDisk(std::string& sFileName) {
     traced(
-        DisplaySub("WriteAllDisplaysToDisk"), [&] { writeDisplays(sFileName); }, Arg{"sFileName", sFileName});
+        {lastError_, DisplaySub("WriteAllDisplaysToDisk")}, [&] { writeDisplays(sFileName); },
+        Arg{"sFileName", sFileName});
 }
 
 void DisplayDatabaseClass::WriteAllDisplaysToDisk() {
     const std::optional<std::string> missing;
     traced(
-        DisplaySub("WriteAllDisplaysToDisk"),
+        {lastError_, DisplaySub("WriteAllDisplaysToDisk")},
         [&] {
             std::string fileName;
             writeDisplays(fileName);
@@ -91,14 +92,14 @@ void DisplayDatabaseClass::writeDisplays(std::string& sFileName) {
 
 void DisplayDatabaseClass::RetrieveAllDisplayInfoFromDisk(std::string& sFileName) {
     traced(
-        DisplaySub("RetrieveAllDisplayInfoFromDisk"), [&] { readDisplays(sFileName); },
+        {lastError_, DisplaySub("RetrieveAllDisplayInfoFromDisk")}, [&] { readDisplays(sFileName); },
         Arg{"sFileName", sFileName});
 }
 
 void DisplayDatabaseClass::RetrieveAllDisplayInfoFromDisk() {
     const std::optional<std::string> missing;
     traced(
-        DisplaySub("RetrieveAllDisplayInfoFromDisk"),
+        {lastError_, DisplaySub("RetrieveAllDisplayInfoFromDisk")},
         [&] {
             std::string fileName;
             readDisplays(fileName);

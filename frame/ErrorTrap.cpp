@@ -1,5 +1,6 @@
 #include "frame/ErrorTrap.h"
 
+#include "frame/ObjectCall.h"
 #include "frame/TraceRecords.h"
 
 #include <new>
@@ -11,6 +12,7 @@ namespace {
 constinit ErrorReporter* installedReporter = nullptr;
 
 void report(const RuntimeError& error, TraceLine procedure, std::vector<TraceLine> stack) {
+    const ObjectCall hostCode;
     ErrorReporter& reporter = installedReporter ? *installedReporter : defaultErrorReporter();
     reporter.report({error, std::move(procedure), std::move(stack)});
 }
@@ -62,12 +64,28 @@ void ReportKeptCopy(const std::optional<std::string>& copy) noexcept {
     }
 }
 
-void TrapCurrentError(const TraceRecord& record, TraceRecord* outer) noexcept {
+void TrapCurrentError(const TraceRecord& record, TraceRecord* outer, const ObjectCall* call) noexcept {
     try {
-        report(CurrentError(), record.atEntry(), RunningProcedures());
+        const RuntimeError error = CurrentError();
+        const ObjectCall* const running = call ? call : traceState.call;
+        if (running && (!error.isQuiet() || (call && call->isOutermost())))
+            running->note(error);
+        report(error, record.atEntry(), RunningProcedures());
     } catch (...) { // NOLINT(bugprone-empty-catch): a failing report never makes another error
     }
     traceState.unwindTo(outer);
+}
+
+void NoteCurrentError(const ObjectCall& call) noexcept {
+    try {
+        call.note(CurrentError());
+    } catch (...) { // NOLINT(bugprone-empty-catch): without memory, the error itself goes on to the caller
+    }
+}
+
+void NoteShownError(const RuntimeError& error) noexcept {
+    if (traceState.call)
+        traceState.call->note(error);
 }
 
 } // namespace qrtVistrelClasses4

@@ -9,6 +9,7 @@
 
 namespace qrtVistrelClasses4 {
 
+class ObjectCall;
 class TraceRecord;
 
 /// Reports an error that does not stop the running procedure: it is logged, but not shown to the operator.
@@ -17,8 +18,15 @@ void ReportQuietly(const RuntimeError& error) noexcept;
 void ReportKeptCopy(const std::optional<std::string>& copy) noexcept;
 
 /// Reports the exception being handled as an error of the procedure that `record` describes, then takes the
-/// trace back to its caller, `outer`.
-void TrapCurrentError(const TraceRecord& record, TraceRecord* outer) noexcept;
+/// trace back to its caller, `outer`. The error is remembered by the object of `call`, which the procedure
+/// is; without one, by the object whose call is running. A quiet error is remembered only if the whole call
+/// of the object failed with it.
+void TrapCurrentError(const TraceRecord& record, TraceRecord* outer, const ObjectCall* call) noexcept;
+/// Has the object of `call` remember the exception being handled, which goes on to the caller.
+void NoteCurrentError(const ObjectCall& call) noexcept;
+
+/// Has the object whose call is running remember an error that is put before the operator, and not trapped.
+void NoteShownError(const RuntimeError& error) noexcept;
 
 /// The exception being handled as a `RuntimeError`: out of memory is error 7, anything unknown error 51.
 RuntimeError CurrentError();

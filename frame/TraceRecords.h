@@ -16,6 +16,8 @@
 
 namespace qrtVistrelClasses4 {
 
+class ObjectCall;
+
 /// A procedure on the trace. It lies on the stack of the procedure's call.
 class TraceRecord {
 public:
@@ -32,11 +34,12 @@ public:
     TraceRecord* outer = nullptr;
 };
 
-/// The trace of one thread.
+/// The trace of one thread, and the calls of objects that run on it.
 struct TraceState {
     bool on = true;
     TraceRecord* innermost = nullptr;
     TraceRecorder* recorder = nullptr;
+    ObjectCall* call = nullptr; ///< The innermost call of an object, whether the trace is on or not.
 
     bool isRecorded() const { return on && recorder; }
     void enter(TraceRecord& record) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "frame/ErrorTrap.h"
+#include "frame/ObjectCall.h"
 #include "frame/TraceRecords.h"
 #include <qrtVistrelClasses4/MemberTable.h>
 
@@ -29,39 +30,103 @@ std::invoke_result_t<Body&> onTrace(TraceState& trace, Record& record, Body& bod
     }
 }
 
-/// Runs `body` as the procedure `where`, which is not on the trace. An error of the body is trapped: it is
-/// reported, and the result is the procedure's failure value (false, 0, "").
-template <class Body, class... Ts>
-std::invoke_result_t<Body&> trapped(Procedure where, Body body, Arg<Ts>... arguments) noexcept {
+/// A procedure of an object, which remembers its last error.
+struct ObjectProcedure {
+    LastError& object;
+    Procedure where;
+};
+
+/// The call of a procedure that belongs to no object. Its errors are those of the object whose call is
+/// running.
+struct ObjectlessCall {
+    void trap(const TraceRecord& record, TraceRecord* outer) const noexcept {
+        TrapCurrentError(record, outer, nullptr);
+    }
+};
+/// The call of an object's procedure.
+struct FullCall {
+    explicit FullCall(LastError& object) noexcept : call(object) {}
+    void trap(const TraceRecord& record, TraceRecord* outer) const noexcept {
+        TrapCurrentError(record, outer, &call);
+    }
+    void noteThrown() const noexcept { NoteCurrentError(call); }
+    ObjectCall call;
+};
+/// The call of an object's property, which calls nothing that could trap an error, or be a call of an object.
+struct PropertyCall {
+    explicit PropertyCall(LastError& owner) noexcept : object(owner) { object.begin(); }
+    void trap(const TraceRecord& record, TraceRecord* outer) const noexcept {
+        FullCall(object).trap(record, outer);
+    }
+    void noteThrown() const noexcept { FullCall(object).noteThrown(); }
+    LastError& object;
+};
+
+/// `trapped` for any kind of call.
+template <class Call, class Body, class... Ts>
+std::invoke_result_t<Body&> trappedIn(const Call& call, const Procedure& where, Body& body,
+                                      Arg<Ts>&... arguments) noexcept {
     TraceRecord* const outer = traceState.innermost;
     try {
         (arguments.keep(), ...);
         return body();
     } catch (...) {
-        TrapCurrentError(ProcedureRecord<Ts...>(where, std::move(arguments)...), outer);
+        call.trap(ProcedureRecord<Ts...>(where, std::move(arguments)...), outer);
         return std::invoke_result_t<Body&>();
     }
 }
 
-/// Like `trapped`, but the procedure is on the trace, which must be switched on, while it runs.
-template <class Body, class... Ts>
-std::invoke_result_t<Body&> trappedOnTrace(Procedure where, Body body, Arg<Ts>... arguments) noexcept {
+/// Like `trappedIn`, but the procedure is on the trace, which must be switched on, while it runs.
+template <class Call, class Body, class... Ts>
+std::invoke_result_t<Body&> trappedOnTrace(const Call& call, const Procedure& where, Body& body,
+                                           Arg<Ts>&... arguments) noexcept {
     TraceState& trace = traceState;
     TraceRecord* const outer = trace.innermost;
     ProcedureRecord<Ts...> record(where, std::move(arguments)...);
     try {
         return onTrace(trace, record, body);
     } catch (...) {
-        TrapCurrentError(record, outer);
+        call.trap(record, outer);
         return std::invoke_result_t<Body&>();
     }
+}
+
+/// `traced` for any kind of call.
+template <class Call, class Body, class... Ts>
+std::invoke_result_t<Body&> tracedIn(const Call& call, const Procedure& where, Body& body,
+                                     Arg<Ts>&... arguments) noexcept {
+    return traceState.on ? trappedOnTrace(call, where, body, arguments...)
+                         : trappedIn(call, where, body, arguments...);
+}
+
+/// Runs `body` as the procedure `where`, which is not on the trace. An error of the body is trapped: it is
+/// reported, and the result is the procedure's failure value (false, 0, "").
+template <class Body, class... Ts>
+std::invoke_result_t<Body&> trapped(Procedure where, Body body, Arg<Ts>... arguments) noexcept {
+    return trappedIn(ObjectlessCall(), where, body, arguments...);
+}
+
+template <class Body, class... Ts>
+std::invoke_result_t<Body&> trapped(ObjectProcedure procedure, Body body, Arg<Ts>... arguments) noexcept {
+    return trappedIn(FullCall(procedure.object), procedure.where, body, arguments...);
 }
 
 /// Like `trapped`, but the procedure is on the trace while it runs, if the trace is switched on.
 template <class Body, class... Ts>
 std::invoke_result_t<Body&> traced(Procedure where, Body body, Arg<Ts>... arguments) noexcept {
-    return traceState.on ? trappedOnTrace(where, body, std::move(arguments)...)
-                         : trapped(where, body, std::move(arguments)...);
+    return tracedIn(ObjectlessCall(), where, body, arguments...);
+}
+template <class Body, class... Ts>
+std::invoke_result_t<Body&> traced(ObjectProcedure procedure, Body body, Arg<Ts>... arguments) noexcept {
+    return tracedIn(FullCall(procedure.object), procedure.where, body, arguments...);
+}
+
+/// `traced` for a procedure that only reads or sets a value of its object: it calls nothing that could trap
+/// an error, and nothing of a host.
+template <class Body, class... Ts>
+std::invoke_result_t<Body&> tracedProperty(ObjectProcedure property, Body body,
+                                           Arg<Ts>... arguments) noexcept {
+    return tracedIn(PropertyCall(property.object), property.where, body, arguments...);
 }
 
 /// Runs the body of an untraced accessor: an error goes to the caller, as `RuntimeError`.
@@ -70,6 +135,16 @@ std::invoke_result_t<Body&> untraced(Body body) {
     try {
         return body();
     } catch (...) {
+        RethrowAsRuntimeError();
+    }
+}
+template <class Body>
+std::invoke_result_t<Body&> untraced(LastError& object, Body body) {
+    const PropertyCall call(object);
+    try {
+        return body();
+    } catch (...) {
+        call.noteThrown();
         RethrowAsRuntimeError();
     }
 }
@@ -89,6 +164,16 @@ std::invoke_result_t<Body&> tracedThrowing(Procedure where, Body body, Arg<Ts>..
         RethrowAsRuntimeError();
     }
 }
+template <class Body, class... Ts>
+std::invoke_result_t<Body&> tracedThrowing(ObjectProcedure procedure, Body body, Arg<Ts>... arguments) {
+    const FullCall call(procedure.object);
+    try {
+        return tracedThrowing(procedure.where, body, std::move(arguments)...);
+    } catch (...) {
+        call.noteThrown();
+        throw;
+    }
+}
 
 /// Calls `property.operator()<now>()` with what the access of a property is now: while the trace is off, a
 /// traced property is a trapped one. The callee is best a function of its own for each access, not inlined,
@@ -103,13 +188,13 @@ auto asAccessedNow(Property property) {
 
 /// Runs the body of a property, called with `now` by `asAccessedNow`.
 template <Access now, class Body, class... Ts>
-std::invoke_result_t<Body&> accessed(Procedure where, Body body, Arg<Ts>... arguments) {
+std::invoke_result_t<Body&> accessed(ObjectProcedure property, Body body, Arg<Ts>... arguments) {
     if constexpr (now == Access::traced)
-        return trappedOnTrace(where, body, std::move(arguments)...);
+        return trappedOnTrace(PropertyCall(property.object), property.where, body, arguments...);
     else if constexpr (now == Access::trapped)
-        return trapped(where, body, std::move(arguments)...);
+        return trappedIn(PropertyCall(property.object), property.where, body, arguments...);
     else
-        return untraced(body);
+        return untraced(property.object, body);
 }
 
 /// Whether somebody counts the procedures that run. A procedure must then run each of its steps, also where

@@ -31,8 +31,7 @@ Platform*& ScopedPlatform::installed() {
     return installedPlatform;
 }
 
-MessageBoxes& messageBoxes() { return installedBoxes ? *installedBoxes : platform().messageBoxes(); }
-MessageAnswer showMessage(const Message& message) { return messageBoxes().show(message); }
+MessageBoxes* InstalledMessageBoxes() { return installedBoxes; }
 
 template <>
 MessageBoxes*& ScopedMessageBoxes::installed() {

@@ -74,12 +74,19 @@ public:
     /// the folder that the library was loaded from. On a POSIX system it is the user's own. A user's own
     /// folder, or a home in its place, need not exist until something is written in it, and counts as empty.
     virtual std::string libraryFolder() = 0;
+    /// The folder of the error log, where the system has one for such files. No value if the log is in the
+    /// application data folder, as on Windows and in a home.
+    virtual std::optional<std::string> logFolder() = 0;
     /// The folders that may have a file that the library's folder has not, in the order in which they are
     /// searched. Nothing is written in them.
     virtual std::vector<std::string> otherFolders(FileUse use) = 0;
     /// The path of a shell special folder, as the system gives it. No value for a number that the system does
     /// not know.
     virtual std::optional<std::string> specialFolder(int number) = 0;
+
+    /// The value of a variable in the environment of this process now. No value for one that is not set, or
+    /// empty.
+    virtual std::optional<std::string> environmentVariable(const std::string& name) = 0;
 
     virtual LocalTime localTime() = 0;
     virtual CalendarNames calendarNames() = 0;
@@ -106,9 +113,7 @@ using ScopedPlatform = ScopedInstallation<Platform>;
 template <>
 Platform*& ScopedPlatform::installed();
 
-/// The message boxes in use: those that were installed last, else the platform's own.
-MessageBoxes& messageBoxes();
-/// Shows `message` in these boxes.
-MessageAnswer showMessage(const Message& message);
+/// The message boxes that were installed last; null if the platform's own are in use.
+MessageBoxes* InstalledMessageBoxes();
 
 } // namespace qrtVistrelClasses4

@@ -51,7 +51,7 @@ void FrameInfoClass::CopyInfo(std::int16_t& CopyFromY, std::int16_t& CopyToY,
 bool FrameInfoClass::copyFrames(std::int16_t& CopyFromY, std::int16_t& CopyToY,
                                 std::shared_ptr<FrameInfoClass>& MyClipboard) {
     return traced(
-        FrameSub("CopyInfo"), [&] { return fillClipboard(CopyFromY, CopyToY, MyClipboard); },
+        {lastError_, FrameSub("CopyInfo")}, [&] { return fillClipboard(CopyFromY, CopyToY, MyClipboard); },
         Arg{"CopyFromY", CopyFromY}, Arg{"CopyToY", CopyToY}, Arg{"MyClipboard", MyClipboard});
 }
 
@@ -75,7 +75,7 @@ bool FrameInfoClass::fillClipboard(std::int16_t& first, std::int16_t& last,
 void FrameInfoClass::CutInfo(std::int16_t& CutFromY, std::int16_t& CutToY,
                              std::shared_ptr<FrameInfoClass>& MyClipboard) {
     traced(
-        FrameSub("CutInfo"),
+        {lastError_, FrameSub("CutInfo")},
         [&] {
             const std::shared_ptr<FrameInfoClass> alive = keepAlive(this, MyClipboard);
             if (!copyFrames(CutFromY, CutToY, MyClipboard))
@@ -95,7 +95,7 @@ void FrameInfoClass::CutInfo(std::int16_t& CutFromY, std::int16_t& CutToY,
 
 void FrameInfoClass::PasteInfo(std::int16_t PasteTo, FrameInfoClass* MyClipboardInfo) {
     traced(
-        FrameSub("PasteInfo"),
+        {lastError_, FrameSub("PasteInfo")},
         [&] {
             if (!MyClipboardInfo)
                 return;
@@ -113,7 +113,7 @@ void FrameInfoClass::PasteInfo(std::int16_t PasteTo, FrameInfoClass* MyClipboard
 bool FrameInfoClass::PutInfoFromFrameIntoVariable(std::int32_t FrameNum, std::int32_t VarFrameNum,
                                                   FrameInfoClass* VarToPlaceIn) {
     return traced(
-        FrameSub("PutInfoFromFrameIntoVariable"),
+        {lastError_, FrameSub("PutInfoFromFrameIntoVariable")},
         [&] {
             const auto frame = [&]() -> const FrameRecord& { return playfile_.frames.at(FrameNum); };
             VarToPlaceIn->CurrentFrame(NarrowToInt16(VarFrameNum));
@@ -132,7 +132,7 @@ bool FrameInfoClass::PutInfoFromFrameIntoVariable(std::int32_t FrameNum, std::in
 void FrameInfoClass::PutInfoFromVariableIntoFrame(std::int32_t FrameNum, std::int32_t VarFrameNum,
                                                   FrameInfoClass* VarToPlaceIn) {
     traced(
-        FrameSub("PutInfoFromVariableIntoFrame"),
+        {lastError_, FrameSub("PutInfoFromVariableIntoFrame")},
         [&] {
             const auto frame = [&]() -> FrameRecord& { return playfile_.frames.at(FrameNum); };
             VarToPlaceIn->CurrentFrame(NarrowToInt16(VarFrameNum));
@@ -152,7 +152,7 @@ void FrameInfoClass::PutInfoFromVariableIntoFrame(std::int32_t FrameNum, std::in
 
 bool FrameInfoClass::IsThereAPreviousClone(std::int16_t iFrameNum) const {
     return traced(
-        FrameFunction("IsThereAPreviousClone"),
+        {lastError_, FrameFunction("IsThereAPreviousClone")},
         [&] { return iFrameNum <= TotalFrames() && HasPreviousClone(playfile_, iFrameNum); },
         Arg{"iFrameNum", iFrameNum});
 }

@@ -7,11 +7,12 @@
 namespace qrtVistrelClasses4 {
 
 std::int16_t FrameInfoClass::countFrames(std::string_view name, NEW_FRAME_TYPES kind) const {
-    return traced(FrameFunction(name), [&] { return NarrowToInt16(CountFrames(playfile_, kind)); });
+    return traced({lastError_, FrameFunction(name)},
+                  [&] { return NarrowToInt16(CountFrames(playfile_, kind)); });
 }
 
 std::int16_t FrameInfoClass::HowManyUsedFramesAreThere() const {
-    return traced(FrameFunction("HowManyUsedFramesAreThere"),
+    return traced({lastError_, FrameFunction("HowManyUsedFramesAreThere")},
                   [&] { return NarrowToInt16(CountUsedFrames(playfile_)); });
 }
 std::int16_t FrameInfoClass::HowManyGraphicsAreThere() const {
@@ -28,7 +29,7 @@ std::int16_t FrameInfoClass::HowManyCommandFileFramesAreThere() const {
 }
 
 std::int32_t FrameInfoClass::WhatsTheTotalOfAllDelaysForThisFile() const {
-    return traced(FrameFunction("WhatsTheTotalOfAllDelaysForThisFile"),
+    return traced({lastError_, FrameFunction("WhatsTheTotalOfAllDelaysForThisFile")},
                   [&] { return TotalDelaySeconds(playfile_); });
 }
 

@@ -29,7 +29,7 @@ void FrameInfoClass::InsertFrame() {
 
 bool FrameInfoClass::insertFrame(bool& bLast) {
     return traced(
-        FrameSub("InsertFrame"),
+        {lastError_, FrameSub("InsertFrame")},
         [&] {
             placeFrame(bLast);
             const bool haveLines = giveLines();
@@ -67,7 +67,7 @@ void FrameInfoClass::insertFrames(std::int32_t count) {
 }
 
 void FrameInfoClass::DeleteCurrentFrame() {
-    traced(FrameSub("DeleteCurrentFrame"), [&] {
+    traced({lastError_, FrameSub("DeleteCurrentFrame")}, [&] {
         playfile_.frames.erase(currentFrameNumber_);
         checkLinesFrom(currentFrameNumber_);
         if (playfile_.frames.empty()) {
@@ -81,7 +81,7 @@ void FrameInfoClass::DeleteCurrentFrame() {
 
 void FrameInfoClass::MoveFrame(std::int16_t From, std::int16_t WhereTo) {
     traced(
-        FrameSub("MoveFrame"),
+        {lastError_, FrameSub("MoveFrame")},
         [&] {
             if (From == WhereTo)
                 return;

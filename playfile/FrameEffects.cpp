@@ -59,31 +59,31 @@ void removeLastItem(ListControl* list) {
 
 std::string FrameInfoClass::ConvertPrefixCodeToString(std::int16_t code) const {
     return traced(
-        FrameFunction("ConvertPrefixCodeToString"), [&] { return PrefixName(code).value_or(""); },
-        Arg{"code", code});
+        {lastError_, FrameFunction("ConvertPrefixCodeToString")},
+        [&] { return PrefixName(code).value_or(""); }, Arg{"code", code});
 }
 
 std::string FrameInfoClass::ConvertSuffixCodeToString(std::int16_t code) const {
     return traced(
-        FrameFunction("ConvertSuffixCodeToString"), [&] { return SuffixName(code).value_or(""); },
-        Arg{"code", code});
+        {lastError_, FrameFunction("ConvertSuffixCodeToString")},
+        [&] { return SuffixName(code).value_or(""); }, Arg{"code", code});
 }
 
 std::int16_t FrameInfoClass::ConvertPrefixStringToCode(const std::string& CodeString) const {
     return traced(
-        FrameFunction("ConvertPrefixStringToCode"), [&] { return PrefixCodeOf(CodeString).value_or(0); },
-        Arg{"CodeString", CodeString});
+        {lastError_, FrameFunction("ConvertPrefixStringToCode")},
+        [&] { return PrefixCodeOf(CodeString).value_or(0); }, Arg{"CodeString", CodeString});
 }
 
 std::int16_t FrameInfoClass::ConvertSuffixStringToCode(const std::string& CodeString) const {
     return traced(
-        FrameFunction("ConvertSuffixStringToCode"), [&] { return SuffixCodeOf(CodeString).value_or(0); },
-        Arg{"CodeString", CodeString});
+        {lastError_, FrameFunction("ConvertSuffixStringToCode")},
+        [&] { return SuffixCodeOf(CodeString).value_or(0); }, Arg{"CodeString", CodeString});
 }
 
 void FrameInfoClass::FillEffectList(ListControl* prefixList, ListControl* suffixList) {
     traced(
-        FrameSub("FillEffectList"),
+        {lastError_, FrameSub("FillEffectList")},
         [&] {
             if (prefixList)
                 fillList(*prefixList, &FixedEffect::prefixCode, &FixedEffect::prefixName,
@@ -98,7 +98,7 @@ void FrameInfoClass::FillEffectList(ListControl* prefixList, ListControl* suffix
 bool FrameInfoClass::LoadNewEffectLists(ListControl* prefixList1, ListControl* suffixList1,
                                         ListControl* prefixList2, ListControl* suffixList2) {
     return traced(
-        FrameFunction("LoadNewEffectLists"),
+        {lastError_, FrameFunction("LoadNewEffectLists")},
         [&] {
             if (NewEffectsLoaded || platform().files().kindOf(NewEffectsPath()) != EntryKind::file ||
                 NewEffectsLoaded.exchange(true))
@@ -115,7 +115,7 @@ bool FrameInfoClass::LoadNewEffectLists(ListControl* prefixList1, ListControl* s
 
 void FrameInfoClass::RefreshEffectLists(ListControl* prefixList, ListControl* suffixList) {
     traced(
-        FrameSub("RefreshEffectLists"),
+        {lastError_, FrameSub("RefreshEffectLists")},
         [&] {
             if (LoadNewEffectLists(prefixList, suffixList, prefixList, suffixList))
                 return;

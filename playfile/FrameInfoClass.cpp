@@ -25,7 +25,7 @@ constexpr Procedure propertyLet(std::string_view name) {
 } // namespace
 
 FrameInfoClass::FrameInfoClass() {
-    traced(FrameSub("Class_Initialize"), [&] {
+    traced({lastError_, FrameSub("Class_Initialize")}, [&] {
         playFileHasChanged_ = false;
         playfile_.frames.resize(kFramesAtCreation);
         MakeLineVarsValid();
@@ -35,7 +35,7 @@ FrameInfoClass::FrameInfoClass() {
 }
 
 FrameInfoClass::~FrameInfoClass() {
-    traced(FrameSub("Class_Terminate"), [] {});
+    traced({lastError_, FrameSub("Class_Terminate")}, [] {});
 }
 
 FrameInfoClass& FrameInfoClass::operator=(FrameInfoClass&& other) noexcept {
@@ -52,6 +52,7 @@ FrameInfoClass& FrameInfoClass::operator=(FrameInfoClass&& other) noexcept {
 }
 
 void FrameInfoClass::Adopt(Playfile playfile) {
+    lastError_.begin();
     playfile_ = std::move(playfile);
     checkLinesFrom(1);
 }
@@ -60,12 +61,12 @@ void FrameInfoClass::Adopt(Playfile playfile) {
 
 template <class Type>
 Type FrameInfoClass::readOwn(std::string_view name, const Type& field) const {
-    return traced(propertyGet(name), [&] { return field; });
+    return tracedProperty({lastError_, propertyGet(name)}, [&] { return field; });
 }
 template <class Type>
 void FrameInfoClass::writeOwn(std::string_view name, Type& field, const Type& vData) {
-    traced(
-        propertyLet(name), [&] { field = vData; }, Arg{"vData", vData});
+    tracedProperty(
+        {lastError_, propertyLet(name)}, [&] { field = vData; }, Arg{"vData", vData});
 }
 
 template <Access access, class Record, class Type, class Given, bool isPlain>
@@ -89,7 +90,7 @@ template <Access now>
 Type FrameInfoClass::Property<access, Record, Type, Given, isPlain>::readAs(const FrameInfoClass& playfile,
                                                                             const MemberColumns& row,
                                                                             Getter get) {
-    return accessed<now>(propertyGet(row.name), [&]() -> Type {
+    return accessed<now>({playfile.lastError_, propertyGet(row.name)}, [&]() -> Type {
         if constexpr (std::is_same_v<Record, FrameRecord>)
             return std::invoke(get, playfile.currentFrame());
         else if (const LineRecord* line = playfile.lineToRead(row.quirk))
@@ -120,7 +121,7 @@ bool FrameInfoClass::Property<access, Record, Type, Given, isPlain>::writeAs(Fra
             put(*line);
         return true;
     };
-    return accessed<now>(propertyLet(row.name), body, Arg{"vData", vData});
+    return accessed<now>({playfile.lastError_, propertyLet(row.name)}, body, Arg{"vData", vData});
 }
 
 const LineRecord* FrameInfoClass::lineToRead(Quirk quirk) const {
@@ -167,11 +168,12 @@ template struct FrameInfoClass::Property<Access::untraced, LineRecord, bool, boo
 // Numbers of frames and lines.
 
 std::int16_t FrameInfoClass::TotalFrames() const {
-    return traced(propertyGet("TotalFrames"), [&] { return NarrowToInt16(playfile_.frames.upperBound()); });
+    return tracedProperty({lastError_, propertyGet("TotalFrames")},
+                          [&] { return NarrowToInt16(playfile_.frames.upperBound()); });
 }
 void FrameInfoClass::TotalFrames(std::int16_t vData) {
     traced(
-        propertyLet("TotalFrames"),
+        {lastError_, propertyLet("TotalFrames")},
         [&] {
             playfile_.frames.resize(vData);
             checkLinesFrom(vData + 1);
@@ -181,14 +183,14 @@ void FrameInfoClass::TotalFrames(std::int16_t vData) {
 }
 
 std::int16_t FrameInfoClass::TotalLinesAllowed() const {
-    return traced(propertyGet("TotalLinesAllowed"),
-                  [&] { return NarrowToInt16(currentFrame().lines.upperBound()); });
+    return tracedProperty({lastError_, propertyGet("TotalLinesAllowed")},
+                          [&] { return NarrowToInt16(currentFrame().lines.upperBound()); });
 }
 void FrameInfoClass::TotalLinesAllowed(std::int16_t vData) { (void)resizeLines(vData); }
 
 bool FrameInfoClass::resizeLines(std::int16_t vData) {
-    return traced(
-        propertyLet("TotalLinesAllowed"),
+    return tracedProperty(
+        {lastError_, propertyLet("TotalLinesAllowed")},
         [&] {
             currentFrame().lines.resize(vData);
             if (vData == 0)
@@ -205,7 +207,7 @@ void FrameInfoClass::checkLinesFrom(std::int32_t number) {
 void FrameInfoClass::MakeLineVarsValid() { (void)giveLines(); }
 
 bool FrameInfoClass::giveLines() {
-    return traced(FrameSub("MakeLineVarsValid"), [&] {
+    return traced({lastError_, FrameSub("MakeLineVarsValid")}, [&] {
         OneBasedArray<FrameRecord>& frames = playfile_.frames;
         for (; firstFrameToCheck_ <= frames.upperBound(); ++firstFrameToCheck_)
             if (auto& lines = frames.at(firstFrameToCheck_).lines; lines.empty())
@@ -218,7 +220,7 @@ void FrameInfoClass::InitFrame(std::int16_t LineToInit) { (void)emptyFrame(LineT
 
 bool FrameInfoClass::emptyFrame(std::int16_t LineToInit) {
     return traced(
-        FrameSub("InitFrame"),
+        {lastError_, FrameSub("InitFrame")},
         [&] {
             EmptyFrame(playfile_.frames.at(LineToInit));
             return true;

@@ -1,12 +1,13 @@
 #include "playfile/OperatorQuestions.h"
 
-#include "platform/Platform.h"
+#include "settings/OperatorMessages.h"
 
 namespace qrtVistrelClasses4 {
 namespace {
 
 bool ask(const char* text, const char* title) {
-    return showMessage({text, title, MessageIcon::question, MessageButtons::yesNo}) == MessageAnswer::yes;
+    return OperatorBoxes().show({text, title, MessageIcon::question, MessageButtons::yesNo}) ==
+           MessageAnswer::yes;
 }
 
 } // namespace

@@ -2,10 +2,10 @@
 #include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
 #include "frame/Traced.h"
-#include "platform/Platform.h"
 #include "playfile/FrameProcedures.h"
 #include "playfile/LegacyFormat.h"
 #include "playfile/OperatorQuestions.h"
+#include "settings/OperatorMessages.h"
 #include "settings/PreferenceProfile.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/LoadPlayfile.h>
@@ -28,15 +28,15 @@ Cropping croppingFromSettings() {
     return {read.values.BMPCrop, read.values.AVICrop};
 }
 
-void showSaveError(const char* text) {
-    showMessage({text, "Unable to save playfile", MessageIcon::critical, MessageButtons::ok});
+void showSaveError(const RuntimeError& error, const char* text) {
+    ShowFailure(error.number(), text, "Unable to save playfile");
 }
 
 } // namespace
 
 bool FrameInfoClass::GetPlayfileFromDisk(const std::string& sFileName) {
     return traced(
-        FrameFunction("GetPlayfileFromDisk"),
+        {lastError_, FrameFunction("GetPlayfileFromDisk")},
         [&] {
             playfile_.fileName = sFileName;
             if (HasLegacyEnding(sFileName))
@@ -49,7 +49,7 @@ bool FrameInfoClass::GetPlayfileFromDisk(const std::string& sFileName) {
 
 bool FrameInfoClass::GetLegacyPlayfileFromDisk(const std::string& sFileName) {
     return traced(
-        FrameFunction("GetLegacyPlayfileFromDisk"),
+        {lastError_, FrameFunction("GetLegacyPlayfileFromDisk")},
         [&] {
             playfile_.isLegacy = true;
             const bool hasMark = load(sFileName).legacy->hasMark;
@@ -70,7 +70,7 @@ LoadOutcome FrameInfoClass::load(const std::string& sFileName) {
 
 bool FrameInfoClass::WritePlayfileToDisk(const std::string& sFileName) {
     return traced(
-        FrameFunction("WritePlayfileToDisk"),
+        {lastError_, FrameFunction("WritePlayfileToDisk")},
         [&] {
             playfile_.fileName = sFileName;
             SaveCircumstances circumstances;
@@ -81,7 +81,8 @@ bool FrameInfoClass::WritePlayfileToDisk(const std::string& sFileName) {
             if (outcome.wouldReplaceOlder)
                 ReportQuietly(*outcome.error); // the box gives other reasons
             if (!outcome.isWritten())
-                showSaveError("Error writing to file.\r\n"
+                showSaveError(*outcome.error,
+                              "Error writing to file.\r\n"
                               "Check if file is read-only and you have rights to read/write to the playfile "
                               "folder.");
             return outcome.isWritten();
@@ -91,13 +92,13 @@ bool FrameInfoClass::WritePlayfileToDisk(const std::string& sFileName) {
 
 bool FrameInfoClass::WriteXMLToDisk(const std::string& sFileName) {
     return traced(
-        FrameFunction("WriteXMLToDisk"),
+        {lastError_, FrameFunction("WriteXMLToDisk")},
         [&] {
             playfile_.fileName = sFileName;
-            const bool isWritten = !ExportXml(playfile_, sFileName + kXmlEnding);
-            if (!isWritten)
-                showSaveError("Error writing to file. Maybe read-only.");
-            return isWritten;
+            const std::optional<RuntimeError> error = ExportXml(playfile_, sFileName + kXmlEnding);
+            if (error)
+                showSaveError(*error, "Error writing to file. Maybe read-only.");
+            return !error;
         },
         Arg{"sFileName", sFileName});
 }

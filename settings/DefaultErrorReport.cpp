@@ -1,80 +1,31 @@
 #include "settings/DefaultErrorReport.h"
 
 #include "frame/Conversions.h"
-#include "platform/Hex.h"
-#include "platform/Path.h"
 #include "platform/Platform.h"
-#include "settings/AppFolder.h"
+#include "settings/ErrorLog.h"
+#include "settings/OperatorMessages.h"
 #include "settings/RegistrySettings.h"
 
-#include <mutex>
 #include <string>
-#include <string_view>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
-constexpr const char* kLineEnd = "\r\n";
-
-std::string twoDigits(int number) { return (number < 10 ? "0" : "") + std::to_string(number); }
-
-std::string timeText(const LocalTime& time) {
-    return std::to_string(time.year) + '-' + twoDigits(time.month) + '-' + twoDigits(time.day) + ' ' +
-           twoDigits(time.hour) + ':' + twoDigits(time.minute) + ':' + twoDigits(time.second);
-}
-
-/// Whether a character controls a terminal, alone or, in UTF-8, together with `previous` before it.
-bool isControl(unsigned char previous, unsigned char code) {
-    constexpr unsigned char openingOfUtf8Controls = 0xc2;
-    return code < ' ' || code == 0x7f || (previous == openingOfUtf8Controls && code >= 0x80 && code <= 0x9f);
-}
-
-/// Any text in a form that is safe in a line of a log, in a box and on a terminal.
-std::string visible(std::string_view text) {
-    std::string result;
-    unsigned char previous = 0;
-    for (const char character : text.substr(0, kLongestTextInReport)) {
-        const auto code = static_cast<unsigned char>(character);
-        if (isControl(previous, code)) {
-            AppendHex(result += '<', code);
-            result += '>';
-        } else {
-            result += character;
-        }
-        previous = code;
-    }
-    return text.size() > kLongestTextInReport ? result + "..." : result;
-}
-
 std::string lineText(const TraceLine& line) {
-    return visible(line.module) + ", " + visible(line.procedure) + " " + visible(line.arguments);
+    return VisibleText(line.module) + ", " + VisibleText(line.procedure) + " " + VisibleText(line.arguments);
 }
 
 /// Number, description, procedure and the procedures that led to it, innermost last.
 std::string reportText(const ErrorReport& report) {
     std::string text = "Error " + std::to_string(report.error.number()) + ": " +
-                       visible(report.error.description()) + kLineEnd + "In " + lineText(report.procedure) +
-                       kLineEnd;
+                       VisibleText(report.error.description()) + kLogLineEnd + "In " +
+                       lineText(report.procedure) + kLogLineEnd;
     if (!report.stack.empty())
-        text += std::string("Running procedures:") + kLineEnd;
+        text += std::string("Running procedures:") + kLogLineEnd;
     for (const TraceLine& line : report.stack)
-        text += "    " + lineText(line) + kLineEnd;
+        text += "    " + lineText(line) + kLogLineEnd;
     return text;
-}
-
-void appendToLog(const std::string& text) {
-    FileSystem& files = platform().files();
-    const std::string folder = GetAppFolder();
-    const std::string log = JoinPath(folder, kErrorLogName);
-    static std::mutex mutex; // two threads must not both move the old log away
-    const std::lock_guard lock(mutex);
-    if (const auto size = files.sizeOf(log); size && size.value() > kErrorLogLimitBytes)
-        (void)files.moveOver(log, JoinPath(folder, kOldErrorLogName)); // refused: the log goes on growing
-    if (auto file = files.open(log, OpenMode::append)) {
-        (void)file.value()->write(text); // a log that cannot be written must not make another error
-        (void)file.value()->close();
-    }
 }
 
 bool operatorWantsReports() {
@@ -87,8 +38,9 @@ bool operatorWantsReports() {
 }
 
 void showToOperator(const std::string& text) {
-    if (messageBoxes().attended())
-        showMessage({text, "Vistrel Error Report", MessageIcon::critical, MessageButtons::ok});
+    const Message message{text, "Vistrel Error Report", MessageIcon::critical, MessageButtons::ok};
+    if (MessageBoxes& boxes = OperatorBoxes(); boxes.attended())
+        boxes.show(message);
     else
         (void)platform().console().write(StandardStream::error, text);
 }
@@ -122,8 +74,8 @@ void DefaultErrorReporter::report(const ErrorReport& report) {
         const ReentryGuard guard(inLog);
         if (!guard.isFirst())
             return; // writing the log caused this error
-        appendToLog(timeText(platform().localTime()) + "  " + text);
-        if (report.error.isQuiet() || !operatorWantsReports())
+        AppendToErrorLog(text);
+        if (report.error.isQuiet() || IsUnattended() || !operatorWantsReports())
             return;
     }
     // While a message is open, the host may go on and fail again. Such errors are logged, but not shown in a

@@ -3,6 +3,7 @@
 #include "frame/Text.h"
 #include "frame/Traced.h"
 #include "platform/Platform.h"
+#include "settings/OperatorMessages.h"
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -26,7 +27,7 @@ bool writeKey(const std::string& path, const std::string& section, const std::st
 }
 
 void showLogicError(const char* text) {
-    showMessage({text, "IniFile Logic Error", MessageIcon::critical, MessageButtons::ok});
+    ShowFailure(static_cast<int>(ErrorNumber::invalidProcedureCall), text, "IniFile Logic Error");
 }
 
 } // namespace

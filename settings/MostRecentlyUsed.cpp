@@ -20,7 +20,7 @@ RecentFiles emptyList() { return {OneBasedArray<std::string>(1)}; }
 } // namespace
 
 MostRecentlyUsed::MostRecentlyUsed() {
-    traced(sub("Class_Initialize"), [&] {
+    traced({lastError_, sub("Class_Initialize")}, [&] {
         files_ = emptyList();
         classDebugID_ = GetNextClassDebugID();
         GetMRUFromDisk();
@@ -28,32 +28,34 @@ MostRecentlyUsed::MostRecentlyUsed() {
 }
 
 MostRecentlyUsed::~MostRecentlyUsed() {
-    traced(sub("Class_Terminate"), [] {});
+    traced({lastError_, sub("Class_Terminate")}, [] {});
 }
 
 void MostRecentlyUsed::AddFileToMostRecentlyUsedList(const std::string& sFileName) {
     traced(
-        sub("AddFileToMostRecentlyUsedList"), [&] { AddEntry(sFileName); }, Arg{"sFileName", sFileName});
+        {lastError_, sub("AddFileToMostRecentlyUsedList")}, [&] { AddEntry(sFileName); },
+        Arg{"sFileName", sFileName});
 }
 
 void MostRecentlyUsed::RemoveFileFromMostRecentlyUsed(const std::string& sFileName) {
     traced(
-        sub("RemoveFileFromMostRecentlyUsed"), [&] { RemoveEntry(sFileName); }, Arg{"sFileName", sFileName});
+        {lastError_, sub("RemoveFileFromMostRecentlyUsed")}, [&] { RemoveEntry(sFileName); },
+        Arg{"sFileName", sFileName});
 }
 
 void MostRecentlyUsed::PurgeMRUList() {
-    traced(sub("PurgeMRUList"), [&] { files_ = emptyList(); });
+    traced({lastError_, sub("PurgeMRUList")}, [&] { files_ = emptyList(); });
 }
 
 std::string MostRecentlyUsed::GetFirstFileName() {
-    return traced(function("GetFirstFileName"), [&] {
+    return traced({lastError_, function("GetFirstFileName")}, [&] {
         lastRead_ = 1;
         return files_.entries.at(lastRead_);
     });
 }
 
 std::string MostRecentlyUsed::GetNextFile() {
-    return traced(function("GetNextFile"), [&] {
+    return traced({lastError_, function("GetNextFile")}, [&] {
         lastRead_ = NarrowToInt16(lastRead_ + 1);
         return lastRead_ > files_.entries.upperBound() ? std::string() : files_.entries.at(lastRead_);
     });
@@ -61,7 +63,7 @@ std::string MostRecentlyUsed::GetNextFile() {
 
 std::string MostRecentlyUsed::GetFileName(std::int16_t IndexToFind) const {
     return traced(
-        function("GetFileName"),
+        {lastError_, function("GetFileName")},
         [&] {
             return IndexToFind > files_.entries.upperBound() ? std::string() : files_.entries.at(IndexToFind);
         },
@@ -69,14 +71,16 @@ std::string MostRecentlyUsed::GetFileName(std::int16_t IndexToFind) const {
 }
 
 std::int16_t MostRecentlyUsed::TotalFilesInList() const {
-    return traced({"MostRecentlyUsed.cls", ProcedureKind::PropertyGet, "TotalFilesInList"}, [&] {
-        return files_.entries.at(1).empty() ? std::int16_t{0} : NarrowToInt16(files_.entries.upperBound());
-    });
+    return traced({lastError_, {"MostRecentlyUsed.cls", ProcedureKind::PropertyGet, "TotalFilesInList"}},
+                  [&] {
+                      return files_.entries.at(1).empty() ? std::int16_t{0}
+                                                          : NarrowToInt16(files_.entries.upperBound());
+                  });
 }
 
 void MostRecentlyUsed::AddEntry(const std::string& sFileName) {
     traced(
-        sub("AddEntry"),
+        {lastError_, sub("AddEntry")},
         [&] {
             if (sFileName.empty() || !GetMRUFromDisk() || !RemoveEntry(sFileName))
                 return;
@@ -88,7 +92,7 @@ void MostRecentlyUsed::AddEntry(const std::string& sFileName) {
 
 bool MostRecentlyUsed::RemoveEntry(const std::string& sFileName) {
     return traced(
-        sub("RemoveEntry"),
+        {lastError_, sub("RemoveEntry")},
         [&] {
             if (!GetMRUFromDisk())
                 return false;
@@ -101,7 +105,7 @@ bool MostRecentlyUsed::RemoveEntry(const std::string& sFileName) {
 
 bool MostRecentlyUsed::GetMRUFromDisk() {
     bool mayBeReplaced = false;
-    traced(sub("GetMRUFromDisk"), [&] {
+    traced({lastError_, sub("GetMRUFromDisk")}, [&] {
         files_ = emptyList();
         const std::optional<std::string> path = RecentFilesPath();
         if (!path)
@@ -116,7 +120,7 @@ bool MostRecentlyUsed::GetMRUFromDisk() {
 }
 
 void MostRecentlyUsed::WriteMRUToDisk() {
-    traced(sub("WriteMRUToDisk"), [&] { Check(SaveRecentFiles(files_)); });
+    traced({lastError_, sub("WriteMRUToDisk")}, [&] { Check(SaveRecentFiles(files_)); });
 }
 
 } // namespace qrtVistrelClasses4

@@ -97,7 +97,9 @@ std::optional<RuntimeError> MakePlayfileFolder(const PreferenceFolders& folders)
     FileSystem& files = platform().files();
     if (!folders.playfiles || files.kindOf(*folders.playfiles) == EntryKind::folder)
         return std::nullopt;
-    return errorOf(files.createFolder(*folders.playfiles));
+    const SystemError error = files.createFolder(*folders.playfiles);
+    return error == SystemError::folderNotFound ? std::nullopt
+                                                : errorOf(error); // not without a documents folder
 } catch (...) {
     RethrowAsRuntimeError();
 }

@@ -64,20 +64,20 @@ auto& recordOf(Whole& preferences, std::int16_t scheduleNumber) {
 } // namespace
 
 SettingsInfoClass::SettingsInfoClass() {
-    traced(procedure(ProcedureKind::Sub, "Class_Initialize"), [&] {
+    traced({lastError_, procedure(ProcedureKind::Sub, "Class_Initialize")}, [&] {
         classDebugID_ = GetNextClassDebugID();
         preferences_ = DefaultPreferences(FindPreferenceFolders());
     });
 }
 
 SettingsInfoClass::~SettingsInfoClass() {
-    traced(procedure(ProcedureKind::Sub, "Class_Terminate"), [] {});
+    traced({lastError_, procedure(ProcedureKind::Sub, "Class_Terminate")}, [] {});
 }
 
 std::string SettingsInfoClass::GetPrivateSetting(const std::string& Key,
                                                  const std::string& DefaultValue) const {
     return traced(
-        kGetPrivateSetting,
+        {lastError_, kGetPrivateSetting},
         [&] {
             const std::optional<std::string> path = PreferencesName();
             return path ? ReadPreference(*path, Key, DefaultValue) : DefaultValue;
@@ -87,7 +87,7 @@ std::string SettingsInfoClass::GetPrivateSetting(const std::string& Key,
 
 void SettingsInfoClass::WriteSetting(const std::string& Key, const std::string& Value) {
     traced(
-        kWriteSetting,
+        {lastError_, kWriteSetting},
         [&] {
             // A preference that cannot be kept is no reason to interrupt the user.
             if (const std::optional<std::string> path = PreferencesName())
@@ -98,7 +98,7 @@ void SettingsInfoClass::WriteSetting(const std::string& Key, const std::string& 
 
 void SettingsInfoClass::GetSettingsFromDisk(const std::optional<std::string>& sFileName) {
     traced(
-        procedure(ProcedureKind::Sub, "GetSettingsFromDisk"),
+        {lastError_, procedure(ProcedureKind::Sub, "GetSettingsFromDisk")},
         [&] {
             const PreferenceFolders folders = FindPreferenceFolders();
             makePlayfileFolder(folders);
@@ -115,7 +115,7 @@ void SettingsInfoClass::GetSettingsFromDisk(const std::optional<std::string>& sF
 
 void SettingsInfoClass::SaveSettingsToDisk(const std::optional<std::string>& sFileName) {
     traced(
-        procedure(ProcedureKind::Sub, "SaveSettingsToDisk"),
+        {lastError_, procedure(ProcedureKind::Sub, "SaveSettingsToDisk")},
         [&] {
             const std::optional<std::string> path = PreferencesName();
             if (!path)
@@ -129,17 +129,18 @@ void SettingsInfoClass::SaveSettingsToDisk(const std::optional<std::string>& sFi
 template <class Record, class T>
 T SettingsInfoClass::readMember(Access access, std::string_view name, T Record::*member) const {
     const auto body = [&] { return recordOf<Record>(preferences_, scheduleNumber_).*member; };
-    return access == Access::traced ? traced(procedure(ProcedureKind::PropertyGet, name), body)
-                                    : untraced(body);
+    return access == Access::traced
+               ? tracedProperty({lastError_, procedure(ProcedureKind::PropertyGet, name)}, body)
+               : untraced(lastError_, body);
 }
 
 template <class Record, class T>
 void SettingsInfoClass::writeMember(Access access, std::string_view name, T Record::*member, const T& vData) {
     const auto body = [&] { recordOf<Record>(preferences_, scheduleNumber_).*member = vData; };
     if (access == Access::traced)
-        traced(procedure(ProcedureKind::PropertyLet, name), body, Arg{"vData", vData});
+        tracedProperty({lastError_, procedure(ProcedureKind::PropertyLet, name)}, body, Arg{"vData", vData});
     else
-        untraced(body);
+        untraced(lastError_, body);
 }
 
 #define QRT_ACCESSORS(Record, T)                                                                             \

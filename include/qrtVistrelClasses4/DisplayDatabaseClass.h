@@ -2,6 +2,7 @@
 #pragma once
 
 #include <qrtVistrelClasses4/Export.h>
+#include <qrtVistrelClasses4/LastError.h>
 #include <qrtVistrelClasses4/SignList.h>
 
 #include <cstdint>
@@ -210,6 +211,11 @@ public:
         writeSchedule<&BrightnessSchedule::BrightnessLevel>(vData);
     }
 
+    /// Number and description of the error of the last call, see `LastError`; 0 and "" if it had none.
+    /// Untraced.
+    std::int32_t LastErrorNumber() const { return lastError_.number(); }
+    std::string LastErrorDescription() const { return lastError_.description(); }
+
 private:
     template <const auto& table, auto member>
     using Property = typename std::remove_cvref_t<decltype(kRowOf<table, member>)>::Property;
@@ -289,6 +295,7 @@ private:
     std::int16_t currentDisplayNumber_ = 0;
     std::int16_t currentScheduleNumber_ = 0;
     std::optional<HalfWrittenList> halfWritten_;
+    mutable LastError lastError_;
 };
 
 } // namespace qrtVistrelClasses4

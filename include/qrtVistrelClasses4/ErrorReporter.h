@@ -24,8 +24,9 @@ struct ErrorReport {
 class ErrorReporter {
 public:
     virtual ~ErrorReporter() = default;
-    /// May call the library, but must not change objects whose procedures are running. What it throws is
-    /// ignored, so that a failing report never causes another error.
+    /// An error that is marked as quiet (`isQuiet()`) is one to log, without interrupting the user. May call
+    /// the library, but must not change objects whose procedures are running. What it throws is ignored, so
+    /// that a failing report never causes another error.
     virtual void report(const ErrorReport& report) = 0;
 };
 

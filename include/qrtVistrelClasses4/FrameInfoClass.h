@@ -4,6 +4,7 @@
 #include <qrtVistrelClasses4/Export.h>
 #include <qrtVistrelClasses4/FrameRecord.h>
 #include <qrtVistrelClasses4/FrameTypes.h>
+#include <qrtVistrelClasses4/LastError.h>
 #include <qrtVistrelClasses4/Playfile.h>
 
 #include <cstdint>
@@ -68,12 +69,12 @@ public:
         writeOwn("TotalFramesAllowed", totalFramesAllowed_, vData);
     }
     /// True if there are unsaved changes. Only the application sets it. Untraced.
-    bool PlayFileHasChanged() const { return playFileHasChanged_; }
-    void PlayFileHasChanged(bool vData) { playFileHasChanged_ = vData; }
+    bool PlayFileHasChanged() const { return readUntraced(playFileHasChanged_); }
+    void PlayFileHasChanged(bool vData) { writeUntraced(playFileHasChanged_, vData); }
     /// True if the playfile came from the older format. Untraced.
-    bool IsLegacy() const { return playfile_.isLegacy; }
+    bool IsLegacy() const { return readUntraced(playfile_.isLegacy); }
     /// If true, no questions are asked. Failures are still shown. Untraced.
-    void SetSuppressMessages(bool bNewValue) { suppressMessages_ = bNewValue; }
+    void SetSuppressMessages(bool bNewValue) { writeUntraced(suppressMessages_, bNewValue); }
 
     /// Number of the last frame. Setting it keeps the frames up to the new number and gives each new frame
     /// one empty line. A negative number is error 9.
@@ -263,6 +264,11 @@ public:
     /// file is unchanged.
     bool WriteXMLToDisk(const std::string& sFileName);
 
+    /// Number and description of the error of the last call, see `LastError`; 0 and "" if it had none.
+    /// Untraced.
+    std::int32_t LastErrorNumber() const { return lastError_.number(); }
+    std::string LastErrorDescription() const { return lastError_.description(); }
+
 private:
     const FrameRecord& currentFrame() const { return playfile_.frames.at(currentFrameNumber_); }
     FrameRecord& currentFrame() { return playfile_.frames.at(currentFrameNumber_); }
@@ -274,6 +280,14 @@ private:
 
     // How a property reaches its value: in this object, in the frame or in the line under the cursors.
 
+    bool readUntraced(bool field) const {
+        lastError_.begin();
+        return field;
+    }
+    void writeUntraced(bool& field, bool vData) {
+        lastError_.begin();
+        field = vData;
+    }
     template <class Type>
     Type readOwn(std::string_view name, const Type& field) const;
     template <class Type>
@@ -371,6 +385,7 @@ private:
     std::int16_t totalFramesAllowed_ = 0;
     bool playFileHasChanged_ = false;
     bool suppressMessages_ = false;
+    mutable LastError lastError_;
 };
 
 } // namespace qrtVistrelClasses4

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <qrtVistrelClasses4/Export.h>
+#include <qrtVistrelClasses4/LastError.h>
 #include <qrtVistrelClasses4/RecentFiles.h>
 
 #include <cstdint>
@@ -53,6 +54,11 @@ public:
     /// The entries in memory.
     const RecentFiles& Value() const { return files_; }
 
+    /// Number and description of the error of the last call, see `LastError`; 0 and "" if it had none.
+    /// Untraced.
+    std::int32_t LastErrorNumber() const { return lastError_.number(); }
+    std::string LastErrorDescription() const { return lastError_.description(); }
+
 private:
     void AddEntry(const std::string& sFileName);
     /// False if it failed; the file is then unchanged.
@@ -64,6 +70,7 @@ private:
     RecentFiles files_;
     std::int16_t lastRead_ = 0; ///< Number of the entry that was asked for last.
     std::int32_t classDebugID_ = 0;
+    mutable LastError lastError_;
 };
 
 } // namespace qrtVistrelClasses4

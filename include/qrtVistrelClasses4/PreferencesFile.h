@@ -26,7 +26,8 @@ struct PreferenceFolders {
 
 /// The folders of this machine and user. They may not exist.
 QRT_PUBLIC PreferenceFolders FindPreferenceFolders();
-/// Makes the folder for playfiles if it is missing. Returns the error if that fails.
+/// Makes the folder for playfiles if it is missing, but not without a documents folder. Returns the error if
+/// that fails.
 QRT_PUBLIC [[nodiscard]] std::optional<RuntimeError> MakePlayfileFolder(const PreferenceFolders& folders);
 /// Full name of "VistrelLite.ini" in the application data folder; nothing after an error that was trapped. If
 /// that folder is the library's own and has no such file, the functions below read the one beside the

@@ -44,6 +44,7 @@ public:
 
     int number() const { return number_; }
     const std::string& description() const { return description_; }
+    /// Whether it is to be logged only.
     bool isQuiet() const { return quiet_; }
     const char* what() const noexcept override { return description_.c_str(); }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <qrtVistrelClasses4/Export.h>
+#include <qrtVistrelClasses4/LastError.h>
 #include <qrtVistrelClasses4/Preferences.h>
 
 #include <cstdint>
@@ -46,8 +47,8 @@ public:
 
     /// Number (1 to 4) of the schedule that the schedule properties address. Any value is kept; it is checked
     /// when used.
-    std::int16_t ScheduleNumber() const { return scheduleNumber_; }
-    void ScheduleNumber(std::int16_t vData) { scheduleNumber_ = vData; }
+    std::int16_t ScheduleNumber() const { return readOwn(scheduleNumber_); }
+    void ScheduleNumber(std::int16_t vData) { writeOwn(scheduleNumber_, vData); }
     /// Schedule properties are traced. A number outside the schedules is error 9.
     std::string BrightnessScheduleStartTime() const {
         return read<&PreferredSchedule::BrightnessScheduleStartTime>();
@@ -69,8 +70,8 @@ public:
     }
 
     /// Held in memory only.
-    bool ShowFullPath() const { return showFullPath_; }
-    void ShowFullPath(bool vData) { showFullPath_ = vData; }
+    bool ShowFullPath() const { return readOwn(showFullPath_); }
+    void ShowFullPath(bool vData) { writeOwn(showFullPath_, vData); }
 
     std::string LastGraphicFilePath() const { return read<&Preferences::LastGraphicFilePath>(); }
     void LastGraphicFilePath(const std::string& vData) { write<&Preferences::LastGraphicFilePath>(vData); }
@@ -139,7 +140,22 @@ public:
     bool BMPCrop() const { return read<&Preferences::BMPCrop>(); }
     void BMPCrop(bool vData) { write<&Preferences::BMPCrop>(vData); }
 
+    /// Number and description of the error of the last call, see `LastError`; 0 and "" if it had none.
+    /// Untraced.
+    std::int32_t LastErrorNumber() const { return lastError_.number(); }
+    std::string LastErrorDescription() const { return lastError_.description(); }
+
 private:
+    template <class T>
+    T readOwn(T field) const {
+        lastError_.begin();
+        return field;
+    }
+    template <class T>
+    void writeOwn(T& field, T vData) {
+        lastError_.begin();
+        field = vData;
+    }
     template <auto member>
     PreferenceValue<member> read() const {
         return readMember(kPreferenceRow<member>.access, kPreferenceRow<member>.name, member);
@@ -157,6 +173,7 @@ private:
     Preferences preferences_;
     std::int16_t scheduleNumber_ = 1;
     bool showFullPath_ = false;
+    mutable LastError lastError_;
 };
 
 } // namespace qrtVistrelClasses4

@@ -3,6 +3,7 @@
 
 #include <qrtVistrelClasses4/CommandTableFile.h>
 #include <qrtVistrelClasses4/Export.h>
+#include <qrtVistrelClasses4/LastError.h>
 
 #include <cstdint>
 #include <string>
@@ -44,6 +45,11 @@ public:
     /// All rows.
     const CommandTable& Value() const { return table_; }
 
+    /// Number and description of the error of the last call, see `LastError`; 0 and "" if it had none.
+    /// Untraced.
+    std::int32_t LastErrorNumber() const { return lastError_.number(); }
+    std::string LastErrorDescription() const { return lastError_.description(); }
+
 private:
     void LoadCommandTable();
     void SaveCommandTable();
@@ -53,6 +59,7 @@ private:
 
     CommandTable table_;
     CommandTableSource source_;
+    mutable LastError lastError_;
 };
 
 } // namespace qrtVistrelClasses4

@@ -336,6 +336,11 @@ MemoryPlatform::MemoryPlatform() {
     files_.makeFolders(specialFolders[kDocumentsFolder]);
 }
 
+std::optional<std::string> MemoryPlatform::environmentVariable(const std::string& name) {
+    const auto found = environment.find(name);
+    return found == environment.end() ? std::nullopt : std::optional(found->second);
+}
+
 std::optional<std::string> MemoryPlatform::specialFolder(int number) {
     const auto folder = specialFolders.find(number);
     return folder == specialFolders.end() ? std::nullopt : std::optional(folder->second);

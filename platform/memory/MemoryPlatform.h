@@ -188,15 +188,19 @@ public:
     }
     std::string systemProfilePath() override { return JoinPath(library, "win.ini"); }
     std::string libraryFolder() override { return library; }
+    std::optional<std::string> logFolder() override { return logs; }
     std::vector<std::string> otherFolders(FileUse use) override { return others[use]; }
     std::optional<std::string> specialFolder(int number) override;
+    std::optional<std::string> environmentVariable(const std::string& name) override;
     LocalTime localTime() override { return time; }
     CalendarNames calendarNames() override { return calendar; }
 
     std::string library;                                ///< The library's folder; exists from the start.
+    std::optional<std::string> logs;                    ///< The folder of the log, if it has its own.
     std::map<FileUse, std::vector<std::string>> others; ///< The other folders; none at the start.
     std::map<int, std::string>
         specialFolders; ///< By shell number; the documents folder exists from the start.
+    std::map<std::string, std::string> environment;
     LocalTime time{2001, 2, 3, 4, 5, 6, 6};
     CalendarNames calendar = EnglishCalendarNames();
 

@@ -20,12 +20,6 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// No value also for an empty variable.
-std::optional<std::string> environment(const char* name) {
-    const char* value = ::getenv(name);
-    return value && *value != '\0' ? std::optional<std::string>(value) : std::nullopt;
-}
-
 /// The folder that `variable` names; if it names no full path, `usualName` in the home folder.
 std::string userFolderIn(const char* variable, std::string_view usualName) {
     const auto folder = environment(variable);
@@ -45,6 +39,11 @@ std::string upToQuote(std::string_view text) {
 
 } // namespace
 
+std::optional<std::string> environment(const char* name) {
+    const char* value = ::getenv(name);
+    return value && *value != '\0' ? std::optional<std::string>(value) : std::nullopt;
+}
+
 std::string userHome() {
     if (const auto home = environment("HOME"))
         return *home;
@@ -57,6 +56,7 @@ std::string userHome() {
 
 std::string configurationFolder() { return userFolderIn("XDG_CONFIG_HOME", ".config"); }
 std::string dataFolder() { return userFolderIn("XDG_DATA_HOME", ".local/share"); }
+std::string stateFolder() { return userFolderIn("XDG_STATE_HOME", ".local/state"); }
 std::optional<std::string> replacedHome() { return environment("VISTREL_HOME"); }
 
 std::optional<std::string> userDirectory(std::string_view text, std::string_view variable,

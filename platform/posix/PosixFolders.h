@@ -8,12 +8,18 @@
 
 namespace qrtVistrelClasses4 {
 
+/// A variable of the environment. No value for one that is not set, or empty.
+std::optional<std::string> environment(const char* name);
+
 /// The user's home folder.
 std::string userHome();
 /// The folder for settings: $XDG_CONFIG_HOME, else ".config" in the home folder.
 std::string configurationFolder();
 /// The folder for what programs keep: $XDG_DATA_HOME, else ".local/share" in the home folder.
 std::string dataFolder();
+/// The folder for what programs note about themselves: $XDG_STATE_HOME, else ".local/state" in the home
+/// folder.
+std::string stateFolder();
 /// The folder that the environment puts in the place of all these; no value if it names none.
 std::optional<std::string> replacedHome();
 /// The folder with that shell number: the one in the desktop's "user-dirs.dirs", else the usual English name

@@ -21,7 +21,8 @@ class PosixPlatform final : public Platform {
 public:
     explicit PosixPlatform(const PlatformOptions& options)
         : home_(fullHome(options.home ? options.home : replacedHome())),
-          library_(ownFolder(home_, dataFolder())), settings_(ownFolder(home_, configurationFolder())) {}
+          library_(ownFolder(home_, dataFolder())), settings_(ownFolder(home_, configurationFolder())),
+          state_(ownFolder(home_, stateFolder())) {}
 
     FileSystem& files() override { return files_; }
     RegistryStore& registry() override { return registry_; }
@@ -36,8 +37,12 @@ public:
     std::string systemProfilePath() override { return JoinPath(settings_, kSystemProfile); }
 
     std::string libraryFolder() override { return library_; }
+    std::optional<std::string> logFolder() override { return home_ ? std::nullopt : std::optional(state_); }
     std::vector<std::string> otherFolders(FileUse use) override;
     std::optional<std::string> specialFolder(int number) override;
+    std::optional<std::string> environmentVariable(const std::string& name) override {
+        return environment(name.c_str());
+    }
     LocalTime localTime() override;
     CalendarNames calendarNames() override { return PosixCalendarNames(""); }
 
@@ -54,7 +59,8 @@ private:
     const std::optional<std::string> home_; ///< The full name of what replaces all folders of the user.
     const std::string library_;
     const std::string settings_; ///< The folder of the settings store.
-    PosixFileSystem files_{OwnFolders({library_, settings_})};
+    const std::string state_;
+    PosixFileSystem files_{OwnFolders({library_, settings_, state_})};
     IniFileCache profiles_{files_};
     FileRegistryStore registry_{files_, JoinPath(settings_, kRegistryFile)};
     TerminalMessageBoxes boxes_;

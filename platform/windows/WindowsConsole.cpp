@@ -96,12 +96,8 @@ BOOL WINAPI removeTemporaryFiles(DWORD) {
 
 /// Lets `std::getenv` give names in UTF-8. It reads a copy that the C library has made with the code page.
 void takeVariableAsName(const wchar_t* name) {
-    const DWORD room = ::GetEnvironmentVariableW(name, nullptr, 0);
-    std::wstring value(room, L'\0');
-    if (room == 0)
-        return;
-    value.resize(::GetEnvironmentVariableW(name, value.data(), room));
-    (void)::_putenv((Utf8FromWide(name) + "=" + NameFromWide(value)).c_str());
+    if (const std::wstring value = WideEnvironment(name); !value.empty())
+        (void)::_putenv((Utf8FromWide(name) + "=" + NameFromWide(value)).c_str());
 }
 
 } // namespace

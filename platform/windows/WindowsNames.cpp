@@ -108,6 +108,14 @@ std::string NameFromWide(std::wstring_view wide) {
     return AreNamesUtf8() ? Utf8FromWide(wide) : textFrom(pageOfFileFunctions(), 0, wide);
 }
 
+std::wstring WideEnvironment(const wchar_t* name) {
+    std::wstring value(::GetEnvironmentVariableW(name, nullptr, 0), L'\0');
+    if (!value.empty())
+        value.resize(std::min<std::size_t>(
+            ::GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size())), value.size()));
+    return value;
+}
+
 bool IsDeviceName(std::string_view name) {
     if (!maybeDevice(SplitPath(name).name))
         return false;

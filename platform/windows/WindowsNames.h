@@ -19,6 +19,9 @@ std::string NameFromWide(std::wstring_view wide);
 std::wstring WideFromUtf8(std::string_view utf8);
 std::string Utf8FromWide(std::wstring_view wide);
 
+/// A variable of the environment as it is now. Empty if it is not set.
+std::wstring WideEnvironment(const wchar_t* name);
+
 /// Whether the system takes the name for a device, such as "NUL" and, before Windows 11, "NUL.txt".
 bool IsDeviceName(std::string_view name);
 

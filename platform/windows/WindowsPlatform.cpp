@@ -77,6 +77,7 @@ public:
     }
 
     std::string libraryFolder() override;
+    std::optional<std::string> logFolder() override { return std::nullopt; }
     std::vector<std::string> otherFolders(FileUse use) override {
         // Other people's programs keep to the library's folder.
         const bool readsMore = home_ || AreNamesUtf8();
@@ -84,6 +85,10 @@ public:
                                                      : std::vector<std::string>();
     }
     std::optional<std::string> specialFolder(int number) override;
+    std::optional<std::string> environmentVariable(const std::string& name) override {
+        const std::wstring value = WideEnvironment(WideFromUtf8(name).c_str());
+        return value.empty() ? std::nullopt : std::optional(NameFromWide(value));
+    }
     LocalTime localTime() override;
     CalendarNames calendarNames() override { return WindowsCalendarNames(LOCALE_USER_DEFAULT); }
 

@@ -63,7 +63,7 @@ TEST_F(SavingPlayfiles, CopiesFilesFromDrivesThatMayGoAwayIfTheOperatorWantsIt) 
 }
 
 TEST_F(SavingPlayfiles, LetsTheHostChangeTheFramesWhileItAsks) {
-    struct BusyHost final : MessageBoxes {
+    struct HostThatEdits final : MessageBoxes {
         MessageAnswer show(const Message& message) override {
             playfile.TotalFrames(total);
             return message.buttons == MessageButtons::yesNo ? MessageAnswer::yes : MessageAnswer::ok;

@@ -2,6 +2,7 @@
 
 #include "HostTest.h"
 #include "frame/Traced.h"
+#include "settings/ErrorLog.h"
 #include "settings/RegistrySettings.h"
 
 namespace qrtVistrelClasses4 {
@@ -33,6 +34,11 @@ TEST_F(DefaultErrorReport, GoesToTheLogAndToTheOperatorUnlessItIsQuietOrSwitched
     fail();
     EXPECT_EQ(takeBoxes(), Texts());
     EXPECT_EQ(log(), entry_ + entry_);
+    host_.machine.logs = host_.inLibrary("state");
+    files().makeFolders(*host_.machine.logs);
+    fail(true);
+    EXPECT_EQ(files().content(JoinPath(*host_.machine.logs, "VistrelErrors.log")), entry_);
+    host_.machine.logs.reset();
     WriteSetting("Vistrel3", "Settings", "ShowErrorReports", "neither yes nor no");
     files().setReadOnly(path_);
     fail();

@@ -7,7 +7,7 @@
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
-#include "settings/DefaultErrorReport.h"
+#include "settings/ErrorLog.h"
 #include "settings/IniFile.h"
 #include "settings/RegistryRoutines.h"
 #include <qrtVistrelClasses4/DisplayDatabaseClass.h>

@@ -93,16 +93,19 @@ public:
 
     /// What the commands print, errors included, and the exit code unless it is 0.
     std::string run(const std::string& command) const {
-        const std::string script = "cd '" + home() + "'; export HOME='" + folder_.file("user") +
-                                   R"sh(' XDG_CONFIG_HOME= XDG_DATA_HOME= VISTREL_HOME= LC_ALL=C
-                vistrel() { )sh" + vistrel_ +
-                                   R"sh( "$@"; }
+        const std::string script =
+            "cd '" + home() + "'; export HOME='" + folder_.file("user") +
+            R"sh(' XDG_CONFIG_HOME= XDG_DATA_HOME= XDG_STATE_HOME= VISTREL_HOME= LC_ALL=C
+                vistrel() { )sh" +
+            vistrel_ +
+            R"sh( "$@"; }
                 native() { ')sh" VISTREL_PROGRAM R"sh(' --home "$PWD" "$@"; }
                 names() { # the first letters of the frames of a playfile
                     vistrel show "$1" --json | sed -n 's/.*"FrameName": "\(.*\)",/\1-/p' | cut -c 1 | tr -d '\n'
                     echo
                 }
-                { )sh" + command + "\n} > ../out 2>&1 < /dev/null";
+                { )sh" +
+            command + "\n} > ../out 2>&1 < /dev/null";
         const int status = std::system(script.c_str());
         std::string out = shown(contentOf(folder_.file("out")));
         for (const auto& [folder, name] : {std::pair{home(), "~"}, {folder_.path(), ".."}})

@@ -8,7 +8,7 @@
 #include "platform/TemporaryName.h"
 #include "playfile/Effects.h"
 #include "settings/AppFolder.h"
-#include "settings/DefaultErrorReport.h"
+#include "settings/ErrorLog.h"
 #include "settings/LibraryFiles.h"
 #include "tools/doctor/Checks.h"
 #include "tools/doctor/Wording.h"
@@ -225,7 +225,7 @@ Finding checkCommands() {
 }
 
 std::optional<Finding> checkLog(std::string_view name) {
-    Finding finding = findingAbout("store.log", "error log", JoinPath(GetAppFolder(), name));
+    Finding finding = findingAbout("store.log", "error log", JoinPath(ErrorLogFolder(), name));
     const auto size = platform().files().sizeOf(finding.path);
     if (!size || size.value() == 0)
         return std::nullopt;

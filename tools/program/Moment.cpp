@@ -34,8 +34,12 @@ public:
     }
     std::string systemProfilePath() override { return machine_.systemProfilePath(); }
     std::string libraryFolder() override { return machine_.libraryFolder(); }
+    std::optional<std::string> logFolder() override { return machine_.logFolder(); }
     std::vector<std::string> otherFolders(FileUse use) override { return machine_.otherFolders(use); }
     std::optional<std::string> specialFolder(int number) override { return machine_.specialFolder(number); }
+    std::optional<std::string> environmentVariable(const std::string& name) override {
+        return machine_.environmentVariable(name);
+    }
     CalendarNames calendarNames() override { return machine_.calendarNames(); }
 
 private:

@@ -19,6 +19,7 @@ namespace {
 ExitCode run(Session& session, const ProgramOptions& options) {
     const auto machine = makePlatform({.home = options.home});
     const ScopedPlatform platformScope(*machine);
+    const ScopedMessageBoxes boxesScope(machine->messageBoxes()); // its questions have options that answer
     const ScopedScreen screenScope(session.out, ScreenFor(machine->console(), options.screen));
     const ScopedErrorReporter reporterScope(session.errors);
     ExitCode code = ExitCode::failed;

@@ -1,0 +1,44 @@
+// The last error of an object, for hosts that ask after a call whether it failed.
+#pragma once
+
+#include <qrtVistrelClasses4/Export.h>
+
+#include <cstdint>
+#include <string>
+
+namespace QRT_PUBLIC qrtVistrelClasses4 {
+
+class RuntimeError;
+
+/// The error of an object's last call: one that was trapped, that a message box showed, or that was thrown.
+/// Every member counts as a call, except those that ask for the error, `ClassName`, `ClassDebugID` and
+/// `Value`. What a call of the object calls itself is a part of that call, and so is what a host calls while
+/// an error or a question is put before the operator; if such steps fail, the last error counts. An error
+/// that is only logged counts if the whole call failed with it.
+class LastError {
+public:
+    LastError() = default;
+    ~LastError();
+    LastError(const LastError&) = delete;
+    LastError& operator=(const LastError&) = delete;
+
+    /// 0 if the last call had no error.
+    std::int32_t number() const { return number_; }
+    const std::string& description() const { return description_; }
+
+    /// To be called when a call of the object begins: clears the error, unless a call is running.
+    void begin() {
+        if (number_ != 0) [[unlikely]]
+            clearUnlessRunning();
+    }
+    /// Remembers an error of the running call. Without memory for the description, it is empty.
+    void note(const RuntimeError& error) noexcept;
+
+private:
+    void clearUnlessRunning() noexcept;
+
+    std::int32_t number_ = 0;
+    std::string description_;
+};
+
+} // namespace qrtVistrelClasses4
