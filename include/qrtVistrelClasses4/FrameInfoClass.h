@@ -268,6 +268,8 @@ public:
     /// Untraced.
     std::int32_t LastErrorNumber() const { return lastError_.number(); }
     std::string LastErrorDescription() const { return lastError_.description(); }
+    /// For procedures that scripts know as members of this class, but that are declared elsewhere.
+    LastError& RememberedError() { return lastError_; }
 
 private:
     const FrameRecord& currentFrame() const { return playfile_.frames.at(currentFrameNumber_); }
