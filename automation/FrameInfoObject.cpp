@@ -134,7 +134,7 @@ private:
     /// False after an error, which is trapped as those of saving and exporting are.
     bool savePicture(std::int16_t iFrameNum, const std::string& sFileName, std::int16_t iScale) {
         return traced(
-            ObjectProcedure{core_->ErrorOfLastCall(), FrameFunction("SavePictureOfFrame")},
+            {core_->RememberedError(), FrameFunction("SavePictureOfFrame")},
             [&] {
                 DisplayRecord sign;
                 sign.DisplayWidth = core_->DisplayWidth();

@@ -1,19 +1,13 @@
-// Texts in two encodings: Windows-1252, with 8 bits a character, and UTF-8.
+// Characters of texts in UTF-8.
 #pragma once
+
+#include <qrtVistrelClasses4/Utf8.h>
 
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace qrtVistrelClasses4 {
-
-/// Every byte is one character; the five that the code page leaves undefined (81, 8D, 8F, 90, 9D) become the
-/// control characters of the same number, so that nothing is lost.
-std::string Utf8FromAnsi(std::string_view ansi);
-
-/// The reverse of `Utf8FromAnsi`. Returns nothing if `utf8` is not UTF-8 or has a character that the code
-/// page lacks.
-std::optional<std::string> AnsiFromUtf8(std::string_view utf8);
 
 /// Removes the first character of `utf8`, which is not empty, and returns it. Returns nothing if there is no
 /// whole character.

@@ -4,11 +4,11 @@
 #include "frame/ErrorTrap.h"
 #include "frame/SystemErrors.h"
 #include <qrtVistrelClasses4/SavePlayfile.h>
+#include <qrtVistrelClasses4/Utf8.h>
 
 #include "platform/FileNames.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
-#include "platform/Utf8.h"
 #include "playfile/MemberOrder.h"
 #include "playfile/PlayfileFormat.h"
 #include "playfile/PlayfileOutput.h"

@@ -268,8 +268,8 @@ public:
     /// Untraced.
     std::int32_t LastErrorNumber() const { return lastError_.number(); }
     std::string LastErrorDescription() const { return lastError_.description(); }
-    /// The same as an object, for procedures that are added to the class elsewhere.
-    LastError& ErrorOfLastCall() const { return lastError_; }
+    /// For procedures that scripts know as members of this class, but that are declared elsewhere.
+    LastError& RememberedError() { return lastError_; }
 
 private:
     const FrameRecord& currentFrame() const { return playfile_.frames.at(currentFrameNumber_); }

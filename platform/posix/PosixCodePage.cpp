@@ -1,6 +1,6 @@
 #include "platform/CodePage.h"
 
-#include "platform/Utf8.h"
+#include <qrtVistrelClasses4/Utf8.h>
 
 namespace qrtVistrelClasses4 {
 

@@ -1,12 +1,13 @@
 #include "platform/windows/WindowsConsole.h"
 
 #include "platform/TemporaryFiles.h"
-#include "platform/Utf8.h"
 #include "platform/Wildcards.h"
 #include "platform/windows/CommandLine.h"
 #include "platform/windows/WindowsFileSystem.h"
 #include "platform/windows/WindowsNames.h"
 #include "platform/windows/WindowsSystem.h"
+
+#include <qrtVistrelClasses4/Utf8.h>
 
 #include <algorithm>
 #include <cstdlib>

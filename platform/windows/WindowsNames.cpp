@@ -4,7 +4,8 @@
 #include "platform/FileNames.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
-#include "platform/Utf8.h"
+
+#include <qrtVistrelClasses4/Utf8.h>
 
 #include <algorithm>
 #include <atomic>

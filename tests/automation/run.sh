@@ -81,7 +81,7 @@ report_tests() { # NAME STATUS
     grep -vE '^(\[ RUN|\[-------|$)' "$output"
     passed=$((passed + $(grep -cE '^(ok |\[       OK \])' "$output")))
     failed=$((failed + $(grep -cE '^(FAILED |\[  FAILED  \] [^ ]*$)' "$output")))
-    grep -qE '^(the script ran to its end|\[=+\] .* ran\.)' "$output" || status=1
+    grep -qE '^(the (script|program) ran to its end|\[=+\] .* ran\.)' "$output" || status=1
     report $status "$1 runs to its end"
 }
 
@@ -194,10 +194,12 @@ awk -v RS= -F '\n' 'NR == FNR { heading = $1; sub(/[^\n]*/, ""); newer[heading] 
     diff -u - <(sed -zEf "$here/contract.sed" "$here/../../automation/qrtVistrelClasses4.idl")
 report $? "the interface definition keeps its promises"
 run_tests script_test.vbs cscript //nologo "$(windows_path "$here/script_test.vbs")" "$(windows_path "$data/")"
-for language in vbs js; do
-    run_tests "clipboard_and_picture.$language" cscript //nologo "$(windows_path "$here/clipboard_and_picture.$language")" "$(windows_path "$data/")"
-done
+run_tests clipboard_and_picture.vbs cscript //nologo "$(windows_path "$here/clipboard_and_picture.vbs")" "$(windows_path "$data/")"
+QRTVISTREL_UNATTENDED=1 run_tests script_test.js cscript //nologo "$(windows_path "$here/script_test.js")" "$(windows_path "$data/")"
+. "$here/unattended"
 [ ! -e "$here/../../docs" ] || . "$here/../docs/automation" # the small system of run-32 has no documents and no compiler
+run_tests early_bound "$build/tests/automation/EarlyBound.exe"
+run_tests by_position "$build/tests/automation/ByPosition.exe"
 check_registrations
 alone='*NeedsNoRegistration*'
 run_tests automation "$build/tests/automation/automation_tests.exe" --gtest_print_time=0 --gtest_filter="-$alone"

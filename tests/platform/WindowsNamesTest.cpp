@@ -4,9 +4,10 @@
 #include "platform/FileNames.h"
 #include "platform/Path.h"
 #include "platform/ReplacementFile.h"
-#include "platform/Utf8.h"
 #include "platform/windows/CommandLine.h"
 #include "platform/windows/WindowsRegistryStore.h"
+
+#include <qrtVistrelClasses4/Utf8.h>
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,7 @@
 #include "tools/program/Encoding.h"
 
 #include "platform/Hex.h"
+#include "platform/Utf8.h"
 
 namespace qrtVistrelClasses4 {
 namespace {

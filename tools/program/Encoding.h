@@ -2,7 +2,8 @@
 #pragma once
 
 #include "platform/FileNames.h"
-#include "platform/Utf8.h"
+
+#include <qrtVistrelClasses4/Utf8.h>
 
 #include <string>
 #include <string_view>

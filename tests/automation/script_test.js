@@ -1,4 +1,4 @@
-// Clipboards and pictures of frames as a language uses them that passes values only.
+// A script that nobody watches, in a language that passes values only. A check that fails does not end it.
 var folder = WScript.Arguments(0); // for the script's files; ends in a separator
 
 function check(sentence, actual, wanted) {
@@ -17,8 +17,12 @@ function errorOf(action) {
     }
 }
 
+function create(name) {
+    return new ActiveXObject("qrtVistrelClasses4." + name);
+}
+
 function newPlayfile(letters) {
-    var playfile = new ActiveXObject("qrtVistrelClasses4.FrameInfoClass");
+    var playfile = create("FrameInfoClass");
     playfile.TotalFrames = letters.length;
     for (var i = 1; i <= letters.length; i++) {
         playfile.CurrentFrame = i;
@@ -36,6 +40,7 @@ function names(playfile) {
     return letters;
 }
 
+// Clipboards and pictures of frames.
 var frames = newPlayfile("ABCDEF");
 var clipboard = newPlayfile("xyz");
 var sameObject = clipboard;
@@ -54,7 +59,7 @@ check("without an object, nothing is filled", names(frames), "DEABF");
 check("a value of another kind is refused", errorOf(function () { frames.CutInfo(1, 1, null); }), "refused, DEABF");
 check("the object itself is no clipboard", errorOf(function () { frames.CutInfo(1, 2, frames); }), "refused, DEABF");
 check("nor is an object of another class", errorOf(function () {
-    frames.CutInfo(1, 2, new ActiveXObject("qrtVistrelClasses4.MostRecentlyUsed"));
+    frames.CutInfo(1, 2, create("MostRecentlyUsed"));
 }), "refused, DEABF");
 
 var files = new ActiveXObject("Scripting.FileSystemObject");
@@ -69,4 +74,56 @@ check("what cannot be saved changes nothing", frames.SavePictureOfFrame(6, folde
       frames.SavePictureOfFrame(1, folder + "frame.bmp", 65) + " " +
       frames.SavePictureOfFrame(1, folder + "no folder\\frame.bmp") + " " +
       files.GetFile(folder + "frame.bmp").Size, "false false false " + (54 + 32 * 204));
+
+// Errors are read after the call that had them.
+frames = newPlayfile("A");
+check("no error", frames.LastErrorNumber + frames.LastErrorDescription, "0");
+frames.CurrentFrame = 7;
+frames.FrameName = "nowhere";
+check("a trapped error", frames.LastErrorNumber + frames.LastErrorDescription, "9Subscript out of range");
+check("a file that cannot be written", frames.WritePlayfileToDisk(folder + "none\\x.playfile"), false);
+check("its error", frames.LastErrorNumber, 76);
+frames.CurrentFrame = 1;
+check("the error is over", frames.FrameName + frames.LastErrorNumber, "A0");
+try {
+    frames.CurrentFrame = 7;
+    frames.AudioFile = "nowhere";
+    check("an error is raised", false, true);
+} catch (error) {
+    check("an error is raised", (error.number & 0xffff) + error.description, "9Subscript out of range");
+}
+
+// The other classes.
+var settings = create("SettingsInfoClass"), signs = create("DisplayDatabaseClass");
+settings.WriteSetting("JScript", "kept");
+check("a setting is kept", settings.GetPrivateSetting("JScript", "lost"), "kept");
+settings.ScheduleNumber = 2;
+settings.BrightnessScheduleBrightnessLevel = 5;
+settings.SaveSettingsToDisk("script.ini");
+settings = create("SettingsInfoClass");
+settings.GetSettingsFromDisk("script.ini");
+settings.ScheduleNumber = 2;
+check("preferences are saved in a file of the script", settings.BrightnessScheduleBrightnessLevel, 5);
+signs.AddNewDisplay("Pier");
+signs.CurrentDisplayNumber = 1;
+signs.DisplayType = "161";
+check("a sign has a type", signs.GetSignTypeDescription(), "ZR-7 - ScrollLink");
+signs.CurrentDisplayNumber = 2;
+signs.DisplayWidth = 64;
+check("a sign that does not exist", signs.LastErrorNumber, 9);
+signs.WriteAllDisplaysToDisk("script.dat");
+check("signs are saved", signs.LastErrorNumber, 0);
+signs = create("DisplayDatabaseClass");
+signs.RetrieveAllDisplayInfoFromDisk("script.dat");
+check("and read", signs.FindDisplayByName("pier"), 1);
+
+var commands = create("clsCommandInterface"), recent = create("MostRecentlyUsed");
+commands.sCommandBytesByKey("##JS") = "\x07";
+check("a command has its bytes", commands.sCommandBytesByKey("##JS"), "\x07");
+check("without an error", commands.LastErrorNumber, 0);
+recent.AddFileToMostRecentlyUsedList("script.playfile");
+check("the newest file comes first", recent.GetFirstFileName(), "script.playfile");
+recent.RemoveFileFromMostRecentlyUsed("SCRIPT.playfile");
+check("a file is taken off the list", recent.GetFileName(1) != "script.playfile", true);
+check("an entry before the first", recent.GetFileName(0) + recent.LastErrorNumber, "9");
 WScript.Echo("the script ran to its end");
