@@ -6,12 +6,16 @@
 namespace qrtVistrelClasses4 {
 
 LastError::~LastError() {
-    if (traceState.call)
-        traceState.call->forget(*this);
+    for (ObjectCall* call = traceState.call; call; call = call->outer_)
+        if (call->object_ == this)
+            call->object_ = nullptr;
 }
 
 void LastError::note(const RuntimeError& error) noexcept {
     number_ = error.number();
+    for (ObjectCall* call = traceState.call; call; call = call->outer_)
+        if (call->object_ == this)
+            call->number_ = number_;
     try {
         description_ = error.description();
     } catch (...) {
@@ -19,24 +23,11 @@ void LastError::note(const RuntimeError& error) noexcept {
     }
 }
 
-void LastError::clearUnlessRunning() noexcept {
-    if (traceState.call && traceState.call->isWithin(*this))
-        return;
-    number_ = 0;
-    description_.clear();
-}
-
-bool ObjectCall::isWithin(const LastError& object) const noexcept {
-    for (const ObjectCall* call = this; call; call = call->outer_)
-        if (call->object_ == &object)
-            return true;
-    return false;
-}
-
-void ObjectCall::forget(const LastError& object) noexcept {
-    for (ObjectCall* call = this; call; call = call->outer_)
-        if (call->object_ == &object)
-            call->object_ = nullptr;
+bool ObjectCall::isOutermost() const noexcept {
+    for (const ObjectCall* call = outer_; call; call = call->outer_)
+        if (call->object_ == object_)
+            return false;
+    return true;
 }
 
 } // namespace qrtVistrelClasses4

@@ -10,34 +10,33 @@ namespace qrtVistrelClasses4 {
 /// the object's errors, unless they are trapped in the call of another object.
 class ObjectCall {
 public:
-    explicit ObjectCall(LastError& object) noexcept
-        : object_(&object), outer_(traceState.call), isOutermost_(!outer_ || !outer_->isWithin(object)) {
-        if (isOutermost_)
-            object.begin();
+    explicit ObjectCall(LastError& object) noexcept : object_(&object), outer_(traceState.call) {
         traceState.call = this;
     }
     /// Code of the host that is called back. It belongs to no object.
     ObjectCall() noexcept : outer_(traceState.call) { traceState.call = this; }
-    ~ObjectCall() { traceState.call = outer_; }
+    ~ObjectCall() {
+        traceState.call = outer_;
+        if (object_)
+            object_->number_ = number_;
+    }
     ObjectCall(const ObjectCall&) = delete;
     ObjectCall& operator=(const ObjectCall&) = delete;
 
     /// False for a call that a call of the same object makes.
-    bool isOutermost() const { return isOutermost_; }
-    /// Whether this call or one around it is a call of `object`.
-    bool isWithin(const LastError& object) const noexcept;
+    bool isOutermost() const noexcept;
     /// Has the object remember `error`.
     void note(const RuntimeError& error) const noexcept {
         if (object_)
             object_->note(error);
     }
-    /// Takes a destroyed object out of this call and of those around it.
-    void forget(const LastError& object) noexcept;
 
 private:
-    LastError* object_ = nullptr;
+    friend class LastError;
+
+    LastError* object_ = nullptr; ///< Null also when the object has been destroyed.
     ObjectCall* outer_;
-    bool isOutermost_ = false;
+    std::int32_t number_ = 0; ///< Number of the last error within this call.
 };
 
 } // namespace qrtVistrelClasses4

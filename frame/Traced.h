@@ -54,7 +54,10 @@ struct FullCall {
 };
 /// The call of an object's property, which calls nothing that could trap an error, or be a call of an object.
 struct PropertyCall {
-    explicit PropertyCall(LastError& owner) noexcept : object(owner) { object.begin(); }
+    PropertyCall(LastError& owner) noexcept // NOLINT(google-explicit-constructor)
+        : object(owner) {
+        object.begin();
+    }
     void trap(const TraceRecord& record, TraceRecord* outer) const noexcept {
         FullCall(object).trap(record, outer);
     }
@@ -62,10 +65,17 @@ struct PropertyCall {
     LastError& object;
 };
 
+/// A procedure that only reads or sets a value of its object. Its call begins before its name is looked up,
+/// so that the compiler can put off the latter until there is an error.
+struct ObjectProperty {
+    PropertyCall call;
+    Procedure where;
+};
+
 /// `trapped` for any kind of call.
 template <class Call, class Body, class... Ts>
-std::invoke_result_t<Body&> trappedIn(const Call& call, const Procedure& where, Body& body,
-                                      Arg<Ts>&... arguments) noexcept {
+std::invoke_result_t<Body&> trappedIn(const Call& call, Procedure where, Body body,
+                                      Arg<Ts>... arguments) noexcept {
     TraceRecord* const outer = traceState.innermost;
     try {
         (arguments.keep(), ...);
@@ -78,8 +88,8 @@ std::invoke_result_t<Body&> trappedIn(const Call& call, const Procedure& where, 
 
 /// Like `trappedIn`, but the procedure is on the trace, which must be switched on, while it runs.
 template <class Call, class Body, class... Ts>
-std::invoke_result_t<Body&> trappedOnTrace(const Call& call, const Procedure& where, Body& body,
-                                           Arg<Ts>&... arguments) noexcept {
+std::invoke_result_t<Body&> trappedOnTrace(const Call& call, Procedure where, Body body,
+                                           Arg<Ts>... arguments) noexcept {
     TraceState& trace = traceState;
     TraceRecord* const outer = trace.innermost;
     ProcedureRecord<Ts...> record(where, std::move(arguments)...);
@@ -93,40 +103,40 @@ std::invoke_result_t<Body&> trappedOnTrace(const Call& call, const Procedure& wh
 
 /// `traced` for any kind of call.
 template <class Call, class Body, class... Ts>
-std::invoke_result_t<Body&> tracedIn(const Call& call, const Procedure& where, Body& body,
-                                     Arg<Ts>&... arguments) noexcept {
-    return traceState.on ? trappedOnTrace(call, where, body, arguments...)
-                         : trappedIn(call, where, body, arguments...);
+std::invoke_result_t<Body&> tracedIn(const Call& call, Procedure where, Body body,
+                                     Arg<Ts>... arguments) noexcept {
+    return traceState.on ? trappedOnTrace(call, where, body, std::move(arguments)...)
+                         : trappedIn(call, where, body, std::move(arguments)...);
 }
 
 /// Runs `body` as the procedure `where`, which is not on the trace. An error of the body is trapped: it is
 /// reported, and the result is the procedure's failure value (false, 0, "").
 template <class Body, class... Ts>
 std::invoke_result_t<Body&> trapped(Procedure where, Body body, Arg<Ts>... arguments) noexcept {
-    return trappedIn(ObjectlessCall(), where, body, arguments...);
+    return trappedIn(ObjectlessCall(), where, body, std::move(arguments)...);
 }
 
 template <class Body, class... Ts>
 std::invoke_result_t<Body&> trapped(ObjectProcedure procedure, Body body, Arg<Ts>... arguments) noexcept {
-    return trappedIn(FullCall(procedure.object), procedure.where, body, arguments...);
+    return trappedIn(FullCall(procedure.object), procedure.where, body, std::move(arguments)...);
 }
 
 /// Like `trapped`, but the procedure is on the trace while it runs, if the trace is switched on.
 template <class Body, class... Ts>
 std::invoke_result_t<Body&> traced(Procedure where, Body body, Arg<Ts>... arguments) noexcept {
-    return tracedIn(ObjectlessCall(), where, body, arguments...);
+    return tracedIn(ObjectlessCall(), where, body, std::move(arguments)...);
 }
 template <class Body, class... Ts>
 std::invoke_result_t<Body&> traced(ObjectProcedure procedure, Body body, Arg<Ts>... arguments) noexcept {
-    return tracedIn(FullCall(procedure.object), procedure.where, body, arguments...);
+    return tracedIn(FullCall(procedure.object), procedure.where, body, std::move(arguments)...);
 }
 
 /// `traced` for a procedure that only reads or sets a value of its object: it calls nothing that could trap
 /// an error, and nothing of a host.
 template <class Body, class... Ts>
-std::invoke_result_t<Body&> tracedProperty(ObjectProcedure property, Body body,
+std::invoke_result_t<Body&> tracedProperty(ObjectProperty property, Body body,
                                            Arg<Ts>... arguments) noexcept {
-    return tracedIn(PropertyCall(property.object), property.where, body, arguments...);
+    return tracedIn(property.call, property.where, body, std::move(arguments)...);
 }
 
 /// Runs the body of an untraced accessor: an error goes to the caller, as `RuntimeError`.
@@ -139,8 +149,7 @@ std::invoke_result_t<Body&> untraced(Body body) {
     }
 }
 template <class Body>
-std::invoke_result_t<Body&> untraced(LastError& object, Body body) {
-    const PropertyCall call(object);
+std::invoke_result_t<Body&> untraced(PropertyCall call, Body body) {
     try {
         return body();
     } catch (...) {
@@ -188,13 +197,13 @@ auto asAccessedNow(Property property) {
 
 /// Runs the body of a property, called with `now` by `asAccessedNow`.
 template <Access now, class Body, class... Ts>
-std::invoke_result_t<Body&> accessed(ObjectProcedure property, Body body, Arg<Ts>... arguments) {
+std::invoke_result_t<Body&> accessed(ObjectProperty property, Body body, Arg<Ts>... arguments) {
     if constexpr (now == Access::traced)
-        return trappedOnTrace(PropertyCall(property.object), property.where, body, arguments...);
+        return trappedOnTrace(property.call, property.where, body, std::move(arguments)...);
     else if constexpr (now == Access::trapped)
-        return trappedIn(PropertyCall(property.object), property.where, body, arguments...);
+        return trappedIn(property.call, property.where, body, std::move(arguments)...);
     else
-        return untraced(property.object, body);
+        return untraced(property.call, body);
 }
 
 /// Whether somebody counts the procedures that run. A procedure must then run each of its steps, also where

@@ -24,21 +24,19 @@ public:
 
     /// 0 if the last call had no error.
     std::int32_t number() const { return number_; }
-    const std::string& description() const { return description_; }
+    std::string description() const { return number_ == 0 ? std::string() : description_; }
 
-    /// To be called when a call of the object begins: clears the error, unless a call is running.
-    void begin() {
-        if (number_ != 0) [[unlikely]]
-            clearUnlessRunning();
-    }
-    /// Remembers an error of the running call. Without memory for the description, it is empty.
+    /// To be called when a property begins, which costs one store. While another call of the object runs, the
+    /// error of that call comes back when it ends.
+    void begin() { number_ = 0; }
+    /// Remembers an error of the running calls. Without memory for the description, it is empty.
     void note(const RuntimeError& error) noexcept;
 
 private:
-    void clearUnlessRunning() noexcept;
+    friend class ObjectCall;
 
     std::int32_t number_ = 0;
-    std::string description_;
+    std::string description_; ///< Of the error before, while there is none.
 };
 
 } // namespace qrtVistrelClasses4
