@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 
@@ -98,6 +99,11 @@ extern std::atomic<bool> NewEffectsLoaded;
 
 /// Full name of "NewEffects.ini" in the application data folder, or of the one that is read in its place.
 std::string NewEffectsPath();
+
+/// Whether effect lists offer optional effects, or would when they are loaded next.
+bool HasNewEffects();
+/// The optional effects that "NewEffects.ini" does not switch off, in the order of the lists.
+std::vector<OptionalEffect> SwitchedOnEffects();
 
 /// The name of an effect code, if it has one.
 std::optional<std::string> PrefixName(std::int16_t code);

@@ -1,0 +1,20 @@
+// The words that messages of all subjects share.
+#include "validation/Rules.h"
+
+namespace qrtVistrelClasses4 {
+
+bool IsUsedFrame(const FrameRecord& frame) { return KindOf(frame) != NEW_FRAME_TYPES::FRAME_BLANK; }
+
+std::string FrameText(std::int32_t number) { return "Frame " + std::to_string(number); }
+
+std::string Quoted(std::string_view text) {
+    constexpr std::size_t most = 60;
+    return text.size() <= most ? '"' + std::string(text) + '"'
+                               : '"' + std::string(text.substr(0, most)) + "...\"";
+}
+
+std::string CountText(std::int64_t count, std::string_view one, std::string_view many) {
+    return std::to_string(count) + ' ' + std::string(count == 1 ? one : many);
+}
+
+} // namespace qrtVistrelClasses4

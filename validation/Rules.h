@@ -1,0 +1,32 @@
+// The subjects of a validation. Each function adds what it finds, in any order.
+#pragma once
+
+#include "validation/Findings.h"
+#include <qrtVistrelClasses4/Validation.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace qrtVistrelClasses4 {
+
+void CheckPlayfile(const Playfile& playfile, const ValidationCircumstances& circumstances,
+                   Findings& findings);
+void CheckEffects(const Playfile& playfile, const ValidationCircumstances& circumstances, Findings& findings);
+void CheckNumbers(const Playfile& playfile, const ValidationCircumstances& circumstances, Findings& findings);
+
+/// The name of a member's property, by which findings and messages know it.
+template <auto member>
+inline constexpr std::string_view kPropertyOf = kMember<member>.name;
+
+/// Whether the sign shows the frame or sends its file. Blank frames are skipped with all that they hold.
+bool IsUsedFrame(const FrameRecord& frame);
+
+/// "Frame 3".
+std::string FrameText(std::int32_t number);
+/// The text in quotes, cut if it is long.
+std::string Quoted(std::string_view text);
+/// "1 line" or "3 lines".
+std::string CountText(std::int64_t count, std::string_view one, std::string_view many);
+
+} // namespace qrtVistrelClasses4
