@@ -195,14 +195,14 @@ private:
 
     /// Draws a picture, or a box with the name of a file that cannot be drawn.
     void drawMedium(const FrameRecord& frame, const std::string& path, PixelBuffer& dots) {
-        const auto& [what, picture] = pictures_.find(path);
-        if (picture)
-            drawPicture(sign_, *picture, dots);
+        const PictureOutcome& found = pictures_.find(path);
+        if (found.picture)
+            drawPicture(sign_, *found.picture, dots);
         else
             drawBox(SplitPath(path).name, dots);
-        if (hasPicture(frame) && what == PictureOutcome::What::missing)
+        if (hasPicture(frame) && found.what == PictureOutcome::What::missing)
             addFault(PreviewFault::What::missingPicture, path, 0);
-        if (hasPicture(frame) && what == PictureOutcome::What::unreadable)
+        if (hasPicture(frame) && found.what == PictureOutcome::What::unreadable)
             addFault(PreviewFault::What::picture, path, 0);
     }
 
