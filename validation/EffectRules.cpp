@@ -21,6 +21,7 @@ struct CodeSide {
     std::string_view title; ///< In messages.
     std::optional<std::string> (*nameOf)(std::int16_t code);
     std::vector<std::int16_t> OfferedEffects::*offered;
+    std::string_view verb, otherVerb; ///< What frames do with the code.
     std::int16_t reveal;
     std::int16_t revealOfOther;
     RuleName unknown;
@@ -30,6 +31,8 @@ constexpr CodeSide kPrefixSide{&FrameRecord::PrefixCode,
                                "prefix code",
                                &PrefixName,
                                &OfferedEffects::prefixes,
+                               "appear",
+                               "disappear",
                                kRevealOn,
                                kRevealOff,
                                "unknown-prefix"};
@@ -38,6 +41,8 @@ constexpr CodeSide kSuffixSide{&FrameRecord::SuffixCode,
                                "suffix code",
                                &SuffixName,
                                &OfferedEffects::suffixes,
+                               "disappear",
+                               "appear",
                                kRevealOff,
                                kRevealOn,
                                "unknown-suffix"};
@@ -64,8 +69,8 @@ void checkCode(const CodeSide& side, const FrameRecord& frame, std::int32_t numb
         findings.add("old-wipe-code", place, is + ", the old number of the wipe, which is now 2000.", kWipe);
     else if (code == side.revealOfOther)
         findings.add("reveal-reversed", place,
-                     is + ", which reveals on the other side; here the number is " +
-                         std::to_string(side.reveal) + '.',
+                     is + ", with which frames " + std::string(side.otherVerb) + "; those that " +
+                         std::string(side.verb) + " so have " + std::to_string(side.reveal) + '.',
                      side.reveal);
     else if (!name)
         findings.add(side.unknown, place, is + ", which is the number of no effect.");

@@ -1,9 +1,15 @@
 // The words that messages of all subjects share.
+#include "platform/LetterCase.h"
 #include "validation/Rules.h"
 
 namespace qrtVistrelClasses4 {
 
 bool IsUsedFrame(const FrameRecord& frame) { return KindOf(frame) != NEW_FRAME_TYPES::FRAME_BLANK; }
+
+bool HasPicture(const FrameRecord& frame) {
+    const NEW_FRAME_TYPES kind = KindOf(frame);
+    return kind == NEW_FRAME_TYPES::FRAME_GRAPHIC || kind == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT;
+}
 
 std::string FrameText(std::int32_t number) { return "Frame " + std::to_string(number); }
 
@@ -11,6 +17,15 @@ std::string Quoted(std::string_view text) {
     constexpr std::size_t most = 60;
     return text.size() <= most ? '"' + std::string(text) + '"'
                                : '"' + std::string(text.substr(0, most)) + "...\"";
+}
+
+std::string SizeText(DotSize size) {
+    return std::to_string(size.width) + " x " + std::to_string(size.height);
+}
+
+bool HasEnding(std::string_view name, std::string_view ending) {
+    const std::size_t dot = name.rfind('.');
+    return dot != name.npos && EqualIgnoringAsciiCase(name.substr(dot + 1), ending);
 }
 
 std::string CountText(std::int64_t count, std::string_view one, std::string_view many) {

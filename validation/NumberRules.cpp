@@ -38,18 +38,20 @@ double nearestOffered(const DelayLimits& limits, double seconds) {
 double asStored(double seconds) { return TextToDouble(NumberToText(seconds)); }
 
 /// Whether the frame is seen although it stays for no time: something passes over the sign, or a frame that
-/// is drawn over it follows at once.
+/// is drawn over it follows at once. What a fix of another finding changes does not count.
 bool isSeenWithoutDelay(const OneBasedArray<FrameRecord>& frames, std::int32_t number) {
     const FrameRecord& frame = frames.at(number);
-    const auto isLoop = [](std::int16_t code) { return code >= kLoopBase; };
-    const auto moves = [&](std::int16_t code) { return code != 0 && !isLoop(code); };
+    const auto moves = [](std::int16_t code) {
+        return code != 0 && code < kLoopBase && code != kPhotoRealistic;
+    };
+    const bool mayBeAnimation = HasPicture(frame) && !HasEnding(frame.PicturefileName, "bmp");
     const bool scrolls =
         HasText(frame) && std::any_of(frame.lines.begin(), frame.lines.end(), [](const LineRecord& line) {
             return line.Scrolling && !line.CurrentLineText.empty();
         });
     const bool isDrawnOver = frames.contains(number + 1) && IsOverlay(frames.at(number + 1));
     return KindOf(frame) == NEW_FRAME_TYPES::FRAME_CMD || moves(frame.PrefixCode) ||
-           moves(frame.SuffixCode) || frame.AVIFrames > 1 || scrolls || isDrawnOver;
+           moves(frame.SuffixCode) || mayBeAnimation || scrolls || isDrawnOver;
 }
 
 void checkLimits(const DelayLimits& limits, const FrameRecord& frame, const Place& place,

@@ -15,7 +15,7 @@ std::string_view nameOfReference(std::string FrameRecord::*member) {
 void checkLoading(const LoadOutcome& outcome, Findings& findings) {
     if (outcome.error) {
         const std::string line =
-            outcome.error->line ? ", in line " + std::to_string(*outcome.error->line) : "";
+            outcome.error->line ? " in line " + std::to_string(*outcome.error->line) : "";
         findings.add("read-incompletely", {},
                      "Only " + std::to_string(outcome.framesRead) + " of " +
                          CountText(outcome.framesAnnounced, "frame", "frames") +
@@ -100,12 +100,14 @@ void CheckPlayfile(const Playfile& playfile, const ValidationCircumstances& circ
             checkLegacy(*outcome->legacy, *outcome, findings);
     }
     const std::int32_t used = CountUsedFrames(playfile);
-    if (used == 0)
+    const bool isRefused =
+        circumstances.loaded && circumstances.loaded->framesRead == 0 && !circumstances.loaded->isComplete;
+    if (used == 0 && !isRefused)
         findings.add("no-used-frame", {},
                      frames.upperBound() == 0
                          ? "The playfile has no frames."
                          : "All " + std::to_string(frames.upperBound()) + " frames are blank.");
-    else if (CountFrames(playfile, NEW_FRAME_TYPES::FRAME_CMD) == used)
+    if (used > 0 && CountFrames(playfile, NEW_FRAME_TYPES::FRAME_CMD) == used)
         findings.add("only-command-files", {},
                      used == 1 ? "The only used frame sends a command file."
                                : "All " + std::to_string(used) + " used frames send command files.");

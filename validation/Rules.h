@@ -13,6 +13,8 @@ namespace qrtVistrelClasses4 {
 void CheckPlayfile(const Playfile& playfile, const ValidationCircumstances& circumstances,
                    Findings& findings);
 void CheckEffects(const Playfile& playfile, const ValidationCircumstances& circumstances, Findings& findings);
+void CheckFiles(const Playfile& playfile, const ValidationCircumstances& circumstances, Findings& findings);
+void CheckTexts(const Playfile& playfile, const ValidationCircumstances& circumstances, Findings& findings);
 void CheckNumbers(const Playfile& playfile, const ValidationCircumstances& circumstances, Findings& findings);
 
 /// The name of a member's property, by which findings and messages know it.
@@ -22,10 +24,17 @@ inline constexpr std::string_view kPropertyOf = kMember<member>.name;
 /// Whether the sign shows the frame or sends its file. Blank frames are skipped with all that they hold.
 bool IsUsedFrame(const FrameRecord& frame);
 
+/// Whether the frame shows a picture.
+bool HasPicture(const FrameRecord& frame);
+
 /// "Frame 3".
 std::string FrameText(std::int32_t number);
 /// The text in quotes, cut if it is long.
 std::string Quoted(std::string_view text);
+/// "128 x 64".
+std::string SizeText(DotSize size);
+/// Whether a file name ends in a dot and `ending`, in any case.
+bool HasEnding(std::string_view name, std::string_view ending);
 /// "1 line" or "3 lines".
 std::string CountText(std::int64_t count, std::string_view one, std::string_view many);
 

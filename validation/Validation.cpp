@@ -13,6 +13,8 @@ std::vector<Finding> Validate(const Playfile& playfile, const ValidationCircumst
     Findings findings;
     CheckPlayfile(playfile, circumstances, findings);
     CheckEffects(playfile, circumstances, findings);
+    CheckFiles(playfile, circumstances, findings);
+    CheckTexts(playfile, circumstances, findings);
     CheckNumbers(playfile, circumstances, findings);
     std::vector<Finding> found = std::move(findings).inOrder();
     if (circumstances.loaded)
