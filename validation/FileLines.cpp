@@ -79,10 +79,10 @@ private:
 
 } // namespace
 
-void SetFileLines(const LoadOutcome& outcome, std::vector<Finding>& findings) {
+void SetFileLines(const Playfile& playfile, const LoadOutcome& outcome, std::vector<Finding>& findings) {
     if (outcome.legacy)
         return;
-    FileWalk walk(outcome.playfile.frames);
+    FileWalk walk(playfile.frames);
     for (Finding& finding : findings)
         if (finding.frame > 0 && finding.frame <= outcome.framesRead)
             finding.fileLine = walk.lineOf(finding);

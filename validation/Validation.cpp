@@ -18,7 +18,7 @@ std::vector<Finding> Validate(const Playfile& playfile, const ValidationCircumst
     CheckNumbers(playfile, circumstances, findings);
     std::vector<Finding> found = std::move(findings).inOrder();
     if (circumstances.loaded)
-        SetFileLines(*circumstances.loaded, found);
+        SetFileLines(playfile, *circumstances.loaded, found);
     return found;
 }
 
