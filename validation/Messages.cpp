@@ -2,9 +2,16 @@
 #include "platform/LetterCase.h"
 #include "validation/Rules.h"
 
+#include <algorithm>
+
 namespace qrtVistrelClasses4 {
 
 bool IsUsedFrame(const FrameRecord& frame) { return KindOf(frame) != NEW_FRAME_TYPES::FRAME_BLANK; }
+
+bool HasVisibleText(const LineRecord& line) {
+    return std::ranges::any_of(line.CurrentLineText,
+                               [](char character) { return static_cast<unsigned char>(character) > ' '; });
+}
 
 bool HasPicture(const FrameRecord& frame) {
     const NEW_FRAME_TYPES kind = KindOf(frame);

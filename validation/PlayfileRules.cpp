@@ -1,7 +1,9 @@
 // The playfile as a whole: how it was read, and which frames it has.
+#include "playfile/Effects.h"
 #include "validation/Rules.h"
 
 #include <algorithm>
+#include <limits>
 #include <unordered_map>
 
 namespace qrtVistrelClasses4 {
@@ -89,6 +91,25 @@ void checkKinds(const OneBasedArray<FrameRecord>& frames, Findings& findings) {
     }
 }
 
+/// Frames of the sign that a frame takes. A picture with text is sent as two.
+std::int64_t signFramesOf(const FrameRecord& frame) {
+    const auto given = std::max<std::int64_t>(frame.TotalDisplayFramesUsedForThisFrame, 1);
+    if (frame.PrefixCode == kPhotoRealistic)
+        return std::max<std::int64_t>(given, frame.AVIFrames);
+    return given + (KindOf(frame) == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT ? 1 : 0);
+}
+
+void checkSignFrames(const OneBasedArray<FrameRecord>& frames, Findings& findings) {
+    std::int64_t total = 0;
+    for (const FrameRecord& frame : frames)
+        total += IsUsedFrame(frame) ? signFramesOf(frame) : 0;
+    if (total > std::numeric_limits<std::int16_t>::max())
+        findings.add("too-many-sign-frames", {},
+                     "The playfile takes " + std::to_string(total) +
+                         " frames of the sign, which has at most " +
+                         std::to_string(std::numeric_limits<std::int16_t>::max()) + '.');
+}
+
 } // namespace
 
 void CheckPlayfile(const Playfile& playfile, const ValidationCircumstances& circumstances,
@@ -115,6 +136,7 @@ void CheckPlayfile(const Playfile& playfile, const ValidationCircumstances& circ
         findings.add("too-many-frames", {},
                      "There are " + std::to_string(frames.upperBound()) + " frames, and " +
                          std::to_string(circumstances.framesAllowed) + " are allowed.");
+    checkSignFrames(frames, findings);
     checkKinds(frames, findings);
     checkGaps(frames, findings);
     checkNames(frames, findings);

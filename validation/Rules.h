@@ -12,6 +12,7 @@ namespace qrtVistrelClasses4 {
 
 void CheckPlayfile(const Playfile& playfile, const ValidationCircumstances& circumstances,
                    Findings& findings);
+void CheckLoops(const Playfile& playfile, Findings& findings);
 void CheckEffects(const Playfile& playfile, const ValidationCircumstances& circumstances, Findings& findings);
 void CheckFiles(const Playfile& playfile, const ValidationCircumstances& circumstances, Findings& findings);
 void CheckTexts(const Playfile& playfile, const ValidationCircumstances& circumstances, Findings& findings);
@@ -24,6 +25,8 @@ inline constexpr std::string_view kPropertyOf = kMember<member>.name;
 /// Whether the sign shows the frame or sends its file. Blank frames are skipped with all that they hold.
 bool IsUsedFrame(const FrameRecord& frame);
 
+/// Whether a line has text that can be seen.
+bool HasVisibleText(const LineRecord& line);
 /// Whether the frame shows a picture.
 bool HasPicture(const FrameRecord& frame);
 

@@ -1,4 +1,8 @@
 // The lines of text.
+#include "commands/PreviewText.h"
+#include "fonts/TextDrawing.h"
+#include "fonts/clsFontSizes.h"
+#include "preview/FontCache.h"
 #include "validation/CodeRules.h"
 #include "validation/Rules.h"
 #include <qrtVistrelClasses4/FramePainter.h>
@@ -8,14 +12,9 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-bool hasVisibleText(const LineRecord& line) {
-    return std::ranges::any_of(line.CurrentLineText,
-                               [](char character) { return static_cast<unsigned char>(character) > ' '; });
-}
-
 /// The first line with text that can be seen; 0 if there is none.
 std::int32_t firstVisibleLine(const FrameRecord& frame) {
-    const auto found = std::find_if(frame.lines.begin(), frame.lines.end(), hasVisibleText);
+    const auto found = std::find_if(frame.lines.begin(), frame.lines.end(), HasVisibleText);
     return found == frame.lines.end() ? 0 : static_cast<std::int32_t>(found - frame.lines.begin()) + 1;
 }
 
@@ -49,16 +48,135 @@ void checkMerge(const FrameRecord& frame, std::int32_t number, Findings& finding
                      0);
 }
 
+/// Measures the lines of frames as a preview does.
+class LineCheck {
+public:
+    LineCheck(const ValidationCircumstances& circumstances, Findings& findings)
+        : sign_(circumstances.signSize), fonts_(circumstances.signType), texts_(circumstances.commands, 0),
+          findings_(findings) {}
+
+    void check(const FrameRecord& frame, std::int32_t number) {
+        std::int32_t top = 0;
+        bool isBelow = false;
+        for (std::int32_t line = 1; line <= frame.lines.upperBound(); ++line) {
+            const LineRecord& record = frame.lines.at(line);
+            place_ = {number, line, kPropertyOf<&LineRecord::CurrentLineText>};
+            const auto font = fonts_.find(record.LineFontSize, record.LineCustomFont);
+            addFaults();
+            if (fonts_.isEmpty(font))
+                return;
+            const std::string text = texts_.of(record.CurrentLineText);
+            checkCharacters(*font, text, record);
+            checkWidth(*font, text, record);
+            isBelow = checkHeight(*font, text, top, isBelow) || isBelow;
+            top += font->height;
+        }
+    }
+
+private:
+    void addFaults() {
+        using enum PreviewFault::What;
+        const Place fontPlace{place_.frame, place_.line, kPropertyOf<&LineRecord::LineCustomFont>};
+        for (const PreviewFault& fault : fonts_.takeFaults()) {
+            const std::string the = "The font " + Quoted(fault.name);
+            const std::string instead = fault.isReplaced ? "; font 0 is used instead." : ".";
+            if (fault.what == missingFont)
+                findings_.add("font-missing", fontPlace, the + " is missing" + instead);
+            else if (fault.what == unreadableFont)
+                findings_.add("font-unreadable", fontPlace, the + " cannot be read" + instead);
+            else if (fault.what == cutShortFont)
+                findings_.add("font-unreadable", fontPlace, the + " ends before its letters start" + instead);
+            else if (fault.what == unnamedFont)
+                findings_.add("font-unnamed", fontPlace,
+                              "The line has a custom font without a name" + instead);
+            else if (fault.what == noFonts)
+                findings_.add("fonts-missing", {},
+                              "The folder " + Quoted(fault.name) +
+                                  " has none of the numbered fonts, so that texts are not measured.");
+        }
+    }
+
+    void checkCharacters(const Font& font, std::string_view text, const LineRecord& record) {
+        std::string lacking;
+        for (const char character : text)
+            if (static_cast<unsigned char>(character) >= ' ' && !font.has(character) &&
+                lacking.find(character) == lacking.npos)
+                lacking += character;
+        if (!lacking.empty())
+            findings_.add("characters-lacking", place_,
+                          "The font of " + Quoted(record.CurrentLineText) + " lacks the " +
+                              (lacking.size() == 1 ? "character " : "characters ") + Quoted(lacking) + '.');
+    }
+
+    /// Blanks that reach over the edge are no fault.
+    void checkWidth(const Font& font, std::string_view text, const LineRecord& record) {
+        if (!sign_ || record.Scrolling)
+            return;
+        const std::int64_t width = WidthOf({font}, text) + kDotsBeforeText;
+        if (width > sign_->width && HasLitDots(font, text, sign_->width, 0, font.height - 1))
+            findings_.add("text-too-wide", place_,
+                          "Line " + std::to_string(place_.line) + " is " + std::to_string(width) +
+                              " dots wide, and the sign has " + std::to_string(sign_->width) +
+                              "; it does not scroll.");
+    }
+
+    /// Returns whether the line reaches below the sign. Only the first one of a frame that does is named.
+    bool checkHeight(const Font& font, std::string_view text, std::int32_t top, bool isBelow) {
+        if (!sign_)
+            return false;
+        const std::string line = "Line " + std::to_string(place_.line);
+        if (font.height > sign_->height) {
+            findings_.add("line-too-tall",
+                          {place_.frame, place_.line, kPropertyOf<&LineRecord::LineFontSize>},
+                          line + " is " + std::to_string(font.height) + " dots high, and the sign has " +
+                              std::to_string(sign_->height) + '.');
+            return false;
+        }
+        const std::int32_t visible = std::max(sign_->height - top, 0);
+        const bool reachesBelow =
+            visible < font.height && HasLitDots(font, text, 0, visible, font.height - 1);
+        if (reachesBelow && !isBelow)
+            findings_.add("too-many-lines", place_,
+                          line + " ends " + std::to_string(top + font.height) +
+                              " dots below the upper edge, and the sign has " +
+                              std::to_string(sign_->height) + '.');
+        return reachesBelow;
+    }
+
+    static constexpr std::int64_t kDotsBeforeText = 1; ///< Letters start one dot right of the edge.
+
+    std::optional<DotSize> sign_;
+    FontCache fonts_;
+    TextPreviews texts_;
+    Findings& findings_;
+    Place place_; ///< Of the line that is checked.
+};
+
+void checkFontNumbers(const FrameRecord& frame, std::int32_t number, Findings& findings) {
+    constexpr std::int16_t customFont = kNumberedFonts;
+    for (std::int32_t line = 1; line <= frame.lines.upperBound(); ++line)
+        if (const std::int16_t font = frame.lines.at(line).LineFontSize; font < 0 || font > customFont)
+            findings.add("font-number-unknown", {number, line, kPropertyOf<&LineRecord::LineFontSize>},
+                         "Line " + std::to_string(line) + " has font " + std::to_string(font) +
+                             ", and fonts are 0 to " + std::to_string(customFont) + '.');
+}
+
 } // namespace
 
 void CheckTexts(const Playfile& playfile, const ValidationCircumstances& circumstances, Findings& findings) {
     const CodeCheck codes(circumstances.commands);
+    std::optional<LineCheck> measure;
+    if (circumstances.measuresTexts)
+        measure.emplace(circumstances, findings);
     for (std::int32_t number = 1; number <= playfile.frames.upperBound(); ++number) {
         const FrameRecord& frame = playfile.frames.at(number);
         checkPresence(frame, number, findings);
         if (!HasText(frame))
             continue;
         checkMerge(frame, number, findings);
+        checkFontNumbers(frame, number, findings);
+        if (measure)
+            measure->check(frame, number);
         for (std::int32_t line = 1; line <= frame.lines.upperBound(); ++line)
             codes.check(frame.lines.at(line).CurrentLineText,
                         {number, line, kPropertyOf<&LineRecord::CurrentLineText>}, findings);

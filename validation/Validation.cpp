@@ -12,6 +12,7 @@ namespace qrtVistrelClasses4 {
 std::vector<Finding> Validate(const Playfile& playfile, const ValidationCircumstances& circumstances) {
     Findings findings;
     CheckPlayfile(playfile, circumstances, findings);
+    CheckLoops(playfile, findings);
     CheckEffects(playfile, circumstances, findings);
     CheckFiles(playfile, circumstances, findings);
     CheckTexts(playfile, circumstances, findings);
