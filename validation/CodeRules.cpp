@@ -2,6 +2,7 @@
 
 #include "commands/LegacyVariables.h"
 #include "commands/NumberedCodes.h"
+#include "commands/PreviewText.h"
 #include "validation/Rules.h"
 
 #include <algorithm>
@@ -49,9 +50,11 @@ std::optional<std::string_view> brokenNumber(std::string_view rest, const Number
 }
 
 /// "{time}", "{vbl 7}", or "{vbl 999}", which has never been one either.
+bool startsNumberedPlaceholder(std::string_view text) {
+    return text.starts_with("{vbl ") || text.starts_with("{cnt ");
+}
 bool isLegacyPlaceholder(std::string_view inBraces) {
-    return inBraces.starts_with("{vbl ") || inBraces.starts_with("{cnt ") ||
-           ConvertLegacyVariables(std::string(inBraces)) != inBraces;
+    return startsNumberedPlaceholder(inBraces) || ConvertLegacyVariables(std::string(inBraces)) != inBraces;
 }
 
 /// Adds a finding for a placeholder at the start of `rest`, whole or without its end. Returns its size.
@@ -70,7 +73,7 @@ std::size_t checkBraces(std::string_view rest, const Place& place, Findings& fin
     const std::string_view word = rest.substr(0, 1 + leading(rest.substr(1), [](char it) {
                                                          return isLetter(it) || isDigit(it) || it == '_';
                                                      }).size());
-    if (!isLegacyPlaceholder(std::string(word) + '}') && !isLegacyPlaceholder(rest))
+    if (!isLegacyPlaceholder(std::string(word) + '}') && !startsNumberedPlaceholder(rest))
         return 0;
     findings.add("damaged-code", place, "The text has " + Quoted(word) + ", a placeholder without its end.");
     return word.size();
@@ -98,12 +101,16 @@ CodeCheck::CodeCheck(const CommandTable& commands) : keys_(keysOfTable(commands)
         mayStart_[static_cast<unsigned char>(character)] = true;
     for (std::size_t code = 0; code < ' '; ++code)
         mayStart_[code] = true;
-    for (const std::string_view key : keys_)
+    for (const std::string_view key : keys_) {
         if (!key.empty())
             mayStart_[static_cast<unsigned char>(key.front())] = true;
+        if (key.starts_with(kBar) && key.size() > kShortestStart)
+            starts_.insert(key.substr(0, kShortestStart));
+    }
 }
 
 void CodeCheck::check(std::string_view text, const Place& place, Findings& findings) const {
+    text = text.substr(0, kLongestPreview);
     bool hasControls = false;
     for (std::size_t at = 0; at < text.size();) {
         if (!mayStart_[static_cast<unsigned char>(text[at])]) {
@@ -150,12 +157,8 @@ std::size_t CodeCheck::checkAt(std::string_view rest, bool isAfterLetter, const 
     return 0;
 }
 
-/// Only keys with a bar have an end that can be missing.
 bool CodeCheck::startsUnfinishedKey(std::string_view rest) const {
-    return rest.front() == kBar && std::ranges::any_of(keys_, [&](std::string_view key) {
-               const auto same = std::ranges::mismatch(rest, key).in1 - rest.begin();
-               return static_cast<std::size_t>(same) >= kShortestStart;
-           });
+    return rest.size() >= kShortestStart && starts_.contains(rest.substr(0, kShortestStart));
 }
 
 } // namespace qrtVistrelClasses4

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
@@ -25,6 +26,8 @@ private:
 
     std::vector<std::string_view> keys_;
     TextCodes codes_;
+    std::unordered_set<std::string_view>
+        starts_;                       ///< Of keys with bars, which have an end that can be missing.
     std::array<bool, 256> mayStart_{}; ///< By character, whether something to be examined may start with it.
 };
 

@@ -13,6 +13,7 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 constexpr double kSecondsOfHour = 60 * 60;
+constexpr double kMostHours = 1e6; ///< In messages; loops in each other can run longer than any number says.
 constexpr double kSecondsOfDay = 24 * kSecondsOfHour;
 
 constexpr int kMostPlaybackSteps = 1'000'000;
@@ -63,14 +64,14 @@ void checkUnpaired(const LoopsOfPlayfile& loops, Findings& findings) {
     auto open = loops.loops.begin();
     for (const std::int32_t end : loops.endsWithoutStart) {
         open = std::find_if(open, loops.loops.end(),
-                            [&](const Loop& loop) { return !loop.isClosed && loop.first > end; });
+                            [&](const Loop& loop) { return !loop.isClosed() && loop.firstFrame > end; });
         if (open == loops.loops.end()) {
             findings.add("end-without-start", {end, 0, kEnd},
                          "A loop ends in the frame, and none has started.", 0);
         } else {
             findings.add("loop-reversed", {end, 0, kEnd},
-                         "A loop ends in the frame, and starts only in frame " + std::to_string(open->first) +
-                             '.');
+                         "A loop ends in the frame, and starts only in frame " +
+                             std::to_string(open->firstFrame) + '.');
             ++open;
         }
     }
@@ -80,32 +81,38 @@ void checkUnpaired(const LoopsOfPlayfile& loops, Findings& findings) {
 void checkOpen(const LoopsOfPlayfile& loops, Findings& findings) {
     auto end = loops.endsWithoutStart.begin();
     for (const Loop& loop : loops.loops) {
-        if (loop.isClosed)
+        if (loop.isClosed())
             continue;
-        if (end != loops.endsWithoutStart.end() && *end < loop.first)
+        if (end != loops.endsWithoutStart.end() && *end < loop.firstFrame)
             ++end;
         else
-            findings.add("loop-without-end", {loop.first, 0, kStart},
+            findings.add("loop-without-end", {loop.firstFrame, 0, kStart},
                          "A loop of " + CountText(loop.rounds, "round", "rounds") +
                              " starts in the frame, and never ends.");
     }
 }
 
-void checkLoop(const OneBasedArray<FrameRecord>& frames, const LoopsOfPlayfile& loops, const Loop& loop,
+/// For each frame, how many up to it show something; before the first one 0.
+std::vector<std::int32_t> countShowing(const OneBasedArray<FrameRecord>& frames) {
+    std::vector<std::int32_t> counts{0};
+    for (const FrameRecord& frame : frames)
+        counts.push_back(counts.back() + (showsSomething(frame) ? 1 : 0));
+    return counts;
+}
+
+void checkLoop(const std::vector<std::int32_t>& showing, const LoopsOfPlayfile& loops, const Loop& loop,
                Findings& findings) {
-    const Place place{loop.first, 0, kStart};
+    const Place place{loop.firstFrame, 0, kStart};
     const std::string frameTexts =
-        "from frame " + std::to_string(loop.first) + " to frame " + std::to_string(loop.last);
+        "from frame " + std::to_string(loop.firstFrame) + " to frame " + std::to_string(loop.lastFrame);
     if (loop.rounds == 1)
         findings.add("loop-once", place, "The loop " + frameTexts + " runs once.");
-    // A loop around it that is never closed runs once.
-    const Loop* const outer =
-        loop.parent >= 0 ? &loops.loops[static_cast<std::size_t>(loop.parent)] : nullptr;
-    if (outer && outer->isClosed)
+    if (loop.parent)
         findings.add("loop-nested", place,
                      "The loop " + frameTexts + " lies within the one that starts in frame " +
-                         std::to_string(outer->first) + '.');
-    if (std::none_of(frames.begin() + (loop.first - 1), frames.begin() + loop.last, showsSomething))
+                         std::to_string(loops.loops[*loop.parent].firstFrame) + '.');
+    if (showing[static_cast<std::size_t>(loop.firstFrame) - 1] ==
+        showing[static_cast<std::size_t>(loop.lastFrame)])
         findings.add("empty-loop", place, "The loop " + frameTexts + " shows nothing.");
 }
 
@@ -115,9 +122,9 @@ public:
     explicit Rounds(const LoopsOfPlayfile& loops) : loops_(loops) {}
 
     void start(std::int32_t frame) {
-        for (; next_ < loops_.loops.size() && loops_.loops[next_].first == frame; ++next_)
-            if (const Loop& loop = loops_.loops[next_]; loop.isClosed) {
-                open_.push_back({loop.last, rounds_});
+        for (; next_ < loops_.loops.size() && loops_.loops[next_].firstFrame == frame; ++next_)
+            if (const Loop& loop = loops_.loops[next_]; loop.isClosed()) {
+                open_.push_back({loop.lastFrame, rounds_});
                 rounds_ *= loop.rounds;
             }
     }
@@ -159,8 +166,8 @@ void checkLength(const Playfile& playfile, const LoopsOfPlayfile& loops, Finding
                          " frames shown, one after the other; more are not counted.");
     if (seconds > kSecondsOfDay && secondsOnce <= kSecondsOfDay)
         findings.add("loops-beyond-a-day", {},
-                     "With its loops the playfile runs for " +
-                         NumberToText(std::floor(seconds / kSecondsOfHour)) +
+                     "With its loops the playfile runs for more than " +
+                         NumberToText(std::min(std::floor(seconds / kSecondsOfHour), kMostHours)) +
                          " hours, and without them for " + NumberToText(secondsOnce) + " seconds.");
 }
 
@@ -172,9 +179,10 @@ void CheckLoops(const Playfile& playfile, Findings& findings) {
     const LoopsOfPlayfile loops = LoopsOf(playfile);
     checkUnpaired(loops, findings);
     checkOpen(loops, findings);
+    const std::vector<std::int32_t> showing = countShowing(playfile.frames);
     for (const Loop& loop : loops.loops)
-        if (loop.isClosed)
-            checkLoop(playfile.frames, loops, loop, findings);
+        if (loop.isClosed())
+            checkLoop(showing, loops, loop, findings);
     checkLength(playfile, loops, findings);
 }
 

@@ -3,18 +3,21 @@
 
 #include <qrtVistrelClasses4/Playfile.h>
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
 
 /// Frames that are shown several times. An end closes the innermost loop that is open.
 struct Loop {
-    std::int32_t first = 0; ///< Frame that starts it.
-    std::int32_t last = 0;  ///< Frame that ends it; 0 if none does.
+    std::int32_t firstFrame = 0;
+    std::int32_t lastFrame = 0; ///< 0 if no frame ends it.
     std::int32_t rounds = 1;
-    std::int32_t parent = -1; ///< Place in the list of the loop that is open when it starts; -1 if none is.
-    bool isClosed = false;
+    std::optional<std::size_t> parent; ///< Place in the list of the innermost closed loop around it.
+
+    bool isClosed() const { return lastFrame != 0; }
 };
 
 struct LoopsOfPlayfile {

@@ -94,6 +94,21 @@ TEST_F(Validation, LooksForEachMissingFileOnce) {
     EXPECT_LE(looks[host_.inLibrary(JoinPath("shows", "gone.bmp"))], 1);
 }
 
+TEST_F(Validation, CountsLoopsInThousandsOfOthers) {
+    constexpr std::int32_t depth = 16000;
+    for (std::int32_t number = 0; number < 2 * depth; ++number)
+        (number < depth ? add(FRAME_TEXT).PrefixCode : add(FRAME_TEXT).SuffixCode) =
+            number < depth ? 20099 : 20001;
+    for (FrameRecord& frame : playfile_.frames)
+        frame.DelayTime = 1;
+    std::map<std::string_view, int> counts;
+    for (const Finding& finding : Validate(playfile_, known_))
+        ++counts[finding.rule->name];
+    EXPECT_EQ(counts["empty-loop"], depth);
+    EXPECT_EQ(counts["loop-nested"], depth - 1);
+    EXPECT_EQ(counts["loops-beyond-a-day"] + counts["playback-too-long"], 2);
+}
+
 TEST_F(Validation, MakesNoFixOutsideThePlayfile) {
     add(FRAME_TEXT, "Gate");
     const Playfile before = playfile_;
