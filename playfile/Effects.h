@@ -19,6 +19,10 @@ inline constexpr std::int16_t kPhotoRealistic = 9999;
 inline constexpr std::int16_t kLoopBase = 20000;
 inline constexpr std::int16_t kLoopLimit = 20100;
 inline constexpr std::int16_t kEndLoop = 20001;
+/// How many rounds the loop has that a frame with this appear effect starts; 0 if it starts none.
+constexpr std::int32_t RoundsOfLoop(std::int16_t prefixCode) {
+    return prefixCode > kLoopBase && prefixCode < kLoopLimit ? prefixCode - kLoopBase : 0;
+}
 /// The wipe effect, and its number in old files.
 inline constexpr std::int16_t kWipe = 2000;
 inline constexpr std::int16_t kOldWipe = 2001;

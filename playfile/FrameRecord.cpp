@@ -21,6 +21,8 @@ void EmptyFrame(FrameRecord& frame) {
 
 NEW_FRAME_TYPES KindOf(const FrameRecord& frame) { return MeaningOf(FrameTypeAccessor::get(frame)); }
 
+bool IsUsed(const FrameRecord& frame) { return KindOf(frame) != NEW_FRAME_TYPES::FRAME_BLANK; }
+
 bool IsOverlay(const FrameRecord& frame) { return frame.OverlayFrame != 0; }
 
 FRAME_TYPES FrameTypeAccessor::get(const FrameRecord& frame) {

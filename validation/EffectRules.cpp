@@ -109,7 +109,7 @@ void checkOverlay(const OneBasedArray<FrameRecord>& frames, std::int32_t number,
     if (isFirst)
         findings.add("overlay-first", place,
                      "The frame is drawn over the one before it, and is the first used one.");
-    else if (!IsUsedFrame(frames.at(number - 1)))
+    else if (!IsUsed(frames.at(number - 1)))
         findings.add("overlay-over-blank", place,
                      "The frame is drawn over frame " + std::to_string(number - 1) + ", which is blank.");
 }
@@ -137,7 +137,7 @@ void CheckEffects(const Playfile& playfile, const ValidationCircumstances& circu
     bool isFirst = true;
     for (std::int32_t number = 1; number <= playfile.frames.upperBound(); ++number) {
         const FrameRecord& frame = playfile.frames.at(number);
-        if (!IsUsedFrame(frame))
+        if (!IsUsed(frame))
             continue;
         checkCode(kPrefixSide, frame, number, circumstances.offeredEffects, findings);
         checkCode(kSuffixSide, frame, number, circumstances.offeredEffects, findings);

@@ -232,7 +232,7 @@ private:
 void CheckFiles(const Playfile& playfile, const ValidationCircumstances& circumstances, Findings& findings) {
     FileCheck check(playfile, circumstances, findings);
     for (std::int32_t number = 1; number <= playfile.frames.upperBound(); ++number)
-        if (const FrameRecord& frame = playfile.frames.at(number); IsUsedFrame(frame))
+        if (const FrameRecord& frame = playfile.frames.at(number); IsUsed(frame))
             check.check(frame, number);
 }
 

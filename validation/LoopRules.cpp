@@ -1,9 +1,9 @@
 // Loops: where they start and end, and how long they run.
 #include "frame/Conversions.h"
 #include "playfile/Effects.h"
-#include "validation/Loops.h"
 #include "validation/Rules.h"
 #include <qrtVistrelClasses4/FramePainter.h>
+#include <qrtVistrelClasses4/Playback.h>
 
 #include <algorithm>
 #include <cmath>
@@ -16,8 +16,6 @@ constexpr double kSecondsOfHour = 60 * 60;
 constexpr double kMostHours = 1e6; ///< In messages; loops in each other can run longer than any number says.
 constexpr double kSecondsOfDay = 24 * kSecondsOfHour;
 
-constexpr int kMostPlaybackSteps = 1'000'000;
-
 constexpr std::string_view kStart = kPropertyOf<&FrameRecord::PrefixCode>;
 constexpr std::string_view kEnd = kPropertyOf<&FrameRecord::SuffixCode>;
 
@@ -28,7 +26,7 @@ std::string codeText(std::string_view title, std::int16_t code) {
 /// Codes that start no loop, but are near to those that do; and those of blank frames, which are skipped.
 void checkCodes(const FrameRecord& frame, std::int32_t number, Findings& findings) {
     const bool isStart = frame.PrefixCode >= kLoopBase;
-    if (!IsUsedFrame(frame)) {
+    if (!IsUsed(frame)) {
         if (isStart)
             findings.add("loop-in-blank-frame", {number, 0, kStart},
                          "A loop starts in the frame, which is blank, so that signs skip it.", 0);
@@ -151,7 +149,7 @@ void checkLength(const Playfile& playfile, const LoopsOfPlayfile& loops, Finding
     Rounds rounds(loops);
     for (std::int32_t number = 1; number <= playfile.frames.upperBound(); ++number) {
         const FrameRecord& frame = playfile.frames.at(number);
-        if (!IsUsedFrame(frame))
+        if (!IsUsed(frame))
             continue;
         rounds.start(number);
         const double delay = std::isfinite(frame.DelayTime) ? std::max(frame.DelayTime, 0.0) : 0;
@@ -160,7 +158,7 @@ void checkLength(const Playfile& playfile, const LoopsOfPlayfile& loops, Finding
         secondsOnce += delay;
         rounds.end(number);
     }
-    if (steps > kMostPlaybackSteps)
+    if (steps > static_cast<double>(kMostPlaybackSteps))
         findings.add("playback-too-long", {},
                      "Loops have more than " + std::to_string(kMostPlaybackSteps) +
                          " frames shown, one after the other; more are not counted.");

@@ -6,8 +6,6 @@
 
 namespace qrtVistrelClasses4 {
 
-bool IsUsedFrame(const FrameRecord& frame) { return KindOf(frame) != NEW_FRAME_TYPES::FRAME_BLANK; }
-
 bool HasVisibleText(const LineRecord& line) {
     return std::ranges::any_of(line.CurrentLineText,
                                [](char character) { return static_cast<unsigned char>(character) > ' '; });
@@ -17,8 +15,6 @@ bool HasPicture(const FrameRecord& frame) {
     const NEW_FRAME_TYPES kind = KindOf(frame);
     return kind == NEW_FRAME_TYPES::FRAME_GRAPHIC || kind == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT;
 }
-
-std::string FrameText(std::int32_t number) { return "Frame " + std::to_string(number); }
 
 std::string Quoted(std::string_view text) {
     constexpr std::size_t most = 60;

@@ -141,7 +141,7 @@ void CheckNumbers(const Playfile& playfile, const ValidationCircumstances& circu
                   Findings& findings) {
     for (std::int32_t number = 1; number <= playfile.frames.upperBound(); ++number) {
         const FrameRecord& frame = playfile.frames.at(number);
-        if (!IsUsedFrame(frame))
+        if (!IsUsed(frame))
             continue;
         checkDelay(playfile.frames, number, circumstances, findings);
         checkCount<&FrameRecord::TotalDisplayFramesUsedForThisFrame>(frame, number, findings);

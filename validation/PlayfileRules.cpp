@@ -55,13 +55,14 @@ void checkLegacy(const LegacyDetails& legacy, const LoadOutcome& outcome, Findin
 void checkGaps(const OneBasedArray<FrameRecord>& frames, Findings& findings) {
     std::int32_t lastUsed = 0;
     for (std::int32_t number = 1; number <= frames.upperBound(); ++number) {
-        if (!IsUsedFrame(frames.at(number)))
+        if (!IsUsed(frames.at(number)))
             continue;
         const std::int32_t first = lastUsed + 1;
         if (lastUsed > 0 && first < number)
             findings.add("blank-between-frames", {.frame = first},
                          first + 1 == number
-                             ? "The frame is blank, and " + FrameText(number) + " after it is used."
+                             ? "The frame is blank, and frame " + std::to_string(number) +
+                                   " after it is used."
                              : "Frames " + std::to_string(first) + " to " + std::to_string(number - 1) +
                                    " are blank, and later ones are used.");
         lastUsed = number;
@@ -72,7 +73,7 @@ void checkNames(const OneBasedArray<FrameRecord>& frames, Findings& findings) {
     std::unordered_map<std::string_view, std::int32_t> firstOf;
     for (std::int32_t number = 1; number <= frames.upperBound(); ++number) {
         const FrameRecord& frame = frames.at(number);
-        if (!IsUsedFrame(frame) || frame.FrameName.empty())
+        if (!IsUsed(frame) || frame.FrameName.empty())
             continue;
         const auto [first, isNew] = firstOf.emplace(frame.FrameName, number);
         if (!isNew)
@@ -102,7 +103,7 @@ std::int64_t signFramesOf(const FrameRecord& frame) {
 void checkSignFrames(const OneBasedArray<FrameRecord>& frames, Findings& findings) {
     std::int64_t total = 0;
     for (const FrameRecord& frame : frames)
-        total += IsUsedFrame(frame) ? signFramesOf(frame) : 0;
+        total += IsUsed(frame) ? signFramesOf(frame) : 0;
     if (total > std::numeric_limits<std::int16_t>::max())
         findings.add("too-many-sign-frames", {},
                      "The playfile takes " + std::to_string(total) +

@@ -22,16 +22,11 @@ void CheckNumbers(const Playfile& playfile, const ValidationCircumstances& circu
 template <auto member>
 inline constexpr std::string_view kPropertyOf = kMember<member>.name;
 
-/// Whether the sign shows the frame or sends its file. Blank frames are skipped with all that they hold.
-bool IsUsedFrame(const FrameRecord& frame);
-
 /// Whether a line has text that can be seen.
 bool HasVisibleText(const LineRecord& line);
 /// Whether the frame shows a picture.
 bool HasPicture(const FrameRecord& frame);
 
-/// "Frame 3".
-std::string FrameText(std::int32_t number);
 /// The text in quotes, cut if it is long.
 std::string Quoted(std::string_view text);
 /// "128 x 64".

@@ -75,6 +75,8 @@ void EmptyFrame(FrameRecord& frame);
 
 /// What the stored number of a frame's type means. Numbers without a name are kinds of their own.
 NEW_FRAME_TYPES KindOf(const FrameRecord& frame);
+/// Whether the frame is not blank. The sign never gets blank frames.
+bool IsUsed(const FrameRecord& frame);
 /// Whether the frame is drawn over the one before it.
 bool IsOverlay(const FrameRecord& frame);
 
