@@ -1,7 +1,6 @@
 // How frames appear and disappear, and which are drawn over others.
 #include "playfile/Effects.h"
 #include "validation/Rules.h"
-#include <qrtVistrelClasses4/FramePainter.h>
 
 #include <algorithm>
 #include <vector>

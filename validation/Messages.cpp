@@ -11,11 +11,6 @@ bool HasVisibleText(const LineRecord& line) {
                                [](char character) { return static_cast<unsigned char>(character) > ' '; });
 }
 
-bool HasPicture(const FrameRecord& frame) {
-    const NEW_FRAME_TYPES kind = KindOf(frame);
-    return kind == NEW_FRAME_TYPES::FRAME_GRAPHIC || kind == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT;
-}
-
 std::string Quoted(std::string_view text) {
     constexpr std::size_t most = 60;
     return text.size() <= most ? '"' + std::string(text) + '"'

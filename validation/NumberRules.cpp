@@ -2,7 +2,6 @@
 #include "frame/Conversions.h"
 #include "playfile/Effects.h"
 #include "validation/Rules.h"
-#include <qrtVistrelClasses4/FramePainter.h>
 
 #include <algorithm>
 #include <array>

@@ -24,8 +24,6 @@ inline constexpr std::string_view kPropertyOf = kMember<member>.name;
 
 /// Whether a line has text that can be seen.
 bool HasVisibleText(const LineRecord& line);
-/// Whether the frame shows a picture.
-bool HasPicture(const FrameRecord& frame);
 
 /// The text in quotes, cut if it is long.
 std::string Quoted(std::string_view text);

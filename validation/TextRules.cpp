@@ -1,13 +1,12 @@
 // The lines of text.
-#include "commands/PreviewText.h"
 #include "fonts/TextDrawing.h"
 #include "fonts/clsFontSizes.h"
-#include "preview/FontCache.h"
+#include "playfile/ShownLines.h"
 #include "validation/CodeRules.h"
 #include "validation/Rules.h"
-#include <qrtVistrelClasses4/FramePainter.h>
 
 #include <algorithm>
+#include <limits>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -52,47 +51,59 @@ void checkMerge(const FrameRecord& frame, std::int32_t number, Findings& finding
 class LineCheck {
 public:
     LineCheck(const ValidationCircumstances& circumstances, Findings& findings)
-        : sign_(circumstances.signSize), fonts_(circumstances.signType), texts_(circumstances.commands, 0),
+        : sign_(circumstances.signSize), shown_(circumstances.signType, circumstances.commands),
           findings_(findings) {}
 
     void check(const FrameRecord& frame, std::int32_t number) {
-        std::int32_t top = 0;
-        bool isBelow = false;
-        for (std::int32_t line = 1; line <= frame.lines.upperBound(); ++line) {
-            const LineRecord& record = frame.lines.at(line);
-            place_ = {number, line, kPropertyOf<&LineRecord::CurrentLineText>};
-            const auto font = fonts_.find(record.LineFontSize, record.LineCustomFont);
+        bool reachesBelow = false;
+        const std::int32_t rows = sign_ ? sign_->height : std::numeric_limits<std::int32_t>::max();
+        const std::int32_t firstBelow = shown_.place(frame, rows, [&](const PlacedLine& placed) {
+            place_ = {number, placed.number, kPropertyOf<&LineRecord::CurrentLineText>};
             addFaults();
-            if (fonts_.isEmpty(font))
+            if (shown_.isEmpty(placed.font))
                 return;
-            const std::string text = texts_.of(record.CurrentLineText);
-            checkCharacters(*font, text, record);
-            checkWidth(*font, text, record);
-            isBelow = checkHeight(*font, text, top, isBelow) || isBelow;
-            top += font->height;
-        }
+            const std::string text = shown_.textOf(placed.line);
+            checkCharacters(*placed.font, text, placed.line);
+            checkWidth(*placed.font, text, placed.line);
+            reachesBelow = checkHeight(placed, text, reachesBelow) || reachesBelow;
+        });
+        for (std::int32_t line = firstBelow; line <= frame.lines.upperBound() && !reachesBelow; ++line)
+            if (HasVisibleText(frame.lines.at(line))) {
+                reachesBelow = true;
+                findings_.add("too-many-lines", {number, line, kPropertyOf<&LineRecord::CurrentLineText>},
+                              "Line " + std::to_string(line) + " is below the sign, which is " +
+                                  std::to_string(rows) + " dots high.");
+            }
     }
 
 private:
     void addFaults() {
-        using enum PreviewFault::What;
         const Place fontPlace{place_.frame, place_.line, kPropertyOf<&LineRecord::LineCustomFont>};
-        for (const PreviewFault& fault : fonts_.takeFaults()) {
-            const std::string the = "The font " + Quoted(fault.name);
-            const std::string instead = fault.isReplaced ? "; font 0 is used instead." : ".";
-            if (fault.what == missingFont)
-                findings_.add("font-missing", fontPlace, the + " is missing" + instead);
-            else if (fault.what == unreadableFont)
-                findings_.add("font-unreadable", fontPlace, the + " cannot be read" + instead);
-            else if (fault.what == cutShortFont)
-                findings_.add("font-unreadable", fontPlace, the + " ends before its letters start" + instead);
-            else if (fault.what == unnamedFont)
-                findings_.add("font-unnamed", fontPlace,
-                              "The line has a custom font without a name" + instead);
-            else if (fault.what == noFonts)
-                findings_.add("fonts-missing", {},
-                              "The folder " + Quoted(fault.name) +
-                                  " has none of the numbered fonts, so that texts are not measured.");
+        for (const FontFault& fault : shown_.takeFaults())
+            addFault(fault, fontPlace);
+    }
+
+    void addFault(const FontFault& fault, const Place& fontPlace) {
+        const std::string instead = fault.isReplaced ? "; font 0 is used instead." : ".";
+        const auto add = [&](RuleName rule, std::string_view what) {
+            findings_.add(rule, fontPlace, ("The font " + Quoted(fault.name)).append(what).append(instead));
+        };
+        switch (fault.what) {
+        case FontFault::What::missing:
+            return add("font-missing", " is missing");
+        case FontFault::What::unreadable:
+            return add("font-unreadable", " cannot be read");
+        case FontFault::What::cutShort:
+            return add("font-unreadable", " ends before its letters start");
+        case FontFault::What::unnamed:
+            return findings_.add("font-unnamed", fontPlace,
+                                 "The line has a custom font without a name" + instead);
+        case FontFault::What::noFonts:
+            return findings_.add("fonts-missing", {},
+                                 "The folder " + Quoted(fault.name) +
+                                     " has none of the numbered fonts, so that texts are not measured.");
+        case FontFault::What::unknownNumber:
+            return; // known without fonts
         }
     }
 
@@ -121,33 +132,30 @@ private:
     }
 
     /// Returns whether the line reaches below the sign. Only the first one of a frame that does is named.
-    bool checkHeight(const Font& font, std::string_view text, std::int32_t top, bool isBelow) {
+    bool checkHeight(const PlacedLine& placed, std::string_view text, bool isAnotherNamed) {
         if (!sign_)
             return false;
-        const std::string line = "Line " + std::to_string(place_.line);
-        if (font.height > sign_->height) {
+        const std::string line = "Line " + std::to_string(placed.number);
+        const std::string highSign = ", and the sign is " + std::to_string(sign_->height) + " dots high.";
+        if (placed.height() > sign_->height) {
             findings_.add("line-too-tall",
                           {place_.frame, place_.line, kPropertyOf<&LineRecord::LineFontSize>},
-                          line + " is " + std::to_string(font.height) + " dots high, and the sign has " +
-                              std::to_string(sign_->height) + '.');
+                          line + " is " + std::to_string(placed.height()) + " dots high" + highSign);
             return false;
         }
-        const std::int32_t visible = std::max(sign_->height - top, 0);
         const bool reachesBelow =
-            visible < font.height && HasLitDots(font, text, 0, visible, font.height - 1);
-        if (reachesBelow && !isBelow)
+            placed.bottom() > sign_->height &&
+            HasLitDots(*placed.font, text, 0, sign_->height - placed.top, placed.height() - 1);
+        if (reachesBelow && !isAnotherNamed)
             findings_.add("too-many-lines", place_,
-                          line + " ends " + std::to_string(top + font.height) +
-                              " dots below the upper edge, and the sign has " +
-                              std::to_string(sign_->height) + '.');
+                          line + " ends in row " + std::to_string(placed.bottom()) + highSign);
         return reachesBelow;
     }
 
     static constexpr std::int64_t kDotsBeforeText = 1; ///< Letters start one dot right of the edge.
 
     std::optional<DotSize> sign_;
-    FontCache fonts_;
-    TextPreviews texts_;
+    ShownLines shown_;
     Findings& findings_;
     Place place_; ///< Of the line that is checked.
 };

@@ -16,9 +16,6 @@
 
 namespace QRT_PUBLIC qrtVistrelClasses4 {
 
-/// Whether the lines of the frame are shown.
-bool HasText(const FrameRecord& frame);
-
 /// Draws frames. Lines that scroll are drawn from their start, pictures from the upper left corner, and
 /// animations, command files and pictures that are missing or unreadable as a box with their name. Letters of
 /// an inverse line that touch its upper edge are drawn one row lower if that row is free. References to

@@ -77,6 +77,10 @@ void EmptyFrame(FrameRecord& frame);
 NEW_FRAME_TYPES KindOf(const FrameRecord& frame);
 /// Whether the frame is not blank. The sign never gets blank frames.
 bool IsUsed(const FrameRecord& frame);
+/// Whether the picture of the frame is shown.
+bool HasPicture(const FrameRecord& frame);
+/// Whether the lines of the frame are shown.
+bool HasText(const FrameRecord& frame);
 /// Whether the frame is drawn over the one before it.
 bool IsOverlay(const FrameRecord& frame);
 
