@@ -35,10 +35,10 @@ bool measure() {
     const ScopedPlatform use(*machine);
     std::vector<Ratio> ratios;
     for (const auto& subject :
-         {PlayfileSubject(folder), ReferencesSubject(folder), WalkSubject(folder), XmlSubject(folder),
-          EditSubject(folder), RepeatedEditSubject(), DisplaysSubject(folder), CommandsSubject(folder),
-          LegacySubject(folder), FontsSubject(folder), PreviewSubject(folder), SettingsSubject(folder),
-          TraceSubject(), ProgramSubject(folder)})
+         {PlayfileSubject(folder), ReferencesSubject(folder), ValidationSubject(folder), WalkSubject(folder),
+          XmlSubject(folder), EditSubject(folder), RepeatedEditSubject(), DisplaysSubject(folder),
+          CommandsSubject(folder), LegacySubject(folder), FontsSubject(folder), PreviewSubject(folder),
+          SettingsSubject(folder), TraceSubject(), ProgramSubject(folder)})
         ratios.insert(ratios.end(), subject.begin(), subject.end());
     MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

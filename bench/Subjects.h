@@ -11,6 +11,8 @@ namespace qrtVistrelClasses4::bench {
 std::vector<Ratio> PlayfileSubject(const BenchFolder& folder);
 /// Loading a playfile whose pictures are gone.
 std::vector<Ratio> ReferencesSubject(const BenchFolder& folder);
+/// Examining a playfile, without its files.
+std::vector<Ratio> ValidationSubject(const BenchFolder& folder);
 /// Reading all properties of playfiles and signs. The library's home must be the folder.
 std::vector<Ratio> WalkSubject(const BenchFolder& folder);
 /// Exporting playfiles as XML.

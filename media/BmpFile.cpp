@@ -1,5 +1,7 @@
 #include "media/BmpFile.h"
 
+#include "media/LittleEndian.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstddef>
@@ -30,19 +32,9 @@ struct Masks {
 constexpr Masks kByteMasks{0xff0000, 0xff00, 0xff};
 constexpr Masks kFiveBitMasks{0x7c00, 0x3e0, 0x1f};
 
-std::uint8_t byteAt(std::string_view bytes, std::size_t at) { return static_cast<std::uint8_t>(bytes[at]); }
-
-std::uint16_t shortAt(std::string_view bytes, std::size_t at) {
-    return static_cast<std::uint16_t>(byteAt(bytes, at) | byteAt(bytes, at + 1) << 8);
-}
-
-std::uint32_t longAt(std::string_view bytes, std::size_t at) {
-    return shortAt(bytes, at) | static_cast<std::uint32_t>(shortAt(bytes, at + 2)) << 16;
-}
-
 /// Palettes store a colour as blue, green, red.
 Color colorAt(std::string_view bytes, std::size_t at) {
-    return Rgb(byteAt(bytes, at + 2), byteAt(bytes, at + 1), byteAt(bytes, at));
+    return Rgb(ByteAt(bytes, at + 2), ByteAt(bytes, at + 1), ByteAt(bytes, at));
 }
 
 struct Header {
@@ -69,22 +61,22 @@ struct Header {
 std::optional<Header> parseHeader(std::string_view bytes, std::uint64_t fileSize) {
     if (!bytes.starts_with("BM") || bytes.size() < kFileHeaderSize + kSmallestHeader)
         return std::nullopt;
-    const std::size_t size = longAt(bytes, 14);
+    const std::size_t size = LongAt(bytes, 14);
     const std::size_t palette = kFileHeaderSize + size;
     if (size < kSmallestHeader || palette > fileSize)
         return std::nullopt;
-    Header header{longAt(bytes, 10),
+    Header header{LongAt(bytes, 10),
                   palette,
-                  longAt(bytes, 46),
-                  static_cast<std::int32_t>(longAt(bytes, 18)),
-                  static_cast<std::int32_t>(longAt(bytes, 22)),
-                  shortAt(bytes, 28),
-                  longAt(bytes, 30),
-                  shortAt(bytes, 28) == 16 ? kFiveBitMasks : kByteMasks};
+                  LongAt(bytes, 46),
+                  static_cast<std::int32_t>(LongAt(bytes, 18)),
+                  static_cast<std::int32_t>(LongAt(bytes, 22)),
+                  ShortAt(bytes, 28),
+                  LongAt(bytes, 30),
+                  ShortAt(bytes, 28) == 16 ? kFiveBitMasks : kByteMasks};
     if (header.compression == kBitFields) {
         if (bytes.size() < kMasks + kMasksSize)
             return std::nullopt;
-        header.masks = {longAt(bytes, kMasks), longAt(bytes, kMasks + 4), longAt(bytes, kMasks + 8)};
+        header.masks = {LongAt(bytes, kMasks), LongAt(bytes, kMasks + 4), LongAt(bytes, kMasks + 8)};
     }
     if (!header.isReadable() || header.pixels > fileSize ||
         fileSize - header.pixels < header.rowSize() * static_cast<std::size_t>(header.rows()))
@@ -105,7 +97,7 @@ void put(std::string& bytes, std::size_t number, int count) {
 Color paletteColor(const Header& header, std::string_view bytes, std::string_view row, std::size_t x) {
     const std::size_t bit = x * header.bits;
     const unsigned shift = 8 - header.bits - bit % 8;
-    const unsigned number = byteAt(row, bit / 8) >> shift & ((1U << header.bits) - 1);
+    const unsigned number = ByteAt(row, bit / 8) >> shift & ((1U << header.bits) - 1);
     return number < header.colors ? colorAt(bytes, header.palette + number * std::size_t{4}) : Color{0};
 }
 
@@ -122,7 +114,7 @@ Color maskedColor(const Header& header, std::string_view row, std::size_t x) {
     const std::size_t size = header.bits / 8;
     std::uint32_t pixel = 0;
     for (std::size_t byte = size; byte-- > 0;)
-        pixel = pixel << 8 | byteAt(row, x * size + byte);
+        pixel = pixel << 8 | ByteAt(row, x * size + byte);
     return Rgb(brightness(pixel, header.masks.red), brightness(pixel, header.masks.green),
                brightness(pixel, header.masks.blue));
 }

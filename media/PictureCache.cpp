@@ -51,10 +51,12 @@ PictureOutcome readPicture(const std::string& path) {
         return {};
     const auto file = open(pathOnDisk);
     PictureOutcome outcome{isBmp(path) ? unreadable : unknownKind};
-    if (file)
-        outcome.picture = ParseBmp(startOf(*file, kLargestFile));
+    const std::string bytes = file ? startOf(*file, kLargestFile) : std::string();
+    outcome.picture = ParseBmp(bytes);
     if (outcome.picture)
         outcome.what = readable;
+    else
+        outcome.animation = ParseAnimation(bytes);
     return outcome;
 }
 

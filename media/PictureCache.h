@@ -1,6 +1,7 @@
 // Picture files, each read only a few times, no matter how many frames show it.
 #pragma once
 
+#include "media/AnimationFile.h"
 #include <qrtVistrelClasses4/Raster.h>
 
 #include <cstdint>
@@ -20,7 +21,8 @@ struct PictureOutcome {
     };
 
     What what = What::missing;
-    std::optional<Raster> picture = {}; ///< Has a value if it is readable.
+    std::optional<Raster> picture = {};      ///< Has a value if it is readable.
+    std::optional<Animation> animation = {}; ///< Of an unknown kind, as far as its file says what it is.
 };
 
 /// Reads pictures and caches them.

@@ -88,8 +88,8 @@ std::string_view bracketedText(std::string_view text) {
 std::atomic<bool> NewEffectsLoaded = false;
 
 std::optional<std::string> PrefixName(std::int16_t code) {
-    if (code > kLoopBase && code < kLoopLimit)
-        return loopName(code - kLoopBase);
+    if (const std::int32_t rounds = RoundsOfLoop(code); rounds > 0)
+        return loopName(rounds);
     return nameOf(code, &FixedEffect::prefixCode, &FixedEffect::prefixName, &OptionalEffect::prefixName,
                   kUnlistedPrefixes);
 }

@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 
@@ -18,6 +19,10 @@ inline constexpr std::int16_t kPhotoRealistic = 9999;
 inline constexpr std::int16_t kLoopBase = 20000;
 inline constexpr std::int16_t kLoopLimit = 20100;
 inline constexpr std::int16_t kEndLoop = 20001;
+/// How many rounds the loop has that a frame with this appear effect starts; 0 if it starts none.
+constexpr std::int32_t RoundsOfLoop(std::int16_t prefixCode) {
+    return prefixCode > kLoopBase && prefixCode < kLoopLimit ? prefixCode - kLoopBase : 0;
+}
 /// The wipe effect, and its number in old files.
 inline constexpr std::int16_t kWipe = 2000;
 inline constexpr std::int16_t kOldWipe = 2001;
@@ -98,6 +103,11 @@ extern std::atomic<bool> NewEffectsLoaded;
 
 /// Full name of "NewEffects.ini" in the application data folder, or of the one that is read in its place.
 std::string NewEffectsPath();
+
+/// Whether effect lists offer optional effects, or would when they are loaded next.
+bool HasNewEffects();
+/// The optional effects that "NewEffects.ini" does not switch off, in the order of the lists.
+std::vector<OptionalEffect> SwitchedOnEffects();
 
 /// The name of an effect code, if it has one.
 std::optional<std::string> PrefixName(std::int16_t code);

@@ -9,26 +9,31 @@
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/ListControl.h>
 
+#include <algorithm>
+#include <iterator>
+
 namespace qrtVistrelClasses4 {
 
 std::string NewEffectsPath() {
     return PlaceToRead(GetAppFolder(), {.name = "NewEffects.ini", .use = FileUse::onlyRead});
 }
 
+bool HasNewEffects() {
+    return NewEffectsLoaded || platform().files().kindOf(NewEffectsPath()) == EntryKind::file;
+}
+
+/// An effect is on if the file does not name it, or sets it to "TRUE" in capitals.
+std::vector<OptionalEffect> SwitchedOnEffects() {
+    PrivateIni ini;
+    ini.Register("Effects", NewEffectsPath());
+    std::vector<OptionalEffect> effects;
+    std::ranges::copy_if(kOptionalEffects, std::back_inserter(effects), [&](const OptionalEffect& effect) {
+        return ini.Read(std::string(effect.iniKey), "TRUE") == "TRUE";
+    });
+    return effects;
+}
+
 namespace {
-
-/// The switches of the optional effects in the file. An effect is on if the file does not name it, or sets it
-/// to "TRUE" in capitals.
-class OptionalEffectSwitches {
-public:
-    OptionalEffectSwitches() { ini_.Register("Effects", NewEffectsPath()); }
-    bool isOn(const OptionalEffect& effect) {
-        return ini_.Read(std::string(effect.iniKey), "TRUE") == "TRUE";
-    }
-
-private:
-    PrivateIni ini_;
-};
 
 void addItem(ListControl& list, std::string_view text, std::int16_t code) {
     list.AddItem(std::string(text));
@@ -41,12 +46,10 @@ void fillList(ListControl& list, std::int16_t FixedEffect::*code, std::string_vi
     list.Clear();
     for (const FixedEffect& effect : kFixedEffects)
         addItem(list, effect.*name, effect.*code);
-    if (NewEffectsLoaded) {
-        OptionalEffectSwitches switches;
-        for (const OptionalEffect& effect : kOptionalEffects)
-            if (!(effect.*optionalText).empty() && switches.isOn(effect))
+    if (NewEffectsLoaded)
+        for (const OptionalEffect& effect : SwitchedOnEffects())
+            if (!(effect.*optionalText).empty())
                 addItem(list, effect.*optionalText, effect.code);
-    }
     addItem(list, loopText, loopCode);
 }
 

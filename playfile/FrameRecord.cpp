@@ -21,6 +21,18 @@ void EmptyFrame(FrameRecord& frame) {
 
 NEW_FRAME_TYPES KindOf(const FrameRecord& frame) { return MeaningOf(FrameTypeAccessor::get(frame)); }
 
+bool IsUsed(const FrameRecord& frame) { return KindOf(frame) != NEW_FRAME_TYPES::FRAME_BLANK; }
+
+bool HasPicture(const FrameRecord& frame) {
+    const NEW_FRAME_TYPES kind = KindOf(frame);
+    return kind == NEW_FRAME_TYPES::FRAME_GRAPHIC || kind == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT;
+}
+
+bool HasText(const FrameRecord& frame) {
+    const NEW_FRAME_TYPES kind = KindOf(frame);
+    return kind == NEW_FRAME_TYPES::FRAME_TEXT || kind == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT;
+}
+
 bool IsOverlay(const FrameRecord& frame) { return frame.OverlayFrame != 0; }
 
 FRAME_TYPES FrameTypeAccessor::get(const FrameRecord& frame) {

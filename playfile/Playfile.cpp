@@ -8,8 +8,6 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-bool isUsed(const FrameRecord& frame) { return KindOf(frame) != NEW_FRAME_TYPES::FRAME_BLANK; }
-
 template <class IsCounted>
 std::int32_t countThose(const Playfile& playfile, IsCounted isCounted) {
     return static_cast<std::int32_t>(
@@ -28,7 +26,7 @@ bool sendsSameFile(const FrameRecord& earlier, const FrameRecord& frame) {
 
 } // namespace
 
-std::int32_t CountUsedFrames(const Playfile& playfile) { return countThose(playfile, isUsed); }
+std::int32_t CountUsedFrames(const Playfile& playfile) { return countThose(playfile, IsUsed); }
 
 std::int32_t CountFrames(const Playfile& playfile, NEW_FRAME_TYPES kind) {
     return countThose(playfile, [kind](const FrameRecord& frame) { return KindOf(frame) == kind; });
@@ -37,7 +35,7 @@ std::int32_t CountFrames(const Playfile& playfile, NEW_FRAME_TYPES kind) {
 std::int32_t TotalDelaySeconds(const Playfile& playfile) {
     std::int32_t total = 0;
     for (const FrameRecord& frame : playfile.frames)
-        if (isUsed(frame))
+        if (IsUsed(frame))
             total = RoundToInt32(total + frame.DelayTime);
     return total;
 }

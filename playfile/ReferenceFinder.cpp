@@ -18,6 +18,10 @@ std::optional<std::string> ReferenceFinder::find(std::string& reference) {
     return beside ? std::optional(std::exchange(reference, *beside)) : std::nullopt;
 }
 
+std::optional<std::string> ReferenceFinder::fileOf(const std::string& reference) {
+    return existing_.has(reference) ? reference : besidePlayfile(reference);
+}
+
 const std::optional<std::string>& ReferenceFinder::besidePlayfile(const std::string& reference) {
     const std::string name(SplitPath(reference).name);
     return Remembered(beside_, name, [&] { return lookBesidePlayfile(name); });

@@ -22,6 +22,9 @@ public:
     /// before such a change.
     std::optional<std::string> find(std::string& reference);
 
+    /// A reference to the file that `find` would leave. Nothing if there is none in either place.
+    std::optional<std::string> fileOf(const std::string& reference);
+
 private:
     /// A reference to the file of that name beside the playfile, if there is one.
     const std::optional<std::string>& besidePlayfile(const std::string& reference);

@@ -1,10 +1,9 @@
 #include <qrtVistrelClasses4/FramePainter.h>
 
-#include "commands/PreviewText.h"
 #include "fonts/TextDrawing.h"
 #include "media/PictureCache.h"
 #include "platform/Path.h"
-#include "preview/FontCache.h"
+#include "playfile/ShownLines.h"
 #include "preview/LabelFont.h"
 #include "preview/PictureDots.h"
 
@@ -26,16 +25,11 @@ constexpr std::int32_t kLabelMargin = 4; ///< Dots between a label and the outsi
 /// Letters start one dot right of where they are drawn.
 constexpr std::int32_t kDotsBeforeText = 1;
 
-bool hasPicture(const FrameRecord& frame) {
-    const NEW_FRAME_TYPES type = KindOf(frame);
-    return type == NEW_FRAME_TYPES::FRAME_GRAPHIC || type == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT;
-}
-
 /// The file that a frame shows. Empty if it shows none.
 std::string mediumOf(const FrameRecord& frame) {
     if (KindOf(frame) == NEW_FRAME_TYPES::FRAME_CMD)
         return frame.commandfile;
-    return hasPicture(frame) ? frame.PicturefileName : std::string();
+    return HasPicture(frame) ? frame.PicturefileName : std::string();
 }
 
 DotSize larger(DotSize one, DotSize other) {
@@ -85,12 +79,24 @@ bool canBeLowered(const Font& font, std::string_view text) {
     return HasLitDots(font, text, 0, 0, 0) && !HasLitDots(font, text, 0, font.height - 1, font.height - 1);
 }
 
-} // namespace
-
-bool HasText(const FrameRecord& frame) {
-    const NEW_FRAME_TYPES type = KindOf(frame);
-    return type == NEW_FRAME_TYPES::FRAME_TEXT || type == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT;
+PreviewFault::What shownAs(FontFault::What fault) {
+    switch (fault) {
+    case FontFault::What::missing:
+        return PreviewFault::What::missingFont;
+    case FontFault::What::unreadable:
+        return PreviewFault::What::unreadableFont;
+    case FontFault::What::cutShort:
+        return PreviewFault::What::cutShortFont;
+    case FontFault::What::unknownNumber:
+        return PreviewFault::What::unknownFontNumber;
+    case FontFault::What::unnamed:
+        return PreviewFault::What::unnamedFont;
+    default:
+        return PreviewFault::What::noFonts;
+    }
 }
+
+} // namespace
 
 std::int32_t LowestFrameBelow(const OneBasedArray<FrameRecord>& frames, std::int32_t number) {
     while (IsOverlay(frames.at(number)) && number > 1)
@@ -102,7 +108,7 @@ std::int32_t LowestFrameBelow(const OneBasedArray<FrameRecord>& frames, std::int
 class FramePainter::Drawing {
 public:
     Drawing(const SignLook& sign, CommandTable commands)
-        : sign_(sign), fonts_(sign.type), texts_(std::move(commands), 0) {}
+        : sign_(sign), lines_(sign.type, std::move(commands)) {}
 
     DotSize sizeOf(const FrameRecord& frame) {
         const DotSize medium = sizeOfMedium(mediumOf(frame));
@@ -130,17 +136,12 @@ public:
 private:
     DotSize sizeOfLines(const FrameRecord& frame) {
         DotSize size;
-        std::int32_t bottom = 0;
-        for (const LineRecord& line : frame.lines) {
-            const auto font = fontOf(line);
-            bottom += font->height;
-            const std::int32_t width =
-                line.Scrolling ? 0 : widthOnSign(*font, texts_.of(line.CurrentLineText));
+        lines_.place(frame, kLargestSign.height, [&](const PlacedLine& placed) {
+            const LineRecord& line = placed.line;
+            const std::int32_t width = line.Scrolling ? 0 : widthOnSign(*placed.font, lines_.textOf(line));
             if (!line.CurrentLineText.empty() || line.Inverse)
-                size = larger(size, {width + kDotsBeforeText, bottom});
-            if (bottom >= kLargestSign.height)
-                break;
-        }
+                size = larger(size, {width + kDotsBeforeText, placed.bottom()});
+        });
         return size;
     }
 
@@ -162,30 +163,26 @@ private:
     }
 
     void drawLines(const FrameRecord& frame, PixelBuffer& dots) {
-        std::int32_t top = 0;
-        for (std::int32_t number = 1; number <= frame.lines.upperBound(); ++number) {
-            const LineRecord& line = frame.lines.at(number);
-            const std::string text = texts_.of(line.CurrentLineText);
-            if (top < dots.height()) {
-                const auto font = fontOf(line);
-                drawLine(number, line, text, font, dots, top);
-                top += font->height;
-            } else if (std::ranges::any_of(text, isVisible)) {
-                addFault(PreviewFault::What::cutText, {}, number);
-                break;
-            }
-        }
+        std::int32_t number =
+            lines_.place(frame, dots.height(), [&](const PlacedLine& placed) { drawLine(placed, dots); });
+        while (number <= frame.lines.upperBound() &&
+               std::ranges::none_of(lines_.textOf(frame.lines.at(number)), isVisible))
+            ++number;
+        if (number <= frame.lines.upperBound())
+            addFault(PreviewFault::What::cutText, {}, number);
     }
 
-    void drawLine(std::int32_t number, const LineRecord& line, std::string_view text,
-                  const FontCache::FontPointer& font, PixelBuffer& dots, std::int32_t top) {
-        const std::int32_t height = font->height;
+    void drawLine(const PlacedLine& placed, PixelBuffer& dots) {
+        const auto& [number, line, font, placedTop] = placed;
+        const std::string text = lines_.textOf(line);
+        const std::int32_t height = placed.height();
+        std::int32_t top = placedTop;
         if (line.Inverse)
             dots.fill(0, top, dots.width(), height, sign_.color);
         if (line.Inverse && canBeLowered(*font, text))
             ++top;
         const DrawnText drawn = drawText(*font, line.Inverse ? 0 : sign_.color, text, dots, 0, top);
-        if (std::string lacking = visibleOnes(drawn.lacking); !lacking.empty() && !fonts_.isEmpty(font))
+        if (std::string lacking = visibleOnes(drawn.lacking); !lacking.empty() && !lines_.isEmpty(font))
             addFault(PreviewFault::What::lackingCharacters, std::move(lacking), number);
         const bool isTooWide = !line.Scrolling && drawn.width + kDotsBeforeText > dots.width() &&
                                HasLitDots(*font, text, dots.width(), 0, height - 1);
@@ -201,14 +198,14 @@ private:
 
     /// Draws a picture, or a box with the name of a file that cannot be drawn.
     void drawMedium(const FrameRecord& frame, const std::string& path, PixelBuffer& dots) {
-        const auto& [what, picture] = pictures_.find(path);
-        if (picture)
-            drawPicture(sign_, *picture, dots);
+        const PictureOutcome& found = pictures_.find(path);
+        if (found.picture)
+            drawPicture(sign_, *found.picture, dots);
         else
             drawBox(SplitPath(path).name, dots);
-        if (hasPicture(frame) && what == PictureOutcome::What::missing)
+        if (HasPicture(frame) && found.what == PictureOutcome::What::missing)
             addFault(PreviewFault::What::missingPicture, path, 0);
-        if (hasPicture(frame) && what == PictureOutcome::What::unreadable)
+        if (HasPicture(frame) && found.what == PictureOutcome::What::unreadable)
             addFault(PreviewFault::What::picture, path, 0);
     }
 
@@ -224,19 +221,17 @@ private:
         dots.fill(dots.width() - 1, 0, 1, dots.height(), color);
     }
 
-    FontCache::FontPointer fontOf(const LineRecord& line) {
-        return fonts_.find(line.LineFontSize, line.LineCustomFont);
-    }
-
     void collectFaults() {
-        for (PreviewFault& fault : fonts_.takeFaults())
-            faults_.push_back(std::move(fault));
+        for (FontFault& fault : lines_.takeFaults())
+            faults_.push_back({.what = shownAs(fault.what),
+                               .name = std::move(fault.name),
+                               .isReplaced = fault.isReplaced,
+                               .error = std::move(fault.error)});
     }
 
     SignLook sign_;
-    FontCache fonts_;
     PictureCache pictures_;
-    TextPreviews texts_;
+    ShownLines lines_;
     std::vector<PreviewFault> faults_;
     std::int32_t frame_ = 0; ///< Number of the frame that is drawn.
 };

@@ -16,8 +16,6 @@
 
 namespace QRT_PUBLIC qrtVistrelClasses4 {
 
-/// Whether the lines of the frame are shown.
-QRT_PUBLIC bool HasText(const FrameRecord& frame);
 /// The number of the frame that has to be drawn first to show frame `number`: that frame itself, or below
 /// overlays the last one that is none. Throws error 9 if there is no frame `number`.
 QRT_PUBLIC std::int32_t LowestFrameBelow(const OneBasedArray<FrameRecord>& frames, std::int32_t number);

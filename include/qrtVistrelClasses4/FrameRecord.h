@@ -75,6 +75,12 @@ QRT_PUBLIC void EmptyFrame(FrameRecord& frame);
 
 /// What the stored number of a frame's type means. Numbers without a name are kinds of their own.
 QRT_PUBLIC NEW_FRAME_TYPES KindOf(const FrameRecord& frame);
+/// Whether the frame is not blank. The sign never gets blank frames.
+QRT_PUBLIC bool IsUsed(const FrameRecord& frame);
+/// Whether the picture of the frame is shown.
+QRT_PUBLIC bool HasPicture(const FrameRecord& frame);
+/// Whether the lines of the frame are shown.
+QRT_PUBLIC bool HasText(const FrameRecord& frame);
 /// Whether the frame is drawn over the one before it.
 QRT_PUBLIC bool IsOverlay(const FrameRecord& frame);
 

@@ -1,7 +1,6 @@
 #include "tools/fonts/FontNeeds.h"
 
 #include "commands/PreviewText.h"
-#include <qrtVistrelClasses4/FramePainter.h>
 
 #include <string_view>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "fonts/FontFile.h"
-#include <qrtVistrelClasses4/PreviewFault.h>
+#include <qrtVistrelClasses4/FontFault.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -32,7 +32,7 @@ public:
     bool isEmpty(const FontPointer& font) const { return font == empty_; }
 
     /// The fonts that could not be loaded since the last call.
-    std::vector<PreviewFault> takeFaults();
+    std::vector<FontFault> takeFaults();
 
     /// Custom fonts that are kept at a time.
     static constexpr std::size_t kMostCustomFonts = 64;
@@ -50,10 +50,10 @@ private:
     /// replace it.
     FontPointer accept(FontOutcome&& outcome, const std::string& path);
     /// Null, and the fault.
-    FontPointer refuse(PreviewFault fault);
+    FontPointer refuse(FontFault fault);
 
     std::int16_t signType_;
-    std::vector<PreviewFault> faults_;
+    std::vector<FontFault> faults_;
     std::map<std::int16_t, FontPointer> numbered_;
     FontPointer empty_; ///< Null unless font 0 is missing.
     bool hasNoFonts_ = false;

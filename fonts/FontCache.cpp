@@ -1,4 +1,4 @@
-#include "preview/FontCache.h"
+#include "fonts/FontCache.h"
 
 #include "fonts/FontLoading.h"
 #include "fonts/clsFontSizes.h"
@@ -23,15 +23,15 @@ FontCache::FontPointer FontCache::find(std::int16_t number, const std::string& c
     return number < kNumberedFonts ? findNumbered(number) : findCustom(customFont);
 }
 
-std::vector<PreviewFault> FontCache::takeFaults() { return std::exchange(faults_, {}); }
+std::vector<FontFault> FontCache::takeFaults() { return std::exchange(faults_, {}); }
 
 FontCache::FontPointer FontCache::findNumbered(std::int16_t number) {
     if (const auto known = numbered_.find(number); known != numbered_.end())
         return known->second;
-    using enum PreviewFault::What;
+    using enum FontFault::What;
     const auto file = FindNumberedFont(number, signType_, kUseNewFont);
     FontPointer font = file ? accept(LoadNumberedFont(number, signType_, kUseNewFont), file->path)
-                            : refuse({unknownFontNumber, std::to_string(number)});
+                            : refuse({unknownNumber, std::to_string(number)});
     if (!font && file && replaceFaultByNoFonts())
         font = useEmptyFont();
     else if (!font)
@@ -51,7 +51,7 @@ bool FontCache::replaceFaultByNoFonts() {
         if (!folder)
             return false;
         hasNoFonts_ = true;
-        faults_.back() = {PreviewFault::What::noFonts, *folder};
+        faults_.back() = {FontFault::What::noFonts, *folder};
     } else {
         faults_.pop_back();
     }
@@ -69,7 +69,7 @@ FontCache::FontPointer FontCache::findCustom(const std::string& name) {
         name.empty() ? FontOutcome() : LoadFontFile(name, kSizeFromFile, kSizeFromFile, kUseNewFont);
     const std::string file = outcome.path.value_or("");
     const FontPointer font =
-        name.empty() ? refuse({PreviewFault::What::unnamedFont}) : accept(std::move(outcome), name);
+        name.empty() ? refuse({FontFault::What::unnamed}) : accept(std::move(outcome), name);
     if (!font) {
         files_[name].reset();
         return useFont0();
@@ -90,17 +90,17 @@ FontCache::FontPointer FontCache::useFont0() {
 }
 
 FontCache::FontPointer FontCache::accept(FontOutcome&& outcome, const std::string& path) {
-    using enum PreviewFault::What;
+    using enum FontFault::What;
     if (outcome.source == FontSource::font0 || !outcome.path)
-        return refuse({missingFont, path});
+        return refuse({missing, path});
     if (outcome.error != SystemError::none)
-        return refuse({.what = unreadableFont, .name = *outcome.path, .error = ErrorFor(outcome.error)});
+        return refuse({.what = unreadable, .name = *outcome.path, .error = ErrorFor(outcome.error)});
     if (!outcome.font)
-        return refuse({cutShortFont, *outcome.path});
+        return refuse({cutShort, *outcome.path});
     return std::make_shared<const Font>(*std::move(outcome.font));
 }
 
-FontCache::FontPointer FontCache::refuse(PreviewFault fault) {
+FontCache::FontPointer FontCache::refuse(FontFault fault) {
     faults_.push_back(std::move(fault));
     return nullptr;
 }

@@ -1,0 +1,24 @@
+// How many pictures an animation has, and how large they are.
+#pragma once
+
+#include <qrtVistrelClasses4/Raster.h>
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace qrtVistrelClasses4 {
+
+struct Animation {
+    DotSize size;
+    std::int32_t pictures = 0;
+
+    bool operator==(const Animation&) const = default;
+};
+
+/// What the bytes of an AVI or GIF file say of its pictures. The pictures of a GIF are counted, up to its
+/// end; an AVI gives their number in its header. Nothing for other files, for files that are cut short
+/// there, and for sizes of 0 or of more than 65535.
+std::optional<Animation> ParseAnimation(std::string_view bytes);
+
+} // namespace qrtVistrelClasses4

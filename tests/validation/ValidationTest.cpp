@@ -1,0 +1,125 @@
+#include <qrtVistrelClasses4/Validation.h>
+
+#include "HostTest.h"
+#include "platform/Path.h"
+
+#include <fstream>
+#include <set>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+using enum NEW_FRAME_TYPES;
+
+TEST(Rules, AreThoseOfTheDocument) {
+    std::ifstream document(QRT_SAMPLES_FOLDER "/../docs/validation.md", std::ios::binary);
+    Texts rows, wanted;
+    for (std::string line; std::getline(document, line);)
+        if (line.starts_with("| `"))
+            rows.push_back(line);
+    std::set<std::string_view> names;
+    for (const Rule& rule : kRules) {
+        wanted.push_back("| `" + std::string(rule.name) + "` | " + std::string(SeverityName(rule.severity)) +
+                         " | " + std::string(rule.summary) + " | " + std::string(rule.fix) + " |");
+        EXPECT_TRUE(names.insert(rule.name).second) << rule.name;
+    }
+    EXPECT_EQ(rows, wanted);
+}
+
+struct Validation : HostTest {
+    FrameRecord& add(NEW_FRAME_TYPES kind, std::string text = "") {
+        playfile_.frames.resize(playfile_.frames.upperBound() + 1);
+        FrameRecord& frame = playfile_.frames.at(playfile_.frames.upperBound());
+        frame.FrameType = static_cast<std::int16_t>(kind);
+        frame.DelayTime = 3;
+        frame.lines.resize(1);
+        frame.lines.at(1).CurrentLineText = std::move(text);
+        return frame;
+    }
+    /// "2.1 rule: message", with the frame and the line.
+    Texts found() {
+        Texts texts;
+        for (const Finding& finding : Validate(playfile_, known_))
+            texts.push_back(std::to_string(finding.frame) + '.' + std::to_string(finding.line) + ' ' +
+                            std::string(finding.rule->name) + ": " + finding.message);
+        return texts;
+    }
+
+    Playfile playfile_;
+    ValidationCircumstances known_{.looksAtFiles = false, .measuresTexts = false};
+};
+
+TEST_F(Validation, NamesPlacesAndValuesInTheirOrder) {
+    add(FRAME_TEXT, "VBL9 to \xe9 |week|").PrefixCode = 1003;
+    add(FRAME_GRAPHIC);
+    add(FRAME_TEXT, "Gate").DelayTime = 12.25;
+    known_.delayLimits = DelayLimits{0, 10, 0.5};
+    known_.framesAllowed = 2;
+    EXPECT_EQ(
+        found(),
+        (Texts{"0.0 too-many-frames: There are 3 frames, and 2 are allowed.",
+               "1.0 unknown-prefix: The prefix code is 1003, which is the number of no effect.",
+               "1.1 damaged-code: The text has \"VBL9\", and codes of that kind have a number of 3 digits "
+               "up to 416.",
+               "1.1 unknown-command-code: The text has \"|week|\", and no command has that key.",
+               "2.0 picture-unnamed: The frame has no name of a picture.",
+               "3.0 delay-outside-limits: The frame is shown for 12.25 seconds, and the settings allow 0 to "
+               "10 seconds."}));
+}
+
+TEST_F(Validation, LeavesAloneWhatOnlyLooksLikeACode) {
+    for (const char* const text : {"a | b", "|", "||", "|a|", "CR2032", "VBL0071", "SCR17", "{", "{Sale}",
+                                   "} {", "#1", "## 5", "VBL", "CR", "C", "|h:m||hm|",
+                                   "\xa6"
+                                   "CR01",
+                                   "| week |"})
+        add(FRAME_TEXT, text);
+    EXPECT_EQ(found(), Texts());
+}
+
+TEST_F(Validation, LooksForEachMissingFileOnce) {
+    known_.looksAtFiles = true;
+    const std::string gone = host_.inLibrary("gone.bmp");
+    for (int count = 0; count < 9; ++count)
+        add(FRAME_GRAPHIC).PicturefileName = gone;
+    playfile_.fileName = host_.inLibrary(JoinPath("shows", "a.playfile"));
+    files().makeFolders(host_.inLibrary("shows"));
+    std::map<std::string, int> looks;
+    files().observer = [&](const FileOperation& operation) {
+        ++looks[operation.path];
+        return SystemError::none;
+    };
+    EXPECT_EQ(found().size(), 9U);
+    EXPECT_EQ(looks[gone], 1);
+    EXPECT_LE(looks[host_.inLibrary(JoinPath("shows", "gone.bmp"))], 1);
+}
+
+TEST_F(Validation, CountsLoopsInThousandsOfOthers) {
+    constexpr std::int32_t depth = 16000;
+    for (std::int32_t number = 0; number < 2 * depth; ++number)
+        (number < depth ? add(FRAME_TEXT).PrefixCode : add(FRAME_TEXT).SuffixCode) =
+            number < depth ? 20099 : 20001;
+    for (FrameRecord& frame : playfile_.frames)
+        frame.DelayTime = 1;
+    std::map<std::string_view, int> counts;
+    for (const Finding& finding : Validate(playfile_, known_))
+        ++counts[finding.rule->name];
+    EXPECT_EQ(counts["empty-loop"], depth);
+    EXPECT_EQ(counts["loop-nested"], depth - 1);
+    EXPECT_EQ(counts["loops-beyond-a-day"] + counts["playback-too-long"], 2);
+}
+
+TEST_F(Validation, MakesNoFixOutsideThePlayfile) {
+    add(FRAME_TEXT, "Gate");
+    const Playfile before = playfile_;
+    const Rule* const rule = FindRule("merge-on-last-line");
+    for (const Finding& finding :
+         {Finding{rule, 2, 0, "DelayTime", 0, "", 1}, Finding{rule, 1, 2, "Merge", 0, "", 0},
+          Finding{rule, 1, 0, "FrameName", 0, "", 0}, Finding{rule, 1, 0, "", 0, "", 0},
+          Finding{rule, 1, 0, "AVIFrames", 0, "", 40000}, Finding{rule, 1, 1, "Merge", 0, "", {}}})
+        EXPECT_FALSE(ApplyFix(playfile_, finding)) << finding.property;
+    EXPECT_EQ(playfile_, before);
+}
+
+} // namespace
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,164 @@
+#include "validation/CodeRules.h"
+
+#include "commands/LegacyVariables.h"
+#include "commands/NumberedCodes.h"
+#include "commands/PreviewText.h"
+#include "validation/Rules.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+
+namespace qrtVistrelClasses4 {
+namespace {
+
+/// What keys of commands start with, the built-in ones and by custom those of users.
+constexpr char kBar = '|';
+constexpr std::string_view kHashes = "##";
+/// Texts have what is shorter without meaning a code.
+constexpr std::size_t kShortestStart = 3;
+
+constexpr std::string_view kStartsOfCodes = "|#{VC";
+
+bool isDigit(char character) { return character >= '0' && character <= '9'; }
+bool isLetter(char character) {
+    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
+}
+bool isControl(char character) { return static_cast<unsigned char>(character) < ' '; }
+
+std::vector<std::string_view> keysOfTable(const CommandTable& commands) {
+    std::vector<std::string_view> keys;
+    for (const CommandInfoType& command : commands.rows())
+        keys.push_back(command.sCMDInfo[kCommandKey]);
+    return keys;
+}
+
+template <class IsPart>
+std::string_view leading(std::string_view text, IsPart isPart) {
+    const auto* const end = std::find_if_not(text.data(), text.data() + text.size(), isPart);
+    return text.substr(0, static_cast<std::size_t>(end - text.data()));
+}
+
+/// "VBL9" or "CR17". A longer number after "CR" is not meant as a counter.
+std::optional<std::string_view> brokenNumber(std::string_view rest, const NumberedCode& kind) {
+    if (!rest.starts_with(kind.letters))
+        return std::nullopt;
+    const std::string_view digits = leading(rest.substr(kind.letters.size()), isDigit);
+    if (digits.empty() || digits.size() > kind.digits)
+        return std::nullopt;
+    return rest.substr(0, kind.letters.size() + digits.size());
+}
+
+/// "{time}", "{vbl 7}", or "{vbl 999}", which has never been one either.
+bool startsNumberedPlaceholder(std::string_view text) {
+    return text.starts_with("{vbl ") || text.starts_with("{cnt ");
+}
+bool isLegacyPlaceholder(std::string_view inBraces) {
+    return startsNumberedPlaceholder(inBraces) || ConvertLegacyVariables(std::string(inBraces)) != inBraces;
+}
+
+/// Adds a finding for a placeholder at the start of `rest`, whole or without its end. Returns its size.
+std::size_t checkBraces(std::string_view rest, const Place& place, Findings& findings) {
+    const std::size_t close = rest.find_first_of("{}", 1);
+    const bool isClosed = close != rest.npos && rest[close] == '}';
+    if (isClosed) {
+        const std::string_view inBraces = rest.substr(0, close + 1);
+        if (!isLegacyPlaceholder(inBraces))
+            return 0;
+        findings.add("legacy-placeholder", place,
+                     "The text has " + Quoted(inBraces) +
+                         ", a placeholder of the older format, which signs show as it is.");
+        return inBraces.size();
+    }
+    const std::string_view word = rest.substr(0, 1 + leading(rest.substr(1), [](char it) {
+                                                         return isLetter(it) || isDigit(it) || it == '_';
+                                                     }).size());
+    if (!isLegacyPlaceholder(std::string(word) + '}') && !startsNumberedPlaceholder(rest))
+        return 0;
+    findings.add("damaged-code", place, "The text has " + Quoted(word) + ", a placeholder without its end.");
+    return word.size();
+}
+
+/// A command's key at the start of `rest` by its form: "|week|" or "##BELL". Empty if there is none.
+std::string_view commandAtStart(std::string_view rest) {
+    if (rest.starts_with(kHashes)) {
+        const std::string_view letters = leading(rest.substr(kHashes.size()), isLetter);
+        return letters.empty() ? letters : rest.substr(0, kHashes.size() + letters.size());
+    }
+    if (!rest.starts_with(kBar))
+        return {};
+    const std::string_view inBars = rest.substr(1, std::min(rest.find(kBar, 1), rest.size()) - 1);
+    const bool isClosed = inBars.size() + 2 <= rest.size();
+    const bool isKey = isClosed && inBars.size() + 2 > kShortestStart && isLetter(inBars.front()) &&
+                       inBars.find(' ') == inBars.npos;
+    return isKey ? rest.substr(0, inBars.size() + 2) : std::string_view();
+}
+
+} // namespace
+
+CodeCheck::CodeCheck(const CommandTable& commands) : keys_(keysOfTable(commands)), codes_(keys_) {
+    for (const char character : kStartsOfCodes)
+        mayStart_[static_cast<unsigned char>(character)] = true;
+    for (std::size_t code = 0; code < ' '; ++code)
+        mayStart_[code] = true;
+    for (const std::string_view key : keys_) {
+        if (!key.empty())
+            mayStart_[static_cast<unsigned char>(key.front())] = true;
+        if (key.starts_with(kBar) && key.size() > kShortestStart)
+            starts_.insert(key.substr(0, kShortestStart));
+    }
+}
+
+void CodeCheck::check(std::string_view text, const Place& place, Findings& findings) const {
+    text = text.substr(0, kLongestPreview);
+    bool hasControls = false;
+    for (std::size_t at = 0; at < text.size();) {
+        if (!mayStart_[static_cast<unsigned char>(text[at])]) {
+            ++at;
+            continue;
+        }
+        hasControls = hasControls || isControl(text[at]);
+        const std::size_t code = codes_.sizeAtStart(text.substr(at));
+        const bool isAfterLetter = at > 0 && isLetter(text[at - 1]);
+        at += std::max<std::size_t>(
+            code > 0 ? code : checkAt(text.substr(at), isAfterLetter, place, findings), 1);
+    }
+    if (hasControls) {
+        const auto count = std::ranges::count_if(text, isControl);
+        findings.add("control-character", place,
+                     "The text has " + CountText(count, "character", "characters") +
+                         " with codes below 32, which no font shows.");
+    }
+}
+
+std::size_t CodeCheck::checkAt(std::string_view rest, bool isAfterLetter, const Place& place,
+                               Findings& findings) const {
+    if (rest.front() == '{')
+        return checkBraces(rest, place, findings);
+    for (const NumberedCode& kind : {kVariableCode, kCounterCode})
+        if (const auto broken = isAfterLetter ? std::nullopt : brokenNumber(rest, kind)) {
+            findings.add("damaged-code", place,
+                         "The text has " + Quoted(*broken) + ", and codes of that kind have a number of " +
+                             std::to_string(kind.digits) + " digits up to " + std::to_string(kind.last) +
+                             '.');
+            return broken->size();
+        }
+    if (const std::string_view command = commandAtStart(rest); !command.empty()) {
+        findings.add("unknown-command-code", place,
+                     "The text has " + Quoted(command) + ", and no command has that key.");
+        return command.size();
+    }
+    if (startsUnfinishedKey(rest)) {
+        const std::string_view word = leading(rest, [](char it) { return it != ' '; });
+        findings.add("damaged-code", place,
+                     "The text has " + Quoted(word) + ", a command's key without its end.");
+        return word.size();
+    }
+    return 0;
+}
+
+bool CodeCheck::startsUnfinishedKey(std::string_view rest) const {
+    return rest.size() >= kShortestStart && starts_.contains(rest.substr(0, kShortestStart));
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,33 @@
+// The words that messages of all subjects share.
+#include "platform/LetterCase.h"
+#include "validation/Rules.h"
+
+#include <algorithm>
+
+namespace qrtVistrelClasses4 {
+
+bool HasVisibleText(const LineRecord& line) {
+    return std::ranges::any_of(line.CurrentLineText,
+                               [](char character) { return static_cast<unsigned char>(character) > ' '; });
+}
+
+std::string Quoted(std::string_view text) {
+    constexpr std::size_t most = 60;
+    return text.size() <= most ? '"' + std::string(text) + '"'
+                               : '"' + std::string(text.substr(0, most)) + "...\"";
+}
+
+std::string SizeText(DotSize size) {
+    return std::to_string(size.width) + " x " + std::to_string(size.height);
+}
+
+bool HasEnding(std::string_view name, std::string_view ending) {
+    const std::size_t dot = name.rfind('.');
+    return dot != name.npos && EqualIgnoringAsciiCase(name.substr(dot + 1), ending);
+}
+
+std::string CountText(std::int64_t count, std::string_view one, std::string_view many) {
+    return std::to_string(count) + ' ' + std::string(count == 1 ? one : many);
+}
+
+} // namespace qrtVistrelClasses4

@@ -1,0 +1,37 @@
+// The subjects of a validation. Each function adds what it finds, in any order.
+#pragma once
+
+#include "validation/Findings.h"
+#include <qrtVistrelClasses4/Validation.h>
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace qrtVistrelClasses4 {
+
+void CheckPlayfile(const Playfile& playfile, const ValidationCircumstances& circumstances,
+                   Findings& findings);
+void CheckLoops(const Playfile& playfile, Findings& findings);
+void CheckEffects(const Playfile& playfile, const ValidationCircumstances& circumstances, Findings& findings);
+void CheckFiles(const Playfile& playfile, const ValidationCircumstances& circumstances, Findings& findings);
+void CheckTexts(const Playfile& playfile, const ValidationCircumstances& circumstances, Findings& findings);
+void CheckNumbers(const Playfile& playfile, const ValidationCircumstances& circumstances, Findings& findings);
+
+/// The name of a member's property, by which findings and messages know it.
+template <auto member>
+inline constexpr std::string_view kPropertyOf = kMember<member>.name;
+
+/// Whether a line has text that can be seen.
+bool HasVisibleText(const LineRecord& line);
+
+/// The text in quotes, cut if it is long.
+std::string Quoted(std::string_view text);
+/// "128 x 64".
+std::string SizeText(DotSize size);
+/// Whether a file name ends in a dot and `ending`, in any case.
+bool HasEnding(std::string_view name, std::string_view ending);
+/// "1 line" or "3 lines".
+std::string CountText(std::int64_t count, std::string_view one, std::string_view many);
+
+} // namespace qrtVistrelClasses4
