@@ -76,14 +76,18 @@ Result<std::optional<Font>> ReadFont(const std::string& path, std::int16_t width
     return ParseFont(bytes, width, height);
 }
 
+std::optional<std::string> FindFontFile(const std::string& path) {
+    auto file = existingFile(path);
+    return file ? file : findInOtherFolders(SplitPath(path).name);
+}
+
 std::optional<std::string> FolderWithoutFonts(std::int16_t signType, bool useNewFont) {
     std::string folder;
     for (std::int16_t number = 0; number < kNumberedFonts; ++number)
         if (const auto file = FindNumberedFont(number, signType, useNewFont)) {
-            const auto [place, name] = SplitPath(file->path);
-            if (existingFile(file->path) || findInOtherFolders(name))
+            if (FindFontFile(file->path))
                 return std::nullopt;
-            folder = place;
+            folder = SplitPath(file->path).folder;
         }
     return folder;
 }

@@ -35,6 +35,9 @@ struct [[nodiscard]] FontOutcome {
 /// Reads the font in the file `path`. Nothing if the file ends before its glyphs start.
 Result<std::optional<Font>> ReadFont(const std::string& path, std::int16_t width, std::int16_t height);
 
+/// The file `path`, or the one of that name in "Extended" or "CustomFonts", as `LoadFontFile` finds it.
+std::optional<std::string> FindFontFile(const std::string& path);
+
 /// Loads the font in the file `path`, or in a file of that name in "Extended" or "CustomFonts" of the
 /// application folder, of the program's folder or of what was installed with the program. If a standard font
 /// is in none of them, font 0 is loaded instead. Names of files are found in any case of their letters. If

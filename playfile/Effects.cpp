@@ -4,6 +4,7 @@
 #include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <optional>
+#include <span>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -35,29 +36,50 @@ constexpr std::array kKeywords{
     Keyword{"LW", kWipe}, Keyword{"JO", 1000},
 };
 
-template <class Unlisted>
-std::optional<std::string> nameOf(std::int16_t code, std::int16_t FixedEffect::*fixedCode,
-                                  std::string_view FixedEffect::*fixedName,
-                                  std::string_view OptionalEffect::*optionalName, const Unlisted& unlisted) {
+/// Appear or disappear effects.
+struct Side {
+    std::int16_t FixedEffect::*fixedCode;
+    std::string_view FixedEffect::*fixedName;
+    std::string_view OptionalEffect::*optionalName;
+    std::span<const UnlistedEffect> unlisted;
+};
+constexpr Side kPrefixes{&FixedEffect::prefixCode, &FixedEffect::prefixName, &OptionalEffect::prefixName,
+                         kUnlistedPrefixes};
+constexpr Side kSuffixes{&FixedEffect::suffixCode, &FixedEffect::suffixName, &OptionalEffect::suffixName,
+                         kUnlistedSuffixes};
+
+struct NamedEffect {
+    std::string_view name;
+    EffectMotion motion = EffectMotion::none;
+};
+
+std::optional<NamedEffect> effectOf(std::int16_t code, const Side& side) {
     for (const FixedEffect& effect : kFixedEffects)
-        if (effect.*fixedCode == code)
-            return std::string(effect.*fixedName);
+        if (effect.*side.fixedCode == code)
+            return NamedEffect{effect.*side.fixedName, effect.motion};
     for (const OptionalEffect& effect : kOptionalEffects)
         if (effect.code == code)
-            return std::string(effect.*optionalName);
-    for (const UnlistedEffect& effect : unlisted)
+            return NamedEffect{effect.*side.optionalName, effect.motion};
+    for (const UnlistedEffect& effect : side.unlisted)
         if (effect.code == code)
-            return std::string(effect.name);
+            return NamedEffect{effect.name};
     return std::nullopt;
 }
 
-template <class Unlisted>
-std::optional<std::int16_t> codeOf(std::string_view text, std::int16_t FixedEffect::*fixedCode,
-                                   std::string_view FixedEffect::*fixedName, const Unlisted& unlisted) {
+std::optional<std::string> nameOf(std::int16_t code, const Side& side) {
+    const auto effect = effectOf(code, side);
+    return effect ? std::optional<std::string>(effect->name) : std::nullopt;
+}
+
+EffectMotion motionOf(std::int16_t code, const Side& side) {
+    return effectOf(code, side).value_or(NamedEffect()).motion;
+}
+
+std::optional<std::int16_t> codeOf(std::string_view text, const Side& side) {
     for (const FixedEffect& effect : kFixedEffects)
-        if (effect.*fixedName == text)
-            return effect.*fixedCode;
-    for (const UnlistedEffect& effect : unlisted)
+        if (effect.*side.fixedName == text)
+            return effect.*side.fixedCode;
+    for (const UnlistedEffect& effect : side.unlisted)
         if (effect.convertsBack && effect.name == text)
             return effect.code;
     for (const OptionalEffect& effect : kOptionalEffects)
@@ -90,17 +112,16 @@ std::atomic<bool> NewEffectsLoaded = false;
 std::optional<std::string> PrefixName(std::int16_t code) {
     if (const std::int32_t rounds = RoundsOfLoop(code); rounds > 0)
         return loopName(rounds);
-    return nameOf(code, &FixedEffect::prefixCode, &FixedEffect::prefixName, &OptionalEffect::prefixName,
-                  kUnlistedPrefixes);
+    return nameOf(code, kPrefixes);
 }
 
-std::optional<std::string> SuffixName(std::int16_t code) {
-    return nameOf(code, &FixedEffect::suffixCode, &FixedEffect::suffixName, &OptionalEffect::suffixName,
-                  kUnlistedSuffixes);
-}
+std::optional<std::string> SuffixName(std::int16_t code) { return nameOf(code, kSuffixes); }
+
+EffectMotion PrefixMotion(std::int16_t code) { return motionOf(code, kPrefixes); }
+EffectMotion SuffixMotion(std::int16_t code) { return motionOf(code, kSuffixes); }
 
 std::optional<std::int16_t> PrefixCodeOf(std::string_view text) {
-    if (const auto code = codeOf(text, &FixedEffect::prefixCode, &FixedEffect::prefixName, kUnlistedPrefixes))
+    if (const auto code = codeOf(text, kPrefixes))
         return code;
     const double rounds = LeadingNumber(bracketedText(text));
     if (rounds <= 0)
@@ -110,9 +131,7 @@ std::optional<std::int16_t> PrefixCodeOf(std::string_view text) {
     return TextToInt16(loopName(rounds));
 }
 
-std::optional<std::int16_t> SuffixCodeOf(std::string_view text) {
-    return codeOf(text, &FixedEffect::suffixCode, &FixedEffect::suffixName, kUnlistedSuffixes);
-}
+std::optional<std::int16_t> SuffixCodeOf(std::string_view text) { return codeOf(text, kSuffixes); }
 
 std::optional<std::int16_t> PrefixCodeOfKeyword(std::string_view keyword) {
     if (const auto code = codeOfSharedKeyword(keyword))

@@ -31,27 +31,37 @@ inline constexpr std::int16_t kOldWipe = 2001;
 inline constexpr std::string_view kStartLoopText = "Start Loop";
 inline constexpr std::string_view kEndLoopText = "End Loop";
 
+/// How the dots of a frame appear on the sign, or disappear from it.
+enum class EffectMotion : std::uint8_t {
+    none,   ///< All at once.
+    across, ///< Something moves over the sign's width.
+    down,   ///< Something moves over the sign's height.
+    fade,
+    twinkle,
+};
+
 /// An effect that every list offers.
 struct FixedEffect {
     std::int16_t prefixCode;
     std::string_view prefixName;
     std::int16_t suffixCode;
     std::string_view suffixName;
+    EffectMotion motion;
 };
 
 /// In the order of the lists. Revealing has a different number on each side.
 inline constexpr std::array kFixedEffects{
-    FixedEffect{0, "No Effects", 0, "No Effects"},
-    FixedEffect{5001, "Scroll Left to Right", 5001, "Scroll Left to Right"},
-    FixedEffect{5000, "Scroll Right to Left", 5000, "Scroll Right to Left"},
-    FixedEffect{5003, "Scroll Top to Bottom", 5003, "Scroll Top to Bottom"},
-    FixedEffect{5002, "Scroll Bottom to Top", 5002, "Scroll Bottom to Top"},
-    FixedEffect{12005, "Twinkle On", 12005, "Twinkle Off"},
-    FixedEffect{5, "Reveal from Middle", 10, "Reveal to Middle"},
-    FixedEffect{11006, "Fade In", 11006, "Fade Out"},
-    FixedEffect{10000, "Horizontal Line Drop", 10000, "Horizontal Line Drop"},
-    FixedEffect{kWipe, "Wipe On", kWipe, "Wipe Off"},
-    FixedEffect{1000, "Jump On", 1000, "Jump Off"},
+    FixedEffect{0, "No Effects", 0, "No Effects", EffectMotion::none},
+    FixedEffect{5001, "Scroll Left to Right", 5001, "Scroll Left to Right", EffectMotion::across},
+    FixedEffect{5000, "Scroll Right to Left", 5000, "Scroll Right to Left", EffectMotion::across},
+    FixedEffect{5003, "Scroll Top to Bottom", 5003, "Scroll Top to Bottom", EffectMotion::down},
+    FixedEffect{5002, "Scroll Bottom to Top", 5002, "Scroll Bottom to Top", EffectMotion::down},
+    FixedEffect{12005, "Twinkle On", 12005, "Twinkle Off", EffectMotion::twinkle},
+    FixedEffect{5, "Reveal from Middle", 10, "Reveal to Middle", EffectMotion::across},
+    FixedEffect{11006, "Fade In", 11006, "Fade Out", EffectMotion::fade},
+    FixedEffect{10000, "Horizontal Line Drop", 10000, "Horizontal Line Drop", EffectMotion::down},
+    FixedEffect{kWipe, "Wipe On", kWipe, "Wipe Off", EffectMotion::across},
+    FixedEffect{1000, "Jump On", 1000, "Jump Off", EffectMotion::none},
 };
 
 /// An effect that a list offers unless "NewEffects.ini" switches it off.
@@ -64,37 +74,41 @@ struct OptionalEffect {
     std::string_view suffixName;
     std::string_view prefixListText;
     std::string_view suffixListText; ///< Empty: not offered.
+    EffectMotion motion;
 };
 
 /// In the order of the lists. Screens and files rely on what is odd here: the suffix name of 114 lacks "Off",
 /// the border's list text lacks "On", and the border is not offered as a suffix.
 inline constexpr std::array kOptionalEffects{
     OptionalEffect{"CHECKER", 114, "Checker Board", "Checker Board On", "Checker Board", "Checker Board On",
-                   "Checker Board Off"},
-    OptionalEffect{"DROP", 115, "Drop", "Drop On", "Drop Off", "Drop On", "Drop Off"},
+                   "Checker Board Off", EffectMotion::across},
+    OptionalEffect{"DROP", 115, "Drop", "Drop On", "Drop Off", "Drop On", "Drop Off", EffectMotion::down},
     OptionalEffect{"OPEN", 116, "Open", "Open from Middle On", "Open from Middle Off", "Open from Middle On",
-                   "Open from Middle Off"},
-    OptionalEffect{"JAWS", 117, "Jaws", "Jaws On", "Jaws Off", "Jaws On", "Jaws Off"},
+                   "Open from Middle Off", EffectMotion::across},
+    OptionalEffect{"JAWS", 117, "Jaws", "Jaws On", "Jaws Off", "Jaws On", "Jaws Off", EffectMotion::down},
     OptionalEffect{"SCANHORZ", 118, "Scan Horizontal", "Scan Horizontal On", "Scan Horizontal Off",
-                   "Scan Horizontal On", "Scan Horizontal Off"},
-    OptionalEffect{"PAINT", 119, "Paint", "Paint On", "Paint Off", "Paint On", "Paint Off"},
-    OptionalEffect{"SHOOT", 120, "Shoot", "Shoot On", "Shoot Off", "Shoot On", "Shoot Off"},
+                   "Scan Horizontal On", "Scan Horizontal Off", EffectMotion::across},
+    OptionalEffect{"PAINT", 119, "Paint", "Paint On", "Paint Off", "Paint On", "Paint Off",
+                   EffectMotion::across},
+    OptionalEffect{"SHOOT", 120, "Shoot", "Shoot On", "Shoot Off", "Shoot On", "Shoot Off",
+                   EffectMotion::across},
     OptionalEffect{"VENETIAN", 121, "Venetian Blinds", "Venetian Blinds On", "Venetian Blinds Off",
-                   "Venetian Blinds On", "Venetian Blinds Off"},
+                   "Venetian Blinds On", "Venetian Blinds Off", EffectMotion::down},
     OptionalEffect{"VERTICAL", 122, "Vertical Blinds", "Vertical Blinds On", "Vertical Blinds Off",
-                   "Vertical Blinds On", "Vertical Blinds Off"},
+                   "Vertical Blinds On", "Vertical Blinds Off", EffectMotion::across},
     OptionalEffect{"SCANVERT", 123, "Scan Vertical", "Scan Vertical On", "Scan Vertical Off",
-                   "Scan Vertical On", "Scan Vertical Off"},
-    OptionalEffect{"PULSE", 124, "Pulse", "Pulse On", "Pulse Off", "Pulse On", "Pulse Off"},
+                   "Scan Vertical On", "Scan Vertical Off", EffectMotion::down},
+    OptionalEffect{"PULSE", 124, "Pulse", "Pulse On", "Pulse Off", "Pulse On", "Pulse Off",
+                   EffectMotion::fade},
     OptionalEffect{"MARQUEE", 125, "Marquee Border", "Marquee Border On", "Marquee Border Off",
-                   "Marquee Border On", "Marquee Border Off"},
+                   "Marquee Border On", "Marquee Border Off", EffectMotion::across},
     OptionalEffect{"LINEWIPE", 126, "Line Wipe", "Line Wipe On", "Line Wipe Off", "Line Wipe On",
-                   "Line Wipe Off"},
-    OptionalEffect{"BORDER", 127, "Border", "Border On", "Border Off", "Border", ""},
+                   "Line Wipe Off", EffectMotion::across},
+    OptionalEffect{"BORDER", 127, "Border", "Border On", "Border Off", "Border", "", EffectMotion::across},
     OptionalEffect{"BRLVERT", 128, "Barrel Vertical", "Barrel Vertical On", "Barrel Vertical Off",
-                   "Barrel Vertical On", "Barrel Vertical Off"},
+                   "Barrel Vertical On", "Barrel Vertical Off", EffectMotion::down},
     OptionalEffect{"BRLHORZ", 129, "Barrel Horizontal", "Barrel Horizontal On", "Barrel Horizontal Off",
-                   "Barrel Horizontal On", "Barrel Horizontal Off"},
+                   "Barrel Horizontal On", "Barrel Horizontal Off", EffectMotion::across},
 };
 
 /// Whether effect lists offer the optional effects. The first load in the process that finds "NewEffects.ini"
@@ -112,6 +126,10 @@ std::vector<OptionalEffect> SwitchedOnEffects();
 /// The name of an effect code, if it has one.
 std::optional<std::string> PrefixName(std::int16_t code);
 std::optional<std::string> SuffixName(std::int16_t code);
+
+/// What an effect code moves. Loops, and codes without a name, move nothing.
+EffectMotion PrefixMotion(std::int16_t code);
+EffectMotion SuffixMotion(std::int16_t code);
 
 /// The code of an effect's name, if the text is one. The name of a loop's start is error 13, which files and
 /// screens rely on.

@@ -33,6 +33,8 @@ bool HasText(const FrameRecord& frame) {
     return kind == NEW_FRAME_TYPES::FRAME_TEXT || kind == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT;
 }
 
+bool IsFastScroll(const FrameRecord& frame) { return kMember<&FrameRecord::FastScroll>.get(frame); }
+
 bool IsOverlay(const FrameRecord& frame) { return frame.OverlayFrame != 0; }
 
 FRAME_TYPES FrameTypeAccessor::get(const FrameRecord& frame) {

@@ -22,7 +22,6 @@ namespace {
 
 /// Old files number the 4x8 font 2; it has become a custom font since.
 constexpr std::int16_t kOldFont4x8 = 2;
-constexpr std::int16_t kCustomFont = 12;
 constexpr std::string_view kFont4x8File = "FNT4X8.CFF";
 
 void correctCode(std::int16_t& code) {

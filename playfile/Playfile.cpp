@@ -1,9 +1,16 @@
 #include <qrtVistrelClasses4/Playfile.h>
 
+#include "fonts/FontLoading.h"
 #include "frame/Conversions.h"
+#include "platform/LetterCase.h"
+#include "platform/Platform.h"
 #include "playfile/Effects.h"
 
 #include <algorithm>
+#include <functional>
+#include <set>
+#include <unordered_set>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -12,6 +19,14 @@ template <class IsCounted>
 std::int32_t countThose(const Playfile& playfile, IsCounted isCounted) {
     return static_cast<std::int32_t>(
         std::count_if(playfile.frames.begin(), playfile.frames.end(), isCounted));
+}
+
+/// Of a frame that is not blank.
+std::int32_t displayFramesOf(const FrameRecord& frame) {
+    const std::int32_t frames = std::max<std::int32_t>(frame.TotalDisplayFramesUsedForThisFrame, 1);
+    if (frame.PrefixCode == kPhotoRealistic)
+        return std::max<std::int32_t>(frames, frame.AVIFrames);
+    return frames + (KindOf(frame) == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT ? 1 : 0);
 }
 
 bool showsSamePicture(const FrameRecord& earlier, const FrameRecord& frame) {
@@ -30,6 +45,44 @@ std::int32_t CountUsedFrames(const Playfile& playfile) { return countThose(playf
 
 std::int32_t CountFrames(const Playfile& playfile, NEW_FRAME_TYPES kind) {
     return countThose(playfile, [kind](const FrameRecord& frame) { return KindOf(frame) == kind; });
+}
+
+std::int32_t CountScrollingLines(const FrameRecord& frame) {
+    return static_cast<std::int32_t>(
+        std::count_if(frame.lines.begin(), frame.lines.end(), std::mem_fn(&LineRecord::Scrolling)));
+}
+
+std::int64_t CountDisplayFrames(const Playfile& playfile) {
+    std::int64_t count = 0;
+    for (const FrameRecord& frame : playfile.frames)
+        if (IsUsed(frame))
+            count += displayFramesOf(frame);
+    return count;
+}
+
+std::vector<std::string> CustomFontsOf(const Playfile& playfile) {
+    std::vector<std::string> fonts;
+    std::unordered_set<std::string> known;
+    for (const FrameRecord& frame : playfile.frames) {
+        if (!HasText(frame))
+            continue;
+        for (const LineRecord& line : frame.lines)
+            if (line.LineFontSize == kCustomFont && !line.LineCustomFont.empty() &&
+                known.insert(AnsiUpperCase(line.LineCustomFont)).second)
+                fonts.push_back(line.LineCustomFont);
+    }
+    return fonts;
+}
+
+std::uint64_t SizeOfCustomFonts(const Playfile& playfile) {
+    std::set<std::string> files;
+    for (const std::string& font : CustomFontsOf(playfile))
+        if (auto file = FindFontFile(font))
+            files.insert(*std::move(file));
+    std::uint64_t size = 0;
+    for (const std::string& file : files)
+        size += platform().files().sizeOf(file).valueOr(0);
+    return size;
 }
 
 std::int32_t TotalDelaySeconds(const Playfile& playfile) {

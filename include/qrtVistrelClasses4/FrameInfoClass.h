@@ -228,6 +228,22 @@ public:
     /// `TotalDelaySeconds` of the playfile.
     std::int32_t WhatsTheTotalOfAllDelaysForThisFile() const;
 
+    // What the playfile takes on a sign.
+
+    /// Lines of the frame at the cursor that scroll. A cursor outside the frames is error 9.
+    std::int16_t HowManyScrollingLinesInThisFrame() const;
+    /// `CountDisplayFrames` of the playfile. A number beyond 16 bits is error 6.
+    std::int16_t HowManyUsedDisplayFramesAreThere() const;
+    /// Number of `CustomFontsOf` the playfile.
+    std::int16_t HowManyCustomFontsAreThere() const;
+    /// `SizeOfCustomFonts` of the playfile. A number beyond 32 bits is error 6.
+    std::int32_t WhatsTheTotalSizeOfAllCustomFonts() const;
+    /// Seconds that one pass through the playfile likely takes, loops run through; see `PlayTimeOf`. The size
+    /// of the sign is `DisplayWidth` by `DisplayHeight`, or where one of them is not above 0, that of the
+    /// preferences, which also have its speeds. A preference, a command or a value of "SignTiming.ini" that
+    /// cannot be read is reported as a quiet error, and its default is used.
+    double WhatsTheTotalPlayTime() const;
+
     // Effects.
 
     /// Names of effect codes, "" for a code without one.

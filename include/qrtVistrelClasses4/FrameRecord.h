@@ -16,9 +16,13 @@
 
 namespace QRT_PUBLIC qrtVistrelClasses4 {
 
+/// The font number of lines whose font is in a file of its own.
+inline constexpr std::int16_t kCustomFont = 12;
+
 /// A line of text. Texts are 8-bit characters of the ANSI code page.
 struct LineRecord {
-    /// Font number: 0 to 11 are the numbered fonts, 12 is the font in the file `LineCustomFont`.
+    /// Font number: 0 to 11 are the numbered fonts, `kCustomFont` is the font in the file
+    /// `LineCustomFont`.
     std::int16_t LineFontSize = 0;
     std::string CurrentLineText; ///< May hold embedded sign variables.
     bool Scrolling = false;
@@ -81,6 +85,8 @@ QRT_PUBLIC bool IsUsed(const FrameRecord& frame);
 QRT_PUBLIC bool HasPicture(const FrameRecord& frame);
 /// Whether the lines of the frame are shown.
 QRT_PUBLIC bool HasText(const FrameRecord& frame);
+/// Whether scrolling lines of the frame scroll fast.
+QRT_PUBLIC bool IsFastScroll(const FrameRecord& frame);
 /// Whether the frame is drawn over the one before it.
 QRT_PUBLIC bool IsOverlay(const FrameRecord& frame);
 

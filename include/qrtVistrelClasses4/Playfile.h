@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace QRT_PUBLIC qrtVistrelClasses4 {
 
@@ -21,6 +22,21 @@ struct Playfile {
 QRT_PUBLIC std::int32_t CountUsedFrames(const Playfile& playfile);
 /// Number of frames of a kind.
 QRT_PUBLIC std::int32_t CountFrames(const Playfile& playfile, NEW_FRAME_TYPES kind);
+
+/// Number of lines of a frame that scroll.
+QRT_PUBLIC std::int32_t CountScrollingLines(const FrameRecord& frame);
+
+/// Number of frames of the sign that a playfile takes when it is sent. A frame that is not blank takes
+/// `TotalDisplayFramesUsedForThisFrame`, and at least 1. Picture and text of one frame are sent one after the
+/// other, which takes one more; but a frame with the appear effect 9999 takes the largest of that number,
+/// `AVIFrames` and 1.
+QRT_PUBLIC std::int64_t CountDisplayFrames(const Playfile& playfile);
+
+/// The custom fonts of the lines that are shown, each once, as the first line has it. The case of names does
+/// not matter.
+QRT_PUBLIC std::vector<std::string> CustomFontsOf(const Playfile& playfile);
+/// Bytes of the files of these fonts, each once. A file that is not found adds nothing.
+QRT_PUBLIC std::uint64_t SizeOfCustomFonts(const Playfile& playfile);
 
 /// The total delay of all frames but blank ones, in seconds. The sum is rounded after each frame, halves to
 /// the even number, so that delays of 0.5 never add up. A sum beyond 32 bits is error 6.
