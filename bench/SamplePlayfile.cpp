@@ -17,7 +17,6 @@ constexpr std::array<std::string_view, 16> kWords{
 constexpr std::array kDelaySeconds{3.0, 1.25, 5.0, 0.5, 10.0, 2.75, 3.0, 4.0};
 constexpr std::array<std::int16_t, 5> kEffects{5000, 5001, 2000, 1003, 9998};
 constexpr std::array<std::int16_t, 6> kFonts{1, 3, 6, 8, 10, 12};
-constexpr std::int16_t kCustomFont = 12;
 constexpr unsigned kShortestText = 5;
 constexpr unsigned kTextLengths = 36;
 constexpr unsigned kFramesToOneReference = 3;

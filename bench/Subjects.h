@@ -28,6 +28,8 @@ std::vector<Ratio> DisplaysSubject(const BenchFolder& folder);
 std::vector<Ratio> CommandsSubject(const BenchFolder& folder);
 /// Opening a playfile of the older format. The library's home must be the folder.
 std::vector<Ratio> LegacySubject(const BenchFolder& folder);
+/// How long a sign takes to show a playfile.
+std::vector<Ratio> PlayTimeSubject(const BenchFolder& folder);
 /// Drawing texts on pixels in memory.
 std::vector<Ratio> FontsSubject(const BenchFolder& folder);
 /// Loading and saving all preferences. The library's home must be the folder.

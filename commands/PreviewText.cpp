@@ -151,17 +151,8 @@ TextPreviews::TextPreviews(CommandTable commands, std::int16_t hourOffset)
     : commands_(std::move(commands)), codes_(keysOf(commands_)), hourOffset_(hourOffset) {}
 
 std::string TextPreviews::of(std::string_view text) {
-    text = text.substr(0, kLongestPreview);
     std::string result;
-    while (!text.empty() && result.size() < kLongestPreview) {
-        const std::size_t size = codes_.sizeAtStart(text);
-        if (size == 0)
-            result += text.front();
-        else
-            result += previewOf(text.substr(0, size));
-        text.remove_prefix(std::max<std::size_t>(size, 1));
-    }
-    result.resize(std::min(result.size(), kLongestPreview));
+    piecesOf(text, [&](std::string_view piece) { result += piece; });
     return result;
 }
 

@@ -4,6 +4,7 @@
 #include "commands/TextCodes.h"
 #include <qrtVistrelClasses4/CommandTable.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -36,6 +37,20 @@ public:
     TextPreviews(const TextPreviews&) = delete; // codes are keys of these commands
     TextPreviews& operator=(const TextPreviews&) = delete;
     std::string of(std::string_view text);
+    /// Calls `show(piece)` for the pieces of that text, from its start, without putting them together.
+    template <class Show>
+    void piecesOf(std::string_view text, Show show) {
+        text = text.substr(0, kLongestPreview);
+        std::size_t left = kLongestPreview;
+        while (!text.empty() && left > 0) {
+            const std::size_t code = codes_.sizeAtStart(text);
+            const std::size_t size = code > 0 ? code : codes_.nextStart(text, 1);
+            const std::string_view piece = code > 0 ? previewOf(text.substr(0, code)) : text.substr(0, size);
+            show(piece.substr(0, left));
+            left -= std::min(left, piece.size());
+            text.remove_prefix(size);
+        }
+    }
 
 private:
     const std::string& previewOf(std::string_view code);

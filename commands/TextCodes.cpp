@@ -35,6 +35,10 @@ TextCodes::TextCodes(std::vector<std::string_view> keys) : keys_(std::move(keys)
     std::erase_if(keys_, [](std::string_view key) { return key.empty() || key == kDrawnByFonts; });
     std::ranges::sort(keys_);
     keys_.erase(std::unique(keys_.begin(), keys_.end()), keys_.end());
+    for (const std::string_view start : {kVariableCode.letters, kCounterCode.letters})
+        startsCode_.set(static_cast<unsigned char>(start.front()));
+    for (const std::string_view key : keys_)
+        startsCode_.set(static_cast<unsigned char>(key.front()));
     shorter_.reserve(keys_.size());
     for (std::size_t place = 0; place < keys_.size(); ++place) {
         std::size_t shorter = place - 1; // `kNone` before the first
@@ -45,6 +49,8 @@ TextCodes::TextCodes(std::vector<std::string_view> keys) : keys_(std::move(keys)
 }
 
 std::size_t TextCodes::sizeAtStart(std::string_view text) const {
+    if (text.empty() || !startsCode_[static_cast<unsigned char>(text.front())])
+        return 0;
     return std::max(
         {keySizeAtStart(text), numberedCodeSize(text, kVariableCode), numberedCodeSize(text, kCounterCode)});
 }

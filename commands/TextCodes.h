@@ -1,6 +1,7 @@
 // Where a sign text holds codes.
 #pragma once
 
+#include <bitset>
 #include <cstddef>
 #include <string_view>
 #include <vector>
@@ -18,11 +19,19 @@ public:
     /// Size of the longest code that `text` starts with; 0 if it does not start with a code.
     std::size_t sizeAtStart(std::string_view text) const;
 
+    /// The first place in `text` from `from` on where a code may start; its size if there is none.
+    std::size_t nextStart(std::string_view text, std::size_t from) const {
+        while (from < text.size() && !startsCode_[static_cast<unsigned char>(text[from])])
+            ++from;
+        return from;
+    }
+
 private:
     std::size_t keySizeAtStart(std::string_view text) const;
 
     static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
     std::vector<std::string_view> keys_; ///< In order.
+    std::bitset<256> startsCode_;        ///< By character: whether a code may start with it.
     /// For each key, the place of the longest other one that it starts with.
     std::vector<std::size_t> shorter_;
 };

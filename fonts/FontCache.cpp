@@ -1,6 +1,7 @@
 #include "fonts/FontCache.h"
 
 #include "fonts/FontLoading.h"
+#include "fonts/TextDrawing.h"
 #include "fonts/clsFontSizes.h"
 #include "frame/SystemErrors.h"
 
@@ -19,6 +20,13 @@ Font emptyFont() {
 
 } // namespace
 
+MeasuredFont::MeasuredFont(Font font) : Font(std::move(font)) {
+    for (std::size_t code = 0; code < widths.size(); ++code) {
+        const char character = static_cast<char>(code);
+        widths[code] = static_cast<std::int32_t>(WidthOf({*this}, {&character, 1}));
+    }
+}
+
 FontCache::FontPointer FontCache::find(std::int16_t number, const std::string& customFont) {
     return number < kNumberedFonts ? findNumbered(number) : findCustom(customFont);
 }
@@ -30,8 +38,9 @@ FontCache::FontPointer FontCache::findNumbered(std::int16_t number) {
         return known->second;
     using enum FontFault::What;
     const auto file = FindNumberedFont(number, signType_, kUseNewFont);
-    FontPointer font = file ? accept(LoadNumberedFont(number, signType_, kUseNewFont), file->path)
-                            : refuse({unknownNumber, std::to_string(number)});
+    FontPointer font =
+        file ? accept(LoadFontFile(file->path, file->size.width, file->size.height, kUseNewFont), file->path)
+             : refuse({unknownNumber, std::to_string(number)});
     if (!font && file && replaceFaultByNoFonts())
         font = useEmptyFont();
     else if (!font)
@@ -41,7 +50,7 @@ FontCache::FontPointer FontCache::findNumbered(std::int16_t number) {
 
 FontCache::FontPointer FontCache::useEmptyFont() {
     if (!empty_)
-        empty_ = std::make_shared<const Font>(emptyFont());
+        empty_ = std::make_shared<const MeasuredFont>(emptyFont());
     return empty_;
 }
 
@@ -97,7 +106,7 @@ FontCache::FontPointer FontCache::accept(FontOutcome&& outcome, const std::strin
         return refuse({.what = unreadable, .name = *outcome.path, .error = ErrorFor(outcome.error)});
     if (!outcome.font)
         return refuse({cutShort, *outcome.path});
-    return std::make_shared<const Font>(*std::move(outcome.font));
+    return std::make_shared<const MeasuredFont>(*std::move(outcome.font));
 }
 
 FontCache::FontPointer FontCache::refuse(FontFault fault) {

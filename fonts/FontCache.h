@@ -4,12 +4,14 @@
 #include "fonts/FontFile.h"
 #include <qrtVistrelClasses4/FontFault.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -17,10 +19,24 @@ namespace qrtVistrelClasses4 {
 
 struct FontOutcome;
 
+/// A font with the widths of all characters, by code.
+struct MeasuredFont : Font {
+    explicit MeasuredFont(Font font);
+    /// Width of a text in dots, as `WidthOf` has it.
+    std::int64_t widthOf(std::string_view text) const {
+        std::int64_t sum = 0;
+        for (const char character : text)
+            sum += widths[static_cast<unsigned char>(character)];
+        return sum;
+    }
+
+    std::array<std::int32_t, 256> widths{};
+};
+
 /// Caches fonts, so that each is usually loaded only once, whatever names lines have for its file.
 class FontCache {
 public:
-    using FontPointer = std::shared_ptr<const Font>;
+    using FontPointer = std::shared_ptr<const MeasuredFont>;
 
     /// Font 5 depends on the type of the sign.
     explicit FontCache(std::int16_t signType) : signType_(signType) {}

@@ -12,6 +12,7 @@
 #include "platform/posix/PosixInspection.h"
 
 #include <ctime>
+#include <mutex>
 #include <optional>
 
 namespace qrtVistrelClasses4 {
@@ -44,7 +45,10 @@ public:
         return environment(name.c_str());
     }
     LocalTime localTime() override;
-    CalendarNames calendarNames() override { return PosixCalendarNames(""); }
+    CalendarNames calendarNames() override {
+        std::call_once(calendarIsRead_, [this] { calendarNames_ = PosixCalendarNames(""); });
+        return calendarNames_;
+    }
 
 private:
     static std::optional<std::string> fullHome(const std::optional<std::string>& folder) {
@@ -66,6 +70,8 @@ private:
     TerminalMessageBoxes boxes_;
     PosixConsole console_;
     PosixInspection inspection_;
+    std::once_flag calendarIsRead_;
+    CalendarNames calendarNames_; ///< Those of the user's language; the system reads files for them.
 };
 
 std::vector<std::string> PosixPlatform::otherFolders(FileUse use) {
