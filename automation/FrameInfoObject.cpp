@@ -3,6 +3,7 @@
 #include "frame/SystemErrors.h"
 #include "frame/Traced.h"
 #include "playfile/FrameProcedures.h"
+#include "validation/MachineCircumstances.h"
 #include <qrtVistrelClasses4/DisplayRecord.h>
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/FramePicture.h>
@@ -82,6 +83,15 @@ public:
                                     VARIANT_BOOL* result) override {
         return runInto(result, [&] { return savePicture(iFrameNum, NarrowText(sFileName), iScale); });
     }
+    STDMETHODIMP ValidateThisPlayfile(VARIANT* sReport, VARIANT_BOOL* result) override {
+        return runInto(result, [&] {
+            std::string report;
+            const bool isValid = validate(report);
+            if (sReport)
+                PutText(WideText(report), *sReport);
+            return isValid;
+        });
+    }
 
     // Editing.
     STDMETHODIMP InsertFrame(VARIANT_BOOL* bLast) override {
@@ -145,6 +155,23 @@ private:
                 return true;
             },
             Arg{"iFrameNum", iFrameNum}, Arg{"sFileName", sFileName}, Arg{"iScale", iScale});
+    }
+
+    /// Appends a line for each finding to `sReport`. False if one is an error, or after an error, which is
+    /// trapped.
+    bool validate(std::string& sReport) {
+        return traced(
+            {core_->RememberedError(), FrameFunction("ValidateThisPlayfile")},
+            [&] {
+                ValidationCircumstances known =
+                    CircumstancesOfMachine({core_->DisplayWidth(), core_->DisplayHeight()});
+                known.framesAllowed = core_->TotalFramesAllowed();
+                const std::vector<Finding> findings = Validate(core_->Value(), known);
+                for (const Finding& finding : findings)
+                    (sReport += sReport.empty() ? "" : "\r\n") += TextOf(finding);
+                return !HasErrors(findings);
+            },
+            Arg{"sReport", sReport});
     }
 
     using ClipboardOperation = void (Core::*)(std::int16_t&, std::int16_t&, std::shared_ptr<Core>&);

@@ -51,7 +51,7 @@ void PutText(OwnedBstr text, VARIANT& variable) {
     if (V_VT(&target) == (VT_BYREF | VT_BSTR)) {
         SysFreeString(*V_BSTRREF(&target));
         *V_BSTRREF(&target) = text.release();
-    } else if (!(V_VT(&target) & VT_BYREF)) {
+    } else if (!(V_VT(&target) & VT_BYREF) && !IsOmitted(target)) {
         VariantClear(&target);
         V_VT(&target) = VT_BSTR;
         V_BSTR(&target) = text.release();

@@ -32,7 +32,8 @@ std::string NarrowText(BSTR text);
 /// 13 if the value cannot be converted to a text.
 std::optional<std::string> OptionalText(const VARIANT& value);
 
-/// Stores a text in the caller's variable. A variable whose type cannot hold a text is left unchanged.
+/// Stores a text in the caller's variable. A variable whose type cannot hold a text is left unchanged, and so
+/// is an argument that is omitted.
 void PutText(OwnedBstr text, VARIANT& variable);
 
 inline bool IsOmitted(const VARIANT& value) {

@@ -2,18 +2,14 @@
 #include "frame/Conversions.h"
 #include "frame/Traced.h"
 #include "playfile/FrameProcedures.h"
-#include <qrtVistrelClasses4/CommandTableFile.h>
+#include "playfile/PlaySettings.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/PlayTime.h>
-#include <qrtVistrelClasses4/PreferencesFile.h>
 
-#include <optional>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
-
-constexpr Procedure kPlayTime = FrameFunction("WhatsTheTotalPlayTime");
 
 /// `value` unchanged. Error 6 if it does not fit.
 template <class Narrow, class Wide>
@@ -21,34 +17,6 @@ Narrow narrow(Wide value) {
     if (!std::in_range<Narrow>(value))
         throw RuntimeError(ErrorNumber::overflow);
     return static_cast<Narrow>(value);
-}
-
-/// The error is logged, but not shown: the result is needed again and again.
-void reportQuietly(const std::optional<RuntimeError>& error) {
-    if (error)
-        trapped(kPlayTime, [&] { throw error->quietly(); });
-}
-
-Preferences preferencesOfMachine() {
-    const PreferenceFolders folders = FindPreferenceFolders();
-    Preferences defaults = DefaultPreferences(folders);
-    const std::optional<std::string> path = PreferencesPath();
-    if (!path)
-        return defaults;
-    PreferencesOutcome read = LoadPreferences({*path, folders, std::move(defaults)});
-    reportQuietly(read.error());
-    return std::move(read.values);
-}
-
-PlayTimeCircumstances circumstancesFromSettings() {
-    PlayTimeCircumstances circumstances = PlayTimeCircumstancesOf(preferencesOfMachine());
-    SignTimingOutcome timing = LoadSignTiming();
-    reportQuietly(timing.error());
-    circumstances.timing = timing.timing;
-    CommandTableOutcome commands = LoadCommandTable(CommandTablePath());
-    reportQuietly(commands.error);
-    circumstances.commands = std::move(commands.table);
-    return circumstances;
 }
 
 } // namespace
@@ -81,29 +49,29 @@ std::int32_t FrameInfoClass::WhatsTheTotalOfAllDelaysForThisFile() const {
 }
 
 std::int16_t FrameInfoClass::HowManyScrollingLinesInThisFrame() const {
-    return traced(FrameFunction("HowManyScrollingLinesInThisFrame"),
+    return traced({lastError_, FrameFunction("HowManyScrollingLinesInThisFrame")},
                   [&] { return NarrowToInt16(CountScrollingLines(currentFrame())); });
 }
 std::int16_t FrameInfoClass::HowManyUsedDisplayFramesAreThere() const {
-    return traced(FrameFunction("HowManyUsedDisplayFramesAreThere"),
+    return traced({lastError_, FrameFunction("HowManyUsedDisplayFramesAreThere")},
                   [&] { return narrow<std::int16_t>(CountDisplayFrames(playfile_)); });
 }
 std::int16_t FrameInfoClass::HowManyCustomFontsAreThere() const {
-    return traced(FrameFunction("HowManyCustomFontsAreThere"),
+    return traced({lastError_, FrameFunction("HowManyCustomFontsAreThere")},
                   [&] { return narrow<std::int16_t>(CustomFontsOf(playfile_).size()); });
 }
 std::int32_t FrameInfoClass::WhatsTheTotalSizeOfAllCustomFonts() const {
-    return traced(FrameFunction("WhatsTheTotalSizeOfAllCustomFonts"),
+    return traced({lastError_, FrameFunction("WhatsTheTotalSizeOfAllCustomFonts")},
                   [&] { return narrow<std::int32_t>(SizeOfCustomFonts(playfile_)); });
 }
 
 double FrameInfoClass::WhatsTheTotalPlayTime() const {
-    return traced(kPlayTime, [&] {
-        PlayTimeCircumstances circumstances = circumstancesFromSettings();
-        if (displayWidth_ > 0)
-            circumstances.sign.width = displayWidth_;
-        if (displayHeight_ > 0)
-            circumstances.sign.height = displayHeight_;
+    return traced({lastError_, FrameFunction("WhatsTheTotalPlayTime")}, [&] {
+        PlaySettings settings = LoadPlaySettings();
+        PlayTimeCircumstances circumstances = PlayTimeCircumstancesOf(settings.preferences);
+        circumstances.sign = settings.sizeOf({displayWidth_, displayHeight_});
+        circumstances.timing = settings.timing;
+        circumstances.commands = std::move(settings.commands);
         return PlayTimeOf(playfile_, circumstances).total.likely;
     });
 }

@@ -1,4 +1,4 @@
-// The words that messages of all subjects share.
+// The words that messages of all subjects share, and findings as texts.
 #include "platform/LetterCase.h"
 #include "validation/Rules.h"
 
@@ -28,6 +28,26 @@ bool HasEnding(std::string_view name, std::string_view ending) {
 
 std::string CountText(std::int64_t count, std::string_view one, std::string_view many) {
     return std::to_string(count) + ' ' + std::string(count == 1 ? one : many);
+}
+
+std::string PlaceText(const Finding& finding) {
+    std::string place = finding.frame > 0 ? "frame " + std::to_string(finding.frame) : "playfile";
+    if (finding.line > 0)
+        place += ", line " + std::to_string(finding.line);
+    if (!finding.property.empty())
+        (place += ", ") += finding.property;
+    if (finding.fileLine > 0)
+        place += " (line " + std::to_string(finding.fileLine) + " of the file)";
+    return place;
+}
+
+std::string TextOf(const Finding& finding) {
+    std::string text(SeverityName(finding.rule->severity));
+    text.append(" ").append(PlaceText(finding)).append(": ").append(finding.message);
+    text.append(" [").append(finding.rule->name).append("]");
+    std::ranges::replace_if(
+        text, [](char character) { return static_cast<unsigned char>(character) < ' '; }, ' ');
+    return text;
 }
 
 } // namespace qrtVistrelClasses4

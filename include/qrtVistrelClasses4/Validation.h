@@ -81,6 +81,13 @@ QRT_PUBLIC std::vector<Finding> Validate(const Playfile& playfile,
 /// Whether one of the findings is an error.
 QRT_PUBLIC bool HasErrors(const std::vector<Finding>& findings);
 
+/// Where it was found: "frame 3, line 1, Merge (line 72 of the file)", shorter if not all of that is known;
+/// "playfile" if it is about all of it.
+QRT_PUBLIC std::string PlaceText(const Finding& finding);
+/// All of it in one line: "warning frame 3, line 1, Merge: Line 1 is to be merged with the next one, and is
+/// the last. [merge-on-last-line]". Control characters in the message become spaces.
+QRT_PUBLIC std::string TextOf(const Finding& finding);
+
 /// Makes the change of a finding's fix. Returns false and changes nothing if it has none, or if the playfile
 /// does not have its frame or line.
 QRT_PUBLIC bool ApplyFix(Playfile& playfile, const Finding& finding);

@@ -93,6 +93,30 @@ try {
     check("an error is raised", (error.number & 0xffff) + error.description, "9Subscript out of range");
 }
 
+// Before a playfile is sent.
+frames = newPlayfile("ABC");
+check("blank frames take nothing", [frames.HowManyUsedDisplayFramesAreThere(), frames.WhatsTheTotalPlayTime(),
+      frames.ValidateThisPlayfile()], "0,0,false");
+frames.CurrentFrame = 2;
+frames.FrameType = 2;
+frames.DelayTime = 2.5;
+frames.PrefixCode = 20004;
+frames.SuffixCode = 20001;
+frames.CurrentLineNumber = 1;
+frames.CurrentLineText = "A";
+frames.Scrolling = true;
+frames.LineFontSize = 12;
+frames.LineCustomFont = "missing font";
+check("totals of what is sent", [frames.HowManyUsedDisplayFramesAreThere(), frames.HowManyScrollingLinesInThisFrame(),
+      frames.HowManyCustomFontsAreThere(), frames.WhatsTheTotalSizeOfAllCustomFonts()], "1,1,1,0");
+frames.Scrolling = false;
+check("the time of all rounds of a loop", frames.WhatsTheTotalPlayTime(), 10);
+var report = "unchanged";
+check("a validation without errors", frames.ValidateThisPlayfile() + " " + frames.ValidateThisPlayfile(report) + report,
+      "true trueunchanged");
+frames.CurrentFrame = 7;
+check("no frame, no lines", frames.HowManyScrollingLinesInThisFrame() + " " + frames.LastErrorNumber, "0 9");
+
 // The other classes.
 var settings = create("SettingsInfoClass"), signs = create("DisplayDatabaseClass");
 settings.WriteSetting("JScript", "kept");

@@ -1,6 +1,6 @@
 ' A script that works like an application. A check that fails does not end it.
 Option Explicit
-Dim folder, frames, other, clip, first, last, settings, signs, commands, recent, key, number, value, fileName, unset
+Dim folder, frames, other, clip, first, last, settings, signs, commands, recent, key, number, value, fileName, unset, report
 folder = WScript.Arguments(0) ' for the script's files; ends in a separator
 
 Sub Check(sentence, actual, wanted)
@@ -83,6 +83,21 @@ frames.CopyInfo first, last, clip
 Check "copying orders the variables, and puts a clipboard into a fresh one", first & last & Names(clip), "35DEB"
 frames.PasteInfo 1, Nothing
 Check "nothing is pasted, and no picture was shown before", Names(frames) & frames.IsThereAPreviousClone(3), "ACDEBFFalse"
+
+' Before a playfile is sent.
+Set frames = NewPlayfile("AB")
+value = 7
+Check "findings put a line into a variable, of any type before", frames.ValidateThisPlayfile(value) & value, _
+    "Falseerror playfile: All 2 frames are blank. [no-used-frame]"
+frames.CurrentFrame = 1
+frames.FrameType = 2
+frames.DelayTime = -1
+value = frames.ValidateThisPlayfile(report)
+Check "each has a line and its place", value & (InStr(report, vbCrLf & "error frame 1, DelayTime: The delay ") > 0), _
+    "FalseTrue"
+frames.DelayTime = 1.5
+Check "warnings are no errors, and nobody need read them", frames.ValidateThisPlayfile & frames.ValidateThisPlayfile((report)), _
+    "TrueTrue"
 
 ' Preferences.
 number = Create("SettingsInfoClass").ClassDebugID

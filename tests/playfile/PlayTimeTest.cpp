@@ -174,12 +174,14 @@ TEST_F(PlayTimes, OfTheClassUseTheSettingsOfTheMachine) {
     EXPECT_EQ(playfile.WhatsTheTotalPlayTime(), 6);
     ASSERT_EQ(host_.reports.all.size(), 1U);
     EXPECT_TRUE(host_.reports.all[0].error.isQuiet());
+    EXPECT_EQ(playfile.LastErrorNumber(), 0) << "the call did what it is for";
     EXPECT_EQ(takeErrors(), Numbers{13});
 }
 
 TEST_F(PlayTimes, GoWithTotalsOfWhatIsSent) {
     FrameInfoClass p;
     EXPECT_EQ(p.HowManyScrollingLinesInThisFrame(), 0);
+    EXPECT_EQ(p.LastErrorNumber(), 9);
     EXPECT_EQ(takeErrors(), Numbers{9});
     Playfile playfile;
     using Row =

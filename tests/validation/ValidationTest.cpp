@@ -109,6 +109,21 @@ TEST_F(Validation, CountsLoopsInThousandsOfOthers) {
     EXPECT_EQ(counts["loops-beyond-a-day"] + counts["playback-too-long"], 2);
 }
 
+TEST_F(Validation, HasALineOfTextForEachFinding) {
+    add(FRAME_TEXT, "Gate").AudioFile = "a\r\nb.ogg";
+    playfile_.frames.at(1).lines.at(1).Merge = true;
+    add(FRAME_TEXT, "Pier");
+    known_.framesAllowed = 1;
+    known_.looksAtFiles = true;
+    Texts texts;
+    for (const Finding& finding : Validate(playfile_, known_))
+        texts.push_back(TextOf(finding));
+    EXPECT_EQ(texts, (Texts{"error playfile: There are 2 frames, and 1 are allowed. [too-many-frames]",
+                            "warning frame 1, AudioFile: The sound \"a  b.ogg\" is missing. [sound-missing]",
+                            "warning frame 1, line 1, Merge: Line 1 is to be merged with the next one, and "
+                            "is the last. [merge-on-last-line]"}));
+}
+
 TEST_F(Validation, MakesNoFixOutsideThePlayfile) {
     add(FRAME_TEXT, "Gate");
     const Playfile before = playfile_;

@@ -29,6 +29,8 @@ void editPlayfile(const wchar_t* file) {
     LONG error = 0;
     Text description;
     short first = 1, last = 2, inClipboard = 0;
+    double seconds = 0;
+    VARIANT report{};
     frames->put_CurrentFrame(1);
     frames->put_FrameType(static_cast<FRAME_TYPES>(NewFrameTypes::FRAME_TEXT));
     Check("the kind of a frame is kept",
@@ -48,6 +50,12 @@ void editPlayfile(const wchar_t* file) {
     frames->get_LastErrorNumber(&error);
     Check("the error is known", frames->get_LastErrorDescription(&description) == S_OK && error == 9 &&
                                     description == L"Subscript out of range");
+    frames->put_DelayTime(2.5);
+    Check("the playfile takes time", frames->WhatsTheTotalPlayTime(&seconds) == S_OK && seconds == 2.5);
+    Check("nothing is wrong", frames->ValidateThisPlayfile(nullptr, &done) == S_OK && done == VARIANT_TRUE);
+    Check("but something is worth a line", frames->ValidateThisPlayfile(&report, &done) == S_OK &&
+                                               V_VT(&report) == VT_BSTR && SysStringLen(V_BSTR(&report)) > 0);
+    VariantClear(&report);
 }
 
 void useOtherClasses() {
