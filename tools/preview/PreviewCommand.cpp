@@ -50,14 +50,6 @@ FramePainter makePainter(const SignLook& sign, ErrorLines& errors) {
                               [&](const CommandTable& commands) { return FramePainter(sign, commands); });
 }
 
-/// The look of the sign with the typed name. Adds an error and returns nothing if the list of signs does not
-/// have it.
-std::optional<SignLook> findSignLook(const std::string& typed, ErrorLines& errors) {
-    const std::optional<SignsFile> file = LoadSigns(errors);
-    const std::optional<std::int16_t> number = file ? FindTypedSign(file->list, typed, errors) : std::nullopt;
-    return number ? std::optional(SignLookOf(file->list.signs.at(*number))) : std::nullopt;
-}
-
 /// The frames, with full paths of their pictures. Loading an older playfile does not look for these.
 OneBasedArray<FrameRecord> framesOf(Playfile&& playfile) {
     FindPictures(playfile.frames, playfile.fileName);
@@ -251,10 +243,10 @@ ExitCode preview(const PreviewOptions& options, Session& session) {
         return ExitCode::wrongUsage;
     SignLook sign;
     if (!options.sign.empty()) {
-        const auto found = findSignLook(options.sign, session.errors);
+        const auto found = FindStoredSign(options.sign, session.errors);
         if (!found)
             return ExitCode::failed;
-        sign = *found;
+        sign = SignLookOf(*found);
     }
     const std::vector<Input> inputs = FindInputs(options.input, InputKind::playfile, session.errors);
     const ScopedMoment moment(options.at);

@@ -6,6 +6,7 @@
 #include "tools/program/PropertyValues.h"
 #include "tools/program/Table.h"
 #include "tools/program/ValueKinds.h"
+#include "tools/settings/StoredSettings.h"
 #include <qrtVistrelClasses4/PreferencesFile.h>
 
 #include <optional>
@@ -18,12 +19,6 @@ struct SettingsOptions {
     std::string name, value;
     bool isUnchecked = false; ///< The value may be one that no sign has.
 };
-
-Preferences loadPreferences(ErrorLines& errors) {
-    PreferencesOutcome loaded = LoadPreferences();
-    errors.add(loaded.errors);
-    return std::move(loaded.values);
-}
 
 /// The default of a folder is a name on this machine's disk.
 bool namesFolder(const auto& placed) {
@@ -68,7 +63,7 @@ void withPreference(const std::string& name, const Preferences& preferences, Err
 }
 
 ExitCode list(const SettingsOptions& options, Session& session) {
-    const Preferences preferences = loadPreferences(session.errors);
+    const Preferences preferences = LoadStoredPreferences(session.errors);
     const Preferences defaults = DefaultPreferences(FindPreferenceFolders());
     auto array = nlohmann::ordered_json::array();
     Table table({{"Property"}, {"Key"}, {"Value"}, {"Default"}});
@@ -94,7 +89,7 @@ ExitCode get(const SettingsOptions& options, Session& session) {
         session.out << cellText(placed, value) << '\n';
         code = ExitCode::done;
     };
-    withPreference(options.name, loadPreferences(session.errors), session.errors, print);
+    withPreference(options.name, LoadStoredPreferences(session.errors), session.errors, print);
     return code;
 }
 

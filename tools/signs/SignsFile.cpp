@@ -129,4 +129,10 @@ std::optional<std::int16_t> FindTypedSign(const SignList& list, const std::strin
     return number;
 }
 
+std::optional<DisplayRecord> FindStoredSign(const std::string& typed, ErrorLines& errors) {
+    const std::optional<SignsFile> file = LoadSigns(errors);
+    const std::optional<std::int16_t> number = file ? FindTypedSign(file->list, typed, errors) : std::nullopt;
+    return number ? std::optional(file->list.signs.at(*number)) : std::nullopt;
+}
+
 } // namespace qrtVistrelClasses4

@@ -41,4 +41,7 @@ std::optional<std::int16_t> FindSign(const SignList& list, const std::string& na
 /// Number of the sign of the typed name. Adds an error if there is none.
 std::optional<std::int16_t> FindTypedSign(const SignList& list, const std::string& typed, ErrorLines& errors);
 
+/// The sign of the typed name, from the list on disk. Adds an error if there is none.
+std::optional<DisplayRecord> FindStoredSign(const std::string& typed, ErrorLines& errors);
+
 } // namespace qrtVistrelClasses4
