@@ -98,6 +98,13 @@ PreviewFault::What shownAs(FontFault::What fault) {
 
 } // namespace
 
+PreviewFault PreviewFaultOf(FontFault fault) {
+    return {.what = shownAs(fault.what),
+            .name = std::move(fault.name),
+            .isReplaced = fault.isReplaced,
+            .error = std::move(fault.error)};
+}
+
 std::int32_t LowestFrameBelow(const OneBasedArray<FrameRecord>& frames, std::int32_t number) {
     while (IsOverlay(frames.at(number)) && number > 1)
         --number;
@@ -223,10 +230,7 @@ private:
 
     void collectFaults() {
         for (FontFault& fault : lines_.takeFaults())
-            faults_.push_back({.what = shownAs(fault.what),
-                               .name = std::move(fault.name),
-                               .isReplaced = fault.isReplaced,
-                               .error = std::move(fault.error)});
+            faults_.push_back(PreviewFaultOf(std::move(fault)));
     }
 
     SignLook sign_;

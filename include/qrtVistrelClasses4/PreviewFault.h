@@ -2,6 +2,7 @@
 #pragma once
 
 #include <qrtVistrelClasses4/Export.h>
+#include <qrtVistrelClasses4/FontFault.h>
 #include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <cstdint>
@@ -39,5 +40,8 @@ struct PreviewFault {
     std::int32_t frame = 0; ///< Number of the frame with the picture or the text, from 1.
     std::int32_t line = 0;  ///< Number of the line with the text, from 1.
 };
+
+/// The same for a font that could not be loaded.
+QRT_PUBLIC PreviewFault PreviewFaultOf(FontFault fault);
 
 } // namespace qrtVistrelClasses4

@@ -1,7 +1,9 @@
 // vistrel show: the frames of a playfile.
 #include "playfile/Effects.h"
 #include "tools/playfile/Opening.h"
+#include "tools/playfile/PlayTimes.h"
 #include "tools/program/Commands.h"
+#include "tools/program/Duration.h"
 #include "tools/program/Inputs.h"
 #include "tools/program/JsonText.h"
 #include "tools/program/PropertyValues.h"
@@ -25,6 +27,18 @@ struct ShowOptions {
     bool json = false;
     AnswerOptions answers;
 };
+
+/// What play times are worked out from.
+struct TimeBasis {
+    PlayTimeCircumstances circumstances;
+    bool hasErrors = false;
+};
+
+TimeBasis loadTimeBasis() {
+    ErrorLines errors;
+    PlayTimeCircumstances circumstances = LoadPlayTimeCircumstances(errors);
+    return {std::move(circumstances), !errors.empty()};
+}
 
 std::string kindName(const FrameRecord& frame) {
     constexpr std::array names{"Blank", "Graphic", "Text", "Graphic/Text", "Command"};
@@ -91,15 +105,25 @@ void printFrames(std::ostream& out, const Playfile& playfile) {
     out << table;
 }
 
-void printSummary(std::ostream& out, const Playfile& playfile) {
+/// What "vistrel time" would report as wrong makes the time uncertain, but is no failure here.
+void printLikelyTime(std::ostream& out, const Playfile& playfile, const TimeBasis& basis) {
+    const PlayTime time = PlayTimeOf(playfile, basis.circumstances);
+    out << "likely play time: " << DurationText(time.total.likely);
+    if (basis.hasErrors || time.playback.isCut || !time.faults.empty())
+        out << " (uncertain; see \"vistrel time\")";
+}
+
+void printSummary(std::ostream& out, const Playfile& playfile, const TimeBasis& basis) {
     const std::int32_t seconds = TotalDelaySeconds(playfile);
     out << '\n'
         << CountUsedFrames(playfile) << " of " << playfile.frames.upperBound() << " frames used ("
         << CountFrames(playfile, NEW_FRAME_TYPES::FRAME_GRAPHIC) << " graphic, "
         << CountFrames(playfile, NEW_FRAME_TYPES::FRAME_TEXT) << " text, "
         << CountFrames(playfile, NEW_FRAME_TYPES::FRAME_GRAPHICTEXT) << " graphic with text, "
-        << CountFrames(playfile, NEW_FRAME_TYPES::FRAME_CMD) << " command file), " << seconds
-        << " seconds in all\n";
+        << CountFrames(playfile, NEW_FRAME_TYPES::FRAME_CMD) << " command file)\n"
+        << Counted(seconds, "second") << " of delays in all; ";
+    printLikelyTime(out, playfile, basis);
+    out << '\n';
 }
 
 void printFrame(std::ostream& out, const FrameRecord& frame) {
@@ -138,7 +162,8 @@ void printJson(std::ostream& out, const Playfile& playfile, std::int32_t first, 
 /// Where the files are shown.
 struct Display {
     Headings headings;
-    std::optional<JsonArray> files; ///< For several files as JSON.
+    std::optional<JsonArray> files;   ///< For several files as JSON.
+    std::optional<TimeBasis> basis{}; ///< Loaded for the first table.
 };
 
 ExitCode showFile(const std::string& path, const ShowOptions& options, Display& display, Session& session) {
@@ -172,7 +197,9 @@ ExitCode showFile(const std::string& path, const ShowOptions& options, Display& 
     } else if (!opened->error || count > 0) {
         display.headings.print(path);
         printFrames(session.out, playfile);
-        printSummary(session.out, playfile);
+        if (!display.basis)
+            display.basis = loadTimeBasis();
+        printSummary(session.out, playfile, *display.basis);
     }
     return ExitCode::done;
 }

@@ -102,6 +102,11 @@ struct EqualFaults {
 
 } // namespace
 
+void AddFaults(const std::vector<FontFault>& faults, ErrorLines& errors) {
+    for (const FontFault& fault : faults)
+        addFontFault(PreviewFaultOf(fault), errors);
+}
+
 void AddFaults(const std::vector<PreviewFault>& faults, ErrorLines& errors) {
     std::vector<EqualFaults> together;
     std::map<std::tuple<PreviewFault::What, std::int32_t, std::string>, std::size_t> known;

@@ -8,6 +8,9 @@
 
 namespace qrtVistrelClasses4 {
 
+/// Adds an error for each font that could not be loaded.
+void AddFaults(const std::vector<FontFault>& faults, ErrorLines& errors);
+
 /// Adds an error for each fault. Faults that differ only in their frames make one error together.
 void AddFaults(const std::vector<PreviewFault>& faults, ErrorLines& errors);
 

@@ -20,6 +20,8 @@ constexpr Command kCommands[] = {
      "vistrel check harbour.playfile --sign \"Pier 1\"", &SetUpCheckCommand},
     {kLook, "preview", "Shows frames of a playfile as a sign does",
      "vistrel preview harbour.playfile --sheet --out harbour.png", &SetUpPreviewCommand},
+    {kLook, "time", "Works out how long a sign takes to show playfiles",
+     "vistrel time harbour.playfile --sign \"Pier 1\" --steps", &SetUpTimeCommand},
     {kLook, "find", "Finds a text in the lines of playfiles", "vistrel find ferry *.playfile --ignore-case",
      &SetUpFindCommand},
     {kLook, "inspect", "Shows the records of a playfile of the older format (PL2) as they are",

@@ -102,6 +102,7 @@ std::vector<std::string> NamesOfCommands();
 CLI::App* SetUpCommand(CLI::App& program, const std::string& name, Session& session);
 
 void SetUpShowCommand(CLI::App& command, Session& session);
+void SetUpTimeCommand(CLI::App& command, Session& session);
 void SetUpSaveCommand(CLI::App& command, Session& session);
 void SetUpFindCommand(CLI::App& command, Session& session);
 void SetUpExportCommand(CLI::App& command, Session& session);

@@ -41,11 +41,12 @@ std::size_t WidthOf(std::string_view utf8) {
 
 std::vector<std::size_t> Table::widths(std::size_t widest) const {
     std::vector<std::size_t> result;
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-        result.push_back(WidthOf(columns_[i].heading));
-        for (const auto& row : rows_)
-            result[i] = std::max(result[i], std::min(WidthOf(row[i]), widest));
-    }
+    for (const Column& column : columns_)
+        result.push_back(WidthOf(column.heading));
+    forEachRow([&](const Cells& cells) {
+        for (std::size_t i = 0; i < cells.size(); ++i)
+            result[i] = std::max(result[i], std::min(WidthOf(cells[i]), widest));
+    });
     return result;
 }
 
@@ -100,8 +101,7 @@ std::ostream& operator<<(std::ostream& out, const Table& table) {
     };
     printLine([&](std::size_t i) { return table.columns_[i].heading; });
     printLine([&](std::size_t i) { return std::string(widths[i], '-'); });
-    for (const auto& row : table.rows_)
-        printLine([&](std::size_t i) { return row[i]; });
+    table.forEachRow([&](const Table::Cells& cells) { printLine([&](std::size_t i) { return cells[i]; }); });
     return out;
 }
 
