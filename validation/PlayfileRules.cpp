@@ -93,22 +93,12 @@ void checkKinds(const OneBasedArray<FrameRecord>& frames, Findings& findings) {
 }
 
 /// Frames of the sign that a frame takes. A picture with text is sent as two.
-std::int64_t signFramesOf(const FrameRecord& frame) {
-    const auto given = std::max<std::int64_t>(frame.TotalDisplayFramesUsedForThisFrame, 1);
-    if (frame.PrefixCode == kPhotoRealistic)
-        return std::max<std::int64_t>(given, frame.AVIFrames);
-    return given + (KindOf(frame) == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT ? 1 : 0);
-}
-
-void checkSignFrames(const OneBasedArray<FrameRecord>& frames, Findings& findings) {
-    std::int64_t total = 0;
-    for (const FrameRecord& frame : frames)
-        total += IsUsed(frame) ? signFramesOf(frame) : 0;
-    if (total > std::numeric_limits<std::int16_t>::max())
+void checkSignFrames(const Playfile& playfile, Findings& findings) {
+    constexpr std::int64_t most = std::numeric_limits<std::int16_t>::max();
+    if (const std::int64_t total = CountDisplayFrames(playfile); total > most)
         findings.add("too-many-sign-frames", {},
                      "The playfile takes " + std::to_string(total) +
-                         " frames of the sign, which has at most " +
-                         std::to_string(std::numeric_limits<std::int16_t>::max()) + '.');
+                         " frames of the sign, which has at most " + std::to_string(most) + '.');
 }
 
 } // namespace
@@ -126,8 +116,9 @@ void CheckPlayfile(const Playfile& playfile, const ValidationCircumstances& circ
         circumstances.loaded && circumstances.loaded->framesRead == 0 && !circumstances.loaded->isComplete;
     if (used == 0 && !isRefused)
         findings.add("no-used-frame", {},
-                     frames.upperBound() == 0
-                         ? "The playfile has no frames."
+                     frames.upperBound() == 0 ? "The playfile has no frames."
+                     : frames.upperBound() == 1
+                         ? "The only frame is blank."
                          : "All " + std::to_string(frames.upperBound()) + " frames are blank.");
     if (used > 0 && CountFrames(playfile, NEW_FRAME_TYPES::FRAME_CMD) == used)
         findings.add("only-command-files", {},
@@ -137,7 +128,7 @@ void CheckPlayfile(const Playfile& playfile, const ValidationCircumstances& circ
         findings.add("too-many-frames", {},
                      "There are " + std::to_string(frames.upperBound()) + " frames, and " +
                          std::to_string(circumstances.framesAllowed) + " are allowed.");
-    checkSignFrames(frames, findings);
+    checkSignFrames(playfile, findings);
     checkKinds(frames, findings);
     checkGaps(frames, findings);
     checkNames(frames, findings);

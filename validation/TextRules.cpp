@@ -161,12 +161,11 @@ private:
 };
 
 void checkFontNumbers(const FrameRecord& frame, std::int32_t number, Findings& findings) {
-    constexpr std::int16_t customFont = kNumberedFonts;
     for (std::int32_t line = 1; line <= frame.lines.upperBound(); ++line)
-        if (const std::int16_t font = frame.lines.at(line).LineFontSize; font < 0 || font > customFont)
+        if (const std::int16_t font = frame.lines.at(line).LineFontSize; font < 0 || font > kCustomFont)
             findings.add("font-number-unknown", {number, line, kPropertyOf<&LineRecord::LineFontSize>},
                          "Line " + std::to_string(line) + " has font " + std::to_string(font) +
-                             ", and fonts are 0 to " + std::to_string(customFont) + '.');
+                             ", and fonts are 0 to " + std::to_string(kCustomFont) + '.');
 }
 
 } // namespace

@@ -10,8 +10,6 @@ namespace {
 
 using enum NEW_FRAME_TYPES;
 
-constexpr std::int16_t kFontOfFile = 12;
-
 FrameRecord& insertAt(Patient& patient, std::int32_t place, NEW_FRAME_TYPES kind) {
     OneBasedArray<FrameRecord>& frames = patient.frames();
     frames.resize(frames.upperBound() + 1);
@@ -214,9 +212,9 @@ constexpr Fault kFaults[] = {
          };
          font(it, 1, "");
      }},
-    {"font-missing", [](Patient& it) { font(it, kFontOfFile, it.world.file("missing.cff")); }},
-    {"font-unreadable", [](Patient& it) { font(it, kFontOfFile, it.world.file("short.cff")); }},
-    {"font-unnamed", [](Patient& it) { font(it, kFontOfFile, ""); }},
+    {"font-missing", [](Patient& it) { font(it, kCustomFont, it.world.file("missing.cff")); }},
+    {"font-unreadable", [](Patient& it) { font(it, kCustomFont, it.world.file("short.cff")); }},
+    {"font-unnamed", [](Patient& it) { font(it, kCustomFont, ""); }},
     {"font-number-unknown", [](Patient& it) { font(it, it.dice.once(2) ? -1 : 13, ""); }},
 
     {"text-too-wide", [](Patient& it) { text(it, "twenty-one letters or more"); }},

@@ -31,7 +31,6 @@ constexpr std::array<std::string_view, 5> kCodes{"|h:m|", "##C", "VBL007", "CR16
 /// All but 2, which loading replaces by a file.
 constexpr std::array<std::int16_t, 11> kFontsInFiles{0, 1, 3, 4, 5, 6, 7, 8, 9, 10, 11};
 constexpr std::int16_t kHighFont = 6; ///< The first whose letters are high and wide.
-constexpr std::int16_t kFontOfFile = 12;
 
 std::string validText(Dice& dice, bool isShort) {
     if (isShort)
@@ -55,7 +54,7 @@ OneBasedArray<LineRecord> validLines(World& world, Dice& dice) {
         if (height > rows)
             break;
         if (dice.once(9)) {
-            line.LineFontSize = kFontOfFile;
+            line.LineFontSize = kCustomFont;
             line.LineCustomFont = world.file("tiny.cff");
             line.CurrentLineText = "AAA";
         }

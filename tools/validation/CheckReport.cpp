@@ -18,26 +18,12 @@ Color colorOf(Severity severity) {
     return colors[static_cast<std::size_t>(severity)];
 }
 
-/// "frame 3, line 1, CurrentLineText (line 72 of the file)".
-std::string placeOf(const Finding& finding) {
-    std::string place = "playfile";
-    if (finding.frame > 0)
-        place = "frame " + std::to_string(finding.frame);
-    if (finding.line > 0)
-        place += ", line " + std::to_string(finding.line);
-    if (!finding.property.empty())
-        (place += ", ") += finding.property;
-    if (finding.fileLine > 0)
-        place += " (line " + std::to_string(finding.fileLine) + " of the file)";
-    return place;
-}
-
 /// Prints a finding as a line that starts with `kind`.
 void printFinding(std::ostream& out, std::string_view kind, Color color, const Finding& finding) {
     constexpr std::size_t widestKind = 7; // "warning", "fixable"
     const std::string sequence = ColorSequence(Ground::letter, color, ScreenOf(out).colors);
     out << sequence << kind << (sequence.empty() ? "" : kUsualColors)
-        << std::string(widestKind + 2 - kind.size(), ' ') << placeOf(finding) << ": "
+        << std::string(widestKind + 2 - kind.size(), ' ') << PlaceText(finding) << ": "
         << VisibleAnsi(finding.message) << " [" << finding.rule->name << "]\n";
 }
 
