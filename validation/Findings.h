@@ -3,6 +3,7 @@
 
 #include <qrtVistrelClasses4/Validation.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -16,14 +17,14 @@ namespace qrtVistrelClasses4 {
 class RuleName {
 public:
     // NOLINTNEXTLINE(google-explicit-constructor): literals become names of rules.
-    consteval RuleName(const char* name) : rule_(FindRule(name)) {
-        if (!rule_)
+    consteval RuleName(const char* name) : index_(IndexOfRule(name)) {
+        if (index_ == kRules.size())
             throw "no rule has this name";
     }
-    const Rule* rule() const { return rule_; }
+    const Rule* rule() const { return &kRules[index_]; }
 
 private:
-    const Rule* rule_;
+    std::size_t index_;
 };
 
 /// Where something was found.

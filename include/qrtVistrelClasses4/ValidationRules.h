@@ -4,8 +4,8 @@
 
 #include <qrtVistrelClasses4/Export.h>
 
-#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -110,11 +110,17 @@ inline constexpr std::array kRules{
     // clang-format on
 };
 
+/// Index, from 0, of the rule of a name; the size of the table if there is none.
+constexpr std::size_t IndexOfRule(std::string_view name) {
+    std::size_t index = 0;
+    while (index < kRules.size() && kRules[index].name != name)
+        ++index;
+    return index;
+}
 /// The rule of that name; null if there is none.
 constexpr const Rule* FindRule(std::string_view name) {
-    const auto found =
-        std::find_if(kRules.begin(), kRules.end(), [&](const Rule& rule) { return rule.name == name; });
-    return found == kRules.end() ? nullptr : &*found;
+    const std::size_t index = IndexOfRule(name);
+    return index < kRules.size() ? &kRules[index] : nullptr;
 }
 
 } // namespace qrtVistrelClasses4

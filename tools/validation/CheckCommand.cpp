@@ -20,7 +20,7 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 constexpr std::string_view kRuleOfReading = "read-incompletely";
-static_assert(FindRule(kRuleOfReading));
+static_assert(IndexOfRule(kRuleOfReading) < kRules.size());
 
 struct CheckOptions {
     InputOptions input;
