@@ -39,10 +39,10 @@ protected:
     }
     /// "check: message" of each finding about a server of that bitness.
     std::vector<std::string> found(const std::string& bits) {
-        Findings findings;
+        DoctorFindings findings;
         CheckServers("4.0.0", findings);
         std::vector<std::string> texts;
-        for (const Finding& finding : findings)
+        for (const DoctorFinding& finding : findings)
             if (finding.subject == bits + " server")
                 texts.push_back(std::string(finding.check) + ": " + finding.message);
         return texts;

@@ -16,7 +16,7 @@ struct DoctorOptions {
 ExitCode examine(const DoctorOptions& options, Session& session) {
     const AdvisedCommands commands(options.home->empty() ? std::nullopt
                                                          : std::optional(options.home->as<std::string>()));
-    Findings findings;
+    DoctorFindings findings;
     CheckProgram(options.version, findings);
     CheckServers(options.version, findings);
     CheckRights(findings);
@@ -30,9 +30,9 @@ ExitCode examine(const DoctorOptions& options, Session& session) {
         if (platform().inspection().registryViews().empty())
             session.out << "The server for scripts exists on Windows only.\n";
     }
-    if (HasErrors(findings)) {
+    if (const SeverityCounts counts = CountsOf(findings); counts.of(Severity::error) > 0) {
         session.errors.about("doctor");
-        session.errors.add("something is damaged or missing: " + CountsOf(findings));
+        session.errors.add("something is damaged or missing: " + counts.text());
     }
     return ExitCode::done;
 }

@@ -1,31 +1,13 @@
 #include "tools/doctor/Findings.h"
 
-#include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/Table.h"
-
-#include <algorithm>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
-std::string_view severityName(Severity severity) {
-    switch (severity) {
-    case Severity::ok:
-        return "ok";
-    case Severity::note:
-        return "note";
-    case Severity::warning:
-        return "warning";
-    case Severity::error:
-        break;
-    }
-    return "error";
-}
-
-std::string countOf(const Findings& findings, Severity severity) {
-    return Counted(std::ranges::count(findings, severity, &Finding::severity),
-                   std::string(severityName(severity)));
+std::string severityName(const std::optional<Severity>& severity) {
+    return severity ? std::string(SeverityName(*severity)) : "ok";
 }
 
 nlohmann::ordered_json textOrNull(const std::string& text) {
@@ -34,18 +16,17 @@ nlohmann::ordered_json textOrNull(const std::string& text) {
 
 } // namespace
 
-std::string CountsOf(const Findings& findings) {
-    return countOf(findings, Severity::error) + ", " + countOf(findings, Severity::warning) + ", " +
-           countOf(findings, Severity::note);
+SeverityCounts CountsOf(const DoctorFindings& findings) {
+    SeverityCounts counts;
+    for (const DoctorFinding& finding : findings)
+        if (finding.severity)
+            counts.add(*finding.severity);
+    return counts;
 }
 
-bool HasErrors(const Findings& findings) {
-    return std::ranges::find(findings, Severity::error, &Finding::severity) != findings.end();
-}
-
-nlohmann::ordered_json JsonOf(const Findings& findings) {
+nlohmann::ordered_json JsonOf(const DoctorFindings& findings) {
     auto array = nlohmann::ordered_json::array();
-    for (const Finding& finding : findings)
+    for (const DoctorFinding& finding : findings)
         array.push_back(
             {{"check", finding.check},
              {"severity", severityName(finding.severity)},
@@ -56,20 +37,19 @@ nlohmann::ordered_json JsonOf(const Findings& findings) {
     return array;
 }
 
-void PrintFindings(std::ostream& out, const Findings& findings) {
+void PrintFindings(std::ostream& out, const DoctorFindings& findings) {
     // A finding that is cut would hide what is wrong.
     Table table({{"Kind"}, {"Subject", Table::Align::left, true}, {"Finding", Table::Align::left, true}});
     std::string advice;
-    for (const Finding& finding : findings) {
-        table.addRow({std::string(severityName(finding.severity)), Visible(finding.subject),
-                      Visible(finding.message)});
+    for (const DoctorFinding& finding : findings) {
+        table.addRow({severityName(finding.severity), Visible(finding.subject), Visible(finding.message)});
         if (!finding.advice.empty())
             advice += "  " + Visible(finding.subject) + ": " + Visible(finding.advice) + '\n';
     }
     out << table;
     if (!advice.empty())
         out << "\nWhat to do\n" << advice;
-    out << '\n' << CountsOf(findings) << '\n';
+    out << '\n' << CountsOf(findings).text() << '\n';
 }
 
 } // namespace qrtVistrelClasses4

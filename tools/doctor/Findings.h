@@ -1,9 +1,11 @@
 // What `vistrel doctor` has found.
 #pragma once
 
+#include "tools/program/SeverityCounts.h"
+
 #include <nlohmann/json.hpp>
 
-#include <cstdint>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -11,30 +13,23 @@
 
 namespace qrtVistrelClasses4 {
 
-enum class Severity : std::uint8_t {
-    ok,
-    note,    ///< Worth knowing, and usually as it should be.
-    warning, ///< Something does not work for somebody, or not as expected.
-    error,   ///< Something is damaged or missing.
-};
-
 /// Texts are UTF-8.
-struct Finding {
+struct DoctorFinding {
     std::string_view check; ///< What was looked at. Scripts rely on these names.
-    Severity severity = Severity::ok;
+    /// An error is something that is damaged or missing, a warning something that does not work for somebody
+    /// or not as expected; a note is usually as it should be. No value: it is in order.
+    std::optional<Severity> severity{};
     std::string subject{};
     std::string message{};
     std::string advice{}; ///< What to do; empty if there is nothing to do.
     std::string path{};   ///< The file or folder, if it is about one, as the system spells it.
 };
-using Findings = std::vector<Finding>;
+using DoctorFindings = std::vector<DoctorFinding>;
 
-/// "1 error, 0 warnings, 2 notes".
-std::string CountsOf(const Findings& findings);
-bool HasErrors(const Findings& findings);
+SeverityCounts CountsOf(const DoctorFindings& findings);
 
-nlohmann::ordered_json JsonOf(const Findings& findings);
+nlohmann::ordered_json JsonOf(const DoctorFindings& findings);
 /// Prints a table, what to do, and how many findings there are.
-void PrintFindings(std::ostream& out, const Findings& findings);
+void PrintFindings(std::ostream& out, const DoctorFindings& findings);
 
 } // namespace qrtVistrelClasses4

@@ -51,7 +51,7 @@ std::vector<NumberedFile> numberedFiles() {
 }
 
 /// Completes a finding about the file `path`, which exists. A file that is no whole font is `broken`.
-void examineFont(Finding& finding, const std::string& path, const std::optional<CellSize>& size,
+void examineFont(DoctorFinding& finding, const std::string& path, const std::optional<CellSize>& size,
                  Severity broken) {
     finding.path = path;
     std::optional<std::string> fault;
@@ -73,12 +73,12 @@ std::string numbersText(const std::set<std::int16_t>& numbers) {
     return text;
 }
 
-void checkNumbered(const NumberedFile& numbered, Findings& findings) {
-    Finding finding{.check = "fonts.numbered", .subject = "font " + numbersText(numbered.numbers)};
+void checkNumbered(const NumberedFile& numbered, DoctorFindings& findings) {
+    DoctorFinding finding{.check = "fonts.numbered", .subject = "font " + numbersText(numbered.numbers)};
     const FontOutcome loaded = LoadFontUnlessReplaced(numbered.file.path, numbered.file.size, false);
     if (loaded.path) {
         examineFont(finding, *loaded.path, numbered.file.size, Severity::error);
-        if (finding.severity == Severity::ok)
+        if (!finding.severity)
             finding.message += ": " + SizeText(numbered.file.size) + " dots";
     } else {
         finding.severity = numbered.isUsed ? Severity::warning : Severity::note;
@@ -92,7 +92,7 @@ void checkNumbered(const NumberedFile& numbered, Findings& findings) {
 
 } // namespace
 
-void CheckFonts(Findings& findings) {
+void CheckFonts(DoctorFindings& findings) {
     if (const auto folder = FolderWithoutFonts(kOrdinarySign, true))
         findings.push_back({.check = "fonts.numbered",
                             .severity = Severity::warning,
@@ -104,7 +104,7 @@ void CheckFonts(Findings& findings) {
         for (const NumberedFile& numbered : numberedFiles())
             checkNumbered(numbered, findings);
     for (const std::string& path : OtherFontFiles()) {
-        Finding finding{.check = "fonts.other", .subject = "other font"};
+        DoctorFinding finding{.check = "fonts.other", .subject = "other font"};
         examineFont(finding, path, SizeOfNumberedFont(path), Severity::warning); // it may be no font at all
         findings.push_back(std::move(finding));
     }

@@ -26,7 +26,7 @@ std::string colorsOf(const Terminal& terminal) {
     return "all colours";
 }
 
-void checkTerminal(Findings& findings) {
+void checkTerminal(DoctorFindings& findings) {
     Console& console = platform().console();
     const Terminal terminal = console.terminal();
     const bool isTerminal = console.isTerminal(StandardStream::output);
@@ -53,7 +53,7 @@ std::string nearestFolder(std::string folder) {
 }
 
 /// Adds what keeps this user from making files in `folder`, if anything does.
-void setWritable(Finding& finding, const std::string& folder, std::string_view whatFails) {
+void setWritable(DoctorFinding& finding, const std::string& folder, std::string_view whatFails) {
     if (platform().inspection().mayAddTo(folder) == SystemError::none)
         return;
     finding.severity = Severity::warning;
@@ -68,11 +68,11 @@ struct CheckedFolder {
     bool isMade = false;  ///< Whether the library makes it when it is needed.
 };
 
-void checkFolder(const CheckedFolder& checked, const std::string& folder, Findings& findings) {
-    Finding finding{.check = checked.check,
-                    .subject = std::string(checked.name),
-                    .message = VisibleName(folder),
-                    .path = folder};
+void checkFolder(const CheckedFolder& checked, const std::string& folder, DoctorFindings& findings) {
+    DoctorFinding finding{.check = checked.check,
+                          .subject = std::string(checked.name),
+                          .message = VisibleName(folder),
+                          .path = folder};
     const EntryKind kind = platform().files().kindOf(folder);
     if (kind == EntryKind::folder) {
         setWritable(finding, folder, checked.use);
@@ -88,8 +88,8 @@ void checkFolder(const CheckedFolder& checked, const std::string& folder, Findin
     findings.push_back(std::move(finding));
 }
 
-void checkDocuments(Findings& findings) {
-    Finding finding{.check = "folder.documents", .subject = "documents folder"};
+void checkDocuments(DoctorFindings& findings) {
+    DoctorFinding finding{.check = "folder.documents", .subject = "documents folder"};
     const std::optional<std::string> folder = platform().specialFolder(kDocumentsFolder);
     if (folder && platform().files().kindOf(*folder) == EntryKind::folder) {
         finding.message = VisibleName(*folder);
@@ -104,12 +104,12 @@ void checkDocuments(Findings& findings) {
 }
 
 /// The rights on the registry in each view.
-void checkRegistryRights(Findings& findings) {
+void checkRegistryRights(DoctorFindings& findings) {
     Inspection& inspection = platform().inspection();
     for (const Bitness view : inspection.registryViews()) {
-        Finding finding{.check = "settings.rights",
-                        .subject = "settings of " + BitsText(view) + " programs",
-                        .message = "may be changed"};
+        DoctorFinding finding{.check = "settings.rights",
+                              .subject = "settings of " + BitsText(view) + " programs",
+                              .message = "may be changed"};
         if (inspection.mayChange({view, RegisteredFor::allUsers, std::string(kSettingsKey)}) !=
             SystemError::none) {
             finding.severity = Severity::warning;
@@ -121,8 +121,8 @@ void checkRegistryRights(Findings& findings) {
     }
 }
 
-void checkSettingsFile(const std::string& file, Findings& findings) {
-    Finding finding{
+void checkSettingsFile(const std::string& file, DoctorFindings& findings) {
+    DoctorFinding finding{
         .check = "settings.rights", .subject = "settings store", .message = "may be changed", .path = file};
     const std::string folder = nearestFolder(std::string(SplitPath(file).folder));
     setWritable(finding, folder, "settings are read, but not saved");
@@ -137,7 +137,7 @@ void checkSettingsFile(const std::string& file, Findings& findings) {
 
 } // namespace
 
-void CheckProgram(std::string_view version, Findings& findings) {
+void CheckProgram(std::string_view version, DoctorFindings& findings) {
     findings.push_back({.check = "program",
                         .subject = "program",
                         .message = "vistrel " + std::string(version) + ", " + BitsText(kOwnBitness) +
@@ -145,7 +145,7 @@ void CheckProgram(std::string_view version, Findings& findings) {
     checkTerminal(findings);
 }
 
-void CheckRights(Findings& findings) {
+void CheckRights(DoctorFindings& findings) {
     if (const std::string file = platform().registry().file(); file.empty())
         checkRegistryRights(findings);
     else

@@ -25,7 +25,7 @@ bool leadsNowhere(const std::string& name) {
 
 /// The values below a key of the settings that name something that is missing. The application data folder is
 /// looked at elsewhere.
-void checkKey(const std::string& path, int depth, Findings& findings) {
+void checkKey(const std::string& path, int depth, DoctorFindings& findings) {
     RegistryStore& registry = platform().registry();
     const RegistryKey key{RegistryHive::localMachine, path};
     for (const std::string& name : registry.valueNames(key).valueOr({})) {
@@ -46,7 +46,7 @@ void checkKey(const std::string& path, int depth, Findings& findings) {
 }
 
 /// The folders that preferences name. Their defaults need not exist.
-void checkFoldersOfPreferences(const AdvisedCommands& commands, Findings& findings) {
+void checkFoldersOfPreferences(const AdvisedCommands& commands, DoctorFindings& findings) {
     const std::optional<std::string> path = PreferencesPath();
     const PreferenceFolders folders = FindPreferenceFolders();
     const Preferences defaults = DefaultPreferences(folders);
@@ -66,7 +66,7 @@ void checkFoldersOfPreferences(const AdvisedCommands& commands, Findings& findin
     ForEachPreference(check, values, defaults);
 }
 
-void checkRecentNames(const AdvisedCommands& commands, Findings& findings) {
+void checkRecentNames(const AdvisedCommands& commands, DoctorFindings& findings) {
     const std::optional<std::string> path = RecentFilesPath();
     if (!path)
         return;
@@ -86,7 +86,7 @@ void checkRecentNames(const AdvisedCommands& commands, Findings& findings) {
 
 } // namespace
 
-void CheckNamedFiles(const AdvisedCommands& commands, Findings& findings) {
+void CheckNamedFiles(const AdvisedCommands& commands, DoctorFindings& findings) {
     constexpr int depthOfSections = 3; // an application, its section, and one more
     checkKey(std::string(kSettingsKey), depthOfSections, findings);
     checkFoldersOfPreferences(commands, findings);

@@ -29,7 +29,7 @@ constexpr std::array kWhom{RegisteredFor::thisUser, RegisteredFor::allUsers}; //
 /// What programs of one bitness find.
 class ServerCheck {
 public:
-    ServerCheck(Bitness view, std::string_view version, Findings& findings)
+    ServerCheck(Bitness view, std::string_view version, DoctorFindings& findings)
         : view_(view), version_(version), findings_(findings) {}
 
     void run() {
@@ -71,8 +71,8 @@ private:
         return "CLSID\\" + (id ? id->first : "");
     }
 
-    void add(std::string_view check, Severity severity, std::string message, std::string advice = {},
-             const std::string& path = {}) {
+    void add(std::string_view check, std::optional<Severity> severity, std::string message,
+             std::string advice = {}, const std::string& path = {}) {
         findings_.push_back(
             {check, severity, BitsText(view_) + " server", std::move(message), std::move(advice), path});
     }
@@ -96,7 +96,7 @@ private:
 
     Bitness view_;
     std::string_view version_;
-    Findings& findings_;
+    DoctorFindings& findings_;
     std::map<Place, Classes> places_;
     std::string missing_;
 };
@@ -156,7 +156,7 @@ void ServerCheck::checkFile(const Place& place, const Classes& classes) {
             start + " " + found + ", and this program is version " + std::string(version_),
             registerAgain() + " of the same version as this program", place.file);
     else
-        add("server.file", Severity::ok, start + " " + found, {}, place.file);
+        add("server.file", std::nullopt, start + " " + found, {}, place.file);
     noteStores(WithoutTrailingSeparators(SplitPath(place.file).folder));
 }
 
@@ -196,7 +196,7 @@ void ServerCheck::checkTypeLibrary() {
 
 } // namespace
 
-void CheckServers(std::string_view version, Findings& findings) {
+void CheckServers(std::string_view version, DoctorFindings& findings) {
     for (const Bitness view : platform().inspection().registryViews())
         ServerCheck(view, version, findings).run();
 }

@@ -26,7 +26,7 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-Finding findingAbout(std::string_view check, std::string subject, const std::string& path) {
+DoctorFinding findingAbout(std::string_view check, std::string subject, const std::string& path) {
     return {.check = check, .subject = std::move(subject), .message = VisibleName(path), .path = path};
 }
 
@@ -39,18 +39,18 @@ bool isElsewhere(const std::string& path) {
     });
 }
 
-void setMissing(Finding& finding, std::string_view instead) {
+void setMissing(DoctorFinding& finding, std::string_view instead) {
     finding.message += ": there is none yet; " + std::string(instead);
 }
 
 /// `whatItHas` is "4 signs".
-void setWhole(Finding& finding, const std::string& whatItHas) {
+void setWhole(DoctorFinding& finding, const std::string& whatItHas) {
     finding.message += ": " + whatItHas;
     if (isElsewhere(finding.path))
         finding.message += "; it is installed with the program, and read until the user has one";
 }
 
-void setDamaged(Finding& finding, const std::string& fault) {
+void setDamaged(DoctorFinding& finding, const std::string& fault) {
     finding.severity = Severity::error;
     finding.message += ": " + fault;
     if (!hasFile(finding.path)) { // something else is in its place
@@ -63,7 +63,7 @@ void setDamaged(Finding& finding, const std::string& fault) {
 }
 
 /// True if the file cannot even be read, which `finding` then says.
-bool isUnreadable(Finding& finding) {
+bool isUnreadable(DoctorFinding& finding) {
     if (!platform().files().hasEntry(finding.path))
         return false;
     const auto file = platform().files().read(finding.path);
@@ -75,7 +75,7 @@ bool isUnreadable(Finding& finding) {
     return true;
 }
 
-void setDamagedLines(Finding& finding, const std::vector<std::string>& damaged) {
+void setDamagedLines(DoctorFinding& finding, const std::vector<std::string>& damaged) {
     constexpr std::size_t mostShown = 80; // a file that is no text may have a line of any length
     const std::string& first = damaged.front();
     setDamaged(finding, Counted(damaged.size(), "line") + " not understood, the first is \"" +
@@ -84,17 +84,17 @@ void setDamagedLines(Finding& finding, const std::vector<std::string>& damaged) 
     finding.advice = "correct these lines, or delete them";
 }
 
-Finding checkSettings() {
+DoctorFinding checkSettings() {
     const std::string file = platform().registry().file();
     if (file.empty()) {
-        Finding finding{.check = "store.settings",
-                        .subject = "settings",
-                        .message = "HKEY_LOCAL_MACHINE\\" + std::string(kSettingsKey)};
+        DoctorFinding finding{.check = "store.settings",
+                              .subject = "settings",
+                              .message = "HKEY_LOCAL_MACHINE\\" + std::string(kSettingsKey)};
         if (!platform().registry().keyExists({RegistryHive::localMachine, std::string(kSettingsKey)}))
             setMissing(finding, "every setting has its default");
         return finding;
     }
-    Finding finding = findingAbout("store.settings", "settings", file);
+    DoctorFinding finding = findingAbout("store.settings", "settings", file);
     if (isUnreadable(finding))
         return finding;
     if (!hasFile(file)) {
@@ -112,13 +112,13 @@ Finding checkSettings() {
 }
 
 /// The preferences whose values are not what belongs there. `about` is the start of each finding.
-void checkValues(const std::string& path, const Finding& about, const AdvisedCommands& commands,
-                 Findings& findings) {
+void checkValues(const std::string& path, const DoctorFinding& about, const AdvisedCommands& commands,
+                 DoctorFindings& findings) {
     const PreferenceFolders folders = FindPreferenceFolders();
     const PreferencesOutcome loaded = LoadPreferences({path, folders, DefaultPreferences(folders)});
     const auto add = [&](Severity severity, const std::string& key, const std::string& fault) {
         findings.push_back(about);
-        Finding& finding = findings.back();
+        DoctorFinding& finding = findings.back();
         finding.severity = severity;
         finding.message += ": key " + key + ": " + fault;
         finding.advice = commands.reset(key);
@@ -138,13 +138,13 @@ void checkValues(const std::string& path, const Finding& about, const AdvisedCom
     ForEachPreference(check, loaded.values);
 }
 
-void checkPreferences(const AdvisedCommands& commands, Findings& findings) {
+void checkPreferences(const AdvisedCommands& commands, DoctorFindings& findings) {
     const std::optional<std::string> path = PreferencesPath();
     if (!path)
         return; // the reason has been reported
     const auto [folder, name] = SplitPath(*path);
-    Finding finding = findingAbout("store.preferences", "preferences",
-                                   PlaceToRead(std::string(folder), {.name = std::string(name)}));
+    DoctorFinding finding = findingAbout("store.preferences", "preferences",
+                                         PlaceToRead(std::string(folder), {.name = std::string(name)}));
     if (isUnreadable(finding))
         return findings.push_back(std::move(finding));
     if (!hasFile(finding.path)) {
@@ -164,8 +164,8 @@ void checkPreferences(const AdvisedCommands& commands, Findings& findings) {
     }
 }
 
-Finding checkEffects() {
-    Finding finding = findingAbout("store.effects", "optional effects", NewEffectsPath());
+DoctorFinding checkEffects() {
+    DoctorFinding finding = findingAbout("store.effects", "optional effects", NewEffectsPath());
     if (isUnreadable(finding))
         return finding;
     if (hasFile(finding.path))
@@ -175,11 +175,11 @@ Finding checkEffects() {
     return finding;
 }
 
-std::optional<Finding> checkSigns(ErrorLines& errors) {
+std::optional<DoctorFinding> checkSigns(ErrorLines& errors) {
     const std::optional<SignsFile> file = LoadSigns(errors);
     if (!file)
         return std::nullopt; // the reason has been reported
-    Finding finding = findingAbout("store.signs", "list of signs", file->path);
+    DoctorFinding finding = findingAbout("store.signs", "list of signs", file->path);
     const std::vector<FileFault> faults = FaultsOf(*file);
     std::string text;
     for (const FileFault& fault : faults)
@@ -193,11 +193,11 @@ std::optional<Finding> checkSigns(ErrorLines& errors) {
     return finding;
 }
 
-std::optional<Finding> checkRecentFiles() {
+std::optional<DoctorFinding> checkRecentFiles() {
     const std::optional<std::string> path = RecentFilesPath();
     if (!path)
         return std::nullopt; // the reason has been reported
-    Finding finding = findingAbout("store.recent", "recent files", *path);
+    DoctorFinding finding = findingAbout("store.recent", "recent files", *path);
     const RecentFilesOutcome list = ReadRecentFiles(*path);
     if (list.error && list.error->isQuiet())
         setMissing(finding, "no file was opened yet");
@@ -210,8 +210,8 @@ std::optional<Finding> checkRecentFiles() {
     return finding;
 }
 
-Finding checkCommands() {
-    Finding finding = findingAbout("store.commands", "command table", CommandTablePath());
+DoctorFinding checkCommands() {
+    DoctorFinding finding = findingAbout("store.commands", "command table", CommandTablePath());
     const CommandTableOutcome loaded = LoadCommandTable(finding.path);
     if (loaded.error)
         setDamaged(finding, FaultOf(finding.path, *loaded.error).clause());
@@ -224,8 +224,8 @@ Finding checkCommands() {
     return finding;
 }
 
-std::optional<Finding> checkLog(std::string_view name) {
-    Finding finding = findingAbout("store.log", "error log", JoinPath(ErrorLogFolder(), name));
+std::optional<DoctorFinding> checkLog(std::string_view name) {
+    DoctorFinding finding = findingAbout("store.log", "error log", JoinPath(ErrorLogFolder(), name));
     const auto size = platform().files().sizeOf(finding.path);
     if (!size || size.value() == 0)
         return std::nullopt;
@@ -236,9 +236,9 @@ std::optional<Finding> checkLog(std::string_view name) {
 }
 
 /// Copies and temporary files beside the files that were looked at.
-void checkLeftovers(Findings& findings) {
+void checkLeftovers(DoctorFindings& findings) {
     std::set<std::string> folders, files;
-    for (const Finding& finding : findings)
+    for (const DoctorFinding& finding : findings)
         if (finding.check.starts_with("store.") && !finding.path.empty())
             files.insert(finding.path);
     for (const std::string& file : files)
@@ -247,7 +247,7 @@ void checkLeftovers(Findings& findings) {
         std::vector<std::string> names = platform().files().namesIn(folder);
         std::ranges::sort(names);
         for (const std::string& name : names) {
-            Finding finding = findingAbout("store.copy", "kept copy", folder + name);
+            DoctorFinding finding = findingAbout("store.copy", "kept copy", folder + name);
             finding.severity = Severity::note;
             if (IsTemporaryName(name)) {
                 finding.check = "store.leftover", finding.subject = "temporary file";
@@ -266,10 +266,10 @@ void checkLeftovers(Findings& findings) {
 
 } // namespace
 
-void CheckStores(const AdvisedCommands& commands, Findings& findings, ErrorLines& errors) {
+void CheckStores(const AdvisedCommands& commands, DoctorFindings& findings, ErrorLines& errors) {
     findings.push_back(checkSettings());
     checkPreferences(commands, findings);
-    for (std::optional<Finding>& finding : std::vector<std::optional<Finding>>{
+    for (std::optional<DoctorFinding>& finding : std::vector<std::optional<DoctorFinding>>{
              checkEffects(), checkSigns(errors), checkRecentFiles(), checkCommands(), checkLog(kErrorLogName),
              checkLog(kOldErrorLogName)})
         if (finding)

@@ -38,34 +38,31 @@ void addError(const LoadOutcome& outcome, ErrorLines& errors) {
 
 /// Whether to go on with a playfile of the older format.
 bool goesOn(const LoadOutcome& outcome, const AnswerOptions& options, ErrorLines& errors) {
-    if (outcome.error)
-        return false;
     errors.add(outcome.legacy->preferenceErrors);
     if (!outcome.legacy->hasMark) {
         errors.add(FaultWithoutLegacyMark(outcome.playfile.fileName));
         return false;
     }
-    if (!Answer(options, AskWhetherToOpenLegacyPlayfile)) {
+    const bool isWanted = Answer(options, AskWhetherToOpenLegacyPlayfile);
+    if (!isWanted)
         errors.add("not opened: it is of the older format (PL2), and the question whether to go on was "
                    "answered with no; --yes answers it with yes");
-        return false;
-    }
-    addMissingFrames(outcome, errors);
-    if (const std::uint64_t count = outcome.legacy->bytesAfterRecords; count > 0)
-        errors.add("the last " + std::to_string(count) + " bytes are not a whole frame");
-    return true;
+    return isWanted;
+}
+
+LoadOutcome load(const std::string& name, const LoadCircumstances& circumstances, ErrorLines& errors) {
+    AboutInput(errors, name);
+    return name == kStandardStream ? LoadPlayfileBytes(ReadStandardInput(), InputName(name), circumstances)
+                                   : LoadPlayfile(name, circumstances);
 }
 
 std::optional<LoadOutcome> open(const std::string& name, const AnswerOptions& options, ErrorLines& errors,
                                 const LoadCircumstances& circumstances = {}) {
-    AboutInput(errors, name);
-    LoadOutcome outcome = name == kStandardStream
-                              ? LoadPlayfileBytes(ReadStandardInput(), InputName(name), circumstances)
-                              : LoadPlayfile(name, circumstances);
-    addError(outcome, errors);
-    if (outcome.playfile.isLegacy && !goesOn(outcome, options, errors))
+    LoadOutcome outcome = load(name, circumstances, errors);
+    if (outcome.playfile.isLegacy && !outcome.error && !goesOn(outcome, options, errors))
         return std::nullopt;
-    return outcome;
+    AddWhatIsMissing(outcome, errors);
+    return outcome.playfile.isLegacy && outcome.error ? std::nullopt : std::optional(std::move(outcome));
 }
 
 } // namespace
@@ -74,6 +71,15 @@ FileFault FaultWithoutLegacyMark(const std::string& name) {
     return {"is not a playfile of the older format (PL2): it does not start with \"" +
                 std::string(kLegacyMark) + "\"" + NoteOfKind(name),
             true};
+}
+
+void AddWhatIsMissing(const LoadOutcome& outcome, ErrorLines& errors) {
+    addError(outcome, errors);
+    if (!outcome.playfile.isLegacy || outcome.error)
+        return;
+    addMissingFrames(outcome, errors);
+    if (const std::uint64_t count = outcome.legacy->bytesAfterRecords; count > 0)
+        errors.add("the last " + std::to_string(count) + " bytes are not a whole frame");
 }
 
 std::optional<LoadOutcome> OpenPlayfile(const std::string& name, const AnswerOptions& options,
@@ -87,6 +93,18 @@ std::optional<LoadOutcome> OpenPlayfile(const std::string& name, const AnswerOpt
 std::optional<LoadOutcome> OpenWholeFrames(const std::string& name, const AnswerOptions& options,
                                            ErrorLines& errors) {
     return open(name, options, errors);
+}
+
+std::optional<LoadOutcome> OpenToExamine(const std::string& name, const AnswerOptions& options,
+                                         ErrorLines& errors, const LoadCircumstances& circumstances) {
+    LoadOutcome outcome = load(name, circumstances, errors);
+    const bool isPlayfile =
+        !outcome.error || (!outcome.playfile.isLegacy && outcome.error->line.value_or(1) > 1);
+    if (!isPlayfile)
+        addError(outcome, errors);
+    return isPlayfile && (!outcome.playfile.isLegacy || goesOn(outcome, options, errors))
+               ? std::optional(std::move(outcome))
+               : std::nullopt;
 }
 
 void AddLosses(const LoadOutcome& opened, ErrorLines& errors, std::int32_t first, std::int32_t last) {

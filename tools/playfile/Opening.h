@@ -27,6 +27,14 @@ std::optional<LoadOutcome> OpenPlayfile(const std::string& name, const AnswerOpt
 std::optional<LoadOutcome> OpenWholeFrames(const std::string& name, const AnswerOptions& options,
                                            ErrorLines& errors);
 
+/// The same for a command that examines playfiles: one of either format that could not be read to its end is
+/// returned, and that is no error here.
+std::optional<LoadOutcome> OpenToExamine(const std::string& name, const AnswerOptions& options,
+                                         ErrorLines& errors, const LoadCircumstances& circumstances = {});
+
+/// Adds why a playfile was not read to its end. Adds nothing if it was.
+void AddWhatIsMissing(const LoadOutcome& outcome, ErrorLines& errors);
+
 /// Adds what the frames `first` to `last` of a playfile of the older format have lost to `errors`, whose
 /// subject is the playfile from then on. A command calls this once it has something to show or to save.
 void AddLosses(const LoadOutcome& opened, ErrorLines& errors, std::int32_t first = 1,

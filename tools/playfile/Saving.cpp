@@ -1,5 +1,8 @@
 #include "tools/playfile/Saving.h"
 
+#include "frame/SystemErrors.h"
+#include "platform/KeptCopies.h"
+#include "platform/Platform.h"
 #include "playfile/LegacyFormat.h"
 #include "playfile/OperatorQuestions.h"
 #include "playfile/PlayfileOutput.h"
@@ -42,6 +45,17 @@ std::vector<ChangedReference> lastingChanges(std::vector<ChangedReference> found
     return found;
 }
 
+/// Copies the file `to` that is about to be replaced. False, after adding the reason, if that fails.
+bool keepCopy(const std::string& to, const std::string& notDone, const Outputs& outputs, ErrorLines& errors) {
+    const Result<std::string> copy = KeepAside(platform().files(), to, IfNotCopied::fail);
+    if (!copy) {
+        errors.add(notDone + ": a copy of the file cannot be made", ErrorFor(copy.error()));
+        return false;
+    }
+    outputs.remark(Visible(to + ": the file before is kept as " + copy.value()));
+    return true;
+}
+
 } // namespace
 
 void AddSavingOptions(CLI::App& command, SavingOptions& options) {
@@ -76,6 +90,8 @@ ExitCode SaveOpened(const LoadOutcome& opened, const std::string& to, const Savi
         return *code;
     }
     AboutOutput(session.errors, to);
+    if (options.keepsCopy && !keepCopy(to, notDone, outputs, session.errors))
+        return ExitCode::failed;
     const SaveOutcome saved = save(opened.playfile, to, options, session.out);
     if (saved.error) {
         session.errors.add(notDone, *saved.error);

@@ -13,6 +13,7 @@ namespace qrtVistrelClasses4 {
 struct SavingOptions {
     AnswerOptions answers;
     bool keepPaths = false;
+    bool keepsCopy = false; ///< The file before is kept in a copy beside it.
 };
 
 /// Adds "--keep-paths", "--yes" and "--no".

@@ -16,6 +16,8 @@ constexpr const char* kSettings = "Settings and help";
 constexpr Command kCommands[] = {
     {kLook, "show", "Shows the frames of a playfile", "vistrel show harbour.playfile --frame 2",
      &SetUpShowCommand},
+    {kLook, "check", "Finds what is wrong with playfiles before they are sent",
+     "vistrel check harbour.playfile --sign \"Pier 1\"", &SetUpCheckCommand},
     {kLook, "preview", "Shows frames of a playfile as a sign does",
      "vistrel preview harbour.playfile --sheet --out harbour.png", &SetUpPreviewCommand},
     {kLook, "time", "Works out how long a sign takes to show playfiles",

@@ -16,13 +16,18 @@
 
 namespace qrtVistrelClasses4 {
 
-enum class ExitCode { done = 0, failed = 1, wrongUsage = 2 };
+enum class ExitCode {
+    done = 0,
+    failed = 1,
+    wrongUsage = 2,
+    faultsFound = 3 ///< In what was examined; nothing has failed.
+};
 
 /// One run of the program.
 struct Session {
     /// What the command shows. It is printed when the command has ended, or earlier if there is much of it.
     std::ostream& out;
-    /// Printed after the output. A command with errors has failed, even if it returns `done`.
+    /// Printed after the output. A command with errors has failed, unless its usage was wrong.
     ErrorLines errors;
     /// The command that the arguments ask for.
     std::function<ExitCode()> command;
@@ -101,6 +106,7 @@ void SetUpTimeCommand(CLI::App& command, Session& session);
 void SetUpSaveCommand(CLI::App& command, Session& session);
 void SetUpFindCommand(CLI::App& command, Session& session);
 void SetUpExportCommand(CLI::App& command, Session& session);
+void SetUpCheckCommand(CLI::App& command, Session& session);
 void SetUpPreviewCommand(CLI::App& command, Session& session);
 void SetUpFramesCommand(CLI::App& frames, Session& session);
 void SetUpConvertCommand(CLI::App& command, Session& session);

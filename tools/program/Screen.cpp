@@ -16,8 +16,9 @@ int screenIndex() {
 void AddScreenOptions(CLI::App& program, ScreenOptions& options) {
     program.add_flag("--wide", options.wide, "Prints whole tables and pictures, also on a narrow terminal");
     program
-        .add_option("--color", options.color,
-                    "Colours of pictures: always, never, or auto, which asks the terminal and NO_COLOR")
+        .add_option(
+            "--color", options.color,
+            "Colours of pictures and findings: always, never, or auto, which asks the terminal and NO_COLOR")
         ->check(CLI::IsMember({"auto", "always", "never"}))
         ->type_name("WHEN");
 }

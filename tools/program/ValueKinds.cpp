@@ -4,6 +4,7 @@
 #include "tools/program/PropertyValues.h"
 #include <qrtVistrelClasses4/DisplayRecord.h>
 #include <qrtVistrelClasses4/Preferences.h>
+#include <qrtVistrelClasses4/ValidationRules.h>
 
 #include <algorithm>
 #include <iterator>
@@ -35,6 +36,13 @@ std::vector<std::string> namesOfSettings() {
     return names;
 }
 
+std::vector<std::string> namesOfRules() {
+    std::vector<std::string> names;
+    for (const Rule& rule : kRules)
+        names.emplace_back(rule.name);
+    return names;
+}
+
 struct ValueKind {
     using Entries = OfferedValues::Entries;
 
@@ -53,6 +61,7 @@ constexpr ValueKind kKinds[] = {
     {kPropertyValue, ValueKind::Entries::none, {}, &wordsOfProperties},
     {kSettingValue, ValueKind::Entries::none, {}, &namesOfSettings},
     {kCommandValue, ValueKind::Entries::none, {}, &NamesOfCommands},
+    {kRuleValue, ValueKind::Entries::none, {}, &namesOfRules},
 };
 
 } // namespace

@@ -17,6 +17,7 @@ inline constexpr const char* kSignValue = "SIGN";
 inline constexpr const char* kPropertyValue = "PROPERTY=VALUE";
 inline constexpr const char* kSettingValue = "SETTING";
 inline constexpr const char* kCommandValue = "COMMAND";
+inline constexpr const char* kRuleValue = "RULE";
 
 /// What a shell offers for a value.
 struct OfferedValues {

@@ -35,7 +35,7 @@ ExitCode finish(StandardOutput& output, ErrorLines& errors, ExitCode code, Conso
     }
     for (const std::string& line : errors.lines())
         (void)console.write(StandardStream::error, line + '\n');
-    return code == ExitCode::done && !errors.empty() ? ExitCode::failed : code;
+    return code != ExitCode::wrongUsage && !errors.empty() ? ExitCode::failed : code;
 }
 
 /// Does what the arguments ask for.
