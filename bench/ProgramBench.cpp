@@ -70,7 +70,8 @@ void registerStart(const std::string& show, const std::string& version, const st
     registerMeasuring(show, [=] {
         const std::string vistrel = quoted(QRT_VISTREL);
         const std::vector<Runs> runs =
-            measureRuns(kTurns, {vistrel + " show " + quoted(QRT_SAMPLES_FOLDER "/harbour.playfile"),
+            measureRuns(kTurns, {vistrel + " --home " + quoted(QRT_SAMPLES_FOLDER) + " show " +
+                                     quoted(QRT_SAMPLES_FOLDER "/harbour.playfile"),
                                  vistrel + " --version", quoted(QRT_PRINT_LINE)});
         auto run = runs.begin();
         for (const std::string& job : {show, version, line})

@@ -180,8 +180,14 @@ PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances) try {
 }
 
 PreferencesOutcome LoadPreferences() try {
+    (void)MakePlayfileFolder(FindPreferenceFolders()); // preferences are loaded without it, too
+    return LoadPreferencesOnly();
+} catch (...) {
+    RethrowAsRuntimeError();
+}
+
+PreferencesOutcome LoadPreferencesOnly() try {
     const PreferenceFolders folders = FindPreferenceFolders();
-    (void)MakePlayfileFolder(folders); // preferences are loaded without it, too
     if (const std::optional<std::string> path = PreferencesName())
         return LoadPreferences({*path, folders, DefaultPreferences(folders)});
     return withoutFile(DefaultPreferences(folders));

@@ -68,6 +68,8 @@ struct [[nodiscard]] PreferencesOutcome {
 QRT_PUBLIC PreferencesOutcome LoadPreferences(PreferencesCircumstances circumstances);
 /// The same for the file and the folders of this machine. Makes the folder for playfiles if it can.
 QRT_PUBLIC PreferencesOutcome LoadPreferences();
+/// The same, but makes no folder.
+QRT_PUBLIC PreferencesOutcome LoadPreferencesOnly();
 /// Reads only `BMPCrop` and `AVICrop`, from the same file, and makes no folder. All other values are empty.
 QRT_PUBLIC PreferencesOutcome LoadCropPreferences();
 

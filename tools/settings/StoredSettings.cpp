@@ -8,7 +8,7 @@
 namespace qrtVistrelClasses4 {
 
 Preferences LoadStoredPreferences(ErrorLines& errors) {
-    PreferencesOutcome loaded = LoadPreferences();
+    PreferencesOutcome loaded = LoadPreferencesOnly();
     errors.add(loaded.errors);
     return std::move(loaded.values);
 }
