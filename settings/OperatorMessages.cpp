@@ -73,7 +73,7 @@ MessageBoxes& OperatorBoxes() {
 }
 
 void ShowFailure(int number, const std::string& text, const char* title) {
-    NoteShownError(RuntimeError(number, text));
+    NoteError(RuntimeError(number, text));
     OperatorBoxes().show({text, title, MessageIcon::critical, MessageButtons::ok});
 }
 
