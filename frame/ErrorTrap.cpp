@@ -83,7 +83,7 @@ void NoteCurrentError(const ObjectCall& call) noexcept {
     }
 }
 
-void NoteShownError(const RuntimeError& error) noexcept {
+void NoteError(const RuntimeError& error) noexcept {
     if (traceState.call)
         traceState.call->note(error);
 }

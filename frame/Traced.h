@@ -222,13 +222,15 @@ std::optional<RuntimeError> ErrorOf(Body body) {
 }
 
 /// Runs `body`. Its error is thrown on to the caller, marked as quiet: it is logged, but not shown to the
-/// operator.
+/// operator. The object whose call is running remembers it like any other.
 template <class Body>
 std::invoke_result_t<Body&> quietly(Body body) {
     try {
         return body();
     } catch (...) {
-        throw CurrentError().quietly();
+        const RuntimeError error = CurrentError();
+        NoteError(error);
+        throw error.quietly();
     }
 }
 

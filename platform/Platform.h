@@ -19,6 +19,8 @@ namespace qrtVistrelClasses4 {
 
 /// Shell number of the user's documents folder.
 inline constexpr int kDocumentsFolder = 5;
+/// Shell number of the user's local application data, which POSIX systems and homes have not.
+inline constexpr int kLocalDataFolder = 28;
 
 /// A moment in the user's time zone.
 struct LocalTime {

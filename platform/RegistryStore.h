@@ -41,6 +41,10 @@ public:
 
     /// `fileNotFound` if the key or the value is missing, or if the value is not a string.
     virtual Result<std::string> readString(const RegistryKey& key, std::string_view name) = 0;
+    /// The same, but a whole number is read as its decimal text, where a store has values that are numbers.
+    virtual Result<std::string> readAsText(const RegistryKey& key, std::string_view name) {
+        return readString(key, name);
+    }
     /// A missing key is made.
     virtual SystemError writeString(const RegistryKey& key, std::string_view name,
                                     std::string_view value) = 0;

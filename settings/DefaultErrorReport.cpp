@@ -74,8 +74,11 @@ void DefaultErrorReporter::report(const ErrorReport& report) {
         const ReentryGuard guard(inLog);
         if (!guard.isFirst())
             return; // writing the log caused this error
-        AppendToErrorLog(text);
-        if (report.error.isQuiet() || IsUnattended() || !operatorWantsReports())
+        const bool isLogged = AppendToErrorLog(text);
+        const bool isUnattended = IsUnattended();
+        const bool isOnlyToBeLogged = report.error.isQuiet() || !operatorWantsReports() ||
+                                      (isUnattended && platform().messageBoxes().attended());
+        if (isOnlyToBeLogged && (isLogged || !isUnattended))
             return;
     }
     // While a message is open, the host may go on and fail again. Such errors are logged, but not shown in a

@@ -7,8 +7,9 @@
 namespace qrtVistrelClasses4 {
 
 /// Appends every report to the log. Shows it in a critical message box, unless the error is quiet or the
-/// setting "Vistrel3" / "Settings" / "ShowErrorReports" is false, or the library is unattended; if nobody can
-/// see a box, the report goes to standard error instead. The name of a procedure, all its arguments together
+/// setting "Vistrel3" / "Settings" / "ShowErrorReports" is false, or the library is unattended. If nobody can
+/// see a box, the report goes to standard error instead, also unattended; then, every report that cannot be
+/// logged goes there, too. The name of a procedure, all its arguments together
 /// and the text of an error are each cut after `kLongestTextInReport` characters and then end in "...";
 /// control characters show their codes ("<0D>").
 class DefaultErrorReporter : public ErrorReporter {

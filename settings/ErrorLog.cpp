@@ -25,6 +25,28 @@ bool isControl(unsigned char previous, unsigned char code) {
     return code < ' ' || code == 0x7f || (previous == openingOfUtf8Controls && code >= 0x80 && code <= 0x9f);
 }
 
+/// Appends to the log in `folder`. False if it cannot be written.
+bool append(const std::string& folder, const std::string& entry) {
+    FileSystem& files = platform().files();
+    const std::string log = JoinPath(folder, kErrorLogName);
+    if (const auto size = files.sizeOf(log); size && size.value() > kErrorLogLimitBytes)
+        (void)files.moveOver(log, JoinPath(folder, kOldErrorLogName)); // refused: the log goes on growing
+    const auto file = files.open(log, OpenMode::append);
+    if (!file)
+        return false;
+    const bool isWritten = file.value()->write(entry) == SystemError::none;
+    return file.value()->close() == SystemError::none && isWritten;
+}
+
+bool appendInLocalData(const std::string& entry) {
+    const std::optional<std::string> data = platform().specialFolder(kLocalDataFolder);
+    if (!data)
+        return false;
+    const std::string folder = JoinPath(*data, "qrtVistrelClasses4");
+    (void)platform().files().createFolder(folder); // it may be there
+    return append(folder, entry);
+}
+
 } // namespace
 
 std::string VisibleText(std::string_view text) {
@@ -48,19 +70,12 @@ std::string ErrorLogFolder() {
     return folder ? *std::move(folder) : GetAppFolder();
 }
 
-void AppendToErrorLog(const std::string& text) {
+bool AppendToErrorLog(const std::string& text) {
     const std::string entry = timeText(platform().localTime()) + "  " + text;
-    FileSystem& files = platform().files();
     const std::string folder = ErrorLogFolder();
-    const std::string log = JoinPath(folder, kErrorLogName);
     static std::mutex mutex; // two threads must not both move the old log away
     const std::lock_guard lock(mutex);
-    if (const auto size = files.sizeOf(log); size && size.value() > kErrorLogLimitBytes)
-        (void)files.moveOver(log, JoinPath(folder, kOldErrorLogName)); // refused: the log goes on growing
-    if (auto file = files.open(log, OpenMode::append)) {
-        (void)file.value()->write(entry); // a log that cannot be written must not make another error
-        (void)file.value()->close();
-    }
+    return append(folder, entry) || appendInLocalData(entry);
 }
 
 } // namespace qrtVistrelClasses4

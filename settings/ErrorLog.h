@@ -24,8 +24,9 @@ inline constexpr const char* kLogLineEnd = "\r\n";
 /// Any text in a form that is safe in a line of the log, in a box and on a terminal.
 std::string VisibleText(std::string_view text);
 
-/// Appends the time and `text`, which consists of whole lines, to the log. A log that cannot be written is no
-/// error.
-void AppendToErrorLog(const std::string& text);
+/// Appends the time and `text`, which consists of whole lines, to the log. If that cannot be written, as
+/// where only administrators may write, the log in the user's local application data takes its place, on
+/// systems that have such a folder. False if neither can be written.
+bool AppendToErrorLog(const std::string& text);
 
 } // namespace qrtVistrelClasses4

@@ -15,7 +15,8 @@ namespace {
 
 constexpr const char* kVariable = "QRTVISTREL_UNATTENDED";
 
-bool meansTrue(const std::string& text) {
+bool meansTrue(std::string_view text) {
+    text = WithoutBlanks(text); // `set X=1 && ...` leaves one
     try {
         return TextToBoolean(text);
     } catch (const RuntimeError&) {
@@ -27,7 +28,7 @@ bool meansTrue(const std::string& text) {
 std::optional<std::string> settingIn(RegistryHive hive) {
     static const std::string key =
         std::string(kSettingsKey) + '\\' + std::string(kVistrel3) + '\\' + std::string(kSettingsSection);
-    const auto value = platform().registry().readString({hive, key}, "Unattended");
+    const auto value = platform().registry().readAsText({hive, key}, "Unattended");
     return value ? std::optional(value.value()) : std::nullopt;
 }
 
@@ -45,7 +46,8 @@ class LoggedBoxes final : public MessageBoxes {
 public:
     MessageAnswer show(const Message& message) override {
         try {
-            AppendToErrorLog(logText(message));
+            if (const std::string text = logText(message); !AppendToErrorLog(text))
+                (void)platform().console().write(StandardStream::error, text);
         } catch (...) { // NOLINT(bugprone-empty-catch): a box that cannot be logged is answered all the same
         }
         return message.buttons == MessageButtons::yesNo ? MessageAnswer::no : MessageAnswer::ok;
@@ -73,7 +75,7 @@ MessageBoxes& OperatorBoxes() {
 }
 
 void ShowFailure(int number, const std::string& text, const char* title) {
-    NoteShownError(RuntimeError(number, text));
+    NoteError(RuntimeError(number, text));
     OperatorBoxes().show({text, title, MessageIcon::critical, MessageButtons::ok});
 }
 

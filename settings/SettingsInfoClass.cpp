@@ -52,6 +52,20 @@ void makePlayfileFolder(const PreferenceFolders& folders) {
         Arg{"Folder", folder});
 }
 
+/// Logs what has happened to the file of preferences, without interrupting the user. The object remembers it.
+void noteFileError(const RuntimeError& error) {
+    NoteError(error);
+    ReportQuietly(error);
+}
+
+/// A file that cannot be read is treated like a missing one, which is no error.
+void noteUnreadable(const std::string& path) {
+    const SystemError error = platform().files().read(path).error();
+    if (error != SystemError::fileNotFound && error != SystemError::folderNotFound &&
+        error != SystemError::none)
+        noteFileError(ErrorFor(error));
+}
+
 /// The record that holds a member: the preferences themselves, or the schedule of that number.
 template <class Record, class Whole>
 auto& recordOf(Whole& preferences, std::int16_t scheduleNumber) {
@@ -89,9 +103,9 @@ void SettingsInfoClass::WriteSetting(const std::string& Key, const std::string& 
     traced(
         {lastError_, kWriteSetting},
         [&] {
-            // A preference that cannot be kept is no reason to interrupt the user.
-            if (const std::optional<std::string> path = PreferencesName())
-                (void)WritePreference(*path, Key, Value);
+            const std::optional<std::string> path = PreferencesName();
+            if (const auto error = path ? WritePreference(*path, Key, Value).error : std::nullopt)
+                noteFileError(*error);
         },
         Arg{"Key", Key}, Arg{"Value", Value});
 }
@@ -105,6 +119,7 @@ void SettingsInfoClass::GetSettingsFromDisk(const std::optional<std::string>& sF
             const std::optional<std::string> path = PreferencesName();
             if (!path)
                 return;
+            noteUnreadable(*path);
             TracedProfile file(OpenPreferences(*path));
             PreferencesOutcome outcome = ReadPreferences(file, folders, preferences_);
             preferences_ = std::move(outcome.values);

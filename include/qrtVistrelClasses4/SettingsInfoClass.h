@@ -34,12 +34,13 @@ public:
 
     /// The value of `Key` in the file as it is now, cut to 254 characters; `DefaultValue` if it is missing.
     std::string GetPrivateSetting(const std::string& Key, const std::string& DefaultValue) const;
-    /// Writes one key, and makes the file and the section if needed. A failure is not reported.
+    /// Writes one key, and makes the file and the section if needed. A failure is a quiet error.
     void WriteSetting(const std::string& Key, const std::string& Value);
 
     /// Loads every preference, and makes the playfile folder in the user's documents if it is missing. A
     /// value that does not convert leaves its preference as it is; all of them together are one error, which
-    /// is trapped and names their keys. `sFileName` is only shown on the trace.
+    /// is trapped and names their keys. A file that cannot be read is a quiet error, and counts as a missing
+    /// one. `sFileName` is only shown on the trace.
     void GetSettingsFromDisk(const std::optional<std::string>& sFileName = std::nullopt);
     /// Saves every preference, also over a value that did not convert. `sFileName` is only shown on the
     /// trace.

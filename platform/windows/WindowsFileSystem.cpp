@@ -29,11 +29,13 @@ bool isUsableName(const std::string& path) {
 }
 
 DWORD attributesOf(const std::string& path) {
+    const NoSystemBoxes noBoxes;
     return isUsableName(path) ? ::GetFileAttributesW(WideName(path).c_str()) : INVALID_FILE_ATTRIBUTES;
 }
 
 FileHandle openHandle(const std::string& path, DWORD access, DWORD share, DWORD disposition,
                       DWORD flags = FILE_ATTRIBUTE_NORMAL) {
+    const NoSystemBoxes noBoxes;
     if (!isUsableName(path))
         return {};
     if (IsDeviceName(path)) { // which need not be a file to be opened, nor to be waited for
@@ -102,6 +104,7 @@ private:
 
 /// Reads until `bytes` is full or the file ends. `used` becomes the number of bytes read.
 SystemError fill(HANDLE file, std::span<char> bytes, std::size_t& used) {
+    const NoSystemBoxes noBoxes;
     constexpr std::size_t largestPiece = std::size_t{1} << 30;
     used = 0;
     while (used < bytes.size()) {
@@ -164,6 +167,7 @@ private:
 };
 
 SystemError WindowsOutputFile::write(std::string_view bytes) {
+    const NoSystemBoxes noBoxes;
     constexpr std::size_t largestPiece = std::size_t{1} << 30;
     while (!bytes.empty()) {
         DWORD written = 0;
@@ -217,6 +221,7 @@ std::optional<std::array<DWORD, 3>> identity(const std::string& path) {
 } // namespace
 
 SystemError WindowsFileSystem::makeOwnFolderOf(const std::string& path) {
+    const NoSystemBoxes noBoxes;
     if (!ownFolders_.lackThatOf(*this, path))
         return SystemError::none;
     return MakeFoldersAbove(*this, path, [](const std::string& folder) {
@@ -239,6 +244,7 @@ bool WindowsFileSystem::hasEntry(const std::string& path) {
 }
 
 Result<std::uint64_t> WindowsFileSystem::sizeOf(const std::string& path) {
+    const NoSystemBoxes noBoxes;
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (!isUsableName(path) || !::GetFileAttributesExW(WideName(path).c_str(), GetFileExInfoStandard, &data))
         return ownFolders_.answer(*this, path, lastSystemError());
@@ -335,6 +341,7 @@ SystemError WindowsFileSystem::mayWrite(const std::string& path) {
 }
 
 SystemError WindowsFileSystem::moveOver(const std::string& from, const std::string& to) {
+    const NoSystemBoxes noBoxes;
     constexpr DWORD flags = MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH;
     constexpr int mostTries = 100;
     constexpr DWORD pause = 10; // milliseconds
@@ -353,6 +360,7 @@ SystemError WindowsFileSystem::moveOver(const std::string& from, const std::stri
 }
 
 SystemError WindowsFileSystem::remove(const std::string& path) {
+    const NoSystemBoxes noBoxes;
     if (!isUsableName(path) || !::DeleteFileW(WideName(path).c_str()))
         return lastSystemError();
     ForgetTemporaryFile(path);
@@ -366,6 +374,7 @@ Result<std::unique_ptr<FolderLock>> WindowsFileSystem::lockFolderOf(const std::s
 }
 
 SystemError WindowsFileSystem::createFolder(const std::string& path) {
+    const NoSystemBoxes noBoxes;
     if (const auto error = makeOwnFolderOf(path); error != SystemError::none)
         return error;
     return isUsableName(path) && ::CreateDirectoryW(WideName(path).c_str(), nullptr) ? SystemError::none
@@ -373,6 +382,7 @@ SystemError WindowsFileSystem::createFolder(const std::string& path) {
 }
 
 SystemError WindowsFileSystem::copy(const std::string& from, const std::string& to) {
+    const NoSystemBoxes noBoxes;
     if (!isUsableName(from))
         return lastSystemError();
     const auto source = identity(from);
@@ -428,6 +438,7 @@ std::string WindowsFileSystem::fullName(const std::string& path) {
 }
 
 std::string WindowsFileSystem::existingName(const std::string& path) {
+    const NoSystemBoxes noBoxes;
     // A name with wildcards would find some other file.
     if (path.find_first_of("*?") != path.npos)
         return path;
@@ -444,6 +455,7 @@ std::string WindowsFileSystem::existingName(const std::string& path) {
 }
 
 std::vector<std::string> WindowsFileSystem::namesIn(const std::string& folder) {
+    const NoSystemBoxes noBoxes;
     std::vector<std::string> names;
     WIN32_FIND_DATAW data{};
     const std::string pattern = JoinPath(folder, "*");

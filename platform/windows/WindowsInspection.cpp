@@ -72,6 +72,7 @@ std::string versionIn(std::string_view resource) {
 
 /// The version of a file of any bitness. None of its code runs.
 std::string versionOf(const std::string& path) {
+    const NoSystemBoxes noBoxes;
     const ModuleHandle module(::LoadLibraryExW(WideName(path).c_str(), nullptr,
                                                LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE));
     if (!module)
@@ -104,6 +105,7 @@ std::string versionOfSystem() {
 std::string WindowsInspection::systemName() { return "Windows" + versionOfSystem(); }
 
 SystemError WindowsInspection::mayAddTo(const std::string& folder) {
+    const NoSystemBoxes noBoxes;
     constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     const FileHandle opened(::CreateFileW(WideName(folder).c_str(), FILE_ADD_FILE, shareAll, nullptr,
                                           OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS,

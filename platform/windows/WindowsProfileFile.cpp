@@ -6,6 +6,7 @@ namespace qrtVistrelClasses4 {
 
 std::string WindowsProfileFile::read(std::string_view section, std::string_view key,
                                      std::string_view defaultValue, std::size_t bufferSize) {
+    const NoSystemBoxes noBoxes;
     std::string buffer(bufferSize, '\0');
     const DWORD length = ::GetPrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(),
                                                     std::string(defaultValue).c_str(), buffer.data(),
@@ -23,6 +24,7 @@ void WindowsProfileFile::remove(std::string_view section, std::string_view key) 
 }
 
 void WindowsProfileFile::change(std::string_view section, std::string_view key, const char* value) {
+    const NoSystemBoxes noBoxes;
     const BOOL written = ::WritePrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(),
                                                       value, path_.c_str());
     if (!written && error_ == SystemError::none)

@@ -188,6 +188,16 @@ Result<std::string> WindowsRegistryStore::readString(const RegistryKey& key, std
     return stringIn(predefined(key.hive), key.path, name);
 }
 
+Result<std::string> WindowsRegistryStore::readAsText(const RegistryKey& key, std::string_view name) {
+    DWORD number = 0;
+    DWORD size = sizeof number;
+    const auto opened = openKey(key, KEY_QUERY_VALUE);
+    const bool isNumber =
+        opened && ::RegGetValueW(opened.value().get(), nullptr, wideText(name).c_str(), RRF_RT_REG_DWORD,
+                                 nullptr, &number, &size) == ERROR_SUCCESS;
+    return isNumber ? Result(std::to_string(number)) : readString(key, name);
+}
+
 SystemError WindowsRegistryStore::writeString(const RegistryKey& key, std::string_view name,
                                               std::string_view value) {
     return setStringIn(predefined(key.hive), key.path, name, value);

@@ -13,6 +13,7 @@ public:
     SystemError deleteValue(const RegistryKey& key, std::string_view name) override;
 
     Result<std::string> readString(const RegistryKey& key, std::string_view name) override;
+    Result<std::string> readAsText(const RegistryKey& key, std::string_view name) override;
     SystemError writeString(const RegistryKey& key, std::string_view name, std::string_view value) override;
 
     Result<std::vector<std::string>> subkeys(const RegistryKey& key) override;

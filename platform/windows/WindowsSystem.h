@@ -18,6 +18,23 @@ SystemError systemError(DWORD code);
 /// The meaning of the calling thread's last error.
 SystemError lastSystemError();
 
+/// While it exists, functions of the system that this thread calls fail where the system would otherwise show
+/// a box of its own, such as one that asks for a disk in the drive.
+class NoSystemBoxes {
+public:
+    NoSystemBoxes() { (void)::SetThreadErrorMode(::GetThreadErrorMode() | SEM_FAILCRITICALERRORS, &before_); }
+    ~NoSystemBoxes() {
+        const DWORD lastError = ::GetLastError(); // which belongs to the function that was called
+        (void)::SetThreadErrorMode(before_, nullptr);
+        ::SetLastError(lastError);
+    }
+    NoSystemBoxes(const NoSystemBoxes&) = delete;
+    NoSystemBoxes& operator=(const NoSystemBoxes&) = delete;
+
+private:
+    DWORD before_ = 0;
+};
+
 /// An open file, which the destructor closes.
 class FileHandle {
 public:

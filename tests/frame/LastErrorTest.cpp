@@ -111,6 +111,10 @@ TEST_P(LastErrors, ThatAreOnlyLoggedCountIfTheCallFailed) {
     EXPECT_EQ(last(commands), kNoSuchNumber);
     (void)commands.sCommandBytesByKey("x");
     EXPECT_EQ(last(commands), kNone);
+    for (const char* file : {"db/VistrelLite.dat", "VistrelLite.MRU"})
+        files().makeFolders(host_.inLibrary(file)); // which nobody can read
+    EXPECT_EQ(clsCommandInterface().LastErrorNumber(), 75);
+    EXPECT_EQ(MostRecentlyUsed().LastErrorNumber(), 75);
     SettingsInfoClass settings;
     files().put(host_.inLibrary("VistrelLite.ini"), "[VistrelLite]\r\nWizardMode=maybe\r\n");
     settings.GetSettingsFromDisk();

@@ -178,6 +178,24 @@ TEST(PosixSystem, TrustsTheTimeOfAFileOnceTheClockHasLeftIt) {
     }
 }
 
+TEST(LogFolder, IsInTheStateFolderOfTheUserUnlessThereIsAHome) {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {nullptr, nullptr, "/me/.local/state/qrtVistrelClasses4"},
+        {"/state", nullptr, "/state/qrtVistrelClasses4"},
+        {"state", nullptr, "/me/.local/state/qrtVistrelClasses4"},
+        {"/state", "/home", "(where other files are)"}};
+    const auto set = [](const char* name, const char* value) {
+        (void)(value ? ::setenv(name, value, 1) : ::unsetenv(name));
+    };
+    const auto in = [&](const char* state, const char* home) {
+        set("HOME", "/me"), set("XDG_STATE_HOME", state), set("VISTREL_HOME", home);
+        return makePlatform()->logFolder().value_or("(where other files are)");
+    };
+    for (const auto& [state, home, expected] : cases) // each in a process of its own
+        EXPECT_EXIT(std::exit(in(state, home) == expected ? 0 : 1), testing::ExitedWithCode(0), "")
+            << expected;
+}
+
 TEST(SharedFolder, IsBesideTheFolderOfTheProgramOrLibrary) {
     for (const char* folder : {"/usr/bin", "/usr/lib", "/usr/lib/x86_64-linux-gnu"})
         EXPECT_EQ(SharedFolder(folder), "/usr/share/vistrel") << folder;

@@ -46,6 +46,15 @@ TEST_F(DefaultErrorReport, GoesToTheLogAndToTheOperatorUnlessItIsQuietOrSwitched
     host_.machine.messageBoxes().isAttended = false;
     fail();
     EXPECT_EQ(host_.machine.console().error, report_) << "where nobody sees boxes";
+    host_.machine.environment["QRTVISTREL_UNATTENDED"] = "1";
+    fail();
+    EXPECT_EQ(host_.machine.console().error, report_ + report_) << "unattended, too";
+    host_.machine.messageBoxes().isAttended = true;
+    fail(true);
+    EXPECT_EQ(host_.machine.console().error, report_ + report_ + report_) << "which is in no log";
+    files().setReadOnly(path_, false);
+    fail();
+    EXPECT_EQ(host_.machine.console().error.size(), 3 * report_.size());
 }
 
 TEST_F(DefaultErrorReport, LetsNoTextMakeLinesOfItsOwnOrSteerATerminal) {

@@ -74,7 +74,7 @@ TEST_F(SettingsInfo, LoadsEachValueForItselfAndForgivingly) {
     EXPECT_EQ(settings.DefaultDelay(), 4) << "it kept what it had";
 }
 
-TEST_F(SettingsInfo, ReportsWhatCannotBeSaved) {
+TEST_F(SettingsInfo, ReportsWhatCannotBeSavedOrRead) {
     const std::string folder = host_.inLibrary("elsewhere");
     WriteSetting("Vistrel3", "Settings", "AppPath", folder);
     files().makeFolders(folder);
@@ -84,8 +84,17 @@ TEST_F(SettingsInfo, ReportsWhatCannotBeSaved) {
     files().setReadOnly(path);
     EXPECT_EQ(WritePreference(path, "Key", "refused").error.value().number(), 75);
     settings.WriteSetting("Key", "refused");
+    EXPECT_EQ(settings.LastErrorNumber(), 75);
     settings.SaveSettingsToDisk();
-    EXPECT_EQ(takeErrors(), Numbers{75}) << "but none for a single key, which interrupts nobody";
+    host_.failReads(1, 99);
+    settings.GetSettingsFromDisk();
+    EXPECT_EQ(settings.LastErrorNumber(), 75);
+    files().observer = nullptr;
+    std::vector<bool> areQuiet;
+    for (const ErrorReport& report : host_.reports.all)
+        areQuiet.push_back(report.error.isQuiet());
+    EXPECT_EQ(areQuiet, (std::vector{true, false, true})) << "a single key and loading interrupt nobody";
+    EXPECT_EQ(takeErrors(), (Numbers{75, 75, 75}));
     EXPECT_EQ(settings.GetPrivateSetting("Key", ""), "kept");
     EXPECT_EQ(files().fileNames(), Texts{path});
 }

@@ -27,9 +27,11 @@ TEST_F(Unattended, IsWhatTheEnvironmentSaysElseTheUserElseTheMachine) {
     EXPECT_FALSE(IsUnattended());
     store(RegistryHive::currentUser, "1");
     EXPECT_TRUE(IsUnattended());
-    set("0");
-    EXPECT_FALSE(IsUnattended());
-    for (const char* yes : {"1", "-1", "true", "yes"}) {
+    for (const char* no : {"0", " 0 ", "False ", " "}) {
+        set(no);
+        EXPECT_FALSE(IsUnattended()) << no;
+    }
+    for (const char* yes : {"1", "-1 ", "true", "yes", "no"}) {
         set(yes);
         EXPECT_TRUE(IsUnattended()) << yes;
     }
@@ -58,6 +60,14 @@ TEST_F(Unattended, LogsEveryBoxAndAnswersNo) {
     EXPECT_EQ(host_.machine.console().error, "");
     files().setReadOnly(host_.inLibrary("VistrelErrors.log"));
     EXPECT_FALSE(AskWhetherToOpenLegacyPlayfile()) << "also without a log";
+    EXPECT_TRUE(host_.machine.console().error.ends_with("Answer: No\r\n")) << "which is not silent";
+    const std::string local = host_.machine.specialFolders[kLocalDataFolder] = host_.inLibrary("local");
+    files().makeFolders(local);
+    EXPECT_FALSE(AskWhetherToOpenLegacyPlayfile());
+    EXPECT_TRUE(files()
+                    .content(JoinPath(JoinPath(local, "qrtVistrelClasses4"), "VistrelErrors.log"))
+                    .value_or("")
+                    .ends_with("Answer: No\r\n"));
 }
 
 } // namespace
