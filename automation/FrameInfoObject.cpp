@@ -127,8 +127,8 @@ private:
 
     /// Only clipboards are set to new objects.
     void fill(IDispatch& given, IDispatch& made) override {
-        *coreOf(static_cast<_FrameInfoClass*>(&given)) =
-            std::move(*coreOf(static_cast<_FrameInfoClass*>(&made)));
+        coreOf(static_cast<_FrameInfoClass*>(&given))
+            ->TakeOver(*coreOf(static_cast<_FrameInfoClass*>(&made)));
     }
 
     /// False after an error, which is trapped as those of saving and exporting are.

@@ -31,9 +31,6 @@ public:
     ~FrameInfoClass();
     FrameInfoClass(const FrameInfoClass&) = delete;
     FrameInfoClass& operator=(const FrameInfoClass&) = delete;
-    /// Takes over the playfile, the cursors and everything else that is set in `other`, which has no frames
-    /// afterwards.
-    FrameInfoClass& operator=(FrameInfoClass&& other) noexcept;
 
     static constexpr std::string_view ClassName() { return "FrameInfoClass"; }
 
@@ -42,6 +39,9 @@ public:
     const Playfile& Value() const { return playfile_; }
     /// Replaces the playfile by `playfile`. The cursors stay.
     void Adopt(Playfile playfile);
+    /// Takes over the playfile, the cursors and everything else that is set in `other`, which has no frames
+    /// afterwards. Nothing changes if `other` is this object.
+    void TakeOver(FrameInfoClass& other) noexcept;
 
     // The playfile.
 
@@ -288,6 +288,8 @@ public:
     LastError& RememberedError() { return lastError_; }
 
 private:
+    friend struct LastErrorAccess;
+
     const FrameRecord& currentFrame() const { return playfile_.frames.at(currentFrameNumber_); }
     FrameRecord& currentFrame() { return playfile_.frames.at(currentFrameNumber_); }
 
