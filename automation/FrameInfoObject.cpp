@@ -1,11 +1,8 @@
 #include "automation/HostListControl.h"
 #include "automation/PublicClasses.h"
-#include "frame/SystemErrors.h"
-#include "frame/Traced.h"
-#include "playfile/FrameProcedures.h"
-#include <qrtVistrelClasses4/DisplayRecord.h>
+#include "preview/PictureMember.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
-#include <qrtVistrelClasses4/FramePicture.h>
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <qrtVistrelClasses4Members.h>
 
@@ -80,7 +77,8 @@ public:
     }
     STDMETHODIMP SavePictureOfFrame(short iFrameNum, BSTR sFileName, short iScale,
                                     VARIANT_BOOL* result) override {
-        return runInto(result, [&] { return savePicture(iFrameNum, NarrowText(sFileName), iScale); });
+        return runInto(result,
+                       [&] { return SavePictureAsMember(*core_, iFrameNum, NarrowText(sFileName), iScale); });
     }
 
     // Editing.
@@ -129,22 +127,6 @@ private:
     void fill(IDispatch& given, IDispatch& made) override {
         coreOf(static_cast<_FrameInfoClass*>(&given))
             ->TakeOver(*coreOf(static_cast<_FrameInfoClass*>(&made)));
-    }
-
-    /// False after an error, which is trapped as those of saving and exporting are.
-    bool savePicture(std::int16_t iFrameNum, const std::string& sFileName, std::int16_t iScale) {
-        return traced(
-            {core_->RememberedError(), FrameFunction("SavePictureOfFrame")},
-            [&] {
-                DisplayRecord sign;
-                sign.DisplayWidth = core_->DisplayWidth();
-                sign.DisplayHeight = core_->DisplayHeight();
-                Check(qrtVistrelClasses4::SavePictureOfFrame(core_->Value(), iFrameNum, SignLookOf(sign),
-                                                             sFileName, iScale)
-                          .error);
-                return true;
-            },
-            Arg{"iFrameNum", iFrameNum}, Arg{"sFileName", sFileName}, Arg{"iScale", iScale});
     }
 
     using ClipboardOperation = void (Core::*)(std::int16_t&, std::int16_t&, std::shared_ptr<Core>&);
