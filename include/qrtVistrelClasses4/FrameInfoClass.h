@@ -95,6 +95,8 @@ public:
     /// reads as the name of `FRAME_TYPES` that has its number; see `FrameTypes.h`. A number beyond 16 bits is
     /// error 6.
     FRAME_TYPES FrameType() const { return read<&FrameRecord::FrameType>(); }
+    /// Stores the number of `vData`, for callers that hold a stored number. Its names mislead:
+    /// `FRAME_TYPES::FRAME_TEXT` stores 3, which is graphic with text. Pass `NEW_FRAME_TYPES` to name a kind.
     void FrameType(FRAME_TYPES vData) { write<&FrameRecord::FrameType>(vData); }
     /// The same property under the type that its numbers have.
     NEW_FRAME_TYPES NewFrameType() const { return MeaningOf(FrameType()); }
