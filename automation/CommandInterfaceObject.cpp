@@ -39,6 +39,7 @@ public:
     }
     STDMETHODIMP get_sCommandBytesByKey(BSTR sKey, BSTR* result) override {
         if (result && !holdsBytes(sKey)) { // no row has such a key, and an unknown key is returned unchanged
+            lastError().begin();
             *result = SysAllocStringLen(sKey, SysStringLen(sKey));
             return *result ? S_OK : E_OUTOFMEMORY;
         }

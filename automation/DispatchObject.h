@@ -6,6 +6,9 @@
 #include "automation/InterfaceTable.h"
 #include "automation/LateBoundCall.h"
 #include "automation/Values.h"
+#include "frame/ErrorTrap.h"
+#include "frame/LastErrorAccess.h"
+#include "frame/ObjectCall.h"
 
 #include <ocidl.h>
 #include <ole2.h>
@@ -58,12 +61,22 @@ public:
 protected:
     using Core = CoreClass;
 
-    /// Runs the body of a member. Returns S_OK, or the result code of the error that the body throws. The
-    /// object lives until the body has ended, even if a callback releases its last reference.
+    LastError& lastError() const { return LastErrorAccess::of(*core_); }
+
+    /// Runs the body of a member. Returns S_OK, or the result code of the error that the body throws, which
+    /// is the object's last error then, whoever threw it. The object lives until the body has ended, even if
+    /// a callback releases its last reference.
     template <class Body>
     HRESULT run(Body body) {
         const ComPtr<Interface> alive(this);
-        return ResultOf(__uuidof(Interface), body);
+        return ResultOf(__uuidof(Interface), [&] {
+            try {
+                return body();
+            } catch (...) {
+                NoteCurrentError(ObjectCall(lastError()));
+                throw;
+            }
+        });
     }
     /// Runs the body of a member like `run`, and stores the body's value in `*result`. After an error
     /// `*result` is empty.

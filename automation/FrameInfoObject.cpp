@@ -1,12 +1,9 @@
 #include "automation/HostListControl.h"
 #include "automation/PublicClasses.h"
-#include "frame/SystemErrors.h"
-#include "frame/Traced.h"
-#include "playfile/FrameProcedures.h"
-#include "validation/MachineCircumstances.h"
-#include <qrtVistrelClasses4/DisplayRecord.h>
+#include "preview/PictureMember.h"
+#include "validation/ValidationMember.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
-#include <qrtVistrelClasses4/FramePicture.h>
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <qrtVistrelClasses4Members.h>
 
@@ -81,12 +78,13 @@ public:
     }
     STDMETHODIMP SavePictureOfFrame(short iFrameNum, BSTR sFileName, short iScale,
                                     VARIANT_BOOL* result) override {
-        return runInto(result, [&] { return savePicture(iFrameNum, NarrowText(sFileName), iScale); });
+        return runInto(result,
+                       [&] { return SavePictureAsMember(*core_, iFrameNum, NarrowText(sFileName), iScale); });
     }
     STDMETHODIMP ValidateThisPlayfile(VARIANT* sReport, VARIANT_BOOL* result) override {
         return runInto(result, [&] {
             std::string report;
-            const bool isValid = validate(report);
+            const bool isValid = ValidateAsMember(*core_, report);
             if (sReport)
                 PutText(WideText(report), *sReport);
             return isValid;
@@ -137,41 +135,8 @@ private:
 
     /// Only clipboards are set to new objects.
     void fill(IDispatch& given, IDispatch& made) override {
-        *coreOf(static_cast<_FrameInfoClass*>(&given)) =
-            std::move(*coreOf(static_cast<_FrameInfoClass*>(&made)));
-    }
-
-    /// False after an error, which is trapped as those of saving and exporting are.
-    bool savePicture(std::int16_t iFrameNum, const std::string& sFileName, std::int16_t iScale) {
-        return traced(
-            {core_->RememberedError(), FrameFunction("SavePictureOfFrame")},
-            [&] {
-                DisplayRecord sign;
-                sign.DisplayWidth = core_->DisplayWidth();
-                sign.DisplayHeight = core_->DisplayHeight();
-                Check(qrtVistrelClasses4::SavePictureOfFrame(core_->Value(), iFrameNum, SignLookOf(sign),
-                                                             sFileName, iScale)
-                          .error);
-                return true;
-            },
-            Arg{"iFrameNum", iFrameNum}, Arg{"sFileName", sFileName}, Arg{"iScale", iScale});
-    }
-
-    /// Appends a line for each finding to `sReport`. False if one is an error, or after an error, which is
-    /// trapped.
-    bool validate(std::string& sReport) {
-        return traced(
-            {core_->RememberedError(), FrameFunction("ValidateThisPlayfile")},
-            [&] {
-                ValidationCircumstances known =
-                    CircumstancesOfMachine({core_->DisplayWidth(), core_->DisplayHeight()});
-                known.framesAllowed = core_->TotalFramesAllowed();
-                const std::vector<Finding> findings = Validate(core_->Value(), known);
-                for (const Finding& finding : findings)
-                    (sReport += sReport.empty() ? "" : "\r\n") += TextOf(finding);
-                return !HasErrors(findings);
-            },
-            Arg{"sReport", sReport});
+        coreOf(static_cast<_FrameInfoClass*>(&given))
+            ->TakeOver(*coreOf(static_cast<_FrameInfoClass*>(&made)));
     }
 
     using ClipboardOperation = void (Core::*)(std::int16_t&, std::int16_t&, std::shared_ptr<Core>&);

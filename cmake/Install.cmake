@@ -36,9 +36,14 @@ get_target_property(library qrtVistrelClasses4 OUTPUT_NAME)
 if(NOT library)
     set(library qrtVistrelClasses4)
 endif()
-# The installed package may be moved: its prefix is found from the folder that the file is in.
-file(RELATIVE_PATH prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
-string(REGEX REPLACE "/$" "" prefix ${prefix})
+# The installed package may be moved: its prefix is found from the folder that the file is in, unless that is absolute.
+set(prefix ${CMAKE_INSTALL_PREFIX})
+if(NOT IS_ABSOLUTE ${CMAKE_INSTALL_LIBDIR})
+    file(RELATIVE_PATH prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+    string(REGEX REPLACE "/$" "" prefix "\${pcfiledir}/${prefix}")
+endif()
+cmake_path(APPEND libdir "\${prefix}" ${CMAKE_INSTALL_LIBDIR}) # which is the latter alone if that is absolute
+cmake_path(APPEND includedir "\${prefix}" ${CMAKE_INSTALL_INCLUDEDIR})
 configure_file(${PROJECT_SOURCE_DIR}/cmake/qrtVistrelClasses4.pc.in ${PROJECT_BINARY_DIR}/qrtVistrelClasses4.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/qrtVistrelClasses4.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
     COMPONENT development)

@@ -38,7 +38,16 @@ FrameInfoClass::~FrameInfoClass() {
     traced({lastError_, FrameSub("Class_Terminate")}, [] {});
 }
 
-FrameInfoClass& FrameInfoClass::operator=(FrameInfoClass&& other) noexcept {
+void FrameInfoClass::Adopt(Playfile playfile) {
+    lastError_.begin();
+    playfile_ = std::move(playfile);
+    checkLinesFrom(1);
+}
+
+void FrameInfoClass::TakeOver(FrameInfoClass& other) noexcept {
+    lastError_.begin();
+    if (&other == this)
+        return;
     playfile_ = std::move(other.playfile_);
     firstFrameToCheck_ = other.firstFrameToCheck_;
     currentFrameNumber_ = other.currentFrameNumber_;
@@ -48,13 +57,6 @@ FrameInfoClass& FrameInfoClass::operator=(FrameInfoClass&& other) noexcept {
     totalFramesAllowed_ = other.totalFramesAllowed_;
     playFileHasChanged_ = other.playFileHasChanged_;
     suppressMessages_ = other.suppressMessages_;
-    return *this;
-}
-
-void FrameInfoClass::Adopt(Playfile playfile) {
-    lastError_.begin();
-    playfile_ = std::move(playfile);
-    checkLinesFrom(1);
 }
 
 // Properties: once for each place that a value can be in.

@@ -6,6 +6,7 @@
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
 #include "playfile/ReferenceFinder.h"
+#include "preview/PictureSize.h"
 #include <qrtVistrelClasses4/CommandTableFile.h>
 #include <qrtVistrelClasses4/FramePainter.h>
 #include <qrtVistrelClasses4/LedPainter.h>
@@ -41,14 +42,10 @@ std::optional<DotSize> preferredSize() {
 DotSize pictureSize(DotSize sign, int scale) {
     if (scale < 1 || scale > kLargestPictureScale)
         throw RuntimeError(ErrorNumber::invalidProcedureCall);
-    const LedPainter leds(scale);
-    const std::int64_t width = leds.sizeOf(sign.width);
-    const std::int64_t height = leds.sizeOf(sign.height);
-    if (width * height > kMostPixelsInPicture)
-        throw RuntimeError(static_cast<int>(ErrorNumber::invalidProcedureCall),
-                           "A picture of " + std::to_string(width) + " x " + std::to_string(height) +
-                               " pixels is too large");
-    return {static_cast<std::int32_t>(width), static_cast<std::int32_t>(height)};
+    const PictureSize size = PictureSize::ofLeds(LedPainter(scale), sign);
+    if (!size.isDrawn())
+        throw RuntimeError(static_cast<int>(ErrorNumber::invalidProcedureCall), "A " + size.refusal());
+    return size.pixels();
 }
 
 /// Writes the picture from its lowest rows to its topmost ones, as BMP files have them.

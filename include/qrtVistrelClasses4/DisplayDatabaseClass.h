@@ -217,6 +217,8 @@ public:
     std::string LastErrorDescription() const { return lastError_.description(); }
 
 private:
+    friend struct LastErrorAccess;
+
     template <const auto& table, auto member>
     using Property = typename std::remove_cvref_t<decltype(kRowOf<table, member>)>::Property;
 

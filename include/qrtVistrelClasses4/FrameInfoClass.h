@@ -31,9 +31,6 @@ public:
     ~FrameInfoClass();
     FrameInfoClass(const FrameInfoClass&) = delete;
     FrameInfoClass& operator=(const FrameInfoClass&) = delete;
-    /// Takes over the playfile, the cursors and everything else that is set in `other`, which has no frames
-    /// afterwards.
-    FrameInfoClass& operator=(FrameInfoClass&& other) noexcept;
 
     static constexpr std::string_view ClassName() { return "FrameInfoClass"; }
 
@@ -42,6 +39,9 @@ public:
     const Playfile& Value() const { return playfile_; }
     /// Replaces the playfile by `playfile`. The cursors stay.
     void Adopt(Playfile playfile);
+    /// Takes over the playfile, the cursors and everything else that is set in `other`, which has no frames
+    /// afterwards. Nothing changes if `other` is this object.
+    void TakeOver(FrameInfoClass& other) noexcept;
 
     // The playfile.
 
@@ -95,6 +95,8 @@ public:
     /// reads as the name of `FRAME_TYPES` that has its number; see `FrameTypes.h`. A number beyond 16 bits is
     /// error 6.
     FRAME_TYPES FrameType() const { return read<&FrameRecord::FrameType>(); }
+    /// Stores the number of `vData`, for callers that hold a stored number. Its names mislead:
+    /// `FRAME_TYPES::FRAME_TEXT` stores 3, which is graphic with text. Pass `NEW_FRAME_TYPES` to name a kind.
     void FrameType(FRAME_TYPES vData) { write<&FrameRecord::FrameType>(vData); }
     /// The same property under the type that its numbers have.
     NEW_FRAME_TYPES NewFrameType() const { return MeaningOf(FrameType()); }
@@ -284,10 +286,10 @@ public:
     /// Untraced.
     std::int32_t LastErrorNumber() const { return lastError_.number(); }
     std::string LastErrorDescription() const { return lastError_.description(); }
-    /// For procedures that scripts know as members of this class, but that are declared elsewhere.
-    LastError& RememberedError() { return lastError_; }
 
 private:
+    friend struct LastErrorAccess;
+
     const FrameRecord& currentFrame() const { return playfile_.frames.at(currentFrameNumber_); }
     FrameRecord& currentFrame() { return playfile_.frames.at(currentFrameNumber_); }
 

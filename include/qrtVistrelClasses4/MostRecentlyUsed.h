@@ -60,6 +60,8 @@ public:
     std::string LastErrorDescription() const { return lastError_.description(); }
 
 private:
+    friend struct LastErrorAccess;
+
     void AddEntry(const std::string& sFileName);
     /// False if it failed; the file is then unchanged.
     bool RemoveEntry(const std::string& sFileName);

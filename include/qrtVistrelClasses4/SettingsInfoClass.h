@@ -147,6 +147,8 @@ public:
     std::string LastErrorDescription() const { return lastError_.description(); }
 
 private:
+    friend struct LastErrorAccess;
+
     template <class T>
     T readOwn(T field) const {
         lastError_.begin();

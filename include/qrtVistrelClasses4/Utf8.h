@@ -11,10 +11,10 @@ namespace QRT_PUBLIC qrtVistrelClasses4 {
 
 /// Every byte is one character; the five that the code page leaves undefined (81, 8D, 8F, 90, 9D) become the
 /// control characters of the same number, so that nothing is lost.
-std::string Utf8FromAnsi(std::string_view ansi);
+QRT_PUBLIC std::string Utf8FromAnsi(std::string_view ansi);
 
 /// The reverse of `Utf8FromAnsi`. Returns nothing if `utf8` is not UTF-8 or has a character that the code
 /// page lacks.
-std::optional<std::string> AnsiFromUtf8(std::string_view utf8);
+QRT_PUBLIC std::optional<std::string> AnsiFromUtf8(std::string_view utf8);
 
 } // namespace qrtVistrelClasses4

@@ -51,6 +51,8 @@ public:
     std::string LastErrorDescription() const { return lastError_.description(); }
 
 private:
+    friend struct LastErrorAccess;
+
     void LoadCommandTable();
     void SaveCommandTable();
     void BuildBuiltInCommands();

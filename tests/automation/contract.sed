@@ -16,15 +16,16 @@ s/\ninterface/\ndual interface/g
 s/\ncoclass/\nclass/g
 s/(SAFEARRAY\S*) (\w+);/\2 \1/g
 s/\n\[default\] interface (\w+);/ \1/g
-# Members. A value that is put has no name.
+# Members. A value that is put has no name. Without a default, an optional argument is 0.
 s/PROPERTY\(([0-9]+), (\w+), (\w+)\);/    \1 get put \3 \2/g
 s/\[(prop(get|put), )?id\(([0-9]+)\)\] HRESULT ([^;]*);/    \3 \2 \4 HRESULT/g
 s/(\n    [0-9]+ ) /\1/g
-s/, defaultvalue\([0-9]+\)//g
+s/, defaultvalue\(0\)//g
+s/(optional), defaultvalue\(([0-9]+)\)/\1 \2/g
 :flags
 s/(\[[a-z ]+), /\1 /
 t flags
-s/\[([a-z ]+)\]/\1/g
+s/\[([a-z0-9 ]+)\]/\1/g
 :put
 s/( put [^\n]*in \w+) \w+/\1/
 t put

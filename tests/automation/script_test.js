@@ -13,7 +13,7 @@ function errorOf(action) {
         action();
         return "none";
     } catch (error) {
-        return "refused, " + names(frames);
+        return "refused, " + frames.LastErrorNumber + names(frames);
     }
 }
 
@@ -45,7 +45,9 @@ var frames = newPlayfile("ABCDEF");
 var clipboard = newPlayfile("xyz");
 var sameObject = clipboard;
 clipboard.DisplayWidth = 96;
+clipboard.FrameName = clipboard.CurrentFrame = 4;
 frames.CopyInfo(4, 2, clipboard);
+check("it has no error any more", clipboard.LastErrorNumber, 0);
 check("copying fills the object that was passed", clipboard.TotalFrames + names(clipboard) + names(sameObject), "3BCDBCD");
 check("it is as a new object", clipboard.DisplayWidth + " " + clipboard.TotalFramesAllowed,
       frames.DisplayWidth + " " + frames.TotalFramesAllowed);
@@ -56,11 +58,11 @@ frames.CopyInfo(5, 9, clipboard);
 check("frames that do not exist give twenty empty ones", names(clipboard), "--------------------");
 frames.CutInfo(1, 1, undefined);
 check("without an object, nothing is filled", names(frames), "DEABF");
-check("a value of another kind is refused", errorOf(function () { frames.CutInfo(1, 1, null); }), "refused, DEABF");
-check("the object itself is no clipboard", errorOf(function () { frames.CutInfo(1, 2, frames); }), "refused, DEABF");
+check("a value of another kind is refused", errorOf(function () { frames.CutInfo(1, 1, null); }), "refused, 0DEABF");
+check("the object itself is no clipboard", errorOf(function () { frames.CutInfo(1, 2, frames); }), "refused, 5DEABF");
 check("nor is an object of another class", errorOf(function () {
     frames.CutInfo(1, 2, create("MostRecentlyUsed"));
-}), "refused, DEABF");
+}), "refused, 0DEABF");
 
 var files = new ActiveXObject("Scripting.FileSystemObject");
 frames.DisplayWidth = 10;
@@ -145,6 +147,11 @@ var commands = create("clsCommandInterface"), recent = create("MostRecentlyUsed"
 commands.sCommandBytesByKey("##JS") = "\x07";
 check("a command has its bytes", commands.sCommandBytesByKey("##JS"), "\x07");
 check("without an error", commands.LastErrorNumber, 0);
+try {
+    commands.sCommandBytesByKey("\u0100") = "\x07";
+} catch (error) {
+    check("keys are bytes", commands.LastErrorNumber + commands.sCommandBytesByKey("\u0100") + commands.LastErrorNumber, "5\u01000");
+}
 recent.AddFileToMostRecentlyUsedList("script.playfile");
 check("the newest file comes first", recent.GetFirstFileName(), "script.playfile");
 recent.RemoveFileFromMostRecentlyUsed("SCRIPT.playfile");

@@ -57,6 +57,7 @@ TEST_P(LastErrors, AreThoseOfTheLastCallHoweverItFailed) {
         [&] { frames.MoveFrame(1, 2); },
         [&] { (void)frames.HowManyUsedFramesAreThere(); },
         [&] { frames.Adopt(Playfile(frames.Value())); },
+        [&] { frames.TakeOver(frames); },
     };
     for (const auto& fail : failures)
         for (const auto& succeed : successes) {

@@ -22,6 +22,9 @@ static_assert(moveWithoutExceptions<Playfile, FrameRecord, LineRecord, SignList,
 static_assert(
     moveWithoutExceptions<LoadOutcome, SaveOutcome, SignListOutcome, SignListSaving, PreferencesOutcome,
                           WrittenPreference, RecentFilesOutcome, CommandTableOutcome, SavedCommandTable>);
+#if QRT_VERSION_MAJOR != 4 || QRT_VERSION_MINOR < 0 || QRT_VERSION_PATCH < 0
+#error "This program is for version 4"
+#endif
 static_assert(kVersionMajor == 4 && kVersion.starts_with("4."));
 
 int main(int, char** arguments) {

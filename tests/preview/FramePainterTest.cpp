@@ -4,7 +4,9 @@
 #include "media/BmpFile.h"
 #include "media/BmpTesting.h"
 #include "platform/Path.h"
+#include "preview/PictureMember.h"
 #include <qrtVistrelClasses4/DisplayRecord.h>
+#include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/FramePicture.h>
 #include <qrtVistrelClasses4/FrameSheet.h>
 #include <qrtVistrelClasses4/FrameTypes.h>
@@ -248,6 +250,13 @@ TEST_F(Frames, AreSavedAsPictures) {
     sign.size.reset();
     EXPECT_TRUE(SavePictureOfFrame(playfile, 1, sign, path, 1).faults.at(0).frame == 1);
     EXPECT_EQ(file()->size(), (DotSize{130, 66})) << "as large as the preferences say";
+    FrameInfoClass member;
+    member.Adopt(playfile);
+    EXPECT_TRUE(SavePictureAsMember(member, 1, path, 1));
+    const std::vector<ErrorReport> reports = std::exchange(host_.reports.all, {});
+    ASSERT_FALSE(reports.empty());
+    EXPECT_EQ(reports[0].error.description(), "Frame 1, line 1: the font lacks ?");
+    EXPECT_EQ(member.LastErrorNumber(), 0);
 }
 
 TEST_F(Frames, BecomeASheetOfLedsInStrips) {

@@ -1,8 +1,6 @@
 #include "tools/preview/Faults.h"
 
-#include "media/BmpFile.h"
-#include "platform/Path.h"
-#include "tools/program/Encoding.h"
+#include "preview/FaultText.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -16,55 +14,8 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// The name of a font's file without its folder: the file was looked for in several.
-std::string fontName(const std::string& path) {
-    const std::string name(SplitPath(path).name);
-    return Utf8FromName(name.empty() ? path : name);
-}
-
-/// What is wrong with a font.
-std::string textOfFontFault(const PreviewFault& fault) {
-    using enum PreviewFault::What;
-    if (fault.what == unnamedFont)
-        return "a custom font has no name";
-    if (fault.what == unknownFontNumber)
-        return "there is no font " + fault.name;
-    if (fault.what == missingFont)
-        return "the font " + fontName(fault.name) + " is missing";
-    const std::string font = "the font " + Utf8FromName(fault.name);
-    return fault.error ? font + " cannot be read: " + TextOf(*fault.error) : font + " is cut short";
-}
-
-void addFontFault(const PreviewFault& fault, ErrorLines& errors) {
-    if (fault.what == PreviewFault::What::noFonts)
-        errors.add("there are no fonts: put the font files of the sign into " + Utf8FromName(fault.name) +
-                   ", or use --home with a folder that has them in \"bin\"");
-    else
-        errors.add(textOfFontFault(fault) +
-                   (fault.isReplaced ? "; font 0 is used instead" : "; its lines stay empty"));
-}
-
-/// Characters of a font with blanks between them. A blank itself is in quotation marks.
-std::string listOfCharacters(const std::string& characters) {
-    std::string list;
-    for (const char character : characters)
-        list += (list.empty() ? "" : " ") +
-                (character == ' ' ? std::string("\" \"") : Utf8FromAnsi(std::string(1, character)));
-    return list;
-}
-
-/// What is wrong in a frame or one of its lines.
 std::string textOfFault(const PreviewFault& fault) {
-    using enum PreviewFault::What;
-    if (fault.what == lackingCharacters)
-        return "the font lacks " + listOfCharacters(fault.name);
-    if (fault.what == cutText)
-        return "the text is cut at the edge of the sign";
-    if (fault.what == missingPicture)
-        return Utf8FromName(fault.name) + " is missing";
-    const std::string side = std::to_string(kLargestBmpSide);
-    return Utf8FromName(SplitPath(fault.name).name) +
-           " cannot be drawn: it is not an uncompressed BMP of up to " + side + " x " + side + " pixels";
+    return TextOfFault(fault, fault.error ? TextOf(*fault.error) : std::string());
 }
 
 /// Faults that are the same in several frames.
@@ -112,7 +63,9 @@ void AddFaults(const std::vector<PreviewFault>& faults, ErrorLines& errors) {
     std::map<std::tuple<PreviewFault::What, std::int32_t, std::string>, std::size_t> known;
     for (const PreviewFault& fault : faults) {
         if (fault.frame == 0) {
-            addFontFault(fault, errors);
+            const bool areMissing = fault.what == PreviewFault::What::noFonts;
+            errors.add(textOfFault(fault) +
+                       (areMissing ? ", or use --home with a folder that has them in \"bin\"" : ""));
             continue;
         }
         const auto [equal, isNew] = known.try_emplace({fault.what, fault.line, fault.name}, together.size());

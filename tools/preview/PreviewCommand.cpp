@@ -2,6 +2,7 @@
 #include "frame/SystemErrors.h"
 #include "platform/Platform.h"
 #include "playfile/ReferenceFinder.h"
+#include "preview/PictureSize.h"
 #include "tools/commands/StoredCommands.h"
 #include "tools/playfile/Opening.h"
 #include "tools/preview/Faults.h"
@@ -110,15 +111,12 @@ private:
     }
     int scaleOr(int usual) const { return options_.scale > 0 ? options_.scale : usual; }
 
-    static bool fits(std::int64_t width, std::int64_t height) {
-        return width <= kLargestSide && height <= kLargestSide && width * height <= kMostPixelsInPicture;
-    }
+    static PictureSize sizeOf(const FrameSheet& sheet) { return {sheet.width(), sheet.height()}; }
     /// False, after adding an error, if the picture would be too large.
-    bool isDrawable(std::int64_t width, std::int64_t height) {
-        if (fits(width, height))
+    bool isDrawable(const PictureSize& size) {
+        if (size.isDrawn(kLargestSide))
             return true;
-        session_.errors.add("a picture of " + std::to_string(width) + " x " + std::to_string(height) +
-                            " pixels is too large: at most " + std::to_string(kMostPixelsInPicture) +
+        session_.errors.add("a " + size.refusal() + ": at most " + std::to_string(kMostPixelsInPicture) +
                             " are drawn, and " + std::to_string(kLargestSide) + " along a side");
         return false;
     }
@@ -142,11 +140,10 @@ private:
 
     ExitCode drawFrame(std::int32_t number) {
         LedPainter leds(scaleOr(kUsualPictureScale));
-        const std::int64_t width = leds.sizeOf(size_.width);
-        const std::int64_t height = leds.sizeOf(size_.height);
-        if (!isDrawable(width, height))
+        const PictureSize size = PictureSize::ofLeds(leds, size_);
+        if (!isDrawable(size))
             return ExitCode::failed;
-        Raster picture(static_cast<std::int32_t>(width), static_cast<std::int32_t>(height));
+        Raster picture(size.pixels().width, size.pixels().height);
         draw({number, number},
              [&](std::int32_t, const PixelBuffer& dots) { leds.draw(dots, picture, 0, 0); });
         return save(
@@ -158,17 +155,15 @@ private:
         const std::int32_t count = shown_.last;
         FrameSheet sheet(count, size_, scaleOr(kScaleOfSheet));
         for (int scale = kScaleOfSheet - 1;
-             scale >= 1 && !options_.scale && !fits(sheet.width(), sheet.height()); --scale)
+             scale >= 1 && !options_.scale && !sizeOf(sheet).isDrawn(kLargestSide); --scale)
             sheet = FrameSheet(count, size_, scale);
-        if (!isDrawable(sheet.width(), sheet.height()))
+        if (!isDrawable(sizeOf(sheet)))
             return ExitCode::failed;
-        const DotSize size{static_cast<std::int32_t>(sheet.width()),
-                           static_cast<std::int32_t>(sheet.height())};
         const auto captionOf = [&](std::int32_t number) { return caption(number); };
         const auto drawStrips = [&](const OnStrip& onStrip) {
             sheet.draw(frames_, painter_, captionOf, onStrip);
         };
-        return save(size, drawStrips, Counted(count, "frame"), 0);
+        return save(sizeOf(sheet).pixels(), drawStrips, Counted(count, "frame"), 0);
     }
 
     /// Saves a picture of `size` pixels. It is drawn twice, so that it never has to be in memory as a whole.
