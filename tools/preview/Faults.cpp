@@ -53,11 +53,6 @@ struct EqualFaults {
 
 } // namespace
 
-void AddFaults(const std::vector<FontFault>& faults, ErrorLines& errors) {
-    for (const FontFault& fault : faults)
-        addFontFault(PreviewFaultOf(fault), errors);
-}
-
 void AddFaults(const std::vector<PreviewFault>& faults, ErrorLines& errors) {
     std::vector<EqualFaults> together;
     std::map<std::tuple<PreviewFault::What, std::int32_t, std::string>, std::size_t> known;
@@ -75,6 +70,13 @@ void AddFaults(const std::vector<PreviewFault>& faults, ErrorLines& errors) {
     }
     for (const EqualFaults& equal : together)
         errors.add(equal.text());
+}
+
+void AddFaults(const std::vector<FontFault>& faults, ErrorLines& errors) {
+    std::vector<PreviewFault> shown;
+    for (const FontFault& fault : faults)
+        shown.push_back(PreviewFaultOf(fault));
+    AddFaults(shown, errors);
 }
 
 } // namespace qrtVistrelClasses4
