@@ -41,14 +41,14 @@ inline constexpr std::array kRules{
     Rule{"unknown-frame-type", Severity::error, "The number of a frame's type is none that signs know.", ""},
 
     Rule{"loop-without-end", Severity::warning, "A loop starts and never ends, so that its frames run once.", ""},
-    Rule{"end-without-start", Severity::warning, "A loop ends that was never started.", "Sets the suffix code to 0."},
+    Rule{"end-without-start", Severity::warning, "A loop ends that was never started.", "Sets the suffix code to 0 if no faulty start is before it."},
     Rule{"loop-reversed", Severity::warning, "A loop ends before it starts.", ""},
     Rule{"loop-nested", Severity::note, "A loop lies within another one, so that their counts multiply.", ""},
-    Rule{"loop-without-count", Severity::warning, "A loop starts without a number of rounds.", "Sets the prefix code to 0."},
+    Rule{"loop-without-count", Severity::warning, "A loop starts without a number of rounds.", "Sets the prefix code to 0 if no end follows."},
     Rule{"loop-count-too-large", Severity::error, "A loop is to run more often than 99 times.", ""},
     Rule{"loop-once", Severity::note, "A loop runs once, as its frames would without it.", ""},
     Rule{"empty-loop", Severity::warning, "No frame of a loop shows or sends anything.", ""},
-    Rule{"loop-in-blank-frame", Severity::warning, "A blank frame starts or ends a loop; the sign skips it.", "Sets the code to 0."},
+    Rule{"loop-in-blank-frame", Severity::warning, "A blank frame starts or ends a loop; the sign skips it.", "Sets the code to 0 if no end follows, or no start is before it."},
     Rule{"loops-beyond-a-day", Severity::warning, "Loops make the playfile run longer than a day.", ""},
     Rule{"playback-too-long", Severity::error, "Loops make the playfile longer than play time is counted.", ""},
 
