@@ -2,6 +2,7 @@
 #include "frame/Conversions.h"
 #include "playfile/Effects.h"
 #include "validation/Rules.h"
+#include <qrtVistrelClasses4/PlayTime.h>
 #include <qrtVistrelClasses4/Playback.h>
 
 #include <algorithm>
@@ -79,14 +80,15 @@ void checkCodes(const FrameRecord& frame, std::int32_t number, const LoopCodes& 
     }
 }
 
-/// Whether the frame shows something that can be seen, or sends a file.
+/// Whether the frame shows something that can be seen, sends a file, or plays a sound.
 bool showsSomething(const FrameRecord& frame) {
     const bool hasVisibleText =
         HasText(frame) && std::any_of(frame.lines.begin(), frame.lines.end(), [](const LineRecord& line) {
             return line.Inverse || HasVisibleText(line);
         });
     return hasVisibleText || (HasPicture(frame) && !frame.PicturefileName.empty()) ||
-           (KindOf(frame) == NEW_FRAME_TYPES::FRAME_CMD && !frame.commandfile.empty());
+           (KindOf(frame) == NEW_FRAME_TYPES::FRAME_CMD && !frame.commandfile.empty()) ||
+           !frame.AudioFile.empty();
 }
 
 /// An end without a start belongs to the next start without an end, if there is one: somebody has mixed up
@@ -185,7 +187,7 @@ void checkLength(const Playfile& playfile, const LoopsOfPlayfile& loops, Finding
         if (!IsUsed(frame))
             continue;
         rounds.start(number);
-        const double delay = std::isfinite(frame.DelayTime) ? std::max(frame.DelayTime, 0.0) : 0;
+        const double delay = CountedDelay(frame);
         steps += rounds.rounds();
         seconds += delay > 0 ? delay * rounds.rounds() : 0;
         secondsOnce += delay;
