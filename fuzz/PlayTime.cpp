@@ -146,7 +146,7 @@ private:
 
     double holdOf(const FrameRecord& frame) const {
         const bool isPicture = frame.FrameType == 1 || frame.FrameType == 3;
-        if (circumstances_.aviFixedDelay && isPicture && frame.AVIFrames > 0)
+        if (circumstances_.aviFixedDelay && isPicture && frame.AVIFrames > 1)
             return 0.001 * frame.AVIFrames * std::max<int>(circumstances_.aviDelay, 0);
         return frame.DelayTime > 0 && frame.DelayTime < 1e10 ? frame.DelayTime : 0;
     }

@@ -16,7 +16,7 @@ struct UnlistedEffect {
     bool convertsBack;
 };
 constexpr std::array kUnlistedPrefixes{
-    UnlistedEffect{15, "Overlay Frame with Text", true},
+    UnlistedEffect{kOverlayText, "Overlay Frame with Text", true},
     UnlistedEffect{kPhotoRealistic, "PhotoRealistic", false},
 };
 constexpr std::array kUnlistedSuffixes{

@@ -14,6 +14,8 @@ namespace qrtVistrelClasses4 {
 
 /// Either both codes of a frame are this one, or none is.
 inline constexpr std::int16_t kPhotoRealistic = 9999;
+/// The prefix of a frame whose text is drawn over the frame before it.
+inline constexpr std::int16_t kOverlayText = 15;
 /// The "Start Loop" entry of effect lists. This number plus a count of 1 to 99 starts a loop of that many
 /// rounds.
 inline constexpr std::int16_t kLoopBase = 20000;

@@ -67,9 +67,9 @@ private:
     }
 
     double holdSeconds(const FrameRecord& frame) const {
-        if (circumstances_.aviFixedDelay && HasPicture(frame) && frame.AVIFrames > 0)
+        if (circumstances_.aviFixedDelay && HasPicture(frame) && frame.AVIFrames > 1)
             return frame.AVIFrames * notNegative(circumstances_.aviDelay) / kMillisecondsOfSecond;
-        return frame.DelayTime >= 0 && frame.DelayTime <= kLongestDelaySeconds ? frame.DelayTime : 0;
+        return CountedDelay(frame);
     }
 
     TimeRange scrollingTime(const FrameRecord& frame, const TimeRange& holding) {
@@ -99,6 +99,10 @@ TimeRange& TimeRange::operator+=(const TimeRange& other) {
     likely += other.likely;
     longest += other.longest;
     return *this;
+}
+
+double CountedDelay(const FrameRecord& frame) {
+    return frame.DelayTime >= 0 && frame.DelayTime <= kLongestDelaySeconds ? frame.DelayTime : 0;
 }
 
 TimeRange FrameTime::total() const {

@@ -21,14 +21,6 @@ std::int32_t countThose(const Playfile& playfile, IsCounted isCounted) {
         std::count_if(playfile.frames.begin(), playfile.frames.end(), isCounted));
 }
 
-/// Of a frame that is not blank.
-std::int32_t displayFramesOf(const FrameRecord& frame) {
-    const std::int32_t frames = std::max<std::int32_t>(frame.TotalDisplayFramesUsedForThisFrame, 1);
-    if (frame.PrefixCode == kPhotoRealistic)
-        return std::max<std::int32_t>(frames, frame.AVIFrames);
-    return frames + (KindOf(frame) == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT ? 1 : 0);
-}
-
 bool showsSamePicture(const FrameRecord& earlier, const FrameRecord& frame) {
     return !earlier.PicturefileName.empty() && earlier.PicturefileName == frame.PicturefileName &&
            earlier.PictureFileDisplay == frame.PictureFileDisplay &&
@@ -52,11 +44,19 @@ std::int32_t CountScrollingLines(const FrameRecord& frame) {
         std::count_if(frame.lines.begin(), frame.lines.end(), std::mem_fn(&LineRecord::Scrolling)));
 }
 
+std::int32_t CountDisplayFrames(const FrameRecord& frame) {
+    if (!IsUsed(frame))
+        return 0;
+    const std::int32_t frames = std::max<std::int32_t>(frame.TotalDisplayFramesUsedForThisFrame, 1);
+    if (frame.PrefixCode == kPhotoRealistic)
+        return std::max<std::int32_t>(frames, frame.AVIFrames);
+    return frames + (KindOf(frame) == NEW_FRAME_TYPES::FRAME_GRAPHICTEXT ? 1 : 0);
+}
+
 std::int64_t CountDisplayFrames(const Playfile& playfile) {
     std::int64_t count = 0;
     for (const FrameRecord& frame : playfile.frames)
-        if (IsUsed(frame))
-            count += displayFramesOf(frame);
+        count += CountDisplayFrames(frame);
     return count;
 }
 

@@ -8,7 +8,6 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-constexpr std::int16_t kOverlayText = 15;
 /// Revealing has a number on each side.
 constexpr std::int16_t kRevealOn = 5;
 constexpr std::int16_t kRevealOff = 10;
@@ -46,7 +45,8 @@ constexpr CodeSide kSuffixSide{&FrameRecord::SuffixCode,
                                kRevealOn,
                                "unknown-suffix"};
 
-/// Whether the code starts a loop, or would with another count. The rules of loops look at it.
+/// Whether the code is a prefix that starts a loop, or would with another count. The rules of loops look at
+/// these.
 bool isLoopStart(const CodeSide& side, std::int16_t code) {
     return side.code == &FrameRecord::PrefixCode && code >= kLoopBase;
 }
@@ -79,7 +79,21 @@ void checkCode(const CodeSide& side, const FrameRecord& frame, std::int32_t numb
                      is + ", \"" + *name + "\", which the application does not offer.");
 }
 
-void checkPhotoRealistic(const FrameRecord& frame, std::int32_t number, Findings& findings) {
+/// Whether the sign has frames enough for animations if each frame whose suffix only is 9999 gets it as its
+/// prefix, too.
+bool mayMatchSuffixes(const Playfile& playfile) {
+    std::int64_t most = CountDisplayFrames(playfile);
+    for (const FrameRecord& frame : playfile.frames)
+        if (frame.SuffixCode == kPhotoRealistic && frame.PrefixCode == 0) {
+            FrameRecord matched = frame;
+            matched.PrefixCode = kPhotoRealistic;
+            most += std::max(CountDisplayFrames(matched) - CountDisplayFrames(frame), 0);
+        }
+    return most <= kMostDisplayFrames;
+}
+
+void checkPhotoRealistic(const FrameRecord& frame, std::int32_t number, bool mayMatchSuffixes,
+                         Findings& findings) {
     const bool isPrefix = frame.PrefixCode == kPhotoRealistic;
     if (isPrefix == (frame.SuffixCode == kPhotoRealistic))
         return;
@@ -90,7 +104,8 @@ void checkPhotoRealistic(const FrameRecord& frame, std::int32_t number, Findings
     findings.add("photorealistic-one-sided", {number, 0, extends ? other.property : side.property},
                  "The " + std::string(side.title) + " is 9999, and the " + std::string(other.title) + " is " +
                      std::to_string(otherCode) + "; both are 9999 or neither is.",
-                 extends ? kPhotoRealistic : 0);
+                 extends && (isPrefix || mayMatchSuffixes) ? std::optional<double>(kPhotoRealistic)
+                                                           : std::nullopt);
 }
 
 void checkOverlay(const OneBasedArray<FrameRecord>& frames, std::int32_t number, bool isFirst,
@@ -133,6 +148,7 @@ OfferedEffects FindOfferedEffects() {
 
 void CheckEffects(const Playfile& playfile, const ValidationCircumstances& circumstances,
                   Findings& findings) {
+    const bool matchesSuffixes = mayMatchSuffixes(playfile);
     bool isFirst = true;
     for (std::int32_t number = 1; number <= playfile.frames.upperBound(); ++number) {
         const FrameRecord& frame = playfile.frames.at(number);
@@ -140,7 +156,7 @@ void CheckEffects(const Playfile& playfile, const ValidationCircumstances& circu
             continue;
         checkCode(kPrefixSide, frame, number, circumstances.offeredEffects, findings);
         checkCode(kSuffixSide, frame, number, circumstances.offeredEffects, findings);
-        checkPhotoRealistic(frame, number, findings);
+        checkPhotoRealistic(frame, number, matchesSuffixes, findings);
         checkOverlay(playfile.frames, number, isFirst, findings);
         isFirst = false;
     }

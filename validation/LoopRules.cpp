@@ -2,6 +2,7 @@
 #include "frame/Conversions.h"
 #include "playfile/Effects.h"
 #include "validation/Rules.h"
+#include <qrtVistrelClasses4/PlayTime.h>
 #include <qrtVistrelClasses4/Playback.h>
 
 #include <algorithm>
@@ -22,21 +23,55 @@ std::string codeText(std::string_view title, std::int16_t code) {
     return "The " + std::string(title) + " is " + std::to_string(code);
 }
 
+/// Where codes of loops lie, blank frames included. A code is safe to remove only if no other one can belong
+/// to it: a start whose only fault is its count still shows where somebody means a loop to be.
+class LoopCodes {
+public:
+    explicit LoopCodes(const OneBasedArray<FrameRecord>& frames)
+        : firstStart_(frames.upperBound() + 1), firstFaultyStart_(firstStart_) {
+        for (std::int32_t number = frames.upperBound(); number > 0; --number) {
+            const FrameRecord& frame = frames.at(number);
+            if (frame.SuffixCode == kEndLoop)
+                lastEnd_ = std::max(lastEnd_, number);
+            if (frame.PrefixCode < kLoopBase)
+                continue;
+            firstStart_ = number;
+            if (!IsUsed(frame) || RoundsOfLoop(frame.PrefixCode) == 0)
+                firstFaultyStart_ = number;
+        }
+    }
+
+    std::optional<double> fixOfStart(std::int32_t frame) const { return removalIf(lastEnd_ < frame); }
+    std::optional<double> fixOfBlankEnd(std::int32_t frame) const { return removalIf(frame < firstStart_); }
+    std::optional<double> fixOfUnpairedEnd(std::int32_t frame) const {
+        return removalIf(frame < firstFaultyStart_);
+    }
+
+private:
+    static std::optional<double> removalIf(bool isSafe) { return isSafe ? std::optional(0.0) : std::nullopt; }
+
+    std::int32_t firstStart_;
+    std::int32_t firstFaultyStart_;
+    std::int32_t lastEnd_ = 0;
+};
+
 /// Codes that start no loop, but are near to those that do; and those of blank frames, which are skipped.
-void checkCodes(const FrameRecord& frame, std::int32_t number, Findings& findings) {
+void checkCodes(const FrameRecord& frame, std::int32_t number, const LoopCodes& codes, Findings& findings) {
     const bool isStart = frame.PrefixCode >= kLoopBase;
     if (!IsUsed(frame)) {
         if (isStart)
             findings.add("loop-in-blank-frame", {number, 0, kStart},
-                         "A loop starts in the frame, which is blank, so that signs skip it.", 0);
+                         "A loop starts in the frame, which is blank, so that signs skip it.",
+                         codes.fixOfStart(number));
         if (frame.SuffixCode == kEndLoop)
             findings.add("loop-in-blank-frame", {number, 0, kEnd},
-                         "A loop ends in the frame, which is blank, so that signs skip it.", 0);
+                         "A loop ends in the frame, which is blank, so that signs skip it.",
+                         codes.fixOfBlankEnd(number));
     } else if (frame.PrefixCode == kLoopBase) {
         findings.add("loop-without-count", {number, 0, kStart},
                      codeText("prefix code", frame.PrefixCode) +
                          ", which starts a loop without a number of rounds.",
-                     0);
+                     codes.fixOfStart(number));
     } else if (frame.PrefixCode >= kLoopLimit) {
         findings.add("loop-count-too-large", {number, 0, kStart},
                      codeText("prefix code", frame.PrefixCode) + ", a loop of " +
@@ -45,26 +80,27 @@ void checkCodes(const FrameRecord& frame, std::int32_t number, Findings& finding
     }
 }
 
-/// Whether the frame shows something that can be seen, or sends a file.
+/// Whether the frame shows something that can be seen, sends a file, or plays a sound.
 bool showsSomething(const FrameRecord& frame) {
     const bool hasVisibleText =
         HasText(frame) && std::any_of(frame.lines.begin(), frame.lines.end(), [](const LineRecord& line) {
             return line.Inverse || HasVisibleText(line);
         });
     return hasVisibleText || (HasPicture(frame) && !frame.PicturefileName.empty()) ||
-           (KindOf(frame) == NEW_FRAME_TYPES::FRAME_CMD && !frame.commandfile.empty());
+           (KindOf(frame) == NEW_FRAME_TYPES::FRAME_CMD && !frame.commandfile.empty()) ||
+           !frame.AudioFile.empty();
 }
 
 /// An end without a start belongs to the next start without an end, if there is one: somebody has mixed up
 /// the two.
-void checkUnpaired(const LoopsOfPlayfile& loops, Findings& findings) {
+void checkUnpaired(const LoopsOfPlayfile& loops, const LoopCodes& codes, Findings& findings) {
     auto open = loops.loops.begin();
     for (const std::int32_t end : loops.endsWithoutStart) {
         open = std::find_if(open, loops.loops.end(),
                             [&](const Loop& loop) { return !loop.isClosed() && loop.firstFrame > end; });
         if (open == loops.loops.end()) {
             findings.add("end-without-start", {end, 0, kEnd},
-                         "A loop ends in the frame, and none has started.", 0);
+                         "A loop ends in the frame, and none has started.", codes.fixOfUnpairedEnd(end));
         } else {
             findings.add("loop-reversed", {end, 0, kEnd},
                          "A loop ends in the frame, and starts only in frame " +
@@ -151,7 +187,7 @@ void checkLength(const Playfile& playfile, const LoopsOfPlayfile& loops, Finding
         if (!IsUsed(frame))
             continue;
         rounds.start(number);
-        const double delay = std::isfinite(frame.DelayTime) ? std::max(frame.DelayTime, 0.0) : 0;
+        const double delay = CountedDelay(frame);
         steps += rounds.rounds();
         seconds += delay > 0 ? delay * rounds.rounds() : 0;
         secondsOnce += delay;
@@ -171,10 +207,11 @@ void checkLength(const Playfile& playfile, const LoopsOfPlayfile& loops, Finding
 } // namespace
 
 void CheckLoops(const Playfile& playfile, Findings& findings) {
+    const LoopCodes codes(playfile.frames);
     for (std::int32_t number = 1; number <= playfile.frames.upperBound(); ++number)
-        checkCodes(playfile.frames.at(number), number, findings);
+        checkCodes(playfile.frames.at(number), number, codes, findings);
     const LoopsOfPlayfile loops = LoopsOf(playfile);
-    checkUnpaired(loops, findings);
+    checkUnpaired(loops, codes, findings);
     checkOpen(loops, findings);
     const std::vector<std::int32_t> showing = countShowing(playfile.frames);
     for (const Loop& loop : loops.loops)

@@ -2,6 +2,7 @@
 #include "frame/Conversions.h"
 #include "playfile/Effects.h"
 #include "validation/Rules.h"
+#include <qrtVistrelClasses4/PlayTime.h>
 
 #include <algorithm>
 #include <array>
@@ -34,44 +35,56 @@ double nearestOffered(const DelayLimits& limits, double seconds) {
 }
 
 /// As many digits as files keep, so that the fix of 0.3 seconds is not 0.30000000000000004.
-double asStored(double seconds) { return TextToDouble(NumberToText(seconds)); }
+double asStored(double seconds) {
+    return std::isfinite(seconds) ? TextToDouble(NumberToText(seconds)) : seconds;
+}
+
+/// Limits in a unit that is too long for numbers are infinite, and say nothing.
+bool areKnown(const std::optional<DelayLimits>& limits) {
+    return limits && std::isfinite(limits->minimum) && std::isfinite(limits->maximum) &&
+           std::isfinite(limits->step) && limits->minimum <= limits->maximum;
+}
+
+/// Whether the next used frame is drawn over this one.
+bool isDrawnOver(const OneBasedArray<FrameRecord>& frames, std::int32_t number) {
+    do
+        ++number;
+    while (frames.contains(number) && !IsUsed(frames.at(number)));
+    return frames.contains(number) &&
+           (IsOverlay(frames.at(number)) || frames.at(number).PrefixCode == kOverlayText);
+}
 
 /// Whether the frame is seen although it stays for no time: something passes over the sign, or a frame that
-/// is drawn over it follows at once. What a fix of another finding changes does not count.
+/// is drawn over it follows at once.
 bool isSeenWithoutDelay(const OneBasedArray<FrameRecord>& frames, std::int32_t number) {
     const FrameRecord& frame = frames.at(number);
-    const auto moves = [](std::int16_t code) {
-        return code != 0 && code < kLoopBase && code != kPhotoRealistic;
-    };
     const bool mayBeAnimation = HasPicture(frame) && !HasEnding(frame.PicturefileName, "bmp");
     const bool scrolls =
         HasText(frame) && std::any_of(frame.lines.begin(), frame.lines.end(), [](const LineRecord& line) {
             return line.Scrolling && !line.CurrentLineText.empty();
         });
-    const bool isDrawnOver = frames.contains(number + 1) && IsOverlay(frames.at(number + 1));
-    return KindOf(frame) == NEW_FRAME_TYPES::FRAME_CMD || moves(frame.PrefixCode) ||
-           moves(frame.SuffixCode) || mayBeAnimation || scrolls || isDrawnOver;
+    return KindOf(frame) == NEW_FRAME_TYPES::FRAME_CMD ||
+           PrefixMotion(frame.PrefixCode) != EffectMotion::none ||
+           SuffixMotion(frame.SuffixCode) != EffectMotion::none || mayBeAnimation || scrolls ||
+           isDrawnOver(frames, number);
 }
 
+/// These findings have no fix: the unit of the limits is an assumption.
 void checkLimits(const DelayLimits& limits, const FrameRecord& frame, const Place& place,
                  Findings& findings) {
     const double delay = frame.DelayTime;
     const double nearest = asStored(nearestOffered(limits, delay));
     const std::string is = "The frame is shown for " + secondsText(delay);
-    // A delay of 0 would be a fault of another kind.
-    const auto fix = nearest > 0 || delay == 0 ? std::optional(nearest) : std::nullopt;
     const bool isTooShort = delay < limits.minimum && !isAbout(delay, limits.minimum);
     const bool isTooLong = delay > limits.maximum && !isAbout(delay, limits.maximum);
     if (isTooShort || isTooLong)
         findings.add("delay-outside-limits", place,
                      is + ", and the settings allow " + NumberToText(limits.minimum) + " to " +
-                         secondsText(limits.maximum) + ".",
-                     fix);
+                         secondsText(limits.maximum) + ".");
     else if (limits.step > 0 && !isAbout(delay, nearest))
         findings.add("delay-off-step", place,
                      is + ", and the settings offer steps of " + secondsText(limits.step) +
-                         "; the nearest is " + NumberToText(nearest) + ".",
-                     fix);
+                         "; the nearest is " + NumberToText(nearest) + ".");
 }
 
 void checkDelay(const OneBasedArray<FrameRecord>& frames, std::int32_t number,
@@ -86,7 +99,11 @@ void checkDelay(const OneBasedArray<FrameRecord>& frames, std::int32_t number,
                      "The delay is " + secondsText(frame.DelayTime) + ", less than none.");
     else if (frame.DelayTime == 0 && !isSeenWithoutDelay(frames, number))
         findings.add("delay-zero", place, "The frame is shown for 0 seconds, and nothing on it moves.");
-    else if (frame.DelayTime > 0 && limits && limits->minimum <= limits->maximum)
+    else if (frame.DelayTime > kLongestDelaySeconds)
+        findings.add("delay-too-long", place,
+                     "The delay is " + secondsText(frame.DelayTime) + ", and counts as 0 beyond " +
+                         secondsText(kLongestDelaySeconds) + '.');
+    else if (frame.DelayTime > 0 && areKnown(limits))
         checkLimits(*limits, frame, place, findings);
 }
 
@@ -148,7 +165,7 @@ void CheckNumbers(const Playfile& playfile, const ValidationCircumstances& circu
         checkCount<&FrameRecord::FixedNumberOfLines>(frame, number, findings);
         checkFlag<&FrameRecord::SendCommandFileAsIs>(frame, number, std::nullopt, findings);
         checkFlag<&FrameRecord::OverlayFrame>(frame, number, 1, findings);
-        checkFlag<&FrameRecord::FastScroll>(frame, number, 0, findings);
+        checkFlag<&FrameRecord::FastScroll>(frame, number, std::nullopt, findings);
         checkLineLimit(frame, number, findings);
     }
 }

@@ -3,7 +3,6 @@
 #include "validation/Rules.h"
 
 #include <algorithm>
-#include <limits>
 #include <unordered_map>
 
 namespace qrtVistrelClasses4 {
@@ -92,13 +91,13 @@ void checkKinds(const OneBasedArray<FrameRecord>& frames, Findings& findings) {
     }
 }
 
-/// Frames of the sign that a frame takes. A picture with text is sent as two.
+/// Whether the sign has frames enough for all that are sent.
 void checkSignFrames(const Playfile& playfile, Findings& findings) {
-    constexpr std::int64_t most = std::numeric_limits<std::int16_t>::max();
-    if (const std::int64_t total = CountDisplayFrames(playfile); total > most)
+    if (const std::int64_t total = CountDisplayFrames(playfile); total > kMostDisplayFrames)
         findings.add("too-many-sign-frames", {},
                      "The playfile takes " + std::to_string(total) +
-                         " frames of the sign, which has at most " + std::to_string(most) + '.');
+                         " frames of the sign, which has at most " + std::to_string(kMostDisplayFrames) +
+                         '.');
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <qrtVistrelClasses4/Validation.h>
 
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,9 @@ void CheckNumbers(const Playfile& playfile, const ValidationCircumstances& circu
 /// The name of a member's property, by which findings and messages know it.
 template <auto member>
 inline constexpr std::string_view kPropertyOf = kMember<member>.name;
+
+/// The frames of the sign that a playfile can take: their numbers have 16 bits.
+inline constexpr std::int64_t kMostDisplayFrames = std::numeric_limits<std::int16_t>::max();
 
 /// Whether a line has text that can be seen.
 bool HasVisibleText(const LineRecord& line);

@@ -121,6 +121,7 @@ constexpr Fault kFaults[] = {
          FrameRecord& frame = it.append(FRAME_TEXT);
          frame.PrefixCode = kLoopBase + 4;
          frame.SuffixCode = kEndLoop;
+         frame.AudioFile.clear();
          frame.lines = OneBasedArray<LineRecord>(1);
      }},
     {"loop-in-blank-frame",
@@ -278,7 +279,10 @@ constexpr Fault kFaults[] = {
          frame.lines.resize(1);
          frame.lines.at(1) = line;
          frame.DelayTime = 0;
+         constexpr auto still = std::to_array<std::int16_t>({0, 1000, 15, 1003});
+         frame.PrefixCode = it.dice.oneOf(still);
      }},
+    {"delay-too-long", [](Patient& it) { it.insert(FRAME_TEXT).DelayTime = 2e9; }},
     {"delay-outside-limits",
      [](Patient& it) {
          const bool isTooShort = it.dice.once(2);

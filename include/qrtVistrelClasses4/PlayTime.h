@@ -42,6 +42,8 @@ struct FrameTime {
 
 /// A longer delay of a frame is taken for damage, and counts as 0.
 inline constexpr double kLongestDelaySeconds = 1e9;
+/// The seconds of a frame's `DelayTime`. One that is negative, not a number or too long counts as 0.
+QRT_PUBLIC double CountedDelay(const FrameRecord& frame);
 
 /// What the time depends on besides the playfile.
 struct PlayTimeCircumstances {
@@ -75,9 +77,8 @@ struct PlayTime {
 
 /// The time of one pass.
 ///
-/// - A frame is held for its `DelayTime`. A delay that is negative, not a number or greater than
-///   `kLongestDelaySeconds` counts as 0. With `aviFixedDelay`, a frame with a picture and with `AVIFrames`
-///   above 0 is held for `AVIFrames` times `aviDelay` instead.
+/// - A frame is held for its `CountedDelay`. With `aviFixedDelay`, a frame with a picture and with
+///   `AVIFrames` above 1, an animation, is held for `AVIFrames` times `aviDelay` instead.
 /// - A scrolling line that has a text travels its own width and that of the sign, twice as fast if
 ///   `FastScroll` is 1. All lines of a frame start at the same time, and `Merge` changes nothing. After the
 ///   longest line there is one pause of `scrollPauseDelay`.

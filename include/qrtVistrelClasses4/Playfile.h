@@ -26,10 +26,12 @@ QRT_PUBLIC std::int32_t CountFrames(const Playfile& playfile, NEW_FRAME_TYPES ki
 /// Number of lines of a frame that scroll.
 QRT_PUBLIC std::int32_t CountScrollingLines(const FrameRecord& frame);
 
-/// Number of frames of the sign that a playfile takes when it is sent. A frame that is not blank takes
+/// Number of frames of the sign that a frame takes when it is sent. One that is not blank takes
 /// `TotalDisplayFramesUsedForThisFrame`, and at least 1. Picture and text of one frame are sent one after the
 /// other, which takes one more; but a frame with the appear effect 9999 takes the largest of that number,
 /// `AVIFrames` and 1.
+QRT_PUBLIC std::int32_t CountDisplayFrames(const FrameRecord& frame);
+/// Of all frames of a playfile.
 QRT_PUBLIC std::int64_t CountDisplayFrames(const Playfile& playfile);
 
 /// The custom fonts of the lines that are shown, each once, as the first line has it. The case of names does

@@ -108,7 +108,7 @@ TEST_F(PlayTimes, AddUpFromWhatAFrameDoes) {
         });
     };
     EXPECT_EQ(withPictures(1, 30), "0 1.5 0 0");
-    EXPECT_EQ(withPictures(1, 0), "0 2 0 0");
+    EXPECT_EQ(withPictures(1, 1), "0 2 0 0");
     EXPECT_EQ(withPictures(2, 30), "0 2 0 0");
 }
 

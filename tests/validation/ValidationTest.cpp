@@ -124,6 +124,47 @@ TEST_F(Validation, HasALineOfTextForEachFinding) {
                             "is the last. [merge-on-last-line]"}));
 }
 
+TEST_F(Validation, LeavesAloneWhatAFixWouldOnlyGuess) {
+    const auto hasFix = [&] {
+        const auto findings = Validate(playfile_, known_);
+        return std::ranges::any_of(findings, [](const Finding& finding) { return finding.fix.has_value(); });
+    };
+    add(FRAME_TEXT, "Gate");
+    add(FRAME_TEXT, "Pier").SuffixCode = 20001;
+    FrameRecord& first = playfile_.frames.at(1);
+    EXPECT_TRUE(hasFix());
+    for (const std::int16_t start : std::initializer_list<std::int16_t>{20150, 20000}) {
+        first.PrefixCode = start;
+        EXPECT_FALSE(hasFix()) << start;
+    }
+    first.PrefixCode = 20003;
+    first.FrameType = 0;
+    EXPECT_FALSE(hasFix()) << "the start is in a blank frame";
+    playfile_.frames.at(2).SuffixCode = 0;
+    EXPECT_TRUE(hasFix()) << "the start has no end";
+
+    first.FrameType = 1;
+    first.PrefixCode = 0;
+    first.SuffixCode = 9999;
+    first.AVIFrames = 100;
+    EXPECT_TRUE(hasFix());
+    playfile_.frames.at(2).TotalDisplayFramesUsedForThisFrame = 32700;
+    EXPECT_FALSE(hasFix()) << "the sign lacks frames";
+
+    first.SuffixCode = 0;
+    first.DelayTime = 0.3;
+    known_.delayLimits = DelayLimits{1, 10, 0.5};
+    EXPECT_FALSE(hasFix()) << "the unit is assumed";
+}
+
+TEST_F(Validation, DoesNotKnowLimitsBeyondNumbers) {
+    Preferences preferences;
+    preferences.DelayMaximum = 1e308;
+    known_.delayLimits = DelayLimitsOf(preferences, 1e6);
+    add(FRAME_TEXT, "Gate").DelayTime = 0.3;
+    EXPECT_EQ(found(), Texts());
+}
+
 TEST_F(Validation, MakesNoFixOutsideThePlayfile) {
     add(FRAME_TEXT, "Gate");
     const Playfile before = playfile_;
