@@ -69,12 +69,24 @@ TEST_F(Validation, NamesPlacesAndValuesInTheirOrder) {
 
 TEST_F(Validation, LeavesAloneWhatOnlyLooksLikeACode) {
     for (const char* const text : {"a | b", "|", "||", "|a|", "CR2032", "VBL0071", "SCR17", "{", "{Sale}",
-                                   "} {", "#1", "## 5", "VBL", "CR", "C", "|h:m||hm|",
+                                   "} {", "#1", "## 5", "VBL", "CR", "C", "|h:m||hm|", "Mon|Tue|Wed",
                                    "\xa6"
                                    "CR01",
                                    "| week |"})
         add(FRAME_TEXT, text);
     EXPECT_EQ(found(), Texts());
+}
+
+TEST_F(Validation, NamesEachCodeOfALineOnce) {
+    std::string many;
+    for (char letter = 'a'; letter <= 'z'; ++letter)
+        many += "##Q" + std::string(1, letter) + "##A";
+    add(FRAME_TEXT, many);
+    const Texts texts = found();
+    ASSERT_EQ(texts.size(), 21U);
+    EXPECT_EQ(texts.at(1), "1.1 unknown-command-code: The text has \"##A\" 26 times, and no command has that "
+                           "key.");
+    EXPECT_EQ(texts.back(), "1.1 unknown-command-code: The text has 7 more of what this rule finds.");
 }
 
 TEST_F(Validation, LooksForEachMissingFileOnce) {
