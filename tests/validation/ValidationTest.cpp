@@ -1,6 +1,7 @@
 #include <qrtVistrelClasses4/Validation.h>
 
 #include "HostTest.h"
+#include "media/AnimationTesting.h"
 #include "platform/Path.h"
 
 #include <fstream>
@@ -106,6 +107,20 @@ TEST_F(Validation, LooksForEachMissingFileOnce) {
     EXPECT_LE(looks[host_.inLibrary(JoinPath("shows", "gone.bmp"))], 1);
 }
 
+TEST_F(Validation, ReadsOnlyTheStartOfLargeFiles) {
+    known_.looksAtFiles = true;
+    known_.signSize = DotSize{64, 8};
+    for (const auto& [name, bytes] : {std::pair("a.avi", Avi(3, 128, 64)),
+                                      std::pair("b.gif", std::string("GIF89a\10\0\10\0\0\0\0", 13))}) {
+        add(FRAME_GRAPHIC).PicturefileName = host_.inLibrary(name);
+        files().put(host_.inLibrary(name), bytes + std::string(std::size_t{33} << 20, 'x'));
+    }
+    playfile_.frames.at(1).AVIFrames = 3;
+    const std::vector<Finding> findings = Validate(playfile_, known_);
+    ASSERT_EQ(findings.size(), 1U);
+    EXPECT_EQ(findings.front().rule->name, "picture-too-large");
+}
+
 TEST_F(Validation, CountsLoopsInThousandsOfOthers) {
     constexpr std::int32_t depth = 16000;
     for (std::int32_t number = 0; number < 2 * depth; ++number)
@@ -122,7 +137,8 @@ TEST_F(Validation, CountsLoopsInThousandsOfOthers) {
 }
 
 TEST_F(Validation, HasALineOfTextForEachFinding) {
-    add(FRAME_TEXT, "Gate").AudioFile = "a\r\nb.ogg";
+    const std::string folders = "C:\\" + std::string(80, 'x');
+    add(FRAME_TEXT, "Gate").AudioFile = folders + "\\a\r\nb.ogg";
     playfile_.frames.at(1).lines.at(1).Merge = true;
     add(FRAME_TEXT, "Pier");
     known_.framesAllowed = 1;
@@ -131,7 +147,8 @@ TEST_F(Validation, HasALineOfTextForEachFinding) {
     for (const Finding& finding : Validate(playfile_, known_))
         texts.push_back(TextOf(finding));
     EXPECT_EQ(texts, (Texts{"error playfile: There are 2 frames, and 1 are allowed. [too-many-frames]",
-                            "warning frame 1, AudioFile: The sound \"a  b.ogg\" is missing. [sound-missing]",
+                            "warning frame 1, AudioFile: The sound \"C:\\" + std::string(48, 'x') +
+                                "...\\a  b.ogg\" is missing. [sound-missing]",
                             "warning frame 1, line 1, Merge: Line 1 is to be merged with the next one, and "
                             "is the last. [merge-on-last-line]"}));
 }
