@@ -107,6 +107,22 @@ TEST_F(Validation, LooksForEachMissingFileOnce) {
     EXPECT_LE(looks[host_.inLibrary(JoinPath("shows", "gone.bmp"))], 1);
 }
 
+TEST_F(Validation, NamesAFontThatIsMissingAtEachOfItsLines) {
+    known_.measuresTexts = true;
+    known_.signSize = DotSize{64, 8};
+    add(FRAME_TEXT, "Gate").lines.resize(4);
+    for (LineRecord& line : playfile_.frames.at(1).lines)
+        line.LineFontSize = kCustomFont;
+    playfile_.frames.at(1).lines.at(1).LineCustomFont = host_.inLibrary("gone.cff");
+    playfile_.frames.at(1).lines.at(2).LineFontSize = 17;
+    playfile_.frames.at(1).lines.at(4).LineCustomFont = host_.inLibrary("gone.cff");
+    Texts rules;
+    for (const Finding& finding : Validate(playfile_, known_))
+        rules.push_back(std::to_string(finding.line) + ' ' + std::string(finding.rule->name));
+    EXPECT_EQ(rules, (Texts{"0 fonts-missing", "1 font-missing", "2 font-number-unknown", "3 font-unnamed",
+                            "4 font-missing"}));
+}
+
 TEST_F(Validation, ReadsOnlyTheStartOfLargeFiles) {
     known_.looksAtFiles = true;
     known_.signSize = DotSize{64, 8};
