@@ -1,5 +1,4 @@
 // The files of pictures, commands and sounds.
-#include "fonts/clsFontSizes.h"
 #include "media/PictureCache.h"
 #include "platform/FileNames.h"
 #include "platform/FixedDrives.h"
