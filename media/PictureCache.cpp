@@ -14,13 +14,8 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 constexpr std::uint64_t kLargestFile = std::uint64_t{32} << 20; // more than the largest picture takes
+constexpr std::uint64_t kStartOfLargeFile = 4096;               // an AVI has the number of its pictures there
 constexpr std::int64_t kMostPicturePixels = std::int64_t{16} << 20;
-
-/// Null if the file is too large for a picture, or cannot be read.
-std::unique_ptr<InputFile> open(const std::string& path) {
-    std::unique_ptr<InputFile> file = platform().files().openToRead(path).valueOr(nullptr);
-    return file && file->size() <= kLargestFile ? std::move(file) : nullptr;
-}
 
 /// The first `most` bytes. Empty if they cannot be read.
 std::string startOf(InputFile& file, std::uint64_t most) {
@@ -49,10 +44,13 @@ PictureOutcome readPicture(const std::string& path) {
     const std::string pathOnDisk = fileAt(path);
     if (pathOnDisk.empty())
         return {};
-    const auto file = open(pathOnDisk);
+    const auto file = platform().files().openToRead(pathOnDisk).valueOr(nullptr);
     PictureOutcome outcome{isBmp(path) ? unreadable : unknownKind};
-    const std::string bytes = file ? startOf(*file, kLargestFile) : std::string();
-    outcome.picture = ParseBmp(bytes);
+    outcome.isTooLarge = file && file->size() > kLargestFile;
+    const std::string bytes =
+        file ? startOf(*file, outcome.isTooLarge ? kStartOfLargeFile : kLargestFile) : std::string();
+    if (!outcome.isTooLarge)
+        outcome.picture = ParseBmp(bytes);
     if (outcome.picture)
         outcome.what = readable;
     else
@@ -62,8 +60,10 @@ PictureOutcome readPicture(const std::string& path) {
 
 std::optional<DotSize> readSize(const std::string& path) {
     const std::string pathOnDisk = fileAt(path);
-    const auto file = pathOnDisk.empty() ? nullptr : open(pathOnDisk);
-    return file ? BmpSize(startOf(*file, kBmpStart), file->size()) : std::nullopt;
+    const auto file =
+        pathOnDisk.empty() ? nullptr : platform().files().openToRead(pathOnDisk).valueOr(nullptr);
+    return file && file->size() <= kLargestFile ? BmpSize(startOf(*file, kBmpStart), file->size())
+                                                : std::nullopt;
 }
 
 } // namespace

@@ -23,6 +23,7 @@ struct PictureOutcome {
     What what = What::missing;
     std::optional<Raster> picture = {};      ///< Has a value if it is readable.
     std::optional<Animation> animation = {}; ///< Of an unknown kind, as far as its file says what it is.
+    bool isTooLarge = false; ///< Whether only the start of the file was read, because it is very large.
 };
 
 /// Reads pictures and caches them.

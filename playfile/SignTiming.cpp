@@ -7,6 +7,7 @@
 #include "settings/LibraryFiles.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
@@ -20,12 +21,12 @@ constexpr std::string_view kNotInOrder = "is not one number, or three in rising 
 constexpr std::string_view kNoSpeed = "is not a speed from 0.1 to 1000000 dots a second";
 constexpr std::string_view kNoDuration = "is not a time from 0 to 1000000 seconds";
 
-/// Nothing for a text that is not a number, and for one that is too large.
+/// Nothing for a text that is not a number. Infinity for one that is too large, and so beyond all limits.
 std::optional<double> numberIn(std::string_view text) {
     try {
         return ParseNumber(text);
     } catch (const RuntimeError&) {
-        return std::nullopt;
+        return std::numeric_limits<double>::infinity();
     }
 }
 

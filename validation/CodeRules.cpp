@@ -6,8 +6,10 @@
 #include "validation/Rules.h"
 
 #include <algorithm>
-#include <optional>
-#include <string>
+#include <cstdint>
+#include <map>
+#include <unordered_map>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -57,42 +59,79 @@ bool isLegacyPlaceholder(std::string_view inBraces) {
     return startsNumberedPlaceholder(inBraces) || ConvertLegacyVariables(std::string(inBraces)) != inBraces;
 }
 
-/// Adds a finding for a placeholder at the start of `rest`, whole or without its end. Returns its size.
-std::size_t checkBraces(std::string_view rest, const Place& place, Findings& findings) {
+/// A placeholder at the start of `rest`, whole or without its end.
+std::optional<SuspectCode> placeholderAt(std::string_view rest) {
     const std::size_t close = rest.find_first_of("{}", 1);
     const bool isClosed = close != rest.npos && rest[close] == '}';
     if (isClosed) {
         const std::string_view inBraces = rest.substr(0, close + 1);
         if (!isLegacyPlaceholder(inBraces))
-            return 0;
-        findings.add("legacy-placeholder", place,
-                     "The text has " + Quoted(inBraces) +
-                         ", a placeholder of the older format, which signs show as it is.");
-        return inBraces.size();
+            return std::nullopt;
+        return SuspectCode{inBraces, "legacy-placeholder",
+                           ", a placeholder of the older format, which signs show as it is."};
     }
     const std::string_view word = rest.substr(0, 1 + leading(rest.substr(1), [](char it) {
                                                          return isLetter(it) || isDigit(it) || it == '_';
                                                      }).size());
     if (!isLegacyPlaceholder(std::string(word) + '}') && !startsNumberedPlaceholder(rest))
-        return 0;
-    findings.add("damaged-code", place, "The text has " + Quoted(word) + ", a placeholder without its end.");
-    return word.size();
+        return std::nullopt;
+    return SuspectCode{word, "damaged-code", ", a placeholder without its end."};
 }
 
 /// A command's key at the start of `rest` by its form: "|week|" or "##BELL". Empty if there is none.
-std::string_view commandAtStart(std::string_view rest) {
+/// Bars that a letter touches from outside separate words.
+std::string_view commandAtStart(std::string_view rest, bool isAfterLetter) {
     if (rest.starts_with(kHashes)) {
         const std::string_view letters = leading(rest.substr(kHashes.size()), isLetter);
         return letters.empty() ? letters : rest.substr(0, kHashes.size() + letters.size());
     }
-    if (!rest.starts_with(kBar))
+    if (isAfterLetter || !rest.starts_with(kBar))
         return {};
     const std::string_view inBars = rest.substr(1, std::min(rest.find(kBar, 1), rest.size()) - 1);
     const bool isClosed = inBars.size() + 2 <= rest.size();
-    const bool isKey = isClosed && inBars.size() + 2 > kShortestStart && isLetter(inBars.front()) &&
-                       inBars.find(' ') == inBars.npos;
+    const std::string_view after = isClosed ? rest.substr(inBars.size() + 2) : std::string_view();
+    const bool isBeforeLetter = !after.empty() && isLetter(after.front());
+    const bool isKey = isClosed && !isBeforeLetter && inBars.size() + 2 > kShortestStart &&
+                       isLetter(inBars.front()) && inBars.find(' ') == inBars.npos;
     return isKey ? rest.substr(0, inBars.size() + 2) : std::string_view();
 }
+
+/// The suspect pieces of a text.
+class SuspectCodes {
+public:
+    void add(SuspectCode code) {
+        const auto [known, isNew] = places_.try_emplace(code.text, codes_.size());
+        if (isNew)
+            codes_.push_back({std::move(code)});
+        ++codes_[known->second].count;
+    }
+
+    void report(const Place& place, Findings& findings) const {
+        std::map<const Rule*, std::size_t> counts;
+        for (const auto& [code, count] : codes_) {
+            if (++counts[code.rule.rule()] > kMostOfRule)
+                continue;
+            const std::string times = count > 1 ? ' ' + std::to_string(count) + " times" : "";
+            findings.add(code.rule, place, "The text has " + Quoted(code.text) + times + code.why);
+        }
+        for (const RuleName rule :
+             {RuleName("damaged-code"), RuleName("unknown-command-code"), RuleName("legacy-placeholder")})
+            if (const std::size_t count = counts[rule.rule()]; count > kMostOfRule)
+                findings.add(rule, place,
+                             "The text has " + std::to_string(count - kMostOfRule) +
+                                 " more of what this rule finds.");
+    }
+
+private:
+    static constexpr std::size_t kMostOfRule = 20;
+
+    struct Counted {
+        SuspectCode code;
+        std::int64_t count = 0;
+    };
+    std::vector<Counted> codes_;                               ///< Each once.
+    std::unordered_map<std::string_view, std::size_t> places_; ///< In `codes_`, by text.
+};
 
 } // namespace
 
@@ -111,6 +150,7 @@ CodeCheck::CodeCheck(const CommandTable& commands) : keys_(keysOfTable(commands)
 
 void CodeCheck::check(std::string_view text, const Place& place, Findings& findings) const {
     text = text.substr(0, kLongestPreview);
+    SuspectCodes suspects;
     bool hasControls = false;
     for (std::size_t at = 0; at < text.size();) {
         if (!mayStart_[static_cast<unsigned char>(text[at])]) {
@@ -118,11 +158,15 @@ void CodeCheck::check(std::string_view text, const Place& place, Findings& findi
             continue;
         }
         hasControls = hasControls || isControl(text[at]);
-        const std::size_t code = codes_.sizeAtStart(text.substr(at));
-        const bool isAfterLetter = at > 0 && isLetter(text[at - 1]);
-        at += std::max<std::size_t>(
-            code > 0 ? code : checkAt(text.substr(at), isAfterLetter, place, findings), 1);
+        std::size_t size = codes_.sizeAtStart(text.substr(at));
+        if (size == 0)
+            if (auto suspect = suspectAt(text.substr(at), at > 0 && isLetter(text[at - 1]))) {
+                size = suspect->text.size();
+                suspects.add(*std::move(suspect));
+            }
+        at += std::max<std::size_t>(size, 1);
     }
+    suspects.report(place, findings);
     if (hasControls) {
         const auto count = std::ranges::count_if(text, isControl);
         findings.add("control-character", place,
@@ -131,30 +175,20 @@ void CodeCheck::check(std::string_view text, const Place& place, Findings& findi
     }
 }
 
-std::size_t CodeCheck::checkAt(std::string_view rest, bool isAfterLetter, const Place& place,
-                               Findings& findings) const {
+std::optional<SuspectCode> CodeCheck::suspectAt(std::string_view rest, bool isAfterLetter) const {
     if (rest.front() == '{')
-        return checkBraces(rest, place, findings);
+        return placeholderAt(rest);
     for (const NumberedCode& kind : {kVariableCode, kCounterCode})
-        if (const auto broken = isAfterLetter ? std::nullopt : brokenNumber(rest, kind)) {
-            findings.add("damaged-code", place,
-                         "The text has " + Quoted(*broken) + ", and codes of that kind have a number of " +
-                             std::to_string(kind.digits) + " digits up to " + std::to_string(kind.last) +
-                             '.');
-            return broken->size();
-        }
-    if (const std::string_view command = commandAtStart(rest); !command.empty()) {
-        findings.add("unknown-command-code", place,
-                     "The text has " + Quoted(command) + ", and no command has that key.");
-        return command.size();
-    }
-    if (startsUnfinishedKey(rest)) {
-        const std::string_view word = leading(rest, [](char it) { return it != ' '; });
-        findings.add("damaged-code", place,
-                     "The text has " + Quoted(word) + ", a command's key without its end.");
-        return word.size();
-    }
-    return 0;
+        if (const auto broken = isAfterLetter ? std::nullopt : brokenNumber(rest, kind))
+            return SuspectCode{*broken, "damaged-code",
+                               ", and codes of that kind have a number of " + std::to_string(kind.digits) +
+                                   " digits up to " + std::to_string(kind.last) + '.'};
+    if (const std::string_view command = commandAtStart(rest, isAfterLetter); !command.empty())
+        return SuspectCode{command, "unknown-command-code", ", and no command has that key."};
+    if (startsUnfinishedKey(rest))
+        return SuspectCode{leading(rest, [](char it) { return it != ' '; }), "damaged-code",
+                           ", a command's key without its end."};
+    return std::nullopt;
 }
 
 bool CodeCheck::startsUnfinishedKey(std::string_view rest) const {

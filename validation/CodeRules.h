@@ -6,22 +6,33 @@
 #include <qrtVistrelClasses4/CommandTable.h>
 
 #include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <unordered_set>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
 
+/// A piece of a text that looks like a code.
+struct SuspectCode {
+    std::string_view text;
+    RuleName rule;
+    std::string why; ///< The rest of a message that starts with "The text has " and the piece.
+};
+
 /// Examines texts for codes of given commands. `commands` must outlive it.
 class CodeCheck {
 public:
     explicit CodeCheck(const CommandTable& commands);
 
+    /// Adds each of the suspect pieces of a text once, no matter how often it is there, and only the first
+    /// ones of a rule if they are many.
     void check(std::string_view text, const Place& place, Findings& findings) const;
 
 private:
-    std::size_t checkAt(std::string_view rest, bool isAfterLetter, const Place& place,
-                        Findings& findings) const;
+    std::optional<SuspectCode> suspectAt(std::string_view rest, bool isAfterLetter) const;
     bool startsUnfinishedKey(std::string_view rest) const;
 
     std::vector<std::string_view> keys_;

@@ -1,4 +1,5 @@
 // How frames appear and disappear, and which are drawn over others.
+#include "frame/ErrorTrap.h"
 #include "playfile/Effects.h"
 #include "validation/Rules.h"
 
@@ -130,7 +131,7 @@ void checkOverlay(const OneBasedArray<FrameRecord>& frames, std::int32_t number,
 
 } // namespace
 
-OfferedEffects FindOfferedEffects() {
+OfferedEffects FindOfferedEffects() try {
     OfferedEffects offered;
     for (const FixedEffect& effect : kFixedEffects) {
         offered.prefixes.push_back(effect.prefixCode);
@@ -144,6 +145,8 @@ OfferedEffects FindOfferedEffects() {
             offered.suffixes.push_back(effect.code);
     }
     return offered;
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
 void CheckEffects(const Playfile& playfile, const ValidationCircumstances& circumstances,

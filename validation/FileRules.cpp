@@ -2,6 +2,8 @@
 #include "media/PictureCache.h"
 #include "platform/FileNames.h"
 #include "platform/FixedDrives.h"
+#include "platform/LetterCase.h"
+#include "platform/Path.h"
 #include "platform/Platform.h"
 #include "platform/Remembered.h"
 #include "playfile/ReferenceFinder.h"
@@ -48,6 +50,7 @@ struct PictureFacts {
     std::optional<DotSize> size;
     std::optional<std::int32_t> pictures; ///< In the file; 1 for a still one.
     bool hasColors = false;
+    bool isTooLarge = false; ///< To be read to its end; then nothing may be known of it.
 };
 
 /// Looks at files, at each reference once.
@@ -84,7 +87,7 @@ private:
             return {DotSize{picture->width(), picture->height()}, 1, hasColors(*picture)};
         if (const auto& animation = outcome.animation)
             return {animation->size, animation->pictures};
-        return {};
+        return {{}, {}, false, outcome.isTooLarge};
     }
 
     ReferenceFinder finder_;
@@ -123,6 +126,8 @@ public:
             checkCommandFile(frame);
         if (!frame.AudioFile.empty())
             checkSound(frame);
+        if (HasText(frame) && circumstances_.looksAtFiles)
+            checkCustomFonts(frame);
     }
 
 private:
@@ -143,20 +148,34 @@ private:
             return nullptr;
         const FileFacts& facts = files_.file(reference);
         if (!facts.place) {
-            findings_.add(use.missing, placeOf(use), the + ' ' + Quoted(reference) + " is missing.");
+            findings_.add(use.missing, placeOf(use), the + ' ' + QuotedPath(reference) + " is missing.");
             return nullptr;
         }
-        if (*facts.place != reference)
+        if (!EqualIgnoringAsciiCase(*facts.place, reference))
             findings_.add("reference-moved", placeOf(use),
-                          the + ' ' + Quoted(reference) +
-                              " is not there, but beside the playfile: " + Quoted(*facts.place) + '.');
-        if (!facts.isFixed)
-            findings_.add("drive-may-go-away", placeOf(use),
-                          the + ' ' + Quoted(*facts.place) + " lies on a drive that may go away.");
+                          the + ' ' + QuotedPath(reference) +
+                              " is not there, but beside the playfile: " + QuotedPath(*facts.place) + '.');
+        checkDrive(facts, placeOf(use), the);
         if (!facts.isReadable)
             findings_.add(use.unreadable, placeOf(use),
-                          the + ' ' + Quoted(*facts.place) + " cannot be read.");
+                          the + ' ' + QuotedPath(*facts.place) + " cannot be read.");
         return facts.isReadable ? &facts : nullptr;
+    }
+
+    void checkDrive(const FileFacts& facts, const Place& place, const std::string& the) {
+        if (!facts.isFixed)
+            findings_.add("drive-may-go-away", place,
+                          the + ' ' + QuotedPath(*facts.place) + " lies on a drive that may go away.");
+    }
+
+    /// Fonts with a full path. Others are in the application's folders.
+    void checkCustomFonts(const FrameRecord& frame) {
+        for (std::int32_t number = 1; number <= frame.lines.upperBound(); ++number) {
+            const LineRecord& line = frame.lines.at(number);
+            if (line.LineFontSize == kCustomFont && IsRootedPath(line.LineCustomFont))
+                checkDrive(files_.file(line.LineCustomFont),
+                           {number_, number, kPropertyOf<&LineRecord::LineCustomFont>}, "The font");
+        }
     }
 
     void checkPicture(const FrameRecord& frame) {
@@ -166,12 +185,13 @@ private:
         if (!file)
             return;
         const PictureFacts& picture = files_.picture(*file->place);
-        const std::string the = "The picture " + Quoted(*file->place);
+        const std::string the = "The picture " + QuotedPath(*file->place);
         if (!picture.size) {
-            if (endsInOneOf(kPictureEndings, *file->place))
+            const bool isOfKnownKind = endsInOneOf(kPictureEndings, *file->place);
+            if (isOfKnownKind && !picture.isTooLarge)
                 findings_.add("picture-unreadable", placeOf(kPictureUse),
                               the + " is damaged, or of a form that nobody reads.");
-            else
+            else if (!isOfKnownKind)
                 findings_.add("picture-unknown-kind", placeOf(kPictureUse),
                               the + " is no BMP, GIF or AVI file; only the sign knows what is in it.");
             return;
@@ -211,14 +231,14 @@ private:
         const FileFacts* const file = existing(frame, kCommandUse);
         if (file && file->size == 0)
             findings_.add("command-file-empty", placeOf(kCommandUse),
-                          "The command file " + Quoted(*file->place) + " is empty.");
+                          "The command file " + QuotedPath(*file->place) + " is empty.");
     }
 
     void checkSound(const FrameRecord& frame) {
         const FileFacts* const file = existing(frame, kSoundUse);
         if (file && !endsInOneOf(kSoundEndings, *file->place))
             findings_.add("sound-unknown-kind", placeOf(kSoundUse),
-                          "The sound " + Quoted(*file->place) + " is no WAV, MP3, MID or WMA file.");
+                          "The sound " + QuotedPath(*file->place) + " is no WAV, MP3, MID or WMA file.");
     }
 
     FilesOfPlayfile files_;

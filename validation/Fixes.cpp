@@ -1,6 +1,8 @@
 // Making the changes that findings propose.
 #include <qrtVistrelClasses4/Validation.h>
 
+#include "frame/ErrorTrap.h"
+
 #include <limits>
 #include <type_traits>
 
@@ -37,7 +39,7 @@ bool setProperty(Record& record, std::string_view property, double number) {
 
 } // namespace
 
-bool ApplyFix(Playfile& playfile, const Finding& finding) {
+bool ApplyFix(Playfile& playfile, const Finding& finding) try {
     if (!finding.fix || !playfile.frames.contains(finding.frame))
         return false;
     FrameRecord& frame = playfile.frames.at(finding.frame);
@@ -45,6 +47,8 @@ bool ApplyFix(Playfile& playfile, const Finding& finding) {
         return setProperty(frame, finding.property, *finding.fix);
     return frame.lines.contains(finding.line) &&
            setProperty(frame.lines.at(finding.line), finding.property, *finding.fix);
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
 } // namespace qrtVistrelClasses4

@@ -11,6 +11,7 @@ ValidationCircumstances CircumstancesOfMachine(DotSize sign) {
     ValidationCircumstances known;
     if (const DotSize size = settings.sizeOf(sign); size.width > 0 && size.height > 0)
         known.signSize = size;
+    known.showsColors = settings.preferences.DoesDisplaySupportColor;
     known.delayLimits =
         DelayLimitsOf(settings.preferences, settings.timing.of(Timing::DelayLimitUnit).likely);
     known.offeredEffects = FindOfferedEffects();

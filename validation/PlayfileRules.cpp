@@ -29,7 +29,7 @@ void checkLoading(const LoadOutcome& outcome, Findings& findings) {
                           ? kPropertyOf<&FrameRecord::commandfile>
                           : kPropertyOf<&FrameRecord::PicturefileName>},
                      "The " + std::string(nameOfReference(found.reference.member)) + ' ' +
-                         Quoted(found.reference.file) + " is not there; " + Quoted(found.now) +
+                         QuotedPath(found.reference.file) + " is not there; " + QuotedPath(found.now) +
                          " is used instead.");
 }
 

@@ -31,6 +31,8 @@ bool HasVisibleText(const LineRecord& line);
 
 /// The text in quotes, cut if it is long.
 std::string Quoted(std::string_view text);
+/// The path in quotes. A long one is cut before its file name.
+std::string QuotedPath(std::string_view path);
 /// "128 x 64".
 std::string SizeText(DotSize size);
 /// Whether a file name ends in a dot and `ending`, in any case.

@@ -7,6 +7,9 @@
 
 #include <algorithm>
 #include <limits>
+#include <map>
+#include <utility>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -59,7 +62,7 @@ public:
         const std::int32_t rows = sign_ ? sign_->height : std::numeric_limits<std::int32_t>::max();
         const std::int32_t firstBelow = shown_.place(frame, rows, [&](const PlacedLine& placed) {
             place_ = {number, placed.number, kPropertyOf<&LineRecord::CurrentLineText>};
-            addFaults();
+            addFaults(placed.line);
             if (shown_.isEmpty(placed.font))
                 return;
             const std::string text = shown_.textOf(placed.line);
@@ -67,26 +70,45 @@ public:
             checkWidth(*placed.font, text, placed.line);
             reachesBelow = checkHeight(placed, text, reachesBelow) || reachesBelow;
         });
-        for (std::int32_t line = firstBelow; line <= frame.lines.upperBound() && !reachesBelow; ++line)
-            if (HasVisibleText(frame.lines.at(line))) {
+        for (std::int32_t line = firstBelow; line <= frame.lines.upperBound(); ++line) {
+            place_ = {number, line, kPropertyOf<&LineRecord::CurrentLineText>};
+            shown_.fontOf(frame.lines.at(line));
+            addFaults(frame.lines.at(line));
+            if (HasVisibleText(frame.lines.at(line)) && !reachesBelow) {
                 reachesBelow = true;
                 findings_.add("too-many-lines", {number, line, kPropertyOf<&LineRecord::CurrentLineText>},
                               "Line " + std::to_string(line) + " is below the sign, which is " +
                                   std::to_string(rows) + " dots high.");
             }
+        }
     }
 
 private:
-    void addFaults() {
+    using FontKey = std::pair<std::int16_t, std::string>; ///< Number and name of the file.
+
+    /// Those of a line's font, which is loaded only for the first of its lines.
+    void addFaults(const LineRecord& line) {
+        const std::vector<FontFault> faults = shown_.takeFaults();
+        if (faults.empty() && faults_.empty())
+            return;
         const Place fontPlace{place_.frame, place_.line, kPropertyOf<&LineRecord::LineCustomFont>};
-        for (const FontFault& fault : shown_.takeFaults())
-            addFault(fault, fontPlace);
+        const bool isCustom = line.LineFontSize >= kCustomFont;
+        const FontKey key{isCustom ? kCustomFont : line.LineFontSize,
+                          isCustom ? line.LineCustomFont : std::string()};
+        if (const auto known = faults_.find(key); known != faults_.end())
+            addFault(known->second, fontPlace);
+        for (std::size_t index = 0; index < faults.size(); ++index) {
+            addFault(faults[index], fontPlace);
+            if (faults[index].what != FontFault::What::noFonts) // the others are about font 0
+                faults_.insert_or_assign(index == 0 ? key : FontKey(), faults[index]);
+        }
     }
 
     void addFault(const FontFault& fault, const Place& fontPlace) {
         const std::string instead = fault.isReplaced ? "; font 0 is used instead." : ".";
         const auto add = [&](RuleName rule, std::string_view what) {
-            findings_.add(rule, fontPlace, ("The font " + Quoted(fault.name)).append(what).append(instead));
+            findings_.add(rule, fontPlace,
+                          ("The font " + QuotedPath(fault.name)).append(what).append(instead));
         };
         switch (fault.what) {
         case FontFault::What::missing:
@@ -96,14 +118,12 @@ private:
         case FontFault::What::cutShort:
             return add("font-unreadable", " ends before its letters start");
         case FontFault::What::unnamed:
-            return findings_.add("font-unnamed", fontPlace,
-                                 "The line has a custom font without a name" + instead);
-        case FontFault::What::noFonts:
-            return findings_.add("fonts-missing", {},
-                                 "The folder " + Quoted(fault.name) +
-                                     " has none of the numbered fonts, so that texts are not measured.");
         case FontFault::What::unknownNumber:
             return; // known without fonts
+        case FontFault::What::noFonts:
+            return findings_.add("fonts-missing", {},
+                                 "The folder " + QuotedPath(fault.name) +
+                                     " has none of the numbered fonts, so that texts are not measured.");
         }
     }
 
@@ -157,15 +177,23 @@ private:
     std::optional<DotSize> sign_;
     ShownLines shown_;
     Findings& findings_;
-    Place place_; ///< Of the line that is checked.
+    std::map<FontKey, FontFault> faults_; ///< Of the fonts that could not be loaded.
+    Place place_;                         ///< Of the line that is checked.
 };
 
-void checkFontNumbers(const FrameRecord& frame, std::int32_t number, Findings& findings) {
-    for (std::int32_t line = 1; line <= frame.lines.upperBound(); ++line)
-        if (const std::int16_t font = frame.lines.at(line).LineFontSize; font < 0 || font > kCustomFont)
+/// What is wrong with a line's choice of a font, whatever fonts there are.
+void checkFonts(const FrameRecord& frame, std::int32_t number, Findings& findings) {
+    for (std::int32_t line = 1; line <= frame.lines.upperBound(); ++line) {
+        const LineRecord& record = frame.lines.at(line);
+        const std::string name = "Line " + std::to_string(line);
+        if (const std::int16_t font = record.LineFontSize; font < 0 || font > kCustomFont)
             findings.add("font-number-unknown", {number, line, kPropertyOf<&LineRecord::LineFontSize>},
-                         "Line " + std::to_string(line) + " has font " + std::to_string(font) +
-                             ", and fonts are 0 to " + std::to_string(kCustomFont) + '.');
+                         name + " has font " + std::to_string(font) + ", and fonts are 0 to " +
+                             std::to_string(kCustomFont) + '.');
+        else if (font == kCustomFont && record.LineCustomFont.empty())
+            findings.add("font-unnamed", {number, line, kPropertyOf<&LineRecord::LineCustomFont>},
+                         name + " has a custom font without a name; font 0 is used instead.");
+    }
 }
 
 } // namespace
@@ -181,7 +209,7 @@ void CheckTexts(const Playfile& playfile, const ValidationCircumstances& circums
         if (!HasText(frame))
             continue;
         checkMerge(frame, number, findings);
-        checkFontNumbers(frame, number, findings);
+        checkFonts(frame, number, findings);
         if (measure)
             measure->check(frame, number);
         for (std::int32_t line = 1; line <= frame.lines.upperBound(); ++line)

@@ -1,5 +1,6 @@
 #include <qrtVistrelClasses4/Validation.h>
 
+#include "frame/ErrorTrap.h"
 #include "validation/FileLines.h"
 #include "validation/Findings.h"
 #include "validation/Rules.h"
@@ -9,7 +10,7 @@
 
 namespace qrtVistrelClasses4 {
 
-std::vector<Finding> Validate(const Playfile& playfile, const ValidationCircumstances& circumstances) {
+std::vector<Finding> Validate(const Playfile& playfile, const ValidationCircumstances& circumstances) try {
     Findings findings;
     CheckPlayfile(playfile, circumstances, findings);
     CheckLoops(playfile, findings);
@@ -21,6 +22,8 @@ std::vector<Finding> Validate(const Playfile& playfile, const ValidationCircumst
     if (circumstances.loaded)
         SetFileLines(playfile, *circumstances.loaded, found);
     return found;
+} catch (...) {
+    RethrowAsRuntimeError();
 }
 
 bool HasErrors(const std::vector<Finding>& findings) {

@@ -202,7 +202,13 @@ constexpr Fault kFaults[] = {
          failReadsOf(it, "bell.xyz");
      }},
     {"sound-unknown-kind", [](Patient& it) { sound(it, "bell.xyz"); }},
-    {"drive-may-go-away", [](Patient& it) { graphic(it, JoinPath("loose", "still.bmp")); }},
+    {"drive-may-go-away",
+     [](Patient& it) {
+         if (it.dice.once(2))
+             graphic(it, JoinPath("loose", "still.bmp"));
+         else
+             font(it, kCustomFont, it.world.file(JoinPath("loose", "tiny.cff")));
+     }},
 
     {"fonts-missing",
      [](Patient& it) {

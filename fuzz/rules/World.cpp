@@ -123,6 +123,7 @@ World::World() {
     files.put(host.inLibrary("NewEffects.ini"), "[Effects]\r\n");
     files.addLooseDrive(file("loose"));
     files.put(file(JoinPath("loose", "still.bmp")), Bmp(8, rows));
+    files.put(file(JoinPath("loose", "tiny.cff")), HeaderFontBytes(tiny));
 }
 
 ValidationCircumstances World::circumstances() const {

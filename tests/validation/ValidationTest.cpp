@@ -1,6 +1,7 @@
 #include <qrtVistrelClasses4/Validation.h>
 
 #include "HostTest.h"
+#include "media/AnimationTesting.h"
 #include "platform/Path.h"
 
 #include <fstream>
@@ -69,12 +70,24 @@ TEST_F(Validation, NamesPlacesAndValuesInTheirOrder) {
 
 TEST_F(Validation, LeavesAloneWhatOnlyLooksLikeACode) {
     for (const char* const text : {"a | b", "|", "||", "|a|", "CR2032", "VBL0071", "SCR17", "{", "{Sale}",
-                                   "} {", "#1", "## 5", "VBL", "CR", "C", "|h:m||hm|",
+                                   "} {", "#1", "## 5", "VBL", "CR", "C", "|h:m||hm|", "Mon|Tue|Wed",
                                    "\xa6"
                                    "CR01",
                                    "| week |"})
         add(FRAME_TEXT, text);
     EXPECT_EQ(found(), Texts());
+}
+
+TEST_F(Validation, NamesEachCodeOfALineOnce) {
+    std::string many;
+    for (char letter = 'a'; letter <= 'z'; ++letter)
+        many += "##Q" + std::string(1, letter) + "##A";
+    add(FRAME_TEXT, many);
+    const Texts texts = found();
+    ASSERT_EQ(texts.size(), 21U);
+    EXPECT_EQ(texts.at(1), "1.1 unknown-command-code: The text has \"##A\" 26 times, and no command has that "
+                           "key.");
+    EXPECT_EQ(texts.back(), "1.1 unknown-command-code: The text has 7 more of what this rule finds.");
 }
 
 TEST_F(Validation, LooksForEachMissingFileOnce) {
@@ -94,6 +107,36 @@ TEST_F(Validation, LooksForEachMissingFileOnce) {
     EXPECT_LE(looks[host_.inLibrary(JoinPath("shows", "gone.bmp"))], 1);
 }
 
+TEST_F(Validation, NamesAFontThatIsMissingAtEachOfItsLines) {
+    known_.measuresTexts = true;
+    known_.signSize = DotSize{64, 8};
+    add(FRAME_TEXT, "Gate").lines.resize(4);
+    for (LineRecord& line : playfile_.frames.at(1).lines)
+        line.LineFontSize = kCustomFont;
+    playfile_.frames.at(1).lines.at(1).LineCustomFont = host_.inLibrary("gone.cff");
+    playfile_.frames.at(1).lines.at(2).LineFontSize = 17;
+    playfile_.frames.at(1).lines.at(4).LineCustomFont = host_.inLibrary("gone.cff");
+    Texts rules;
+    for (const Finding& finding : Validate(playfile_, known_))
+        rules.push_back(std::to_string(finding.line) + ' ' + std::string(finding.rule->name));
+    EXPECT_EQ(rules, (Texts{"0 fonts-missing", "1 font-missing", "2 font-number-unknown", "3 font-unnamed",
+                            "4 font-missing"}));
+}
+
+TEST_F(Validation, ReadsOnlyTheStartOfLargeFiles) {
+    known_.looksAtFiles = true;
+    known_.signSize = DotSize{64, 8};
+    for (const auto& [name, bytes] : {std::pair("a.avi", Avi(3, 128, 64)),
+                                      std::pair("b.gif", std::string("GIF89a\10\0\10\0\0\0\0", 13))}) {
+        add(FRAME_GRAPHIC).PicturefileName = host_.inLibrary(name);
+        files().put(host_.inLibrary(name), bytes + std::string(std::size_t{33} << 20, 'x'));
+    }
+    playfile_.frames.at(1).AVIFrames = 3;
+    const std::vector<Finding> findings = Validate(playfile_, known_);
+    ASSERT_EQ(findings.size(), 1U);
+    EXPECT_EQ(findings.front().rule->name, "picture-too-large");
+}
+
 TEST_F(Validation, CountsLoopsInThousandsOfOthers) {
     constexpr std::int32_t depth = 16000;
     for (std::int32_t number = 0; number < 2 * depth; ++number)
@@ -110,7 +153,8 @@ TEST_F(Validation, CountsLoopsInThousandsOfOthers) {
 }
 
 TEST_F(Validation, HasALineOfTextForEachFinding) {
-    add(FRAME_TEXT, "Gate").AudioFile = "a\r\nb.ogg";
+    const std::string folders = "C:\\" + std::string(80, 'x');
+    add(FRAME_TEXT, "Gate").AudioFile = folders + "\\a\r\nb.ogg";
     playfile_.frames.at(1).lines.at(1).Merge = true;
     add(FRAME_TEXT, "Pier");
     known_.framesAllowed = 1;
@@ -119,7 +163,8 @@ TEST_F(Validation, HasALineOfTextForEachFinding) {
     for (const Finding& finding : Validate(playfile_, known_))
         texts.push_back(TextOf(finding));
     EXPECT_EQ(texts, (Texts{"error playfile: There are 2 frames, and 1 are allowed. [too-many-frames]",
-                            "warning frame 1, AudioFile: The sound \"a  b.ogg\" is missing. [sound-missing]",
+                            "warning frame 1, AudioFile: The sound \"C:\\" + std::string(48, 'x') +
+                                "...\\a  b.ogg\" is missing. [sound-missing]",
                             "warning frame 1, line 1, Merge: Line 1 is to be merged with the next one, and "
                             "is the last. [merge-on-last-line]"}));
 }

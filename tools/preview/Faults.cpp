@@ -73,9 +73,8 @@ void AddFaults(const std::vector<PreviewFault>& faults, ErrorLines& errors) {
 }
 
 void AddFaults(const std::vector<FontFault>& faults, ErrorLines& errors) {
-    std::vector<PreviewFault> shown;
-    for (const FontFault& fault : faults)
-        shown.push_back(PreviewFaultOf(fault));
+    std::vector<PreviewFault> shown(faults.size());
+    std::ranges::transform(faults, shown.begin(), &PreviewFaultOf);
     AddFaults(shown, errors);
 }
 

@@ -38,6 +38,7 @@ std::vector<std::string> namesOfSettings() {
 
 std::vector<std::string> namesOfRules() {
     std::vector<std::string> names;
+    names.reserve(kRules.size());
     for (const Rule& rule : kRules)
         names.emplace_back(rule.name);
     return names;
