@@ -21,7 +21,7 @@ void CheckNumbers(const Playfile& playfile, const ValidationCircumstances& circu
 
 /// The name of a member's property, by which findings and messages know it.
 template <auto member>
-inline constexpr std::string_view kPropertyOf = kMember<member>.name;
+QRT_HIDDEN inline constexpr std::string_view kPropertyOf = kMember<member>.name;
 
 /// The frames of the sign that a playfile can take: their numbers have 16 bits.
 inline constexpr std::int64_t kMostDisplayFrames = std::numeric_limits<std::int16_t>::max();
