@@ -36,6 +36,8 @@ constexpr Command kCommands[] = {
      "vistrel convert old/*.PL2 --to new", &SetUpConvertCommand},
     {kConvert, "export", "Writes the frames of a playfile as XML for other tools",
      "vistrel export harbour.playfile --out harbour", &SetUpExportCommand},
+    {kConvert, "make", "Makes playfiles from JSON, the counterpart of \"show --json\"",
+     "vistrel make frames.json --out new.playfile", &SetUpMakeCommand},
     {kSigns, "signs", "Shows and changes the list of signs of a site",
      "vistrel signs set \"Pier 1\" DisplayWidth=192", &SetUpSignsCommand},
     {kSigns, "commands", "Shows and changes the table of the sign's commands",
