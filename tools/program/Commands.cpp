@@ -28,7 +28,7 @@ constexpr Command kCommands[] = {
      "vistrel inspect lobby.PL2", &SetUpInspectCommand},
     {kLook, "effects", "Shows the effect codes, and which of them lists offer now",
      "vistrel effects --home site", &SetUpEffectsCommand},
-    {kChange, "frames", "Inserts, deletes, moves and copies frames of a playfile",
+    {kChange, "frames", "Changes, adds, inserts, deletes, moves and copies frames",
      "vistrel frames harbour.playfile move 2 5 --out new.playfile", &SetUpFramesCommand},
     {kChange, "save", "Opens a playfile and saves it under another name",
      "vistrel save harbour.playfile pier.playfile", &SetUpSaveCommand},
