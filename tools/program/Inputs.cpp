@@ -17,7 +17,6 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 constexpr std::string_view kStandardInputName = "standard input";
-constexpr std::size_t kMostInput = std::size_t{256} << 20;
 
 bool isPlayfile(const std::string& path, InputKind kind) {
     constexpr std::string_view ending = ".playfile";
