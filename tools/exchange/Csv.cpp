@@ -7,6 +7,9 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 constexpr char kFieldQuote = '"';
+// What no table has, but damaged files and other ones may.
+constexpr std::size_t kMostFields = 1000;
+constexpr std::size_t kLongestField = 1'000'000;
 constexpr std::string_view kLineBreaks = "\r\n";
 
 /// The separator of a table with this first line.
@@ -39,11 +42,15 @@ bool CsvReader::next() {
 bool CsvReader::readRecord() {
     line_ = nextLine_;
     for (std::size_t count = 1;; ++count) {
+        if (count > kMostFields)
+            return fail(line_, "the line has more than " + std::to_string(kMostFields) + " values");
         fields_.resize(count);
         std::string& field = fields_.back();
         field.clear();
         if (!(rest_.starts_with(kFieldQuote) ? readQuoted(field) : readPlain(field)))
             return false;
+        if (field.size() > kLongestField)
+            return fail(line_, "a value has more than " + std::to_string(kLongestField) + " bytes");
         if (!atLineEnd()) {
             rest_.remove_prefix(1); // the separator
             continue;

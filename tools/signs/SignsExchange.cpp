@@ -106,6 +106,13 @@ private:
 
 std::string lineName(std::size_t line) { return "line " + std::to_string(line); }
 
+NearestName nearestColumn(const std::string& name) {
+    NearestName nearest(name);
+    for (const auto& column : signColumns())
+        nearest.offer(column.name);
+    return nearest;
+}
+
 /// The columns that the header line names, in its order. Nothing, after adding errors, if it names others.
 std::vector<const SignColumns::value_type*> columnsIn(const CsvReader& reader, const SignsImport& import,
                                                       ErrorLines& errors) {
@@ -115,14 +122,11 @@ std::vector<const SignColumns::value_type*> columnsIn(const CsvReader& reader, c
     errors.about(import.fileName + ": " + lineName(reader.line()));
     for (const std::string& typed : reader.fields()) {
         const std::string name(WithoutBlanks(typed));
-        NearestName nearest(name);
-        for (const auto& column : signColumns())
-            nearest.offer(column.name);
         const auto found = std::ranges::find_if(
             signColumns(), [&](const auto& column) { return EqualIgnoringAsciiCase(column.name, name); });
         columns.push_back(found == signColumns().end() ? nullptr : &*found);
         if (!columns.back())
-            errors.add("there is no property \"" + name + "\"" + nearest.hint());
+            errors.add("there is no property \"" + name + "\"" + nearestColumn(name).hint());
         else if (std::ranges::count(columns, columns.back()) > 1)
             errors.add("two columns have the name " + columns.back()->name);
     }
