@@ -7,20 +7,6 @@
 #include "tools/program/ValueKinds.h"
 
 namespace qrtVistrelClasses4 {
-namespace {
-
-std::string importedBytes(const std::string& path) {
-    if (path == kStandardStream)
-        return ReadStandardInput();
-    const auto file = ValueOf(platform().files().openToRead(path));
-    if (file->size() > kMostInput)
-        Check(SystemError::tooLarge);
-    std::string bytes(static_cast<std::size_t>(file->size()), '\0');
-    bytes.resize(ValueOf(file->readAt(0, bytes)));
-    return bytes;
-}
-
-} // namespace
 
 void AddImportOptions(CLI::App& command, ImportOptions& options, const std::string& merge) {
     command.add_option("FILE", options.file, R"(The file; "-" for standard input)")
@@ -33,7 +19,7 @@ void AddImportOptions(CLI::App& command, ImportOptions& options, const std::stri
 std::optional<std::string> ReadImport(const ImportOptions& options, ErrorLines& errors) {
     AboutInput(errors, options.file);
     std::optional<std::string> text;
-    if (const auto error = ErrorOf([&] { text = importedBytes(options.file); }))
+    if (const auto error = ErrorOf([&] { text = ReadInput(options.file); }))
         errors.add(*error);
     return text;
 }

@@ -134,6 +134,17 @@ std::unique_ptr<InputFile> OpenInput(const std::string& path) {
     return ValueOf(platform().files().openToRead(path));
 }
 
+std::string ReadInput(const std::string& path) {
+    if (path == kStandardStream)
+        return ReadStandardInput();
+    const auto file = ValueOf(platform().files().openToRead(path));
+    if (file->size() > kMostInput)
+        Check(SystemError::tooLarge);
+    std::string bytes(static_cast<std::size_t>(file->size()), '\0');
+    bytes.resize(ValueOf(file->readAt(0, bytes)));
+    return bytes;
+}
+
 void Headings::print(const std::string& path) {
     if (!isShown_)
         return;
