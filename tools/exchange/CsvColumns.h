@@ -48,15 +48,14 @@ std::string CsvCell(const Value& value) {
 /// always have that of a new record.
 template <class Row>
 std::optional<ValueOfRow<Row>> ValueOfCell(const Row& row, const std::string& cell, const CellRules& rules,
-                                           ErrorLines& errors) {
+                                           const ValueOfRow<Row>& present, ErrorLines& errors) {
     using Value = ValueOfRow<Row>;
     if constexpr (std::is_same_v<Value, std::string>) {
         std::optional<std::string> text = rules.toText(cell, errors);
-        if (!text || rules.isUnchecked || Allows(AllowedValuesOf(row.name), *text))
+        if (!text || rules.isUnchecked || text == present || Allows(AllowedValuesOf(row.name), *text))
             return text;
     }
-    const bool isUnset = cell == CsvCell(typename Row::Record().*row.member);
-    return ValueFromTyped<Value>({row.name, cell, rules.isUnchecked || isUnset}, errors);
+    return ValueFromTyped<Value>({row.name, cell, rules.isUnchecked || cell == CsvCell(present)}, errors);
 }
 
 /// Adds the columns of all rows of `table`. `recordOf(line)` is the record with these members in a record of
@@ -83,7 +82,7 @@ void AddCsvColumns(std::vector<CsvColumn<Record>>& columns, const Table& table, 
                                               ErrorLines& errors) {
                 if (cell.empty() && !std::is_same_v<ValueOfRow<Row>, std::string>)
                     return true;
-                auto value = ValueOfCell(row, cell, rules, errors);
+                auto value = ValueOfCell(row, cell, rules, recordOf(record).*row.member, errors);
                 if (value)
                     SetProperty(row, recordOf(record), *std::move(value));
                 return value.has_value();

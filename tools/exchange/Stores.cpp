@@ -8,12 +8,12 @@
 
 namespace qrtVistrelClasses4 {
 
-void AddImportOptions(CLI::App& command, ImportOptions& options, const std::string& merge) {
+void AddImportOptions(CLI::App& command, ImportOptions& options, const ImportHelp& help) {
     command.add_option("FILE", options.file, R"(The file; "-" for standard input)")
         ->type_name(kFileValue)
         ->required();
-    command.add_flag("--merge", options.merges, merge);
-    command.add_flag("--unchecked", options.isUnchecked, "Takes values that no sign has, too");
+    command.add_flag("--merge", options.merges, help.merge);
+    command.add_flag("--unchecked", options.isUnchecked, help.unchecked);
 }
 
 std::optional<std::string> ReadImport(const ImportOptions& options, ErrorLines& errors) {
@@ -32,27 +32,26 @@ void AddExportOptions(CLI::App& command, OutputOptions& options) {
     AddOutputOptions(command, options, ExistingFiles::replaced);
 }
 
-ExitCode WriteExport(const OutputOptions& options, std::string_view text, Session& session) {
-    if (options.out.empty()) {
-        session.out << text;
-        return ExitCode::done;
-    }
+ExitCode WriteExport(const OutputOptions& options, const std::function<void(ByteSink& file)>& write,
+                     Session& session) {
+    const std::string path = options.out.empty() ? std::string(kStandardStream) : options.out;
     Outputs outputs(options, ExistingFiles::replaced, session);
-    AboutOutput(session.errors, options.out);
-    if (const auto code = outputs.codeInsteadOf(options.out))
-        return *code;
-    OutputTarget target(options.out, session.out);
+    AboutOutput(session.errors, path);
+    if (!options.out.empty()) // else a terminal may show it, too
+        if (const auto code = outputs.codeInsteadOf(path))
+            return *code;
+    OutputTarget target(path, session.out);
     const auto error = ErrorOf([&] {
         Check(target.error());
-        Check(target.write(text));
+        write(target);
         Check(target.commit());
     });
     if (error) {
         session.errors.add("not written", *error);
         return ExitCode::failed;
     }
-    if (options.out != kStandardStream)
-        outputs.remark(Visible(options.out));
+    if (path != kStandardStream)
+        outputs.remark(Visible(path));
     return ExitCode::done;
 }
 

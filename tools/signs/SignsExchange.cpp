@@ -2,11 +2,11 @@
 
 #include "platform/LetterCase.h"
 #include "tools/exchange/CsvColumns.h"
+#include "tools/exchange/JsonInput.h"
 #include "tools/program/Commands.h"
 #include "tools/signs/SignsFile.h"
 
 #include <algorithm>
-#include <limits>
 #include <unordered_map>
 #include <utility>
 
@@ -16,7 +16,7 @@ namespace {
 using SignColumns = std::vector<CsvColumn<DisplayRecord>>;
 
 constexpr std::string_view kNameProperty = kRowOf<kDisplayMembers, &DisplayRecord::DisplayName>.name;
-constexpr std::size_t kMostSigns = std::numeric_limits<std::int16_t>::max();
+constexpr std::int32_t kMostSigns = Exchanged<DisplayRecord>::most;
 
 const SignColumns& signColumns() {
     static const SignColumns columns = CsvColumnsOf<DisplayRecord>(kDisplayMembers);
@@ -28,7 +28,7 @@ std::optional<std::string> signText(std::string_view utf8, bool isUnchecked, Err
     std::optional<std::string> text = AnsiFromUtf8(utf8);
     if (!text || !isUnchecked)
         text = AnsiFromTyped(utf8, errors);
-    if (!text || text->find_first_of(std::string_view("\"\0", 2)) == text->npos)
+    if (!text || CanBeInSignList(*text))
         return text;
     errors.add("a list of signs cannot hold quotes or NUL characters");
     return std::nullopt;
@@ -40,7 +40,9 @@ std::string nameKey(const std::string& name) { return AnsiUpperCase(EscapeNumeri
 /// Collects signs in the order of a file.
 class SignCollector {
 public:
-    SignCollector(const SignsImport& import, ErrorLines& errors) : import_(import), errors_(errors) {
+    /// `separator` is between the place of a sign and the name of a property.
+    SignCollector(const SignsImport& import, std::string_view separator, ErrorLines& errors)
+        : import_(import), separator_(separator), errors_(errors) {
         if (!import.merged)
             return;
         list_ = *import.merged;
@@ -68,7 +70,7 @@ public:
         const auto found = numbers_.find(nameKey(sign.DisplayName));
         if (import_.merged && found != numbers_.end()) {
             list_.signs.at(found->second) = std::move(sign);
-        } else if (static_cast<std::size_t>(list_.signs.upperBound()) == kMostSigns) {
+        } else if (list_.signs.upperBound() == kMostSigns) {
             errors_.add("a list has at most " + std::to_string(kMostSigns) + " signs");
         } else {
             list_.signs.resize(list_.signs.upperBound() + 1);
@@ -77,7 +79,8 @@ public:
     }
 
     void about(const std::string& place, std::string_view property) {
-        errors_.about(std::string(import_.fileName).append(": ").append(place).append(", ").append(property));
+        errors_.about(
+            std::string(import_.fileName).append(": ").append(place).append(separator_).append(property));
     }
 
     SignList takeList() { return std::move(list_); }
@@ -98,6 +101,7 @@ private:
     }
 
     const SignsImport& import_;
+    std::string_view separator_;
     ErrorLines& errors_;
     SignList list_;
     std::unordered_map<std::string, std::int16_t> numbers_; ///< Of the signs before the import, by key.
@@ -168,6 +172,10 @@ void addSigns(CsvReader& reader, const std::vector<const SignColumns::value_type
 
 } // namespace
 
+bool CanBeInSignList(std::string_view ansi) {
+    return ansi.find('"') == ansi.npos && ansi.find('\0') == ansi.npos;
+}
+
 std::string CsvOf(const SignList& list) {
     std::string text(kByteOrderMark);
     std::vector<std::string> fields;
@@ -183,10 +191,10 @@ std::string CsvOf(const SignList& list) {
     return text;
 }
 
-std::optional<SignList> SignsOfCsv(std::string_view text, const SignsImport& import, ErrorLines& errors) {
+std::optional<SignList> SignsOfCsv(const std::string& text, const SignsImport& import, ErrorLines& errors) {
     const std::size_t before = errors.count();
     CsvReader reader(text);
-    SignCollector signs(import, errors);
+    SignCollector signs(import, ", ", errors);
     errors.about(import.fileName);
     if (reader.next())
         addSigns(reader, columnsIn(reader, import, errors), signs, import, errors);
@@ -195,6 +203,28 @@ std::optional<SignList> SignsOfCsv(std::string_view text, const SignsImport& imp
     if (reader.error()) {
         errors.about(import.fileName + ": " + lineName(reader.error()->line));
         errors.add(reader.error()->text);
+    }
+    return errors.count() == before ? std::optional(signs.takeList()) : std::nullopt;
+}
+
+std::optional<SignList> SignsOfJson(const std::string& text, const SignsImport& import, ErrorLines& errors) {
+    const std::size_t before = errors.count();
+    const JsonChecks checks = import.isUnchecked ? JsonChecks::typesOnly : JsonChecks::usual;
+    SignCollector signs(import, ".", errors);
+    SignList read;
+    errors.about(import.fileName);
+    if (!ReadJson(text, read.signs, errors, import.merged ? JsonChecks::typesOnly : checks))
+        return std::nullopt;
+    if (import.merged) { // now the names are known: the values are read over those of the signs
+        for (DisplayRecord& sign : read.signs)
+            sign = signs.startOf(sign.DisplayName);
+        if (!ReadJson(text, read.signs, errors, checks))
+            return std::nullopt;
+    }
+    std::size_t index = 0;
+    for (DisplayRecord& sign : read.signs) {
+        sign.DisplayName = EscapeNumericName(sign.DisplayName);
+        signs.add(std::move(sign), "$[" + std::to_string(index++) + "]");
     }
     return errors.count() == before ? std::optional(signs.takeList()) : std::nullopt;
 }

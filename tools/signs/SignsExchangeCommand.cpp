@@ -1,4 +1,5 @@
 // vistrel signs export and import.
+#include "frame/SystemErrors.h"
 #include "tools/exchange/Stores.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/Inputs.h"
@@ -11,8 +12,11 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
+constexpr std::string_view kCsvEnding = ".csv";
+
 struct SignsExchangeOptions {
     std::shared_ptr<const bool> json; ///< Whether what was done is printed as JSON.
+    bool isCsv = false;               ///< Whatever the name of the file.
     OutputOptions output;
     ImportOptions input;
 };
@@ -24,7 +28,10 @@ ExitCode exportSigns(const SignsExchangeOptions& options, Session& session) {
     AddFaults(*file, session.errors);
     if (!session.errors.empty())
         return ExitCode::failed;
-    return WriteExport(options.output, CsvOf(file->list), session);
+    if (!options.isCsv && EndingOf(options.output.out) != kCsvEnding)
+        return WriteJsonExport(options.output, file->list.signs, session);
+    const auto write = [&](ByteSink& out) { Check(out.write(CsvOf(file->list))); };
+    return WriteExport(options.output, write, session);
 }
 
 ExitCode importSigns(const SignsExchangeOptions& options, Session& session) {
@@ -34,7 +41,8 @@ ExitCode importSigns(const SignsExchangeOptions& options, Session& session) {
         return ExitCode::failed;
     const SignsImport import{InputName(options.input.file), options.input.isUnchecked,
                              options.input.merges ? &file->list : nullptr};
-    std::optional<SignList> list = SignsOfCsv(*text, import, session.errors);
+    const bool isCsv = options.isCsv || EndingOf(options.input.file) == kCsvEnding;
+    std::optional<SignList> list = (isCsv ? SignsOfCsv : SignsOfJson)(*text, import, session.errors);
     if (!list)
         return ExitCode::failed;
     const SignsReport report{.done = "imported " + import.fileName, .readFrom = file->path};
@@ -50,15 +58,18 @@ ExitCode importSigns(const SignsExchangeOptions& options, Session& session) {
 void AddSignsExchange(CLI::App& signs, Session& session, std::shared_ptr<const bool> json) {
     const auto options = std::make_shared<SignsExchangeOptions>();
     options->json = std::move(json);
-    CLI::App& exporting = AddCommand(signs, "export", "Writes all signs as CSV for spreadsheets",
+    CLI::App& exporting = AddCommand(signs, "export", "Writes all signs as JSON, or as CSV for spreadsheets",
                                      "vistrel signs export --out signs.csv", session, options, &exportSigns);
     AddExportOptions(exporting, options->output);
-    CLI::App& importing =
-        AddCommand(signs, "import", "Replaces all signs by those of a file, once all of it has been checked",
-                   "vistrel signs import signs.csv --merge", session, options, &importSigns);
+    CLI::App& importing = AddCommand(
+        signs, "import", "Replaces all signs by those of a JSON or CSV file, once all of it has been checked",
+        "vistrel signs import signs.csv --merge", session, options, &importSigns);
     AddImportOptions(
         importing, options->input,
-        "Changes the signs that have the same names, keeps all others, and adds those that are new");
+        {"Changes the signs that have the same names, keeps all others, and adds those that are new",
+         "Takes values that no sign has, too"});
+    for (CLI::App* command : {&exporting, &importing})
+        command->add_flag("--csv", options->isCsv, "Takes CSV, as for a file whose name ends in .csv");
 }
 
 } // namespace qrtVistrelClasses4
