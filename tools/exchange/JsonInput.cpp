@@ -314,6 +314,7 @@ bool RecordBuilder::take(const Scalar& scalar) {
 
 bool RecordBuilder::storeText(const Target& target, std::string_view utf8) {
     auto& text = *static_cast<std::string*>(target.place);
+    const bool isPresent = !target.allowed->pattern.empty() && Utf8FromAnsi(text) == utf8;
     if (isAscii(utf8)) {
         text = utf8;
     } else {
@@ -323,15 +324,16 @@ bool RecordBuilder::storeText(const Target& target, std::string_view utf8) {
         text = *std::move(ansi);
     }
     if (!target.kind->canHold(text))
-        return add("has a control character that the file cannot hold");
-    return Allows(*target.allowed, text) || refuse(target, inQuotes(utf8));
+        return add("has a character that the file cannot hold");
+    return isPresent || Allows(*target.allowed, text) || refuse(target, inQuotes(utf8));
 }
 
 template <class Number>
 bool RecordBuilder::storeNumber(const Target& target, std::optional<Number> number) {
-    if (!number || !Allows(*target.allowed, *number))
-        return false;
-    *static_cast<Number*>(target.place) = *number;
+    auto& present = *static_cast<Number*>(target.place);
+    if (!number || (*number != present && !Allows(*target.allowed, *number)))
+        return false; // what a record has already, or a new one has, is always taken
+    present = *number;
     return true;
 }
 

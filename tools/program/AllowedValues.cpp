@@ -202,6 +202,17 @@ std::string whereNamesAre(const NumberNames& names) {
     return text + ")";
 }
 
+/// The expression of a pattern of the table, which takes longer to make than to match.
+const std::regex& expressionOf(std::string_view pattern) {
+    static std::map<std::string_view, std::regex> made;
+    const auto found = made.find(pattern);
+    if (found != made.end())
+        return found->second;
+    return made
+        .emplace(pattern, std::regex(withColors(pattern, "(" + colorsWith("|") + ")"), std::regex::icase))
+        .first->second;
+}
+
 bool startsWordOf(std::string_view name, std::string_view typed) {
     for (std::size_t at = 0; at + typed.size() <= name.size(); ++at)
         if ((at == 0 || name[at - 1] == ' ') && EqualIgnoringAsciiCase(name.substr(at, typed.size()), typed))
@@ -224,10 +235,9 @@ bool Allows(const AllowedValues& allowed, double number) {
 
 bool Allows(const AllowedValues& allowed, const std::string& text) {
     constexpr std::size_t longest = 254; // matching a long text would take much of the stack
-    return allowed.pattern.empty() || text.empty() ||
-           (text.size() <= longest &&
-            std::regex_match(text, std::regex(withColors(allowed.pattern, "(" + colorsWith("|") + ")"),
-                                              std::regex::icase)));
+    if (allowed.pattern.empty() || text.empty())
+        return true;
+    return text.size() <= longest && std::regex_match(text, expressionOf(allowed.pattern));
 }
 
 std::string DescriptionOf(const AllowedValues& allowed, std::string_view type, double least, double most) {
