@@ -132,6 +132,9 @@ std::vector<OptionalEffect> SwitchedOnEffects();
 std::optional<std::string> PrefixName(std::int16_t code);
 std::optional<std::string> SuffixName(std::int16_t code);
 
+/// All codes that have a name on one side at least, rising.
+std::vector<std::int16_t> NamedEffectCodes();
+
 /// What an effect code moves. Loops, and codes without a name, move nothing.
 EffectMotion PrefixMotion(std::int16_t code);
 EffectMotion SuffixMotion(std::int16_t code);

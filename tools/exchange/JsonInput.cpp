@@ -241,7 +241,7 @@ Target RecordBuilder::nextElement(Level& list) {
     if (index == elements.most || elements_ == kMostElements) {
         list.index = elements.most + 1; // one error is enough
         (void)add(index == elements.most
-                      ? "more than " + std::to_string(elements.most) + " elements are not possible"
+                      ? "only " + std::to_string(elements.most) + " elements are possible"
                       : "there are more than " + std::to_string(kMostElements) + " elements in all",
                   true);
         return {};
@@ -412,7 +412,7 @@ void addSyntaxError(std::string_view text, std::size_t offset, rapidjson::ParseE
         std::string_view("\t\r\n").find(next) == std::string_view::npos)
         errors.add(place + "a control character is no part of JSON");
     else if (offset >= text.size() && code != rapidjson::kParseErrorDocumentEmpty)
-        errors.add(place + "the text ends too early: " + clauseOf(code));
+        errors.add(place + "the text ends too early");
     else
         errors.add(place + clauseOf(code));
 }

@@ -11,7 +11,6 @@
 #include "tools/program/PropertyValues.h"
 #include "tools/program/Table.h"
 
-#include <array>
 #include <limits>
 #include <optional>
 #include <vector>
@@ -39,11 +38,8 @@ TimeBasis loadTimeBasis() {
 }
 
 std::string kindName(const FrameRecord& frame) {
-    constexpr std::array names{"Blank", "Graphic", "Text", "Graphic/Text", "Command"};
-    static_assert(static_cast<std::size_t>(NEW_FRAME_TYPES::FRAME_CMD) == names.size() - 1);
-    const auto kind = static_cast<std::int32_t>(KindOf(frame));
-    return kind >= 0 && kind < static_cast<std::int32_t>(names.size()) ? names[static_cast<std::size_t>(kind)]
-                                                                       : std::to_string(kind);
+    const std::string_view name = NameOfNumber(kMember<&FrameRecord::FrameType>.name, frame.FrameType);
+    return name.empty() ? std::to_string(frame.FrameType) : std::string(name);
 }
 
 /// The name of an effect, or its code if it has none.
