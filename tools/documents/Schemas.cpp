@@ -3,6 +3,7 @@
 #include "platform/LetterCase.h"
 #include "tools/commands/CommandsExchange.h"
 #include "tools/documents/PropertyHelp.h"
+#include "tools/exchange/JsonInput.h"
 #include "tools/exchange/PlayfileJson.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/ErrorLines.h"
@@ -97,7 +98,7 @@ ordered_json textSchema(const AllowedValues& allowed, const std::string& unset) 
 /// Makes the schemas of one kind of file.
 class SchemaMaker {
 public:
-    explicit SchemaMaker(const PropertyHelp& help) : help_(help) {}
+    SchemaMaker(const PropertyHelp& help, JsonChecks checks) : help_(help), checks_(checks) {}
 
     /// `value` is a new one, whose lists have an element.
     ordered_json schemaOf(const JsonKind& kind, const void* value, const AllowedValues& allowed) const {
@@ -149,7 +150,8 @@ private:
         for (const JsonMember& member : kind.members) {
             ordered_json& property = schema["properties"][member.key];
             property["description"] = helpOf(member.key);
-            property.update(schemaOf(*member.kind, member.valueIn(record), *member.allowed));
+            property.update(schemaOf(*member.kind, member.valueIn(record),
+                                     checks_ == JsonChecks::usual ? *member.allowed : AllowedValuesOf({})));
         }
         return schema;
     }
@@ -167,6 +169,7 @@ private:
     }
 
     const PropertyHelp& help_;
+    JsonChecks checks_;
 };
 
 template <class List>
@@ -181,10 +184,10 @@ List withOneElement() {
 std::vector<Schema> Schemas(std::string_view definition) {
     std::vector<Schema> schemas;
     const auto add = [&](const char* name, const char* title, const JsonKind& kind, const void* value,
-                         std::string_view interfaceName) {
+                         std::string_view interfaceName, JsonChecks checks = JsonChecks::usual) {
         const PropertyHelp help = PropertyHelpOf(definition, interfaceName);
         ordered_json schema{{"$schema", "https://json-schema.org/draft/2020-12/schema"}, {"title", title}};
-        schema.update(SchemaMaker(help).schemaOf(kind, value, AllowedValuesOf({})));
+        schema.update(SchemaMaker(help, checks).schemaOf(kind, value, AllowedValuesOf({})));
         schemas.push_back({name + std::string(".schema.json"), schema.dump(2) + "\n"});
     };
     auto frames = withOneElement<OneBasedArray<FrameRecord>>();
@@ -192,7 +195,8 @@ std::vector<Schema> Schemas(std::string_view definition) {
     const auto signs = withOneElement<OneBasedArray<DisplayRecord>>();
     const auto commands = withOneElement<ExchangedCommands>();
     const Preferences preferences = DefaultPreferences({});
-    add("playfile", "The frames of a playfile", KindOfPlayfile(), &frames, "_FrameInfoClass");
+    add("playfile", "The frames of a playfile", KindOfPlayfile(), &frames, "_FrameInfoClass",
+        JsonChecks::typesOnly);
     add("signs", "A list of signs", JsonKindOf<OneBasedArray<DisplayRecord>>::get(), &signs,
         "_DisplayDatabaseClass");
     add("commands", "The commands that users added", JsonKindOf<ExchangedCommands>::get(), &commands, "");
