@@ -192,6 +192,16 @@ std::string withColors(std::string_view text, const std::string& colors) {
     return result;
 }
 
+/// Made once, which takes longer than matching.
+const std::regex& expressionOf(const AllowedValues& allowed) {
+    static std::map<std::string_view, std::regex> made; // by pattern
+    const auto found = made.find(allowed.pattern);
+    return found != made.end()
+               ? found->second
+               : made.emplace(allowed.pattern, std::regex(ExpressionOf(allowed), std::regex::icase))
+                     .first->second;
+}
+
 /// " that "vistrel effects" prints", or the names.
 std::string whereNamesAre(const NumberNames& names) {
     if (!names.listing.empty())
@@ -200,17 +210,6 @@ std::string whereNamesAre(const NumberNames& names) {
     for (const NamedNumber& named : names.all())
         text.append(text.empty() ? " (" : ", ").append(named.name);
     return text + ")";
-}
-
-/// The expression of a pattern of the table, which takes longer to make than to match.
-const std::regex& expressionOf(std::string_view pattern) {
-    static std::map<std::string_view, std::regex> made;
-    const auto found = made.find(pattern);
-    if (found != made.end())
-        return found->second;
-    return made
-        .emplace(pattern, std::regex(withColors(pattern, "(" + colorsWith("|") + ")"), std::regex::icase))
-        .first->second;
 }
 
 bool startsWordOf(std::string_view name, std::string_view typed) {
@@ -228,16 +227,19 @@ const AllowedValues& AllowedValuesOf(std::string_view property) {
     return found == std::end(kAllowed) ? anything : *found;
 }
 
+std::string ExpressionOf(const AllowedValues& allowed) {
+    return withColors(allowed.pattern, "(" + colorsWith("|") + ")");
+}
+
 bool Allows(const AllowedValues& allowed, double number) {
     return number >= allowed.least && number <= allowed.most &&
            (!allowed.areNamed || !allowed.names->nameOf(static_cast<std::int16_t>(number)).empty());
 }
 
 bool Allows(const AllowedValues& allowed, const std::string& text) {
-    constexpr std::size_t longest = 254; // matching a long text would take much of the stack
     if (allowed.pattern.empty() || text.empty())
         return true;
-    return text.size() <= longest && std::regex_match(text, expressionOf(allowed.pattern));
+    return text.size() <= kLongestMatched && std::regex_match(text, expressionOf(allowed));
 }
 
 std::string DescriptionOf(const AllowedValues& allowed, std::string_view type, double least, double most) {
