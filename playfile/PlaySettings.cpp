@@ -17,7 +17,9 @@ void reportIfAny(const std::optional<RuntimeError>& error) {
         ReportQuietly(*error);
 }
 
-Preferences loadPreferences() {
+} // namespace
+
+Preferences LoadPreferencesQuietly() {
     const PreferenceFolders folders = FindPreferenceFolders();
     Preferences defaults = DefaultPreferences(folders);
     const std::optional<std::string> path = PreferencesPath();
@@ -28,15 +30,13 @@ Preferences loadPreferences() {
     return std::move(read.values);
 }
 
-} // namespace
-
 DotSize PlaySettings::sizeOf(DotSize sign) const {
     return {sign.width > 0 ? sign.width : preferences.DisplayWidth,
             sign.height > 0 ? sign.height : preferences.DisplayHeight};
 }
 
 PlaySettings LoadPlaySettings() {
-    Preferences preferences = loadPreferences();
+    Preferences preferences = LoadPreferencesQuietly();
     const SignTimingOutcome timing = LoadSignTiming();
     reportIfAny(timing.error());
     CommandTableOutcome commands = LoadCommandTable(CommandTablePath());
