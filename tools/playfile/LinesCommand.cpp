@@ -7,10 +7,10 @@
 #include "tools/program/NumberSelection.h"
 #include "tools/program/ValueKinds.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <memory>
-#include <ranges>
 #include <string>
 #include <vector>
 
@@ -111,11 +111,12 @@ ExitCode insertLine(const LinesOptions& options, Session& session) {
 ExitCode deleteLines(const LinesOptions& options, Session& session) {
     return editChosen(options, session, "deleted lines of ",
                       [&](EditedPlayfile& edited, std::int32_t number, ErrorLines& errors) {
-                          const auto numbers = linesOf(options, edited, number, errors);
+                          auto numbers = linesOf(options, edited, number, errors);
                           if (!numbers)
                               return false;
+                          std::ranges::reverse(*numbers); // so that the others keep theirs
                           FrameRecord& frame = edited.frames().at(number);
-                          for (const std::int32_t line : std::views::reverse(*numbers))
+                          for (const std::int32_t line : *numbers)
                               frame.lines.erase(line);
                           if (frame.lines.empty()) // a frame always has one
                               frame.lines.resize(1);
