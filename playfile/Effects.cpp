@@ -4,6 +4,7 @@
 #include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <optional>
+#include <set>
 #include <span>
 
 namespace qrtVistrelClasses4 {
@@ -116,6 +117,21 @@ std::optional<std::string> PrefixName(std::int16_t code) {
 }
 
 std::optional<std::string> SuffixName(std::int16_t code) { return nameOf(code, kSuffixes); }
+
+std::vector<std::int16_t> NamedEffectCodes() {
+    std::set<std::int16_t> codes;
+    for (std::int16_t code = kLoopBase + 1; code < kLoopLimit; ++code)
+        codes.insert(code);
+    for (const Side& side : {kPrefixes, kSuffixes}) {
+        for (const FixedEffect& effect : kFixedEffects)
+            codes.insert(effect.*side.fixedCode);
+        for (const UnlistedEffect& effect : side.unlisted)
+            codes.insert(effect.code);
+    }
+    for (const OptionalEffect& effect : kOptionalEffects)
+        codes.insert(effect.code);
+    return {codes.begin(), codes.end()};
+}
 
 EffectMotion PrefixMotion(std::int16_t code) { return motionOf(code, kPrefixes); }
 EffectMotion SuffixMotion(std::int16_t code) { return motionOf(code, kSuffixes); }

@@ -25,6 +25,9 @@ inline constexpr std::int16_t kEndLoop = 20001;
 constexpr std::int32_t RoundsOfLoop(std::int16_t prefixCode) {
     return prefixCode > kLoopBase && prefixCode < kLoopLimit ? prefixCode - kLoopBase : 0;
 }
+/// Revealing from the middle, and to it.
+inline constexpr std::int16_t kRevealOn = 5;
+inline constexpr std::int16_t kRevealOff = 10;
 /// The wipe effect, and its number in old files.
 inline constexpr std::int16_t kWipe = 2000;
 inline constexpr std::int16_t kOldWipe = 2001;
@@ -59,7 +62,7 @@ inline constexpr std::array kFixedEffects{
     FixedEffect{5003, "Scroll Top to Bottom", 5003, "Scroll Top to Bottom", EffectMotion::down},
     FixedEffect{5002, "Scroll Bottom to Top", 5002, "Scroll Bottom to Top", EffectMotion::down},
     FixedEffect{12005, "Twinkle On", 12005, "Twinkle Off", EffectMotion::twinkle},
-    FixedEffect{5, "Reveal from Middle", 10, "Reveal to Middle", EffectMotion::across},
+    FixedEffect{kRevealOn, "Reveal from Middle", kRevealOff, "Reveal to Middle", EffectMotion::across},
     FixedEffect{11006, "Fade In", 11006, "Fade Out", EffectMotion::fade},
     FixedEffect{10000, "Horizontal Line Drop", 10000, "Horizontal Line Drop", EffectMotion::down},
     FixedEffect{kWipe, "Wipe On", kWipe, "Wipe Off", EffectMotion::across},
@@ -128,6 +131,9 @@ std::vector<OptionalEffect> SwitchedOnEffects();
 /// The name of an effect code, if it has one.
 std::optional<std::string> PrefixName(std::int16_t code);
 std::optional<std::string> SuffixName(std::int16_t code);
+
+/// All codes that have a name on one side at least, rising.
+std::vector<std::int16_t> NamedEffectCodes();
 
 /// What an effect code moves. Loops, and codes without a name, move nothing.
 EffectMotion PrefixMotion(std::int16_t code);

@@ -18,12 +18,7 @@ void reportIfAny(const std::optional<RuntimeError>& error) {
 }
 
 Preferences loadPreferences() {
-    const PreferenceFolders folders = FindPreferenceFolders();
-    Preferences defaults = DefaultPreferences(folders);
-    const std::optional<std::string> path = PreferencesPath();
-    if (!path)
-        return defaults;
-    PreferencesOutcome read = LoadPreferences({*path, folders, std::move(defaults)});
+    PreferencesOutcome read = LoadPreferencesOnly();
     reportIfAny(read.error());
     return std::move(read.values);
 }

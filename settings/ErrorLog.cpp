@@ -4,6 +4,7 @@
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "settings/AppFolder.h"
+#include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <mutex>
 #include <optional>
@@ -36,6 +37,15 @@ bool append(const std::string& folder, const std::string& entry) {
         return false;
     const bool isWritten = file.value()->write(entry) == SystemError::none;
     return file.value()->close() == SystemError::none && isWritten;
+}
+
+/// The same for the usual folder. Settings that cannot be read may hide where it is.
+bool appendInUsualFolder(const std::string& entry) {
+    try {
+        return append(ErrorLogFolder(), entry);
+    } catch (const RuntimeError&) {
+        return false;
+    }
 }
 
 bool appendInLocalData(const std::string& entry) {
@@ -72,10 +82,9 @@ std::string ErrorLogFolder() {
 
 bool AppendToErrorLog(const std::string& text) {
     const std::string entry = timeText(platform().localTime()) + "  " + text;
-    const std::string folder = ErrorLogFolder();
     static std::mutex mutex; // two threads must not both move the old log away
     const std::lock_guard lock(mutex);
-    return append(folder, entry) || appendInLocalData(entry);
+    return appendInUsualFolder(entry) || appendInLocalData(entry);
 }
 
 } // namespace qrtVistrelClasses4

@@ -3,7 +3,6 @@
 #include "frame/SystemErrors.h"
 #include "frame/Traced.h"
 #include "frame/modClassIDGenerator.h"
-#include "platform/Platform.h"
 #include "settings/PreferenceProfile.h"
 
 #include <utility>
@@ -52,20 +51,6 @@ void makePlayfileFolder(const PreferenceFolders& folders) {
         Arg{"Folder", folder});
 }
 
-/// Logs what has happened to the file of preferences, without interrupting the user. The object remembers it.
-void noteFileError(const RuntimeError& error) {
-    NoteError(error);
-    ReportQuietly(error);
-}
-
-/// A file that cannot be read is treated like a missing one, which is no error.
-void noteUnreadable(const std::string& path) {
-    const SystemError error = platform().files().read(path).error();
-    if (error != SystemError::fileNotFound && error != SystemError::folderNotFound &&
-        error != SystemError::none)
-        noteFileError(ErrorFor(error));
-}
-
 /// The record that holds a member: the preferences themselves, or the schedule of that number.
 template <class Record, class Whole>
 auto& recordOf(Whole& preferences, std::int16_t scheduleNumber) {
@@ -104,8 +89,10 @@ void SettingsInfoClass::WriteSetting(const std::string& Key, const std::string& 
         {lastError_, kWriteSetting},
         [&] {
             const std::optional<std::string> path = PreferencesName();
-            if (const auto error = path ? WritePreference(*path, Key, Value).error : std::nullopt)
-                noteFileError(*error);
+            if (const auto error = path ? WritePreference(*path, Key, Value).error : std::nullopt) {
+                NoteError(*error); // a preference that cannot be kept is no reason to interrupt the user
+                ReportQuietly(*error);
+            }
         },
         Arg{"Key", Key}, Arg{"Value", Value});
 }
@@ -119,7 +106,6 @@ void SettingsInfoClass::GetSettingsFromDisk(const std::optional<std::string>& sF
             const std::optional<std::string> path = PreferencesName();
             if (!path)
                 return;
-            noteUnreadable(*path);
             TracedProfile file(OpenPreferences(*path));
             PreferencesOutcome outcome = ReadPreferences(file, folders, preferences_);
             preferences_ = std::move(outcome.values);

@@ -9,10 +9,6 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// Revealing has a number on each side.
-constexpr std::int16_t kRevealOn = 5;
-constexpr std::int16_t kRevealOff = 10;
-
 /// One of the two codes of a frame.
 struct CodeSide {
     std::int16_t FrameRecord::*code;
@@ -52,8 +48,8 @@ bool isLoopStart(const CodeSide& side, std::int16_t code) {
     return side.code == &FrameRecord::PrefixCode && code >= kLoopBase;
 }
 
-/// Codes that lists never offer, and playfiles have all the same.
-bool isNeverOffered(std::int16_t code) {
+/// Codes that need not be offered as effects: no list has the first two, and loops have rules of their own.
+bool needsNoOffer(std::int16_t code) {
     return code == kOverlayText || code == kPhotoRealistic || code >= kLoopBase;
 }
 
@@ -74,7 +70,7 @@ void checkCode(const CodeSide& side, const FrameRecord& frame, std::int32_t numb
                      side.reveal);
     else if (!name)
         findings.add(side.unknown, place, is + ", which is the number of no effect.");
-    else if (offered && !isNeverOffered(code) &&
+    else if (offered && !needsNoOffer(code) &&
              std::ranges::find((*offered).*side.offered, code) == ((*offered).*side.offered).end())
         findings.add("effect-not-offered", place,
                      is + ", \"" + *name + "\", which the application does not offer.");
@@ -93,7 +89,7 @@ bool mayMatchSuffixes(const Playfile& playfile) {
     return most <= kMostDisplayFrames;
 }
 
-void checkPhotoRealistic(const FrameRecord& frame, std::int32_t number, bool mayMatchSuffixes,
+void checkPhotoRealistic(const FrameRecord& frame, std::int32_t number, bool matchesSuffixes,
                          Findings& findings) {
     const bool isPrefix = frame.PrefixCode == kPhotoRealistic;
     if (isPrefix == (frame.SuffixCode == kPhotoRealistic))
@@ -105,8 +101,8 @@ void checkPhotoRealistic(const FrameRecord& frame, std::int32_t number, bool may
     findings.add("photorealistic-one-sided", {number, 0, extends ? other.property : side.property},
                  "The " + std::string(side.title) + " is 9999, and the " + std::string(other.title) + " is " +
                      std::to_string(otherCode) + "; both are 9999 or neither is.",
-                 extends && (isPrefix || mayMatchSuffixes) ? std::optional<double>(kPhotoRealistic)
-                                                           : std::nullopt);
+                 extends && (isPrefix || matchesSuffixes) ? std::optional<double>(kPhotoRealistic)
+                                                          : std::nullopt);
 }
 
 void checkOverlay(const OneBasedArray<FrameRecord>& frames, std::int32_t number, bool isFirst,

@@ -44,7 +44,7 @@ std::int32_t linesOfRecord(const Record& record) {
     return linesBefore(record, {});
 }
 
-/// Walks through the file, frame by frame.
+/// Walks through the file once, for findings in the order of frames and lines.
 class FileWalk {
 public:
     explicit FileWalk(const OneBasedArray<FrameRecord>& frames) : frames_(frames) {}
@@ -54,10 +54,13 @@ public:
         const FrameRecord& frame = frames_.at(frame_);
         if (finding.line == 0)
             return line_ + (finding.property.empty() ? 0 : linesBefore(frame, finding.property));
-        std::int32_t line = line_ + linesOfRecord(frame) + kCountLine;
-        for (std::int32_t number = 1; number < finding.line; ++number)
-            line += linesOfRecord(frame.lines.at(number));
-        return line +
+        if (lineOfFrame_ == 0) {
+            lineOfFrame_ = 1;
+            startOfLine_ = line_ + linesOfRecord(frame) + kCountLine;
+        }
+        for (; lineOfFrame_ < finding.line; ++lineOfFrame_)
+            startOfLine_ += linesOfRecord(frame.lines.at(lineOfFrame_));
+        return startOfLine_ +
                (finding.property.empty() ? 0 : linesBefore(frame.lines.at(finding.line), finding.property));
     }
 
@@ -66,6 +69,7 @@ private:
 
     void goTo(std::int32_t frame) {
         for (; frame_ < frame; ++frame_) {
+            lineOfFrame_ = 0;
             line_ += linesOfRecord(frames_.at(frame_)) + kCountLine;
             for (const LineRecord& line : frames_.at(frame_).lines)
                 line_ += linesOfRecord(line);
@@ -75,6 +79,8 @@ private:
     const OneBasedArray<FrameRecord>& frames_;
     std::int32_t frame_ = 1;
     std::int32_t line_ = 1 + kCountLine; ///< Where the values of that frame start.
+    std::int32_t lineOfFrame_ = 0;       ///< 0 before its lines.
+    std::int32_t startOfLine_ = 0;       ///< Where the values of that line start.
 };
 
 } // namespace

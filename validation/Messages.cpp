@@ -14,6 +14,10 @@ constexpr std::size_t kLongestQuote = 60; ///< In characters.
 
 } // namespace
 
+bool IsOfKnownType(const FrameRecord& frame) {
+    return frame.FrameType >= 0 && frame.FrameType <= static_cast<std::int16_t>(NEW_FRAME_TYPES::FRAME_CMD);
+}
+
 bool HasVisibleText(const LineRecord& line) {
     return std::ranges::any_of(line.CurrentLineText,
                                [](char character) { return static_cast<unsigned char>(character) > ' '; });

@@ -84,10 +84,11 @@ void checkNames(const OneBasedArray<FrameRecord>& frames, Findings& findings) {
 
 void checkKinds(const OneBasedArray<FrameRecord>& frames, Findings& findings) {
     for (std::int32_t number = 1; number <= frames.upperBound(); ++number) {
-        const std::int16_t kind = frames.at(number).FrameType;
-        if (kind < 0 || kind > static_cast<std::int16_t>(NEW_FRAME_TYPES::FRAME_CMD))
+        const FrameRecord& frame = frames.at(number);
+        if (!IsOfKnownType(frame))
             findings.add("unknown-frame-type", {number, 0, kPropertyOf<&FrameRecord::FrameType>},
-                         "The frame is of type " + std::to_string(kind) + ", and types are 0 to 4.");
+                         "The frame is of type " + std::to_string(frame.FrameType) +
+                             ", and types are 0 to 4.");
     }
 }
 

@@ -26,6 +26,8 @@ QRT_HIDDEN inline constexpr std::string_view kPropertyOf = kMember<member>.name;
 /// The frames of the sign that a playfile can take: their numbers have 16 bits.
 inline constexpr std::int64_t kMostDisplayFrames = std::numeric_limits<std::int16_t>::max();
 
+/// Whether the number of the frame's type is that of a kind of frame.
+bool IsOfKnownType(const FrameRecord& frame);
 /// Whether a line has text that can be seen.
 bool HasVisibleText(const LineRecord& line);
 

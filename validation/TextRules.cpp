@@ -20,10 +20,6 @@ std::int32_t firstVisibleLine(const FrameRecord& frame) {
     return found == frame.lines.end() ? 0 : static_cast<std::int32_t>(found - frame.lines.begin()) + 1;
 }
 
-bool isOfKnownType(const FrameRecord& frame) {
-    return frame.FrameType >= 0 && frame.FrameType <= static_cast<std::int16_t>(NEW_FRAME_TYPES::FRAME_CMD);
-}
-
 /// A frame without text, or a text without a frame that shows it.
 void checkPresence(const FrameRecord& frame, std::int32_t number, Findings& findings) {
     const std::int32_t visible = firstVisibleLine(frame);
@@ -35,7 +31,7 @@ void checkPresence(const FrameRecord& frame, std::int32_t number, Findings& find
         else
             findings.add("no-text-over-picture", {.frame = number},
                          "The frame has a picture with text, and no text.");
-    } else if (!HasText(frame) && isOfKnownType(frame) && visible != 0) {
+    } else if (!HasText(frame) && IsOfKnownType(frame) && visible != 0) {
         findings.add("text-not-shown", {number, visible, kPropertyOf<&LineRecord::CurrentLineText>},
                      "The frame has the text " + Quoted(frame.lines.at(visible).CurrentLineText) +
                          ", and its type shows none.");

@@ -23,7 +23,7 @@ Record recordFrom(const json& object) {
     Record record;
     ForEachStoredValue(
         [&]<class Row, class Value>(const Row& row, std::size_t index, Value& value) {
-            const json& found = object.at(std::string(NameOfStored(row)));
+            const json& found = object.at(NameOfStored(row));
             value = valueFrom<Value>(kIsArrayOfValues<ValueOfRow<Row>> ? found.at(index) : found);
         },
         record);
@@ -36,8 +36,8 @@ Record recordFrom(const json& object) {
 }
 
 template <class Record>
-ValueChange valueChangeFrom(const json& object) {
-    ValueChange change;
+ValueDifference valueChangeFrom(const json& object) {
+    ValueDifference change;
     change.index = object.value("index", std::size_t{0});
     Record record;
     ForEachStoredValue(
@@ -56,9 +56,7 @@ ValueChange valueChangeFrom(const json& object) {
 
 template <class Change, class Record>
 Change changeFrom(const json& object, const char* recordKey, const OneBasedArray<Record>& records) {
-    const auto numberAt = [&](const char* key) {
-        return object.at(key).is_null() ? 0 : object.at(key).get<std::int32_t>();
-    };
+    const auto numberAt = [&](const char* key) { return object.value(key, 0); };
     Change change;
     change.before = numberAt("before");
     change.after = numberAt("after");
@@ -72,7 +70,7 @@ Change changeFrom(const json& object, const char* recordKey, const OneBasedArray
         change.values.push_back(valueChangeFrom<Record>(value));
     if constexpr (requires { change.lines; })
         for (const json& line : object.at("lines"))
-            change.lines.push_back(changeFrom<LineChange>(line, "line", change.record.lines));
+            change.lines.push_back(changeFrom<LineDifference>(line, "line", change.record.lines));
     return change;
 }
 
@@ -81,7 +79,7 @@ Change changeFrom(const json& object, const char* recordKey, const OneBasedArray
 Differences DifferencesFromJson(const std::string& text, const OneBasedArray<FrameRecord>& before) {
     Differences differences;
     for (const json& object : json::parse(text))
-        differences.push_back(changeFrom<FrameChange>(object, "frame", before));
+        differences.push_back(changeFrom<FrameDifference>(object, "frame", before));
     return differences;
 }
 

@@ -27,9 +27,11 @@ std::string textOf(const Differences& differences) {
 
 /// Whether the changes, as JSON shows them, make the second playfile of the first.
 void tryToApply(const Frames& before, const Frames& after, const Differences& differences) {
-    std::ostringstream json;
-    PrintJsonOfDifferences(json, differences);
-    const Differences shown = DifferencesFromJson(json.str(), before);
+    KeptBytes bytes;
+    JsonOutput json(bytes);
+    WriteDifferences(json, differences);
+    json.finish();
+    const Differences shown = DifferencesFromJson(bytes.text, before);
     if (shown != differences)
         fail("JSON does not show the differences", differences);
     const std::optional<Frames> made = WithDifferences(before, shown);
@@ -67,7 +69,7 @@ void trySingle(Dice& dice) {
         return;
     if (differences.size() != 1)
         fail("one edit is not one change", differences);
-    const FrameChange& frame = differences.front();
+    const FrameDifference& frame = differences.front();
     if (edit.line == 0) {
         if (!frame.lines.empty() || !isShown(frame, edit, before, after))
             fail("the edit of a frame is shown as something else", differences);

@@ -5,6 +5,7 @@
 #include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <utility>
 #include <vector>
@@ -40,6 +41,8 @@ public:
     /// Reserves memory for `upperBound` elements, so that growing up to that number moves no element. The
     /// bound stays. Error 9 if `upperBound` is negative.
     void reserve(std::int32_t upperBound) { elements_.reserve(sizeFor(upperBound)); }
+    /// Number of elements that there is memory for.
+    std::size_t capacity() const { return elements_.capacity(); }
 
     /// Moves the elements from `number` on up by one; the last one is lost. Element `number` is valid
     /// afterwards, but its value is not specified. Error 9 if `number` is outside the array.

@@ -39,8 +39,8 @@ public:
 
     /// Loads every preference, and makes the playfile folder in the user's documents if it is missing. A
     /// value that does not convert leaves its preference as it is; all of them together are one error, which
-    /// is trapped and names their keys. A file that cannot be read is a quiet error, and counts as a missing
-    /// one. `sFileName` is only shown on the trace.
+    /// is trapped and names their keys. A file that cannot be read counts as a missing one. `sFileName` is
+    /// only shown on the trace.
     void GetSettingsFromDisk(const std::optional<std::string>& sFileName = std::nullopt);
     /// Saves every preference, also over a value that did not convert. `sFileName` is only shown on the
     /// trace.

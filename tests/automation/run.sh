@@ -194,7 +194,6 @@ awk -v RS= -F '\n' 'NR == FNR { heading = $1; sub(/[^\n]*/, ""); newer[heading] 
     diff -u - <(sed -zEf "$here/contract.sed" "$here/../../automation/qrtVistrelClasses4.idl")
 report $? "the interface definition keeps its promises"
 run_tests script_test.vbs cscript //nologo "$(windows_path "$here/script_test.vbs")" "$(windows_path "$data/")"
-run_tests clipboard_and_picture.vbs cscript //nologo "$(windows_path "$here/clipboard_and_picture.vbs")" "$(windows_path "$data/")"
 QRTVISTREL_UNATTENDED=1 run_tests script_test.js cscript //nologo "$(windows_path "$here/script_test.js")" "$(windows_path "$data/")"
 . "$here/unattended"
 [ ! -e "$here/../../docs" ] || . "$here/../docs/automation" # the small system of run-32 has no documents and no compiler

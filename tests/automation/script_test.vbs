@@ -1,6 +1,6 @@
 ' A script that works like an application. A check that fails does not end it.
 Option Explicit
-Dim folder, frames, other, clip, first, last, settings, signs, commands, recent, key, number, value, fileName, unset, report
+Dim folder, frames, other, clip, first, last, settings, signs, commands, recent, key, number, value, fileName, unset, report, old, clips(1)
 folder = WScript.Arguments(0) ' for the script's files; ends in a separator
 
 Sub Check(sentence, actual, wanted)
@@ -145,4 +145,19 @@ Check "the newest file comes first, for every object", recent.GetFirstFileName &
     Create("MostRecentlyUsed").GetFileName(2), "C:\Signs\B.plwC:\Signs\A.plwC:\Signs\A.plw"
 recent.RemoveFileFromMostRecentlyUsed "C:\SIGNS\B.PLW"
 Check "a removed file is gone", Create("MostRecentlyUsed").GetFirstFileName, "C:\Signs\A.plw"
+
+' A clipboard passed as a variable is replaced; one passed as a value is filled.
+Set frames = Create("FrameInfoClass")
+Set clip = Create("FrameInfoClass")
+Set old = clip
+frames.CopyInfo 1, 2, clip
+Check "a variable gets a new object, and the old one stays", old.TotalFrames & " " & clip.TotalFrames, "20 2"
+frames.CopyInfo 1, 3, (clip)
+Check "an expression is an object to fill", clip.TotalFrames, 3
+Set clips(1) = old
+frames.CutInfo 1, 4, clips(1)
+Check "an element is a variable", old.TotalFrames & " " & clips(1).TotalFrames & " " & frames.TotalFrames, "20 4 16"
+frames.DisplayWidth = 8
+frames.DisplayHeight = 8
+Check "a picture is saved", frames.SavePictureOfFrame(1, folder & "frame.bmp"), True
 WScript.Echo "the script ran to its end"

@@ -1,11 +1,12 @@
 // vistrel diff: how one playfile became another.
 #include "platform/Path.h"
 #include "tools/compare/Report.h"
+#include "tools/exchange/PlayfileJson.h"
 #include "tools/playfile/Opening.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/Inputs.h"
-#include "tools/program/JsonText.h"
+#include "tools/program/Outputs.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -41,12 +42,23 @@ std::optional<Side> sideOf(const std::string& name, ErrorLines& errors) {
 }
 
 void printJsonOf(std::ostream& out, const Side& before, const Side& after, const Differences& differences) {
-    const auto sideJson = [](const Side& side) {
-        return JsonText({{"file", side.name}, {"frames", side.frames.upperBound()}});
-    };
-    out << "{\n\"before\": " << sideJson(before) << ",\n\"after\": " << sideJson(after) << ",\n\"changes\": ";
-    PrintJsonOfDifferences(out, differences);
-    out << "\n}\n";
+    OutputTarget target{std::string(kStandardStream), out};
+    JsonOutput json(target);
+    json.beginObject();
+    for (const auto& [key, side] : {std::pair("before", &before), std::pair("after", &after)}) {
+        const std::int32_t count = side->frames.upperBound();
+        json.putKey(key);
+        json.beginObject();
+        json.putKey(kFileKey);
+        json.putPath(side->name);
+        json.putKey(kFramesKey);
+        json.put(MemberKind<FrameRecord, std::int32_t>::get(), &count);
+        json.endObject();
+    }
+    json.putKey("changes");
+    WriteDifferences(json, differences);
+    json.endObject();
+    json.finish();
 }
 
 void printTextOf(std::ostream& out, const Side& before, const Side& after, const Differences& differences) {

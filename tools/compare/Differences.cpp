@@ -110,8 +110,8 @@ int likenessOfRecords(const Record& one, const Record& other) {
 }
 
 template <class Record>
-std::vector<ValueChange> valueChanges(const Record& before, const Record& after) {
-    std::vector<ValueChange> changes;
+std::vector<ValueDifference> valueChanges(const Record& before, const Record& after) {
+    std::vector<ValueDifference> changes;
     ForEachStoredValue(
         [&](const auto& row, std::size_t index, const auto& first, const auto& second) {
             if (first != second)
@@ -127,11 +127,11 @@ template <class Change>
 struct ChangeOf;
 template <>
 struct ChangeOf<LineRecord> {
-    using Type = LineChange;
+    using Type = LineDifference;
 };
 template <>
 struct ChangeOf<FrameRecord> {
-    using Type = FrameChange;
+    using Type = FrameDifference;
 };
 
 /// Finds how a list of records became another one.
@@ -228,7 +228,7 @@ private:
 
 /// False if a value is not what it was before.
 template <class Record>
-bool changeValues(Record& record, const std::vector<ValueChange>& changes) {
+bool changeValues(Record& record, const std::vector<ValueDifference>& changes) {
     auto change = changes.begin();
     bool isRight = true;
     ForEachStoredValue(

@@ -7,47 +7,47 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <string_view>
+#include <string>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
 
-struct ValueChange {
-    std::string_view name; ///< Of the row of the member table.
+struct ValueDifference {
+    std::string name;      ///< Of the values of the row.
     std::size_t index = 0; ///< In the values of a row that is an array, from 0.
     StoredValue before, after;
 
-    bool operator==(const ValueChange&) const = default;
+    bool operator==(const ValueDifference&) const = default;
 };
 
 /// A record that is not the same, or not in the same place, in both lists. Numbers are from 1.
 template <class Record>
-struct RecordChange {
-    std::int32_t before = 0;         ///< Its number in the first list; 0 if it was added.
-    std::int32_t after = 0;          ///< Its number in the second list; 0 if it was removed.
-    bool isMoved = false;            ///< Others have the same order in both lists.
-    Record record;                   ///< As it was before, or as it was added.
-    std::vector<ValueChange> values; ///< In the order of the member table.
+struct RecordDifference {
+    std::int32_t before = 0;             ///< Its number in the first list; 0 if it was added.
+    std::int32_t after = 0;              ///< Its number in the second list; 0 if it was removed.
+    bool isMoved = false;                ///< Others have the same order in both lists.
+    Record record;                       ///< As it was before, or as it was added.
+    std::vector<ValueDifference> values; ///< In the order of the member table.
 
     bool isAdded() const { return before == 0; }
     bool isRemoved() const { return after == 0; }
 
-    bool operator==(const RecordChange&) const = default;
+    bool operator==(const RecordDifference&) const = default;
 };
 
-using LineChange = RecordChange<LineRecord>;
+using LineDifference = RecordDifference<LineRecord>;
 
-struct FrameChange : RecordChange<FrameRecord> {
-    std::vector<LineChange> lines; ///< Of a frame that both playfiles have.
+struct FrameDifference : RecordDifference<FrameRecord> {
+    std::vector<LineDifference> lines; ///< Of a frame that both playfiles have.
 
     bool isChanged() const { return !values.empty() || !lines.empty(); }
 
-    bool operator==(const FrameChange&) const = default;
+    bool operator==(const FrameDifference&) const = default;
 };
 
 /// In the order of the second playfile; a removed frame comes where it would be there. Frames that are not
 /// named are the same in both playfiles, and in the same order.
-using Differences = std::vector<FrameChange>;
+using Differences = std::vector<FrameDifference>;
 
 Differences DifferencesBetween(const OneBasedArray<FrameRecord>& before,
                                const OneBasedArray<FrameRecord>& after);

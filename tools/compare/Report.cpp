@@ -1,10 +1,9 @@
 #include "tools/compare/Report.h"
 
-#include "tools/compare/StoredJson.h"
 #include "tools/compare/Words.h"
 #include "tools/preview/TerminalColors.h"
 #include "tools/program/Commands.h"
-#include "tools/program/JsonText.h"
+#include "tools/program/PropertyValues.h"
 #include "tools/program/Screen.h"
 
 #include <algorithm>
@@ -18,9 +17,10 @@ constexpr Color kColorOfAdded = Rgb(0, 160, 0);
 constexpr Color kColorOfMoved = Rgb(0, 150, 190);
 constexpr Color kColorOfChanged = Rgb(205, 160, 0);
 
-constexpr int kIndent = 4;
-
-std::string indentation(int depth) { return std::string(static_cast<std::size_t>(depth * kIndent), ' '); }
+std::string indentation(int depth) {
+    constexpr int width = 4;
+    return std::string(static_cast<std::size_t>(depth * width), ' ');
+}
 
 /// The text in a colour, if the stream has colours.
 std::string inColor(std::ostream& out, Color color, const std::string& text) {
@@ -48,10 +48,17 @@ std::string titleOf(const Record& record) {
     return title.empty() ? "" : ' ' + quoted(title);
 }
 
+/// A value in the form that JSON has it in, and what it means.
 template <class Record>
 std::string textOf(std::string_view name, const StoredValue& value) {
-    const auto* const text = std::get_if<std::string>(&value);
-    return text ? quoted(*text) : CellText(name, JsonOfNamed<Record>(name, value));
+    if (const auto* const text = std::get_if<std::string>(&value))
+        return quoted(*text);
+    bool isFlag = false;
+    VisitRowNamed<Record>(name, [&]<class Row>(const Row&) { isFlag = IsFlagInNumber<Row>(); });
+    const auto* const number = std::get_if<std::int16_t>(&value);
+    if (isFlag && number && (*number == 0 || *number == 1))
+        return *number == 1 ? "true" : "false";
+    return std::visit([&](const auto& it) { return CellText(name, JsonOf(it)); }, value);
 }
 
 std::string placeIn(std::string_view name, std::size_t index, bool isArray) {
@@ -64,7 +71,7 @@ void printValues(std::ostream& out, const Record& record, int depth) {
     const Record usual;
     ForEachStoredValue(
         [&]<class Row>(const Row& row, std::size_t index, const auto& value, const auto& usualValue) {
-            const std::string_view name = NameOfStored(row);
+            const std::string name = NameOfStored(row);
             if (value != usualValue && name != kMember<kTitle<Record>>.name)
                 out << indentation(depth) << placeIn(name, index, kIsArrayOfValues<ValueOfRow<Row>>) << ": "
                     << textOf<Record>(name, value) << '\n';
@@ -96,7 +103,7 @@ std::string changedText(std::ostream& out, const std::string& before, const std:
 }
 
 template <class Record>
-void printChange(std::ostream& out, const ValueChange& change, int depth) {
+void printChange(std::ostream& out, const ValueDifference& change, int depth) {
     out << indentation(depth) << placeIn(change.name, change.index, change.name.starts_with(kSpare)) << ": ";
     if (const auto* const before = std::get_if<std::string>(&change.before))
         out << changedText(out, *before, std::get<std::string>(change.after));
@@ -107,14 +114,15 @@ void printChange(std::ostream& out, const ValueChange& change, int depth) {
 }
 
 template <class Record>
-void printHeading(std::ostream& out, const RecordChange<Record>& change, bool isChanged, int depth) {
+void printHeading(std::ostream& out, const RecordDifference<Record>& change, bool isChanged, int depth) {
     const std::int32_t number = change.isAdded() ? change.after : change.before;
     const bool isShifted = !change.isAdded() && !change.isRemoved() && !change.isMoved;
     out << indentation(depth) << kNoun<Record> << ' ' << number;
     if (isShifted && change.after != change.before)
         out << " (now " << change.after << ')';
-    const bool isRenamed = std::ranges::any_of(
-        change.values, [](const ValueChange& value) { return value.name == kMember<kTitle<Record>>.name; });
+    const bool isRenamed = std::ranges::any_of(change.values, [](const ValueDifference& value) {
+        return value.name == kMember<kTitle<Record>>.name;
+    });
     out << (isRenamed ? "" : titleOf(change.record)) << ' ';
     if (change.isAdded())
         out << inColor(out, kColorOfAdded, "added");
@@ -129,11 +137,11 @@ void printHeading(std::ostream& out, const RecordChange<Record>& change, bool is
 }
 
 template <class Record>
-void printRecordChange(std::ostream& out, const RecordChange<Record>& change, bool isChanged, int depth) {
+void printRecordChange(std::ostream& out, const RecordDifference<Record>& change, bool isChanged, int depth) {
     printHeading(out, change, isChanged, depth);
     if (change.isAdded() || change.isRemoved())
         printValues(out, change.record, depth + 1);
-    for (const ValueChange& value : change.values)
+    for (const ValueDifference& value : change.values)
         printChange<Record>(out, value, depth + 1);
 }
 
@@ -142,58 +150,21 @@ void addCount(std::string& text, std::ptrdiff_t count, const char* what) {
         text += (text.empty() ? Counted(count, "frame") : ", " + std::to_string(count)) + ' ' + what;
 }
 
-template <class Record>
-nlohmann::ordered_json jsonOfChange(const RecordChange<Record>& change, const char* recordKey) {
-    const auto numberOf = [](std::int32_t number) {
-        return number > 0 ? nlohmann::ordered_json(number) : nlohmann::ordered_json();
-    };
-    nlohmann::ordered_json json{{"before", numberOf(change.before)}, {"after", numberOf(change.after)}};
-    if (change.isAdded() || change.isRemoved()) {
-        json[recordKey] = JsonOfRecord(change.record);
-        return json;
-    }
-    json["moved"] = change.isMoved;
-    nlohmann::ordered_json& values = json["values"] = nlohmann::ordered_json::array();
-    for (const ValueChange& value : change.values) {
-        nlohmann::ordered_json& object = values.emplace_back();
-        object["name"] = value.name;
-        if (value.name.starts_with(kSpare))
-            object["index"] = value.index;
-        object["before"] = JsonOfNamed<Record>(value.name, value.before);
-        object["after"] = JsonOfNamed<Record>(value.name, value.after);
-    }
-    return json;
-}
-
 } // namespace
 
 void PrintDifferences(std::ostream& out, const Differences& differences) {
-    for (const FrameChange& frame : differences) {
+    for (const FrameDifference& frame : differences) {
         printRecordChange(out, frame, frame.isChanged(), 0);
-        for (const LineChange& line : frame.lines)
+        for (const LineDifference& line : frame.lines)
             printRecordChange(out, line, !line.values.empty(), 1);
     }
     const auto counted = [&](auto isCounted) { return std::ranges::count_if(differences, isCounted); };
     std::string counts;
-    addCount(counts, counted([](const FrameChange& it) { return it.isMoved; }), "moved");
-    addCount(counts, counted([](const FrameChange& it) { return it.isChanged(); }), "changed");
-    addCount(counts, counted([](const FrameChange& it) { return it.isAdded(); }), "added");
-    addCount(counts, counted([](const FrameChange& it) { return it.isRemoved(); }), "removed");
+    addCount(counts, counted([](const FrameDifference& it) { return it.isMoved; }), "moved");
+    addCount(counts, counted([](const FrameDifference& it) { return it.isChanged(); }), "changed");
+    addCount(counts, counted([](const FrameDifference& it) { return it.isAdded(); }), "added");
+    addCount(counts, counted([](const FrameDifference& it) { return it.isRemoved(); }), "removed");
     out << (counts.empty() ? "no frame differs" : counts) << '\n';
-}
-
-void PrintJsonOfDifferences(std::ostream& out, const Differences& differences) {
-    JsonArray array(out);
-    for (const FrameChange& frame : differences) {
-        nlohmann::ordered_json object = jsonOfChange(frame, "frame");
-        if (!frame.isAdded() && !frame.isRemoved()) {
-            nlohmann::ordered_json& lines = object["lines"] = nlohmann::ordered_json::array();
-            for (const LineChange& line : frame.lines)
-                lines.push_back(jsonOfChange(line, "line"));
-        }
-        array.add(object);
-    }
-    array.end();
 }
 
 void PrintFrames(std::ostream& out, const OneBasedArray<FrameRecord>& frames) {

@@ -3,6 +3,7 @@
 // These are the values of the file, not what properties read: a flag that is kept in a number is that number.
 #pragma once
 
+#include "tools/exchange/RecordKinds.h"
 #include <qrtVistrelClasses4/FrameRecord.h>
 
 #include <array>
@@ -24,23 +25,32 @@ inline constexpr bool kIsArrayOfValues = false;
 template <class Value, std::size_t count>
 inline constexpr bool kIsArrayOfValues<std::array<Value, count>> = true;
 
-/// What spare values of a type are called.
+/// The type of the values that the member of a row has, or that are in it if it is an array.
 template <class Value>
-inline constexpr std::string_view kNameOfSpare = "SpareLongs";
-template <>
-inline constexpr std::string_view kNameOfSpare<std::string> = "SpareTexts";
-template <>
-inline constexpr std::string_view kNameOfSpare<std::int16_t> = "SpareShorts";
-template <>
-inline constexpr std::string_view kNameOfSpare<bool> = "SpareFlags";
-
-/// What the values of a row are called. Only spare values have no name of their own.
+struct ElementOf {
+    using Type = Value;
+};
+template <class Value, std::size_t count>
+struct ElementOf<std::array<Value, count>> {
+    using Type = Value;
+};
 template <class Row>
-constexpr std::string_view NameOfStored(const Row& row) {
-    if constexpr (kIsArrayOfValues<ValueOfRow<Row>>)
-        return kNameOfSpare<typename ValueOfRow<Row>::value_type>;
-    else
-        return row.name;
+using StoredIn = typename ElementOf<ValueOfRow<Row>>::Type;
+
+/// What the values of a row are called, which is their key in JSON.
+template <class Row>
+std::string NameOfStored(const Row& row) {
+    return row.name.empty() ? MemberKind<typename Row::Record, ValueOfRow<Row>>::spareKey(0)
+                            : std::string(row.name);
+}
+
+/// Calls `visit(row)` with the row whose values have a name.
+template <class Record, class Visit>
+void VisitRowNamed(std::string_view name, const Visit& visit) {
+    ForEachRow(kMembersOf<Record>, [&](const auto& row) {
+        if (NameOfStored(row) == name)
+            visit(row);
+    });
 }
 
 /// Calls `visit(row, index, values...)` with each value that the records, all of one kind, have in the same

@@ -41,7 +41,11 @@ void addCommand(const Path& path, std::vector<CommandPlace>& places) {
     for (std::size_t number = 0; number < command.arguments.size(); ++number)
         addPlace(std::to_string(number), command.arguments[number], place);
     const bool isLastRepeated = !command.arguments.empty() && command.arguments.back().isRepeated;
-    place.lastArgument = command.arguments.size() - (isLastRepeated ? 1 : 0);
+    place.lastArgument = command.arguments.size();
+    if (isLastRepeated && command.commands.empty())
+        --place.lastArgument;
+    else if (isLastRepeated) // a command is only taken after the first one
+        addPlace(std::to_string(place.lastArgument), command.arguments.back(), place);
     for (const CommandModel& below : command.commands)
         place.commands.push_back({below.name.substr(command.name.size() + 1), below.description});
     places.push_back(std::move(place));

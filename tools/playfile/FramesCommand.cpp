@@ -1,20 +1,18 @@
-// vistrel frames: frames inserted, deleted, moved and copied.
+// vistrel frames: frames changed, added, inserted, deleted, moved and copied.
 #include "frame/Conversions.h"
+#include "tools/playfile/Editing.h"
 #include "tools/playfile/Opening.h"
-#include "tools/playfile/Saving.h"
+#include "tools/playfile/TypedProperties.h"
 #include "tools/program/AllowedValues.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Decimal.h"
-#include "tools/program/Encoding.h"
-#include "tools/program/Inputs.h"
-#include "tools/program/JsonText.h"
+#include "tools/program/NumberSelection.h"
 #include "tools/program/ValueKinds.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 
 #include <algorithm>
-#include <istream>
+#include <iterator>
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,227 +21,204 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 using FrameNumber = Decimal<std::int32_t>;
+using FrameNumbers = std::vector<std::int32_t>; // rising
 
-/// Frame numbers as they were typed, from the first to the last one meant.
-struct FrameRange {
-    // Not an aggregate, because options would also accept a single number for an aggregate.
-    FrameRange() = default;
-    FrameRange(std::int32_t firstFrame, std::int32_t lastFrame) : first(firstFrame), last(lastFrame) {}
+constexpr const char* kFrame = "frame";
 
-    std::int32_t first = 0;
-    std::int32_t last = 0;
-    std::int32_t count() const { return last - first + 1; }
-};
-
-/// "4" or "3-5".
-std::istream& operator>>(std::istream& in, FrameRange& range) {
-    in >> range.first;
-    range.last = range.first;
-    if (in.good() && in.peek() == '-')
-        in.ignore() >> range.last;
-    return in;
-}
-
-std::string text(const FrameRange& range) {
-    const std::string first = std::to_string(range.first);
-    return range.count() == 1 ? "frame " + first : "frames " + first + " to " + std::to_string(range.last);
-}
-
-struct FramesOptions {
-    std::string file;
-    OutputOptions output; ///< Without a name, the playfile itself is saved.
-    SavingOptions saving;
-    bool json = false;
-
+struct FramesOptions : EditOptions {
     FrameNumber at, from, to;
-    FrameRange frames;
+    NumberSelection frames;
     std::string other;
-    std::optional<FrameRange> framesOfOther; ///< If empty, all frames.
+    NumberSelection framesOfOther;
+    PropertyOptions properties;
 };
 
 /// A number is checked before any frame moves.
 bool isWithin(const char* argument, std::int32_t number, std::int32_t last, ErrorLines& errors) {
-    return IsWithin(argument, number, last, "frame", errors);
+    return IsWithin(argument, number, last, kFrame, errors);
 }
 
-bool isWithin(const char* argument, const FrameRange& range, const FrameInfoClass& playfile,
-              ErrorLines& errors) {
-    const std::int32_t last = playfile.TotalFrames();
-    if (!isWithin(argument, range.first, last, errors) || !isWithin(argument, range.last, last, errors))
-        return false;
-    if (range.first > range.last)
-        errors.add(std::string(argument) + " ends before it begins");
-    return range.first <= range.last;
+bool isRoomAt(std::int32_t at, std::int32_t count, const Playfile& playfile, ErrorLines& errors) {
+    return isWithin("AT", at, playfile.frames.upperBound() + 1, errors) &&
+           IsRoomForFrames(count, playfile, errors);
 }
 
-/// True if `count` more frames can be inserted at `at`, which may be one after the last frame. The library
-/// would leave out frames beyond the limit.
-bool isRoomAt(std::int32_t at, std::int32_t count, const FrameInfoClass& playfile, ErrorLines& errors) {
-    const std::int32_t last = playfile.TotalFrames();
-    if (!isWithin("AT", at, last + 1, errors))
-        return false;
-    const std::int32_t allowed = playfile.TotalFramesAllowed();
-    if (last + count > allowed)
-        errors.add("there would be " + std::to_string(last + count) + " frames, but at most " +
-                   std::to_string(allowed) + " are allowed");
-    return last + count <= allowed;
+/// Runs of numbers that follow each other, as the library copies and removes frames.
+struct FrameRun {
+    std::int16_t first = 0, last = 0;
+};
+std::vector<FrameRun> runsOf(const FrameNumbers& numbers) {
+    std::vector<FrameRun> runs;
+    for (const std::int32_t number : numbers)
+        if (!runs.empty() && runs.back().last + 1 == number)
+            runs.back().last = NarrowToInt16(number);
+        else
+            runs.push_back({NarrowToInt16(number), NarrowToInt16(number)});
+    return runs;
 }
 
-/// Inserts copies of frames of `source` at `AT`. Returns false, and adds the reason to `errors`, if that
-/// cannot be done.
-bool putIn(FrameInfoClass& playfile, const FrameRange& range, FrameInfoClass& source,
-           const FramesOptions& options, ErrorLines& errors) {
-    if (!isWithin("FRAMES", range, source, errors))
-        return false;
-    errors.about(options.file);
-    if (!isRoomAt(options.at.value, range.count(), playfile, errors))
-        return false;
-    std::int16_t first = NarrowToInt16(range.first);
-    std::int16_t last = NarrowToInt16(range.last);
-    std::shared_ptr<FrameInfoClass> clipboard;
-    source.CopyInfo(first, last, clipboard);
-    playfile.PasteInfo(NarrowToInt16(options.at.value), clipboard.get());
-    return true;
+/// Calls `change(frames)` with the frames of a playfile in the class that has the operations on them.
+template <class Change>
+void withOperations(EditedPlayfile& edited, Change change) {
+    FrameInfoClass frames;
+    frames.Adopt(std::move(edited.playfile()));
+    change(frames);
+    edited.playfile() = frames.Value();
 }
 
-/// The references of each frame that loading has changed. An edit moves them like the frames.
-using Changes = std::vector<std::vector<ChangedReference>>;
+// The edits. Each says what it has done, or adds an error.
 
-Changes changesOf(LoadOutcome& opened) {
-    Changes changes(static_cast<std::size_t>(opened.playfile.frames.upperBound()));
-    for (ChangedReference& change : opened.found)
-        changes.at(static_cast<std::size_t>(change.reference.frame) - 1).push_back(std::move(change));
-    return changes;
+void insertFrame(EditedPlayfile& edited, const FramesOptions& options, ErrorLines& errors) {
+    const std::int32_t at = options.at.value;
+    if (!isRoomAt(at, 1, edited.playfile(), errors))
+        return;
+    withOperations(edited, [&](FrameInfoClass& frames) {
+        bool isAfterLast = at > frames.TotalFrames();
+        frames.CurrentFrame(isAfterLast ? frames.TotalFrames() : NarrowToInt16(at));
+        frames.InsertFrame(isAfterLast);
+    });
+    edited.references.emplace(edited.references.begin() + (at - 1));
+    edited.done = "inserted frame " + std::to_string(at);
 }
 
-/// With the numbers that the frames have now.
-std::vector<ChangedReference> inOrder(Changes&& changes) {
-    std::vector<ChangedReference> all;
-    std::int32_t number = 0;
-    for (std::vector<ChangedReference>& frame : changes) {
-        ++number;
-        for (ChangedReference& change : frame) {
-            change.reference.frame = number;
-            all.push_back(std::move(change));
+void deleteFrames(EditedPlayfile& edited, const FramesOptions& options, ErrorLines& errors) {
+    const auto numbers = options.frames.numbers("FRAMES", edited.frames().upperBound(), kFrame, errors);
+    if (!numbers)
+        return;
+    std::vector<FrameRun> runs = runsOf(*numbers);
+    std::ranges::reverse(runs); // so that the numbers of the others still hold
+    withOperations(edited, [&](FrameInfoClass& frames) {
+        for (auto [first, last] : runs) {
+            std::shared_ptr<FrameInfoClass> cutOut;
+            frames.CutInfo(first, last, cutOut);
         }
+    });
+    for (const auto& [first, last] : runs) {
+        edited.references.erase(edited.references.begin() + (first - 1), edited.references.begin() + last);
+        edited.forgetLosses(first, last);
     }
-    return all;
+    edited.done = "deleted " + SelectionText(kFrame, *numbers);
 }
 
-/// The playfiles of one edit.
-struct Edit {
-    const FramesOptions& options;
-    ErrorLines& errors;
-    LoadOutcome opened;
-    Changes changes = changesOf(opened);
-    std::optional<LoadOutcome> other{}; ///< The one to paste from.
-    FrameInfoClass playfile{};
+void moveFrame(EditedPlayfile& edited, const FramesOptions& options, ErrorLines& errors) {
+    const std::int32_t from = options.from.value, to = options.to.value;
+    const std::int32_t last = edited.frames().upperBound();
+    if (!isWithin("FROM", from, last, errors) || !isWithin("TO", to, last, errors))
+        return;
+    withOperations(edited,
+                   [&](FrameInfoClass& frames) { frames.MoveFrame(NarrowToInt16(from), NarrowToInt16(to)); });
+    const auto place = [&](std::int32_t number) { return edited.references.begin() + (number - 1); };
+    if (from < to)
+        std::rotate(place(from), place(from + 1), place(to + 1));
+    else
+        std::rotate(place(to), place(from), place(from + 1));
+    edited.done = "moved frame " + std::to_string(from) + " to " + std::to_string(to);
+}
 
-    /// The changes of frame `number`, which may be one after the last.
-    Changes::iterator at(std::int32_t number) { return changes.begin() + (number - 1); }
-    /// Puts those of frames of `source` in at `AT`.
-    void insertChanges(const Changes& source, const FrameRange& range) {
-        const Changes copied(source.begin() + (range.first - 1), source.begin() + range.last);
-        changes.insert(at(options.at.value), copied.begin(), copied.end());
-    }
+/// Inserts copies of frames of `source` at `AT`, and its references with them.
+void putIn(EditedPlayfile& edited, std::int32_t at, const FrameNumbers& numbers, const Playfile& source,
+           std::vector<std::vector<ChangedReference>> references) {
+    FrameInfoClass from;
+    from.Adopt(source);
+    std::int32_t place = at;
+    withOperations(edited, [&](FrameInfoClass& frames) {
+        for (auto [first, last] : runsOf(numbers)) {
+            std::shared_ptr<FrameInfoClass> clipboard;
+            from.CopyInfo(first, last, clipboard);
+            frames.PasteInfo(NarrowToInt16(place), clipboard.get());
+            place += last - first + 1;
+        }
+    });
+    std::vector<std::vector<ChangedReference>> copied;
+    copied.reserve(numbers.size());
+    for (const std::int32_t number : numbers)
+        copied.push_back(std::move(references[static_cast<std::size_t>(number) - 1]));
+    edited.references.insert(edited.references.begin() + (at - 1), std::make_move_iterator(copied.begin()),
+                             std::make_move_iterator(copied.end()));
+}
+
+void copyFrames(EditedPlayfile& edited, const FramesOptions& options, ErrorLines& errors) {
+    const std::int32_t at = options.at.value;
+    const auto numbers = options.frames.numbers("FRAMES", edited.frames().upperBound(), kFrame, errors);
+    if (!numbers || !isRoomAt(at, static_cast<std::int32_t>(numbers->size()), edited.playfile(), errors))
+        return;
+    putIn(edited, at, *numbers, Playfile(edited.playfile()), edited.references);
+    edited.done = "copied " + SelectionText(kFrame, *numbers) + " to " + std::to_string(at);
+}
+
+/// The playfile that frames are pasted from.
+struct PasteSource {
+    LoadOutcome opened;
+    FrameNumbers numbers;
 };
 
-// The edits. Each returns a text about what it has done, or adds an error.
-
-std::string insertFrame(Edit& edit) {
-    const std::int32_t at = edit.options.at.value;
-    FrameInfoClass& playfile = edit.playfile;
-    if (!isRoomAt(at, 1, playfile, edit.errors))
-        return {};
-    bool isAfterLast = at > playfile.TotalFrames();
-    playfile.CurrentFrame(isAfterLast ? playfile.TotalFrames() : NarrowToInt16(at));
-    playfile.InsertFrame(isAfterLast);
-    edit.changes.emplace(edit.at(at));
-    return "inserted frame " + std::to_string(at);
+void pasteFrames(EditedPlayfile& edited, const FramesOptions& options, const PasteSource& source,
+                 ErrorLines& errors) {
+    const std::int32_t at = options.at.value;
+    if (!isRoomAt(at, static_cast<std::int32_t>(source.numbers.size()), edited.playfile(), errors))
+        return;
+    putIn(edited, at, source.numbers, source.opened.playfile, ReferencesByFrame(source.opened));
+    edited.done = "pasted " + SelectionText(kFrame, source.numbers) + " of " + InputName(options.other) +
+                  " at " + std::to_string(at);
 }
 
-std::string deleteFrames(Edit& edit) {
-    const FrameRange& frames = edit.options.frames;
-    if (!isWithin("FRAMES", frames, edit.playfile, edit.errors))
-        return {};
-    std::int16_t first = NarrowToInt16(frames.first);
-    std::int16_t last = NarrowToInt16(frames.last);
-    std::shared_ptr<FrameInfoClass> cutOut;
-    edit.playfile.CutInfo(first, last, cutOut);
-    edit.changes.erase(edit.at(frames.first), edit.at(frames.last + 1));
-    if (edit.opened.legacy)
-        std::erase_if(edit.opened.legacy->losses, [&](const LegacyLoss& loss) {
-            return loss.frame >= frames.first && loss.frame <= frames.last;
-        });
-    return "deleted " + text(frames);
+ExitCode paste(const FramesOptions& options, Session& session) {
+    auto opened = OpenToSave(options.other, options.saving, options.output, session.errors);
+    if (!opened)
+        return ExitCode::failed;
+    AboutInput(session.errors, options.other);
+    auto numbers =
+        options.framesOfOther.numbers("FRAMES", opened->playfile.frames.upperBound(), kFrame, session.errors);
+    if (!numbers)
+        return ExitCode::failed;
+    const PasteSource source{*std::move(opened), *std::move(numbers)};
+    const ExitCode code = EditPlayfiles(options, session, [&](EditedPlayfile& edited, ErrorLines& errors) {
+        pasteFrames(edited, options, source, errors);
+    });
+    if (code == ExitCode::done)
+        for (const FrameRun& run : runsOf(source.numbers))
+            AddLosses(source.opened, session.errors, run.first, run.last);
+    return code;
 }
 
-std::string moveFrame(Edit& edit) {
-    const std::int32_t from = edit.options.from.value, to = edit.options.to.value;
-    const std::int32_t last = edit.playfile.TotalFrames();
-    if (!isWithin("FROM", from, last, edit.errors) || !isWithin("TO", to, last, edit.errors))
-        return {};
-    edit.playfile.MoveFrame(NarrowToInt16(from), NarrowToInt16(to));
-    if (from < to)
-        std::rotate(edit.at(from), edit.at(from + 1), edit.at(to + 1));
-    else
-        std::rotate(edit.at(to), edit.at(from), edit.at(from + 1));
-    return "moved frame " + std::to_string(from) + " to " + std::to_string(to);
+ExitCode setProperties(const FramesOptions& options, Session& session) {
+    const auto assignments = AssignmentsFrom<FrameRecord>(options.properties, session.errors);
+    if (!assignments)
+        return ExitCode::wrongUsage;
+    return EditPlayfiles(options, session, [&](EditedPlayfile& edited, ErrorLines& errors) {
+        const auto numbers = options.frames.numbers("FRAMES", edited.frames().upperBound(), kFrame, errors);
+        if (!numbers)
+            return;
+        for (const std::int32_t number : *numbers)
+            edited.change(number, [&](FrameRecord& frame) { assignments->applyTo(frame); });
+        edited.isChanged = !edited.changes().empty();
+        edited.done =
+            (edited.isChanged ? "changed " : "changed nothing in ") + SelectionText(kFrame, *numbers);
+    });
 }
 
-std::string copyFrames(Edit& edit) {
-    const FramesOptions& options = edit.options;
-    if (!putIn(edit.playfile, options.frames, edit.playfile, options, edit.errors))
-        return {};
-    edit.insertChanges(edit.changes, options.frames);
-    return "copied " + text(options.frames) + " to " + std::to_string(options.at.value);
-}
-
-std::string pasteFrames(Edit& edit) {
-    const FramesOptions& options = edit.options;
-    FrameInfoClass other;
-    other.Adopt(edit.other->playfile);
-    const FrameRange range = options.framesOfOther.value_or(FrameRange(1, other.TotalFrames()));
-    edit.errors.about(options.other);
-    if (!putIn(edit.playfile, range, other, options, edit.errors))
-        return {};
-    edit.insertChanges(changesOf(*edit.other), range);
-    AddLosses(*edit.other, edit.errors, range.first, range.last);
-    return "pasted " + text(range) + " of " + InputName(options.other) + " at " +
-           std::to_string(options.at.value);
+ExitCode addFrame(const FramesOptions& options, Session& session) {
+    const auto frame = NewFrameFrom(options.properties, session.errors);
+    if (!frame)
+        return ExitCode::wrongUsage;
+    return EditPlayfiles(options, session, [&](EditedPlayfile& edited, ErrorLines& errors) {
+        OneBasedArray<FrameRecord>& frames = edited.frames();
+        const bool isUnused = frames.upperBound() == 1 && frames.at(1) == EmptyFrameRecord();
+        if (!isUnused && !IsRoomForFrames(1, edited.playfile(), errors))
+            return;
+        if (!isUnused)
+            frames.resize(frames.upperBound() + 1);
+        frames.at(frames.upperBound()) = *frame;
+        edited.references.resize(static_cast<std::size_t>(frames.upperBound()));
+        edited.done = "added frame " + std::to_string(frames.upperBound());
+    });
 }
 
 template <auto change>
 ExitCode editFrames(const FramesOptions& options, Session& session) {
-    ErrorLines& errors = session.errors;
-    if (!IsOutForPlayfiles(options.output, errors))
-        return ExitCode::wrongUsage;
-    auto opened = OpenToSave(options.file, options.saving, options.output, errors);
-    if (!opened)
-        return ExitCode::failed;
-    Edit edit{options, errors, std::move(*opened)};
-    if (!options.other.empty() &&
-        !(edit.other = OpenToSave(options.other, options.saving, options.output, errors)))
-        return ExitCode::failed;
-    errors.about(options.file);
-    edit.playfile.Adopt(std::move(edit.opened.playfile));
-    const std::size_t errorsOfOpening = errors.count();
-    const std::string done = change(edit);
-    if (errors.count() > errorsOfOpening)
-        return ExitCode::failed;
-    OutputOptions output = options.output;
-    output.out = output.out.empty() ? options.file : NameFromPattern(output.out, options.file);
-    Outputs outputs(output, ExistingFiles::replaced, session);
-    edit.opened.playfile = edit.playfile.Value();
-    edit.opened.found = inOrder(std::move(edit.changes));
-    if (const ExitCode code = SaveOpened(edit.opened, output.out, options.saving, outputs, session);
-        code != ExitCode::done)
-        return code;
-    const std::int16_t count = edit.playfile.TotalFrames();
-    outputs.remark(options.json ? JsonText({{"file", output.out}, {"done", done}, {"TotalFrames", count}})
-                                : Visible(OutputName(output.out) + ": " + done) + "; " +
-                                      Counted(count, "frame") + " now");
-    return ExitCode::done;
+    return EditPlayfiles(options, session, [&](EditedPlayfile& edited, ErrorLines& errors) {
+        change(edited, options, errors);
+    });
 }
 
 } // namespace
@@ -251,16 +226,7 @@ ExitCode editFrames(const FramesOptions& options, Session& session) {
 void SetUpFramesCommand(CLI::App& frames, Session& session) {
     const auto options = std::make_shared<FramesOptions>();
     frames.require_subcommand(1);
-    frames
-        .add_option(
-            "FILE", options->file,
-            R"(The playfile, or "-" for standard input; saved in place unless --out names another file)")
-        ->type_name(kPlayfileValue)
-        ->required();
-    AddOutOption(frames, options->output, "The file to save");
-    AddOutputOptions(frames, options->output, ExistingFiles::replaced);
-    AddSavingOptions(frames, options->saving);
-    frames.add_flag("--json", options->json, "Prints the file, what was done and the number of frames");
+    AddEditOptions(frames, *options);
 
     const auto add = [&](const char* name, auto run, const char* description, const char* example) {
         return &AddCommand(frames, name, description, example, session, options, run);
@@ -272,10 +238,18 @@ void SetUpFramesCommand(CLI::App& frames, Session& session) {
             ->required();
     };
     const auto takeFrames = [&](CLI::App* command) {
-        command->add_option("FRAMES", options->frames, "One frame, such as 4, or several, such as 3-5")
+        command->add_option("FRAMES", options->frames, std::string("The frames, ") + kSelectionHelp)
             ->required();
     };
 
+    CLI::App* set = add("set", &setProperties, "Changes properties of frames",
+                        "vistrel frames harbour.playfile set 3-5 DelayTime=4 PrefixCode=\"Fade In\"");
+    takeFrames(set);
+    AddPropertyOptions(*set, options->properties, kFramePropertyValue, kFramePropertiesHelp)->required();
+    AddPropertyOptions(
+        *add("add", &addFrame, "Adds a frame after the others",
+             "vistrel frames harbour.playfile add FrameName=Notice DelayTime=5 \"Text=Gate 2\""),
+        options->properties, kNewFramePropertyValue, kNewFrameHelp);
     takeAt(add("insert", &editFrames<insertFrame>, "Inserts an empty frame",
                "vistrel frames harbour.playfile insert 3"));
     takeFrames(add("delete", &editFrames<deleteFrames>, "Deletes frames; the only frame is emptied instead",
@@ -289,14 +263,16 @@ void SetUpFramesCommand(CLI::App& frames, Session& session) {
                          "vistrel frames harbour.playfile copy 3-5 10");
     takeFrames(copy);
     takeAt(copy);
-    CLI::App* paste = add(
-        "paste", &editFrames<pasteFrames>,
+    CLI::App* pasteCommand = add(
+        "paste", &paste,
         "Puts copies of another playfile's frames in; merging of lines and their fixed number are not copied",
         "vistrel frames harbour.playfile paste plant.playfile 1 --frames 3-5");
-    paste->add_option("OTHER", options->other, "The other playfile")->type_name(kPlayfileValue)->required();
-    takeAt(paste);
-    paste->add_option("--frames", options->framesOfOther,
-                      "One frame of it, such as 4, or several, such as 3-5; else all");
+    pasteCommand->add_option("OTHER", options->other, "The other playfile")
+        ->type_name(kPlayfileValue)
+        ->required();
+    takeAt(pasteCommand);
+    pasteCommand->add_option("--frames", options->framesOfOther,
+                             std::string("The frames of it, ") + kSelectionHelp + "; else all");
 }
 
 } // namespace qrtVistrelClasses4

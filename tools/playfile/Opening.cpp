@@ -91,8 +91,8 @@ std::optional<LoadOutcome> OpenPlayfile(const std::string& name, const AnswerOpt
 }
 
 std::optional<LoadOutcome> OpenWholeFrames(const std::string& name, const AnswerOptions& options,
-                                           ErrorLines& errors) {
-    return open(name, options, errors);
+                                           ErrorLines& errors, const LoadCircumstances& circumstances) {
+    return open(name, options, errors, circumstances);
 }
 
 std::optional<LoadOutcome> OpenToExamine(const std::string& name, const AnswerOptions& options,

@@ -25,7 +25,7 @@ std::optional<LoadOutcome> OpenPlayfile(const std::string& name, const AnswerOpt
 /// The same, but a current playfile is returned even if it could not be read to its end, with the frames that
 /// could.
 std::optional<LoadOutcome> OpenWholeFrames(const std::string& name, const AnswerOptions& options,
-                                           ErrorLines& errors);
+                                           ErrorLines& errors, const LoadCircumstances& circumstances = {});
 
 /// The same for a command that examines playfiles: one of either format that could not be read to its end is
 /// returned, and that is no error here.

@@ -65,6 +65,12 @@ void AddSavingOptions(CLI::App& command, SavingOptions& options) {
     AddAnswerOptions(command, options.answers, Questions::asked);
 }
 
+void AddBackupOption(CLI::App& command, SavingOptions& options) {
+    command.add_flag("--backup", options.keepsCopy,
+                     "Keeps the file before beside it, with .bak added to its name, or .bak2 and so on if "
+                     "there is another of that name");
+}
+
 bool IsOutForPlayfiles(const OutputOptions& output, ErrorLines& errors) {
     return HasKnownPlaceholders(output.out, "a playfile", errors) && MayNamePlayfile(output.out, errors);
 }
@@ -75,8 +81,8 @@ std::optional<LoadOutcome> OpenToSave(const std::string& name, const SavingOptio
                         {.keepsReferences = options.keepPaths});
 }
 
-ExitCode SaveOpened(const LoadOutcome& opened, const std::string& to, const SavingOptions& options,
-                    Outputs& outputs, Session& session, const std::string& notDone) {
+std::optional<ExitCode> CodeInsteadOfSaving(const LoadOutcome& opened, const std::string& to,
+                                            Outputs& outputs, Session& session, const std::string& notDone) {
     AboutOutput(session.errors, to);
     if (HasLegacyEnding(to)) {
         session.errors.add(notDone +
@@ -84,13 +90,17 @@ ExitCode SaveOpened(const LoadOutcome& opened, const std::string& to, const Savi
         return ExitCode::failed;
     }
     session.errors.about(opened.playfile.fileName);
-    if (const auto code = outputs.codeInsteadOf(to, notDone)) {
-        if (*code == ExitCode::done)
-            AddLosses(opened, session.errors);
-        return *code;
-    }
+    const auto code = outputs.codeInsteadOf(to, notDone);
+    if (code == ExitCode::done)
+        AddLosses(opened, session.errors);
+    return code;
+}
+
+ExitCode SaveNow(const LoadOutcome& opened, const std::string& to, const SavingOptions& options,
+                 Outputs& outputs, Session& session, const std::string& notDone) {
     AboutOutput(session.errors, to);
-    if (options.keepsCopy && !keepCopy(to, notDone, outputs, session.errors))
+    if (options.keepsCopy && to != kStandardStream && platform().files().hasEntry(to) &&
+        !keepCopy(to, notDone, outputs, session.errors))
         return ExitCode::failed;
     const SaveOutcome saved = save(opened.playfile, to, options, session.out);
     if (saved.error) {
@@ -105,6 +115,12 @@ ExitCode SaveOpened(const LoadOutcome& opened, const std::string& to, const Savi
                            (count == 1 ? " leads to a file" : " lead to files") +
                            " that could not be copied");
     return ExitCode::done;
+}
+
+ExitCode SaveOpened(const LoadOutcome& opened, const std::string& to, const SavingOptions& options,
+                    Outputs& outputs, Session& session, const std::string& notDone) {
+    const auto code = CodeInsteadOfSaving(opened, to, outputs, session, notDone);
+    return code ? *code : SaveNow(opened, to, options, outputs, session, notDone);
 }
 
 } // namespace qrtVistrelClasses4

@@ -26,9 +26,23 @@ bool IsOutForPlayfiles(const OutputOptions& output, ErrorLines& errors);
 std::optional<LoadOutcome> OpenToSave(const std::string& name, const SavingOptions& options,
                                       const OutputOptions& output, ErrorLines& errors);
 
-/// Saves an opened playfile as the file `to`, or on standard output for "-", unless `outputs` is against it.
-/// Remarks which references have changed, and adds what a playfile of the older format loses to the session's
-/// errors. `notDone` begins the reason if it cannot be saved.
+/// Adds "--backup".
+void AddBackupOption(CLI::App& command, SavingOptions& options);
+
+/// Call this before an opened playfile is saved as `to` with `SaveNow`. Returns an exit code if it is not to
+/// be saved, as `Outputs::codeInsteadOf` does. In a dry run, what a playfile of the older format would lose
+/// is added to the session's errors.
+std::optional<ExitCode> CodeInsteadOfSaving(const LoadOutcome& opened, const std::string& to,
+                                            Outputs& outputs, Session& session,
+                                            const std::string& notDone = "not saved");
+
+/// Saves an opened playfile as the file `to`, or on standard output for "-". Remarks which references have
+/// changed, and adds what a playfile of the older format loses to the session's errors.
+ExitCode SaveNow(const LoadOutcome& opened, const std::string& to, const SavingOptions& options,
+                 Outputs& outputs, Session& session, const std::string& notDone = "not saved");
+
+/// Does both.
+/// `notDone` begins the reason if it cannot be saved.
 ExitCode SaveOpened(const LoadOutcome& opened, const std::string& to, const SavingOptions& options,
                     Outputs& outputs, Session& session, const std::string& notDone = "not saved");
 

@@ -1,25 +1,22 @@
 // vistrel show: the frames of a playfile.
 #include "playfile/Effects.h"
+#include "tools/exchange/JsonOutput.h"
+#include "tools/exchange/PlayfileJson.h"
 #include "tools/playfile/Opening.h"
 #include "tools/playfile/PlayTimes.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Duration.h"
 #include "tools/program/Inputs.h"
-#include "tools/program/JsonText.h"
+#include "tools/program/Outputs.h"
 #include "tools/program/PropertyValues.h"
 #include "tools/program/Table.h"
 
-#include <array>
 #include <limits>
 #include <optional>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
 namespace {
-
-using nlohmann::ordered_json;
-
-constexpr const char* kLineCount = "TotalLinesAllowed"; // no member of a frame has it
 
 struct ShowOptions {
     InputOptions input;
@@ -41,11 +38,8 @@ TimeBasis loadTimeBasis() {
 }
 
 std::string kindName(const FrameRecord& frame) {
-    constexpr std::array names{"Blank", "Graphic", "Text", "Graphic/Text", "Command"};
-    static_assert(static_cast<std::size_t>(NEW_FRAME_TYPES::FRAME_CMD) == names.size() - 1);
-    const auto kind = static_cast<std::int32_t>(KindOf(frame));
-    return kind >= 0 && kind < static_cast<std::int32_t>(names.size()) ? names[static_cast<std::size_t>(kind)]
-                                                                       : std::to_string(kind);
+    const std::string_view name = NameOfNumber(kMember<&FrameRecord::FrameType>.name, frame.FrameType);
+    return name.empty() ? std::to_string(frame.FrameType) : std::string(name);
 }
 
 /// The name of an effect, or its code if it has none.
@@ -133,7 +127,7 @@ void printFrame(std::ostream& out, const FrameRecord& frame) {
         properties.addRow(
             {name, CellText(JsonOfProperty(row, frame)) + (meaning.empty() ? "" : " (" + meaning + ")")});
     });
-    properties.addRow({kLineCount, std::to_string(frame.lines.upperBound())});
+    properties.addRow({std::string(kLineCountKey), std::to_string(frame.lines.upperBound())});
     Table lines(
         {{"Line", Table::Align::right}, {"Font", Table::Align::right}, {"Custom font"}, {"Flags"}, {"Text"}});
     std::int32_t number = 0;
@@ -143,31 +137,54 @@ void printFrame(std::ostream& out, const FrameRecord& frame) {
     out << properties << '\n' << lines;
 }
 
-ordered_json jsonOf(const FrameRecord& frame) {
-    ordered_json object = JsonOf(frame, kFrameMembers);
-    object[kLineCount] = frame.lines.upperBound();
-    ordered_json& lines = object["Lines"] = ordered_json::array();
-    for (const LineRecord& line : frame.lines)
-        lines.push_back(JsonOf(line, kLineMembers));
-    return object;
-}
+/// The JSON of the files.
+class ShownJson {
+public:
+    ShownJson(std::ostream& out, bool areSeveral)
+        : target_(std::string(kStandardStream), out), areSeveral_(areSeveral) {
+        if (areSeveral)
+            json_.beginArray();
+    }
 
-void printJson(std::ostream& out, const Playfile& playfile, std::int32_t first, std::int32_t last) {
-    JsonArray array(out);
-    for (std::int32_t number = first; number <= last; ++number)
-        array.add(jsonOf(playfile.frames.at(number)));
-    array.end();
-}
+    void add(const std::string& path, const Playfile& playfile, std::int32_t first, std::int32_t last) {
+        if (areSeveral_) {
+            json_.beginObject();
+            json_.putKey(kFileKey);
+            json_.putPath(path);
+            json_.putKey(kFramesKey);
+        }
+        json_.beginArray();
+        for (std::int32_t number = first; number <= last; ++number)
+            json_.put(playfile.frames.at(number));
+        json_.endArray();
+        if (areSeveral_)
+            json_.endObject();
+        else
+            json_.finish();
+    }
+    void end() {
+        if (!areSeveral_)
+            return;
+        json_.endArray();
+        json_.finish();
+    }
+
+private:
+    OutputTarget target_;
+    JsonOutput json_{target_};
+    bool areSeveral_;
+};
 
 /// Where the files are shown.
 struct Display {
     Headings headings;
-    std::optional<JsonArray> files;   ///< For several files as JSON.
+    std::optional<ShownJson> json{};
     std::optional<TimeBasis> basis{}; ///< Loaded for the first table.
 };
 
 ExitCode showFile(const std::string& path, const ShowOptions& options, Display& display, Session& session) {
-    const auto opened = OpenWholeFrames(path, YesUnlessNo(options.answers), session.errors);
+    const auto opened = OpenWholeFrames(path, YesUnlessNo(options.answers), session.errors,
+                                        {.keepsReferences = options.json});
     if (!opened)
         return ExitCode::failed;
     const Playfile& playfile = opened->playfile;
@@ -182,16 +199,13 @@ ExitCode showFile(const std::string& path, const ShowOptions& options, Display& 
     const std::int32_t first = isOne ? options.frame : 1;
     const std::int32_t last = isOne ? options.frame : count;
     AddLosses(*opened, session.errors, first, last);
+    if (display.json) {
+        display.json->add(path, playfile, first, last);
+        return ExitCode::done;
+    }
     for (std::int32_t number = first; number <= last; ++number)
         reportUnreadable(playfile.frames.at(number), number, session.errors);
-    if (display.files) {
-        display.files->startElement() << "{\n\"file\": " << JsonText(path) << ",\n\"frames\": ";
-        printJson(session.out, playfile, first, last);
-        session.out << "\n}";
-    } else if (options.json) {
-        printJson(session.out, playfile, first, last);
-        session.out << '\n';
-    } else if (isOne) {
+    if (isOne) {
         display.headings.print(path);
         printFrame(session.out, playfile.frames.at(options.frame));
     } else if (!opened->error || count > 0) {
@@ -206,15 +220,13 @@ ExitCode showFile(const std::string& path, const ShowOptions& options, Display& 
 
 ExitCode show(const ShowOptions& options, Session& session) {
     const std::vector<Input> inputs = FindInputs(options.input, InputKind::playfile, session.errors);
-    Display display{Headings(options.input, session.out), {}};
-    if (options.json && options.input.areSeveral())
-        display.files.emplace(session.out);
+    Display display{Headings(options.input, session.out)};
+    if (options.json)
+        display.json.emplace(session.out, options.input.areSeveral());
     const ExitCode code = ForEachInput(
         inputs, session, [&](const Input& input) { return showFile(input.path, options, display, session); });
-    if (display.files) {
-        display.files->end();
-        session.out << '\n';
-    }
+    if (display.json)
+        display.json->end();
     return code;
 }
 

@@ -2,15 +2,19 @@
 
 #include "frame/Conversions.h"
 #include "platform/LetterCase.h"
+#include "playfile/Effects.h"
 #include "tools/program/NameDistance.h"
 #include <qrtVistrelClasses4/DisplayRecord.h>
+#include <qrtVistrelClasses4/FrameRecord.h>
 #include <qrtVistrelClasses4/Preferences.h>
 #include <qrtVistrelClasses4/SignList.h>
 #include <qrtVistrelClasses4/SignLook.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <iterator>
+#include <map>
 #include <regex>
 
 namespace qrtVistrelClasses4 {
@@ -35,9 +39,57 @@ std::vector<NamedNumber> connections() {
     return all;
 }
 
+/// In the order of their numbers, from 0.
+constexpr auto kFrameKinds =
+    std::to_array<std::string_view>({"Blank", "Graphic", "Text", "Graphic/Text", "Command"});
+static_assert(static_cast<std::size_t>(NEW_FRAME_TYPES::FRAME_CMD) == kFrameKinds.size() - 1);
+
+std::string_view frameKindName(std::int16_t number) {
+    const auto index = static_cast<std::size_t>(number);
+    return index < kFrameKinds.size() ? kFrameKinds.at(index) : "";
+}
+
+std::vector<NamedNumber> frameKinds() {
+    std::vector<NamedNumber> all;
+    for (const std::string_view name : kFrameKinds)
+        all.push_back({name, static_cast<std::int16_t>(all.size())});
+    return all;
+}
+
+/// The names of the effects of one side by their codes; loops have a name for each number of rounds.
+template <std::optional<std::string> (*nameOf)(std::int16_t)>
+const std::map<std::int16_t, std::string>& effectNames() {
+    static const auto names = [] {
+        std::map<std::int16_t, std::string> all;
+        for (const std::int16_t code : NamedEffectCodes())
+            if (auto name = nameOf(code))
+                all.emplace(code, *std::move(name));
+        return all;
+    }();
+    return names;
+}
+
+template <std::optional<std::string> (*nameOf)(std::int16_t)>
+std::string_view effectName(std::int16_t code) {
+    const auto found = effectNames<nameOf>().find(code);
+    return found == effectNames<nameOf>().end() ? std::string_view() : found->second;
+}
+
+template <std::optional<std::string> (*nameOf)(std::int16_t)>
+std::vector<NamedNumber> effects() {
+    std::vector<NamedNumber> all;
+    for (const auto& [code, name] : effectNames<nameOf>())
+        all.push_back({name, code});
+    return all;
+}
+
+constexpr NumberNames kFrameKindNames{&frameKinds, &frameKindName, ""};
+constexpr NumberNames kPrefixNames{&effects<PrefixName>, &effectName<PrefixName>, "effects"};
+constexpr NumberNames kSuffixNames{&effects<SuffixName>, &effectName<SuffixName>, "effects"};
 constexpr NumberNames kSignTypeNames{&signTypes, &signTypeName, "signs types"};
 constexpr NumberNames kConnectionNames{&connections, &connectionName, "signs connections"};
 
+constexpr std::size_t kMostCandidates = 8; // more are not listed in an error
 constexpr double kLargest = std::numeric_limits<double>::infinity();
 constexpr double kMostDots = 32767;
 constexpr double kBrightest = 255; // some signs have far fewer levels
@@ -64,6 +116,15 @@ constexpr AllowedValues kAllowed[] = {
      .names = &kConnectionNames},
     texts("DefaultColor", kAnyColor, "a colour (<colour>)"),
     texts("ColorsSupported", "<colour>( *[,;/ ] *<colour>)*", "colours with commas between them (<colour>)"),
+    // Frames and lines
+    {.property = "FrameType", .least = 0, .names = &kFrameKindNames, .areNamed = true},
+    {.property = "PrefixCode", .least = 0, .names = &kPrefixNames, .areNamed = true},
+    {.property = "SuffixCode", .least = 0, .names = &kSuffixNames, .areNamed = true},
+    numbers("DelayTime", 0),
+    numbers("TotalDisplayFramesUsedForThisFrame", 0),
+    numbers("AVIFrames", 0),
+    numbers("FixedNumberOfLines", 0, std::numeric_limits<std::int16_t>::max()),
+    numbers("LineFontSize", 0, kCustomFont),
     // Delays, speeds and sizes
     numbers("ScrollPauseDelay", 0),
     numbers("ScrollingTextSpeed", 0),
@@ -113,7 +174,8 @@ constexpr bool hasRow(const auto& table, std::string_view name) {
 static_assert(std::ranges::all_of(kAllowed, [](const AllowedValues& allowed) {
     return hasRow(kDisplayMembers, allowed.property) || hasRow(kScheduleMembers, allowed.property) ||
            hasRow(kPreferenceMembers, allowed.property) ||
-           hasRow(kPreferredScheduleMembers, allowed.property);
+           hasRow(kPreferredScheduleMembers, allowed.property) || hasRow(kFrameMembers, allowed.property) ||
+           hasRow(kLineMembers, allowed.property);
 }));
 
 std::string colorsWith(std::string_view separator) {
@@ -128,6 +190,16 @@ std::string withColors(std::string_view text, const std::string& colors) {
     for (std::size_t at = 0; (at = result.find(kAnyColor, at)) != result.npos; at += colors.size())
         result.replace(at, kAnyColor.size(), colors);
     return result;
+}
+
+/// " that "vistrel effects" prints", or the names.
+std::string whereNamesAre(const NumberNames& names) {
+    if (!names.listing.empty())
+        return " that \"vistrel " + std::string(names.listing) + "\" prints";
+    std::string text;
+    for (const NamedNumber& named : names.all())
+        text.append(text.empty() ? " (" : ", ").append(named.name);
+    return text + ")";
 }
 
 bool startsWordOf(std::string_view name, std::string_view typed) {
@@ -146,7 +218,8 @@ const AllowedValues& AllowedValuesOf(std::string_view property) {
 }
 
 bool Allows(const AllowedValues& allowed, double number) {
-    return number >= allowed.least && number <= allowed.most;
+    return number >= allowed.least && number <= allowed.most &&
+           (!allowed.areNamed || !allowed.names->nameOf(static_cast<std::int16_t>(number)).empty());
 }
 
 bool Allows(const AllowedValues& allowed, const std::string& text) {
@@ -158,6 +231,8 @@ bool Allows(const AllowedValues& allowed, const std::string& text) {
 }
 
 std::string DescriptionOf(const AllowedValues& allowed, std::string_view type, double least, double most) {
+    if (allowed.areNamed)
+        return "a name" + whereNamesAre(*allowed.names) + ", or its number";
     least = std::max(least, allowed.least);
     most = std::min(most, allowed.most);
     std::string text(type);
@@ -165,9 +240,7 @@ std::string DescriptionOf(const AllowedValues& allowed, std::string_view type, d
         text += (std::isfinite(most) ? " from " : " of at least ") + NumberToText(least);
     if (std::isfinite(most))
         text += " to " + NumberToText(most);
-    return text + (allowed.names
-                       ? " or a name that \"vistrel " + std::string(allowed.names->listing) + "\" prints"
-                       : "");
+    return text + (allowed.names ? " or a name" + whereNamesAre(*allowed.names) : "");
 }
 
 std::string DescriptionOf(const AllowedValues& allowed) {
@@ -211,10 +284,14 @@ std::optional<std::int16_t> NumberOfName(const NumberNames& names, std::string_v
         return candidates.front().number;
     std::string text = "\"" + std::string(typed) + "\" is ";
     if (candidates.empty())
-        text += "not a name" + (nearest.name().empty()
-                                    ? "; \"vistrel " + std::string(names.listing) + "\" prints all names"
-                                    : nearest.hint());
-    else
+        text += "not a name" + (!nearest.name().empty() ? nearest.hint()
+                                : names.listing.empty()
+                                    ? whereNamesAre(names)
+                                    : "; \"vistrel " + std::string(names.listing) + "\" prints all names");
+    else if (candidates.size() > kMostCandidates) {
+        text += "the beginning of " + std::to_string(candidates.size()) + " names";
+        candidates.clear();
+    } else
         text += "the beginning of several names: ";
     for (const NamedNumber& named : candidates)
         text += (named.name == candidates.front().name ? "" : ", ") + std::string(named.name);

@@ -1,5 +1,5 @@
-// What the properties of signs, and the settings for new signs, can be. The library stores any value of the
-// right type, so a mistyped one would only be noticed at the sign.
+// What the properties of signs, frames and lines, and the settings for new signs, can be. The library stores
+// any value of the right type, so a mistyped one would only be noticed at the sign.
 #pragma once
 
 #include "tools/program/ErrorLines.h"
@@ -22,7 +22,7 @@ struct NamedNumber {
 struct NumberNames {
     std::vector<NamedNumber> (*all)();
     std::string_view (*nameOf)(std::int16_t number); ///< "" if it has none.
-    std::string_view listing;                        ///< The command that lists them.
+    std::string_view listing; ///< The command that lists them. Without one, messages have all names.
 };
 
 struct AllowedValues {
@@ -31,6 +31,7 @@ struct AllowedValues {
     double least = -std::numeric_limits<double>::infinity();
     double most = std::numeric_limits<double>::infinity();
     const NumberNames* names = nullptr;
+    bool areNamed = false; ///< Only numbers that have names are allowed.
     // For texts, which may always be empty: the pattern, ignoring case, and what it means. Any text if there
     // is no pattern.
     std::string_view pattern{};

@@ -115,6 +115,7 @@ void SetUpExportCommand(CLI::App& command, Session& session);
 void SetUpCheckCommand(CLI::App& command, Session& session);
 void SetUpPreviewCommand(CLI::App& command, Session& session);
 void SetUpFramesCommand(CLI::App& frames, Session& session);
+void SetUpMakeCommand(CLI::App& command, Session& session);
 void SetUpConvertCommand(CLI::App& command, Session& session);
 void SetUpInspectCommand(CLI::App& command, Session& session);
 void SetUpSignsCommand(CLI::App& signs, Session& session);

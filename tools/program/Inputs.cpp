@@ -17,7 +17,6 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 constexpr std::string_view kStandardInputName = "standard input";
-constexpr std::size_t kMostInput = std::size_t{256} << 20;
 
 bool isPlayfile(const std::string& path, InputKind kind) {
     constexpr std::string_view ending = ".playfile";
@@ -133,6 +132,17 @@ std::unique_ptr<InputFile> OpenInput(const std::string& path) {
     if (path == kStandardStream)
         return std::make_unique<OwnedBytes>();
     return ValueOf(platform().files().openToRead(path));
+}
+
+std::string ReadInput(const std::string& path) {
+    if (path == kStandardStream)
+        return ReadStandardInput();
+    const auto file = ValueOf(platform().files().openToRead(path));
+    if (file->size() > kMostInput)
+        Check(SystemError::tooLarge);
+    std::string bytes(static_cast<std::size_t>(file->size()), '\0');
+    bytes.resize(ValueOf(file->readAt(0, bytes)));
+    return bytes;
 }
 
 void Headings::print(const std::string& path) {

@@ -5,6 +5,7 @@
 #include "platform/FileSystem.h"
 #include "tools/program/Commands.h"
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -46,8 +47,14 @@ std::string InputName(const std::string& path);
 /// Makes the file the subject of the following errors.
 void AboutInput(ErrorLines& errors, const std::string& path);
 
-/// All bytes of standard input. Throws an error if there are more than 256 MiB, or if they were read before.
+/// The most bytes that are read into memory whole: 256 MiB.
+inline constexpr std::size_t kMostInput = std::size_t{256} << 20;
+
+/// All bytes of standard input. Throws an error if there are more than `kMostInput`, or if they were read
+/// before.
 std::string ReadStandardInput();
+/// The same for a file, or for standard input.
+std::string ReadInput(const std::string& path);
 
 /// Opens a file, or standard input. Throws errors of the file system.
 std::unique_ptr<InputFile> OpenInput(const std::string& path);

@@ -171,7 +171,8 @@ std::string Outputs::refusal(const std::string& path) {
                    : path + " differs only in case from " + earlier->second + ", an earlier file of this run";
     if (!replaces_ && platform().files().hasEntry(path)) // or a link that leads nowhere
         return path + " exists already; --force replaces it";
-    const SystemError error = options_.dryRun ? platform().files().mayWrite(path) : SystemError::none;
+    const SystemError error =
+        options_.dryRun || looksAhead_ ? platform().files().mayWrite(path) : SystemError::none;
     return error == SystemError::none || (error == SystemError::folderNotFound && makesFolders_)
                ? ""
                : faultOf(path, error);

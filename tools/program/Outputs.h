@@ -90,18 +90,24 @@ public:
     /// Makes the missing folders of files that are written from now on.
     void makeFolders() { makesFolders_ = true; }
 
+    /// From now on, `codeInsteadOf` also fails if the system would not let the file be written. For commands
+    /// that write all of their files or none.
+    void lookAhead() { looksAhead_ = true; }
+
     /// Prints a line, unless the command is quiet or has written nothing in a dry run. It goes to standard
     /// error if a file goes to standard output.
     void remark(const std::string& line) const;
+    /// The same in a dry run, too.
+    void print(const std::string& line) const;
 
 private:
     std::string refusal(const std::string& path);
-    void print(const std::string& line) const;
 
     const OutputOptions& options_;
     Session& session_;
     bool replaces_;
     bool makesFolders_ = false;
+    bool looksAhead_ = false;
     std::unordered_map<std::string, std::string> names_; ///< Of this run, by `FoldedName`.
 };
 

@@ -39,6 +39,16 @@ bool TypedIn<bool>::read(const std::string& text) {
     return TextToBoolean(text);
 }
 
+std::optional<std::pair<std::string_view, std::string_view>> SplitAssignment(std::string_view typed,
+                                                                             ErrorLines& errors) {
+    const std::size_t equals = typed.find('=');
+    if (equals != typed.npos && equals > 0)
+        return std::pair(typed.substr(0, equals), typed.substr(equals + 1));
+    errors.about(typed);
+    errors.add("a property takes the form Property=Value");
+    return std::nullopt;
+}
+
 std::optional<std::string> AnsiFromTyped(std::string_view typed, ErrorLines& errors) {
     std::optional<std::string> ansi = AnsiFromUtf8(typed);
     if (!ansi) {

@@ -79,6 +79,10 @@ struct TypedValue {
     bool isUnchecked = false; ///< Any value of the right type is taken.
 };
 
+/// The name and the value of "NAME=VALUE". Returns nothing, and adds an error, for any other text.
+std::optional<std::pair<std::string_view, std::string_view>> SplitAssignment(std::string_view typed,
+                                                                             ErrorLines& errors);
+
 /// What error messages call the values that a property takes.
 template <class Value>
 std::string ExpectedOf(const AllowedValues& allowed) {

@@ -1,5 +1,6 @@
 #include "tools/program/ValueKinds.h"
 
+#include "tools/playfile/TypedProperties.h"
 #include "tools/program/Commands.h"
 #include "tools/program/PropertyValues.h"
 #include <qrtVistrelClasses4/DisplayRecord.h>
@@ -13,19 +14,41 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 /// "DisplayWidth=", or "DisplayType=Kestrel" for each of the names that may be typed.
-std::vector<std::string> wordsOfProperties() {
+template <class Record, class Table>
+std::vector<std::string> wordsOfProperties(const Table& table) {
     std::vector<std::string> words;
-    const DisplayRecord sign;
-    ForEachProperty(sign, kDisplayMembers,
-                    [&]<class Row>(const std::string& name, const Row& row, const auto&) {
-                        std::vector<std::string> values = NamesOf(AllowedValuesOf(row.name));
-                        if constexpr (std::is_same_v<ValueOfRow<Row>, bool>)
-                            values = {"yes", "no"};
-                        else if (values.empty())
-                            values = {""};
-                        for (const std::string& value : values)
-                            words.emplace_back(name).append("=").append(value);
-                    });
+    const Record record;
+    ForEachProperty(record, table, [&]<class Row>(const std::string& name, const Row& row, const auto&) {
+        if constexpr (requires { row.isInFile(); })
+            if (!row.isInFile())
+                return;
+        std::vector<std::string> values = NamesOf(AllowedValuesOf(row.name));
+        bool isFlag = std::is_same_v<ValueOfRow<Row>, bool>;
+        if constexpr (requires { Row::isFlagInNumber; })
+            isFlag = isFlag || Row::isFlagInNumber;
+        if (isFlag)
+            values = {"yes", "no"};
+        else if (values.empty())
+            values = {""};
+        for (const std::string& value : values)
+            words.emplace_back(name).append("=").append(value);
+    });
+    return words;
+}
+
+std::vector<std::string> wordsOfSigns() { return wordsOfProperties<DisplayRecord>(kDisplayMembers); }
+
+std::vector<std::string> wordsOfFrames() { return wordsOfProperties<FrameRecord>(kFrameMembers); }
+
+std::vector<std::string> wordsOfLines() {
+    std::vector<std::string> words = wordsOfProperties<LineRecord>(kLineMembers);
+    words.emplace_back(kTextProperty).append("=");
+    return words;
+}
+
+std::vector<std::string> wordsOfNewFrames() {
+    std::vector<std::string> words = wordsOfFrames();
+    std::ranges::move(wordsOfLines(), std::back_inserter(words));
     return words;
 }
 
@@ -59,7 +82,10 @@ constexpr ValueKind kKinds[] = {
     {kFontValue, ValueKind::Entries::files, "cmd cff"},
     {kFileValue, ValueKind::Entries::files},
     {kFolderValue, ValueKind::Entries::folders},
-    {kPropertyValue, ValueKind::Entries::none, {}, &wordsOfProperties},
+    {kPropertyValue, ValueKind::Entries::none, {}, &wordsOfSigns},
+    {kFramePropertyValue, ValueKind::Entries::none, {}, &wordsOfFrames},
+    {kLinePropertyValue, ValueKind::Entries::none, {}, &wordsOfLines},
+    {kNewFramePropertyValue, ValueKind::Entries::none, {}, &wordsOfNewFrames},
     {kSettingValue, ValueKind::Entries::none, {}, &namesOfSettings},
     {kCommandValue, ValueKind::Entries::none, {}, &NamesOfCommands},
     {kRuleValue, ValueKind::Entries::none, {}, &namesOfRules},

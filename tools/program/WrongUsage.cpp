@@ -1,5 +1,6 @@
 #include "tools/program/WrongUsage.h"
 
+#include "platform/Platform.h"
 #include "tools/program/Arguments.h"
 #include "tools/program/Help.h"
 #include "tools/program/NameDistance.h"
@@ -91,6 +92,18 @@ std::string textOf(const CLI::ParseError& error, const CLI::App& program,
     return text;
 }
 
+/// The command that one of `words` may have been meant for.
+std::optional<std::string> nearestCommand(const CLI::App& app, const std::vector<std::string>& words) {
+    for (const std::string& word : words) {
+        NearestName nearest(word);
+        for (const CLI::App* command : CommandsBelow(app))
+            nearest.offer(command->get_name());
+        if (!nearest.name().empty())
+            return "there is no command " + word + nearest.hint();
+    }
+    return std::nullopt;
+}
+
 std::string missing(const CLI::App& app) {
     for (const CLI::App* each : PathTo(app)) {
         const auto lacking = each->get_options(
@@ -98,7 +111,11 @@ std::string missing(const CLI::App& app) {
         if (!lacking.empty())
             return lacking.front()->get_name() + " is missing; usage: " + UsageOf(app);
     }
-    return UnknownCommand(app, {});
+    if (const auto lacking = missingInFront(app)) // files take all words
+        return *lacking;
+    std::vector<std::string> words = wordsTakenBy(app);
+    std::erase_if(words, [](const std::string& word) { return platform().files().hasEntry(word); });
+    return nearestCommand(app, words).value_or(UnknownCommand(app, {}));
 }
 
 } // namespace
@@ -109,13 +126,8 @@ std::string UnknownCommand(const CLI::App& app, const std::vector<std::string>& 
                                          : "; choose one of " + namesOfCommandsBelow(app);
     if (words.empty())
         return (isProgram ? "a command is missing" : "a subcommand is missing") + others;
-    for (const std::string& word : words) {
-        NearestName nearest(word);
-        for (const CLI::App* command : CommandsBelow(app))
-            nearest.offer(command->get_name());
-        if (!nearest.name().empty())
-            return "there is no command " + word + nearest.hint();
-    }
+    if (auto nearest = nearestCommand(app, words))
+        return *std::move(nearest);
     return "there is no command " + words.front() + others;
 }
 

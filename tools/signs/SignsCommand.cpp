@@ -178,17 +178,13 @@ bool areReadBack(const DisplayRecord& sign, const std::vector<std::string>& assi
 /// Makes all assignments to sign `number`.
 ExitCode assign(SignList& list, std::int16_t number, const SignsOptions& options, ErrorLines& errors) {
     for (const std::string& assignment : options.assignments) {
-        const std::size_t equals = assignment.find('=');
-        if (equals == assignment.npos || equals == 0) {
-            errors.about(assignment);
-            errors.add("a property takes the form Property=Value");
+        const auto parts = SplitAssignment(assignment, errors);
+        if (!parts)
             return ExitCode::wrongUsage;
-        }
-        const std::string property = assignment.substr(0, equals);
-        const std::string value = assignment.substr(equals + 1);
-        const TypedValue typed{property, value, options.isUnchecked};
-        if (EqualIgnoringAsciiCase(property, kRowOf<kDisplayMembers, &DisplayRecord::DisplayName>.name) &&
-            !freeName(list, value, errors, number))
+        const TypedValue typed{parts->first, parts->second, options.isUnchecked};
+        if (EqualIgnoringAsciiCase(typed.property,
+                                   kRowOf<kDisplayMembers, &DisplayRecord::DisplayName>.name) &&
+            !freeName(list, std::string(typed.text), errors, number))
             return ExitCode::failed;
         if (!SetByName(list.signs.at(number), kDisplayMembers, typed, errors))
             return ExitCode::wrongUsage;
