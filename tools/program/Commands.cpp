@@ -24,6 +24,8 @@ constexpr Command kCommands[] = {
      "vistrel time harbour.playfile --sign \"Pier 1\" --steps", &SetUpTimeCommand},
     {kLook, "find", "Finds a text in the lines of playfiles", "vistrel find ferry *.playfile --ignore-case",
      &SetUpFindCommand},
+    {kLook, "diff", "Compares two playfiles", "vistrel diff old.playfile harbour.playfile",
+     &SetUpDiffCommand},
     {kLook, "inspect", "Shows the records of a playfile of the older format (PL2) as they are",
      "vistrel inspect lobby.PL2", &SetUpInspectCommand},
     {kLook, "effects", "Shows the effect codes, and which of them lists offer now",
