@@ -51,6 +51,7 @@ std::string_view frameKindName(std::int16_t number) {
 
 std::vector<NamedNumber> frameKinds() {
     std::vector<NamedNumber> all;
+    all.reserve(kFrameKinds.size());
     for (const std::string_view name : kFrameKinds)
         all.push_back({name, static_cast<std::int16_t>(all.size())});
     return all;
