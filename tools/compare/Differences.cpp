@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <functional>
 #include <string_view>
+#include <tuple>
 #include <unordered_map>
 
 namespace qrtVistrelClasses4 {
@@ -203,7 +204,9 @@ private:
     }
 
     std::vector<Change> inOrder() {
-        std::ranges::sort(order_);
+        std::ranges::sort(order_, {}, [](const Place& place) {
+            return std::tuple(place.number, place.isAfter, place.index);
+        });
         std::vector<Change> sorted;
         sorted.reserve(changes_.size());
         for (const Place& place : order_)
@@ -216,7 +219,6 @@ private:
         std::int32_t number = 0;
         bool isAfter = false;
         std::size_t index = 0;
-        auto operator<=>(const Place&) const = default;
     };
 
     const Records<Record>& before_;

@@ -19,7 +19,8 @@ constexpr Color kColorOfChanged = Rgb(205, 160, 0);
 
 std::string indentation(int depth) {
     constexpr int width = 4;
-    return std::string(static_cast<std::size_t>(depth * width), ' ');
+    std::string spaces(static_cast<std::size_t>(depth * width), ' ');
+    return spaces;
 }
 
 /// The text in a colour, if the stream has colours.

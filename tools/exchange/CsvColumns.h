@@ -83,9 +83,10 @@ void AddCsvColumns(std::vector<CsvColumn<Record>>& columns, const Table& table, 
                 if (cell.empty() && !std::is_same_v<ValueOfRow<Row>, std::string>)
                     return true;
                 auto value = ValueOfCell(row, cell, rules, recordOf(record).*row.member, errors);
-                if (value)
-                    SetProperty(row, recordOf(record), *std::move(value));
-                return value.has_value();
+                if (!value)
+                    return false;
+                SetProperty(row, recordOf(record), *std::move(value));
+                return true;
             };
             columns.push_back(
                 {prefix + (row.name.empty() ? "SpareText" + std::to_string(++spares) : std::string(row.name)),
