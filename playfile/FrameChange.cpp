@@ -1,10 +1,11 @@
 #include "playfile/FrameChange.h"
 
+#include "playfile/RecordHash.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
-#include <functional>
 #include <iterator>
 #include <limits>
 #include <numeric>
@@ -23,46 +24,6 @@ static_assert(std::is_nothrow_default_constructible_v<FrameRecord>);
 
 using FrameSpan = std::span<const FrameRecord>;
 
-/// A hash of all values of a record. Most are 0 or empty, and cost nothing.
-class RecordHash {
-public:
-    std::size_t value() const { return hash_; }
-
-    void add(const FrameRecord& frame) {
-        addMembers(frame);
-        for (const LineRecord& line : frame.lines)
-            addMembers(line);
-    }
-
-private:
-    template <class Record>
-    void addMembers(const Record& record) {
-        ForEachRow(kMembersOf<Record>, [&](const auto& row) { add(record.*row.member); });
-    }
-    template <class Value>
-    void add(const Value& value) {
-        ++place_;
-        if (value == Value())
-            return;
-        constexpr std::size_t odd = 0x9E3779B1; // spreads small numbers over all bits
-        hash_ = (std::rotl(hash_, 5) ^ (std::hash<Value>()(value) + place_)) * odd;
-    }
-    template <class Value, std::size_t count>
-    void add(const std::array<Value, count>& values) {
-        for (const Value& value : values)
-            add(value);
-    }
-
-    std::size_t place_ = 0; ///< Number of values so far.
-    std::size_t hash_ = 0;
-};
-
-std::size_t hashOf(const FrameRecord& frame) {
-    RecordHash hash;
-    hash.add(frame);
-    return hash.value();
-}
-
 constexpr std::size_t kNowhere = std::numeric_limits<std::size_t>::max();
 
 /// Frames of a list by their content.
@@ -74,14 +35,14 @@ public:
           heads_(std::bit_ceil(frames.size()), kNowhere) {
         for (std::size_t index = frames.size(); index-- > 0;)
             if (!taken[index]) {
-                hashes_[index] = hashOf(frames[index]);
+                hashes_[index] = HashOf(frames[index]);
                 next_[index] = std::exchange(headOf(hashes_[index]), index);
             }
     }
 
     /// The index of the first frame that is the same as `frame`, which is found only once.
     std::size_t take(const FrameRecord& frame) {
-        const std::size_t hash = hashOf(frame);
+        const std::size_t hash = HashOf(frame);
         for (std::size_t* link = &headOf(hash); *link != kNowhere; link = &next_[*link])
             if (hashes_[*link] == hash && IsSameFrame(frames_[*link], frame))
                 return std::exchange(*link, next_[*link]);

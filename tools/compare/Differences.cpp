@@ -1,9 +1,9 @@
 #include "tools/compare/Differences.h"
 
+#include "playfile/RecordHash.h"
 #include "tools/compare/Sequences.h"
 
 #include <algorithm>
-#include <functional>
 #include <string_view>
 #include <tuple>
 #include <unordered_map>
@@ -14,30 +14,13 @@ namespace {
 template <class Record>
 using Records = OneBasedArray<Record>;
 
-void addToHash(std::size_t& hash, std::size_t value) {
-    constexpr std::size_t factor = 31;
-    hash = hash * factor + value;
-}
-
-template <class Record>
-std::size_t hashOf(const Record& record) {
-    std::size_t hash = 0;
-    ForEachStoredValue([&]<class Value>(const auto&, std::size_t,
-                                        const Value& value) { addToHash(hash, std::hash<Value>()(value)); },
-                       record);
-    if constexpr (requires { record.lines; })
-        for (const LineRecord& line : record.lines)
-            addToHash(hash, hashOf(line));
-    return hash;
-}
-
 /// Gives equal records the same number, from 1.
 template <class Record>
 class ContentNumbers {
 public:
     std::uint32_t of(const Record& record) {
         return numbers_
-            .try_emplace({hashOf(record), &record}, static_cast<std::uint32_t>(numbers_.size() + 1))
+            .try_emplace({HashOf(record), &record}, static_cast<std::uint32_t>(numbers_.size() + 1))
             .first->second;
     }
 
