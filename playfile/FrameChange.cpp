@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <cmath>
 #include <iterator>
 #include <limits>
 #include <numeric>
@@ -44,7 +43,7 @@ public:
     std::size_t take(const FrameRecord& frame) {
         const std::size_t hash = HashOf(frame);
         for (std::size_t* link = &headOf(hash); *link != kNowhere; link = &next_[*link])
-            if (hashes_[*link] == hash && IsSameFrame(frames_[*link], frame))
+            if (hashes_[*link] == hash && frames_[*link] == frame)
                 return std::exchange(*link, next_[*link]);
         return kNowhere;
     }
@@ -112,7 +111,7 @@ public:
 
 private:
     bool isAt(std::size_t place, std::size_t index) const {
-        return place < before_.size() && !isTaken_[place] && IsSameFrame(before_[place], after_[index]);
+        return place < before_.size() && !isTaken_[place] && before_[place] == after_[index];
     }
     void match(std::size_t index, std::size_t origin) {
         origins_[index] = origin;
@@ -142,7 +141,7 @@ std::size_t countAtEnd(FrameSpan one, FrameSpan other) {
     other = other.last(size);
     std::size_t sameFrom = 0;
     for (std::size_t index = 0; index < size; ++index)
-        if (!IsSameFrame(one[index], other[index]))
+        if (one[index] != other[index])
             sameFrom = index + 1;
     return size - sameFrom;
 }
@@ -201,13 +200,8 @@ bool FrameChange::isInPlace() const {
     return std::ranges::all_of(shared, [](const SharedFrames& run) { return run.before == run.after; });
 }
 
-bool IsSameFrame(const FrameRecord& one, const FrameRecord& other) {
-    return one == other && std::signbit(one.DelayTime) == std::signbit(other.DelayTime);
-}
-
 std::optional<FrameChange> ChangeBetween(const FrameList& before, const FrameList& after) {
-    const auto [oldFirst, newFirst] =
-        std::mismatch(before.begin(), before.end(), after.begin(), after.end(), IsSameFrame);
+    const auto [oldFirst, newFirst] = std::mismatch(before.begin(), before.end(), after.begin(), after.end());
     if (oldFirst == before.end() && newFirst == after.end())
         return std::nullopt;
     const FrameSpan oldRest(oldFirst, before.end());

@@ -33,9 +33,6 @@ struct FrameChange {
     bool isInPlace() const;
 };
 
-/// Whether two frames would be saved alike: unlike `==`, it tells delays of 0 and -0 apart.
-bool IsSameFrame(const FrameRecord& one, const FrameRecord& other);
-
 /// How one list becomes another; nothing if both are the same. Each frame that stays in order is compared
 /// once as a whole. Only frames that were changed, or moved one by one, are also looked up by their content.
 std::optional<FrameChange> ChangeBetween(const FrameList& before, const FrameList& after);

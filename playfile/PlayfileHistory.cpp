@@ -86,7 +86,7 @@ bool PlayfileHistory::makePresent(const Playfile& next, std::string name, bool m
 
 void PlayfileHistory::extendLast(Step& made) {
     Step& last = done_.back();
-    const bool isBack = std::ranges::equal(last.change.added, made.change.added, IsSameFrame);
+    const bool isBack = last.change.added == made.change.added;
     const std::size_t after = made.change.after, bytesAfter = BytesOfAdded(made.change);
     MakeChange(present_.frames, made.change);
     if (isBack && last.change.after == after) {

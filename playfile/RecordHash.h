@@ -4,13 +4,15 @@
 #include <qrtVistrelClasses4/FrameRecord.h>
 
 #include <array>
-#include <bit>
+#include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 
 namespace qrtVistrelClasses4 {
 
-/// A hash of all values of records. Most are 0 or empty, and cost nothing.
+/// A hash of all values of records. Most are 0 or empty, and cost nothing. It is another one in each run of a
+/// program, so that nobody can make a playfile whose frames all have the same.
 class RecordHash {
 public:
     /// Adds the values of the frame and of its lines.
@@ -20,9 +22,20 @@ public:
             addMembers(line);
     }
     void add(const LineRecord& line) { addMembers(line); }
-    std::size_t value() const { return hash_; }
+    std::size_t value() const { return static_cast<std::size_t>(hash_); }
 
 private:
+    static std::uint64_t start() {
+        static const auto chosen =
+            static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count());
+        return mixed(chosen);
+    }
+    /// Spreads a change of any bit over all bits.
+    static constexpr std::uint64_t mixed(std::uint64_t bits) {
+        bits = (bits ^ (bits >> 30U)) * 0xBF58476D1CE4E5B9;
+        bits = (bits ^ (bits >> 27U)) * 0x94D049BB133111EB;
+        return bits ^ (bits >> 31U);
+    }
     template <class Record>
     void addMembers(const Record& record) {
         ForEachRow(kMembersOf<Record>, [&](const auto& row) { addValue(record.*row.member); });
@@ -32,8 +45,7 @@ private:
         ++place_;
         if (value == Value())
             return;
-        constexpr std::size_t odd = 0x9E3779B1; // spreads small numbers over all bits
-        hash_ = (std::rotl(hash_, 5) ^ (std::hash<Value>()(value) + place_)) * odd;
+        hash_ = mixed(hash_ ^ mixed(std::hash<Value>()(value) + place_));
     }
     template <class Value, std::size_t count>
     void addValue(const std::array<Value, count>& values) {
@@ -41,8 +53,8 @@ private:
             addValue(value);
     }
 
-    std::size_t place_ = 0; ///< Number of values so far.
-    std::size_t hash_ = 0;
+    std::uint64_t place_ = 0; ///< Number of values so far.
+    std::uint64_t hash_ = start();
 };
 
 template <class Record>

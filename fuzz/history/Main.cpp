@@ -1,13 +1,11 @@
 // Tries the history of a playfile: random edits that are recorded, undone and redone, compared with a list of
 // copies. Memory sometimes runs out, or is bounded. Argument: the number of histories, each of 1000 turns.
 #include "Allocations.h"
+#include "fuzz/PlayfileBytes.h"
 #include "fuzz/history/Edits.h"
-#include "platform/memory/KeptBytes.h"
-#include "playfile/PlayfileFormat.h"
 #include <qrtVistrelClasses4/PlayfileHistory.h>
 
 #include <algorithm>
-#include <cmath>
 #include <iostream>
 #include <iterator>
 #include <optional>
@@ -28,21 +26,6 @@ void require(bool holds, const char* what) {
         throw std::logic_error(std::string("does not hold: ") + what);
 }
 
-std::string bytesOf(const Frames& frames) {
-    KeptBytes bytes;
-    QuotedLineWriter out(bytes);
-    WriteFrameCount(out, frames.upperBound());
-    for (const FrameRecord& frame : frames)
-        WriteFrame(out, frame);
-    out.finish();
-    return bytes.text;
-}
-
-bool isSame(const FrameRecord& one, const FrameRecord& other) {
-    return one == other && std::signbit(one.DelayTime) == std::signbit(other.DelayTime);
-}
-bool areSame(const Frames& one, const Frames& other) { return std::ranges::equal(one, other, isSame); }
-
 /// With copies of the frames, whose texts take no more memory than they need.
 Playfile playfileOf(const Frames& frames, const std::string& fileName = {}) {
     return {frames, fileName, false};
@@ -52,11 +35,11 @@ Playfile playfileOf(const Frames& frames, const std::string& fileName = {}) {
 std::vector<std::int32_t> placesOfChanges(const Frames& one, const Frames& other) {
     std::vector<std::int32_t> places;
     for (std::int32_t number = 1; number <= one.upperBound(); ++number)
-        if (!isSame(one.at(number), other.at(number)))
+        if (one.at(number) != other.at(number))
             places.push_back(number);
     for (const std::int32_t from : places)
         for (const std::int32_t to : places)
-            if (isSame(one.at(from), other.at(to)))
+            if (one.at(from) == other.at(to))
                 return {};
     return places;
 }
@@ -94,7 +77,7 @@ public:
             bound();
         compare();
         if (number % kTurnsToOneSave == 0)
-            require(bytesOf(history_.present().frames) == bytesOf(states_[present_].frames),
+            require(BytesOf(history_.present().frames) == BytesOf(states_[present_].frames),
                     "the saved bytes are equal");
     }
 
@@ -126,7 +109,7 @@ private:
         next.fileName = std::to_string(dice_.below(3));
         const std::string name = "edit " + std::to_string(++edits);
         const bool isChanged = attempt([&] { return history_.record(next, name); });
-        require(isChanged == !areSame(next.frames, states_[present_].frames), "a change is noticed");
+        require(isChanged == (next.frames != states_[present_].frames), "a change is noticed");
         fileName_ = next.fileName;
         if (isChanged)
             append(next.frames, name);
@@ -142,7 +125,7 @@ private:
         Playfile next = history_.present();
         TypeAtRandom(next.frames, dice_);
         const bool isChanged = attempt([&] { return history_.extend(next, "type"); });
-        require(isChanged == !areSame(next.frames, states_[present_].frames), "a change is noticed");
+        require(isChanged == (next.frames != states_[present_].frames), "a change is noticed");
         ++edits;
         if (!isChanged)
             return;
@@ -153,7 +136,7 @@ private:
         ++extensions;
         states_[present_].alone.extend(next, "type");
         states_[present_].frames = next.frames;
-        if (areSame(next.frames, states_[present_ - 1].frames)) {
+        if (next.frames == states_[present_ - 1].frames) {
             states_.pop_back();
             --present_;
         }
@@ -228,7 +211,7 @@ private:
 
     void compare() const {
         const State& state = states_[present_];
-        require(areSame(history_.present().frames, state.frames), "the present state is that of the list");
+        require(history_.present().frames == state.frames, "the present state is that of the list");
         require(history_.present().fileName == fileName_, "the name is the last one");
         require(history_.isSaved() == (saved_ == present_), "the saved state is known");
         require(history_.bytes() <= history_.mostBytes(), "the bound holds");

@@ -1,5 +1,6 @@
 // vistrel diff: how one playfile became another.
 #include "platform/Path.h"
+#include "platform/Platform.h"
 #include "tools/compare/Report.h"
 #include "tools/exchange/PlayfileJson.h"
 #include "tools/playfile/Opening.h"
@@ -13,7 +14,9 @@
 #include <iterator>
 #include <memory>
 #include <optional>
+#include <sstream>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -132,14 +135,49 @@ constexpr std::size_t kUnmergedCount = 1; ///< Only the path, of a file with ver
 constexpr std::size_t kUsualCount = DriverPlace::newPath;
 constexpr std::size_t kRenamedCount = DriverPlace::details + 1;
 
+constexpr std::string_view kNoFile = ".";        ///< Instead of a mode.
+constexpr std::string_view kLinkMode = "120000"; ///< The file holds what the link leads to.
+
+/// What has changed besides frames: the mode, and the name, which git describes in several lines.
+void printFileChanges(std::ostream& out, const std::vector<std::string>& given) {
+    const std::string& oldMode = given[DriverPlace::oldMode];
+    const std::string& newMode = given[DriverPlace::newMode];
+    if (oldMode != newMode && oldMode != kNoFile && newMode != kNoFile)
+        out << "old mode " << Visible(oldMode) << "\nnew mode " << Visible(newMode) << '\n';
+    if (given.size() != kRenamedCount)
+        return;
+    std::istringstream details(given[DriverPlace::details]);
+    for (std::string line; std::getline(details, line);)
+        out << Visible(line) << '\n';
+}
+
+/// Of a link, or of a file that became one, only what it leads to is shown.
+void printLinks(std::ostream& out, const std::vector<std::string>& given) {
+    const auto print = [&](char sign, std::size_t file, std::size_t mode) {
+        const FileBytes target = platform().files().read(given[file]).valueOr({});
+        if (given[mode] == kLinkMode)
+            out << sign << "link to " << Visible(target.text()) << '\n';
+        else if (given[mode] != kNoFile)
+            out << sign << "file\n";
+    };
+    print('-', DriverPlace::oldFile, DriverPlace::oldMode);
+    print('+', DriverPlace::newFile, DriverPlace::newMode);
+}
+
 ExitCode compareVersions(const DiffOptions& options, Session& session) {
     const std::vector<std::string>& given = options.names;
     if (given.size() == kUnmergedCount) {
         session.out << "* Unmerged path " << Visible(given[DriverPlace::path]) << '\n';
         return ExitCode::done;
     }
+    if (given[DriverPlace::oldMode] == kLinkMode || given[DriverPlace::newMode] == kLinkMode) {
+        session.out << Visible(given[DriverPlace::path]) << '\n';
+        printFileChanges(session.out, given);
+        printLinks(session.out, given);
+        return ExitCode::done;
+    }
     const auto read = [&](std::size_t file, std::size_t mode, const char* folder, const std::string& name) {
-        const bool isThere = given[mode] != "."; // the name of the null device depends on the system
+        const bool isThere = given[mode] != kNoFile; // the name of the null device depends on the system
         return std::pair(isThere ? folder + name : "/dev/null",
                          isThere ? versionOf(given[file], name, session.errors) : Version());
     };
@@ -150,6 +188,7 @@ ExitCode compareVersions(const DiffOptions& options, Session& session) {
              given[given.size() == kRenamedCount ? DriverPlace::newPath : DriverPlace::path]);
     if (!oldVersion || !newVersion)
         return ExitCode::notCompared;
+    printFileChanges(session.out, given);
     const Differences differences = DifferencesBetween(oldVersion->frames, newVersion->frames);
     printTextOf(session.out, {oldName, std::move(oldVersion->frames)},
                 {newName, std::move(newVersion->frames)}, differences);

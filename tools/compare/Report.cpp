@@ -29,7 +29,21 @@ std::string inColor(std::ostream& out, Color color, const std::string& text) {
     return sequence.empty() ? text : sequence + text + kUsualColors;
 }
 
-std::string quoted(const std::string& ansi) { return '"' + VisibleAnsi(ansi) + '"'; }
+constexpr char kBackslash = '\\';
+
+/// Two texts that differ are shown differently. Characters that cannot be seen are shown by their numbers,
+/// and a text that looks like that gets two backslashes for one.
+std::string shown(const std::string& ansi) {
+    std::string visible = VisibleAnsi(ansi);
+    if (ansi.find("\\x") == ansi.npos && visible == Utf8FromAnsi(ansi))
+        return visible;
+    std::string text;
+    for (const char character : ansi)
+        text += character == kBackslash ? std::string(2, kBackslash) : VisibleAnsi(std::string(1, character));
+    return text;
+}
+
+std::string quoted(const std::string& ansi) { return '"' + shown(ansi) + '"'; }
 
 /// What frames and lines are called.
 template <class Record>
@@ -93,12 +107,12 @@ std::string changedText(std::ostream& out, const std::string& before, const std:
     std::string text;
     for (const TextPart& part : parts)
         if (part.before == part.after) {
-            text += VisibleAnsi(part.before);
+            text += shown(part.before);
         } else {
             if (!part.before.empty())
-                text += inColor(out, kColorOfRemoved, "[-" + VisibleAnsi(part.before) + "-]");
+                text += inColor(out, kColorOfRemoved, "[-" + shown(part.before) + "-]");
             if (!part.after.empty())
-                text += inColor(out, kColorOfAdded, "{+" + VisibleAnsi(part.after) + "+}");
+                text += inColor(out, kColorOfAdded, "{+" + shown(part.after) + "+}");
         }
     return '"' + text + '"';
 }

@@ -1,6 +1,7 @@
 #include "tools/compare/Words.h"
 
 #include "tools/compare/Sequences.h"
+#include "tools/playfile/TextSearch.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -14,9 +15,7 @@ enum class WordKind { word, blank, other };
 WordKind kindOfWord(char letter) {
     if (letter == ' ')
         return WordKind::blank;
-    const bool isWord = (letter >= '0' && letter <= '9') || (letter >= 'A' && letter <= 'Z') ||
-                        (letter >= 'a' && letter <= 'z') || static_cast<unsigned char>(letter) >= 0x80;
-    return isWord ? WordKind::word : WordKind::other;
+    return IsInWord(letter) ? WordKind::word : WordKind::other;
 }
 
 std::vector<std::string_view> wordsOf(std::string_view text) {

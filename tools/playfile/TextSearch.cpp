@@ -3,6 +3,7 @@
 #include "platform/LetterCase.h"
 #include "tools/program/PropertyValues.h"
 
+#include <bitset>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
@@ -27,6 +28,11 @@ std::bitset<256> charactersOfWords() {
 
 } // namespace
 
+bool IsInWord(char character) {
+    static const std::bitset<256> inWords = charactersOfWords();
+    return inWords[static_cast<unsigned char>(character)];
+}
+
 void AddTextSearchOptions(CLI::App& command, TextSearchOptions& options) {
     command.add_flag("--ignore-case", options.ignoresCase, "Takes capital and small letters for the same");
     command.add_flag("--whole-word", options.wholeWords,
@@ -42,12 +48,11 @@ std::optional<TextSearch> TextSearch::from(const TextSearchOptions& options, con
 
 TextSearch::TextSearch(std::string wanted, const TextSearchOptions& options)
     : wanted_(options.ignoresCase ? AnsiUpperCase(wanted) : std::move(wanted)),
-      ignoresCase_(options.ignoresCase), wholeWords_(options.wholeWords), inWords_(charactersOfWords()) {}
+      ignoresCase_(options.ignoresCase), wholeWords_(options.wholeWords) {}
 
 bool TextSearch::isPartOfWord(std::string_view text, std::size_t at) const {
-    const auto isInWord = [&](char character) { return inWords_[static_cast<unsigned char>(character)]; };
     const std::size_t end = at + wanted_.size();
-    return (at > 0 && isInWord(text[at - 1])) || (end < text.size() && isInWord(text[end]));
+    return (at > 0 && IsInWord(text[at - 1])) || (end < text.size() && IsInWord(text[end]));
 }
 
 std::vector<std::size_t> TextSearch::placesIn(const std::string& text) const {

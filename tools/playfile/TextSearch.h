@@ -4,7 +4,6 @@
 #include "tools/program/Commands.h"
 #include "tools/program/ErrorLines.h"
 
-#include <bitset>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -21,6 +20,9 @@ struct TextSearchOptions {
 
 /// Adds "--ignore-case" and "--whole-word".
 void AddTextSearchOptions(CLI::App& command, TextSearchOptions& options);
+
+/// Whether a character of Windows-1252 is a letter, a digit or "_".
+bool IsInWord(char character);
 
 class TextSearch {
 public:
@@ -41,7 +43,6 @@ private:
     std::string wanted_; ///< In capitals if case is ignored.
     bool ignoresCase_;
     bool wholeWords_;
-    std::bitset<256> inWords_; ///< Letters, digits and "_".
 };
 
 } // namespace qrtVistrelClasses4
