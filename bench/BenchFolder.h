@@ -27,6 +27,13 @@ public:
         std::filesystem::copy(QRT_SAMPLES_FOLDER "/bin", path_ / name / "bin");
         return file(name);
     }
+    /// One that also has the custom font of the generated lines.
+    std::string homeWithCustomFont(const std::string& name) const {
+        const std::filesystem::path custom = std::filesystem::path(homeWithFonts(name)) / "CustomFonts";
+        std::filesystem::create_directory(custom);
+        std::filesystem::copy(QRT_SAMPLES_FOLDER "/CustomFonts/FNT4X8.CFF", custom / "FNT8X8.CFF");
+        return file(name);
+    }
     bool isInMemory() const { return inMemory_; }
 
 private:

@@ -37,9 +37,9 @@ bool measure() {
     for (const auto& subject :
          {PlayfileSubject(folder), ReferencesSubject(folder), ValidationSubject(folder), WalkSubject(folder),
           XmlSubject(folder), JsonSubject(folder), EditSubject(folder), RepeatedEditSubject(),
-          DisplaysSubject(folder), CommandsSubject(folder), LegacySubject(folder), PlayTimeSubject(folder),
-          FontsSubject(folder), PreviewSubject(folder), SettingsSubject(folder), TraceSubject(),
-          ProgramSubject(folder)})
+          HistorySubject(folder), DisplaysSubject(folder), CommandsSubject(folder), LegacySubject(folder),
+          PlayTimeSubject(folder), FontsSubject(folder), PreviewSubject(folder), SettingsSubject(folder),
+          TraceSubject(), ProgramSubject(folder)})
         ratios.insert(ratios.end(), subject.begin(), subject.end());
     MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

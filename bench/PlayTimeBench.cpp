@@ -1,15 +1,14 @@
 // How long a sign takes to show a playfile with scrolling lines, codes and loops, against loading the
 // playfile.
+#include "bench/BenchHome.h"
 #include "bench/Dice.h"
 #include "bench/FmtPlayfile.h"
 #include "bench/SamplePlayfile.h"
 #include "bench/Subjects.h"
 #include "bench/Timing.h"
-#include "platform/Platform.h"
 #include <qrtVistrelClasses4/LoadPlayfile.h>
 #include <qrtVistrelClasses4/PlayTime.h>
 
-#include <filesystem>
 #include <memory>
 #include <utility>
 
@@ -20,15 +19,6 @@ constexpr double kMostOfLoading = 0.3;
 constexpr unsigned kLinesToOneCode = 8;
 constexpr std::int16_t kLoop = 20003;
 constexpr std::int16_t kEndOfLoop = 20001;
-
-/// A home that also has the custom font of the lines.
-std::string homeWithCustomFont(const BenchFolder& folder) {
-    std::string home = folder.homeWithFonts("playtime");
-    const std::filesystem::path custom = std::filesystem::path(home) / "CustomFonts";
-    std::filesystem::create_directory(custom);
-    std::filesystem::copy(QRT_SAMPLES_FOLDER "/CustomFonts/FNT4X8.CFF", custom / "FNT8X8.CFF");
-    return home;
-}
 
 /// Half of the lines scroll, and some have a code at any place of their texts.
 Frames movingFrames(const BenchFolder& folder) {
@@ -58,20 +48,10 @@ PlayTime timeOf(const Playfile& playfile) {
     return PlayTimeOf(playfile, circumstances);
 }
 
-/// The platform of a home, as long as it lives.
-class Home {
-public:
-    explicit Home(const std::string& folder) : machine_(makePlatform({folder})), use_(*machine_) {}
-
-private:
-    std::unique_ptr<Platform> machine_;
-    ScopedPlatform use_;
-};
-
 } // namespace
 
 std::vector<Ratio> PlayTimeSubject(const BenchFolder& folder) {
-    const std::string home = homeWithCustomFont(folder);
+    const std::string home = folder.homeWithCustomFont("playtime");
     const std::string path = folder.file("moving.playfile");
     SaveWithFmt(movingFrames(folder), path);
     const auto playfile = std::make_shared<const Playfile>(LoadPlayfile(path, {}).playfile);

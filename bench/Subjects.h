@@ -23,6 +23,8 @@ std::vector<Ratio> JsonSubject(const BenchFolder& folder);
 std::vector<Ratio> EditSubject(const BenchFolder& folder);
 /// Inserting, adding and removing one record after another, thousands of them.
 std::vector<Ratio> RepeatedEditSubject();
+/// Keeping the states of a playfile for undo.
+std::vector<Ratio> HistorySubject(const BenchFolder& folder);
 /// Loading, saving and searching lists of signs. The library's home must be the folder.
 std::vector<Ratio> DisplaysSubject(const BenchFolder& folder);
 /// Rewriting placeholders of older texts; loading and saving the table of commands. The library's home must

@@ -127,14 +127,6 @@ std::string previewCode(const std::string& code, std::int16_t hourOffset, BytesO
         Arg{"Code", code}, Arg{"HourOffset", hourOffset});
 }
 
-std::vector<std::string_view> keysOf(const CommandTable& commands) {
-    std::vector<std::string_view> keys;
-    keys.reserve(static_cast<std::size_t>(commands.count()));
-    for (const CommandInfoType& command : commands.rows())
-        keys.push_back(command.sCMDInfo[kCommandKey]);
-    return keys;
-}
-
 } // namespace
 
 std::string PreviewCommandText(const std::string& Code, std::int16_t HourOffset) {
@@ -148,7 +140,7 @@ std::string PreviewText(std::string_view text, std::int16_t hourOffset) {
 }
 
 TextPreviews::TextPreviews(CommandTable commands, std::int16_t hourOffset)
-    : commands_(std::move(commands)), codes_(keysOf(commands_)), hourOffset_(hourOffset) {}
+    : commands_(std::move(commands)), codes_(KeysOf(commands_)), hourOffset_(hourOffset) {}
 
 std::string TextPreviews::of(std::string_view text) {
     std::string result;

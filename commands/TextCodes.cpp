@@ -31,6 +31,14 @@ std::size_t commonSize(std::string_view one, std::string_view other) {
 
 } // namespace
 
+std::vector<std::string_view> KeysOf(const CommandTable& commands) {
+    std::vector<std::string_view> keys;
+    keys.reserve(static_cast<std::size_t>(commands.count()));
+    for (const CommandInfoType& command : commands.rows())
+        keys.push_back(command.sCMDInfo[kCommandKey]);
+    return keys;
+}
+
 TextCodes::TextCodes(std::vector<std::string_view> keys) : keys_(std::move(keys)) {
     std::erase_if(keys_, [](std::string_view key) { return key.empty() || key == kDrawnByFonts; });
     std::ranges::sort(keys_);

@@ -1,12 +1,17 @@
 // Where a sign text holds codes.
 #pragma once
 
+#include <qrtVistrelClasses4/CommandTable.h>
+
 #include <bitset>
 #include <cstddef>
 #include <string_view>
 #include <vector>
 
 namespace qrtVistrelClasses4 {
+
+/// The keys of the table's commands, in its order. They are part of the table.
+std::vector<std::string_view> KeysOf(const CommandTable& commands);
 
 /// Finds codes in sign texts: keys of commands, user variables ("VBL001" to "VBL416") and counters ("CR01" to
 /// "CR16").

@@ -1,10 +1,11 @@
 #include "playfile/FrameChange.h"
 
+#include "playfile/RecordHash.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
-#include <functional>
 #include <iterator>
 #include <limits>
 #include <numeric>
@@ -23,109 +24,127 @@ static_assert(std::is_nothrow_default_constructible_v<FrameRecord>);
 
 using FrameSpan = std::span<const FrameRecord>;
 
-/// A hash of all values of a record.
-class RecordHash {
-public:
-    std::size_t value() const { return hash_; }
+constexpr std::size_t kNowhere = std::numeric_limits<std::size_t>::max();
 
-    void add(const FrameRecord& frame) {
-        addMembers(frame);
-        add(frame.lines.upperBound());
-        for (const LineRecord& line : frame.lines)
-            addMembers(line);
+/// Frames of a list by their content.
+class FrameIndex {
+public:
+    /// Of the frames that are not `taken`.
+    FrameIndex(FrameSpan frames, const std::vector<bool>& taken)
+        : frames_(frames), hashes_(frames.size()), next_(frames.size(), kNowhere),
+          heads_(std::bit_ceil(frames.size()), kNowhere) {
+        for (std::size_t index = frames.size(); index-- > 0;)
+            if (!taken[index]) {
+                hashes_[index] = HashOf(frames[index]);
+                next_[index] = std::exchange(headOf(hashes_[index]), index);
+            }
+    }
+
+    /// The index of the first frame that is the same as `frame`, which is found only once.
+    std::size_t take(const FrameRecord& frame) {
+        const std::size_t hash = HashOf(frame);
+        for (std::size_t* link = &headOf(hash); *link != kNowhere; link = &next_[*link])
+            if (hashes_[*link] == hash && IsSameFrame(frames_[*link], frame))
+                return std::exchange(*link, next_[*link]);
+        return kNowhere;
     }
 
 private:
-    template <class Record>
-    void addMembers(const Record& record) {
-        ForEachRow(kMembersOf<Record>, [&](const auto& row) { add(record.*row.member); });
-    }
-    template <class Value>
-    void add(const Value& value) {
-        constexpr std::size_t odd = 0x9E3779B1; // spreads small numbers over all bits
-        hash_ = (std::rotl(hash_, 5) ^ std::hash<Value>()(value)) * odd;
-    }
-    template <class Value, std::size_t count>
-    void add(const std::array<Value, count>& values) {
-        for (const Value& value : values)
-            add(value);
-    }
-
-    std::size_t hash_ = 0;
-};
-
-std::size_t hashOf(const FrameRecord& frame) {
-    RecordHash hash;
-    hash.add(frame);
-    return hash.value();
-}
-
-/// Finds frames by their content, each once. Of those that are the same, the first one is found first.
-class FrameFinder {
-public:
-    explicit FrameFinder(FrameSpan frames)
-        : frames_(frames), isTaken_(frames.size()), hashes_(frames.size()), next_(frames.size(), kNone),
-          heads_(std::bit_ceil(frames.size()), kNone) {
-        for (std::size_t index = frames.size(); index-- > 0;) {
-            hashes_[index] = hashOf(frames[index]);
-            std::size_t& head = headOf(hashes_[index]);
-            next_[index] = std::exchange(head, index);
-        }
-    }
-
-    /// The index of a frame that is the same as `frame`: `likely`, or else another one.
-    std::optional<std::size_t> take(const FrameRecord& frame, std::size_t likely) {
-        if (likely < frames_.size() && !isTaken_[likely] && IsSameFrame(frames_[likely], frame))
-            return taken(likely);
-        const std::size_t hash = hashOf(frame);
-        for (std::size_t* link = &headOf(hash); *link != kNone;) {
-            const std::size_t index = *link;
-            if (isTaken_[index])
-                *link = next_[index]; // so that later searches need not pass it
-            else if (hashes_[index] == hash && IsSameFrame(frames_[index], frame))
-                return taken(index);
-            else
-                link = &next_[index];
-        }
-        return std::nullopt;
-    }
-
-private:
-    static constexpr std::size_t kNone = std::numeric_limits<std::size_t>::max();
-
     std::size_t& headOf(std::size_t hash) { return heads_[hash & (heads_.size() - 1)]; }
-    std::size_t taken(std::size_t index) {
-        isTaken_[index] = true;
-        return index;
-    }
 
     FrameSpan frames_;
-    std::vector<bool> isTaken_;
     std::vector<std::size_t> hashes_;
     std::vector<std::size_t> next_;  ///< The next frame whose hash has the same head.
     std::vector<std::size_t> heads_; ///< By the last bits of hashes.
 };
 
-std::vector<SharedFrames> sharedBetween(FrameSpan before, FrameSpan after) {
-    std::vector<SharedFrames> shared;
-    if (before.empty() || after.empty() || before.size() + after.size() == 2) // one frame that has changed
-        return shared;
-    FrameFinder finder(before);
-    SharedFrames run;
-    for (std::size_t index = 0; index < after.size(); ++index) {
-        const std::size_t likely = run.before + run.count;
-        const std::optional<std::size_t> found = finder.take(after[index], likely);
-        if (!found)
-            continue;
-        if (run.count > 0 && *found == likely && index == run.after + run.count) {
-            run = {run.before, run.after, run.count + 1};
-            shared.back() = run;
-        } else {
-            run = {*found, index, 1};
-            shared.push_back(run);
+/// Finds out where frames were before a change.
+class FrameMatcher {
+public:
+    FrameMatcher(FrameSpan before, FrameSpan after)
+        : before_(before), after_(after), isTaken_(before.size()), origins_(after.size(), kNowhere) {}
+
+    /// Finds frames in the order that they had before. If that is lost, they may be where they were, at the
+    /// first frame that is left, or, as often as `searches`, anywhere.
+    void follow(int searches) {
+        std::size_t first = 0; // that may be left
+        std::size_t expected = 0;
+        for (std::size_t index = 0; index < after_.size(); ++index, ++expected) {
+            while (first < before_.size() && isTaken_[first])
+                ++first;
+            std::size_t found = expected;
+            if (!isAt(found, index))
+                found = first;
+            if (!isAt(found, index) && searches-- > 0)
+                while (found < before_.size() && !isAt(found, index))
+                    ++found;
+            if (isAt(found, index)) {
+                match(index, found);
+                expected = found;
+            }
         }
     }
-    return {shared.begin(), shared.end()}; // in as much memory as it takes
+    /// Finds the others by their content.
+    void lookUp() {
+        std::optional<FrameIndex> others;
+        for (std::size_t index = 0; index < after_.size(); ++index)
+            if (origins_[index] == kNowhere) {
+                if (!others)
+                    others.emplace(before_, isTaken_);
+                if (const std::size_t found = others->take(after_[index]); found != kNowhere)
+                    match(index, found);
+            }
+    }
+
+    std::vector<SharedFrames> shared() const {
+        std::vector<SharedFrames> runs;
+        for (std::size_t index = 0; index < origins_.size(); ++index) {
+            if (origins_[index] == kNowhere)
+                continue;
+            if (!runs.empty() && origins_[index] == runs.back().before + runs.back().count &&
+                index == runs.back().after + runs.back().count)
+                ++runs.back().count;
+            else
+                runs.push_back({origins_[index], index, 1});
+        }
+        return {runs.begin(), runs.end()}; // in as much memory as it takes
+    }
+
+private:
+    bool isAt(std::size_t place, std::size_t index) const {
+        return place < before_.size() && !isTaken_[place] && IsSameFrame(before_[place], after_[index]);
+    }
+    void match(std::size_t index, std::size_t origin) {
+        origins_[index] = origin;
+        isTaken_[origin] = true;
+    }
+
+    FrameSpan before_, after_;
+    std::vector<bool> isTaken_;        ///< Of the frames before.
+    std::vector<std::size_t> origins_; ///< Of the frames after: an index of those before.
+};
+
+std::vector<SharedFrames> sharedBetween(FrameSpan before, FrameSpan after) {
+    constexpr int searches = 2;                                               // one finds a block that moved
+    if (before.empty() || after.empty() || before.size() + after.size() == 2) // one frame that has changed
+        return {};
+    FrameMatcher matcher(before, after);
+    matcher.follow(searches);
+    matcher.lookUp();
+    return matcher.shared();
+}
+
+/// Number of frames that both lists end with. Goes forwards, although it looks at more frames so, because
+/// that is four times as fast as going backwards in memory.
+std::size_t countAtEnd(FrameSpan one, FrameSpan other) {
+    const std::size_t size = std::min(one.size(), other.size());
+    one = one.last(size);
+    other = other.last(size);
+    std::size_t sameFrom = 0;
+    for (std::size_t index = 0; index < size; ++index)
+        if (!IsSameFrame(one[index], other[index]))
+            sameFrom = index + 1;
+    return size - sameFrom;
 }
 
 std::size_t countShared(const FrameChange& change) {
@@ -191,11 +210,11 @@ std::optional<FrameChange> ChangeBetween(const FrameList& before, const FrameLis
         std::mismatch(before.begin(), before.end(), after.begin(), after.end(), IsSameFrame);
     if (oldFirst == before.end() && newFirst == after.end())
         return std::nullopt;
-    const auto [oldEnd, newEnd] = std::mismatch(
-        std::make_reverse_iterator(before.end()), std::make_reverse_iterator(oldFirst),
-        std::make_reverse_iterator(after.end()), std::make_reverse_iterator(newFirst), IsSameFrame);
-    const FrameSpan oldPart(oldFirst, oldEnd.base());
-    const FrameSpan newPart(newFirst, newEnd.base());
+    const FrameSpan oldRest(oldFirst, before.end());
+    const FrameSpan newRest(newFirst, after.end());
+    const std::size_t end = countAtEnd(oldRest, newRest);
+    const FrameSpan oldPart = oldRest.first(oldRest.size() - end);
+    const FrameSpan newPart = newRest.first(newRest.size() - end);
     FrameChange change;
     change.first = static_cast<std::size_t>(oldFirst - before.begin());
     change.before = oldPart.size();

@@ -36,9 +36,8 @@ struct FrameChange {
 /// Whether two frames would be saved alike: unlike `==`, it tells delays of 0 and -0 apart.
 bool IsSameFrame(const FrameRecord& one, const FrameRecord& other);
 
-/// How one list becomes another; nothing if both are the same. Compares each frame once at most if the
-/// frames that were changed, inserted or deleted are next to each other, and otherwise looks up the frames
-/// between the outermost differences by their content.
+/// How one list becomes another; nothing if both are the same. Each frame that stays in order is compared
+/// once as a whole. Only frames that were changed, or moved one by one, are also looked up by their content.
 std::optional<FrameChange> ChangeBetween(const FrameList& before, const FrameList& after);
 
 /// Makes a change of the list that `change` is about, and turns it into the one that takes it back. Frames

@@ -17,13 +17,13 @@ void reportIfAny(const std::optional<RuntimeError>& error) {
         ReportQuietly(*error);
 }
 
-Preferences loadPreferences() {
+} // namespace
+
+Preferences LoadPreferencesQuietly() {
     PreferencesOutcome read = LoadPreferencesOnly();
     reportIfAny(read.error());
     return std::move(read.values);
 }
-
-} // namespace
 
 DotSize PlaySettings::sizeOf(DotSize sign) const {
     return {sign.width > 0 ? sign.width : preferences.DisplayWidth,
@@ -31,7 +31,7 @@ DotSize PlaySettings::sizeOf(DotSize sign) const {
 }
 
 PlaySettings LoadPlaySettings() {
-    Preferences preferences = loadPreferences();
+    Preferences preferences = LoadPreferencesQuietly();
     const SignTimingOutcome timing = LoadSignTiming();
     reportIfAny(timing.error());
     CommandTableOutcome commands = LoadCommandTable(CommandTablePath());

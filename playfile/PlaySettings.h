@@ -18,6 +18,10 @@ struct PlaySettings {
     DotSize sizeOf(DotSize sign) const;
 };
 
+/// Reads the preferences of this machine. What cannot be read is logged, but not shown, and its default is
+/// used.
+Preferences LoadPreferencesQuietly();
+
 /// Reads the settings. What cannot be read is logged, but not shown, and its default is used.
 PlaySettings LoadPlaySettings();
 

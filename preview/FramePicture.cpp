@@ -5,12 +5,12 @@
 #include "media/BmpFile.h"
 #include "platform/Platform.h"
 #include "platform/ReplacementFile.h"
+#include "playfile/PlaySettings.h"
 #include "playfile/ReferenceFinder.h"
 #include "preview/PictureSize.h"
 #include <qrtVistrelClasses4/CommandTableFile.h>
 #include <qrtVistrelClasses4/FramePainter.h>
 #include <qrtVistrelClasses4/LedPainter.h>
-#include <qrtVistrelClasses4/PreferencesFile.h>
 
 #include <algorithm>
 
@@ -29,10 +29,7 @@ OneBasedArray<FrameRecord> framesToDraw(const Playfile& playfile, std::int32_t f
 
 /// The size of the sign that the preferences describe. Nothing if they describe none.
 std::optional<DotSize> preferredSize() {
-    const std::optional<std::string> path = PreferencesPath();
-    if (!path)
-        return std::nullopt;
-    const Preferences preferences = LoadPreferences({*path, {}, {}}).values;
+    const Preferences preferences = LoadPreferencesQuietly();
     if (preferences.DisplayWidth < 1 || preferences.DisplayHeight < 1)
         return std::nullopt;
     return DotSize{preferences.DisplayWidth, preferences.DisplayHeight};

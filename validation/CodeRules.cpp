@@ -28,13 +28,6 @@ bool isLetter(char character) {
 }
 bool isControl(char character) { return static_cast<unsigned char>(character) < ' '; }
 
-std::vector<std::string_view> keysOfTable(const CommandTable& commands) {
-    std::vector<std::string_view> keys;
-    for (const CommandInfoType& command : commands.rows())
-        keys.push_back(command.sCMDInfo[kCommandKey]);
-    return keys;
-}
-
 template <class IsPart>
 std::string_view leading(std::string_view text, IsPart isPart) {
     const auto* const end = std::find_if_not(text.data(), text.data() + text.size(), isPart);
@@ -135,7 +128,7 @@ private:
 
 } // namespace
 
-CodeCheck::CodeCheck(const CommandTable& commands) : keys_(keysOfTable(commands)), codes_(keys_) {
+CodeCheck::CodeCheck(const CommandTable& commands) : keys_(KeysOf(commands)), codes_(keys_) {
     for (const char character : kStartsOfCodes)
         mayStart_[static_cast<unsigned char>(character)] = true;
     for (std::size_t code = 0; code < ' '; ++code)

@@ -1,8 +1,7 @@
 // Tries all rules: random playfiles that nothing is wrong with, and the same with one fault of each rule.
 // Arguments: the number of valid playfiles, and of turns with all faults.
+#include "fuzz/PlayfileBytes.h"
 #include "fuzz/rules/Faults.h"
-#include "platform/memory/KeptBytes.h"
-#include "playfile/PlayfileFormat.h"
 
 #include <algorithm>
 #include <iostream>
@@ -36,16 +35,6 @@ bool areAlike(const Finding& one, const Finding& other) {
            one.property == other.property;
 }
 
-std::string bytesOf(const Playfile& playfile) {
-    KeptBytes bytes;
-    QuotedLineWriter out(bytes);
-    WriteFrameCount(out, playfile.frames.upperBound());
-    for (const FrameRecord& frame : playfile.frames)
-        WriteFrame(out, frame);
-    out.finish();
-    return bytes.text;
-}
-
 std::vector<std::string> linesOf(const std::string& bytes) {
     std::vector<std::string> lines;
     std::istringstream in(bytes);
@@ -66,7 +55,7 @@ void tryFix(const Patient& patient, const Finding& finding, const std::vector<Fi
         if (areAlike(left, finding) ||
             std::ranges::none_of(before, [&](const Finding& it) { return areAlike(it, left); }))
             fail("a fix leaves or adds\n  " + describe(left) + "\n of", {finding});
-    const auto lines = linesOf(bytesOf(patient.playfile)), changed = linesOf(bytesOf(fixed));
+    const auto lines = linesOf(BytesOf(patient.playfile.frames)), changed = linesOf(BytesOf(fixed.frames));
     for (std::size_t line = 0; line < lines.size(); ++line)
         if (finding.fileLine != 0 &&
             (lines[line] != changed.at(line)) != (line + 1 == static_cast<std::size_t>(finding.fileLine)))
@@ -80,8 +69,8 @@ int tryFault(World& world, Dice& dice, const Fault& fault) {
     Patient patient{world, dice};
     patient.playfile.fileName = world.file("made.playfile");
     fault.put(patient);
-    LoadOutcome outcome =
-        LoadPlayfileBytes(bytesOf(patient.playfile), patient.playfile.fileName, {.keepsReferences = true});
+    LoadOutcome outcome = LoadPlayfileBytes(BytesOf(patient.playfile.frames), patient.playfile.fileName,
+                                            {.keepsReferences = true});
     const bool isLoadable = outcome.isComplete && outcome.playfile == patient.playfile;
     if (patient.onLoaded)
         patient.onLoaded(outcome);

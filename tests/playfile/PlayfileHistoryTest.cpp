@@ -46,7 +46,7 @@ TEST(PlayfileHistory, CannotTakeBackAStepThatIsLargerThanItsBound) {
     EXPECT_TRUE(history.record(playfile, "Type"));
     EXPECT_EQ(history.present(), playfile);
     EXPECT_FALSE(history.undo());
-    EXPECT_EQ(history.bytes(), 0);
+    EXPECT_EQ(history.bytes(), 0U);
 }
 
 } // namespace

@@ -202,6 +202,8 @@ class Document : public testing::TestWithParam<std::string> {};
 
 TEST_P(Document, ShowsWhatItsExamplesMakeAndLeavesTheCheckoutAsItWas) {
     const auto [script, output] = examplesOf(GetParam());
+    if (script.find("git ") != std::string::npos && std::system("git --version > /dev/null 2>&1") != 0)
+        GTEST_SKIP() << "git is not installed";
     const Program program;
     EXPECT_EQ(program.run("unset -f vistrel; PATH=\"$(dirname '" VISTREL_PROGRAM "'):$PATH\"\n"
                           "mkdir ../checkout; cp -r . ../checkout/samples; cd ../checkout\n"

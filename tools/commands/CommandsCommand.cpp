@@ -1,5 +1,5 @@
 // vistrel commands: the sign's commands, and the bytes that the sign understands for them.
-#include "platform/Hex.h"
+#include "tools/commands/CommandsExchange.h"
 #include "tools/commands/StoredCommands.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
@@ -8,9 +8,7 @@
 #include "tools/program/Table.h"
 
 #include <algorithm>
-#include <charconv>
 #include <optional>
-#include <sstream>
 #include <utility>
 #include <vector>
 
@@ -25,32 +23,6 @@ struct CommandsOptions {
     std::string key;
     std::vector<std::string> bytes; ///< Typed with or without blanks between them.
 };
-
-/// As pairs of hexadecimal digits.
-std::string hexText(std::string_view bytes) {
-    std::string text;
-    for (const char character : bytes) {
-        if (!text.empty())
-            text += ' ';
-        AppendHex(text, static_cast<unsigned char>(character));
-    }
-    return text;
-}
-
-/// The bytes of such a text; nothing if a word does not consist of such pairs.
-std::optional<std::string> bytesOfHex(const std::string& text) {
-    std::string bytes;
-    std::istringstream words(text);
-    for (std::string word; words >> word;)
-        for (std::string_view rest = word; !rest.empty(); rest.remove_prefix(2)) {
-            unsigned byte = 0;
-            if (rest.size() < 2 ||
-                std::from_chars(rest.data(), rest.data() + 2, byte, 16).ptr != rest.data() + 2)
-                return std::nullopt;
-            bytes += static_cast<char>(byte);
-        }
-    return bytes;
-}
 
 /// A command as it takes effect: the first row with its key decides.
 struct ShownCommand {
@@ -68,7 +40,7 @@ struct ShownCommand {
 void to_json(ordered_json& json, const ShownCommand& command) {
     json = {{"number", command.number},
             {"key", Utf8FromAnsi(command.key)},
-            {"bytes", hexText(command.bytes)},
+            {"bytes", HexText(command.bytes)},
             {"text", Utf8FromAnsi(command.bytes)},
             {"isBuiltIn", command.isBuiltIn()},
             {"hiddenBy", command.isHidden() ? ordered_json(command.first) : ordered_json()}};
@@ -83,7 +55,7 @@ ExitCode listCommands(const CommandsOptions& options, Session& session) {
             array.push_back(command);
             const std::string hidden =
                 command.isHidden() ? ", hidden by " + std::to_string(command.first) : "";
-            table.addRow({std::to_string(number), Visible(Utf8FromAnsi(command.key)), hexText(command.bytes),
+            table.addRow({std::to_string(number), Visible(Utf8FromAnsi(command.key)), HexText(command.bytes),
                           Visible(Utf8FromAnsi(command.bytes)),
                           command.isBuiltIn() ? "built in" : "own" + hidden});
         }
@@ -105,7 +77,7 @@ ExitCode getCommand(const CommandsOptions& options, Session& session) {
             return ExitCode::failed;
         }
         const ShownCommand command(table, *number);
-        session.out << (options.json ? JsonText(command) : hexText(command.bytes)) << '\n';
+        session.out << (options.json ? JsonText(command) : HexText(command.bytes)) << '\n';
         return ExitCode::done;
     });
 }
@@ -117,27 +89,17 @@ std::optional<std::string> typedBytes(const CommandsOptions& options, ErrorLines
         typed += (typed.empty() ? "" : " ") + part;
     if (options.isText)
         return AnsiFromTyped(typed, errors);
-    std::optional<std::string> bytes = bytesOfHex(typed);
+    std::optional<std::string> bytes = BytesOfHex(typed);
     if (!bytes)
         errors.add("bytes are pairs of hexadecimal digits, not \"" + typed + "\"; a text needs --text");
     return bytes;
-}
-
-/// The reason why the file would not keep a key with these bytes; nothing if it does.
-const char* faultOf(const std::string& key, const std::string& bytes) {
-    return bytes.empty()                 ? "a command needs bytes"
-           : key.empty()                 ? "a command needs a key"
-           : BuiltInCommands().find(key) ? "a built-in command cannot be changed"
-           : (key + bytes).find_first_of("\n\r\xff") != key.npos
-               ? "a command table cannot hold the bytes 0A, 0D and FF"
-               : nullptr;
 }
 
 ExitCode setCommand(const CommandsOptions& options, Session& session) {
     session.errors.about(options.key);
     const std::optional<std::string> key = AnsiFromTyped(options.key, session.errors);
     const std::optional<std::string> bytes = key ? typedBytes(options, session.errors) : std::nullopt;
-    const char* const fault = bytes ? faultOf(*key, *bytes) : nullptr;
+    const char* const fault = bytes ? FaultOfCommand(*key, *bytes) : nullptr;
     if (fault)
         session.errors.add(fault);
     if (!bytes || fault)
@@ -207,6 +169,7 @@ void SetUpCommandsCommand(CLI::App& commands, Session& session) {
                "vistrel commands remove \"|flash|\"", session, options, &removeCommand)
         .add_option("KEY", options->key, keyHelp)
         ->required();
+    AddCommandsExchange(commands, session);
 }
 
 } // namespace qrtVistrelClasses4

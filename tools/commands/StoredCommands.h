@@ -21,15 +21,21 @@ inline void SaveStoredCommands(const CommandTableOutcome& changed, ErrorLines& e
     }
 }
 
-/// Loads the table and returns what `use(table)` returns. The table is saved only if `use` is one that may
-/// change it. Errors are reported.
-template <class Use>
-auto WithStoredCommands(ErrorLines& errors, Use use) {
+/// Loads the table. Errors are reported.
+inline CommandTableOutcome LoadStoredCommands(ErrorLines& errors) {
     CommandTableOutcome loaded = LoadCommandTable(CommandTablePath());
     if (loaded.error) {
         errors.about("the command table cannot be read");
         errors.add(*loaded.error);
     }
+    return loaded;
+}
+
+/// Loads the table and returns what `use(table)` returns. The table is saved only if `use` is one that may
+/// change it. Errors are reported.
+template <class Use>
+auto WithStoredCommands(ErrorLines& errors, Use use) {
+    CommandTableOutcome loaded = LoadStoredCommands(errors);
     constexpr bool isChanged = !std::invocable<Use&, const CommandTable&>;
     if (!isChanged && loaded.source.isForeign) {
         errors.about("the command table");

@@ -2,11 +2,14 @@
 //   vistrel_documents man PAGES OUT    the man pages, in the folder OUT
 //   vistrel_documents pages PAGES      the pages of the folder PAGES (docs/commands) again
 //   vistrel_documents check PAGES      fails if these are not what would be made now
+//   vistrel_documents schemas OUT IDL  the JSON Schemas, in the folder OUT (docs/schema)
+//   vistrel_documents check-schemas OUT IDL
 #include "frame/SystemErrors.h"
 #include "frame/Traced.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 #include "tools/documents/Pages.h"
+#include "tools/documents/Schemas.h"
 #include "tools/program/Outputs.h"
 #include "tools/program/Program.h"
 
@@ -17,7 +20,9 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-constexpr std::string_view kHowToMend = "; cmake --build --preset release --target command_pages mends it";
+std::string howToMend(const std::string& target) {
+    return "; cmake --build --preset release --target " + target + " mends it";
+}
 
 std::string contentOf(const std::string& path) {
     if (platform().files().kindOf(path) == EntryKind::missing)
@@ -63,7 +68,7 @@ public:
             errors.about(pathOf(command));
             if (now != PageOf(command, program_, written))
                 errors.add((now.empty() ? "is missing" : "is not what the program's options make") +
-                           std::string(kHowToMend));
+                           howToMend("command_pages"));
             else if (!HasSession(written))
                 errors.add("has no session: show commands and what they print in a ```console block below "
                            "\"Example\"");
@@ -89,12 +94,27 @@ private:
     std::string folder_;
 };
 
+void writeSchemas(const std::string& folder, const std::string& definition) {
+    for (const Schema& schema : Schemas(contentOf(definition)))
+        write(JoinPath(folder, schema.fileName), schema.text);
+}
+
+void checkSchemas(const std::string& folder, const std::string& definition, ErrorLines& errors) {
+    for (const Schema& schema : Schemas(contentOf(definition))) {
+        errors.about(JoinPath(folder, schema.fileName));
+        if (contentOf(JoinPath(folder, schema.fileName)) != schema.text)
+            errors.add("is not what reading and writing follow" + howToMend("schemas"));
+    }
+}
+
 ExitCode make(const std::vector<std::string>& arguments, Session& session) {
     ProgramOptions options;
     const auto program = MakeProgram(options);
     const std::string task = arguments.empty() ? "" : arguments.front();
-    if (arguments.size() != (task == "man" ? 3 : 2)) {
-        session.errors.add("the arguments are man PAGES OUT, pages PAGES, or check PAGES");
+    const bool isAboutSchemas = task == "schemas" || task == "check-schemas";
+    if (arguments.size() != (task == "man" || isAboutSchemas ? 3 : 2)) {
+        session.errors.add("the arguments are man PAGES OUT, pages PAGES, check PAGES, schemas OUT IDL, or "
+                           "check-schemas OUT IDL");
         return ExitCode::wrongUsage;
     }
     const Documents documents(ModelOf(*program, session), arguments[1]);
@@ -102,6 +122,10 @@ ExitCode make(const std::vector<std::string>& arguments, Session& session) {
         documents.writeManPages(arguments[2]);
     else if (task == "pages")
         documents.writePages();
+    else if (task == "schemas")
+        writeSchemas(arguments[1], arguments[2]);
+    else if (isAboutSchemas)
+        checkSchemas(arguments[1], arguments[2], session.errors);
     else
         documents.check(session.errors);
     return session.errors.empty() ? ExitCode::done : ExitCode::failed;

@@ -307,17 +307,20 @@ bool RecordBuilder::storeText(const Target& target, std::string_view text) {
     if (decoded_.lacking || !decoded_.isUtf8)
         return add(whyNotAnsi(decoded_));
     if (!target.kind->canHold(text))
-        return add("has a control character that the file cannot hold");
-    auto& stored = *static_cast<std::string*>(target.place);
-    stored = text;
-    return Allows(*target.allowed, stored) || refuse(target, inQuotes(text));
+        return add("has a character that the file cannot hold");
+    auto& present = *static_cast<std::string*>(target.place);
+    if (present == text)
+        return true;
+    present = text;
+    return Allows(*target.allowed, present) || refuse(target, inQuotes(text));
 }
 
 template <class Number>
 bool RecordBuilder::storeNumber(const Target& target, std::optional<Number> number) {
-    if (!number || !Allows(*target.allowed, *number))
-        return false;
-    *static_cast<Number*>(target.place) = *number;
+    auto& present = *static_cast<Number*>(target.place);
+    if (!number || (*number != present && !Allows(*target.allowed, *number)))
+        return false; // what a record has already, or a new one has, is always taken
+    present = *number;
     return true;
 }
 

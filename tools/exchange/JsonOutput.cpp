@@ -237,18 +237,13 @@ void JsonOutput::putObject(const JsonKind& kind, const void* record) {
             continue;
         text_.append(std::string_view(layout.starts[place]).substr(isFirst_ ? 1 : 0));
         isFirst_ = false;
+        hasKey_ = true;
         const void* const value = member.valueIn(record);
-        const JsonElements& elements = member.kind->elements;
-        if (!layout.emptyValues[place].empty()) {
-            if (areEmpty(elements, value))
-                text_.append(layout.emptyValues[place]);
-            else
-                putSpareValues(elements, value);
-        } else if (member.kind->form == JsonForm::array) {
-            hasKey_ = true;
-            putRecords(elements, value);
+        if (!layout.emptyValues[place].empty() && areEmpty(member.kind->elements, value)) {
+            text_.append(layout.emptyValues[place]);
+            hasKey_ = false;
         } else {
-            putScalar(*member.kind, value);
+            put(*member.kind, value);
         }
     }
     end("}");
@@ -256,9 +251,14 @@ void JsonOutput::putObject(const JsonKind& kind, const void* record) {
 
 void JsonOutput::put(const JsonKind& kind, const void* value) {
     if (kind.form == JsonForm::object)
-        putObject(kind, value);
+        return putObject(kind, value);
+    if (kind.form == JsonForm::array && !areSpareValues(kind))
+        return putRecords(kind.elements, value);
+    startValue();
+    if (kind.form == JsonForm::array)
+        putSpareValues(kind.elements, value);
     else
-        putRecords(kind.elements, value);
+        putScalar(kind, value);
 }
 
 void JsonOutput::finish() {

@@ -23,7 +23,7 @@ public:
     void put(const Value& value) {
         put(JsonKindOf<Value>::get(), &value);
     }
-    /// Writes what is at `value`: a record or a list of records, of that kind.
+    /// Writes the value at `value`, which is of that kind.
     void put(const JsonKind& kind, const void* value);
 
     void beginArray() { begin("["); }

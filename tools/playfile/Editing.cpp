@@ -43,11 +43,10 @@ public:
     }
 
     ExitCode saveAll() {
-        std::erase_if(edited_, [&](const EditedPlayfile& it) {
-            return !it.isChanged && targetOf(it) == it.path_ && it.path_ != kStandardStream;
-        });
         ExitCode result = ExitCode::done;
         for (EditedPlayfile& each : edited_) {
+            if (!isSaved(each))
+                continue;
             each.numberReferences();
             if (options_.output.dryRun)
                 printChanges(each);
@@ -76,6 +75,11 @@ private:
         return output;
     }
 
+    /// A file that is not changed stays as it is, unless it goes to another place.
+    bool isSaved(const EditedPlayfile& edited) const {
+        return edited.isChanged || targetOf(edited) != edited.path_ || edited.path_ == kStandardStream;
+    }
+
     std::string targetOf(const EditedPlayfile& edited) const {
         const std::string& out = options_.output.out;
         return out.empty() ? edited.path_ : NameFromPattern(out, edited.path_);
@@ -88,15 +92,21 @@ private:
 
     ExitCode save(const EditedPlayfile& edited) {
         const std::string to = targetOf(edited);
-        if (!options_.output.dryRun) {
+        if (!isSaved(edited)) {
+            if (edited.done.empty())
+                return ExitCode::done;
+            outputs_.print(Visible(OutputName(to) + ": " + edited.done));
+        } else if (!options_.output.dryRun) {
             if (const ExitCode code = SaveNow(edited.opened_, to, options_.saving, outputs_, session_);
                 code != ExitCode::done)
                 return code;
             printChanges(edited);
         }
         const std::int32_t count = edited.opened_.playfile.frames.upperBound();
-        outputs_.remark(Visible(OutputName(to) + ": " + edited.done) + "; " + Counted(count, "frame") +
-                        " now");
+        if (isSaved(edited))
+            outputs_.remark(
+                Visible(OutputName(to) + ": " + (edited.done.empty() ? "unchanged" : edited.done)) + "; " +
+                Counted(count, "frame") + " now");
         if (!options_.json)
             return ExitCode::done;
         ordered_json report{{"file", to}, {"done", edited.done}, {"TotalFrames", count}};

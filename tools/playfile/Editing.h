@@ -62,7 +62,7 @@ public:
     }
     const std::vector<RecordChange>& changes() const { return changes_; }
 
-    std::string done;      ///< What the edit has done, in words.
+    std::string done;      ///< What the edit has done, in words. Empty if that is nothing worth reporting.
     bool isChanged = true; ///< A file that is not changed is not saved in place.
 
 private:
@@ -93,14 +93,5 @@ using PlayfileEdit = std::function<void(EditedPlayfile& edited, ErrorLines& erro
 
 /// Opens all files, edits them, and saves them if there was no error.
 ExitCode EditPlayfiles(const EditOptions& options, Session& session, const PlayfileEdit& edit);
-
-/// Makes `command` check what was typed by `prepare(options, session)`, which returns the edit, or an empty
-/// one after adding errors, which are wrong usage; then it edits the files.
-template <class Options>
-ExitCode EditWith(const Options& options, Session& session,
-                  PlayfileEdit (*prepare)(const Options& options, Session& session)) {
-    const PlayfileEdit edit = prepare(options, session);
-    return edit ? EditPlayfiles(options, session, edit) : ExitCode::wrongUsage;
-}
 
 } // namespace qrtVistrelClasses4

@@ -1,15 +1,13 @@
 // vistrel find: a text in the lines of playfiles.
-#include "platform/LetterCase.h"
 #include "tools/playfile/Opening.h"
+#include "tools/playfile/TextSearch.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/Inputs.h"
 #include "tools/program/JsonText.h"
-#include "tools/program/PropertyValues.h"
 #include "tools/program/Table.h"
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,9 +15,8 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 struct FindOptions {
-    std::string text;
+    TextSearchOptions search;
     InputOptions input;
-    bool ignoresCase = false;
     bool json = false;
 };
 
@@ -35,9 +32,9 @@ void to_json(nlohmann::ordered_json& json, const Hit& hit) {
     json = {{"file", hit.file}, {"frame", hit.frame}, {"line", hit.line}, {"text", Utf8FromAnsi(hit.text)}};
 }
 
-/// Adds the lines of the playfile `name` that hold `wanted`. What is wrong with the file goes to `errors`;
-/// the frames that can be read are searched all the same.
-ExitCode findIn(const std::string& name, const std::string& wanted, bool ignoresCase, ErrorLines& errors,
+/// Adds the lines of the playfile `name` that hold the sought text. What is wrong with the file goes to
+/// `errors`; the frames that can be read are searched all the same.
+ExitCode findIn(const std::string& name, const TextSearch& search, ErrorLines& errors,
                 std::vector<Hit>& hits) {
     const auto opened = OpenWholeFrames(name, {.yes = true}, errors); // nothing is saved
     if (!opened)
@@ -49,7 +46,7 @@ ExitCode findIn(const std::string& name, const std::string& wanted, bool ignores
         for (const LineRecord& line : frame.lines) {
             ++lineNumber;
             const std::string& text = line.CurrentLineText;
-            if ((ignoresCase ? AnsiUpperCase(text) : text).find(wanted) != text.npos)
+            if (!search.placesIn(text).empty())
                 hits.push_back({name, frameNumber, lineNumber, text});
         }
     }
@@ -69,21 +66,17 @@ void print(std::ostream& out, const std::vector<Hit>& hits, bool json) {
 }
 
 ExitCode find(const FindOptions& options, Session& session) {
-    session.errors.about("TEXT");
-    std::optional<std::string> wanted = AnsiFromTyped(options.text, session.errors);
-    if (!wanted)
+    const auto search = TextSearch::from(options.search, "TEXT", session.errors);
+    if (!search)
         return ExitCode::wrongUsage;
-    if (options.ignoresCase)
-        wanted = AnsiUpperCase(*wanted);
     const std::vector<Input> inputs = FindInputs(options.input, InputKind::playfile, session.errors);
     std::vector<Hit> hits;
-    (void)ForEachInput(inputs, session, [&](const Input& input) {
-        return findIn(input.path, *wanted, options.ignoresCase, session.errors, hits);
-    });
+    (void)ForEachInput(inputs, session,
+                       [&](const Input& input) { return findIn(input.path, *search, session.errors, hits); });
     print(session.out, hits, options.json);
     if (!hits.empty())
         return ExitCode::done;
-    session.errors.about(options.text);
+    session.errors.about(options.search.text);
     if (!inputs.empty())
         session.errors.add("found in no line of " + Counted(inputs.size(), "file"));
     return ExitCode::failed;
@@ -94,10 +87,10 @@ ExitCode find(const FindOptions& options, Session& session) {
 void SetUpFindCommand(CLI::App& command, Session& session) {
     const auto options = std::make_shared<FindOptions>();
     SetAction(command, session, options, &find);
-    command.add_option("TEXT", options->text, "The text, or a part of it, as the playfile holds it")
+    command.add_option("TEXT", options->search.text, "The text, or a part of it, as the playfile holds it")
         ->required();
     AddInputOptions(command, options->input, "FILES", "The playfiles, of either format")->required();
-    command.add_flag("--ignore-case", options->ignoresCase, "Takes capital and small letters for the same");
+    AddTextSearchOptions(command, options->search);
     command.add_flag("--json", options->json, "Prints an array of the lines found");
 }
 

@@ -61,7 +61,7 @@ void SetUpMakeCommand(CLI::App& command, Session& session) {
     command
         .add_option(
             "FILES", options->names,
-            "Files of JSON as \"vistrel show --json\" prints it of one playfile; \"-\" for standard input")
+            R"(Files of JSON as "vistrel show --json" prints it of one playfile; "-" for standard input)")
         ->type_name(kFileValue)
         ->required();
     AddOutOption(command, options->output,

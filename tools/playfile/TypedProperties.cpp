@@ -3,7 +3,6 @@
 #include <qrtVistrelClasses4/LoadPlayfile.h>
 
 #include <algorithm>
-#include <ranges>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -140,8 +139,7 @@ template <class Record>
 bool Assignments<Record>::agree(ErrorLines& errors) const {
     Record forwards, backwards;
     applyTo(forwards);
-    for (const auto& setOne : std::views::reverse(setters_))
-        setOne(backwards);
+    std::for_each(setters_.rbegin(), setters_.rend(), [&](const auto& setOne) { setOne(backwards); });
     if (forwards == backwards)
         return true;
     errors.about("PROPERTIES");

@@ -51,6 +51,7 @@ std::string_view frameKindName(std::int16_t number) {
 
 std::vector<NamedNumber> frameKinds() {
     std::vector<NamedNumber> all;
+    all.reserve(kFrameKinds.size());
     for (const std::string_view name : kFrameKinds)
         all.push_back({name, static_cast<std::int16_t>(all.size())});
     return all;
@@ -192,6 +193,16 @@ std::string withColors(std::string_view text, const std::string& colors) {
     return result;
 }
 
+/// Made once, which takes longer than matching.
+const std::regex& expressionOf(const AllowedValues& allowed) {
+    static std::map<std::string_view, std::regex> made; // by pattern
+    const auto found = made.find(allowed.pattern);
+    return found != made.end()
+               ? found->second
+               : made.emplace(allowed.pattern, std::regex(ExpressionOf(allowed), std::regex::icase))
+                     .first->second;
+}
+
 /// " that "vistrel effects" prints", or the names.
 std::string whereNamesAre(const NumberNames& names) {
     if (!names.listing.empty())
@@ -217,17 +228,19 @@ const AllowedValues& AllowedValuesOf(std::string_view property) {
     return found == std::end(kAllowed) ? anything : *found;
 }
 
+std::string ExpressionOf(const AllowedValues& allowed) {
+    return withColors(allowed.pattern, "(" + colorsWith("|") + ")");
+}
+
 bool Allows(const AllowedValues& allowed, double number) {
     return number >= allowed.least && number <= allowed.most &&
            (!allowed.areNamed || !allowed.names->nameOf(static_cast<std::int16_t>(number)).empty());
 }
 
 bool Allows(const AllowedValues& allowed, const std::string& text) {
-    constexpr std::size_t longest = 254; // matching a long text would take much of the stack
-    return allowed.pattern.empty() || text.empty() ||
-           (text.size() <= longest &&
-            std::regex_match(text, std::regex(withColors(allowed.pattern, "(" + colorsWith("|") + ")"),
-                                              std::regex::icase)));
+    if (allowed.pattern.empty() || text.empty())
+        return true;
+    return text.size() <= kLongestMatched && std::regex_match(text, expressionOf(allowed));
 }
 
 std::string DescriptionOf(const AllowedValues& allowed, std::string_view type, double least, double most) {

@@ -4,6 +4,7 @@
 
 #include "tools/program/ErrorLines.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <optional>
@@ -40,6 +41,11 @@ struct AllowedValues {
 
 /// By the name that the property has in its member table. Everything is allowed for most properties.
 const AllowedValues& AllowedValuesOf(std::string_view property);
+
+/// Texts that have a pattern are not longer: matching would take much of the stack.
+inline constexpr std::size_t kLongestMatched = 254;
+/// The pattern as a regular expression for all of a text, in which the case of letters does not matter.
+std::string ExpressionOf(const AllowedValues& allowed);
 
 bool Allows(const AllowedValues& allowed, double number);
 bool Allows(const AllowedValues& allowed, const std::string& text);

@@ -20,17 +20,22 @@ enum class ExitCode {
     done = 0,
     failed = 1,
     wrongUsage = 2,
-    faultsFound = 3 ///< In what was examined; nothing has failed.
+    faultsFound = 3, ///< In what was examined; nothing has failed.
+    // Those of programs that compare files.
+    different = 1,
+    notCompared = 2
 };
 
 /// One run of the program.
 struct Session {
     /// What the command shows. It is printed when the command has ended, or earlier if there is much of it.
     std::ostream& out;
-    /// Printed after the output. A command with errors has failed, unless its usage was wrong.
+    /// Printed after the output. A command with errors has failed.
     ErrorLines errors;
     /// The command that the arguments ask for.
     std::function<ExitCode()> command;
+    /// What a command with errors ends with, unless its usage was wrong.
+    ExitCode failure = ExitCode::failed;
 };
 
 /// The end of the help of a command that needs no other.
@@ -105,11 +110,15 @@ void SetUpShowCommand(CLI::App& command, Session& session);
 void SetUpTimeCommand(CLI::App& command, Session& session);
 void SetUpSaveCommand(CLI::App& command, Session& session);
 void SetUpFindCommand(CLI::App& command, Session& session);
+void SetUpDiffCommand(CLI::App& command, Session& session);
 void SetUpExportCommand(CLI::App& command, Session& session);
 void SetUpCheckCommand(CLI::App& command, Session& session);
 void SetUpPreviewCommand(CLI::App& command, Session& session);
 void SetUpFramesCommand(CLI::App& frames, Session& session);
 void SetUpMakeCommand(CLI::App& command, Session& session);
+void SetUpLinesCommand(CLI::App& lines, Session& session);
+void SetUpReplaceCommand(CLI::App& command, Session& session);
+void SetUpNewCommand(CLI::App& command, Session& session);
 void SetUpConvertCommand(CLI::App& command, Session& session);
 void SetUpInspectCommand(CLI::App& command, Session& session);
 void SetUpSignsCommand(CLI::App& signs, Session& session);

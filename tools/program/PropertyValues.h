@@ -119,15 +119,16 @@ std::optional<Value> ValueFromTyped(const TypedValue& typed, ErrorLines& errors)
     if constexpr (std::is_same_v<Value, std::int16_t>)
         if (allowed.names && LooksLikeName(*ansi))
             return NumberOfName(*allowed.names, typed.text, errors);
-    const std::string refusal =
-        "takes " + ExpectedOf<Value>(allowed) + ", not \"" + std::string(typed.text) + "\"";
+    const auto refusal = [&] {
+        return "takes " + ExpectedOf<Value>(allowed) + ", not \"" + std::string(typed.text) + "\"";
+    };
     try {
         Value value = TypedIn<Value>::read(*ansi);
         if (typed.isUnchecked || IsAllowed(allowed, *ansi, value))
             return value;
-        errors.add(refusal + "; --unchecked stores it all the same");
+        errors.add(refusal() + "; --unchecked stores it all the same");
     } catch (const RuntimeError&) {
-        errors.add(refusal);
+        errors.add(refusal());
     }
     return std::nullopt;
 }

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -22,20 +23,21 @@ ExitCode run(Session& session, const ProgramOptions& options) {
     const ScopedMessageBoxes boxesScope(machine->messageBoxes()); // its questions have options that answer
     const ScopedScreen screenScope(session.out, ScreenFor(machine->console(), options.screen));
     const ScopedErrorReporter reporterScope(session.errors);
-    ExitCode code = ExitCode::failed;
+    std::optional<ExitCode> code;
     if (const auto error = ErrorOf([&] { code = session.command(); }))
         session.errors.add(*error);
-    return code;
+    return code.value_or(session.failure);
 }
 
-ExitCode finish(StandardOutput& output, ErrorLines& errors, ExitCode code, Console& console) {
+ExitCode finish(StandardOutput& output, Session& session, ExitCode code, Console& console) {
+    ErrorLines& errors = session.errors;
     if (!output.finish()) {
         errors.about({});
         errors.add("standard output cannot be written");
     }
     for (const std::string& line : errors.lines())
         (void)console.write(StandardStream::error, line + '\n');
-    return code != ExitCode::wrongUsage && !errors.empty() ? ExitCode::failed : code;
+    return code != ExitCode::wrongUsage && !errors.empty() ? session.failure : code;
 }
 
 /// Does what the arguments ask for.
@@ -70,7 +72,8 @@ ExitCode runProgram(const std::vector<std::string>& arguments, Console& console)
     Session session{out, {}, {}};
     ProgramOptions options;
     const std::unique_ptr<CLI::App> program = MakeProgram(options);
-    return finish(output, session.errors, runArguments(arguments, *program, session, options), console);
+    const ExitCode code = runArguments(arguments, *program, session, options);
+    return finish(output, session, code, console);
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "tools/program/PropertyValues.h"
 #include "tools/program/Table.h"
 #include "tools/program/ValueKinds.h"
+#include "tools/settings/SettingsExchange.h"
 #include "tools/settings/StoredSettings.h"
 #include <qrtVistrelClasses4/PreferencesFile.h>
 
@@ -186,6 +187,7 @@ void SetUpSettingsCommand(CLI::App& settings, Session& session) {
             ->required();
     setCommand.add_option("VALUE", options->value, "The new value")->required();
     setCommand.add_flag("--unchecked", options->isUnchecked, "Takes values that no sign has, too");
+    AddSettingsExchange(settings, session);
 }
 
 } // namespace qrtVistrelClasses4

@@ -6,7 +6,9 @@
 #include "tools/program/PropertyValues.h"
 #include "tools/program/Table.h"
 #include "tools/program/ValueKinds.h"
+#include "tools/signs/SignsExchange.h"
 #include "tools/signs/SignsFile.h"
+#include "tools/signs/SignsReport.h"
 
 #include <optional>
 #include <vector>
@@ -151,26 +153,15 @@ ExitCode listConnections(const SignsOptions& options, Session& session) {
 
 // The changes. If a change cannot be made, its reason is in `errors`.
 
-/// The sign as it is read back from its file.
-DisplayRecord asLoaded(DisplayRecord sign) {
-    ForEachRow(kDisplayMembers, [&](const auto& row) {
-        if constexpr (requires { row.mend; })
-            if (row.mend)
-                row.mend(sign);
-    });
-    return sign;
-}
-
 /// False, after adding the reason, if a value would not be read back, for example a serial port as the port
 /// of a sign in the network.
 bool areReadBack(const DisplayRecord& sign, const std::vector<std::string>& assignments, ErrorLines& errors) {
     const std::size_t before = errors.count();
-    for (const ChangedProperty& mended : ChangesBetween(sign, asLoaded(sign), kDisplayMembers))
+    for (const ChangedProperty& mended : ChangesBetween(sign, SignAsLoaded(sign), kDisplayMembers))
         for (const std::string& assignment : assignments)
             if (EqualIgnoringAsciiCase(assignment.substr(0, assignment.find('=')), mended.name)) {
                 errors.about(mended.name);
-                errors.add(CellText(mended.before) + " would be read back as " + CellText(mended.after) +
-                           "; --unchecked stores it all the same");
+                errors.add(NotReadBack(mended.before, mended.after));
             }
     return errors.count() == before;
 }
@@ -251,14 +242,8 @@ std::vector<ChangedProperty> changesOf(const SignList& before, const SignList& a
         old = before.signs.at(number);
     else
         old.DisplayName = after.signs.at(number).DisplayName;
-    return ChangesBetween(asLoaded(std::move(old)), asLoaded(after.signs.at(number)), kDisplayMembers);
-}
-
-ordered_json jsonOf(const std::vector<ChangedProperty>& changes) {
-    auto object = ordered_json::object();
-    for (const ChangedProperty& change : changes)
-        object[change.name] = {{"before", change.before}, {"after", change.after}};
-    return object;
+    return ChangesBetween(SignAsLoaded(std::move(old)), SignAsLoaded(after.signs.at(number)),
+                          kDisplayMembers);
 }
 
 struct Change {
@@ -274,30 +259,17 @@ ExitCode changeSigns(const Change& change, const SignsOptions& options, Session&
     const ExitCode made = change.make(file->list, options, session.errors);
     if (made != ExitCode::done)
         return made;
-    const std::string readFrom = file->path;
+    SignsReport report{.done = {}, .readFrom = file->path};
     if (!SaveSigns(*file, session.errors))
         return ExitCode::failed;
-    std::vector<ChangedProperty> changes;
     if (!options.assignments.empty())
-        changes = changesOf(before, file->list, options.name);
-    const std::int16_t count = file->list.count();
-    const bool isUnchanged = !options.assignments.empty() && changes.empty() && count == before.count();
-    const std::string done = (isUnchanged ? "changed nothing in " : change.done + std::string(" ")) +
-                             options.name + (options.newName.empty() ? "" : " as " + options.newName) +
-                             (options.to > 0 ? " to " + std::to_string(options.to) : "");
-    if (options.json) {
-        ordered_json report{{"file", file->path}, {"done", done}, {"TotalDisplays", count}};
-        if (!options.assignments.empty())
-            report["changed"] = jsonOf(changes);
-        session.out << JsonText(report) << '\n';
-        return ExitCode::done;
-    }
-    session.out << Visible(file->path + ": " + done) << "; " << count << (count == 1 ? " sign" : " signs")
-                << " now\n";
-    for (const ChangedProperty& changed : changes)
-        session.out << ChangeText(changed) << '\n';
-    if (readFrom != file->path)
-        session.out << Visible("The list was read from " + readFrom + ", which is unchanged.") << '\n';
+        report.changes = changesOf(before, file->list, options.name);
+    const bool isUnchanged =
+        report.changes && report.changes->empty() && file->list.count() == before.count();
+    report.done = (isUnchanged ? "changed nothing in " : change.done + std::string(" ")) + options.name +
+                  (options.newName.empty() ? "" : " as " + options.newName) +
+                  (options.to > 0 ? " to " + std::to_string(options.to) : "");
+    PrintReport(session.out, report, *file, options.json);
     return ExitCode::done;
 }
 
@@ -359,6 +331,7 @@ void SetUpSignsCommand(CLI::App& signs, Session& session) {
     takeAssignments(addChange("set", {&setProperties, "changed"}, "Changes properties of a sign",
                               "vistrel signs set Gate DisplayWidth=192 Schedule1.BrightnessLevel=4"))
         ->required();
+    AddSignsExchange(signs, session, {options, &options->json});
 }
 
 } // namespace qrtVistrelClasses4

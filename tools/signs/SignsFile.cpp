@@ -113,6 +113,20 @@ bool SaveSigns(SignsFile& file, ErrorLines& errors) {
     return saving.isWritten();
 }
 
+DisplayRecord SignAsLoaded(DisplayRecord sign) {
+    ForEachRow(kDisplayMembers, [&](const auto& row) {
+        if constexpr (requires { row.mend; })
+            if (row.mend)
+                row.mend(sign);
+    });
+    return sign;
+}
+
+std::string NotReadBack(const nlohmann::ordered_json& value, const nlohmann::ordered_json& readBack) {
+    return CellText(value) + " would be read back as " + CellText(readBack) +
+           "; --unchecked stores it all the same";
+}
+
 std::optional<std::int16_t> FindSign(const SignList& list, const std::string& name) {
     const std::optional<std::int16_t> number = list.find(name);
     return number ? number : list.find(EscapeNumericName(name));

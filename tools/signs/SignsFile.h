@@ -4,6 +4,8 @@
 #include "tools/program/ErrorLines.h"
 #include <qrtVistrelClasses4/SignList.h>
 
+#include <nlohmann/json.hpp>
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -33,6 +35,11 @@ bool MayBeChanged(const SignsFile& file, ErrorLines& errors);
 /// not saved. A quote in one of the two spare texts of a sign, which a file with texts outside quotes may
 /// hold, is not noticed.
 bool SaveSigns(SignsFile& file, ErrorLines& errors);
+
+/// The sign as it is read back from its file, which mends some values.
+DisplayRecord SignAsLoaded(DisplayRecord sign);
+/// The error of a value that is read back as another.
+std::string NotReadBack(const nlohmann::ordered_json& value, const nlohmann::ordered_json& readBack);
 
 /// Number of the sign of that name, in Windows-1252. A name that is a number is stored, and found, with "#"
 /// before it.
