@@ -36,10 +36,10 @@ bool measure() {
     std::vector<Ratio> ratios;
     for (const auto& subject :
          {PlayfileSubject(folder), ReferencesSubject(folder), ValidationSubject(folder), WalkSubject(folder),
-          XmlSubject(folder), EditSubject(folder), RepeatedEditSubject(), HistorySubject(folder),
-          DisplaysSubject(folder), CommandsSubject(folder), LegacySubject(folder), PlayTimeSubject(folder),
-          FontsSubject(folder), PreviewSubject(folder), SettingsSubject(folder), TraceSubject(),
-          ProgramSubject(folder)})
+          XmlSubject(folder), JsonSubject(folder), EditSubject(folder), RepeatedEditSubject(),
+          HistorySubject(folder), DisplaysSubject(folder), CommandsSubject(folder), LegacySubject(folder),
+          PlayTimeSubject(folder), FontsSubject(folder), PreviewSubject(folder), SettingsSubject(folder),
+          TraceSubject(), ProgramSubject(folder)})
         ratios.insert(ratios.end(), subject.begin(), subject.end());
     MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

@@ -17,6 +17,8 @@ std::vector<Ratio> ValidationSubject(const BenchFolder& folder);
 std::vector<Ratio> WalkSubject(const BenchFolder& folder);
 /// Exporting playfiles as XML.
 std::vector<Ratio> XmlSubject(const BenchFolder& folder);
+/// Writing playfiles as JSON, and reading it.
+std::vector<Ratio> JsonSubject(const BenchFolder& folder);
 /// Inserting, deleting and moving frames.
 std::vector<Ratio> EditSubject(const BenchFolder& folder);
 /// Inserting, adding and removing one record after another, thousands of them.

@@ -2,7 +2,7 @@
 #include "tools/exchange/PlayfileJson.h"
 #include "Fuzz.h"
 #include "RandomRecords.h"
-#include "playfile/PlayfileOutput.h"
+#include "fuzz/PlayfileBytes.h"
 #include "tools/exchange/JsonInput.h"
 #include "tools/exchange/JsonOutput.h"
 #include <qrtVistrelClasses4/LoadPlayfile.h>
@@ -11,12 +11,6 @@
 
 namespace qrtVistrelClasses4 {
 namespace {
-
-std::string fileOf(const Playfile& playfile) {
-    KeptBytes file;
-    Require(WritePlayfile(playfile, file, {}).isWritten(), "a playfile can be saved");
-    return file.text;
-}
 
 LoadOutcome load(const std::string& file) {
     return LoadPlayfileBytes(file, "made.playfile", {.keepsReferences = true});
@@ -38,12 +32,11 @@ std::optional<Playfile> read(const std::string& text) {
     return isRead ? std::optional(std::move(playfile)) : std::nullopt;
 }
 
-/// Any text but that of a character that stands for a quote comes back from JSON and from the file.
 void requireReturn(const Playfile& playfile) {
     const std::optional<Playfile> again = read(jsonOf(playfile));
     Require(again.has_value(), "what is written is read");
     Require(again->frames == playfile.frames, "it is as it was");
-    Require(fileOf(*again) == fileOf(playfile), "and so are its bytes");
+    Require(BytesOf(again->frames) == BytesOf(playfile.frames), "and so are its bytes");
 }
 
 Playfile randomPlayfile(RandomRecords& random) {
@@ -74,12 +67,12 @@ void RunFuzzed(FuzzedInput input) {
     if (isText) {
         if (const std::optional<Playfile> playfile = read(rest)) {
             requireReturn(*playfile);
-            Require(load(fileOf(*playfile)).isComplete, "what is taken can be in a file");
+            Require(load(BytesOf(playfile->frames)).isComplete, "what is taken can be in a file");
         }
         return;
     }
     RandomRecords random(rest);
-    const LoadOutcome loaded = load(fileOf(randomPlayfile(random)));
+    const LoadOutcome loaded = load(BytesOf(randomPlayfile(random).frames));
     Require(loaded.isComplete, "a random playfile can be loaded");
     requireReturn(loaded.playfile);
     requireWhole(jsonOf(loaded.playfile), random);

@@ -9,13 +9,17 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <string_view>
+#include <type_traits>
 
 namespace qrtVistrelClasses4 {
 
 /// Fills members by the tables of their records. The same seed gives the same values on every machine.
 class RandomRecords {
 public:
-    explicit RandomRecords(const std::string& seed) {
+    /// Texts have none of the characters `withoutThese`.
+    explicit RandomRecords(const std::string& seed, std::string_view withoutThese = {})
+        : without_(withoutThese) {
         std::seed_seq seeds(seed.begin(), seed.end());
         random_.seed(seeds);
     }
@@ -35,12 +39,15 @@ public:
         });
     }
 
-private:
     void fill(std::string& text) {
         constexpr unsigned longest = 24;
+        constexpr std::string_view usual = "0,;' \n\r\t#=";
         text.resize(below(3) == 0 ? 0 : below(longest));
-        for (char& character : text)
-            character = static_cast<char>(random_());
+        for (char& character : text) {
+            character = below(4) == 0 ? usual[below(usual.size())] : static_cast<char>(random_());
+            if (without_.find(character) != without_.npos)
+                character = 'A';
+        }
     }
     void fill(bool& flag) { flag = below(2) == 0; }
     void fill(double& number) {
@@ -61,6 +68,8 @@ private:
             fill(value);
     }
 
+private:
+    std::string_view without_;
     std::mt19937 random_;
 };
 

@@ -1,14 +1,12 @@
 // Imports of signs, commands and settings: random ones there and back, and any text as one.
 #include "Fuzz.h"
+#include "RandomRecords.h"
 #include "displays/DisplayFormat.h"
 #include "tools/commands/CommandsExchange.h"
 #include "tools/exchange/JsonOutput.h"
 #include "tools/settings/SettingsExchange.h"
 #include "tools/signs/SignsExchange.h"
 #include <qrtVistrelClasses4/PreferencesFile.h>
-
-#include <limits>
-#include <random>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -33,16 +31,13 @@ std::string jsonOf(const Value& value) {
 }
 
 /// Makes signs and commands with any values that files can hold, and settings with those that come back.
-class RandomStores {
+class RandomStores : RandomRecords {
 public:
-    explicit RandomStores(const std::string& seed) {
-        std::seed_seq seeds(seed.begin(), seed.end());
-        random_.seed(seeds);
-    }
+    explicit RandomStores(const std::string& seed) : RandomRecords(seed, {"\"\0", 2}) {}
 
     SignList signs() {
         SignList list;
-        list.signs.resize(static_cast<std::int32_t>(random_() % kMostRecords));
+        list.signs.resize(static_cast<std::int32_t>(below(kMostRecords)));
         for (DisplayRecord& sign : list.signs) {
             fill(sign, kDisplayMembers);
             sign.DisplayName = EscapeNumericName(sign.DisplayName);
@@ -52,7 +47,7 @@ public:
 
     CommandTable commands() {
         CommandTable table = BuiltInCommands();
-        for (std::size_t count = random_() % kMostRecords; count > 0; --count) {
+        for (std::size_t count = below(kMostRecords); count > 0; --count) {
             std::array<std::string, 4> texts;
             for (std::string& text : texts) {
                 fill(text);
@@ -68,9 +63,9 @@ public:
         Preferences preferences = DefaultPreferences({});
         const auto change = [&]<class Value>(const auto&, Value& value) {
             if constexpr (std::is_same_v<Value, std::string>)
-                value = std::string(random_() % 3, 'A');
+                value = std::string(below(3), 'A');
             else if constexpr (std::is_same_v<Value, double>)
-                value = static_cast<double>(random_() % 100'000 + 1) / 4;
+                value = static_cast<double>(below(100'000) + 1) / 4;
             else
                 fill(value);
         };
@@ -80,38 +75,6 @@ public:
 
 private:
     static constexpr unsigned kMostRecords = 6;
-
-    template <class Record, class Table>
-    void fill(Record& record, const Table& table) {
-        ForEachRow(table, [&](const auto& row) {
-            if constexpr (requires { row.elements; })
-                for (auto& element : record.*row.member)
-                    fill(element, row.elements);
-            else
-                fill(record.*row.member);
-        });
-    }
-
-    void fill(std::string& text) {
-        constexpr unsigned longest = 24;
-        text.resize(random_() % 3 == 0 ? 0 : random_() % longest);
-        for (char& character : text) {
-            constexpr std::string_view usual = "0,;' \n\r\t#=";
-            character = random_() % 4 == 0 ? usual[random_() % usual.size()] : static_cast<char>(random_());
-            if (character == '"' || character == '\0')
-                character = 'A';
-        }
-    }
-    void fill(bool& flag) { flag = random_() % 2 == 0; }
-    template <class Number>
-    void fill(Number& number) {
-        constexpr Number special[] = {0, 1, -1, std::numeric_limits<Number>::min(),
-                                      std::numeric_limits<Number>::max()};
-        number =
-            random_() % 2 == 0 ? special[random_() % std::size(special)] : static_cast<Number>(random_());
-    }
-
-    std::mt19937 random_;
 };
 
 /// `read(imported text, what import says, errors)` gives back what was written.

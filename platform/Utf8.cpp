@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -22,13 +23,14 @@ char32_t characterOf(unsigned char code) {
     return isOwnCode(code) ? kOwnCharacters[code - kFirstOwnCode] : code;
 }
 
-std::optional<char> codeOf(char32_t character) {
-    if (const auto* found = std::ranges::find(kOwnCharacters, character); found != kOwnCharacters.end())
-        return static_cast<char>(kFirstOwnCode + (found - kOwnCharacters.begin()));
-    if (character > 0xff || isOwnCode(character))
-        return std::nullopt;
-    return static_cast<char>(character);
-}
+/// The characters of the code page's own codes, in their order, each with its code.
+constexpr auto kCodesOfOwnCharacters = [] {
+    std::array<std::pair<char16_t, unsigned char>, kOwnCharacters.size()> codes{};
+    for (std::size_t i = 0; i < codes.size(); ++i)
+        codes[i] = {kOwnCharacters[i], static_cast<unsigned char>(kFirstOwnCode + i)};
+    std::ranges::sort(codes);
+    return codes;
+}();
 
 /// Whether UTF-8 has the character, and as many bytes for it.
 bool isEncodedIn(char32_t character, std::size_t size) {
@@ -47,7 +49,12 @@ void AppendUtf8(std::string& text, char32_t character) {
         text += static_cast<char>(0xc0 | (character >> 6));
         text += tail(0);
     } else {
-        text += static_cast<char>(0xe0 | (character >> 12));
+        if (character < 0x10000) {
+            text += static_cast<char>(0xe0 | (character >> 12));
+        } else {
+            text += static_cast<char>(0xf0 | (character >> 18));
+            text += tail(12);
+        }
         text += tail(6);
         text += tail(0);
     }
@@ -55,6 +62,11 @@ void AppendUtf8(std::string& text, char32_t character) {
 
 std::optional<char32_t> TakeUtf8Character(std::string_view& utf8) {
     const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(utf8[i]); };
+    if (utf8.size() > 1 && byte(0) >= 0xc2 && byte(0) < 0xe0 && (byte(1) & 0xc0) == 0x80) { // as most are
+        const char32_t character = static_cast<char32_t>(byte(0) & 0x1f) << 6 | (byte(1) & 0x3f);
+        utf8.remove_prefix(2);
+        return character;
+    }
     const std::size_t size = byte(0) < 0x80 ? 1 : byte(0) < 0xe0 ? 2 : byte(0) < 0xf0 ? 3 : 4;
     if ((size > 1 && byte(0) < 0xc0) || byte(0) >= 0xf8 || utf8.size() < size)
         return std::nullopt;
@@ -70,6 +82,16 @@ std::optional<char32_t> TakeUtf8Character(std::string_view& utf8) {
     return character;
 }
 
+std::optional<char> AnsiFromCharacter(char32_t character) {
+    if (character <= 0xff && !isOwnCode(character))
+        return static_cast<char>(character);
+    const auto* const found = std::ranges::lower_bound(kCodesOfOwnCharacters, character, {},
+                                                       [](const auto& pair) { return char32_t{pair.first}; });
+    if (found == kCodesOfOwnCharacters.end() || found->first != character)
+        return std::nullopt;
+    return static_cast<char>(found->second);
+}
+
 std::string Utf8FromAnsi(std::string_view ansi) {
     std::string utf8;
     for (const char code : ansi)
@@ -78,14 +100,21 @@ std::string Utf8FromAnsi(std::string_view ansi) {
 }
 
 std::optional<std::string> AnsiFromUtf8(std::string_view utf8) {
-    std::string ansi;
+    std::string ansi(utf8.size(), '\0'); // which is at least as long
+    char* end = ansi.data();
     while (!utf8.empty()) {
+        if (static_cast<unsigned char>(utf8.front()) < kFirstOwnCode) { // as most are
+            *end++ = utf8.front();
+            utf8.remove_prefix(1);
+            continue;
+        }
         const auto character = TakeUtf8Character(utf8);
-        const auto code = character ? codeOf(*character) : std::nullopt;
+        const auto code = character ? AnsiFromCharacter(*character) : std::nullopt;
         if (!code)
             return std::nullopt;
-        ansi += *code;
+        *end++ = *code;
     }
+    ansi.resize(static_cast<std::size_t>(end - ansi.data()));
     return ansi;
 }
 

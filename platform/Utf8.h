@@ -13,7 +13,10 @@ namespace qrtVistrelClasses4 {
 /// whole character.
 std::optional<char32_t> TakeUtf8Character(std::string_view& utf8);
 
-/// Adds a character up to U+FFFF.
+/// Adds a character.
 void AppendUtf8(std::string& text, char32_t character);
+
+/// The code of a character in Windows-1252, as by `AnsiFromUtf8`; nothing if the code page lacks it.
+std::optional<char> AnsiFromCharacter(char32_t character);
 
 } // namespace qrtVistrelClasses4

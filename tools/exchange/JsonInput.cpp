@@ -1,18 +1,17 @@
 #include "tools/exchange/JsonInput.h"
 
 #include "frame/Conversions.h"
-#include "platform/Utf8.h"
+#include "platform/Hex.h"
+#include "tools/exchange/ParsedText.h"
 #include "tools/program/NameDistance.h"
 
 #include <rapidjson/error/en.h>
-#include <rapidjson/reader.h>
 
 #include <algorithm>
 #include <cctype>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
-#include <cstring>
 #include <limits>
 #include <new>
 #include <optional>
@@ -23,6 +22,8 @@ namespace {
 
 /// In all lists of one text. An empty element takes far more memory than its two characters.
 constexpr std::int32_t kMostElements = 1 << 20;
+/// Depth of arrays and objects that are skipped.
+constexpr std::size_t kDeepest = 100;
 /// Keys that are longer resemble no other key.
 constexpr std::size_t kLongestKey = 100;
 
@@ -45,20 +46,16 @@ struct CheckedAllocator {
 struct Scalar {
     enum class Type : std::uint8_t { null, flag, number, text };
     Type type;
-    std::string_view text{}; ///< In UTF-8; of a number its digits.
+    std::string_view text{}; ///< In Windows-1252; of a number its digits.
     bool flag = false;
 };
 
-std::string abridged(std::string_view utf8) {
+std::string abridged(std::string_view ansi) {
     constexpr std::size_t longest = 40;
-    std::string_view rest = utf8;
-    while (!rest.empty() && utf8.size() - rest.size() < longest)
-        if (!TakeUtf8Character(rest))
-            rest.remove_prefix(1);
-    return std::string(utf8.substr(0, utf8.size() - rest.size())) + (rest.empty() ? "" : "...");
+    return Utf8FromAnsi(ansi.substr(0, longest)) + (ansi.size() > longest ? "..." : "");
 }
 
-std::string inQuotes(std::string_view utf8) { return "\"" + abridged(utf8) + "\""; }
+std::string inQuotes(std::string_view ansi) { return "\"" + abridged(ansi) + "\""; }
 
 std::string describe(const Scalar& scalar) {
     switch (scalar.type) {
@@ -74,29 +71,17 @@ std::string describe(const Scalar& scalar) {
     return inQuotes(scalar.text);
 }
 
-bool isAscii(std::string_view text) {
-    constexpr std::uint64_t highBits = 0x8080808080808080;
-    std::uint64_t all = 0, eight = 0;
-    for (; text.size() >= sizeof eight; text.remove_prefix(sizeof eight)) {
-        std::memcpy(&eight, text.data(), sizeof eight);
-        all |= eight;
-    }
-    for (const char character : text)
-        all |= static_cast<unsigned char>(character);
-    return (all & highBits) == 0;
-}
-
 /// Why a text is not in Windows-1252, as it is not.
-std::string whyNotAnsi(std::string_view utf8) {
-    while (!utf8.empty()) {
-        const std::string_view before = utf8;
-        if (!TakeUtf8Character(utf8))
-            return "is not in UTF-8";
-        const std::string_view character = before.substr(0, before.size() - utf8.size());
-        if (!AnsiFromUtf8(character))
-            return "has the character " + inQuotes(character) + ", which is not in Windows-1252";
-    }
-    return {};
+std::string whyNotAnsi(const DecodedText& text) {
+    if (!text.lacking)
+        return "is not in UTF-8";
+    std::string why = "has the character \"";
+    AppendUtf8(why, *text.lacking);
+    why += "\" (U+";
+    for (const unsigned shift : {16U, 8U, 0U})
+        if (shift < 16 || *text.lacking > 0xffff)
+            AppendHex(why, static_cast<unsigned char>(*text.lacking >> shift));
+    return why + "), which is not in Windows-1252";
 }
 
 /// The whole number of these digits; nothing if it is none, or does not fit. "12.0" and "1e2" are whole.
@@ -116,6 +101,11 @@ std::optional<Integer> wholeNumber(std::string_view digits) {
     return std::nullopt;
 }
 
+const AllowedValues& anything() {
+    static const AllowedValues& allowed = AllowedValuesOf({});
+    return allowed;
+}
+
 /// Where a value goes. Without a kind, it is skipped.
 struct Target {
     const JsonKind* kind = nullptr;
@@ -126,8 +116,9 @@ struct Target {
 /// Takes what the parser finds, and puts it where it belongs.
 class RecordBuilder final : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, RecordBuilder> {
 public:
-    RecordBuilder(const JsonKind& kind, void* value, ErrorLines& errors, JsonChecks checks)
-        : root_{&kind, value, &AllowedValuesOf({})}, errors_(errors), checks_(checks) {}
+    RecordBuilder(const JsonKind& kind, void* value, ErrorLines& errors, JsonChecks checks,
+                  const DecodedText& decoded)
+        : root_{&kind, value, &anything()}, errors_(errors), checks_(checks), decoded_(decoded) {}
 
     // The parser's calls. A call that returns false ends the parsing.
     bool Null() { return take({Scalar::Type::null}); }
@@ -135,12 +126,12 @@ public:
     bool RawNumber(const char* digits, rapidjson::SizeType size, bool) {
         return take({Scalar::Type::number, {digits, size}});
     }
-    bool String(const char* text, rapidjson::SizeType size, bool) {
-        return take({Scalar::Type::text, {text, size}});
+    bool String(const char*, rapidjson::SizeType size, bool) {
+        return take({Scalar::Type::text, decoded_.text(size)});
     }
     bool StartObject() { return begin(JsonForm::object); }
     bool StartArray() { return begin(JsonForm::array); }
-    bool Key(const char* text, rapidjson::SizeType size, bool);
+    bool Key(const char*, rapidjson::SizeType size, bool);
     bool EndObject(rapidjson::SizeType);
     bool EndArray(rapidjson::SizeType);
 
@@ -163,7 +154,7 @@ private:
     const JsonMember* memberOf(Level& object, std::string_view key);
 
     bool store(const Target& target, const Scalar& scalar);
-    bool storeText(const Target& target, std::string_view utf8);
+    bool storeText(const Target& target, std::string_view text);
     template <class Number>
     bool storeNumber(const Target& target, std::optional<Number> number);
     bool storeReal(const Target& target, const Scalar& scalar);
@@ -177,6 +168,7 @@ private:
     Target root_;
     ErrorLines& errors_;
     JsonChecks checks_;
+    const DecodedText& decoded_;
     std::vector<Level> levels_;
     std::size_t skippedDepth_ = 0; ///< In arrays and objects that are skipped.
     std::int32_t elements_ = 0;
@@ -213,10 +205,10 @@ const JsonMember* RecordBuilder::memberOf(Level& object, std::string_view key) {
     return &*found;
 }
 
-bool RecordBuilder::Key(const char* text, rapidjson::SizeType size, bool) {
+bool RecordBuilder::Key(const char*, rapidjson::SizeType size, bool) {
     if (skippedDepth_ > 0)
         return true;
-    const std::string_view key(text, size);
+    const std::string_view key = decoded_.text(size);
     Level& object = levels_.back();
     object.member = memberOf(object, key);
     if (!object.member) {
@@ -247,7 +239,7 @@ Target RecordBuilder::nextElement(Level& list) {
         return {};
     }
     ++elements_;
-    return {elements.kind, elements.make(list.place, index), &AllowedValuesOf({})};
+    return {elements.kind, elements.make(list.place, index), &anything()};
 }
 
 Target RecordBuilder::nextTarget() {
@@ -258,10 +250,9 @@ Target RecordBuilder::nextTarget() {
         return nextElement(level);
     if (!level.member)
         return {};
-    static const AllowedValues& anything = AllowedValuesOf({});
     // The record is not constant: it is part of the value that is being read.
     return {level.member->kind, const_cast<void*>(level.member->valueIn(level.place)),
-            checks_ == JsonChecks::usual ? level.member->allowed : &anything};
+            checks_ == JsonChecks::usual ? level.member->allowed : &anything()};
 }
 
 bool isSkipped(const Target& target) {
@@ -270,8 +261,8 @@ bool isSkipped(const Target& target) {
 
 bool RecordBuilder::begin(JsonForm form) {
     if (skippedDepth_ > 0) {
-        ++skippedDepth_;
-        return true;
+        // The parser calls itself for each, and would take all of the stack.
+        return ++skippedDepth_ < kDeepest || add("arrays and objects are nested too deeply");
     }
     Target target = nextTarget();
     if (!isSkipped(target) && form == JsonForm::object && target.kind->orObject)
@@ -312,20 +303,16 @@ bool RecordBuilder::take(const Scalar& scalar) {
     return isSkipped(target) || store(target, scalar);
 }
 
-bool RecordBuilder::storeText(const Target& target, std::string_view utf8) {
-    auto& text = *static_cast<std::string*>(target.place);
-    const bool isPresent = !target.allowed->pattern.empty() && Utf8FromAnsi(text) == utf8;
-    if (isAscii(utf8)) {
-        text = utf8;
-    } else {
-        std::optional<std::string> ansi = AnsiFromUtf8(utf8);
-        if (!ansi)
-            return add(whyNotAnsi(utf8));
-        text = *std::move(ansi);
-    }
+bool RecordBuilder::storeText(const Target& target, std::string_view text) {
+    if (decoded_.lacking || !decoded_.isUtf8)
+        return add(whyNotAnsi(decoded_));
     if (!target.kind->canHold(text))
         return add("has a character that the file cannot hold");
-    return isPresent || Allows(*target.allowed, text) || refuse(target, inQuotes(utf8));
+    auto& present = *static_cast<std::string*>(target.place);
+    if (present == text)
+        return true;
+    present = text;
+    return Allows(*target.allowed, present) || refuse(target, inQuotes(text));
 }
 
 template <class Number>
@@ -422,22 +409,24 @@ void addSyntaxError(std::string_view text, std::size_t offset, rapidjson::ParseE
 bool ReadJson(const std::string& text, const JsonKind& kind, void* value, ErrorLines& errors,
               JsonChecks checks) {
     constexpr std::string_view utf8Mark = "\xef\xbb\xbf";
-    constexpr unsigned flags = rapidjson::kParseIterativeFlag | rapidjson::kParseNumbersAsStringsFlag;
+    constexpr unsigned flags = rapidjson::kParseNumbersAsStringsFlag | rapidjson::kParseInsituFlag;
     if (text.starts_with("\xff\xfe") || text.starts_with("\xfe\xff")) {
         errors.add("the text is in UTF-16; JSON is in UTF-8");
         return false;
     }
     const std::size_t before = errors.count();
-    const std::size_t start = text.starts_with(utf8Mark) ? utf8Mark.size() : 0;
-    rapidjson::StringStream stream(text.c_str() + start);
+    DecodedText decoded(text.size() + 1);
+    ParsedText stream(text, decoded);
+    for (std::size_t left = text.starts_with(utf8Mark) ? utf8Mark.size() : 0; left > 0; --left)
+        stream.Take();
     CheckedAllocator allocator;
-    rapidjson::GenericReader<rapidjson::UTF8<>, rapidjson::UTF8<>, CheckedAllocator> reader(&allocator);
-    RecordBuilder builder(kind, value, errors, checks);
+    rapidjson::GenericReader<ParsedEncoding, rapidjson::UTF8<>, CheckedAllocator> reader(&allocator);
+    RecordBuilder builder(kind, value, errors, checks, decoded);
     const rapidjson::ParseResult result = reader.Parse<flags>(stream, builder);
     if (result.IsError() && result.Code() != rapidjson::kParseErrorTermination)
-        addSyntaxError(text, start + result.Offset(), result.Code(), errors);
-    else if (!result.IsError() && start + stream.Tell() < text.size()) // at a NUL
-        addSyntaxError(text, start + stream.Tell(), rapidjson::kParseErrorDocumentRootNotSingular, errors);
+        addSyntaxError(text, result.Offset(), result.Code(), errors);
+    else if (!result.IsError() && stream.Tell() < text.size()) // at a NUL
+        addSyntaxError(text, stream.Tell(), rapidjson::kParseErrorDocumentRootNotSingular, errors);
     return errors.count() == before;
 }
 

@@ -5,12 +5,14 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstring>
 #include <string>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
 constexpr std::size_t kIndent = 2;
+constexpr std::size_t kCommaAndLineEnd = 2;
 /// A comma, a line end, and the blanks before a value of any depth that occurs.
 constexpr std::string_view kLineStart = ",\n                                ";
 constexpr char32_t kReplacementCharacter = 0xfffd;
@@ -36,29 +38,71 @@ void appendEscaped(std::string& text, char32_t character) {
     }
 }
 
-/// What each character of Windows-1252 is in a text of JSON.
-struct Spellings {
-    Spellings() {
-        for (std::size_t code = 0; code < all.size(); ++code) {
-            const std::string utf8 = Utf8FromAnsi(std::string(1, static_cast<char>(code)));
-            std::string_view rest = utf8;
-            appendEscaped(all[code], TakeUtf8Character(rest).value_or(kReplacementCharacter));
-            isPlain[code] = all[code].size() == 1;
-        }
-    }
-    std::array<std::string, 256> all;
-    std::array<bool, 256> isPlain{};
+/// What a character of Windows-1252 is in a text of JSON.
+struct Spelling {
+    std::array<char, 8> text{};
+    std::size_t size = 0;
 };
 
-const Spellings& spellings() {
-    static const Spellings all;
+std::array<Spelling, 256> makeSpellings() {
+    std::array<Spelling, 256> all;
+    for (std::size_t code = 0; code < all.size(); ++code) {
+        const std::string utf8 = Utf8FromAnsi(std::string(1, static_cast<char>(code)));
+        std::string_view rest = utf8;
+        std::string escaped;
+        appendEscaped(escaped, TakeUtf8Character(rest).value_or(kReplacementCharacter));
+        std::ranges::copy(escaped, all[code].text.begin());
+        all[code].size = escaped.size();
+    }
     return all;
+}
+
+/// Whether a value is 0, empty or false.
+bool isEmpty(const JsonKind& kind, const void* value) {
+    switch (kind.form) {
+    case JsonForm::text:
+        return static_cast<const std::string*>(value)->empty();
+    case JsonForm::int16:
+        return *static_cast<const std::int16_t*>(value) == 0;
+    case JsonForm::int32:
+        return *static_cast<const std::int32_t*>(value) == 0;
+    case JsonForm::flag:
+        return !*static_cast<const bool*>(value);
+    default:
+        return false;
+    }
+}
+
+/// Whether all values in a list are, as spare values mostly are.
+bool areEmpty(const JsonElements& elements, const void* list) {
+    for (std::int32_t index = 0; index < elements.most; ++index)
+        if (!isEmpty(*elements.kind, elements.at(list, index)))
+            return false;
+    return true;
+}
+
+bool areSpareValues(const JsonKind& kind) {
+    return kind.form == JsonForm::array && kind.elements.kind->form != JsonForm::object;
+}
+
+/// The spare values of that kind that are empty, on one line.
+std::string emptyValuesOf(const JsonElements& elements) {
+    const JsonForm form = elements.kind->form;
+    const std::string_view one = form == JsonForm::text ? "\"\"" : form == JsonForm::flag ? "false" : "0";
+    std::string all;
+    for (std::int32_t index = 0; index < elements.most; ++index)
+        all.append(index == 0 ? "[" : ", ").append(one);
+    return all + "]";
 }
 
 } // namespace
 
+std::string_view JsonOutput::lineStart() const {
+    return kLineStart.substr(0, kCommaAndLineEnd + depth_ * kIndent);
+}
+
 void JsonOutput::startLine() {
-    text_.append(kLineStart.substr(isFirst_ ? 1 : 0, (isFirst_ ? 1 : 2) + depth_ * kIndent));
+    text_.append(lineStart().substr(isFirst_ ? 1 : 0));
     isFirst_ = false;
 }
 
@@ -94,16 +138,18 @@ void JsonOutput::putKey(std::string_view key) {
 }
 
 void JsonOutput::putAnsi(std::string_view ansi) {
-    const Spellings& spelt = spellings();
-    const auto isPlain = [&](char code) { return spelt.isPlain[static_cast<unsigned char>(code)]; };
+    constexpr std::size_t pieceSize = 256;
+    static const std::array<Spelling, 256> spellings = makeSpellings();
+    std::array<char, pieceSize * sizeof(Spelling::text)> spelt;
     text_.appendLiteral("\"");
-    while (!ansi.empty()) {
-        const auto plain = static_cast<std::size_t>(std::ranges::find_if_not(ansi, isPlain) - ansi.begin());
-        text_.append(ansi.substr(0, plain));
-        ansi.remove_prefix(plain);
-        if (!ansi.empty())
-            text_.append(spelt.all[static_cast<unsigned char>(ansi.front())]);
-        ansi.remove_prefix(ansi.empty() ? 0 : 1);
+    for (; !ansi.empty(); ansi.remove_prefix(std::min(pieceSize, ansi.size()))) {
+        char* end = spelt.data();
+        for (const char code : ansi.substr(0, pieceSize)) {
+            const Spelling& spelling = spellings[static_cast<unsigned char>(code)];
+            std::memcpy(end, spelling.text.data(), spelling.text.size()); // a fixed size is faster
+            end += spelling.size;
+        }
+        text_.append({spelt.data(), static_cast<std::size_t>(end - spelt.data())});
     }
     text_.appendLiteral("\"");
 }
@@ -154,40 +200,65 @@ void JsonOutput::putScalar(const JsonKind& kind, const void* value) {
     }
 }
 
-void JsonOutput::putList(const JsonKind& kind, const void* list) {
-    const JsonElements& elements = kind.elements;
+void JsonOutput::putRecords(const JsonElements& elements, const void* list) {
+    begin("[");
     const std::int32_t count = elements.count(list);
-    if (elements.kind->form == JsonForm::object) {
-        begin("[");
-        for (std::int32_t index = 0; index < count; ++index)
-            put(*elements.kind, elements.at(list, index));
-        return end("]");
-    }
-    startValue();
-    for (std::int32_t index = 0; index < count; ++index) { // spare values, on one line
+    for (std::int32_t index = 0; index < count; ++index)
+        put(*elements.kind, elements.at(list, index));
+    end("]");
+}
+
+void JsonOutput::putSpareValues(const JsonElements& elements, const void* list) {
+    for (std::int32_t index = 0; index < elements.most; ++index) {
         text_.append(index == 0 ? "[" : ", ");
         putScalar(*elements.kind, elements.at(list, index));
     }
     text_.appendLiteral("]");
 }
 
+const JsonOutput::Layout& JsonOutput::layoutOf(const JsonKind& kind) {
+    for (const Layout& layout : layouts_)
+        if (layout.kind == &kind && layout.depth == depth_)
+            return layout;
+    Layout& made = layouts_.emplace_back(Layout{&kind, depth_});
+    for (const JsonMember& member : kind.members) {
+        made.starts.push_back(std::string(lineStart()).append("\"").append(member.key).append("\": "));
+        made.emptyValues.push_back(areSpareValues(*member.kind) ? emptyValuesOf(member.kind->elements) : "");
+    }
+    return made;
+}
+
 void JsonOutput::putObject(const JsonKind& kind, const void* record) {
     begin("{");
-    for (const JsonMember& member : kind.members)
-        if (member.kind->form != JsonForm::ignored) {
-            putKey(member.key);
-            put(*member.kind, member.valueIn(record));
+    const Layout& layout = layoutOf(kind);
+    for (std::size_t place = 0; place < kind.members.size(); ++place) {
+        const JsonMember& member = kind.members[place];
+        if (member.kind->form == JsonForm::ignored)
+            continue;
+        text_.append(std::string_view(layout.starts[place]).substr(isFirst_ ? 1 : 0));
+        isFirst_ = false;
+        hasKey_ = true;
+        const void* const value = member.valueIn(record);
+        if (!layout.emptyValues[place].empty() && areEmpty(member.kind->elements, value)) {
+            text_.append(layout.emptyValues[place]);
+            hasKey_ = false;
+        } else {
+            put(*member.kind, value);
         }
+    }
     end("}");
 }
 
 void JsonOutput::put(const JsonKind& kind, const void* value) {
     if (kind.form == JsonForm::object)
         return putObject(kind, value);
-    if (kind.form == JsonForm::array)
-        return putList(kind, value);
+    if (kind.form == JsonForm::array && !areSpareValues(kind))
+        return putRecords(kind.elements, value);
     startValue();
-    putScalar(kind, value);
+    if (kind.form == JsonForm::array)
+        putSpareValues(kind.elements, value);
+    else
+        putScalar(kind, value);
 }
 
 void JsonOutput::finish() {

@@ -5,7 +5,10 @@
 #include "tools/exchange/RecordKinds.h"
 
 #include <cstddef>
+#include <deque>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 
@@ -38,19 +41,31 @@ public:
     void finish();
 
 private:
+    /// What comes before the values of an object at a depth, made once.
+    struct Layout {
+        const JsonKind* kind;
+        std::size_t depth;
+        std::vector<std::string> starts{};      ///< Each with the comma after the value before.
+        std::vector<std::string> emptyValues{}; ///< Of members that are spare values: the usual ones.
+    };
+
+    const Layout& layoutOf(const JsonKind& kind);
     void begin(std::string_view bracket);
     void end(std::string_view bracket);
     void startValue();
+    std::string_view lineStart() const;
     void startLine();
     void putReal(double number);
     void putScalar(const JsonKind& kind, const void* value);
-    void putList(const JsonKind& kind, const void* list);
+    void putRecords(const JsonElements& elements, const void* list);
+    void putSpareValues(const JsonElements& elements, const void* list);
     void putObject(const JsonKind& kind, const void* record);
 
     BufferedText text_;
     std::size_t depth_ = 0;
     bool isFirst_ = true; ///< Of its array or object.
     bool hasKey_ = false; ///< Whether the next value follows its key.
+    std::deque<Layout> layouts_;
 };
 
 } // namespace qrtVistrelClasses4

@@ -147,6 +147,9 @@ const JsonKind& KindOfRecord() {
     return kind;
 }
 
+/// Memory is reserved for as many elements when the first one is read.
+inline constexpr std::int32_t kFirstElements = 4;
+
 /// An array of such objects.
 template <class Record, class Elements>
 const JsonKind& KindOfList() {
@@ -161,8 +164,11 @@ const JsonKind& KindOfList() {
                      [](void* place, std::int32_t index) -> void* {
                          List& list = *static_cast<List*>(place);
                          if constexpr (std::is_same_v<Elements, std::vector<Record>>)
-                             if (index == list.upperBound())
+                             if (index == list.upperBound()) {
+                                 if (index == 0)
+                                     list.reserve(kFirstElements);
                                  list.resize(index + 1);
+                             }
                          return &*(list.begin() + index);
                      }}};
     return kind;

@@ -18,6 +18,10 @@ namespace {
 
 constexpr std::string_view kStandardInputName = "standard input";
 
+[[noreturn]] void refuseSize() {
+    throw RuntimeError(kNoErrorNumber, "it has more than " + std::to_string(kMostInput >> 20) + " MiB");
+}
+
 bool isPlayfile(const std::string& path, InputKind kind) {
     constexpr std::string_view ending = ".playfile";
     constexpr std::size_t startSize = 16;
@@ -112,6 +116,8 @@ std::string ReadStandardInput() {
     if (std::exchange(wasRead, true))
         throw RuntimeError(kNoErrorNumber, "it is named twice, but can be read only once");
     Result<std::string> bytes = platform().console().read(kMostInput);
+    if (!bytes && bytes.error() == SystemError::tooLarge)
+        refuseSize();
     if (!bytes && bytes.error() == SystemError::deviceFailure)
         throw RuntimeError(kNoErrorNumber, "it is closed, or cannot be read");
     return ValueOf(std::move(bytes));
@@ -139,7 +145,7 @@ std::string ReadInput(const std::string& path) {
         return ReadStandardInput();
     const auto file = ValueOf(platform().files().openToRead(path));
     if (file->size() > kMostInput)
-        Check(SystemError::tooLarge);
+        refuseSize();
     std::string bytes(static_cast<std::size_t>(file->size()), '\0');
     bytes.resize(ValueOf(file->readAt(0, bytes)));
     return bytes;
