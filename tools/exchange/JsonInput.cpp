@@ -1,7 +1,7 @@
 #include "tools/exchange/JsonInput.h"
 
 #include "frame/Conversions.h"
-#include "platform/Utf8.h"
+#include "tools/program/Encoding.h"
 #include "tools/program/NameDistance.h"
 
 #include <rapidjson/error/en.h>
@@ -49,16 +49,7 @@ struct Scalar {
     bool flag = false;
 };
 
-std::string abridged(std::string_view utf8) {
-    constexpr std::size_t longest = 40;
-    std::string_view rest = utf8;
-    while (!rest.empty() && utf8.size() - rest.size() < longest)
-        if (!TakeUtf8Character(rest))
-            rest.remove_prefix(1);
-    return std::string(utf8.substr(0, utf8.size() - rest.size())) + (rest.empty() ? "" : "...");
-}
-
-std::string inQuotes(std::string_view utf8) { return "\"" + abridged(utf8) + "\""; }
+std::string inQuotes(std::string_view utf8) { return "\"" + Abridged(utf8) + "\""; }
 
 std::string describe(const Scalar& scalar) {
     switch (scalar.type) {
@@ -67,7 +58,7 @@ std::string describe(const Scalar& scalar) {
     case Scalar::Type::flag:
         return scalar.flag ? "true" : "false";
     case Scalar::Type::number:
-        return abridged(scalar.text);
+        return Abridged(scalar.text);
     case Scalar::Type::text:
         break;
     }
@@ -84,19 +75,6 @@ bool isAscii(std::string_view text) {
     for (const char character : text)
         all |= static_cast<unsigned char>(character);
     return (all & highBits) == 0;
-}
-
-/// Why a text is not in Windows-1252, as it is not.
-std::string whyNotAnsi(std::string_view utf8) {
-    while (!utf8.empty()) {
-        const std::string_view before = utf8;
-        if (!TakeUtf8Character(utf8))
-            return "is not in UTF-8";
-        const std::string_view character = before.substr(0, before.size() - utf8.size());
-        if (!AnsiFromUtf8(character))
-            return "has the character " + inQuotes(character) + ", which is not in Windows-1252";
-    }
-    return {};
 }
 
 /// The whole number of these digits; nothing if it is none, or does not fit. "12.0" and "1e2" are whole.
@@ -320,7 +298,7 @@ bool RecordBuilder::storeText(const Target& target, std::string_view utf8) {
     } else {
         std::optional<std::string> ansi = AnsiFromUtf8(utf8);
         if (!ansi)
-            return add(whyNotAnsi(utf8));
+            return add(WhyNotAnsi(utf8));
         text = *std::move(ansi);
     }
     if (!target.kind->canHold(text))
@@ -423,7 +401,7 @@ bool ReadJson(const std::string& text, const JsonKind& kind, void* value, ErrorL
               JsonChecks checks) {
     constexpr std::string_view utf8Mark = "\xef\xbb\xbf";
     constexpr unsigned flags = rapidjson::kParseIterativeFlag | rapidjson::kParseNumbersAsStringsFlag;
-    if (text.starts_with("\xff\xfe") || text.starts_with("\xfe\xff")) {
+    if (IsUtf16(text)) {
         errors.add("the text is in UTF-16; JSON is in UTF-8");
         return false;
     }

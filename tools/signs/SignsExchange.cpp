@@ -16,6 +16,8 @@ namespace {
 using SignColumns = std::vector<CsvColumn<DisplayRecord>>;
 
 constexpr std::string_view kNameProperty = kRowOf<kDisplayMembers, &DisplayRecord::DisplayName>.name;
+/// How to get a table that can be read.
+constexpr std::string_view kAsUtf8 = "; save the table as CSV UTF-8";
 constexpr std::int32_t kMostSigns = Exchanged<DisplayRecord>::most;
 
 const SignColumns& signColumns() {
@@ -25,6 +27,10 @@ const SignColumns& signColumns() {
 
 /// A text in Windows-1252. Nothing, after adding the reason, if a list of signs cannot hold it.
 std::optional<std::string> signText(std::string_view utf8, bool isUnchecked, ErrorLines& errors) {
+    if (!IsUtf8(utf8)) {
+        errors.add(std::string("is not in UTF-8").append(kAsUtf8));
+        return std::nullopt;
+    }
     std::optional<std::string> text = AnsiFromUtf8(utf8);
     if (!text || !isUnchecked)
         text = AnsiFromTyped(utf8, errors);
@@ -196,7 +202,9 @@ std::optional<SignList> SignsOfCsv(const std::string& text, const SignsImport& i
     CsvReader reader(text);
     SignCollector signs(import, ", ", errors);
     errors.about(import.fileName);
-    if (reader.next())
+    if (IsUtf16(text))
+        errors.add(std::string("the text is in UTF-16").append(kAsUtf8));
+    else if (reader.next())
         addSigns(reader, columnsIn(reader, import, errors), signs, import, errors);
     else if (!reader.error())
         errors.add("there is no header line");
