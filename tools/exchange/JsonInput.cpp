@@ -242,9 +242,7 @@ Target RecordBuilder::nextTarget() {
             checks_ == JsonChecks::usual ? level.member->allowed : &anything};
 }
 
-bool isSkipped(const Target& target) {
-    return !target.kind || target.kind->form == JsonForm::ignored || target.kind->form == JsonForm::count;
-}
+bool isSkipped(const Target& target) { return !target.kind; }
 
 bool RecordBuilder::begin(JsonForm form) {
     if (skippedDepth_ > 0) {
@@ -275,7 +273,10 @@ bool RecordBuilder::EndObject(rapidjson::SizeType) {
     if (skippedDepth_ == 0)
         for (const JsonMember& member : levels_.back().kind->members) {
             const auto bit = std::uint64_t{1} << (&member - levels_.back().kind->members.data());
-            if (member.isRequired && (levels_.back().seen & bit) == 0)
+            const bool isMissing = (levels_.back().seen & bit) == 0;
+            if (isMissing && member.setMissing)
+                member.setMissing(levels_.back().place);
+            if (isMissing && member.isRequired)
                 goesOn = add("the key " + inQuotes(member.key) + " is missing", true);
         }
     return end() && goesOn;
@@ -357,6 +358,12 @@ bool RecordBuilder::store(const Target& target, const Scalar& scalar) {
     case JsonForm::flagInNumber:
         isStored = storeFlagInNumber(target, scalar);
         break;
+    case JsonForm::count:
+        isStored = isNumber && wholeNumber<std::int32_t>(scalar.text).has_value();
+        break;
+    case JsonForm::ignored:
+        isStored = scalar.type == Scalar::Type::text;
+        break;
     default:
         break;
     }
@@ -395,6 +402,12 @@ void addSyntaxError(std::string_view text, std::size_t offset, rapidjson::ParseE
         errors.add(place + clauseOf(code));
 }
 
+/// Has the number at the start of `text` taken, after the parser has given it up as too large.
+void takeNumber(RecordBuilder& builder, std::string_view text) {
+    const std::string_view digits = text.substr(0, text.find_first_not_of("+-.0123456789Ee"));
+    (void)builder.RawNumber(digits.data(), static_cast<rapidjson::SizeType>(digits.size()), true);
+}
+
 } // namespace
 
 bool ReadJson(const std::string& text, const JsonKind& kind, void* value, ErrorLines& errors,
@@ -412,7 +425,9 @@ bool ReadJson(const std::string& text, const JsonKind& kind, void* value, ErrorL
     rapidjson::GenericReader<rapidjson::UTF8<>, rapidjson::UTF8<>, CheckedAllocator> reader(&allocator);
     RecordBuilder builder(kind, value, errors, checks);
     const rapidjson::ParseResult result = reader.Parse<flags>(stream, builder);
-    if (result.IsError() && result.Code() != rapidjson::kParseErrorTermination)
+    if (result.Code() == rapidjson::kParseErrorNumberTooBig) // which no value can have
+        takeNumber(builder, std::string_view(text).substr(start + result.Offset()));
+    else if (result.IsError() && result.Code() != rapidjson::kParseErrorTermination)
         addSyntaxError(text, start + result.Offset(), result.Code(), errors);
     else if (!result.IsError() && start + stream.Tell() < text.size()) // at a NUL
         addSyntaxError(text, start + stream.Tell(), rapidjson::kParseErrorDocumentRootNotSingular, errors);
