@@ -59,7 +59,7 @@ public:
     /// What the values of a sign of that name are before any is read.
     DisplayRecord startOf(const std::string& name) const {
         const auto found = numbers_.find(nameKey(name));
-        return import_.merged && found != numbers_.end() ? list_.signs.at(found->second) : DisplayRecord();
+        return import_.merged && found != numbers_.end() ? list_.signs.at(found->second) : SignAsLoaded({});
     }
 
     /// Adds a sign, or puts it in the place of the one with its name. Adds errors if it cannot be taken.
@@ -92,10 +92,10 @@ public:
     SignList takeList() { return std::move(list_); }
 
 private:
-    /// Adds an error for each value that would not be read back from the list, unless it is one that is
-    /// unset.
+    /// Adds an error for each value that would not be read back from the list, unless it is that of
+    /// a new sign, which the file may not have asked for.
     void checkReadBack(const DisplayRecord& sign, const std::string& place) {
-        const DisplayRecord unset;
+        const DisplayRecord unset = SignAsLoaded({});
         const DisplayRecord loaded = SignAsLoaded(sign);
         ForEachRow(kDisplayMembers, [&]<class Row>(const Row& row) {
             if constexpr (!RowOfRecords<Row>)
@@ -221,14 +221,13 @@ std::optional<SignList> SignsOfJson(const std::string& text, const SignsImport& 
     SignCollector signs(import, ".", errors);
     SignList read;
     errors.about(import.fileName);
-    if (!ReadJson(text, read.signs, errors, import.merged ? JsonChecks::typesOnly : checks))
+    // First the names are read, then the values over those that the signs have before.
+    ErrorLines ignored;
+    (void)ReadJson(text, read.signs, ignored, JsonChecks::typesOnly);
+    for (DisplayRecord& sign : read.signs)
+        sign = signs.startOf(sign.DisplayName);
+    if (!ReadJson(text, read.signs, errors, checks))
         return std::nullopt;
-    if (import.merged) { // now the names are known: the values are read over those of the signs
-        for (DisplayRecord& sign : read.signs)
-            sign = signs.startOf(sign.DisplayName);
-        if (!ReadJson(text, read.signs, errors, checks))
-            return std::nullopt;
-    }
     std::size_t index = 0;
     for (DisplayRecord& sign : read.signs) {
         sign.DisplayName = EscapeNumericName(sign.DisplayName);
