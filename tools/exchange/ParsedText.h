@@ -109,6 +109,6 @@ struct rapidjson::StreamTraits<qrtVistrelClasses4::ParsedText> {
 };
 
 template <>
-inline void rapidjson::SkipWhitespace(qrtVistrelClasses4::ParsedText& text) {
-    text.skipBlanks();
+inline void rapidjson::SkipWhitespace(qrtVistrelClasses4::ParsedText& is) {
+    is.skipBlanks();
 }
