@@ -27,13 +27,15 @@ using nlohmann::ordered_json;
 constexpr std::pair<std::string_view, std::string_view> kHelpOfKeys[] = {
     {"file", "The name of the playfile, which is ignored."},
     {"frames", "The frames of the playfile."},
-    {"Lines", "The lines of the frame."},
+    {"Lines", "The lines of the frame. Without it, a frame has one empty line."},
     {"TotalLinesAllowed", "The number of lines, which is ignored: that of Lines counts."},
     {"DisplayType", "The number of the sign type. \"vistrel signs types\" prints the names."},
     {"Schedules", "The brightness schedules, of which missing ones are those of a new record."},
     {"key", "The key of the command, as texts hold it."},
     {"bytes", "What the sign understands: pairs of hexadecimal digits, with blanks between them."},
 };
+constexpr std::string_view kOnlyTypes =
+    "Numbers have the ranges of their types. \"vistrel check\" finds values that no sign knows.";
 constexpr std::string_view kHelpOfSpares = "It has no meaning here, but is kept from file to file.";
 
 bool isLetter(char character) { return AsciiUpper(character) >= 'A' && AsciiUpper(character) <= 'Z'; }
@@ -122,8 +124,10 @@ public:
                        : arraySchema(kind, value);
         case JsonForm::object:
             return objectSchema(kind, value);
+        case JsonForm::count:
+            return {{"type", "integer"}};
         default:
-            return ordered_json::object();
+            return {{"type", "string"}};
         }
     }
 
@@ -187,6 +191,8 @@ std::vector<Schema> Schemas(std::string_view definition) {
                          std::string_view interfaceName, JsonChecks checks = JsonChecks::usual) {
         const PropertyHelp help = PropertyHelpOf(definition, interfaceName);
         ordered_json schema{{"$schema", "https://json-schema.org/draft/2020-12/schema"}, {"title", title}};
+        if (checks == JsonChecks::typesOnly)
+            schema["description"] = kOnlyTypes;
         schema.update(SchemaMaker(help, checks).schemaOf(kind, value, AllowedValuesOf({})));
         schemas.push_back({name + std::string(".schema.json"), schema.dump(2) + "\n"});
     };

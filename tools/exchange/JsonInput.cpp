@@ -1,8 +1,8 @@
 #include "tools/exchange/JsonInput.h"
 
 #include "frame/Conversions.h"
-#include "platform/Hex.h"
 #include "tools/exchange/ParsedText.h"
+#include "tools/program/Encoding.h"
 #include "tools/program/NameDistance.h"
 
 #include <rapidjson/error/en.h>
@@ -50,12 +50,10 @@ struct Scalar {
     bool flag = false;
 };
 
-std::string abridged(std::string_view ansi) {
-    constexpr std::size_t longest = 40;
-    return Utf8FromAnsi(ansi.substr(0, longest)) + (ansi.size() > longest ? "..." : "");
+std::string inQuotes(std::string_view ansi) {
+    constexpr std::size_t plenty = 100; // it is abridged to fewer
+    return "\"" + Abridged(Utf8FromAnsi(ansi.substr(0, plenty))) + "\"";
 }
-
-std::string inQuotes(std::string_view ansi) { return "\"" + abridged(ansi) + "\""; }
 
 std::string describe(const Scalar& scalar) {
     switch (scalar.type) {
@@ -64,7 +62,7 @@ std::string describe(const Scalar& scalar) {
     case Scalar::Type::flag:
         return scalar.flag ? "true" : "false";
     case Scalar::Type::number:
-        return abridged(scalar.text);
+        return Abridged(scalar.text);
     case Scalar::Type::text:
         break;
     }
@@ -74,14 +72,10 @@ std::string describe(const Scalar& scalar) {
 /// Why a text is not in Windows-1252, as it is not.
 std::string whyNotAnsi(const DecodedText& text) {
     if (!text.lacking)
-        return "is not in UTF-8";
-    std::string why = "has the character \"";
-    AppendUtf8(why, *text.lacking);
-    why += "\" (U+";
-    for (const unsigned shift : {16U, 8U, 0U})
-        if (shift < 16 || *text.lacking > 0xffff)
-            AppendHex(why, static_cast<unsigned char>(*text.lacking >> shift));
-    return why + "), which is not in Windows-1252";
+        return std::string(kNotUtf8);
+    std::string character;
+    AppendUtf8(character, *text.lacking);
+    return WhyNotAnsi(character);
 }
 
 /// The whole number of these digits; nothing if it is none, or does not fit. "12.0" and "1e2" are whole.
@@ -255,9 +249,7 @@ Target RecordBuilder::nextTarget() {
             checks_ == JsonChecks::usual ? level.member->allowed : nullptr};
 }
 
-bool isSkipped(const Target& target) {
-    return !target.kind || target.kind->form == JsonForm::ignored || target.kind->form == JsonForm::count;
-}
+bool isSkipped(const Target& target) { return !target.kind; }
 
 bool RecordBuilder::begin(JsonForm form) {
     if (skippedDepth_ > 0) {
@@ -288,7 +280,10 @@ bool RecordBuilder::EndObject(rapidjson::SizeType) {
     if (skippedDepth_ == 0)
         for (const JsonMember& member : levels_.back().kind->members) {
             const auto bit = std::uint64_t{1} << (&member - levels_.back().kind->members.data());
-            if (member.isRequired && (levels_.back().seen & bit) == 0)
+            const bool isMissing = (levels_.back().seen & bit) == 0;
+            if (isMissing && member.setMissing)
+                member.setMissing(levels_.back().place);
+            if (isMissing && member.isRequired)
                 goesOn = add("the key " + inQuotes(member.key) + " is missing", true);
         }
     return end() && goesOn;
@@ -366,6 +361,12 @@ bool RecordBuilder::store(const Target& target, const Scalar& scalar) {
     case JsonForm::flagInNumber:
         isStored = storeFlagInNumber(target, scalar);
         break;
+    case JsonForm::count:
+        isStored = isNumber && wholeNumber<std::int32_t>(scalar.text).has_value();
+        break;
+    case JsonForm::ignored:
+        isStored = scalar.type == Scalar::Type::text;
+        break;
     default:
         break;
     }
@@ -404,13 +405,19 @@ void addSyntaxError(std::string_view text, std::size_t offset, rapidjson::ParseE
         errors.add(place + clauseOf(code));
 }
 
+/// Has the number at the start of `text` taken, after the parser has given it up as too large.
+void takeNumber(RecordBuilder& builder, std::string_view text) {
+    const std::string_view digits = text.substr(0, text.find_first_not_of("+-.0123456789Ee"));
+    (void)builder.RawNumber(digits.data(), static_cast<rapidjson::SizeType>(digits.size()), true);
+}
+
 } // namespace
 
 bool ReadJson(const std::string& text, const JsonKind& kind, void* value, ErrorLines& errors,
               JsonChecks checks) {
     constexpr std::string_view utf8Mark = "\xef\xbb\xbf";
     constexpr unsigned flags = rapidjson::kParseNumbersAsStringsFlag | rapidjson::kParseInsituFlag;
-    if (text.starts_with("\xff\xfe") || text.starts_with("\xfe\xff")) {
+    if (IsUtf16(text)) {
         errors.add("the text is in UTF-16; JSON is in UTF-8");
         return false;
     }
@@ -423,7 +430,9 @@ bool ReadJson(const std::string& text, const JsonKind& kind, void* value, ErrorL
     rapidjson::GenericReader<ParsedEncoding, rapidjson::UTF8<>, CheckedAllocator> reader(&allocator);
     RecordBuilder builder(kind, value, errors, checks, decoded);
     const rapidjson::ParseResult result = reader.Parse<flags>(stream, builder);
-    if (result.IsError() && result.Code() != rapidjson::kParseErrorTermination)
+    if (result.Code() == rapidjson::kParseErrorNumberTooBig) // which no value can have
+        takeNumber(builder, std::string_view(text).substr(result.Offset()));
+    else if (result.IsError() && result.Code() != rapidjson::kParseErrorTermination)
         addSyntaxError(text, result.Offset(), result.Code(), errors);
     else if (!result.IsError() && stream.Tell() < text.size()) // at a NUL
         addSyntaxError(text, stream.Tell(), rapidjson::kParseErrorDocumentRootNotSingular, errors);

@@ -18,6 +18,7 @@ std::string ExpectedOf(const JsonKind& kind, const AllowedValues& allowed) {
     inJson.names = nullptr; // numbers have no names in JSON
     switch (kind.form) {
     case JsonForm::text:
+    case JsonForm::ignored:
         return DescriptionOf(inJson);
     case JsonForm::int16:
         return expectedInteger<std::int16_t>(inJson);
@@ -36,10 +37,8 @@ std::string ExpectedOf(const JsonKind& kind, const AllowedValues& allowed) {
         return kind.orObject ? "an array or an object" : "an array";
     case JsonForm::object:
         return "an object";
-    case JsonForm::ignored:
-        break;
     }
-    return "any value";
+    return {};
 }
 
 } // namespace qrtVistrelClasses4

@@ -21,8 +21,8 @@ enum class JsonForm : std::uint8_t {
     real,         ///< `double`; a number.
     flag,         ///< `bool`; true or false.
     flagInNumber, ///< `std::int16_t`; true for 1, false for 0, and otherwise the number.
-    count,   ///< A number that follows from the rest of the record. It is written, and ignored when read.
-    ignored, ///< Nothing; any value is taken.
+    count,   ///< A number that follows from the rest of the record. It is written; when read, any is taken.
+    ignored, ///< Nothing; any text is taken.
     array,
     object,
 };
@@ -38,6 +38,8 @@ struct JsonMember {
     /// What is allowed for its values; for an array of records, see those.
     const AllowedValues* allowed;
     bool isRequired = false; ///< Otherwise, a record without the key has the default value.
+    /// Gives a record without the key what it has instead of the default value.
+    void (*setMissing)(void* record) = nullptr;
 };
 
 /// How the elements of a list are reached. Indexes start at 0.

@@ -13,6 +13,9 @@ std::int32_t lineCountOf(const void* frame) {
 
 const void* linesOf(const void* frame) { return &static_cast<const FrameRecord*>(frame)->lines; }
 
+/// A new frame has an empty line.
+void addEmptyLine(void* frame) { static_cast<FrameRecord*>(frame)->lines.resize(1); }
+
 /// The value itself, of which something is a member in JSON only.
 const void* wholeRecord(const void* value) { return value; }
 
@@ -24,7 +27,8 @@ void Exchanged<FrameRecord>::addMembers(JsonKind& kind) {
     static const JsonKind count{.form = JsonForm::count, .countIn = &lineCountOf};
     const AllowedValues& anything = AllowedValuesOf({});
     kind.members.push_back({std::string(kLineCountKey), &count, &wholeRecord, &anything});
-    kind.members.push_back({"Lines", &JsonKindOf<OneBasedArray<LineRecord>>::get(), &linesOf, &anything});
+    kind.members.push_back(
+        {"Lines", &JsonKindOf<OneBasedArray<LineRecord>>::get(), &linesOf, &anything, false, &addEmptyLine});
 }
 
 const JsonKind& KindOfPlayfile() {

@@ -130,8 +130,8 @@ private:
 
 void AddEditOptions(CLI::App& command, EditOptions& options, References references) {
     AddInputOptions(command, options.input, "FILES",
-                    "The playfiles, saved in place unless --out names other files; after an error, none is "
-                    "saved")
+                    "The playfiles, saved in place unless --out names other files; none is saved if one "
+                    "cannot be read, edited or replaced")
         ->required();
     AddOutOption(command, options.output, "The files to save");
     AddOutputOptions(command, options.output, ExistingFiles::replaced);

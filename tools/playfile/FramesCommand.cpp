@@ -169,7 +169,9 @@ ExitCode paste(const FramesOptions& options, Session& session) {
     AboutInput(session.errors, options.other);
     auto numbers =
         options.framesOfOther.numbers("FRAMES", opened->playfile.frames.upperBound(), kFrame, session.errors);
-    if (!numbers)
+    if (numbers && numbers->empty())
+        session.errors.add("there is no frame to paste");
+    if (!numbers || numbers->empty())
         return ExitCode::failed;
     const PasteSource source{*std::move(opened), *std::move(numbers)};
     const ExitCode code = EditPlayfiles(options, session, [&](EditedPlayfile& edited, ErrorLines& errors) {
@@ -181,37 +183,46 @@ ExitCode paste(const FramesOptions& options, Session& session) {
     return code;
 }
 
+/// For an edit that is to change only what is typed.
+EditOptions keepingReferences(EditOptions options) {
+    options.saving.keepPaths = true;
+    return options;
+}
+
 ExitCode setProperties(const FramesOptions& options, Session& session) {
     const auto assignments = AssignmentsFrom<FrameRecord>(options.properties, session.errors);
     if (!assignments)
         return ExitCode::wrongUsage;
-    return EditPlayfiles(options, session, [&](EditedPlayfile& edited, ErrorLines& errors) {
-        const auto numbers = options.frames.numbers("FRAMES", edited.frames().upperBound(), kFrame, errors);
-        if (!numbers)
-            return;
-        for (const std::int32_t number : *numbers)
-            edited.change(number, [&](FrameRecord& frame) { assignments->applyTo(frame); });
-        edited.isChanged = !edited.changes().empty();
-        edited.done =
-            (edited.isChanged ? "changed " : "changed nothing in ") + SelectionText(kFrame, *numbers);
-    });
+    return EditPlayfiles(
+        keepingReferences(options), session, [&](EditedPlayfile& edited, ErrorLines& errors) {
+            const auto numbers =
+                options.frames.numbers("FRAMES", edited.frames().upperBound(), kFrame, errors);
+            if (!numbers)
+                return;
+            for (const std::int32_t number : *numbers)
+                edited.change(number, [&](FrameRecord& frame) { assignments->applyTo(frame); });
+            edited.isChanged = !edited.changes().empty();
+            edited.done =
+                (edited.isChanged ? "changed " : "changed nothing in ") + SelectionText(kFrame, *numbers);
+        });
 }
 
 ExitCode addFrame(const FramesOptions& options, Session& session) {
     const auto frame = NewFrameFrom(options.properties, session.errors);
     if (!frame)
         return ExitCode::wrongUsage;
-    return EditPlayfiles(options, session, [&](EditedPlayfile& edited, ErrorLines& errors) {
-        OneBasedArray<FrameRecord>& frames = edited.frames();
-        const bool isUnused = frames.upperBound() == 1 && frames.at(1) == EmptyFrameRecord();
-        if (!isUnused && !IsRoomForFrames(1, edited.playfile(), errors))
-            return;
-        if (!isUnused)
-            frames.resize(frames.upperBound() + 1);
-        frames.at(frames.upperBound()) = *frame;
-        edited.references.resize(static_cast<std::size_t>(frames.upperBound()));
-        edited.done = "added frame " + std::to_string(frames.upperBound());
-    });
+    return EditPlayfiles(
+        keepingReferences(options), session, [&](EditedPlayfile& edited, ErrorLines& errors) {
+            OneBasedArray<FrameRecord>& frames = edited.frames();
+            const bool isUnused = frames.upperBound() == 1 && frames.at(1) == EmptyFrameRecord();
+            if (!isUnused && !IsRoomForFrames(1, edited.playfile(), errors))
+                return;
+            if (!isUnused)
+                frames.resize(frames.upperBound() + 1);
+            frames.at(frames.upperBound()) = *frame;
+            edited.references.resize(static_cast<std::size_t>(frames.upperBound()));
+            edited.done = "added frame " + std::to_string(frames.upperBound());
+        });
 }
 
 template <auto change>

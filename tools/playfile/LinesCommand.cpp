@@ -143,7 +143,7 @@ ExitCode moveLine(const LinesOptions& options, Session& session) {
 void SetUpLinesCommand(CLI::App& lines, Session& session) {
     const auto options = std::make_shared<LinesOptions>();
     lines.require_subcommand(1);
-    AddEditOptions(lines, *options);
+    AddEditOptions(lines, *options, References::kept);
     const auto add = [&](const char* name, auto run, const char* description, const char* example) {
         CLI::App* command = &AddCommand(lines, name, description, example, session, options, run);
         command

@@ -2,6 +2,7 @@
 #include "tools/exchange/JsonInput.h"
 #include "tools/exchange/PlayfileJson.h"
 #include "tools/playfile/Saving.h"
+#include "tools/program/Encoding.h"
 #include "tools/program/Inputs.h"
 #include "tools/program/ValueKinds.h"
 
@@ -16,6 +17,7 @@ namespace {
 struct MakeOptions {
     std::vector<std::string> names;
     OutputOptions output;
+    SavingOptions saving{.answers = {}, .keepPaths = true};
 };
 
 /// The playfile that a text describes. Nothing, after adding all that is wrong with it, if something is.
@@ -26,6 +28,15 @@ std::optional<LoadOutcome> readPlayfile(const std::string& name, ErrorLines& err
     if (!ReadJson(ReadInput(name), KindOfPlayfile(), &made.playfile.frames, errors, JsonChecks::typesOnly))
         return std::nullopt;
     return made;
+}
+
+ExitCode save(const LoadOutcome& made, const std::string& to, const MakeOptions& options, Outputs& outputs,
+              Session& session) {
+    const ExitCode code = SaveNow(made, to, options.saving, outputs, session);
+    if (code == ExitCode::done)
+        outputs.remark(Visible(OutputName(to) + ": made of " + made.playfile.fileName) + "; " +
+                       Counted(made.playfile.frames.upperBound(), "frame"));
+    return code;
 }
 
 ExitCode make(const MakeOptions& options, Session& session) {
@@ -46,10 +57,15 @@ ExitCode make(const MakeOptions& options, Session& session) {
     if (read != ExitCode::done)
         return read;
     Outputs outputs(options.output, ExistingFiles::replaced, session);
+    if (playfiles.size() > 1)
+        outputs.lookAhead();
     ExitCode result = ExitCode::done;
     for (const auto& [to, made] : playfiles)
-        if (SaveOpened(made, to, {.answers = {}, .keepPaths = true}, outputs, session) != ExitCode::done)
+        if (CodeInsteadOfSaving(made, to, outputs, session).value_or(ExitCode::done) != ExitCode::done)
             result = ExitCode::failed;
+    for (const auto& [to, made] : playfiles)
+        if (result == ExitCode::done && !options.output.dryRun)
+            result = save(made, to, options, outputs, session);
     return result;
 }
 
@@ -65,9 +81,10 @@ void SetUpMakeCommand(CLI::App& command, Session& session) {
         ->type_name(kFileValue)
         ->required();
     AddOutOption(command, options->output,
-                 "The playfiles to save; if something is wrong with a file, none is saved")
+                 "The playfiles to save; if something is wrong with a file or its place, none is saved")
         ->required();
     AddOutputOptions(command, options->output, ExistingFiles::replaced);
+    AddBackupOption(command, options->saving);
 }
 
 } // namespace qrtVistrelClasses4

@@ -46,21 +46,22 @@ public:
 
     /// The text after the replacement.
     std::string of(const std::string& text, ReplaceCounts& counts) const {
-        const std::vector<std::size_t> places = search_.placesIn(text);
-        if (places.empty())
-            return text;
-        const std::vector<TextSpan> codes = codesIn(text);
+        std::optional<std::vector<TextSpan>> codes; // most lines have no place
+        const auto isWhole = [&](std::size_t at) {
+            if (!codes)
+                codes = codesIn(text);
+            const bool isCut = std::ranges::any_of(*codes, [&](const TextSpan& code) {
+                return cuts({at, at + search_.size()}, code);
+            });
+            counts.left += isCut ? 1 : 0;
+            return !isCut;
+        };
         std::string result;
         std::size_t copied = 0;
-        for (const std::size_t at : places) {
-            const TextSpan found{at, at + search_.size()};
-            if (std::ranges::any_of(codes, [&](const TextSpan& code) { return cuts(found, code); })) {
-                ++counts.left;
-                continue;
-            }
+        for (const std::size_t at : search_.placesIn(text, isWhole)) {
             ++counts.replaced;
             result.append(text, copied, at - copied).append(replacement_);
-            copied = found.end;
+            copied = at + search_.size();
         }
         return result.append(text, copied);
     }

@@ -55,14 +55,15 @@ bool TextSearch::isPartOfWord(std::string_view text, std::size_t at) const {
     return (at > 0 && IsInWord(text[at - 1])) || (end < text.size() && IsInWord(text[end]));
 }
 
-std::vector<std::size_t> TextSearch::placesIn(const std::string& text) const {
+std::vector<std::size_t> TextSearch::placesIn(const std::string& text,
+                                              const std::function<bool(std::size_t)>& isTaken) const {
     if (wanted_.empty())
         return {0};
     const std::string capitals = ignoresCase_ ? AnsiUpperCase(text) : std::string();
     const std::string_view searched = ignoresCase_ ? capitals : text;
     std::vector<std::size_t> places;
     for (std::size_t at = 0; (at = searched.find(wanted_, at)) != searched.npos;) {
-        if (wholeWords_ && isPartOfWord(text, at)) {
+        if ((wholeWords_ && isPartOfWord(text, at)) || !isTaken(at)) {
             ++at;
             continue;
         }

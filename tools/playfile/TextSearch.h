@@ -5,6 +5,7 @@
 #include "tools/program/ErrorLines.h"
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -31,8 +32,11 @@ public:
                                           ErrorLines& errors);
 
     /// The places in `text`, from left to right, where the sought text begins. What is found at one place
-    /// ends before the next one. An empty text is found once.
-    std::vector<std::size_t> placesIn(const std::string& text) const;
+    /// ends before the next one. An empty text is found once. A place for which `isTaken` is false is none,
+    /// so the next one may begin in it.
+    std::vector<std::size_t> placesIn(
+        const std::string& text,
+        const std::function<bool(std::size_t)>& isTaken = [](std::size_t) { return true; }) const;
     /// The size of the sought text.
     std::size_t size() const { return wanted_.size(); }
 

@@ -37,4 +37,35 @@ std::string Visible(std::string_view utf8) {
     return text;
 }
 
+std::string Abridged(std::string_view utf8) {
+    constexpr std::size_t longest = 40;
+    std::string_view rest = utf8;
+    while (!rest.empty() && utf8.size() - rest.size() < longest)
+        if (!TakeUtf8Character(rest))
+            rest.remove_prefix(1);
+    return std::string(utf8.substr(0, utf8.size() - rest.size())) + (rest.empty() ? "" : "...");
+}
+
+bool IsUtf16(std::string_view text) { return text.starts_with("\xff\xfe") || text.starts_with("\xfe\xff"); }
+
+bool IsUtf8(std::string_view text) {
+    while (!text.empty())
+        if (!TakeUtf8Character(text))
+            return false;
+    return true;
+}
+
+std::string WhyNotAnsi(std::string_view utf8) {
+    if (!IsUtf8(utf8))
+        return std::string(kNotUtf8);
+    while (!utf8.empty()) {
+        const std::string_view before = utf8;
+        (void)TakeUtf8Character(utf8);
+        const std::string_view character = before.substr(0, before.size() - utf8.size());
+        if (!AnsiFromUtf8(character))
+            return "has the character \"" + std::string(character) + "\", which is not in Windows-1252";
+    }
+    return {};
+}
+
 } // namespace qrtVistrelClasses4

@@ -2,6 +2,7 @@
 
 #include "frame/SystemErrors.h"
 #include "platform/InputBytes.h"
+#include "platform/KeptCopies.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
@@ -37,6 +38,12 @@ bool isPlayfile(const std::string& path, InputKind kind) {
     return isOne;
 }
 
+/// Whether `name` is that of a copy of another file of its folder, whose `names` are sorted.
+bool isCopyAmong(const std::vector<std::string>& names, std::string_view name) {
+    const std::string_view original = name.substr(0, name.rfind(kBackupEnding));
+    return IsNameOfCopy(name, original) && std::ranges::binary_search(names, original);
+}
+
 /// Looks through folders for playfiles.
 class FolderSearch {
 public:
@@ -58,7 +65,7 @@ public:
             const EntryKind kind = files_.kindOf(path);
             if (kind == EntryKind::folder && files_.resolveLinks(path) == path)
                 searchIn(path, JoinPath(below, name));
-            else if (kind == EntryKind::file && isPlayfile(path, kind_))
+            else if (kind == EntryKind::file && !isCopyAmong(names, name) && isPlayfile(path, kind_))
                 found_.push_back({path, JoinPath(below, name)});
         }
     }

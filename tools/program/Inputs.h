@@ -38,8 +38,9 @@ struct Input {
 };
 
 /// The files that were typed, and with "--recursive" those in the folders that were typed: playfiles by the
-/// ending of their name or their first line, in the order of their names. Links to folders within folders are
-/// not followed, so there are no circles. Adds an error for each name that leads to nothing.
+/// ending of their name or their first line, in the order of their names, without copies that were
+/// kept of others. Links to folders within folders are not followed, so there are no circles. Adds an error
+/// for each name that leads to nothing.
 std::vector<Input> FindInputs(const InputOptions& options, InputKind kind, ErrorLines& errors);
 
 /// What a file is called in messages.

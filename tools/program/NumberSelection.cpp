@@ -58,6 +58,8 @@ std::optional<std::vector<std::int32_t>> NumberSelection::numbers(const char* ar
                                                                   ErrorLines& errors) const {
     std::vector<bool> isChosen(static_cast<std::size_t>(std::max(last, 0)));
     for (const Range& range : ranges_) {
+        if (last < 1 && range.first == 1 && !range.last)
+            continue; // all of nothing
         const std::int32_t end = range.last.value_or(last);
         if (!IsWithin(argument, range.first, last, thing, errors) ||
             !IsWithin(argument, end, last, thing, errors))
@@ -76,6 +78,8 @@ std::optional<std::vector<std::int32_t>> NumberSelection::numbers(const char* ar
 }
 
 std::string SelectionText(const std::string& thing, const std::vector<std::int32_t>& numbers) {
+    if (numbers.empty())
+        return "no " + thing + "s";
     std::string text = thing + (numbers.size() == 1 ? "" : "s");
     const char* separator = " ";
     for (std::size_t at = 0; at < numbers.size(); ++at) {

@@ -19,8 +19,8 @@ inline constexpr const char* kSelectionHelp = "such as 3, 3-5, \"1,4-\" or all";
 class NumberSelection {
 public:
     /// The chosen numbers up to `last`, each once and rising. Returns nothing if a number is typed that is
-    /// not one from 1 to `last`, after adding an error that calls it by the name of its argument. `thing` is
-    /// what is numbered.
+    /// not one from 1 to `last`, except for "all" of none, after adding an error that calls it by the name of
+    /// its argument. `thing` is what is numbered.
     std::optional<std::vector<std::int32_t>> numbers(const char* argument, std::int32_t last,
                                                      const std::string& thing, ErrorLines& errors) const;
 
@@ -37,7 +37,7 @@ private:
     std::vector<Range> ranges_{Range()}; ///< At first, all numbers.
 };
 
-/// "frame 3", "frames 3 to 5", "frames 1, 4 to 6". The numbers must be rising.
+/// "frame 3", "frames 3 to 5", "frames 1, 4 to 6", "no frames". The numbers must be rising.
 std::string SelectionText(const std::string& thing, const std::vector<std::int32_t>& numbers);
 
 } // namespace qrtVistrelClasses4

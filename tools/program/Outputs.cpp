@@ -27,6 +27,34 @@ std::string faultOf(const std::string& path, SystemError error) {
     return path + ": " + FaultOf(path, ErrorFor(error)).clause();
 }
 
+/// One name for the file that `path` leads to, however it is typed.
+std::string resolvedName(const std::string& path) {
+    FileSystem& files = platform().files();
+    const std::string full = files.fullName(path);
+    if (!full.starts_with('/')) // on Windows, which has resolved "." and ".."
+        return files.resolveLinks(full);
+    std::string resolved;
+    for (std::size_t at = 1, end = 0; at <= full.size(); at = end + 1) {
+        end = std::min(full.find('/', at), full.size());
+        const std::string part = full.substr(at, end - at);
+        if (part == "..")
+            resolved.erase(std::min(resolved.rfind('/'), resolved.size()));
+        else if (!part.empty() && part != ".")
+            resolved = files.resolveLinks(resolved.append("/").append(part));
+    }
+    return resolved;
+}
+
+/// Why `path` cannot be written after `earlier`, which the file system may take for the same file.
+std::string clashOf(const std::string& path, const std::string& earlier) {
+    if (path == earlier)
+        return "an earlier file of this run has the name " + path + ", too";
+    return path +
+           (FoldedName(path) == FoldedName(earlier) ? " differs only in case from "
+                                                    : " is the same file as ") +
+           earlier + ", an earlier file of this run";
+}
+
 } // namespace
 
 void AddOutputOptions(CLI::App& command, OutputOptions& options, ExistingFiles existing) {
@@ -165,10 +193,8 @@ std::string Outputs::refusal(const std::string& path) {
         return platform().console().isTerminal(StandardStream::output)
                    ? "standard output is a terminal; it takes a file or a pipe"
                    : "";
-    if (const auto [earlier, isNew] = names_.emplace(FoldedName(path), path); !isNew)
-        return earlier->second == path
-                   ? "an earlier file of this run has the name " + path + ", too"
-                   : path + " differs only in case from " + earlier->second + ", an earlier file of this run";
+    if (const auto [earlier, isNew] = names_.emplace(FoldedName(resolvedName(path)), path); !isNew)
+        return clashOf(path, earlier->second);
     if (!replaces_ && platform().files().hasEntry(path)) // or a link that leads nowhere
         return path + " exists already; --force replaces it";
     const SystemError error =

@@ -83,7 +83,8 @@ public:
 
     /// Call this before `path` is written. Returns an exit code if it is not to be written: `failed` after
     /// adding the reason, which begins with `notDone`, to the errors; `done` in a dry run, which prints the
-    /// name. No run writes two files whose names differ in case only: elsewhere they would be one file.
+    /// name. No run writes a file twice, or two files whose names differ in case only: elsewhere they would
+    /// be one file.
     std::optional<ExitCode> codeInsteadOf(const std::string& path,
                                           const std::string& notDone = "not written");
 
@@ -108,7 +109,7 @@ private:
     bool replaces_;
     bool makesFolders_ = false;
     bool looksAhead_ = false;
-    std::unordered_map<std::string, std::string> names_; ///< Of this run, by `FoldedName`.
+    std::unordered_map<std::string, std::string> names_; ///< Of this run, by `FoldedName` of the file.
 };
 
 } // namespace qrtVistrelClasses4

@@ -39,6 +39,13 @@ bool TypedIn<bool>::read(const std::string& text) {
     return TextToBoolean(text);
 }
 
+bool HasDoubtfulComma(std::string_view text, bool isWhole) {
+    constexpr std::size_t digitsOfThousands = 3;
+    const std::size_t comma = text.find(',');
+    return comma != text.npos &&
+           (isWhole || WithoutBlanks(text.substr(comma + 1)).size() == digitsOfThousands);
+}
+
 std::optional<std::pair<std::string_view, std::string_view>> SplitAssignment(std::string_view typed,
                                                                              ErrorLines& errors) {
     const std::size_t equals = typed.find('=');
@@ -52,7 +59,7 @@ std::optional<std::pair<std::string_view, std::string_view>> SplitAssignment(std
 std::optional<std::string> AnsiFromTyped(std::string_view typed, ErrorLines& errors) {
     std::optional<std::string> ansi = AnsiFromUtf8(typed);
     if (!ansi) {
-        errors.add("a character of the value is not in Windows-1252");
+        errors.add(WhyNotAnsi(typed));
         return std::nullopt;
     }
     if (std::ranges::any_of(*ansi,

@@ -45,6 +45,10 @@ std::optional<std::string> AnsiFromTyped(std::string_view typed, ErrorLines& err
 /// Whether a text begins with a letter, as no number does.
 bool LooksLikeName(std::string_view text);
 
+/// Whether a number may have been typed with a comma between its thousands, which would be read as a decimal
+/// one. A whole number has neither.
+bool HasDoubtfulComma(std::string_view text, bool isWhole);
+
 /// How a value of a type is read from text, and what an error message calls the type.
 template <class Value>
 struct TypedIn;
@@ -122,6 +126,11 @@ std::optional<Value> ValueFromTyped(const TypedValue& typed, ErrorLines& errors)
     const auto refusal = [&] {
         return "takes " + ExpectedOf<Value>(allowed) + ", not \"" + std::string(typed.text) + "\"";
     };
+    if constexpr (std::is_arithmetic_v<Value> && !std::is_same_v<Value, bool>)
+        if (HasDoubtfulComma(*ansi, std::is_integral_v<Value>)) {
+            errors.add(refusal() + "; a comma does not divide thousands");
+            return std::nullopt;
+        }
     try {
         Value value = TypedIn<Value>::read(*ansi);
         if (typed.isUnchecked || IsAllowed(allowed, *ansi, value))

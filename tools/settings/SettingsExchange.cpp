@@ -11,6 +11,7 @@
 #include "tools/settings/StoredSettings.h"
 #include <qrtVistrelClasses4/PreferencesFile.h>
 
+#include <charconv>
 #include <utility>
 #include <vector>
 
@@ -47,6 +48,16 @@ Preferences asReadBack(const Preferences& preferences, const PreferenceFolders& 
     IniTextFile file;
     (void)WritePreferences(file, preferences); // which cannot fail
     return ReadPreferences(file, folders, {}).values;
+}
+
+/// Where a setting is in JSON.
+template <class Row>
+std::string pathOf(const PlacedPreference<Row>& placed) {
+    if (placed.number.empty())
+        return "$." + placed.name();
+    std::int32_t number = 0;
+    std::from_chars(placed.number.data(), placed.number.data() + placed.number.size(), number);
+    return "$.Schedules[" + std::to_string(number - 1) + "]." + std::string(placed.row.name);
 }
 
 struct SettingsExchangeOptions {
@@ -97,8 +108,8 @@ std::optional<Preferences> SettingsOfJson(const std::string& text, const Setting
     const Preferences readBack = asReadBack(preferences, FindPreferenceFolders());
     const auto compare = [&](const auto& placed, const auto& value, const auto& later) {
         if (value != later)
-            errors.add(placed.name() + ": " + JsonOf(value).dump() + " would be read back as " +
-                       JsonOf(later).dump());
+            errors.add(pathOf(placed) + ": " + Abridged(JsonOf(value).dump()) + " would be read back as " +
+                       Abridged(JsonOf(later).dump()));
     };
     ForEachPreference(compare, preferences, readBack);
     return errors.count() == before ? std::optional(std::move(preferences)) : std::nullopt;

@@ -16,6 +16,8 @@ namespace {
 using SignColumns = std::vector<CsvColumn<DisplayRecord>>;
 
 constexpr std::string_view kNameProperty = kRowOf<kDisplayMembers, &DisplayRecord::DisplayName>.name;
+/// How to get a table that can be read.
+constexpr std::string_view kAsUtf8 = "; save the table as CSV UTF-8";
 constexpr std::int32_t kMostSigns = Exchanged<DisplayRecord>::most;
 
 const SignColumns& signColumns() {
@@ -25,6 +27,10 @@ const SignColumns& signColumns() {
 
 /// A text in Windows-1252. Nothing, after adding the reason, if a list of signs cannot hold it.
 std::optional<std::string> signText(std::string_view utf8, bool isUnchecked, ErrorLines& errors) {
+    if (!IsUtf8(utf8)) {
+        errors.add(std::string("is not in UTF-8").append(kAsUtf8));
+        return std::nullopt;
+    }
     std::optional<std::string> text = AnsiFromUtf8(utf8);
     if (!text || !isUnchecked)
         text = AnsiFromTyped(utf8, errors);
@@ -53,7 +59,7 @@ public:
     /// What the values of a sign of that name are before any is read.
     DisplayRecord startOf(const std::string& name) const {
         const auto found = numbers_.find(nameKey(name));
-        return import_.merged && found != numbers_.end() ? list_.signs.at(found->second) : DisplayRecord();
+        return import_.merged && found != numbers_.end() ? list_.signs.at(found->second) : SignAsLoaded({});
     }
 
     /// Adds a sign, or puts it in the place of the one with its name. Adds errors if it cannot be taken.
@@ -86,10 +92,10 @@ public:
     SignList takeList() { return std::move(list_); }
 
 private:
-    /// Adds an error for each value that would not be read back from the list, unless it is one that is
-    /// unset.
+    /// Adds an error for each value that would not be read back from the list, unless it is that of
+    /// a new sign, which the file may not have asked for.
     void checkReadBack(const DisplayRecord& sign, const std::string& place) {
-        const DisplayRecord unset;
+        const DisplayRecord unset = SignAsLoaded({});
         const DisplayRecord loaded = SignAsLoaded(sign);
         ForEachRow(kDisplayMembers, [&]<class Row>(const Row& row) {
             if constexpr (!RowOfRecords<Row>)
@@ -196,7 +202,9 @@ std::optional<SignList> SignsOfCsv(const std::string& text, const SignsImport& i
     CsvReader reader(text);
     SignCollector signs(import, ", ", errors);
     errors.about(import.fileName);
-    if (reader.next())
+    if (IsUtf16(text))
+        errors.add(std::string("the text is in UTF-16").append(kAsUtf8));
+    else if (reader.next())
         addSigns(reader, columnsIn(reader, import, errors), signs, import, errors);
     else if (!reader.error())
         errors.add("there is no header line");
@@ -213,14 +221,13 @@ std::optional<SignList> SignsOfJson(const std::string& text, const SignsImport& 
     SignCollector signs(import, ".", errors);
     SignList read;
     errors.about(import.fileName);
-    if (!ReadJson(text, read.signs, errors, import.merged ? JsonChecks::typesOnly : checks))
+    // First the names are read, then the values over those that the signs have before.
+    ErrorLines ignored;
+    (void)ReadJson(text, read.signs, ignored, JsonChecks::typesOnly);
+    for (DisplayRecord& sign : read.signs)
+        sign = signs.startOf(sign.DisplayName);
+    if (!ReadJson(text, read.signs, errors, checks))
         return std::nullopt;
-    if (import.merged) { // now the names are known: the values are read over those of the signs
-        for (DisplayRecord& sign : read.signs)
-            sign = signs.startOf(sign.DisplayName);
-        if (!ReadJson(text, read.signs, errors, checks))
-            return std::nullopt;
-    }
     std::size_t index = 0;
     for (DisplayRecord& sign : read.signs) {
         sign.DisplayName = EscapeNumericName(sign.DisplayName);
