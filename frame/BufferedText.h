@@ -38,8 +38,15 @@ public:
         used_ += length;
     }
     void append(std::int32_t number) {
-        char* const place = room(kNumberTextSize);
-        used_ += static_cast<std::size_t>(std::to_chars(place, place + kNumberTextSize, number).ptr - place);
+        appendUpTo(kNumberTextSize,
+                   [=](char* place) { return std::to_chars(place, place + kNumberTextSize, number).ptr; });
+    }
+    /// Appends what `put(place)` writes there, of which it returns the end. It may write over `most` bytes,
+    /// which must not be more than the buffer holds.
+    template <class Put>
+    void appendUpTo(std::size_t most, const Put& put) {
+        char* const place = room(most);
+        used_ += static_cast<std::size_t>(put(place) - place);
     }
     /// Appends the text with each `character` replaced.
     void appendReplacing(std::string_view text, char character, char replacement) {

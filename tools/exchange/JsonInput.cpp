@@ -81,6 +81,8 @@ std::string whyNotAnsi(const DecodedText& text) {
 /// The whole number of these digits; nothing if it is none, or does not fit. "12.0" and "1e2" are whole.
 template <class Integer>
 std::optional<Integer> wholeNumber(std::string_view digits) {
+    if (digits.size() == 1) // as most have
+        return static_cast<Integer>(digits.front() - '0');
     Integer number = 0;
     const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
     if (error == std::errc() && end == digits.data() + digits.size())
@@ -95,16 +97,13 @@ std::optional<Integer> wholeNumber(std::string_view digits) {
     return std::nullopt;
 }
 
-const AllowedValues& anything() {
-    static const AllowedValues& allowed = AllowedValuesOf({});
-    return allowed;
-}
-
 /// Where a value goes. Without a kind, it is skipped.
 struct Target {
     const JsonKind* kind = nullptr;
     void* place = nullptr;
-    const AllowedValues* allowed = nullptr;
+    const AllowedValues* allowed = nullptr; ///< Without it, any value of the type.
+
+    bool allows(const auto& value) const { return !allowed || Allows(*allowed, value); }
 };
 
 /// Takes what the parser finds, and puts it where it belongs.
@@ -112,7 +111,7 @@ class RecordBuilder final : public rapidjson::BaseReaderHandler<rapidjson::UTF8<
 public:
     RecordBuilder(const JsonKind& kind, void* value, ErrorLines& errors, JsonChecks checks,
                   const DecodedText& decoded)
-        : root_{&kind, value, &anything()}, errors_(errors), checks_(checks), decoded_(decoded) {}
+        : root_{&kind, value}, errors_(errors), checks_(checks), decoded_(decoded) {}
 
     // The parser's calls. A call that returns false ends the parsing.
     bool Null() { return take({Scalar::Type::null}); }
@@ -185,7 +184,8 @@ bool RecordBuilder::add(const std::string& text, bool isAboutObject) {
 }
 
 bool RecordBuilder::refuse(const Target& target, const std::string& given) {
-    return add("takes " + ExpectedOf(*target.kind, *target.allowed) + ", not " + given);
+    return add("takes " + ExpectedOf(*target.kind, target.allowed ? *target.allowed : AllowedValues()) +
+               ", not " + given);
 }
 
 const JsonMember* RecordBuilder::memberOf(Level& object, std::string_view key) {
@@ -233,7 +233,7 @@ Target RecordBuilder::nextElement(Level& list) {
         return {};
     }
     ++elements_;
-    return {elements.kind, elements.make(list.place, index), &anything()};
+    return {elements.kind, elements.make(list.place, index)};
 }
 
 Target RecordBuilder::nextTarget() {
@@ -246,7 +246,7 @@ Target RecordBuilder::nextTarget() {
         return {};
     // The record is not constant: it is part of the value that is being read.
     return {level.member->kind, const_cast<void*>(level.member->valueIn(level.place)),
-            checks_ == JsonChecks::usual ? level.member->allowed : &anything()};
+            checks_ == JsonChecks::usual ? level.member->allowed : nullptr};
 }
 
 bool isSkipped(const Target& target) { return !target.kind; }
@@ -307,13 +307,13 @@ bool RecordBuilder::storeText(const Target& target, std::string_view text) {
     if (present == text)
         return true;
     present = text;
-    return Allows(*target.allowed, present) || refuse(target, inQuotes(text));
+    return target.allows(present) || refuse(target, inQuotes(text));
 }
 
 template <class Number>
 bool RecordBuilder::storeNumber(const Target& target, std::optional<Number> number) {
     auto& present = *static_cast<Number*>(target.place);
-    if (!number || (*number != present && !Allows(*target.allowed, *number)))
+    if (!number || (*number != present && !target.allows(*number)))
         return false; // what a record has already, or a new one has, is always taken
     present = *number;
     return true;

@@ -140,16 +140,17 @@ void JsonOutput::putKey(std::string_view key) {
 void JsonOutput::putAnsi(std::string_view ansi) {
     constexpr std::size_t pieceSize = 256;
     static const std::array<Spelling, 256> spellings = makeSpellings();
-    std::array<char, pieceSize * sizeof(Spelling::text)> spelt;
     text_.appendLiteral("\"");
     for (; !ansi.empty(); ansi.remove_prefix(std::min(pieceSize, ansi.size()))) {
-        char* end = spelt.data();
-        for (const char code : ansi.substr(0, pieceSize)) {
-            const Spelling& spelling = spellings[static_cast<unsigned char>(code)];
-            std::memcpy(end, spelling.text.data(), spelling.text.size()); // a fixed size is faster
-            end += spelling.size;
-        }
-        text_.append({spelt.data(), static_cast<std::size_t>(end - spelt.data())});
+        const std::string_view piece = ansi.substr(0, pieceSize);
+        text_.appendUpTo(piece.size() * sizeof(Spelling::text), [&](char* end) {
+            for (const char code : piece) {
+                const Spelling& spelling = spellings[static_cast<unsigned char>(code)];
+                std::memcpy(end, spelling.text.data(), spelling.text.size()); // a fixed size is faster
+                end += spelling.size;
+            }
+            return end;
+        });
     }
     text_.appendLiteral("\"");
 }

@@ -5,7 +5,9 @@
 
 #include <rapidjson/reader.h>
 
+#include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <optional>
@@ -16,8 +18,10 @@ namespace qrtVistrelClasses4 {
 
 /// The last text in quotes that was parsed.
 struct DecodedText {
+    static constexpr std::size_t kSpare = 8; ///< As many characters may be written after the last one.
+
     explicit DecodedText(std::size_t mostCharacters)
-        : characters(std::make_unique_for_overwrite<char[]>(mostCharacters)) {}
+        : characters(std::make_unique_for_overwrite<char[]>(mostCharacters + kSpare)) {}
 
     /// In Windows-1252, with "?" for each character that it lacks.
     std::string_view text(std::size_t size) const { return {characters.get(), size}; }
@@ -53,12 +57,16 @@ public:
     }
     std::size_t Tell() const { return static_cast<std::size_t>(next_ - start_); }
     /// Takes a byte of a text in quotes, which the parser has just taken from this text, or the character of
-    /// a short escape.
+    /// a short escape, and then the plain characters that follow in this text. The NUL that the parser puts
+    /// at the end of a text is not one of its bytes.
     void Put(char byte) {
+        if (byte == '\0')
+            return;
         if (static_cast<unsigned char>(byte) < 0x80)
             *decodedEnd_++ = byte;
         else if (next_ > characterEnd_)
             putCharacterBefore();
+        putPlainCharacters();
     }
     void putCharacter(char32_t character) {
         const std::optional<char> code = AnsiFromCharacter(character);
@@ -73,8 +81,9 @@ public:
         decoded_->isUtf8 = true;
         return const_cast<char*>(next_);
     }
+    /// The size with the NUL.
     std::size_t PutEnd(char* /*begin*/) {
-        return static_cast<std::size_t>(decodedEnd_ - decoded_->characters.get());
+        return static_cast<std::size_t>(decodedEnd_ - decoded_->characters.get()) + 1;
     }
 
 private:
@@ -86,6 +95,35 @@ private:
         else
             decoded_->isUtf8 = false;
         characterEnd_ = rest.data();
+    }
+
+    /// Takes what is in ASCII and neither a quote nor an escape, eight characters at a time.
+    void putPlainCharacters() {
+        while (static_cast<std::size_t>(end_ - next_) >= DecodedText::kSpare) {
+            std::uint64_t characters = 0;
+            std::memcpy(&characters, next_, sizeof characters);
+            std::memcpy(decodedEnd_, next_, sizeof characters);
+            const std::size_t count = plainCharactersIn(characters);
+            next_ += count;
+            decodedEnd_ += count;
+            if (count < sizeof characters)
+                return;
+        }
+    }
+    /// Their number before the first other one. The highest bit of each byte is worked out at once: a
+    /// difference sets it in the first byte that is too small, and perhaps in later ones.
+    static std::size_t plainCharactersIn(std::uint64_t characters) {
+        if constexpr (std::endian::native != std::endian::little)
+            return 0;
+        constexpr std::uint64_t ones = 0x0101010101010101, highest = ones * 0x80;
+        const auto haveLess = [&](std::uint64_t bytes, unsigned char limit) {
+            return (bytes - ones * limit) & ~bytes;
+        };
+        const std::uint64_t others =
+            (characters | haveLess(characters, ' ') | haveLess(characters ^ (ones * '"'), 1) |
+             haveLess(characters ^ (ones * '\\'), 1)) &
+            highest;
+        return static_cast<std::size_t>(std::countr_zero(others)) / 8;
     }
 
     const char* start_;
