@@ -33,7 +33,7 @@ constexpr char kBackslash = '\\';
 
 /// Two texts that differ are shown differently. Characters that cannot be seen are shown by their numbers,
 /// and a text that looks like that gets two backslashes for one.
-std::string shown(const std::string& ansi) {
+std::string unmistakable(const std::string& ansi) {
     std::string visible = VisibleAnsi(ansi);
     if (ansi.find("\\x") == ansi.npos && visible == Utf8FromAnsi(ansi))
         return visible;
@@ -43,7 +43,7 @@ std::string shown(const std::string& ansi) {
     return text;
 }
 
-std::string quoted(const std::string& ansi) { return '"' + shown(ansi) + '"'; }
+std::string quoted(const std::string& ansi) { return '"' + unmistakable(ansi) + '"'; }
 
 /// What frames and lines are called.
 template <class Record>
@@ -107,12 +107,12 @@ std::string changedText(std::ostream& out, const std::string& before, const std:
     std::string text;
     for (const TextPart& part : parts)
         if (part.before == part.after) {
-            text += shown(part.before);
+            text += unmistakable(part.before);
         } else {
             if (!part.before.empty())
-                text += inColor(out, kColorOfRemoved, "[-" + shown(part.before) + "-]");
+                text += inColor(out, kColorOfRemoved, "[-" + unmistakable(part.before) + "-]");
             if (!part.after.empty())
-                text += inColor(out, kColorOfAdded, "{+" + shown(part.after) + "+}");
+                text += inColor(out, kColorOfAdded, "{+" + unmistakable(part.after) + "+}");
         }
     return '"' + text + '"';
 }
