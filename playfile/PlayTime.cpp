@@ -52,14 +52,14 @@ public:
 
 private:
     TimeRange timeOf(EffectMotion motion) const {
-        switch (motion) {
-        case EffectMotion::across:
+        switch (SpanOf(motion)) {
+        case EffectSpan::across:
             return travelling(notNegative(circumstances_.sign.width), timing_.of(Timing::EffectSpeed));
-        case EffectMotion::down:
+        case EffectSpan::down:
             return travelling(notNegative(circumstances_.sign.height), timing_.of(Timing::EffectSpeed));
-        case EffectMotion::fade:
+        case EffectSpan::fade:
             return lasting(timing_.of(Timing::FadeTime));
-        case EffectMotion::twinkle:
+        case EffectSpan::twinkle:
             return lasting(timing_.of(Timing::TwinkleTime));
         default:
             return {};

@@ -64,8 +64,8 @@ bool isSeenWithoutDelay(const OneBasedArray<FrameRecord>& frames, std::int32_t n
             return line.Scrolling && !line.CurrentLineText.empty();
         });
     return KindOf(frame) == NEW_FRAME_TYPES::FRAME_CMD ||
-           PrefixMotion(frame.PrefixCode) != EffectMotion::none ||
-           SuffixMotion(frame.SuffixCode) != EffectMotion::none || mayBeAnimation || scrolls ||
+           SpanOf(PrefixMotion(frame.PrefixCode)) != EffectSpan::none ||
+           SpanOf(SuffixMotion(frame.SuffixCode)) != EffectSpan::none || mayBeAnimation || scrolls ||
            isDrawnOver(frames, number);
 }
 
