@@ -15,6 +15,11 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
+// Signs that are made up for a playfile.
+constexpr DotSize kSmallestSign{48, 16};
+constexpr DotSize kLargestSign{512, 128};
+constexpr std::int32_t kDotsOfModule = 8; ///< Signs consist of square modules.
+
 constexpr std::int32_t kLabelMargin = 4; ///< Dots between a label and the outside of its box.
 
 /// Letters start one dot right of where they are drawn.
@@ -25,6 +30,14 @@ std::string mediumOf(const FrameRecord& frame) {
     if (KindOf(frame) == NEW_FRAME_TYPES::FRAME_CMD)
         return frame.commandfile;
     return HasPicture(frame) ? frame.PicturefileName : std::string();
+}
+
+DotSize larger(DotSize one, DotSize other) {
+    return {std::max(one.width, other.width), std::max(one.height, other.height)};
+}
+
+std::int32_t wholeModules(std::int32_t dots) {
+    return (dots + kDotsOfModule - 1) / kDotsOfModule * kDotsOfModule;
 }
 
 /// Width of a text in dots, at most that of the largest sign.
@@ -68,9 +81,17 @@ bool canBeLowered(const Font& font, std::string_view text) {
 
 } // namespace
 
+DotSize FrameDrawing::sizeFor(const OneBasedArray<FrameRecord>& frames) {
+    DotSize size = kSmallestSign;
+    for (const FrameRecord& frame : frames)
+        size = larger(size, sizeOf(frame));
+    return {std::min(wholeModules(size.width), kLargestSign.width),
+            std::min(wholeModules(size.height), kLargestSign.height)};
+}
+
 DotSize FrameDrawing::sizeOf(const FrameRecord& frame) {
     const DotSize medium = sizeOfMedium(mediumOf(frame));
-    const DotSize size = HasText(frame) ? Larger(medium, sizeOfLines(frame)) : medium;
+    const DotSize size = HasText(frame) ? larger(medium, sizeOfLines(frame)) : medium;
     collectFaults();
     return size;
 }
@@ -149,7 +170,7 @@ DotSize FrameDrawing::sizeOfLines(const FrameRecord& frame) {
         const LineRecord& line = placed.line;
         const std::int32_t width = line.Scrolling ? 0 : widthOnSign(*placed.font, lines_.textOf(line));
         if (!line.CurrentLineText.empty() || line.Inverse)
-            size = Larger(size, {width + kDotsBeforeText, placed.bottom()});
+            size = larger(size, {width + kDotsBeforeText, placed.bottom()});
     });
     return size;
 }

@@ -8,7 +8,6 @@
 #include <qrtVistrelClasses4/PreviewFault.h>
 #include <qrtVistrelClasses4/SignLook.h>
 
-#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <string>
@@ -17,13 +16,6 @@
 #include <vector>
 
 namespace qrtVistrelClasses4 {
-
-/// The largest sign that is made up for a playfile.
-inline constexpr DotSize kLargestSign{512, 128};
-
-inline DotSize Larger(DotSize one, DotSize other) {
-    return {std::max(one.width, other.width), std::max(one.height, other.height)};
-}
 
 /// A line of a frame with all that is needed to draw it.
 struct LineOnSign {
@@ -45,8 +37,8 @@ public:
     /// What clocks and dates show from now on.
     void setMoment(std::chrono::local_seconds moment) { lines_.setMoment(moment); }
 
-    /// The size that a sign needs for the frame, at most that of the largest sign for a text.
-    DotSize sizeOf(const FrameRecord& frame);
+    /// See `FramePainter::sizeFor`.
+    DotSize sizeFor(const OneBasedArray<FrameRecord>& frames);
 
     /// Draws a frame as a still picture, with lines that scroll from their start, and notes its faults.
     void draw(std::int32_t number, const FrameRecord& frame, PixelBuffer& dots);
@@ -67,6 +59,7 @@ public:
     void drawLetters(const LineOnSign& line, std::int64_t left, PixelBuffer& dots) const;
 
 private:
+    DotSize sizeOf(const FrameRecord& frame);
     DotSize sizeOfLines(const FrameRecord& frame);
     DotSize sizeOfMedium(const std::string& path);
     void drawBox(std::string_view label, PixelBuffer& dots) const;

@@ -2,18 +2,10 @@
 
 #include "preview/FrameDrawing.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
 namespace {
-
-constexpr DotSize kSmallestSign{48, 16};  ///< That is made up for a playfile.
-constexpr std::int32_t kDotsOfModule = 8; ///< Signs consist of square modules.
-
-std::int32_t wholeModules(std::int32_t dots) {
-    return (dots + kDotsOfModule - 1) / kDotsOfModule * kDotsOfModule;
-}
 
 PreviewFault::What shownAs(FontFault::What fault) {
     switch (fault) {
@@ -58,13 +50,7 @@ FramePainter::~FramePainter() = default;
 FramePainter::FramePainter(FramePainter&&) noexcept = default;
 FramePainter& FramePainter::operator=(FramePainter&&) noexcept = default;
 
-DotSize FramePainter::sizeFor(const OneBasedArray<FrameRecord>& frames) {
-    DotSize size = kSmallestSign;
-    for (const FrameRecord& frame : frames)
-        size = Larger(size, drawing_->sizeOf(frame));
-    return {std::min(wholeModules(size.width), kLargestSign.width),
-            std::min(wholeModules(size.height), kLargestSign.height)};
-}
+DotSize FramePainter::sizeFor(const OneBasedArray<FrameRecord>& frames) { return drawing_->sizeFor(frames); }
 
 void FramePainter::draw(const OneBasedArray<FrameRecord>& frames, std::int32_t first, std::int32_t last,
                         DotSize size, const OnFrame& onFrame) {
