@@ -38,8 +38,8 @@ bool measure() {
          {PlayfileSubject(folder), ReferencesSubject(folder), ValidationSubject(folder), WalkSubject(folder),
           XmlSubject(folder), JsonSubject(folder), EditSubject(folder), RepeatedEditSubject(),
           HistorySubject(folder), DisplaysSubject(folder), CommandsSubject(folder), LegacySubject(folder),
-          PlayTimeSubject(folder), FontsSubject(folder), PreviewSubject(folder), SettingsSubject(folder),
-          TraceSubject(), ProgramSubject(folder)})
+          PlayTimeSubject(folder), FontsSubject(folder), PreviewSubject(folder), FilmSubject(folder),
+          SettingsSubject(folder), TraceSubject(), ProgramSubject(folder)})
         ratios.insert(ratios.end(), subject.begin(), subject.end());
     MedianReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);

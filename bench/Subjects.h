@@ -40,6 +40,8 @@ std::vector<Ratio> FontsSubject(const BenchFolder& folder);
 std::vector<Ratio> SettingsSubject(const BenchFolder& folder);
 /// Drawing all frames of a playfile into one picture. The library's home must be the folder.
 std::vector<Ratio> PreviewSubject(const BenchFolder& folder);
+/// Playing a film. The library's home must be the folder.
+std::vector<Ratio> FilmSubject(const BenchFolder& folder);
 /// Starting the program, and the memory that it needs.
 std::vector<Ratio> ProgramSubject(const BenchFolder& folder);
 /// Properties with and without the call trace.

@@ -89,4 +89,20 @@ std::string FormatDate(std::string_view pattern, const LocalTime& time, const Ca
     return DateWriter(pattern, time, names).write();
 }
 
+LocalTime LocalTimeOf(std::chrono::local_seconds moment) {
+    using namespace std::chrono;
+    moment = std::clamp<local_seconds>(moment, local_days(0y / January / 1),
+                                       local_days(10000y / January / 1) - seconds(1));
+    const local_days day = floor<days>(moment);
+    const year_month_day date(day);
+    const hh_mm_ss time(moment - day);
+    return {.year = static_cast<int>(date.year()),
+            .month = static_cast<int>(static_cast<unsigned>(date.month())),
+            .day = static_cast<int>(static_cast<unsigned>(date.day())),
+            .hour = static_cast<int>(time.hours().count()),
+            .minute = static_cast<int>(time.minutes().count()),
+            .second = static_cast<int>(time.seconds().count()),
+            .weekday = static_cast<int>(weekday(day).c_encoding())};
+}
+
 } // namespace qrtVistrelClasses4

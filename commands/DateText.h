@@ -3,6 +3,7 @@
 
 #include "platform/Platform.h"
 
+#include <chrono>
 #include <string>
 #include <string_view>
 
@@ -12,5 +13,8 @@ namespace qrtVistrelClasses4 {
 /// user's names, and "/" and ":", which become the user's separators. "mm" after an hour is minutes. With
 /// "AMPM" hours run from 1 to 12. Other characters are copied.
 std::string FormatDate(std::string_view pattern, const LocalTime& time, const CalendarNames& names);
+
+/// The date and the time of a moment in any time zone. Years are at most 9999.
+LocalTime LocalTimeOf(std::chrono::local_seconds moment);
 
 } // namespace qrtVistrelClasses4

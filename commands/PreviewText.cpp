@@ -62,16 +62,22 @@ std::string without(std::string text, std::string_view part) {
     return text;
 }
 
-std::string show(const CommandPreview& preview, std::int16_t hourOffset) {
-    const LocalTime now = platform().localTime();
+/// When a code is shown: so many hours from the moment, or from now.
+struct ShownWhen {
+    std::int16_t hourOffset;
+    std::optional<LocalTime> moment = {};
+};
+
+std::string show(const CommandPreview& preview, const ShownWhen& when) {
+    const LocalTime now = when.moment ? *when.moment : platform().localTime();
     const auto format = [&](const LocalTime& time) {
         return FormatDate(preview.pattern, time, platform().calendarNames());
     };
     switch (preview.kind) {
     case CommandPreview::clock:
-        return without(without(format(shifted(now, hourOffset)), "AM"), "PM");
+        return without(without(format(shifted(now, when.hourOffset)), "AM"), "PM");
     case CommandPreview::militaryClock: {
-        const std::string time = format(shifted(now, hourOffset));
+        const std::string time = format(shifted(now, when.hourOffset));
         return time.size() == 3 ? "0" + time : time;
     }
     case CommandPreview::date:
@@ -103,18 +109,24 @@ const CommandPreview* findPreview(const std::string& decimal) {
     return found == std::end(kCommandPreviews) ? nullptr : found;
 }
 
-std::string previewCommand(const std::string& code, const std::string& bytes, std::int16_t hourOffset) {
+/// Whether these are the bytes of a clock or a date.
+bool isTime(const std::string& bytes) {
+    const CommandPreview* const preview = findPreview(decimalForm(bytes));
+    return preview && preview->kind != CommandPreview::text;
+}
+
+std::string previewCommand(const std::string& code, const std::string& bytes, const ShownWhen& when) {
     std::string decimal = decimalForm(bytes);
     if (decimal == code)
         decimal.clear();
     if (const CommandPreview* const preview = findPreview(decimal))
-        return show(*preview, hourOffset);
+        return show(*preview, when);
     return decimal.empty() ? code : decimal;
 }
 
 /// `bytesOf` gives the byte string of a command.
 template <class BytesOf>
-std::string previewCode(const std::string& code, std::int16_t hourOffset, BytesOf bytesOf) {
+std::string previewCode(const std::string& code, const ShownWhen& when, BytesOf bytesOf) {
     return traced(
         VariableFunction("PreviewCommandText"),
         [&] {
@@ -122,15 +134,15 @@ std::string previewCode(const std::string& code, std::int16_t hourOffset, BytesO
                 return code;
             if (code.starts_with(kVariableCode.letters))
                 return ReadSetting(std::string(kVistrel3), "Variables", code, "");
-            return previewCommand(code, bytesOf(code), hourOffset);
+            return previewCommand(code, bytesOf(code), when);
         },
-        Arg{"Code", code}, Arg{"HourOffset", hourOffset});
+        Arg{"Code", code}, Arg{"HourOffset", when.hourOffset});
 }
 
 } // namespace
 
 std::string PreviewCommandText(const std::string& Code, std::int16_t HourOffset) {
-    return previewCode(Code, HourOffset,
+    return previewCode(Code, {HourOffset},
                        [](const std::string& key) { return clsCommandInterface().sCommandBytesByKey(key); });
 }
 
@@ -142,19 +154,31 @@ std::string PreviewText(std::string_view text, std::int16_t hourOffset) {
 TextPreviews::TextPreviews(CommandTable commands, std::int16_t hourOffset)
     : commands_(std::move(commands)), codes_(KeysOf(commands_)), hourOffset_(hourOffset) {}
 
+void TextPreviews::setMoment(std::chrono::local_seconds moment) {
+    moment_ = LocalTimeOf(moment);
+    std::erase_if(known_, [](const auto& entry) { return entry.second.isTime; });
+}
+
+bool TextPreviews::showsTime(std::string_view text) {
+    bool found = false;
+    codesAndPiecesOf(text, [&](std::string_view, bool isTime) { found = found || isTime; });
+    return found;
+}
+
 std::string TextPreviews::of(std::string_view text) {
     std::string result;
     piecesOf(text, [&](std::string_view piece) { result += piece; });
     return result;
 }
 
-const std::string& TextPreviews::previewOf(std::string_view code) {
+const TextPreviews::Preview& TextPreviews::previewOf(std::string_view code) {
     if (const auto known = known_.find(code); known != known_.end())
         return known->second;
     const std::string key(code);
     std::string preview =
-        previewCode(key, hourOffset_, [&](const auto& it) { return commands_.bytesOf(it); });
-    return known_.emplace(key, preview.substr(0, kLongestPreview)).first->second;
+        previewCode(key, {hourOffset_, moment_}, [&](const auto& it) { return commands_.bytesOf(it); });
+    return known_.emplace(key, Preview{preview.substr(0, kLongestPreview), isTime(commands_.bytesOf(key))})
+        .first->second;
 }
 
 } // namespace qrtVistrelClasses4

@@ -2,13 +2,16 @@
 #pragma once
 
 #include "commands/TextCodes.h"
+#include "platform/Platform.h"
 #include <qrtVistrelClasses4/CommandTable.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -36,29 +39,46 @@ public:
     TextPreviews(CommandTable commands, std::int16_t hourOffset);
     TextPreviews(const TextPreviews&) = delete; // codes are keys of these commands
     TextPreviews& operator=(const TextPreviews&) = delete;
+    /// Clocks and dates show this moment from now on, instead of that at which their codes are first met.
+    void setMoment(std::chrono::local_seconds moment);
     std::string of(std::string_view text);
+    /// Whether the text shows a clock or a date.
+    bool showsTime(std::string_view text);
     /// Calls `show(piece)` for the pieces of that text, from its start, without putting them together.
     template <class Show>
     void piecesOf(std::string_view text, Show show) {
+        codesAndPiecesOf(text, [&](std::string_view piece, bool) { show(piece); });
+    }
+
+private:
+    struct Preview {
+        std::string text;
+        bool isTime; ///< Whether it is a clock or a date.
+    };
+
+    /// The same; `show` also gets whether the piece is a clock or a date.
+    template <class Show>
+    void codesAndPiecesOf(std::string_view text, Show show) {
         text = text.substr(0, kLongestPreview);
         std::size_t left = kLongestPreview;
         while (!text.empty() && left > 0) {
             const std::size_t code = codes_.sizeAtStart(text);
             const std::size_t size = code > 0 ? code : codes_.nextStart(text, 1);
-            const std::string_view piece = code > 0 ? previewOf(text.substr(0, code)) : text.substr(0, size);
-            show(piece.substr(0, left));
+            const Preview* const preview = code > 0 ? &previewOf(text.substr(0, code)) : nullptr;
+            const std::string_view piece = preview ? std::string_view(preview->text) : text.substr(0, size);
+            show(piece.substr(0, left), preview && preview->isTime);
             left -= std::min(left, piece.size());
             text.remove_prefix(size);
         }
     }
 
-private:
-    const std::string& previewOf(std::string_view code);
+    const Preview& previewOf(std::string_view code);
 
     CommandTable commands_;
     TextCodes codes_;
     std::int16_t hourOffset_;
-    std::map<std::string, std::string, std::less<>> known_; ///< By code.
+    std::optional<LocalTime> moment_;
+    std::map<std::string, Preview, std::less<>> known_; ///< By code.
 };
 
 } // namespace qrtVistrelClasses4

@@ -133,6 +133,31 @@ std::vector<std::int16_t> NamedEffectCodes() {
     return {codes.begin(), codes.end()};
 }
 
+EffectSpan SpanOf(EffectMotion motion) {
+    using enum EffectMotion;
+    switch (motion) {
+    case none:
+    case jump:
+        return EffectSpan::none;
+    case scrollDown:
+    case scrollUp:
+    case lineDrop:
+    case drop:
+    case jaws:
+    case venetianBlinds:
+    case scanDown:
+    case barrelDown:
+        return EffectSpan::down;
+    case fade:
+    case pulse:
+        return EffectSpan::fade;
+    case twinkle:
+        return EffectSpan::twinkle;
+    default:
+        return EffectSpan::across;
+    }
+}
+
 EffectMotion PrefixMotion(std::int16_t code) { return motionOf(code, kPrefixes); }
 EffectMotion SuffixMotion(std::int16_t code) { return motionOf(code, kSuffixes); }
 

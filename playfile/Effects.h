@@ -38,12 +38,44 @@ inline constexpr std::string_view kEndLoopText = "End Loop";
 
 /// How the dots of a frame appear on the sign, or disappear from it.
 enum class EffectMotion : std::uint8_t {
-    none,   ///< All at once.
+    none, ///< They change when the next frame appears.
+    jump, ///< All at once.
+    scrollRight,
+    scrollLeft,
+    scrollDown,
+    scrollUp,
+    twinkle,
+    reveal,
+    fade,
+    lineDrop,
+    wipe,
+    checkerBoard,
+    drop,
+    open,
+    jaws,
+    scanAcross,
+    paint,
+    shoot,
+    venetianBlinds,
+    verticalBlinds,
+    scanDown,
+    pulse,
+    marqueeBorder,
+    lineWipe,
+    border,
+    barrelDown,
+    barrelAcross,
+};
+
+/// What the time that an effect takes depends on.
+enum class EffectSpan : std::uint8_t {
+    none,   ///< It takes no time.
     across, ///< Something moves over the sign's width.
     down,   ///< Something moves over the sign's height.
     fade,
     twinkle,
 };
+EffectSpan SpanOf(EffectMotion motion);
 
 /// An effect that every list offers.
 struct FixedEffect {
@@ -57,16 +89,16 @@ struct FixedEffect {
 /// In the order of the lists. Revealing has a different number on each side.
 inline constexpr std::array kFixedEffects{
     FixedEffect{0, "No Effects", 0, "No Effects", EffectMotion::none},
-    FixedEffect{5001, "Scroll Left to Right", 5001, "Scroll Left to Right", EffectMotion::across},
-    FixedEffect{5000, "Scroll Right to Left", 5000, "Scroll Right to Left", EffectMotion::across},
-    FixedEffect{5003, "Scroll Top to Bottom", 5003, "Scroll Top to Bottom", EffectMotion::down},
-    FixedEffect{5002, "Scroll Bottom to Top", 5002, "Scroll Bottom to Top", EffectMotion::down},
+    FixedEffect{5001, "Scroll Left to Right", 5001, "Scroll Left to Right", EffectMotion::scrollRight},
+    FixedEffect{5000, "Scroll Right to Left", 5000, "Scroll Right to Left", EffectMotion::scrollLeft},
+    FixedEffect{5003, "Scroll Top to Bottom", 5003, "Scroll Top to Bottom", EffectMotion::scrollDown},
+    FixedEffect{5002, "Scroll Bottom to Top", 5002, "Scroll Bottom to Top", EffectMotion::scrollUp},
     FixedEffect{12005, "Twinkle On", 12005, "Twinkle Off", EffectMotion::twinkle},
-    FixedEffect{kRevealOn, "Reveal from Middle", kRevealOff, "Reveal to Middle", EffectMotion::across},
+    FixedEffect{kRevealOn, "Reveal from Middle", kRevealOff, "Reveal to Middle", EffectMotion::reveal},
     FixedEffect{11006, "Fade In", 11006, "Fade Out", EffectMotion::fade},
-    FixedEffect{10000, "Horizontal Line Drop", 10000, "Horizontal Line Drop", EffectMotion::down},
-    FixedEffect{kWipe, "Wipe On", kWipe, "Wipe Off", EffectMotion::across},
-    FixedEffect{1000, "Jump On", 1000, "Jump Off", EffectMotion::none},
+    FixedEffect{10000, "Horizontal Line Drop", 10000, "Horizontal Line Drop", EffectMotion::lineDrop},
+    FixedEffect{kWipe, "Wipe On", kWipe, "Wipe Off", EffectMotion::wipe},
+    FixedEffect{1000, "Jump On", 1000, "Jump Off", EffectMotion::jump},
 };
 
 /// An effect that a list offers unless "NewEffects.ini" switches it off.
@@ -86,34 +118,34 @@ struct OptionalEffect {
 /// the border's list text lacks "On", and the border is not offered as a suffix.
 inline constexpr std::array kOptionalEffects{
     OptionalEffect{"CHECKER", 114, "Checker Board", "Checker Board On", "Checker Board", "Checker Board On",
-                   "Checker Board Off", EffectMotion::across},
-    OptionalEffect{"DROP", 115, "Drop", "Drop On", "Drop Off", "Drop On", "Drop Off", EffectMotion::down},
+                   "Checker Board Off", EffectMotion::checkerBoard},
+    OptionalEffect{"DROP", 115, "Drop", "Drop On", "Drop Off", "Drop On", "Drop Off", EffectMotion::drop},
     OptionalEffect{"OPEN", 116, "Open", "Open from Middle On", "Open from Middle Off", "Open from Middle On",
-                   "Open from Middle Off", EffectMotion::across},
-    OptionalEffect{"JAWS", 117, "Jaws", "Jaws On", "Jaws Off", "Jaws On", "Jaws Off", EffectMotion::down},
+                   "Open from Middle Off", EffectMotion::open},
+    OptionalEffect{"JAWS", 117, "Jaws", "Jaws On", "Jaws Off", "Jaws On", "Jaws Off", EffectMotion::jaws},
     OptionalEffect{"SCANHORZ", 118, "Scan Horizontal", "Scan Horizontal On", "Scan Horizontal Off",
-                   "Scan Horizontal On", "Scan Horizontal Off", EffectMotion::across},
+                   "Scan Horizontal On", "Scan Horizontal Off", EffectMotion::scanAcross},
     OptionalEffect{"PAINT", 119, "Paint", "Paint On", "Paint Off", "Paint On", "Paint Off",
-                   EffectMotion::across},
+                   EffectMotion::paint},
     OptionalEffect{"SHOOT", 120, "Shoot", "Shoot On", "Shoot Off", "Shoot On", "Shoot Off",
-                   EffectMotion::across},
+                   EffectMotion::shoot},
     OptionalEffect{"VENETIAN", 121, "Venetian Blinds", "Venetian Blinds On", "Venetian Blinds Off",
-                   "Venetian Blinds On", "Venetian Blinds Off", EffectMotion::down},
+                   "Venetian Blinds On", "Venetian Blinds Off", EffectMotion::venetianBlinds},
     OptionalEffect{"VERTICAL", 122, "Vertical Blinds", "Vertical Blinds On", "Vertical Blinds Off",
-                   "Vertical Blinds On", "Vertical Blinds Off", EffectMotion::across},
+                   "Vertical Blinds On", "Vertical Blinds Off", EffectMotion::verticalBlinds},
     OptionalEffect{"SCANVERT", 123, "Scan Vertical", "Scan Vertical On", "Scan Vertical Off",
-                   "Scan Vertical On", "Scan Vertical Off", EffectMotion::down},
+                   "Scan Vertical On", "Scan Vertical Off", EffectMotion::scanDown},
     OptionalEffect{"PULSE", 124, "Pulse", "Pulse On", "Pulse Off", "Pulse On", "Pulse Off",
-                   EffectMotion::fade},
+                   EffectMotion::pulse},
     OptionalEffect{"MARQUEE", 125, "Marquee Border", "Marquee Border On", "Marquee Border Off",
-                   "Marquee Border On", "Marquee Border Off", EffectMotion::across},
+                   "Marquee Border On", "Marquee Border Off", EffectMotion::marqueeBorder},
     OptionalEffect{"LINEWIPE", 126, "Line Wipe", "Line Wipe On", "Line Wipe Off", "Line Wipe On",
-                   "Line Wipe Off", EffectMotion::across},
-    OptionalEffect{"BORDER", 127, "Border", "Border On", "Border Off", "Border", "", EffectMotion::across},
+                   "Line Wipe Off", EffectMotion::lineWipe},
+    OptionalEffect{"BORDER", 127, "Border", "Border On", "Border Off", "Border", "", EffectMotion::border},
     OptionalEffect{"BRLVERT", 128, "Barrel Vertical", "Barrel Vertical On", "Barrel Vertical Off",
-                   "Barrel Vertical On", "Barrel Vertical Off", EffectMotion::down},
+                   "Barrel Vertical On", "Barrel Vertical Off", EffectMotion::barrelDown},
     OptionalEffect{"BRLHORZ", 129, "Barrel Horizontal", "Barrel Horizontal On", "Barrel Horizontal Off",
-                   "Barrel Horizontal On", "Barrel Horizontal Off", EffectMotion::across},
+                   "Barrel Horizontal On", "Barrel Horizontal Off", EffectMotion::barrelAcross},
 };
 
 /// Whether effect lists offer the optional effects. The first load in the process that finds "NewEffects.ini"
@@ -135,7 +167,7 @@ std::optional<std::string> SuffixName(std::int16_t code);
 /// All codes that have a name on one side at least, rising.
 std::vector<std::int16_t> NamedEffectCodes();
 
-/// What an effect code moves. Loops, and codes without a name, move nothing.
+/// What an effect code does with the dots. Loops, and codes without a name, do nothing.
 EffectMotion PrefixMotion(std::int16_t code);
 EffectMotion SuffixMotion(std::int16_t code);
 

@@ -36,6 +36,7 @@ bool HasText(const FrameRecord& frame) {
 bool IsFastScroll(const FrameRecord& frame) { return kMember<&FrameRecord::FastScroll>.get(frame); }
 
 bool IsOverlay(const FrameRecord& frame) { return frame.OverlayFrame != 0; }
+bool IsDrawnOver(const FrameRecord& frame) { return IsOverlay(frame) || frame.PrefixCode == kOverlayText; }
 
 FRAME_TYPES FrameTypeAccessor::get(const FrameRecord& frame) {
     return static_cast<FRAME_TYPES>(frame.FrameType);

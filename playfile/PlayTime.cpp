@@ -36,7 +36,10 @@ class FrameTimer {
 public:
     explicit FrameTimer(const PlayTimeCircumstances& circumstances)
         : circumstances_(circumstances), timing_(circumstances.timing),
-          lines_(circumstances.signType, circumstances.commands) {}
+          lines_(circumstances.signType, circumstances.commands) {
+        if (circumstances.moment)
+            lines_.setMoment(*circumstances.moment);
+    }
 
     FrameTime timeOf(const FrameRecord& frame) {
         FrameTime time{.appearing = timeOf(PrefixMotion(frame.PrefixCode)),
@@ -52,14 +55,14 @@ public:
 
 private:
     TimeRange timeOf(EffectMotion motion) const {
-        switch (motion) {
-        case EffectMotion::across:
+        switch (SpanOf(motion)) {
+        case EffectSpan::across:
             return travelling(notNegative(circumstances_.sign.width), timing_.of(Timing::EffectSpeed));
-        case EffectMotion::down:
+        case EffectSpan::down:
             return travelling(notNegative(circumstances_.sign.height), timing_.of(Timing::EffectSpeed));
-        case EffectMotion::fade:
+        case EffectSpan::fade:
             return lasting(timing_.of(Timing::FadeTime));
-        case EffectMotion::twinkle:
+        case EffectSpan::twinkle:
             return lasting(timing_.of(Timing::TwinkleTime));
         default:
             return {};
@@ -80,9 +83,7 @@ private:
         if (longest < 0)
             return {};
         const double dots = static_cast<double>(longest) + notNegative(circumstances_.sign.width);
-        const double factor = IsFastScroll(frame) ? kFast : 1;
-        TimeRange time = beyond(
-            travelling(dots / factor, timing_.scrollSpeed(circumstances_.scrollingTextSpeed)), holding);
+        TimeRange time = beyond(travelling(dots, ScrollSpeedOf(frame, circumstances_)), holding);
         return time +=
                lasting(timing_.of(Timing::ScrollPauseUnit), notNegative(circumstances_.scrollPauseDelay));
     }
@@ -120,6 +121,12 @@ PlayTimeCircumstances PlayTimeCircumstancesOf(const Preferences& preferences) {
     circumstances.aviFixedDelay = preferences.AVIFixedDelay;
     circumstances.aviDelay = preferences.AVIDelay;
     return circumstances;
+}
+
+Estimate ScrollSpeedOf(const FrameRecord& frame, const PlayTimeCircumstances& circumstances) {
+    const Estimate& speed = circumstances.timing.scrollSpeed(circumstances.scrollingTextSpeed);
+    const double factor = IsFastScroll(frame) ? kFast : 1;
+    return {speed.low * factor, speed.likely * factor, speed.high * factor};
 }
 
 PlayTime PlayTimeOf(const Playfile& playfile, const PlayTimeCircumstances& circumstances) {

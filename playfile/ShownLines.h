@@ -6,6 +6,7 @@
 #include <qrtVistrelClasses4/CommandTable.h>
 #include <qrtVistrelClasses4/FrameRecord.h>
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <utility>
@@ -30,6 +31,11 @@ public:
     /// Font 5 depends on the type of the sign. The previews of `commands` replace their keys in texts.
     ShownLines(std::int16_t signType, CommandTable commands)
         : fonts_(signType), texts_(std::move(commands), 0) {}
+
+    /// See `TextPreviews::setMoment`.
+    void setMoment(std::chrono::local_seconds moment) { texts_.setMoment(moment); }
+    /// Whether the line shows a clock or a date.
+    bool showsTime(const LineRecord& line) { return texts_.showsTime(line.CurrentLineText); }
 
     std::string textOf(const LineRecord& line) { return texts_.of(line.CurrentLineText); }
     /// See `FontCache::find`.

@@ -115,7 +115,7 @@ void checkOverlay(const OneBasedArray<FrameRecord>& frames, std::int32_t number,
     if (overlaysText && !HasText(frame))
         findings.add("overlay-without-text", {number, 0, kPropertyOf<&FrameRecord::PrefixCode>},
                      "The prefix code 15 overlays the text of the frame, which shows none.");
-    if (!IsOverlay(frame) && !overlaysText)
+    if (!IsDrawnOver(frame))
         return;
     if (isFirst)
         findings.add("overlay-first", place,

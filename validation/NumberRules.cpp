@@ -50,8 +50,7 @@ bool isDrawnOver(const OneBasedArray<FrameRecord>& frames, std::int32_t number) 
     do
         ++number;
     while (frames.contains(number) && !IsUsed(frames.at(number)));
-    return frames.contains(number) &&
-           (IsOverlay(frames.at(number)) || frames.at(number).PrefixCode == kOverlayText);
+    return frames.contains(number) && IsDrawnOver(frames.at(number));
 }
 
 /// Whether the frame is seen although it stays for no time: something passes over the sign, or a frame that
@@ -64,8 +63,8 @@ bool isSeenWithoutDelay(const OneBasedArray<FrameRecord>& frames, std::int32_t n
             return line.Scrolling && !line.CurrentLineText.empty();
         });
     return KindOf(frame) == NEW_FRAME_TYPES::FRAME_CMD ||
-           PrefixMotion(frame.PrefixCode) != EffectMotion::none ||
-           SuffixMotion(frame.SuffixCode) != EffectMotion::none || mayBeAnimation || scrolls ||
+           SpanOf(PrefixMotion(frame.PrefixCode)) != EffectSpan::none ||
+           SpanOf(SuffixMotion(frame.SuffixCode)) != EffectSpan::none || mayBeAnimation || scrolls ||
            isDrawnOver(frames, number);
 }
 

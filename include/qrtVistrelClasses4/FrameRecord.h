@@ -87,8 +87,10 @@ QRT_PUBLIC bool HasPicture(const FrameRecord& frame);
 QRT_PUBLIC bool HasText(const FrameRecord& frame);
 /// Whether scrolling lines of the frame scroll fast.
 QRT_PUBLIC bool IsFastScroll(const FrameRecord& frame);
-/// Whether the frame is drawn over the one before it.
+/// Whether the flag of overlays is set.
 QRT_PUBLIC bool IsOverlay(const FrameRecord& frame);
+/// Whether the frame is drawn over the one before it: it is an overlay, or its appear effect says so.
+QRT_PUBLIC bool IsDrawnOver(const FrameRecord& frame);
 
 // How a property reaches its member. `get` returns what the property reads, `set` takes what it is given;
 // both throw a `RuntimeError` when the value does not fit, and the record then stays as it was. `check`,

@@ -11,8 +11,10 @@
 #include <qrtVistrelClasses4/Raster.h>
 #include <qrtVistrelClasses4/SignTiming.h>
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace QRT_PUBLIC qrtVistrelClasses4 {
@@ -56,10 +58,15 @@ struct PlayTimeCircumstances {
     SignTiming timing;
     /// Those whose previews replace their keys in texts.
     CommandTable commands = BuiltInCommands();
+    /// What clocks and dates in texts show, on which widths depend. Nothing for now.
+    std::optional<std::chrono::local_seconds> moment = {};
 };
 
 /// The size and the speeds that preferences have, and defaults for all else.
 QRT_PUBLIC PlayTimeCircumstances PlayTimeCircumstancesOf(const Preferences& preferences);
+
+/// The speed of scrolling lines of a frame, in dots a second.
+QRT_PUBLIC Estimate ScrollSpeedOf(const FrameRecord& frame, const PlayTimeCircumstances& circumstances);
 
 struct PlayTime {
     TimeRange total; ///< Of all steps of `playback`.

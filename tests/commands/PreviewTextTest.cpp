@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 namespace qrtVistrelClasses4 {
 namespace {
 
@@ -116,6 +118,18 @@ TEST_F(Previews, EndForTextsAndTablesThatAreMadeToBeLarge) {
     }
     EXPECT_EQ(previews.of(prefix + "12345" + prefix), "##F" + prefix);
     EXPECT_TRUE(files().fileNames().empty());
+}
+
+TEST_F(Previews, ShowTheMomentThatTheyAreGiven) {
+    using namespace std::chrono;
+    TextPreviews previews(BuiltInCommands(), 0);
+    EXPECT_EQ(previews.of("|hm|, |m/dd/y|"), "0905, 03/05/24");
+    previews.setMoment(local_days(2028y / February / 29) + 23h + 59min);
+    EXPECT_EQ(previews.of("|hm|, |m/dd/y|"), "2359, 02/29/28");
+    previews.setMoment(local_seconds::max());
+    EXPECT_EQ(previews.of("|dddddddd_mmmmmmmm_dd,_yyy|"), "Friday December 31, 9999");
+    EXPECT_TRUE(previews.showsTime("at |hm|"));
+    EXPECT_FALSE(previews.showsTime("hm ##C VBL001 CR01"));
 }
 
 TEST_F(Previews, OfATextReplaceItsCodesFromTheStartOnAndReadAndWriteTheTableOnce) {

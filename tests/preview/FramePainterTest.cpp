@@ -143,7 +143,8 @@ TEST_F(Frames, AreDrawnAsASignShowsThem) {
                       line("AAAAAA", "tiny", &LineRecord::Scrolling),
                       line("A", "0"),
                       line("A")};
-    const FrameRecord one = frame(FRAME_TEXT, {line("1")}, "", true);
+    FrameRecord one = text({line("1")});
+    one.PrefixCode = 15;
     const FrameRecord below = frame(FRAME_TEXT, {line(""), line("A")}, "", true);
     const struct {
         const char* why;
