@@ -66,6 +66,16 @@ void examineFont(DoctorFinding& finding, const std::string& path, const std::opt
     finding.advice = "put a whole font in its place; vistrel font make makes one";
 }
 
+void examineExtendedFont(DoctorFinding& finding, const std::string& path, ExtendedPart part) {
+    finding.path = path;
+    finding.message = VisibleName(path);
+    if (part == ExtendedPart::ofWhole)
+        return;
+    finding.severity = Severity::warning;
+    finding.message += ": the files of this extended font do not belong together, or one is not whole";
+    finding.advice = "make both again with vistrel font make --extended";
+}
+
 std::string numbersText(const std::set<std::int16_t>& numbers) {
     std::string text;
     for (const std::int16_t number : numbers)
@@ -105,7 +115,11 @@ void CheckFonts(DoctorFindings& findings) {
             checkNumbered(numbered, findings);
     for (const std::string& path : OtherFontFiles()) {
         DoctorFinding finding{.check = "fonts.other", .subject = "other font"};
-        examineFont(finding, path, SizeOfNumberedFont(path), Severity::warning); // it may be no font at all
+        if (const ExtendedPart part = ExtendedPartOf(path); part == ExtendedPart::none)
+            examineFont(finding, path, SizeOfNumberedFont(path),
+                        Severity::warning); // it may be no font at all
+        else
+            examineExtendedFont(finding, path, part);
         findings.push_back(std::move(finding));
     }
 }
