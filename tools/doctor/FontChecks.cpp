@@ -6,6 +6,7 @@
 #include "tools/doctor/Checks.h"
 #include "tools/fonts/FontOpening.h"
 #include "tools/program/Encoding.h"
+#include "tools/program/Outputs.h"
 
 #include <algorithm>
 #include <optional>
@@ -19,6 +20,7 @@ namespace {
 
 constexpr std::int16_t kOrdinarySign = 0;
 constexpr std::int16_t kSignWithOwnFont = 16; ///< A Kestrel.
+constexpr std::string_view kIndexEnding = ".idx";
 
 /// A font file, whatever numbers it has.
 struct NumberedFile {
@@ -67,6 +69,7 @@ void examineFont(DoctorFinding& finding, const std::string& path, const std::opt
 }
 
 void examineExtendedFont(DoctorFinding& finding, const std::string& path, ExtendedPart part) {
+    finding.subject = "extended font";
     finding.path = path;
     finding.message = VisibleName(path);
     if (part == ExtendedPart::ofWhole)
@@ -115,7 +118,10 @@ void CheckFonts(DoctorFindings& findings) {
             checkNumbered(numbered, findings);
     for (const std::string& path : OtherFontFiles()) {
         DoctorFinding finding{.check = "fonts.other", .subject = "other font"};
-        if (const ExtendedPart part = ExtendedPartOf(path); part == ExtendedPart::none)
+        const ExtendedPart part = ExtendedPartOf(path);
+        if (part != ExtendedPart::none && EndingOf(path) != kIndexEnding)
+            continue; // the index has the finding about both files
+        if (part == ExtendedPart::none)
             examineFont(finding, path, SizeOfNumberedFont(path),
                         Severity::warning); // it may be no font at all
         else

@@ -1,4 +1,5 @@
 // vistrel font: shows fonts of signs, makes them from pictures, and checks them against playfiles.
+#include "fonts/FontLoading.h"
 #include "frame/SystemErrors.h"
 #include "tools/commands/StoredCommands.h"
 #include "tools/fonts/FontChanges.h"
@@ -38,6 +39,7 @@ struct FontOptions {
     bool asSource = false;
     bool header = false;
     bool noHeader = false;
+    bool extended = false;
 };
 
 std::optional<Font> loadFont(const FontOptions& options, ErrorLines& errors) {
@@ -108,9 +110,9 @@ std::string remarks(const std::optional<Font>& before, const Font& font) {
            (old.cell == now.cell ? ChangesOf(old, now) : "they were " + SizeText(old.cell) + " before");
 }
 
-/// Writes a font of the letters in `pictures`.
-ExitCode write(const Font& font, const FontPictures& pictures, FontLayout layout, const FontOptions& options,
-               Session& session) {
+/// Writes a font of the letters in `pictures`. There are `others` that it cannot hold.
+ExitCode write(const Font& font, const FontPictures& pictures, FontLayout layout, std::size_t others,
+               const FontOptions& options, Session& session) {
     const std::string& path = options.file;
     const std::optional<Font> before = PresentFont(path, pictures.cell);
     if (!before && !options.output.force && platform().files().kindOf(path) == EntryKind::file) {
@@ -127,10 +129,57 @@ ExitCode write(const Font& font, const FontPictures& pictures, FontLayout layout
     OutputTarget file(path, session.out);
     Check(file.write(layout == FontLayout::header ? HeaderFontBytes(font) : SizedFontBytes(font)));
     Check(file.commit());
-    outputs.remark(Visible(OutputName(path)) + ": " + std::to_string(pictures.letters.size()) +
-                   " letters of " + SizeText(pictures.cell) + " dots" +
-                   (options.noHeader ? ", without a header" : "") + remarks(before, font));
+    outputs.remark(
+        Visible(OutputName(path)) + ": " + std::to_string(pictures.letters.size()) + " letters of " +
+        SizeText(pictures.cell) + " dots" + (options.noHeader ? ", without a header" : "") +
+        (others > 0 ? ", and " + std::to_string(others) + " others are left to an extended font" : "") +
+        remarks(before, font));
     return ExitCode::done;
+}
+
+/// Writes the file with the dots and the index beside it.
+ExitCode writeExtended(const std::vector<ExtendedLetter>& letters, CellSize cell, const FontOptions& options,
+                       Session& session) {
+    constexpr std::string_view dotsEnding = ".cff";
+    const std::string& path = options.file;
+    session.errors.about(path);
+    if (EndingOf(path) != dotsEnding) {
+        session.errors.add("must end in .CFF: the index that belongs to it is written beside it, as .IDX");
+        return ExitCode::wrongUsage;
+    }
+    const std::string index = path.substr(0, path.size() - dotsEnding.size()) + ".IDX";
+    if (!options.output.force && platform().files().kindOf(path) == EntryKind::file &&
+        ExtendedPartOf(path) == ExtendedPart::none) {
+        session.errors.add("is not an extended font; --force replaces it");
+        return ExitCode::failed;
+    }
+    Outputs outputs(options.output, ExistingFiles::replacedIfAlike, session);
+    const ExtendedFontFiles files = ExtendedFontBytes(letters);
+    for (const auto& [name, bytes] : {std::pair(&path, &files.dots), std::pair(&index, &files.index)}) {
+        if (const auto code = outputs.codeInsteadOf(*name, "not made")) {
+            if (*code != ExitCode::done)
+                return *code;
+            continue;
+        }
+        AboutOutput(session.errors, *name);
+        OutputTarget file(*name, session.out);
+        Check(file.write(*bytes));
+        Check(file.commit());
+    }
+    outputs.remark(Visible(OutputName(path)) + ": " + std::to_string(letters.size()) + " letters of " +
+                   SizeText(cell) + " dots for fonts that lack them");
+    return ExitCode::done;
+}
+
+ExitCode makeExtended(FontPictures& pictures, const FontOptions& options, Session& session) {
+    session.errors.about(options.source);
+    const FontPictures others = TakeExtendedLetters(pictures);
+    if (others.letters.empty()) {
+        session.errors.add("has no letters but those of 32 to 127, which every font holds");
+        return ExitCode::failed;
+    }
+    const auto letters = ExtendedLettersOf(others, session.errors);
+    return letters ? writeExtended(*letters, others.cell, options, session) : ExitCode::failed;
 }
 
 ExitCode make(const FontOptions& options, Session& session) {
@@ -139,14 +188,22 @@ ExitCode make(const FontOptions& options, Session& session) {
         pictures = Enlarged(*pictures, CellSizeOf(*options.size), session.errors);
     if (!pictures)
         return ExitCode::failed;
+    if (options.extended)
+        return makeExtended(*pictures, options, session);
     const std::optional<FontLayout> layout = layoutOf(options, pictures->cell, session.errors);
     if (!layout)
         return ExitCode::wrongUsage;
     session.errors.about(options.source);
+    std::size_t others = 0;
+    if (FontPictures held = *pictures; *layout == FontLayout::sized) {
+        others = TakeExtendedLetters(held).letters.size();
+        if (!held.letters.empty()) // otherwise the first letter is the error
+            pictures = std::move(held);
+    }
     const std::optional<Font> font = FontOf(*pictures, *layout, session.errors);
     if (!font)
         return ExitCode::failed;
-    return write(*font, *pictures, *layout, options, session);
+    return write(*font, *pictures, *layout, others, options, session);
 }
 
 /// Prints the characters of the playfile `path` that the font lacks.
@@ -178,9 +235,11 @@ ExitCode checkFor(const std::string& path, const Font& font, const CommandTable&
 }
 
 ExitCode check(const FontOptions& options, Session& session) {
-    const std::optional<Font> font = loadFont(options, session.errors);
+    std::optional<Font> font = loadFont(options, session.errors);
     if (!font)
         return ExitCode::failed;
+    for (const std::string& damaged : AddExtendedLetters(*font, options.file))
+        session.errors.add("the extended font " + damaged + " is damaged, and not used");
     const ScopedMoment moment(options.at);
     const std::vector<Input> inputs = FindInputs(options.playfiles, InputKind::playfile, session.errors);
     Headings headings(options.playfiles, session.out);
@@ -232,6 +291,13 @@ void SetUpFontCommand(CLI::App& font, Session& session) {
         ->add_flag("--no-header", options->noHeader,
                    "Writes only the letters 32 to 127. Who reads the font must know its size")
         ->excludes(header);
+    makeCommand
+        ->add_flag(
+            "--extended", options->extended,
+            "Writes an extended font: the letters beyond 127, for fonts that lack them. FILE ends in .CFF; "
+            "its index is written beside it")
+        ->excludes(header)
+        ->excludes("--no-header");
     AddOutputOptions(*makeCommand, options->output, ExistingFiles::replacedIfAlike);
 
     CLI::App* checkCommand =

@@ -104,15 +104,21 @@ private:
     std::bitset<kLargestCode + 1> seen_;
 };
 
-/// The byte of a dot in the store, and its bit in that byte.
+/// The byte of a dot among those of a letter, and its bit in that byte.
 struct DotPlace {
     std::size_t index;
     unsigned bit;
 };
-DotPlace placeOf(std::size_t offset, const Font& font, std::size_t column, std::size_t row) {
+DotPlace placeOf(std::size_t column, std::size_t row, std::size_t height) {
     constexpr unsigned leftmost = 0x80;
-    return {offset + 1 + column / kDotsInByte * static_cast<std::size_t>(font.height) + row,
-            leftmost >> column % kDotsInByte};
+    return {column / kDotsInByte * height + row, leftmost >> column % kDotsInByte};
+}
+
+/// The same in the store of a font, for the letter whose glyph starts at `offset`.
+DotPlace placeOf(std::size_t offset, const Font& font, std::size_t column, std::size_t row) {
+    DotPlace place = placeOf(column, row, static_cast<std::size_t>(font.height));
+    place.index += offset + 1;
+    return place;
 }
 
 /// The picture of the letter at an offset in the store. Dots beyond its record or the store are dark.
@@ -198,6 +204,43 @@ FontPictures PicturesOf(const Font& font) {
             pictures.letters.push_back({static_cast<unsigned char>(character), 0, pictureAt(font, offset)});
     }
     return pictures;
+}
+
+FontPictures TakeExtendedLetters(FontPictures& pictures) {
+    const std::string held = ParseFont({}, pictures.cell.width, pictures.cell.height)->characters;
+    FontPictures others{pictures.cell, {}};
+    const auto first = std::ranges::stable_partition(pictures.letters, [&](const LetterPicture& letter) {
+        return held.find(static_cast<char>(letter.code)) != held.npos;
+    });
+    others.letters.assign(first.begin(), first.end());
+    pictures.letters.erase(first.begin(), first.end());
+    return others;
+}
+
+std::optional<std::vector<ExtendedLetter>> ExtendedLettersOf(const FontPictures& pictures,
+                                                             ErrorLines& errors) {
+    std::vector<ExtendedLetter> letters;
+    letters.reserve(pictures.letters.size());
+    for (const LetterPicture& picture : pictures.letters) {
+        const std::size_t width = picture.rows.front().size(), height = picture.rows.size();
+        if (width > kMostDrawnColumns) {
+            errors.add("line " + std::to_string(picture.line) + ": letter " + std::to_string(picture.code) +
+                       " is wider than the " + std::to_string(kMostDrawnColumns) + " dots that are drawn");
+            return std::nullopt;
+        }
+        ExtendedLetter letter{
+            picture.code, static_cast<std::uint8_t>(width), static_cast<std::uint8_t>(height), {}};
+        letter.dots.resize((width + kDotsInByte - 1) / kDotsInByte * height);
+        for (std::size_t row = 0; row < height; ++row)
+            for (std::size_t column = 0; column < width; ++column)
+                if (picture.rows[row][column] == kLitDot) {
+                    const DotPlace place = placeOf(column, row, height);
+                    letter.dots[place.index] =
+                        static_cast<char>(static_cast<unsigned char>(letter.dots[place.index]) | place.bit);
+                }
+        letters.push_back(std::move(letter));
+    }
+    return letters;
 }
 
 std::optional<Font> FontOf(const FontPictures& pictures, FontLayout layout, ErrorLines& errors) {
