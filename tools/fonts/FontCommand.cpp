@@ -1,14 +1,18 @@
-// vistrel font: shows fonts of signs, makes them from pictures, and checks them against playfiles.
+// vistrel font: shows fonts of signs, makes them from pictures and other fonts, exports them, and checks them
+// against playfiles.
 #include "fonts/FontLoading.h"
 #include "frame/SystemErrors.h"
 #include "tools/commands/StoredCommands.h"
+#include "tools/fonts/BdfFont.h"
 #include "tools/fonts/FontChanges.h"
 #include "tools/fonts/FontGallery.h"
 #include "tools/fonts/FontNeeds.h"
 #include "tools/fonts/FontOpening.h"
 #include "tools/fonts/FontPictures.h"
 #include "tools/fonts/FontScaling.h"
+#include "tools/fonts/FontSheet.h"
 #include "tools/playfile/Opening.h"
+#include "tools/preview/PngFile.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/FileStart.h"
@@ -76,11 +80,11 @@ ExitCode show(const FontOptions& options, Session& session) {
 
 /// Adds an error and returns nothing if the file has no pictures of letters.
 std::optional<FontPictures> readPictures(const std::string& path, ErrorLines& errors) {
-    constexpr std::size_t largest = std::size_t{4} << 20; // twice the size of pictures of the largest letters
+    constexpr std::size_t largest = std::size_t{16} << 20; // enough for BDF fonts of many languages
     errors.aboutFile(path);
     const std::string source = FileStart(path, largest + 1);
     if (source.size() <= largest)
-        return ReadFontPictures(source, errors);
+        return IsBdf(source) ? ReadBdf(source, errors) : ReadFontPictures(source, errors);
     errors.add("is larger than " + std::to_string(largest) + " bytes");
     return std::nullopt;
 }
@@ -206,6 +210,42 @@ ExitCode make(const FontOptions& options, Session& session) {
     return write(*font, *pictures, *layout, others, options, session);
 }
 
+/// Writes the font as BDF or as a picture of its letters, as the ending says.
+ExitCode exportFont(const FontOptions& options, Session& session) {
+    constexpr std::string_view textEnding = ".bdf", pictureEnding = ".png";
+    const std::string& path = options.output.out;
+    const bool isPicture = EndingOf(path) == pictureEnding;
+    if (!isPicture && !HasEnding(path, textEnding, session.errors))
+        return ExitCode::wrongUsage;
+    const std::optional<Font> font = loadFont(options, session.errors);
+    if (!font)
+        return ExitCode::failed;
+    const FontPictures pictures = PicturesOf(*font);
+    if (pictures.letters.empty()) {
+        session.errors.add("has no letters");
+        return ExitCode::failed;
+    }
+    Outputs outputs(options.output, ExistingFiles::replaced, session);
+    if (const auto code = outputs.codeInsteadOf(path))
+        return *code;
+    AboutOutput(session.errors, path);
+    OutputTarget file(path, session.out);
+    if (isPicture) {
+        const PixelBuffer sheet = FontSheet(pictures);
+        Palette palette;
+        palette.add(sheet);
+        PngWriter png(sheet.size(), palette, file);
+        png.write(sheet);
+        png.finish();
+    } else {
+        Check(file.write(BdfText(pictures, StemOf(options.file))));
+    }
+    Check(file.commit());
+    outputs.remark(Visible(OutputName(path)) + ": " + std::to_string(pictures.letters.size()) +
+                   " letters of " + SizeText(pictures.cell) + " dots");
+    return ExitCode::done;
+}
+
 /// Prints the characters of the playfile `path` that the font lacks.
 ExitCode checkFor(const std::string& path, const Font& font, const CommandTable& commands,
                   const FontOptions& options, Session& session) {
@@ -273,10 +313,12 @@ void SetUpFontCommand(CLI::App& font, Session& session) {
     showCommand->add_flag("--source", options->asSource, R"(Prints pictures that "make" takes)")
         ->excludes(json);
 
-    CLI::App* makeCommand = add("make", &make, "Makes a font from the pictures of its letters",
-                                "vistrel font make fonts/6x8.txt bin/16x16.cmd --size 16x16");
+    CLI::App* makeCommand =
+        add("make", &make, "Makes a font from pictures of its letters, or from a BDF font",
+            "vistrel font make fonts/6x8.txt bin/16x16.cmd --size 16x16");
     makeCommand
-        ->add_option("SOURCE", options->source, R"(The pictures, "#" and "." under the code of each letter)")
+        ->add_option("SOURCE", options->source,
+                     R"(The pictures, "#" and "." under the code of each letter; or a BDF font)")
         ->type_name(kFileValue)
         ->required();
     makeCommand->add_option("FILE", options->file, R"(The font to write; "-" for standard output)")
@@ -299,6 +341,15 @@ void SetUpFontCommand(CLI::App& font, Session& session) {
         ->excludes(header)
         ->excludes("--no-header");
     AddOutputOptions(*makeCommand, options->output, ExistingFiles::replacedIfAlike);
+
+    CLI::App* exportCommand =
+        add("export", &exportFont, "Writes a font for other programs (BDF), or a picture of all its letters",
+            "vistrel font export bin/6x8.cmd --out 6x8.bdf");
+    exportCommand->add_option("FILE", options->file, "The font")->type_name(kFontValue)->required();
+    addSize(*exportCommand, sizeOfFont);
+    AddOutOption(*exportCommand, options->output, "File to write, ending in .bdf or .png; \"-\" prints BDF")
+        ->required();
+    AddOutputOptions(*exportCommand, options->output, ExistingFiles::replaced);
 
     CLI::App* checkCommand =
         add("check", &check,

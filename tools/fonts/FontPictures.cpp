@@ -243,6 +243,8 @@ std::optional<std::vector<ExtendedLetter>> ExtendedLettersOf(const FontPictures&
     return letters;
 }
 
+int DrawnColumns(CellSize cell) { return columnsOf(Font{cell.width, cell.height, {}}); }
+
 std::optional<Font> FontOf(const FontPictures& pictures, FontLayout layout, ErrorLines& errors) {
     if (pictures.letters.empty() || pictures.letters.size() > kMostLetters) {
         errors.add("a font has 1 to 255 letters, not " + std::to_string(pictures.letters.size()));

@@ -62,6 +62,9 @@ FontPictures TakeExtendedLetters(FontPictures& pictures);
 std::optional<std::vector<ExtendedLetter>> ExtendedLettersOf(const FontPictures& pictures,
                                                              ErrorLines& errors);
 
+/// Columns that are drawn of letters in cells of this size. 0 if no font can have such cells.
+int DrawnColumns(CellSize cell);
+
 /// Makes a font. Adds an error and returns nothing if no font of that layout can hold the pictures.
 std::optional<Font> FontOf(const FontPictures& pictures, FontLayout layout, ErrorLines& errors);
 
