@@ -113,7 +113,7 @@ private:
         else if (word == "CHARSET_ENCODING")
             encoding_ = unquoted(rest);
         else if (word == "FONTBOUNDINGBOX")
-            return takeBox(rest, bounds_, 1);
+            return bounds_ ? fail("a second FONTBOUNDINGBOX") : takeBox(rest, bounds_, 1);
         else if (word == "ENDFONT")
             isEnded_ = true;
         else if (word == "STARTCHAR")

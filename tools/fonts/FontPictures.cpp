@@ -209,11 +209,11 @@ FontPictures PicturesOf(const Font& font) {
 FontPictures TakeExtendedLetters(FontPictures& pictures) {
     const std::string held = ParseFont({}, pictures.cell.width, pictures.cell.height)->characters;
     FontPictures others{pictures.cell, {}};
-    const auto first = std::ranges::stable_partition(pictures.letters, [&](const LetterPicture& letter) {
-        return held.find(static_cast<char>(letter.code)) != held.npos;
-    });
-    others.letters.assign(first.begin(), first.end());
-    pictures.letters.erase(first.begin(), first.end());
+    const auto first = std::stable_partition(
+        pictures.letters.begin(), pictures.letters.end(),
+        [&](const LetterPicture& letter) { return held.find(static_cast<char>(letter.code)) != held.npos; });
+    others.letters.assign(first, pictures.letters.end());
+    pictures.letters.erase(first, pictures.letters.end());
     return others;
 }
 
