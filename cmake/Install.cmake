@@ -51,7 +51,7 @@ install(FILES ${PROJECT_BINARY_DIR}/qrtVistrelClasses4.pc DESTINATION ${CMAKE_IN
 if(TARGET vistrel)
     # The program looks for the fonts in "share/vistrel" beside its own folder (platform/posix/PosixFolders.h).
     install(TARGETS vistrel RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT vistrel)
-    install(DIRECTORY ${PROJECT_SOURCE_DIR}/samples/bin ${PROJECT_SOURCE_DIR}/samples/CustomFonts
+    install(DIRECTORY ${PROJECT_SOURCE_DIR}/samples/bin ${PROJECT_SOURCE_DIR}/samples/CustomFonts ${PROJECT_SOURCE_DIR}/samples/Extended
         DESTINATION share/vistrel COMPONENT vistrel)
     # With fonts of their own, because users copy them and try changes.
     install(DIRECTORY ${PROJECT_SOURCE_DIR}/samples DESTINATION share/vistrel COMPONENT vistrel

@@ -1,5 +1,6 @@
 #include "fonts/FontFile.h"
 
+#include "fonts/ExtendedFont.h"
 #include <qrtVistrelClasses4/RuntimeError.h>
 
 #include <algorithm>
@@ -61,10 +62,13 @@ char asByte(std::int64_t number) {
 
 } // namespace
 
+unsigned char GlyphCode(char character) {
+    const auto code = static_cast<unsigned char>(character);
+    return code == kBrokenBar ? kLastCharacter : code;
+}
+
 std::optional<std::int32_t> Font::glyphOffset(char character) const {
-    auto code = static_cast<unsigned char>(character);
-    if (code == kBrokenBar)
-        code = kLastCharacter;
+    const unsigned char code = GlyphCode(character);
     std::int64_t glyph = code - kFirstCharacter;
     if (!characters.empty()) {
         const std::size_t found = characters.find(static_cast<char>(code));
@@ -79,8 +83,9 @@ std::optional<std::int32_t> Font::glyphOffset(char character) const {
 
 bool Font::has(char character) const {
     const auto offset = glyphOffset(character);
-    return offset && *offset >= 0 && *offset < std::ssize(store) &&
-           store[static_cast<std::size_t>(*offset)] > 0;
+    return (offset && *offset >= 0 && *offset < std::ssize(store) &&
+            store[static_cast<std::size_t>(*offset)] > 0) ||
+           (extended && extended->find(GlyphCode(character)));
 }
 
 std::optional<Font> ParseFont(std::string_view bytes, std::int16_t width, std::int16_t height) {

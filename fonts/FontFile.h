@@ -4,11 +4,14 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace qrtVistrelClasses4 {
+
+class ExtendedLetters;
 
 inline constexpr std::size_t kGlyphStoreSize = 16301;
 
@@ -26,6 +29,8 @@ struct Font {
     std::int16_t height = 0;
     std::string characters; ///< In the order of their glyphs.
     std::array<std::uint8_t, kGlyphStoreSize> store{};
+    /// Letters for characters that the store lacks; null if there are none.
+    std::shared_ptr<const ExtendedLetters> extended = nullptr;
 
     /// By the rule of the files: 0 up to a width of 3, 1 up to 11, 2 up to 19, 3 up to 27, and so on.
     int bytesPerRow() const { return (width + width % 8) / 8; }
@@ -35,10 +40,13 @@ struct Font {
     /// 166 has the glyph of 127. If `characters` is empty, the glyphs are those of 32 and up; the index is
     /// then below 0 for characters below 32. It may also be beyond the end of the store.
     std::optional<std::int32_t> glyphOffset(char character) const;
-    /// Whether the font has a letter for the character: a glyph that is in the store and at least one dot
-    /// wide.
+    /// Whether the font has a letter for the character: an extended one, or a glyph that is in the store and
+    /// at least one dot wide.
     bool has(char character) const;
 };
+
+/// The code of the glyph that a character is drawn with: its own, except for the broken bar.
+unsigned char GlyphCode(char character);
 
 /// Reads a font from the bytes of its file. If both sizes are `kSizeFromFile`, the file starts with the sizes
 /// and the characters. Otherwise it holds only the store, and the characters are 32 to 127. Bytes missing at

@@ -1,5 +1,6 @@
 #include "fonts/FontLoading.h"
 
+#include "fonts/ExtendedFont.h"
 #include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
@@ -14,7 +15,11 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 /// Folders of the application that are searched for a font that is not where it should be.
-constexpr std::string_view kOtherFolders[] = {"Extended", "CustomFonts"};
+constexpr std::string_view kExtendedFolder = "Extended";
+constexpr std::string_view kOtherFolders[] = {kExtendedFolder, "CustomFonts"};
+
+/// Endings of the files of an extended font.
+constexpr std::string_view kDotsEnding = ".CFF", kIndexEnding = ".IDX";
 
 /// Fonts that font 0 replaces when they are missing.
 constexpr std::string_view kReplacedFonts[] = {"6x8.cmd", "Fstnd08.cmd"};
@@ -45,12 +50,44 @@ bool isReplacedByFont0(std::string_view name) {
         kReplacedFonts, [&](std::string_view replaced) { return EqualIgnoringAnsiCase(name, replaced); });
 }
 
+Result<std::string> startOf(const std::string& path, std::size_t most) {
+    const auto file = platform().files().openToRead(path);
+    if (!file)
+        return file.error();
+    std::string bytes(most, '\0');
+    const auto size = file.value()->readAt(0, bytes);
+    if (!size)
+        return size.error();
+    bytes.resize(size.value());
+    return bytes;
+}
+
+/// Nothing if a file cannot be read, or both are not a whole extended font.
+std::optional<std::vector<ExtendedLetter>> readExtendedFont(const std::string& index,
+                                                            const std::string& dots) {
+    const auto indexBytes = startOf(index, kLargestExtendedIndex + 1);
+    const auto dotBytes = startOf(dots, kLargestExtendedDots);
+    return indexBytes && dotBytes ? ParseExtendedFont(indexBytes.value(), dotBytes.value()) : std::nullopt;
+}
+
+/// The part of a name before its ending.
+std::string_view withoutEnding(std::string_view name) { return name.substr(0, name.rfind('.')); }
+
+/// Names of the extended fonts of a font, without endings. Letters of the first that has them are used.
+std::vector<std::string> namesOfExtendedFonts(const Font& font, const std::string& path) {
+    const std::string name(withoutEnding(SplitPath(path).name));
+    return {name + "L", name + "X", "Ex" + std::to_string(font.width) + "x" + std::to_string(font.height)};
+}
+
 void read(CellSize size, FontOutcome& outcome) {
     auto font = ReadFont(*outcome.path, size.width, size.height);
     outcome.error = font.error();
     outcome.font = std::move(font).valueOr(std::nullopt);
     if (outcome.error == SystemError::none && !outcome.font)
         outcome.messages.push_back("Error Loading Font. Cut short: " + *outcome.path);
+    if (outcome.font)
+        for (const std::string& name : AddExtendedLetters(*outcome.font, *outcome.path))
+            outcome.messages.push_back("Error Loading Extended Font [" + name + "]");
 }
 
 /// Adds what came of loading font 0 to the messages about the font that it replaces.
@@ -65,15 +102,39 @@ FontOutcome loadFont0(const std::vector<std::string>& messages, bool useNewFont)
 } // namespace
 
 Result<std::optional<Font>> ReadFont(const std::string& path, std::int16_t width, std::int16_t height) {
-    const auto file = platform().files().openToRead(path);
-    if (!file)
-        return file.error();
-    std::string bytes(kLargestFontFile, '\0');
-    const auto size = file.value()->readAt(0, bytes);
-    if (!size)
-        return size.error();
-    bytes.resize(size.value());
-    return ParseFont(bytes, width, height);
+    const auto bytes = startOf(path, kLargestFontFile);
+    return bytes ? Result(ParseFont(bytes.value(), width, height)) : bytes.error();
+}
+
+std::vector<std::string> AddExtendedLetters(Font& font, const std::string& path) {
+    std::vector<std::string> damaged;
+    auto letters = std::make_shared<ExtendedLetters>(font.height);
+    for (std::string& name : namesOfExtendedFonts(font, path)) {
+        const auto index =
+            existingFile(inApplicationFolder(kExtendedFolder, name + std::string(kIndexEnding)));
+        if (!index)
+            continue;
+        const std::string dots = JoinPath(SplitPath(*index).folder, name + std::string(kDotsEnding));
+        if (const auto found = readExtendedFont(*index, platform().files().existingName(dots))) {
+            for (const ExtendedLetter& letter : *found)
+                letters->add(letter);
+            font.extended = letters;
+        } else {
+            damaged.push_back(std::move(name));
+        }
+    }
+    return damaged;
+}
+
+ExtendedPart ExtendedPartOf(const std::string& path) {
+    const std::string start = path.substr(0, path.size() - std::min(path.size(), kIndexEnding.size()));
+    const std::string_view ending = std::string_view(path).substr(start.size());
+    const auto index = existingFile(start + std::string(kIndexEnding));
+    if (!index ||
+        !(EqualIgnoringAnsiCase(ending, kIndexEnding) || EqualIgnoringAnsiCase(ending, kDotsEnding)))
+        return ExtendedPart::none;
+    const std::string dots = platform().files().existingName(start + std::string(kDotsEnding));
+    return readExtendedFont(*index, dots) ? ExtendedPart::ofWhole : ExtendedPart::ofDamaged;
 }
 
 std::optional<std::string> FindFontFile(const std::string& path) {

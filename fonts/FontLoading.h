@@ -35,6 +35,14 @@ struct [[nodiscard]] FontOutcome {
 /// Reads the font in the file `path`. Nothing if the file ends before its glyphs start.
 Result<std::optional<Font>> ReadFont(const std::string& path, std::int16_t width, std::int16_t height);
 
+/// Gives the font in the file `path` letters that it lacks, from the extended fonts that are there for its
+/// name or for its size. Returns the names of those that are damaged, which are left out.
+std::vector<std::string> AddExtendedLetters(Font& font, const std::string& path);
+/// What a file is to an extended font.
+enum class ExtendedPart { none, ofWhole, ofDamaged };
+/// A file ending in ".IDX" is a part of one, and a file ending in ".CFF" if there is such a file beside it.
+ExtendedPart ExtendedPartOf(const std::string& path);
+
 /// The file `path`, or the one of that name in "Extended" or "CustomFonts", as `LoadFontFile` finds it.
 std::optional<std::string> FindFontFile(const std::string& path);
 

@@ -1,23 +1,24 @@
 #include "fonts/Letter.h"
 
+#include "fonts/ExtendedFont.h"
+
 #include <algorithm>
 
 namespace qrtVistrelClasses4 {
 
 std::optional<Letter> Letter::find(const Font& font, char character) {
-    const std::optional<std::int32_t> offset = font.glyphOffset(character);
-    return offset ? at(font, *offset) : std::nullopt;
+    const std::int32_t offset = font.glyphOffset(character).value_or(-1);
+    std::span<const std::uint8_t> glyph;
+    if (offset >= 0 && static_cast<std::size_t>(offset) < font.store.size())
+        glyph = std::span(font.store).subspan(static_cast<std::size_t>(offset));
+    if (font.extended && (glyph.empty() || glyph.front() == 0))
+        glyph = font.extended->find(GlyphCode(character)).value_or(glyph);
+    return glyph.empty() ? std::nullopt : std::optional(Letter(font, glyph));
 }
 
-std::optional<Letter> Letter::at(const Font& font, std::int32_t index) {
-    if (index < 0 || static_cast<std::size_t>(index) >= kGlyphStoreSize)
-        return std::nullopt;
-    return Letter(font, static_cast<std::size_t>(index));
-}
-
-Letter::Letter(const Font& font, std::size_t glyph)
-    : font_(&font), bitmap_(glyph + 1), isMissing_(font.store[glyph] == 0),
-      cellWidth_(font.store[glyph] + (font.height > kHighestWithOwnGap ? kGapAfterLetters : 0)) {}
+Letter::Letter(const Font& font, std::span<const std::uint8_t> glyph)
+    : font_(&font), dots_(glyph.subspan(1)), isMissing_(glyph.front() == 0),
+      cellWidth_(glyph.front() + (font.height > kHighestWithOwnGap ? kGapAfterLetters : 0)) {}
 
 int Letter::groups() const {
     const int columns = std::min<int>(font_->width, cellWidth_);

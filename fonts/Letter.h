@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 
 namespace qrtVistrelClasses4 {
 
@@ -22,10 +23,9 @@ inline constexpr int kMostDrawnColumns = 24; ///< Further columns of a letter ar
 /// the top. Columns come in groups of eight.
 class Letter {
 public:
-    /// Nothing for a character without a glyph in the font's store.
+    /// The glyph in the font's store, or the extended letter of a character that has none there or one 0 dots
+    /// wide. Nothing for a character without either.
     static std::optional<Letter> find(const Font& font, char character);
-    /// The letter whose glyph starts at `index` of the font's store. Nothing for an index outside the store.
-    static std::optional<Letter> at(const Font& font, std::int32_t index);
 
     /// Columns that the letter takes in a text, including the gap after it.
     int cellWidth() const { return cellWidth_; }
@@ -36,15 +36,16 @@ public:
     int groups() const;
     /// The dots of a group in a row, the leftmost in the highest bit. Nothing beyond the end of the store.
     std::optional<std::uint8_t> dots(int group, int row) const {
-        const std::size_t index = bitmap_ + static_cast<std::size_t>(group * font_->height + row);
-        return index < kGlyphStoreSize ? std::optional(font_->store[index]) : std::nullopt;
+        const auto index = static_cast<std::size_t>(group * font_->height + row);
+        return index < dots_.size() ? std::optional(dots_[index]) : std::nullopt;
     }
 
 private:
-    Letter(const Font& font, std::size_t glyph);
+    /// `glyph` starts with the letter's width.
+    Letter(const Font& font, std::span<const std::uint8_t> glyph);
 
     const Font* font_;
-    std::size_t bitmap_; ///< Index of the first byte of dots.
+    std::span<const std::uint8_t> dots_; ///< Up to the end of the store.
     bool isMissing_;
     int cellWidth_;
 };

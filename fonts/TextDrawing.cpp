@@ -127,15 +127,6 @@ DrawnText DrawLetters(const Lettering& lettering, std::string_view text, const D
     return drawn;
 }
 
-std::int64_t DrawGlyph(const Lettering& lettering, std::int32_t glyph, const DrawingPlace& place,
-                       bool drawBackground) {
-    const auto letter = Letter::at(lettering.font, glyph);
-    if (!letter)
-        return 0;
-    drawGroups(*letter, *letterPainter(place, lettering, drawBackground));
-    return widthOf(lettering, *letter);
-}
-
 void DrawSelection(const Lettering& lettering, std::string_view text, const DrawingPlace& place, int first,
                    int last) {
     const auto painter = painterAt(place, lettering, Ink::back, Ink::font);

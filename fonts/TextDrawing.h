@@ -46,11 +46,6 @@ struct DrawnText {
 DrawnText DrawLetters(const Lettering& lettering, std::string_view text, const DrawingPlace& place,
                       bool drawBackground);
 
-/// Draws the letter whose glyph starts at `glyph` of the font's store, as `DrawLetters` does, and returns its
-/// width. Draws nothing for an index outside the store.
-std::int64_t DrawGlyph(const Lettering& lettering, std::int32_t glyph, const DrawingPlace& place,
-                       bool drawBackground);
-
 /// Draws the cells of the letters `first` to `last` (from 1) of a text, with lit dots in the background
 /// colour and all others in the colour of the lettering, gaps included.
 void DrawSelection(const Lettering& lettering, std::string_view text, const DrawingPlace& place, int first,

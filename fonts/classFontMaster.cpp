@@ -104,9 +104,10 @@ void classFontMaster::DrawLetter(const std::string& letter, DrawingTarget& targe
             advance = 0;
             if (letter.empty())
                 return;
-            const std::int32_t glyph = GlyphOffset(letter.substr(0, 1));
+            const std::string first = letter.substr(0, 1);
+            GlyphOffset(first); // the search is a step on the trace
             advance = inPixels(
-                DrawGlyph(lettering(), glyph, {target, x, y, useBitmapDC != 0}, drawBackground != 0));
+                DrawLetters(lettering(), first, {target, x, y, useBitmapDC != 0}, drawBackground != 0).width);
         },
         Arg{"letter", letter}, Arg{"target", object}, Arg{"x", x}, Arg{"y", y},
         Arg{"drawBackground", drawBackground}, Arg{"useBitmapDC", useBitmapDC}, Arg{"advance", advance});

@@ -4,45 +4,43 @@
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
-#include <string_view>
 
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// The glyphs of the characters 32 to 127.
-constexpr std::uint8_t kGlyphs[] = {
+/// Letters in the order of their codes: a code, and the bytes of its glyph.
+constexpr std::uint8_t kLetters[] = {
 #include "preview/LabelGlyphs.inc"
 };
 
 constexpr std::int16_t kLabelWidth = 5;
 constexpr std::int16_t kLabelHeight = 8;
 constexpr std::size_t kGlyphSize = 1 + kLabelHeight;
-constexpr unsigned char kFirstGlyph = 32;
-constexpr unsigned char kFirstBeyondAscii = 128;
+constexpr std::size_t kLetterSize = 1 + kGlyphSize;
+constexpr unsigned kCodes = 256;
 
-/// What the characters 128 to 255 look like.
-constexpr std::string_view kLookAlikes = "E?,f\".++^%S<O?Z?"
-                                         "?''\"\"*--~Ts>o?zY"
-                                         " !cLoY|S\"ca<--R-"
-                                         "o+23'uP.,1o>///?"
-                                         "AAAAAAACEEEEIIII"
-                                         "DNOOOOOxOUUUUYPs"
-                                         "aaaaaaaceeeeiiii"
-                                         "dnooooo/ouuuuypy";
+static_assert(std::size(kLetters) % kLetterSize == 0);
 
-static_assert(std::size(kGlyphs) == (kFirstBeyondAscii - kFirstGlyph) * kGlyphSize);
-static_assert(kLookAlikes.size() == 256 - kFirstBeyondAscii);
-
+/// Codes without a letter, which Windows-1252 does not assign, have a question mark.
 Font makeFont() {
     Font font{kLabelWidth, kLabelHeight, {}};
-    auto end = std::ranges::copy(kGlyphs, font.store.begin()).out;
-    for (unsigned code = kFirstGlyph; code < kFirstBeyondAscii; ++code)
+    auto end = font.store.begin();
+    const auto add = [&](unsigned code, const std::uint8_t* glyph) {
         font.characters += static_cast<char>(code);
-    for (const char looks : kLookAlikes) {
-        font.characters += static_cast<char>(font.characters.size() + kFirstGlyph);
-        const auto* const glyph = kGlyphs + (static_cast<unsigned char>(looks) - kFirstGlyph) * kGlyphSize;
         end = std::copy_n(glyph, kGlyphSize, end);
+    };
+    const std::uint8_t* questionMark = nullptr;
+    unsigned next = kLetters[0];
+    for (const std::uint8_t* letter = std::begin(kLetters); letter != std::end(kLetters);
+         letter += kLetterSize) {
+        if (*letter == '?')
+            questionMark = letter + 1;
+        for (; next < *letter; ++next)
+            add(next, questionMark);
+        add(next++, letter + 1);
     }
+    for (; next < kCodes; ++next)
+        add(next, questionMark);
     return font;
 }
 

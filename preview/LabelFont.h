@@ -6,8 +6,7 @@
 namespace qrtVistrelClasses4 {
 
 /// A small font for what a preview adds to the dots of a sign: captions, and the names in boxes. It needs no
-/// font files. It has all visible characters of Windows-1252; those beyond ASCII look like the nearest one of
-/// ASCII.
+/// font files. It has all visible characters of Windows-1252.
 const Font& LabelFont();
 
 } // namespace qrtVistrelClasses4

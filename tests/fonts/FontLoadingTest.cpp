@@ -1,6 +1,7 @@
 #include "fonts/FontLoading.h"
 
-#include "HostTest.h"
+#include "FontTesting.h"
+#include "fonts/ExtendedFont.h"
 #include "fonts/classFontMaster.h"
 #include <qrtVistrelClasses4/RuntimeError.h>
 
@@ -95,6 +96,45 @@ TEST_F(FontLoading, ReportsWhichFileWasLoadedInItsPlace) {
         EXPECT_EQ(outcome.source, row.source);
         EXPECT_EQ(outcome.messages, row.messages);
         EXPECT_EQ(outcome.path.has_value(), row.loaded > 0);
+    }
+}
+
+TEST_F(FontLoading, TakesLettersThatAFontLacksFromExtendedFonts) {
+    const auto letter = [](char code, const std::string& dots) {
+        return ExtendedLetter{static_cast<unsigned char>(code), 3, static_cast<std::uint8_t>(dots.size()),
+                              dots};
+    };
+    const auto put = [&](const std::string& name, const ExtendedFontFiles& font) {
+        files().put(full("Extended/" + name + ".IDX"), font.index);
+        files().put(full("Extended/" + name + ".cff"), font.dots);
+    };
+    files().put(full("My.cmd"), HeaderFontBytes(FontOf(4, {"###", "#.#"})));
+    put("MyL", ExtendedFontBytes({letter('B', "\xc0\xe0"), letter('A', "\xff")}));
+    const ExtendedFontFiles further = ExtendedFontBytes({letter('B', "\xe0"), letter('C', "\x80\x80\x80")});
+    put("Ex4x2", further);
+    const auto pictureOf = [&](const FontOutcome& outcome) {
+        PixelBuffer pixels(10, 2, kBackColor);
+        DrawLetters({outcome.font.value(), 1, kFontColor}, "ABCD", {pixels}, false);
+        return PictureOf(pixels);
+    };
+    const FontOutcome whole = LoadFontFile(full("My.cmd"), -1, -1, true);
+    EXPECT_EQ(whole.messages, Texts{});
+    EXPECT_EQ(pictureOf(whole), (Texts{".#####.#..", ".#.#####.."}));
+    EXPECT_TRUE(whole.font->has('C') && !whole.font->has('D'));
+
+    const auto cut = [](std::string text) { return text.substr(0, text.size() - 1); };
+    const std::string twice = ExtendedFontBytes({letter('B', "1"), letter('B', "2")}).index;
+    const ExtendedFontFiles damaged[] = {{cut(further.index), further.dots},
+                                         {further.index + '0', further.dots},
+                                         {further.index, cut(further.dots)},
+                                         {"", ""},
+                                         {twice, "12"},
+                                         {ExtendedFontBytes({letter('B', "")}).index, ""}};
+    for (const ExtendedFontFiles& bad : damaged) {
+        put("Ex4x2", bad);
+        const FontOutcome outcome = LoadFontFile(full("My.cmd"), -1, -1, true);
+        EXPECT_EQ(outcome.messages, Texts{"Error Loading Extended Font [Ex4x2]"});
+        EXPECT_EQ(pictureOf(outcome)[1], ".#.####...");
     }
 }
 

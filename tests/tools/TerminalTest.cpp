@@ -84,7 +84,7 @@ TEST(Terminal, ShowsTablesAndPicturesInItsWidthAndColours) {
             EXPECT_EQ(contains(shown, "▀"), kind.hasSymbols);
             EXPECT_TRUE(contains(shown, "256 x 64")) << "numbers are never cut";
             const bool isNarrow = kind.isTerminal && columns < 200;
-            EXPECT_LE(widest, kind.isTerminal ? columns : 144);
+            EXPECT_LE(widest, kind.isTerminal ? columns : 160);
             EXPECT_EQ(contains(shown, "555-0142:COM3:2400"), !isNarrow);
             EXPECT_EQ(contains(shown, "…"), isNarrow && kind.hasSymbols);
             EXPECT_EQ(note, !isNarrow ? ""
@@ -92,7 +92,7 @@ TEST(Terminal, ShowsTablesAndPicturesInItsWidthAndColours) {
                                 ? "Narrowed to fit the terminal: a character shows 2 x 2 dots"
                                 : "Cut to fit the terminal: the left " +
                                       std::to_string(kind.hasSymbols ? 2 * columns : columns) +
-                                      " of 144 dots are shown; --out draws them all");
+                                      " of 160 dots are shown; --out draws them all");
         }
 }
 

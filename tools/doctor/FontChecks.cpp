@@ -6,6 +6,7 @@
 #include "tools/doctor/Checks.h"
 #include "tools/fonts/FontOpening.h"
 #include "tools/program/Encoding.h"
+#include "tools/program/Outputs.h"
 
 #include <algorithm>
 #include <optional>
@@ -19,6 +20,7 @@ namespace {
 
 constexpr std::int16_t kOrdinarySign = 0;
 constexpr std::int16_t kSignWithOwnFont = 16; ///< A Kestrel.
+constexpr std::string_view kIndexEnding = ".idx";
 
 /// A font file, whatever numbers it has.
 struct NumberedFile {
@@ -66,6 +68,17 @@ void examineFont(DoctorFinding& finding, const std::string& path, const std::opt
     finding.advice = "put a whole font in its place; vistrel font make makes one";
 }
 
+void examineExtendedFont(DoctorFinding& finding, const std::string& path, ExtendedPart part) {
+    finding.subject = "extended font";
+    finding.path = path;
+    finding.message = VisibleName(path);
+    if (part == ExtendedPart::ofWhole)
+        return;
+    finding.severity = Severity::warning;
+    finding.message += ": the files of this extended font do not belong together, or one is not whole";
+    finding.advice = "make both again with vistrel font make --extended";
+}
+
 std::string numbersText(const std::set<std::int16_t>& numbers) {
     std::string text;
     for (const std::int16_t number : numbers)
@@ -105,7 +118,14 @@ void CheckFonts(DoctorFindings& findings) {
             checkNumbered(numbered, findings);
     for (const std::string& path : OtherFontFiles()) {
         DoctorFinding finding{.check = "fonts.other", .subject = "other font"};
-        examineFont(finding, path, SizeOfNumberedFont(path), Severity::warning); // it may be no font at all
+        const ExtendedPart part = ExtendedPartOf(path);
+        if (part != ExtendedPart::none && EndingOf(path) != kIndexEnding)
+            continue; // the index has the finding about both files
+        if (part == ExtendedPart::none)
+            examineFont(finding, path, SizeOfNumberedFont(path),
+                        Severity::warning); // it may be no font at all
+        else
+            examineExtendedFont(finding, path, part);
         findings.push_back(std::move(finding));
     }
 }

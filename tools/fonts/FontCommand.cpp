@@ -1,13 +1,18 @@
-// vistrel font: shows fonts of signs, makes them from pictures, and checks them against playfiles.
+// vistrel font: shows fonts of signs, makes them from pictures and other fonts, exports them, and checks them
+// against playfiles.
+#include "fonts/FontLoading.h"
 #include "frame/SystemErrors.h"
 #include "tools/commands/StoredCommands.h"
+#include "tools/fonts/BdfFont.h"
 #include "tools/fonts/FontChanges.h"
 #include "tools/fonts/FontGallery.h"
 #include "tools/fonts/FontNeeds.h"
 #include "tools/fonts/FontOpening.h"
 #include "tools/fonts/FontPictures.h"
 #include "tools/fonts/FontScaling.h"
+#include "tools/fonts/FontSheet.h"
 #include "tools/playfile/Opening.h"
+#include "tools/preview/PngFile.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/FileStart.h"
@@ -38,6 +43,7 @@ struct FontOptions {
     bool asSource = false;
     bool header = false;
     bool noHeader = false;
+    bool extended = false;
 };
 
 std::optional<Font> loadFont(const FontOptions& options, ErrorLines& errors) {
@@ -74,11 +80,11 @@ ExitCode show(const FontOptions& options, Session& session) {
 
 /// Adds an error and returns nothing if the file has no pictures of letters.
 std::optional<FontPictures> readPictures(const std::string& path, ErrorLines& errors) {
-    constexpr std::size_t largest = std::size_t{4} << 20; // twice the size of pictures of the largest letters
+    constexpr std::size_t largest = std::size_t{16} << 20; // enough for BDF fonts of many languages
     errors.aboutFile(path);
     const std::string source = FileStart(path, largest + 1);
     if (source.size() <= largest)
-        return ReadFontPictures(source, errors);
+        return IsBdf(source) ? ReadBdf(source, errors) : ReadFontPictures(source, errors);
     errors.add("is larger than " + std::to_string(largest) + " bytes");
     return std::nullopt;
 }
@@ -108,9 +114,9 @@ std::string remarks(const std::optional<Font>& before, const Font& font) {
            (old.cell == now.cell ? ChangesOf(old, now) : "they were " + SizeText(old.cell) + " before");
 }
 
-/// Writes a font of the letters in `pictures`.
-ExitCode write(const Font& font, const FontPictures& pictures, FontLayout layout, const FontOptions& options,
-               Session& session) {
+/// Writes a font of the letters in `pictures`. There are `others` that it cannot hold.
+ExitCode write(const Font& font, const FontPictures& pictures, FontLayout layout, std::size_t others,
+               const FontOptions& options, Session& session) {
     const std::string& path = options.file;
     const std::optional<Font> before = PresentFont(path, pictures.cell);
     if (!before && !options.output.force && platform().files().kindOf(path) == EntryKind::file) {
@@ -127,10 +133,57 @@ ExitCode write(const Font& font, const FontPictures& pictures, FontLayout layout
     OutputTarget file(path, session.out);
     Check(file.write(layout == FontLayout::header ? HeaderFontBytes(font) : SizedFontBytes(font)));
     Check(file.commit());
-    outputs.remark(Visible(OutputName(path)) + ": " + std::to_string(pictures.letters.size()) +
-                   " letters of " + SizeText(pictures.cell) + " dots" +
-                   (options.noHeader ? ", without a header" : "") + remarks(before, font));
+    outputs.remark(
+        Visible(OutputName(path)) + ": " + std::to_string(pictures.letters.size()) + " letters of " +
+        SizeText(pictures.cell) + " dots" + (options.noHeader ? ", without a header" : "") +
+        (others > 0 ? ", and " + std::to_string(others) + " others are left to an extended font" : "") +
+        remarks(before, font));
     return ExitCode::done;
+}
+
+/// Writes the file with the dots and the index beside it.
+ExitCode writeExtended(const std::vector<ExtendedLetter>& letters, CellSize cell, const FontOptions& options,
+                       Session& session) {
+    constexpr std::string_view dotsEnding = ".cff";
+    const std::string& path = options.file;
+    session.errors.about(path);
+    if (EndingOf(path) != dotsEnding) {
+        session.errors.add("must end in .CFF: the index that belongs to it is written beside it, as .IDX");
+        return ExitCode::wrongUsage;
+    }
+    const std::string index = path.substr(0, path.size() - dotsEnding.size()) + ".IDX";
+    if (!options.output.force && platform().files().kindOf(path) == EntryKind::file &&
+        ExtendedPartOf(path) == ExtendedPart::none) {
+        session.errors.add("is not an extended font; --force replaces it");
+        return ExitCode::failed;
+    }
+    Outputs outputs(options.output, ExistingFiles::replacedIfAlike, session);
+    const ExtendedFontFiles files = ExtendedFontBytes(letters);
+    for (const auto& [name, bytes] : {std::pair(&path, &files.dots), std::pair(&index, &files.index)}) {
+        if (const auto code = outputs.codeInsteadOf(*name, "not made")) {
+            if (*code != ExitCode::done)
+                return *code;
+            continue;
+        }
+        AboutOutput(session.errors, *name);
+        OutputTarget file(*name, session.out);
+        Check(file.write(*bytes));
+        Check(file.commit());
+    }
+    outputs.remark(Visible(OutputName(path)) + ": " + std::to_string(letters.size()) + " letters of " +
+                   SizeText(cell) + " dots for fonts that lack them");
+    return ExitCode::done;
+}
+
+ExitCode makeExtended(FontPictures& pictures, const FontOptions& options, Session& session) {
+    session.errors.about(options.source);
+    const FontPictures others = TakeExtendedLetters(pictures);
+    if (others.letters.empty()) {
+        session.errors.add("has no letters but those of 32 to 127, which every font holds");
+        return ExitCode::failed;
+    }
+    const auto letters = ExtendedLettersOf(others, session.errors);
+    return letters ? writeExtended(*letters, others.cell, options, session) : ExitCode::failed;
 }
 
 ExitCode make(const FontOptions& options, Session& session) {
@@ -139,14 +192,58 @@ ExitCode make(const FontOptions& options, Session& session) {
         pictures = Enlarged(*pictures, CellSizeOf(*options.size), session.errors);
     if (!pictures)
         return ExitCode::failed;
+    if (options.extended)
+        return makeExtended(*pictures, options, session);
     const std::optional<FontLayout> layout = layoutOf(options, pictures->cell, session.errors);
     if (!layout)
         return ExitCode::wrongUsage;
     session.errors.about(options.source);
+    std::size_t others = 0;
+    if (FontPictures held = *pictures; *layout == FontLayout::sized) {
+        others = TakeExtendedLetters(held).letters.size();
+        if (!held.letters.empty()) // otherwise the first letter is the error
+            pictures = std::move(held);
+    }
     const std::optional<Font> font = FontOf(*pictures, *layout, session.errors);
     if (!font)
         return ExitCode::failed;
-    return write(*font, *pictures, *layout, options, session);
+    return write(*font, *pictures, *layout, others, options, session);
+}
+
+/// Writes the font as BDF or as a picture of its letters, as the ending says.
+ExitCode exportFont(const FontOptions& options, Session& session) {
+    constexpr std::string_view textEnding = ".bdf", pictureEnding = ".png";
+    const std::string& path = options.output.out;
+    const bool isPicture = EndingOf(path) == pictureEnding;
+    if (!isPicture && !HasEnding(path, textEnding, session.errors))
+        return ExitCode::wrongUsage;
+    const std::optional<Font> font = loadFont(options, session.errors);
+    if (!font)
+        return ExitCode::failed;
+    const FontPictures pictures = PicturesOf(*font);
+    if (pictures.letters.empty()) {
+        session.errors.add("has no letters");
+        return ExitCode::failed;
+    }
+    Outputs outputs(options.output, ExistingFiles::replaced, session);
+    if (const auto code = outputs.codeInsteadOf(path))
+        return *code;
+    AboutOutput(session.errors, path);
+    OutputTarget file(path, session.out);
+    if (isPicture) {
+        const PixelBuffer sheet = FontSheet(pictures);
+        Palette palette;
+        palette.add(sheet);
+        PngWriter png(sheet.size(), palette, file);
+        png.write(sheet);
+        png.finish();
+    } else {
+        Check(file.write(BdfText(pictures, StemOf(options.file))));
+    }
+    Check(file.commit());
+    outputs.remark(Visible(OutputName(path)) + ": " + std::to_string(pictures.letters.size()) +
+                   " letters of " + SizeText(pictures.cell) + " dots");
+    return ExitCode::done;
 }
 
 /// Prints the characters of the playfile `path` that the font lacks.
@@ -178,9 +275,11 @@ ExitCode checkFor(const std::string& path, const Font& font, const CommandTable&
 }
 
 ExitCode check(const FontOptions& options, Session& session) {
-    const std::optional<Font> font = loadFont(options, session.errors);
+    std::optional<Font> font = loadFont(options, session.errors);
     if (!font)
         return ExitCode::failed;
+    for (const std::string& damaged : AddExtendedLetters(*font, options.file))
+        session.errors.add("the extended font " + damaged + " is damaged, and not used");
     const ScopedMoment moment(options.at);
     const std::vector<Input> inputs = FindInputs(options.playfiles, InputKind::playfile, session.errors);
     Headings headings(options.playfiles, session.out);
@@ -214,10 +313,12 @@ void SetUpFontCommand(CLI::App& font, Session& session) {
     showCommand->add_flag("--source", options->asSource, R"(Prints pictures that "make" takes)")
         ->excludes(json);
 
-    CLI::App* makeCommand = add("make", &make, "Makes a font from the pictures of its letters",
-                                "vistrel font make fonts/6x8.txt bin/16x16.cmd --size 16x16");
+    CLI::App* makeCommand =
+        add("make", &make, "Makes a font from pictures of its letters, or from a BDF font",
+            "vistrel font make fonts/6x8.txt bin/16x16.cmd --size 16x16");
     makeCommand
-        ->add_option("SOURCE", options->source, R"(The pictures, "#" and "." under the code of each letter)")
+        ->add_option("SOURCE", options->source,
+                     R"(The pictures, "#" and "." under the code of each letter; or a BDF font)")
         ->type_name(kFileValue)
         ->required();
     makeCommand->add_option("FILE", options->file, R"(The font to write; "-" for standard output)")
@@ -232,7 +333,23 @@ void SetUpFontCommand(CLI::App& font, Session& session) {
         ->add_flag("--no-header", options->noHeader,
                    "Writes only the letters 32 to 127. Who reads the font must know its size")
         ->excludes(header);
+    makeCommand
+        ->add_flag(
+            "--extended", options->extended,
+            "Writes an extended font: the letters beyond 127, for fonts that lack them. FILE ends in .CFF; "
+            "its index is written beside it")
+        ->excludes(header)
+        ->excludes("--no-header");
     AddOutputOptions(*makeCommand, options->output, ExistingFiles::replacedIfAlike);
+
+    CLI::App* exportCommand =
+        add("export", &exportFont, "Writes a font for other programs (BDF), or a picture of all its letters",
+            "vistrel font export bin/6x8.cmd --out 6x8.bdf");
+    exportCommand->add_option("FILE", options->file, "The font")->type_name(kFontValue)->required();
+    addSize(*exportCommand, sizeOfFont);
+    AddOutOption(*exportCommand, options->output, "File to write, ending in .bdf or .png; \"-\" prints BDF")
+        ->required();
+    AddOutputOptions(*exportCommand, options->output, ExistingFiles::replaced);
 
     CLI::App* checkCommand =
         add("check", &check,

@@ -104,15 +104,21 @@ private:
     std::bitset<kLargestCode + 1> seen_;
 };
 
-/// The byte of a dot in the store, and its bit in that byte.
+/// The byte of a dot among those of a letter, and its bit in that byte.
 struct DotPlace {
     std::size_t index;
     unsigned bit;
 };
-DotPlace placeOf(std::size_t offset, const Font& font, std::size_t column, std::size_t row) {
+DotPlace placeOf(std::size_t column, std::size_t row, std::size_t height) {
     constexpr unsigned leftmost = 0x80;
-    return {offset + 1 + column / kDotsInByte * static_cast<std::size_t>(font.height) + row,
-            leftmost >> column % kDotsInByte};
+    return {column / kDotsInByte * height + row, leftmost >> column % kDotsInByte};
+}
+
+/// The same in the store of a font, for the letter whose glyph starts at `offset`.
+DotPlace placeOf(std::size_t offset, const Font& font, std::size_t column, std::size_t row) {
+    DotPlace place = placeOf(column, row, static_cast<std::size_t>(font.height));
+    place.index += offset + 1;
+    return place;
 }
 
 /// The picture of the letter at an offset in the store. Dots beyond its record or the store are dark.
@@ -199,6 +205,45 @@ FontPictures PicturesOf(const Font& font) {
     }
     return pictures;
 }
+
+FontPictures TakeExtendedLetters(FontPictures& pictures) {
+    const std::string held = ParseFont({}, pictures.cell.width, pictures.cell.height)->characters;
+    FontPictures others{pictures.cell, {}};
+    const auto first = std::stable_partition(
+        pictures.letters.begin(), pictures.letters.end(),
+        [&](const LetterPicture& letter) { return held.find(static_cast<char>(letter.code)) != held.npos; });
+    others.letters.assign(first, pictures.letters.end());
+    pictures.letters.erase(first, pictures.letters.end());
+    return others;
+}
+
+std::optional<std::vector<ExtendedLetter>> ExtendedLettersOf(const FontPictures& pictures,
+                                                             ErrorLines& errors) {
+    std::vector<ExtendedLetter> letters;
+    letters.reserve(pictures.letters.size());
+    for (const LetterPicture& picture : pictures.letters) {
+        const std::size_t width = picture.rows.front().size(), height = picture.rows.size();
+        if (width > kMostDrawnColumns) {
+            errors.add("line " + std::to_string(picture.line) + ": letter " + std::to_string(picture.code) +
+                       " is wider than the " + std::to_string(kMostDrawnColumns) + " dots that are drawn");
+            return std::nullopt;
+        }
+        ExtendedLetter letter{
+            picture.code, static_cast<std::uint8_t>(width), static_cast<std::uint8_t>(height), {}};
+        letter.dots.resize((width + kDotsInByte - 1) / kDotsInByte * height);
+        for (std::size_t row = 0; row < height; ++row)
+            for (std::size_t column = 0; column < width; ++column)
+                if (picture.rows[row][column] == kLitDot) {
+                    const DotPlace place = placeOf(column, row, height);
+                    letter.dots[place.index] =
+                        static_cast<char>(static_cast<unsigned char>(letter.dots[place.index]) | place.bit);
+                }
+        letters.push_back(std::move(letter));
+    }
+    return letters;
+}
+
+int DrawnColumns(CellSize cell) { return columnsOf(Font{cell.width, cell.height, {}}); }
 
 std::optional<Font> FontOf(const FontPictures& pictures, FontLayout layout, ErrorLines& errors) {
     if (pictures.letters.empty() || pictures.letters.size() > kMostLetters) {

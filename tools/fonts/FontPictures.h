@@ -1,6 +1,7 @@
 // The letters of a font as text pictures, for people to draw.
 #pragma once
 
+#include "fonts/ExtendedFont.h"
 #include "fonts/FontFile.h"
 #include "fonts/clsFontSizes.h"
 #include "tools/program/ErrorLines.h"
@@ -53,6 +54,16 @@ enum class FontLayout {
            ///< high fonts.
     header ///< The characters that have a picture.
 };
+
+/// Moves the letters that a font without a header cannot hold into the result.
+FontPictures TakeExtendedLetters(FontPictures& pictures);
+/// Those letters as an extended font has them. Adds an error and returns nothing if one is too wide to be
+/// drawn.
+std::optional<std::vector<ExtendedLetter>> ExtendedLettersOf(const FontPictures& pictures,
+                                                             ErrorLines& errors);
+
+/// Columns that are drawn of letters in cells of this size. 0 if no font can have such cells.
+int DrawnColumns(CellSize cell);
 
 /// Makes a font. Adds an error and returns nothing if no font of that layout can hold the pictures.
 std::optional<Font> FontOf(const FontPictures& pictures, FontLayout layout, ErrorLines& errors);
