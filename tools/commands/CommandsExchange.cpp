@@ -17,6 +17,9 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
+/// The texts that `BytesOfHex` takes, without the empty one.
+constexpr char kHexPattern[] = R"(^\s*([0-9A-Fa-f]{2}\s*)+$)";
+
 /// Puts the commands of a file into a table.
 class CommandCollector {
 public:
@@ -153,6 +156,7 @@ const char* FaultOfCommand(const std::string& key, const std::string& bytes) {
 void Exchanged<ExchangedCommand>::addMembers(JsonKind& kind) {
     for (std::size_t index : {kCommandKey, kCommandBytes})
         kind.members.at(index).isRequired = true;
+    kind.members.at(kCommandBytes).pattern = kHexPattern;
 }
 
 ExchangedCommands CommandsToExchange(const CommandTable& table) {

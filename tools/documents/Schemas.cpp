@@ -1,6 +1,7 @@
 #include "tools/documents/Schemas.h"
 
 #include "platform/LetterCase.h"
+#include "platform/Utf8.h"
 #include "tools/commands/CommandsExchange.h"
 #include "tools/documents/PropertyHelp.h"
 #include "tools/exchange/JsonInput.h"
@@ -16,6 +17,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <set>
 #include <utility>
 
 namespace qrtVistrelClasses4 {
@@ -87,14 +89,41 @@ ordered_json numberSchema(const char* type, const AllowedValues& allowed, Number
     return schema;
 }
 
-ordered_json textSchema(const AllowedValues& allowed, const std::string& unset) {
-    ordered_json schema{{"type", "string"}};
-    if (!allowed.pattern.empty()) {
-        schema["pattern"] = "^(?:" + withBothCases(ExpressionOf(allowed)) + ")?$";
-        schema["maxLength"] = kLongestMatched;
+/// A code unit in a regular expression.
+std::string escaped(char32_t unit) {
+    constexpr std::string_view kDigits = "0123456789ABCDEF";
+    constexpr int kMostShift = 12;
+    constexpr int kBitsOfDigit = 4;
+    constexpr char32_t kDigitMask = 0xF;
+    std::string text = "\\u";
+    for (int shift = kMostShift; shift >= 0; shift -= kBitsOfDigit)
+        text += kDigits[(unit >> static_cast<unsigned>(shift)) & kDigitMask];
+    return text;
+}
+
+char32_t characterOf(const std::string& ansi) {
+    const std::string utf8 = Utf8FromAnsi(ansi);
+    std::string_view rest = utf8;
+    return TakeUtf8Character(rest).value();
+}
+
+/// A regular expression for texts of the characters that a file can hold.
+std::string patternOfHeld(const JsonKind& kind) {
+    std::set<char32_t> units;
+    for (int code = 0; code <= std::numeric_limits<unsigned char>::max(); ++code)
+        if (const std::string ansi(1, static_cast<char>(code)); kind.canHold(ansi))
+            units.insert(characterOf(ansi));
+    std::string ranges;
+    for (auto first = units.begin(); first != units.end();) {
+        auto last = first;
+        while (std::next(last) != units.end() && *std::next(last) == *last + 1)
+            ++last;
+        ranges += escaped(*first);
+        if (last != first)
+            ranges.append("-").append(escaped(*last));
+        first = std::next(last);
     }
-    schema["default"] = Utf8FromAnsi(unset);
-    return schema;
+    return "^[" + ranges + "]*$";
 }
 
 /// Makes the schemas of one kind of file.
@@ -102,11 +131,19 @@ class SchemaMaker {
 public:
     SchemaMaker(const PropertyHelp& help, JsonChecks checks) : help_(help), checks_(checks) {}
 
+    /// A whole schema, after the keys that it begins with. `value` is as for `schemaOf`.
+    void complete(ordered_json& schema, const JsonKind& kind, const void* value) {
+        const ordered_json values = schemaOf(kind, value, AllowedValuesOf({}));
+        schema["$defs"]["text"] = {{"type", "string"}, {"pattern", patternOfTexts_}};
+        schema.update(values);
+    }
+
+private:
     /// `value` is a new one, whose lists have an element.
-    ordered_json schemaOf(const JsonKind& kind, const void* value, const AllowedValues& allowed) const {
+    ordered_json schemaOf(const JsonKind& kind, const void* value, const AllowedValues& allowed) {
         switch (kind.form) {
         case JsonForm::text:
-            return textSchema(allowed, *static_cast<const std::string*>(value));
+            return textSchema(kind, allowed, *static_cast<const std::string*>(value));
         case JsonForm::int16:
             return numberSchema("integer", allowed, *static_cast<const std::int16_t*>(value));
         case JsonForm::int32:
@@ -131,7 +168,21 @@ public:
         }
     }
 
-private:
+    /// Of texts without a pattern of their own, all of which can hold the same characters.
+    ordered_json textSchema(const JsonKind& kind, const AllowedValues& allowed, const std::string& unset) {
+        ordered_json schema;
+        if (allowed.pattern.empty()) {
+            patternOfTexts_ = patternOfHeld(kind);
+            schema["$ref"] = "#/$defs/text";
+        } else {
+            schema = {{"type", "string"},
+                      {"pattern", "^(?:" + withBothCases(ExpressionOf(allowed)) + ")?$"},
+                      {"maxLength", kLongestMatched}};
+        }
+        schema["default"] = Utf8FromAnsi(unset);
+        return schema;
+    }
+
     static ordered_json flagSchema(const AllowedValues& allowed, std::int16_t unset) {
         ordered_json schema = numberSchema("integer", allowed, unset);
         schema["type"] = {"boolean", "integer"};
@@ -139,14 +190,14 @@ private:
         return schema;
     }
 
-    ordered_json arraySchema(const JsonKind& kind, const void* list) const {
+    ordered_json arraySchema(const JsonKind& kind, const void* list) {
         const JsonElements& elements = kind.elements;
         return {{"type", "array"},
                 {"maxItems", elements.most},
                 {"items", schemaOf(*elements.kind, elements.at(list, 0), AllowedValuesOf({}))}};
     }
 
-    ordered_json objectSchema(const JsonKind& kind, const void* record) const {
+    ordered_json objectSchema(const JsonKind& kind, const void* record) {
         ordered_json schema{{"type", "object"}, {"additionalProperties", false}};
         for (const JsonMember& member : kind.members)
             if (member.isRequired)
@@ -156,6 +207,12 @@ private:
             property["description"] = helpOf(member.key);
             property.update(schemaOf(*member.kind, member.valueIn(record),
                                      checks_ == JsonChecks::usual ? *member.allowed : AllowedValuesOf({})));
+            if (member.isRequired && member.kind->form == JsonForm::text) {
+                property["minLength"] = 1;
+                property.erase("default");
+            }
+            if (member.pattern)
+                property["pattern"] = member.pattern;
         }
         return schema;
     }
@@ -174,6 +231,7 @@ private:
 
     const PropertyHelp& help_;
     JsonChecks checks_;
+    std::string patternOfTexts_;
 };
 
 template <class List>
@@ -193,7 +251,7 @@ std::vector<Schema> Schemas(std::string_view definition) {
         ordered_json schema{{"$schema", "https://json-schema.org/draft/2020-12/schema"}, {"title", title}};
         if (checks == JsonChecks::typesOnly)
             schema["description"] = kOnlyTypes;
-        schema.update(SchemaMaker(help, checks).schemaOf(kind, value, AllowedValuesOf({})));
+        SchemaMaker(help, checks).complete(schema, kind, value);
         schemas.push_back({name + std::string(".schema.json"), schema.dump(2) + "\n"});
     };
     auto frames = withOneElement<OneBasedArray<FrameRecord>>();

@@ -37,9 +37,13 @@ struct JsonMember {
     const void* (*valueIn)(const void* record);
     /// What is allowed for its values; for an array of records, see those.
     const AllowedValues* allowed;
-    bool isRequired = false; ///< Otherwise, a record without the key has the default value.
+    /// Whether an object needs the key, and a text must not be empty. Without the key, a record has the
+    /// default value otherwise.
+    bool isRequired = false;
     /// Gives a record without the key what it has instead of the default value.
     void (*setMissing)(void* record) = nullptr;
+    /// For schemas: a regular expression for the texts that are taken, where `allowed` has none.
+    const char* pattern = nullptr;
 };
 
 /// How the elements of a list are reached. Indexes start at 0.
