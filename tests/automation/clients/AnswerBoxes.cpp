@@ -11,11 +11,12 @@ namespace {
 constexpr int kTextIdentifier = 0xffff;
 constexpr int kPauseMilliseconds = 20, kPauses = 1000;
 
-/// The next box, once it has its text; none if it does not come.
+/// The next box, once it has its text and its title, which Wine gives it after the text; none if it does not
+/// come.
 HWND awaitBox(HWND previous) {
     for (int pause = 0; pause < kPauses; ++pause) {
         const HWND box = FindWindowA("#32770", nullptr);
-        if (box && box != previous && GetDlgItem(box, kTextIdentifier))
+        if (box && box != previous && GetDlgItem(box, kTextIdentifier) && GetWindowTextLengthA(box) > 0)
             return box;
         Sleep(kPauseMilliseconds);
     }
