@@ -51,8 +51,9 @@ nlohmann::ordered_json findingsJson(const std::vector<Finding>& findings, std::i
 /// The text of the page.
 class FilmPage::Text {
 public:
-    Text(const FilmPageFacts& facts, ByteSink& file)
-        : text_(file), base64_(text_), packed_([this](std::string_view piece) { base64_.append(piece); }) {
+    Text(const FilmPageFacts& facts, ByteSink& file, std::size_t mostBytes)
+        : mostBytes_(mostBytes), text_(file), base64_(text_),
+          packed_([this](std::string_view piece) { base64_.append(piece); }) {
         text_.append(kPageBeforeFilm);
         putFacts(facts);
         text_.append(kPageBeforePictures);
@@ -61,7 +62,7 @@ public:
     bool add(double seconds, const Raster& dots) {
         const std::string_view picture = pictures_.encode(millisecondsOf(seconds), dots);
         bytes_ += picture.size();
-        if (bytes_ > kMostBytesOfPictures)
+        if (bytes_ > mostBytes_)
             return false;
         packed_.append(picture);
         return true;
@@ -127,12 +128,13 @@ private:
         for (const std::int32_t number : facts.frames)
             indexOf.emplace(number, indexOf.size());
         std::string_view separator = "\n";
-        for (const FilmPageFacts::Step& step : facts.steps) {
+        for (const FilmCut::Step& step : facts.steps) {
             text_.append(std::exchange(separator, ",\n"));
-            put({millisecondsOf(step.startSeconds), indexOf.at(step.frame), step.round});
+            put({millisecondsOf(step.start), indexOf.at(step.shown.frame), step.shown.round});
         }
     }
 
+    std::size_t mostBytes_;
     BufferedText text_;
     Base64 base64_;
     Deflater packed_;
@@ -140,7 +142,8 @@ private:
     std::size_t bytes_ = 0;
 };
 
-FilmPage::FilmPage(const FilmPageFacts& facts, ByteSink& file) : text_(std::make_unique<Text>(facts, file)) {}
+FilmPage::FilmPage(const FilmPageFacts& facts, ByteSink& file, std::size_t mostBytes)
+    : text_(std::make_unique<Text>(facts, file, mostBytes)) {}
 FilmPage::~FilmPage() = default;
 
 bool FilmPage::add(double seconds, const Raster& dots) { return text_->add(seconds, dots); }

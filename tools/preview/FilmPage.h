@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/FileSystem.h"
+#include "tools/preview/FilmCut.h"
 #include <qrtVistrelClasses4/CommandTable.h>
 #include <qrtVistrelClasses4/OneBasedArray.h>
 #include <qrtVistrelClasses4/PlayTime.h>
@@ -21,18 +22,11 @@ namespace qrtVistrelClasses4 {
 
 /// What a page shows besides the pictures.
 struct FilmPageFacts {
-    /// A frame that is shown once.
-    struct Step {
-        double startSeconds = 0;
-        std::int32_t frame = 0; ///< From 1.
-        std::int32_t round = 1; ///< Of the innermost loop around the frame.
-    };
-
     std::string title; ///< In UTF-8.
     DotSize size;
     double seconds = 0;
     bool isPlain = false; ///< Whether dots are plain at first, and no LEDs.
-    std::vector<Step> steps;
+    std::vector<FilmCut::Step> steps;
     std::vector<std::int32_t> frames;    ///< Numbers of those in the list.
     const Playfile* playfile = nullptr;  ///< Outlives the page.
     const PlayTime* playTime = nullptr;  ///< The same.
@@ -48,9 +42,9 @@ public:
     /// Browsers have all changes of the pictures in memory, and phones have little of it.
     static constexpr std::size_t kMostBytesOfPictures = 64U << 20;
 
-    /// Writes what is in front of the pictures. `file` must outlive this object. All functions throw the
-    /// errors of the file, and error 7 without memory.
-    FilmPage(const FilmPageFacts& facts, ByteSink& file);
+    /// Writes what comes before the pictures, which may be of `mostBytes` before they are compressed. `file`
+    /// must outlive this object. All functions throw the errors of the file, and error 7 without memory.
+    FilmPage(const FilmPageFacts& facts, ByteSink& file, std::size_t mostBytes = kMostBytesOfPictures);
     ~FilmPage();
     FilmPage(const FilmPage&) = delete;
     FilmPage& operator=(const FilmPage&) = delete;
