@@ -1,7 +1,7 @@
 // vistrel show: the frames of a playfile.
-#include "playfile/Effects.h"
 #include "tools/exchange/JsonOutput.h"
 #include "tools/exchange/PlayfileJson.h"
+#include "tools/playfile/FrameNames.h"
 #include "tools/playfile/Opening.h"
 #include "tools/playfile/PlayTimes.h"
 #include "tools/program/Commands.h"
@@ -37,25 +37,15 @@ TimeBasis loadTimeBasis() {
     return {std::move(circumstances), !errors.empty()};
 }
 
-std::string kindName(const FrameRecord& frame) {
-    const std::string_view name = NameOfNumber(kMember<&FrameRecord::FrameType>.name, frame.FrameType);
-    return name.empty() ? std::to_string(frame.FrameType) : std::string(name);
-}
-
-/// The name of an effect, or its code if it has none.
-std::string effectName(std::optional<std::string> (*nameOf)(std::int16_t), std::int16_t code) {
-    return nameOf(code).value_or(std::to_string(code));
-}
-
 /// What the number in a property means; "" for a property that needs no explanation.
 template <class Row>
 std::string meaningOf(const Row&, const FrameRecord& frame) {
     if constexpr (std::is_same_v<Row, RowOf<&FrameRecord::FrameType>>)
-        return kindName(frame);
+        return KindName(frame);
     else if constexpr (std::is_same_v<Row, RowOf<&FrameRecord::PrefixCode>>)
-        return effectName(PrefixName, frame.PrefixCode);
+        return AppearEffectName(frame);
     else if constexpr (std::is_same_v<Row, RowOf<&FrameRecord::SuffixCode>>)
-        return effectName(SuffixName, frame.SuffixCode);
+        return DisappearEffectName(frame);
     else
         return {};
 }
@@ -93,9 +83,9 @@ void printFrames(std::ostream& out, const Playfile& playfile) {
                  {"Lines", right}});
     std::int32_t number = 0;
     for (const FrameRecord& frame : playfile.frames)
-        table.addRow({std::to_string(++number), VisibleAnsi(frame.FrameName), kindName(frame),
-                      effectName(PrefixName, frame.PrefixCode), effectName(SuffixName, frame.SuffixCode),
-                      NumberToText(frame.DelayTime), std::to_string(frame.lines.upperBound())});
+        table.addRow({std::to_string(++number), VisibleAnsi(frame.FrameName), KindName(frame),
+                      AppearEffectName(frame), DisappearEffectName(frame), NumberToText(frame.DelayTime),
+                      std::to_string(frame.lines.upperBound())});
     out << table;
 }
 

@@ -1,12 +1,11 @@
 #include "tools/preview/PngFile.h"
 
 #include "frame/BufferedText.h"
+#include "tools/preview/Deflater.h"
 #include <qrtVistrelClasses4/RuntimeError.h>
 
-#define ZLIB_CONST // what is compressed is only read
 #include <zlib.h>
 
-#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -61,58 +60,13 @@ private:
     BufferedText file_;
 };
 
-/// Compresses the rows into chunks. The same rows become the same bytes on every machine, as long as the
-/// releases of zlib are the same: level, strategy and sizes are named here, and zlib looks at nothing else.
-class PngWriter::CompressedRows {
-public:
-    explicit CompressedRows(ChunkWriter& chunks) : chunks_(chunks) {
-        constexpr int level = 6, windowBits = 15, memoryLevel = 8;
-        if (deflateInit2(&zip_, level, Z_DEFLATED, windowBits, memoryLevel, Z_DEFAULT_STRATEGY) != Z_OK)
-            Raise(ErrorNumber::outOfMemory);
-        empty();
-    }
-    ~CompressedRows() { deflateEnd(&zip_); }
-    CompressedRows(const CompressedRows&) = delete;
-    CompressedRows& operator=(const CompressedRows&) = delete;
-
-    void append(std::string_view row) {
-        zip_.next_in = zlibBytes(row);
-        zip_.avail_in = static_cast<uInt>(row.size());
-        while (zip_.avail_in > 0) {
-            deflate(&zip_, Z_NO_FLUSH);
-            if (zip_.avail_out == 0)
-                writeChunk();
-        }
-    }
-
-    void finish() {
-        while (deflate(&zip_, Z_FINISH) != Z_STREAM_END)
-            writeChunk();
-        writeChunk();
-    }
-
-private:
-    void empty() {
-        zip_.next_out = packed_.data();
-        zip_.avail_out = static_cast<uInt>(packed_.size());
-    }
-    void writeChunk() {
-        chunks_.write("IDAT",
-                      {reinterpret_cast<const char*>(packed_.data()), packed_.size() - zip_.avail_out});
-        empty();
-    }
-
-    ChunkWriter& chunks_;
-    z_stream zip_{};
-    std::array<Bytef, 32768> packed_;
-};
-
 /// Writes each row as the numbers of its colours, or as their channels if they have no numbers.
 class PngWriter::Encoder {
 public:
     Encoder(DotSize size, const Palette& palette, ByteSink& file)
         : palette_(palette), depth_(hasNumbers() ? depthFor(palette.colors().size()) : kBitsOfByte),
-          numbers_(static_cast<std::size_t>(size.width)), chunks_(file), rows_(chunks_) {
+          numbers_(static_cast<std::size_t>(size.width)), chunks_(file),
+          rows_([this](std::string_view piece) { chunks_.write("IDAT", piece); }) {
         constexpr char rgb = 2, numbers = 3;
         std::string header = bytesOf(static_cast<std::uint32_t>(size.width)) +
                              bytesOf(static_cast<std::uint32_t>(size.height));
@@ -173,7 +127,7 @@ private:
     std::vector<std::uint8_t> numbers_; ///< Of a row's colours.
     std::string row_;
     ChunkWriter chunks_;
-    CompressedRows rows_;
+    Deflater rows_;
 };
 
 PngWriter::PngWriter(DotSize size, const Palette& palette, ByteSink& file)

@@ -27,7 +27,6 @@ public:
 
 private:
     class ChunkWriter;
-    class CompressedRows;
     class Encoder;
     std::unique_ptr<Encoder> encoder_;
 };

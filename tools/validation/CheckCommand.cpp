@@ -1,16 +1,14 @@
 // vistrel check: what is wrong with playfiles.
 #include "platform/Platform.h"
-#include "tools/commands/StoredCommands.h"
 #include "tools/playfile/Opening.h"
 #include "tools/playfile/Saving.h"
 #include "tools/program/Moment.h"
 #include "tools/program/Size.h"
 #include "tools/program/ValueKinds.h"
-#include "tools/settings/StoredSettings.h"
 #include "tools/signs/SignsFile.h"
 #include "tools/validation/CheckReport.h"
+#include "tools/validation/Circumstances.h"
 #include "tools/validation/RuleSelection.h"
-#include <qrtVistrelClasses4/SignLook.h>
 
 #include <algorithm>
 #include <limits>
@@ -40,24 +38,14 @@ struct CheckOptions {
 /// What is known on this machine. Adds an error and returns nothing if the list of signs does not have the
 /// sign.
 std::optional<ValidationCircumstances> findCircumstances(const CheckOptions& options, ErrorLines& errors) {
-    ValidationCircumstances known;
-    const Preferences preferences = LoadStoredPreferences(errors);
-    if (preferences.DisplayWidth > 0 && preferences.DisplayHeight > 0)
-        known.signSize = DotSize{preferences.DisplayWidth, preferences.DisplayHeight};
-    known.delayLimits =
-        DelayLimitsOf(preferences, LoadStoredTiming(errors).of(Timing::DelayLimitUnit).likely);
+    ValidationCircumstances known = LoadValidationCircumstances(errors);
     if (!options.sign.empty()) {
         const std::optional<DisplayRecord> sign = FindStoredSign(options.sign, errors);
         if (!sign)
             return std::nullopt;
-        const SignLook look = SignLookOf(*sign);
-        known.signSize = look.size ? look.size : known.signSize;
-        known.signType = look.type;
-        known.showsColors = look.showsColors;
+        UseSign(*sign, known);
     }
     known.signSize = options.size ? options.size : known.signSize;
-    known.offeredEffects = FindOfferedEffects();
-    known.commands = WithStoredCommands(errors, [](const CommandTable& commands) { return commands; });
     return known;
 }
 
