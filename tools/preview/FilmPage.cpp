@@ -101,7 +101,6 @@ private:
 
     void putFrames(const FilmPageFacts& facts) {
         TextPreviews previews(facts.commands, 0);
-        previews.setMoment(facts.moment);
         std::string_view separator = "\n";
         for (const std::int32_t number : facts.frames) {
             const FrameRecord& frame = facts.playfile->frames.at(number);
