@@ -44,12 +44,6 @@ struct StepParts {
     Micros disappearing;
 };
 
-/// A moment of a step.
-struct StepMoment {
-    std::size_t step;
-    Micros moment; ///< Since the start of the step.
-};
-
 PlayTimeCircumstances timingOf(const FilmCircumstances& circumstances, DotSize size) {
     PlayTimeCircumstances timing = circumstances.timing;
     timing.sign = size;
@@ -116,6 +110,12 @@ public:
     }
 
 private:
+    /// A moment of a step.
+    struct StepMoment {
+        std::size_t step;
+        Micros moment; ///< Since the start of the step.
+    };
+
     DotSize sizeOf(const FilmCircumstances& circumstances) {
         const std::optional<DotSize>& given = circumstances.sign.size;
         const DotSize size = given ? *given : drawing_.sizeFor(playfile_.frames);
