@@ -43,13 +43,14 @@ void AddFilmOptions(CLI::App& command, FilmOptions& options, CLI::Option* frame)
         command.add_flag("--plain", options.isPlain, "Shows a film as plain dots instead of LEDs")};
 }
 
-bool IsFilmName(std::string_view path) { return EndingOf(path) == ".html"; }
+bool IsGifName(std::string_view path) { return EndingOf(path) == ".gif"; }
+bool IsFilmName(std::string_view path) { return IsGifName(path) || EndingOf(path) == ".html"; }
 
 bool AreFilmOptionsUnused(const FilmOptions& options, ErrorLines& errors) {
     for (const CLI::Option* option : options.all)
         if (option->count() > 0) {
             errors.about(option->get_name());
-            errors.add("is for films, which --out writes into a file ending in .html");
+            errors.add("is for films, which --out writes into a file ending in .gif or .html");
             return false;
         }
     return true;

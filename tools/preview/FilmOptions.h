@@ -34,6 +34,8 @@ void AddFilmOptions(CLI::App& command, FilmOptions& options, CLI::Option* frame)
 
 /// Whether a file with that name is one that shows a film.
 bool IsFilmName(std::string_view path);
+/// The same for one that shows it as an animated picture.
+bool IsGifName(std::string_view path);
 
 /// False, after adding an error, if one of the options is given for a file that shows no film.
 bool AreFilmOptionsUnused(const FilmOptions& options, ErrorLines& errors);

@@ -5,10 +5,13 @@
 #include "tools/playfile/Opening.h"
 #include "tools/playfile/PlayTimes.h"
 #include "tools/preview/Faults.h"
+#include "tools/preview/FilmGif.h"
 #include "tools/preview/FilmPage.h"
+#include "tools/preview/PictureLimits.h"
 #include "tools/program/Duration.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/Inputs.h"
+#include "tools/program/Progress.h"
 #include "tools/validation/Circumstances.h"
 #include <qrtVistrelClasses4/Film.h>
 #include <qrtVistrelClasses4/SignLook.h>
@@ -20,6 +23,8 @@ namespace {
 
 /// A longer film takes minutes to draw, and nobody watches it.
 constexpr double kLongestFilmSeconds = 3600;
+
+constexpr int kScaleOfGif = 4;
 
 FilmCircumstances filmCircumstances(const FilmRequest& request, ErrorLines& errors) {
     FilmCircumstances circumstances;
@@ -132,14 +137,18 @@ private:
         const std::string out = NameFromPattern(request_.out, request_.path, number);
         if (const auto code = outputs_.codeInsteadOf(out))
             return *code;
-        const ExitCode code = writePage(film, cut, numbers, out);
+        const ExitCode code = IsGifName(out) ? writeGif(cut, out) : writePage(film, cut, numbers, out);
         aboutPlayfile();
         AddFaults(film.takeFaults(), session_.errors);
         return code;
     }
 
-    ExitCode writePage(const Film& film, FilmCut& cut, const std::vector<std::int32_t>& numbers,
-                       const std::string& out) {
+    /// Called with the moment that each picture is shown until.
+    using OnDrawn = std::function<void(double until)>;
+    /// Draws all pictures of a film into a file. Returns false after adding an error.
+    using DrawFilm = std::function<bool(ByteSink& file, const OnDrawn& onDrawn)>;
+
+    FilmPageFacts pageFacts(const Film& film, const FilmCut& cut, const std::vector<std::int32_t>& numbers) {
         FilmPageFacts facts;
         facts.title = StemOf(request_.path);
         facts.size = cut.size();
@@ -151,29 +160,72 @@ private:
         facts.playTime = &film.playTime();
         facts.commands = circumstances_.timing.commands;
         facts.findings = findingsOf(request_, opened_, session_.errors);
+        return facts;
+    }
+
+    ExitCode writePage(const Film& film, FilmCut& cut, const std::vector<std::int32_t>& numbers,
+                       const std::string& out) {
+        const FilmPageFacts facts = pageFacts(film, cut, numbers);
+        return writeFile(cut, out, cut.size(), [&](ByteSink& file, const OnDrawn& onDrawn) {
+            FilmPage page(facts, file);
+            bool isTooMuch = false;
+            forEachPicture(cut, [&](double from, double until, const Raster& dots) {
+                onDrawn(until);
+                isTooMuch = !page.add(from, dots);
+                return !isTooMuch;
+            });
+            if (isTooMuch)
+                addLength("a page holds no more than " +
+                          std::to_string(FilmPage::kMostBytesOfPictures >> 20) +
+                          " MiB of changes of the dots");
+            else
+                page.finish();
+            return !isTooMuch;
+        });
+    }
+
+    ExitCode writeGif(FilmCut& cut, const std::string& out) {
+        const DotLook look{request_.options.isPlain, request_.scale > 0 ? request_.scale : kScaleOfGif};
+        const PictureSize size = look.sizeOf(cut.size());
+        if (!IsDrawable(size, GifWriter::kLargestSide, session_.errors))
+            return ExitCode::failed;
+        return writeFile(cut, out, size.pixels(), [&](ByteSink& file, const OnDrawn& onDrawn) {
+            FilmGif gif(cut, look, file);
+            forEachPicture(cut, [&](double from, double until, const Raster& dots) {
+                onDrawn(until);
+                gif.add(from, until, dots);
+                return true;
+            });
+            gif.finish();
+            return true;
+        });
+    }
+
+    void forEachPicture(FilmCut& cut, const FilmCut::OnPicture& onPicture) const {
+        cut.forEachPicture(1.0 / request_.options.picturesInSecond, onPicture);
+    }
+
+    ExitCode writeFile(const FilmCut& cut, const std::string& out, DotSize pixels, const DrawFilm& drawFilm) {
         AboutOutput(session_.errors, out);
         OutputTarget file(out, session_.out);
         Check(file.error());
-        FilmPage page(facts, file);
         std::size_t pictures = 0;
-        bool isTooMuch = false;
-        cut.forEachPicture(1.0 / request_.options.picturesInSecond,
-                           [&](double from, double, const Raster& dots) {
-                               ++pictures;
-                               isTooMuch = !page.add(from, dots);
-                               return !isTooMuch;
-                           });
-        if (isTooMuch) {
-            addLength("a page holds no more than " + std::to_string(FilmPage::kMostBytesOfPictures >> 20) +
-                      " MiB of changes of the dots");
-            return ExitCode::failed;
+        {
+            Progress progress(OutputName(out), outputs_.isQuiet());
+            if (!drawFilm(file, [&](double until) {
+                    ++pictures;
+                    progress.set(until / cut.seconds());
+                }))
+                return ExitCode::failed;
         }
-        page.finish();
         Check(file.commit());
         outputs_.remark(Visible(OutputName(out)) + ": " + DurationText(cut.seconds()) + ", " +
-                        Counted(pictures, "picture") + " of " + std::to_string(cut.size().width) + " x " +
-                        std::to_string(cut.size().height) + " dots");
+                        Counted(pictures, "picture") + " of " + sizeText(cut.size()) + " dots" +
+                        (pixels == cut.size() ? "" : ", " + sizeText(pixels) + " pixels"));
         return ExitCode::done;
+    }
+    static std::string sizeText(DotSize size) {
+        return std::to_string(size.width) + " x " + std::to_string(size.height);
     }
 
     const FilmRequest& request_;

@@ -21,6 +21,7 @@ struct FilmRequest {
     const std::optional<DisplayRecord>& sign;
     std::optional<DotSize> size;
     std::int32_t frame = 0; ///< The only one, or 0.
+    int scale = 0;          ///< Pixels from one dot to the next; 0 for the usual ones.
 };
 
 /// Writes the films of an open playfile. Its losses have not been reported before.

@@ -7,6 +7,7 @@
 #include "tools/playfile/Opening.h"
 #include "tools/preview/Faults.h"
 #include "tools/preview/FilmPreview.h"
+#include "tools/preview/PictureLimits.h"
 #include "tools/preview/PngFile.h"
 #include "tools/preview/TerminalPicture.h"
 #include "tools/program/Commands.h"
@@ -114,14 +115,7 @@ private:
     int scaleOr(int usual) const { return options_.scale > 0 ? options_.scale : usual; }
 
     static PictureSize sizeOf(const FrameSheet& sheet) { return {sheet.width(), sheet.height()}; }
-    /// False, after adding an error, if the picture would be too large.
-    bool isDrawable(const PictureSize& size) {
-        if (size.isDrawn(kLargestSide))
-            return true;
-        session_.errors.add("a " + size.refusal() + ": at most " + std::to_string(kMostPixelsInPicture) +
-                            " are drawn, and " + std::to_string(kLargestSide) + " along a side");
-        return false;
-    }
+    bool isDrawable(const PictureSize& size) { return IsDrawable(size, kLargestSide, session_.errors); }
 
     ExitCode print() {
         const std::int64_t count =
@@ -215,8 +209,8 @@ ExitCode previewFile(const std::string& path, const PreviewOptions& options,
     if (!opened)
         return ExitCode::failed;
     if (const std::string& out = options.output.out; IsFilmName(out))
-        return PreviewFilm({path, out, options.film, sign, options.size, options.frame}, *opened, outputs,
-                           session);
+        return PreviewFilm({path, out, options.film, sign, options.size, options.frame, options.scale},
+                           *opened, outputs, session);
     const std::int32_t count = opened->playfile.frames.upperBound();
     const auto [first, last] = framesShown(options, count);
     if (first > count) {
@@ -234,17 +228,19 @@ ExitCode previewFile(const std::string& path, const PreviewOptions& options,
 
 /// False, after adding an error, if an option is not for a film.
 bool isForFilm(const PreviewOptions& options, ErrorLines& errors) {
-    if (!options.sheet && options.scale == 0)
+    const bool hasPixels = IsGifName(options.output.out);
+    if (!options.sheet && (options.scale == 0 || hasPixels))
         return true;
     errors.about(options.sheet ? "--sheet" : "--scale");
-    errors.add("is for pictures, and " + options.output.out + " shows a film");
+    errors.add("is for pictures, and " + options.output.out +
+               (hasPixels ? " shows a film" : " is a page, which has a size of its own"));
     return false;
 }
 
 /// False, after adding an error, if "--out" is not a pattern for what is to be drawn.
 bool isOutUsable(const PreviewOptions& options, ErrorLines& errors) {
     const std::string& out = options.output.out;
-    if (!out.empty() && !HasEnding(out, {".html", ".png"}, errors))
+    if (!out.empty() && !HasEnding(out, {".gif", ".html", ".png"}, errors))
         return false;
     if (!(IsFilmName(out) ? isForFilm(options, errors) : AreFilmOptionsUnused(options.film, errors)))
         return false;
@@ -292,13 +288,15 @@ void SetUpPreviewCommand(CLI::App& command, Session& session) {
         ->type_name(kSignValue);
     auto* out = AddOutOption(
         command, options->output,
-        "Files to write: pictures ending in .png, or pages ending in .html that play the playfile as a film; "
-        "without it, pictures go to the terminal, or in plain letters to a file or pipe. With %n, the "
+        "Files to write: pictures ending in .png, or films of the playfile: pictures that move, ending in "
+        ".gif, or pages that play it, ending in .html; without it, pictures go to the terminal, or in plain "
+        "letters to a file or pipe. With %n, the "
         "number of a frame, in the name each frame gets a file");
     AddOutputOptions(command, options->output, ExistingFiles::replaced);
     command
-        .add_option("--scale", options->scale,
-                    "Pixels from one dot to the next; else 6, in a sheet 3 or as many as it allows")
+        .add_option(
+            "--scale", options->scale,
+            "Pixels from one dot to the next; else 6, in a sheet 3 or as many as it allows, in a GIF 4")
         ->check(CLI::Range(1, kLargestPictureScale))
         ->needs(out);
     AddFilmOptions(command, options->film, frame);

@@ -96,6 +96,8 @@ public:
     /// that write all of their files or none.
     void lookAhead() { looksAhead_ = true; }
 
+    /// Whether only errors are to be printed.
+    bool isQuiet() const { return options_.quiet; }
     /// Prints a line, unless the command is quiet or has written nothing in a dry run. It goes to standard
     /// error if a file goes to standard output.
     void remark(const std::string& line) const;
