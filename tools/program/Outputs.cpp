@@ -152,8 +152,8 @@ bool HasEnding(const std::string& path, std::initializer_list<std::string_view> 
     if (path == kStandardStream || std::ranges::find(endings, EndingOf(path)) != endings.end())
         return true;
     std::string known;
-    for (const std::string_view ending : endings)
-        known.append(known.empty() ? "" : " and ").append(ending);
+    for (const std::string_view& ending : endings)
+        known.append(known.empty() ? "" : &ending == endings.end() - 1 ? " and " : ", ").append(ending);
     errors.about(path);
     errors.add("the ending says what is written, and only " + known + (endings.size() > 1 ? " are" : " is") +
                " known here");

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kWhole = 100;
 constexpr int kBarLetters = 20;
-constexpr std::chrono::milliseconds kUnseen{300};
+constexpr std::chrono::milliseconds kUnseen{100};
 
 void show(const std::string& line) {
     (void)platform().console().write(StandardStream::error, "\r" + line + "\x1b[K");
