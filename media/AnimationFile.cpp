@@ -1,9 +1,12 @@
 #include "media/AnimationFile.h"
 
+#include "media/BmpFile.h"
+#include "media/GifBlocks.h"
 #include "media/LittleEndian.h"
 
 #include <cstddef>
 #include <limits>
+#include <string>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -32,80 +35,94 @@ std::optional<Animation> parseAvi(std::string_view bytes) {
                      static_cast<std::int32_t>(pictures)};
 }
 
-/// Walks through the blocks of a GIF. Reading beyond the end yields zeros, and is remembered.
-class GifBlocks {
-public:
-    explicit GifBlocks(std::string_view bytes) : bytes_(bytes) {}
+/// Nothing if the file does not reach its end mark.
+std::optional<Animation> parseGif(std::string_view bytes) {
+    Animation animation{GifSize(bytes).value_or(DotSize{})};
+    const bool isWhole = ForEachGifPicture(bytes, [&](const GifPicture&) {
+        ++animation.pictures;
+        return true;
+    });
+    const bool hasDots = animation.size.width > 0 && animation.size.height > 0;
+    return isWhole && hasDots ? std::optional(animation) : std::nullopt;
+}
 
-    /// The number of pictures; nothing if the file does not reach its end mark.
-    std::optional<std::int32_t> countPictures() {
-        constexpr std::size_t palettePlace = 10, afterHeader = 13;
-        skip(palettePlace);
-        const std::uint8_t palette = take();
-        at_ = afterHeader;
-        skipPalette(palette);
-        std::int32_t pictures = 0;
-        while (true) {
-            switch (take()) {
-            case kPicture:
-                ++pictures;
-                skipPicture();
-                break;
-            case kExtension:
-                skip(1); // its kind
-                skipData();
-                break;
-            case kEnd:
-                return pictures;
-            default:
-                return std::nullopt;
-            }
+/// Walks through the chunks of an AVI in the order of their bytes, into every list.
+class AviChunks {
+public:
+    explicit AviChunks(std::string_view bytes) : bytes_(bytes) {}
+
+    /// The file of a picture that has the first data of the first stream with pictures. Empty if the file
+    /// ends before that.
+    std::string firstPicture() {
+        std::string bmp;
+        for (; at_ + kChunkStart <= bytes_.size(); next()) {
+            if (is("strh"))
+                startStream();
+            else if (is("strf") && isOfPictures_ && bmp.empty())
+                bmp = startOfBmp(data());
+            else if (isPicture() && !bmp.empty() && !data().empty())
+                return bmp.append(data());
         }
+        return {};
     }
 
 private:
-    static constexpr std::uint8_t kPicture = 0x2c, kExtension = 0x21, kEnd = 0x3b;
+    static constexpr std::size_t kChunkStart = 8;
+    static constexpr std::size_t kListStart = 12;
 
-    std::uint8_t take() { return at_ < bytes_.size() ? ByteAt(bytes_, at_++) : std::uint8_t{0}; }
-    void skip(std::size_t count) { at_ += count; }
+    bool is(std::string_view mark) const { return bytes_.substr(at_).starts_with(mark); }
 
-    void skipPicture() {
-        constexpr std::size_t placeAndSize = 8;
-        skip(placeAndSize);
-        skipPalette(take());
-        skip(1); // the size of codes
-        skipData();
+    /// As far as it is there.
+    std::string_view data() const {
+        return bytes_.substr(at_ + kChunkStart, LongAt(bytes_, at_ + sizeof(std::uint32_t)));
     }
 
-    void skipPalette(std::uint8_t flags) {
-        constexpr unsigned hasPalette = 0x80, sizeBits = 7;
-        constexpr std::size_t bytesOfColor = 3;
-        if ((flags & hasPalette) != 0)
-            skip(bytesOfColor << ((flags & sizeBits) + 1));
+    void next() {
+        const std::size_t size = LongAt(bytes_, at_ + sizeof(std::uint32_t));
+        at_ += is("RIFF") || is("LIST") ? kListStart : kChunkStart + size + size % 2;
     }
 
-    /// Pieces with their size before them; one without bytes is the last.
-    void skipData() {
-        while (const std::uint8_t size = take())
-            skip(size);
+    void startStream() {
+        ++streams_;
+        const bool isFirst = pictures_ == 0 && data().starts_with("vids");
+        isOfPictures_ = isFirst;
+        if (isFirst)
+            pictures_ = streams_;
+    }
+
+    /// Whether the chunk has uncompressed data of the stream, such as "00db".
+    bool isPicture() const {
+        constexpr int ten = 10;
+        const int stream = pictures_ - 1;
+        return stream >= 0 && bytes_[at_] == '0' + stream / ten && bytes_[at_ + 1] == '0' + stream % ten &&
+               bytes_.substr(at_ + 2).starts_with("db");
+    }
+
+    /// Streams have the header and the palette of a BMP file, without what that starts with.
+    static std::string startOfBmp(std::string_view format) {
+        constexpr std::size_t start = 14, longest = 4096;
+        constexpr std::size_t pixelsPlace = 10;
+        std::string bmp(start, '\0');
+        bmp.replace(0, 2, "BM");
+        const std::string_view header = format.substr(0, longest);
+        for (std::size_t byte = 0, rest = start + header.size(); rest > 0; ++byte, rest >>= 8)
+            bmp[pixelsPlace + byte] = static_cast<char>(rest & 0xff);
+        return bmp.append(header);
     }
 
     std::string_view bytes_;
     std::size_t at_ = 0;
+    int streams_ = 0;           ///< So far.
+    int pictures_ = 0;          ///< The number of the stream with pictures, from 1.
+    bool isOfPictures_ = false; ///< Whether that is the present one.
 };
 
-std::optional<Animation> parseGif(std::string_view bytes) {
-    constexpr std::size_t width = 6, height = 8, headerEnd = 13;
-    if (bytes.size() < headerEnd || !(bytes.starts_with("GIF87a") || bytes.starts_with("GIF89a")))
-        return std::nullopt;
-    const DotSize size{ShortAt(bytes, width), ShortAt(bytes, height)};
-    const auto pictures = GifBlocks(bytes).countPictures();
-    if (!pictures || size.width == 0 || size.height == 0)
-        return std::nullopt;
-    return Animation{size, *pictures};
-}
-
 } // namespace
+
+std::optional<Raster> FirstPictureOfAvi(std::string_view bytes) {
+    const bool isAvi = bytes.starts_with("RIFF") && bytes.substr(0, kAviHeaderEnd).find("AVI LIST") == 8;
+    return isAvi ? ParseBmp(AviChunks(bytes).firstPicture()) : std::nullopt;
+}
 
 std::optional<Animation> ParseAnimation(std::string_view bytes) {
     const auto avi = parseAvi(bytes);

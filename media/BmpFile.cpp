@@ -1,6 +1,7 @@
 #include "media/BmpFile.h"
 
 #include "media/LittleEndian.h"
+#include <qrtVistrelClasses4/PictureReader.h>
 
 #include <algorithm>
 #include <bit>
@@ -48,7 +49,7 @@ struct Header {
     Masks masks; ///< Of pixels without a palette.
 
     bool isReadable() const {
-        const auto fits = [](std::int64_t side) { return side >= 1 && side <= kLargestBmpSide; };
+        const auto fits = [](std::int64_t side) { return side >= 1 && side <= kLargestPictureSide; };
         const bool mayHaveMasks = bits == 16 || bits == 32;
         const bool isPlain = bits == 1 || bits == 4 || bits == 8 || bits == 24 || mayHaveMasks;
         return fits(width) && fits(rows()) &&

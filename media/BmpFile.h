@@ -11,11 +11,8 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Pixels along a side of the largest picture that is read. Signs are far smaller.
-inline constexpr int kLargestBmpSide = 2048;
-
 /// Reads the picture in the bytes of a file. Returns nothing unless the picture is complete and uncompressed,
-/// with 1, 4, 8, 16, 24 or 32 bits a pixel.
+/// with 1, 4, 8, 16, 24 or 32 bits a pixel, and at most `kLargestPictureSide` pixels along a side.
 std::optional<Raster> ParseBmp(std::string_view bytes);
 
 /// Number of bytes at the start of a file that are enough to find the size of its picture.

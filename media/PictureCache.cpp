@@ -2,7 +2,6 @@
 
 #include "media/BmpFile.h"
 #include "platform/FileNames.h"
-#include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "platform/Platform.h"
 
@@ -12,6 +11,8 @@
 
 namespace qrtVistrelClasses4 {
 namespace {
+
+constinit PictureReader* installedReader = nullptr;
 
 constexpr std::uint64_t kLargestFile = std::uint64_t{32} << 20; // more than the largest picture takes
 constexpr std::uint64_t kStartOfLargeFile = 4096;               // an AVI has the number of its pictures there
@@ -24,12 +25,6 @@ std::string startOf(InputFile& file, std::uint64_t most) {
     return bytes;
 }
 
-bool isBmp(std::string_view path) {
-    constexpr std::string_view ending = ".bmp";
-    return path.size() >= ending.size() &&
-           EqualIgnoringAsciiCase(path.substr(path.size() - ending.size()), ending);
-}
-
 /// Path on the disk. Empty unless `path` is a full path of a file.
 std::string fileAt(const std::string& path) {
     if (!IsRootedPath(path))
@@ -39,26 +34,43 @@ std::string fileAt(const std::string& path) {
     return files.kindOf(pathOnDisk) == EntryKind::file ? pathOnDisk : std::string();
 }
 
+/// All pictures in the bytes of a file; none if they cannot be read.
+std::vector<TimedPicture> picturesIn(std::string_view bytes) {
+    std::vector<TimedPicture> pictures;
+    std::optional<Raster> still = ParseBmp(bytes);
+    if (!still)
+        still = FirstPictureOfAvi(bytes);
+    if (still)
+        pictures.push_back({*std::move(still)});
+    else if (installedReader)
+        pictures = installedReader->read(bytes);
+    return pictures;
+}
+
+bool isOfReadKind(std::string_view path) {
+    return HasEnding(path, "bmp") || (installedReader && installedReader->readsFiles(path));
+}
+
 PictureOutcome readPicture(const std::string& path) {
     using enum PictureOutcome::What;
     const std::string pathOnDisk = fileAt(path);
     if (pathOnDisk.empty())
         return {};
     const auto file = platform().files().openToRead(pathOnDisk).valueOr(nullptr);
-    PictureOutcome outcome{isBmp(path) ? unreadable : unknownKind};
+    PictureOutcome outcome{isOfReadKind(path) ? unreadable : unknownKind};
     outcome.isTooLarge = file && file->size() > kLargestFile;
     const std::string bytes =
         file ? startOf(*file, outcome.isTooLarge ? kStartOfLargeFile : kLargestFile) : std::string();
     if (!outcome.isTooLarge)
-        outcome.picture = ParseBmp(bytes);
-    if (outcome.picture)
+        outcome.pictures = picturesIn(bytes);
+    if (!outcome.pictures.empty())
         outcome.what = readable;
-    else
-        outcome.animation = ParseAnimation(bytes);
+    outcome.animation = ParseAnimation(bytes);
     return outcome;
 }
 
-std::optional<DotSize> readSize(const std::string& path) {
+/// Of a BMP file.
+std::optional<DotSize> readBmpSize(const std::string& path) {
     const std::string pathOnDisk = fileAt(path);
     const auto file =
         pathOnDisk.empty() ? nullptr : platform().files().openToRead(pathOnDisk).valueOr(nullptr);
@@ -68,6 +80,11 @@ std::optional<DotSize> readSize(const std::string& path) {
 
 } // namespace
 
+template <>
+PictureReader*& ScopedPictureReader::installed() {
+    return installedReader;
+}
+
 const PictureOutcome& PictureCache::find(const std::string& path) {
     auto found = pictures_.find(path);
     if (found == pictures_.end()) {
@@ -76,17 +93,22 @@ const PictureOutcome& PictureCache::find(const std::string& path) {
             pixels_ = 0;
         }
         found = pictures_.emplace(path, readPicture(path)).first;
-        if (const auto& picture = found->second.picture)
-            pixels_ += std::int64_t{picture->width()} * picture->height();
+        for (const auto& [pixels, opacity, time] : found->second.pictures)
+            pixels_ += std::int64_t{pixels.width()} * pixels.height();
     }
     return found->second;
 }
 
 std::optional<DotSize> PictureCache::sizeOf(const std::string& path) {
     const auto [known, isNew] = sizes_.try_emplace(path);
-    if (isNew)
-        known->second = readSize(path);
-    return known->second;
+    if (!isNew)
+        return known->second;
+    std::optional<DotSize>& size = known->second;
+    size = readBmpSize(path);
+    if (!size)
+        if (const auto& pictures = find(path).pictures; !pictures.empty())
+            size = pictures.front().pixels.size();
+    return size;
 }
 
 } // namespace qrtVistrelClasses4

@@ -2,12 +2,14 @@
 #pragma once
 
 #include "media/AnimationFile.h"
+#include <qrtVistrelClasses4/PictureReader.h>
 #include <qrtVistrelClasses4/Raster.h>
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 namespace qrtVistrelClasses4 {
 
@@ -16,13 +18,13 @@ struct PictureOutcome {
     enum class What {
         readable,
         missing,     ///< There is no file of that path, or it is not a full path.
-        unreadable,  ///< The file is a BMP, but cannot be read.
+        unreadable,  ///< The file is of a kind that is read, but cannot be read.
         unknownKind, ///< Only the sign knows what is in the file.
     };
 
     What what = What::missing;
-    std::optional<Raster> picture = {};      ///< Has a value if it is readable.
-    std::optional<Animation> animation = {}; ///< Of an unknown kind, as far as its file says what it is.
+    std::vector<TimedPicture> pictures = {}; ///< Has some if it is readable: several if they are to move.
+    std::optional<Animation> animation = {}; ///< What the file of an animation says of its pictures.
     bool isTooLarge = false; ///< Whether only the start of the file was read, because it is very large.
 };
 
@@ -32,8 +34,8 @@ public:
     /// The picture in a file, valid until the next call.
     const PictureOutcome& find(const std::string& path);
 
-    /// Size in pixels of the picture in a file, for which only the start of the file is read. Returns nothing
-    /// if there is no readable picture.
+    /// Size in pixels of the picture in a file. Returns nothing if there is no readable picture. Of a BMP
+    /// file only the start is read.
     std::optional<DotSize> sizeOf(const std::string& path);
 
 private:

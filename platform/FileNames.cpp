@@ -35,6 +35,11 @@ bool IsFullOnWindows(std::string_view name) {
     return (name.size() > 2 && name[1] == ':' && IsPathSeparator(name[2])) || name.starts_with("\\\\");
 }
 
+bool HasEnding(std::string_view name, std::string_view ending) {
+    const std::size_t dot = name.rfind('.');
+    return dot != name.npos && EqualIgnoringAsciiCase(name.substr(dot + 1), ending);
+}
+
 std::optional<char> ForbiddenInName(std::string_view name) {
     constexpr std::string_view forbidden = kPathSeparator == '\\' ? "<>\"|?*" : "";
     const std::size_t found = name.find_first_of(forbidden);

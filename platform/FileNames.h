@@ -20,6 +20,9 @@ std::string Utf8FromName(std::string_view name);
 /// there.
 bool IsFullOnWindows(std::string_view name);
 
+/// Whether a file name ends in a dot and `ending`, in any case.
+bool HasEnding(std::string_view name, std::string_view ending);
+
 /// The first character of a name in a folder that no name on this machine can have.
 std::optional<char> ForbiddenInName(std::string_view name);
 

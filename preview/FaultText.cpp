@@ -1,8 +1,8 @@
 #include "preview/FaultText.h"
 
-#include "media/BmpFile.h"
 #include "platform/FileNames.h"
 #include "platform/Path.h"
+#include <qrtVistrelClasses4/PictureReader.h>
 #include <qrtVistrelClasses4/Utf8.h>
 
 namespace qrtVistrelClasses4 {
@@ -54,9 +54,12 @@ std::string TextOfFault(const PreviewFault& fault, const std::string& reason) {
     case missingPicture:
         return Utf8FromName(fault.name) + " is missing";
     case picture: {
-        const std::string side = std::to_string(kLargestBmpSide);
-        return Utf8FromName(SplitPath(fault.name).name) +
-               " cannot be drawn: it is not an uncompressed BMP of up to " + side + " x " + side + " pixels";
+        const std::string side = std::to_string(kLargestPictureSide);
+        const std::string largest = side + " x " + side + " pixels";
+        return Utf8FromName(SplitPath(fault.name).name) + " cannot be drawn: it is " +
+               (HasEnding(fault.name, "bmp")
+                    ? "not an uncompressed BMP of up to " + largest
+                    : "damaged, of a form that is not read, or larger than " + largest);
     }
     default:
         return textOfFontFault(fault, reason) +

@@ -15,34 +15,12 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-constexpr Micros kNever = std::numeric_limits<Micros>::max();
-/// Times the steps of a transition, this is still a number of 63 bits.
-constexpr Micros kLongestEffect = 10'000'000 * kMicrosOfSecond;
-
 std::chrono::local_seconds momentOf(const LocalTime& time) {
     using namespace std::chrono;
     const year_month_day date(year(time.year), month(static_cast<unsigned>(time.month)),
                               day(static_cast<unsigned>(time.day)));
     return local_days(date) + hours(time.hour) + minutes(time.minute) + std::chrono::seconds(time.second);
 }
-
-/// The parts of a step.
-struct StepParts {
-    explicit StepParts(const FrameTime& time)
-        : appearing(std::min(MicrosOf(time.appearing.likely), kLongestEffect)),
-          showing(MicrosOf(time.holding.likely + time.scrolling.likely)),
-          disappearing(std::min(MicrosOf(time.disappearing.likely), kLongestEffect)) {}
-
-    FilmPart partAt(Micros moment) const {
-        if (moment < appearing)
-            return FilmPart::appearing;
-        return moment < appearing + showing ? FilmPart::showing : FilmPart::disappearing;
-    }
-
-    Micros appearing;
-    Micros showing;
-    Micros disappearing;
-};
 
 PlayTimeCircumstances timingOf(const FilmCircumstances& circumstances, DotSize size) {
     PlayTimeCircumstances timing = circumstances.timing;
@@ -67,7 +45,7 @@ public:
         : playfile_(withPictures(std::move(playfile))),
           drawing_(circumstances.sign, circumstances.timing.commands), size_(sizeOf(circumstances)),
           timing_(timingOf(circumstances, size_)), time_(PlayTimeOf(playfile_, timing_)),
-          scenes_(playfile_.frames, time_.playback, drawing_, size_), blinking_(circumstances.blinking),
+          scenes_(playfile_.frames, time_, drawing_, size_), blinking_(circumstances.blinking),
           minutes_(*timing_.moment), picture_(size_.width, size_.height), empty_(size_.width, size_.height),
           dots_(size_.width, size_.height) {}
 
@@ -155,7 +133,7 @@ private:
     Micros nextWhileShown(const StepMoment& at, const StepParts& parts) {
         const Micros shown = at.moment - parts.appearing;
         const FilmScenes::Motion& motion = scenes_.motionOf(at.step, whileShown(at, parts));
-        Micros next = parts.showing;
+        Micros next = std::min(parts.showing, motion.picture.end);
         if (motion.blinks)
             next = std::min(next, blinking_.next(shown));
         if (const Travel travel = travelOf(at.step, motion); !travel.isOver(shown))
@@ -213,13 +191,15 @@ private:
 
     /// The frame when it has been shown, with all lines that blink.
     void drawAtEnd(std::size_t step, const StepParts& parts, PixelBuffer& dots) {
-        const FilmMoment moment{minutes_.at(startOf(step) + parts.appearing + parts.showing)};
+        const FilmMoment moment{.minute = minutes_.at(startOf(step) + parts.appearing + parts.showing),
+                                .shown = parts.lastShown()};
         const Travel travel = travelOf(step, scenes_.motionOf(step, moment));
         scenes_.draw(step, moment, travel.at(parts.showing), dots);
     }
 
     FilmMoment whileShown(const StepMoment& at, const StepParts& parts) const {
-        return {minutes_.at(startOf(at.step) + at.moment), blinking_.isOn(at.moment - parts.appearing)};
+        const Micros shown = at.moment - parts.appearing;
+        return {minutes_.at(startOf(at.step) + at.moment), blinking_.isOn(shown), shown};
     }
 
     Transition appearing(std::size_t step) const {

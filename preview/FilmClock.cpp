@@ -9,6 +9,8 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 constexpr double kMostSeconds = 1e12;
+/// Times the steps of a transition, this is still a number of 63 bits.
+constexpr Micros kLongestEffect = 10'000'000 * kMicrosOfSecond;
 constexpr Micros kMinute = 60 * kMicrosOfSecond;
 
 /// Of a speed, in thousandths of a dot a second.
@@ -30,6 +32,11 @@ Micros MicrosOf(double seconds) {
         return 0;
     return std::llround(std::min(seconds, kMostSeconds) * static_cast<double>(kMicrosOfSecond));
 }
+
+StepParts::StepParts(const FrameTime& time)
+    : appearing(std::min(MicrosOf(time.appearing.likely), kLongestEffect)),
+      showing(MicrosOf(time.holding.likely + time.scrolling.likely)),
+      disappearing(std::min(MicrosOf(time.disappearing.likely), kLongestEffect)) {}
 
 Blinking::Blinking(const BlinkRate& rate)
     : shown_(blinkTime(rate.shownSeconds)), clear_(blinkTime(rate.clearSeconds)) {}

@@ -6,18 +6,37 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
+#include <limits>
 
 namespace qrtVistrelClasses4 {
 
 /// Whole numbers, so that every system rounds in the same way.
 using Micros = std::int64_t;
 inline constexpr Micros kMicrosOfSecond = 1'000'000;
+inline constexpr Micros kNever = std::numeric_limits<Micros>::max();
 
 /// Anything that is not a number above 0 is 0, and no time is longer than 30,000 years.
 Micros MicrosOf(double seconds);
 inline double SecondsOf(Micros micros) {
     return static_cast<double>(micros) / static_cast<double>(kMicrosOfSecond);
 }
+
+/// The parts of a step, one after the other.
+struct StepParts {
+    explicit StepParts(const FrameTime& time);
+
+    FilmPart partAt(Micros moment) const {
+        if (moment < appearing)
+            return FilmPart::appearing;
+        return moment < appearing + showing ? FilmPart::showing : FilmPart::disappearing;
+    }
+    /// How long the frame has been shown when it is seen for the last time.
+    Micros lastShown() const { return std::max<Micros>(showing - 1, 0); }
+
+    Micros appearing;
+    Micros showing;
+    Micros disappearing;
+};
 
 /// Equal steps of something that takes a time. Their product must fit into 63 bits.
 struct EqualSteps {

@@ -19,9 +19,9 @@ bool hasScrollingText(const LineOnSign& line) {
 
 } // namespace
 
-FilmScenes::FilmScenes(const OneBasedArray<FrameRecord>& frames, const Playback& playback,
-                       FrameDrawing& drawing, DotSize size)
-    : frames_(frames), playback_(playback), drawing_(drawing),
+FilmScenes::FilmScenes(const OneBasedArray<FrameRecord>& frames, const PlayTime& time, FrameDrawing& drawing,
+                       DotSize size)
+    : frames_(frames), time_(time), drawing_(drawing),
       size_(size), ground_{.step = {}, .dots = PixelBuffer(size.width, size.height)},
       scene_{.step = {}, .moving = {}, .dots = PixelBuffer(size.width, size.height)},
       isExamined_(static_cast<std::size_t>(frames.upperBound()) + 1) {}
@@ -72,17 +72,18 @@ void FilmScenes::prepare(std::size_t step, const FilmMoment& moment) {
     if (isOver)
         before(step, moment);
     if (scene_.step == step && (!isOver || scene_.ground == ground_.version) &&
-        (!scene_.motion.showsTime || scene_.moment.minute == moment.minute))
+        (!scene_.motion.showsTime || scene_.moment.minute == moment.minute) &&
+        scene_.motion.picture.has(moment.shown))
         return;
     setMinute(moment.minute);
-    examine(playback_.steps[step].frame);
+    examine(time_.playback.steps[step].frame);
     scene_.step = step;
     scene_.moment = moment;
     scene_.ground = ground_.version;
     scene_.motion = isOver ? ground_.motion : Motion();
     scene_.moving.clear();
     static_cast<Raster&>(scene_.dots) = ground_.dots;
-    drawBase(frame, scene_.dots);
+    scene_.motion.picture = drawBase(frame, moment.shown, scene_.dots);
     for (LineOnSign& line : drawing_.linesOf(frame, size_.height)) {
         if (hasScrollingText(line))
             scene_.motion.scrolling = std::max(scene_.motion.scrolling, line.width + size_.width);
@@ -102,10 +103,10 @@ void FilmScenes::addLayer(std::size_t step, const FilmMoment& moment) {
         ground_.dots.fill(0, 0, size_.width, size_.height, drawing_.backgroundOf(frame));
         return;
     }
-    examine(playback_.steps[step].frame);
+    examine(time_.playback.steps[step].frame);
     if (!IsDrawnOver(frame))
         ground_.motion = {};
-    drawBase(frame, ground_.dots);
+    drawBase(frame, StepParts(time_.timesOf(step)).lastShown(), ground_.dots);
     for (const LineOnSign& line : drawing_.linesOf(frame, size_.height)) {
         ground_.motion.blinks |= line.line->Blinking;
         ground_.motion.showsTime |= line.showsTime;
@@ -117,7 +118,7 @@ std::vector<std::size_t> FilmScenes::layersBelow(std::size_t step) const {
     std::vector<std::size_t> layers;
     std::vector<bool> isIn(isExamined_.size()); // what a frame draws covers what it drew in an earlier step
     while (step > 0) {
-        const auto number = static_cast<std::size_t>(playback_.steps[--step].frame);
+        const auto number = static_cast<std::size_t>(time_.playback.steps[--step].frame);
         if (!isIn[number])
             layers.push_back(step);
         isIn[number] = true;
@@ -128,10 +129,10 @@ std::vector<std::size_t> FilmScenes::layersBelow(std::size_t step) const {
     return layers;
 }
 
-void FilmScenes::drawBase(const FrameRecord& frame, PixelBuffer& dots) {
+StillTime FilmScenes::drawBase(const FrameRecord& frame, Micros shown, PixelBuffer& dots) {
     if (!IsDrawnOver(frame))
         dots.fill(0, 0, size_.width, size_.height, drawing_.backgroundOf(frame));
-    drawing_.drawMedium(frame, dots);
+    return drawing_.drawMedium(frame, shown, dots);
 }
 
 void FilmScenes::drawLine(const LineOnSign& line, bool isLit, std::int64_t scrolled,

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "preview/FrameDrawing.h"
-#include <qrtVistrelClasses4/Playback.h>
+#include <qrtVistrelClasses4/PlayTime.h>
 
 #include <chrono>
 #include <cstddef>
@@ -16,8 +16,7 @@ namespace qrtVistrelClasses4 {
 struct FilmMoment {
     std::chrono::local_seconds minute; ///< Of clocks and dates.
     bool isLit = true;                 ///< Whether lines that blink are seen.
-
-    bool operator==(const FilmMoment&) const = default;
+    Micros shown = 0;                  ///< How long the frame of the step has been shown, for its picture.
 };
 
 /// Draws what is on the sign in a step. Keeps what is below the last frame, and all of that frame that does
@@ -25,10 +24,12 @@ struct FilmMoment {
 class FilmScenes {
 public:
     /// All must outlive this object.
-    FilmScenes(const OneBasedArray<FrameRecord>& frames, const Playback& playback, FrameDrawing& drawing,
+    FilmScenes(const OneBasedArray<FrameRecord>& frames, const PlayTime& time, FrameDrawing& drawing,
                DotSize size);
 
-    const FrameRecord& frameOf(std::size_t step) const { return frames_.at(playback_.steps[step].frame); }
+    const FrameRecord& frameOf(std::size_t step) const {
+        return frames_.at(time_.playback.steps[step].frame);
+    }
     /// Whether a frame that has disappeared leaves only its background.
     static bool leavesBackground(const FrameRecord& frame);
 
@@ -42,6 +43,7 @@ public:
         std::int64_t scrolling = 0; ///< Dots until the last line that scrolls is gone.
         bool blinks = false;
         bool showsTime = false;
+        StillTime picture = {}; ///< Of the picture that is drawn at that moment.
     };
     const Motion& motionOf(std::size_t step, const FilmMoment& moment);
 
@@ -70,13 +72,13 @@ private:
     /// The steps whose frames can be seen below a step, the lowest one first.
     std::vector<std::size_t> layersBelow(std::size_t step) const;
     /// Draws all of a frame but its lines.
-    void drawBase(const FrameRecord& frame, PixelBuffer& dots);
+    StillTime drawBase(const FrameRecord& frame, Micros shown, PixelBuffer& dots);
     void drawLine(const LineOnSign& line, bool isLit, std::int64_t scrolled, PixelBuffer& dots) const;
     void examine(std::int32_t number);
     void setMinute(std::chrono::local_seconds minute);
 
     const OneBasedArray<FrameRecord>& frames_;
-    const Playback& playback_;
+    const PlayTime& time_;
     FrameDrawing& drawing_;
     DotSize size_;
     Ground ground_;

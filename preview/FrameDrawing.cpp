@@ -51,6 +51,51 @@ DrawnText drawText(const Font& font, Color color, std::string_view text, PixelBu
                        false);
 }
 
+/// The picture that an animation shows at a moment, and the time in which it does.
+std::pair<const TimedPicture*, StillTime> pictureAt(const std::vector<TimedPicture>& pictures,
+                                                    Micros moment) {
+    if (pictures.size() == 1)
+        return {&pictures.front(), {}};
+    const auto timeOf = [](const TimedPicture& picture) {
+        return std::max<Micros>(std::chrono::microseconds(picture.time).count(), 1);
+    };
+    Micros round = 0;
+    for (const TimedPicture& picture : pictures)
+        round += timeOf(picture);
+    StillTime time{moment - moment % round, moment - moment % round};
+    auto picture = pictures.begin();
+    while ((time.end += timeOf(*picture)) <= moment) {
+        time.start = time.end;
+        ++picture;
+    }
+    return {&*picture, time};
+}
+
+/// The pixels of a picture over a background, as far as dots can show them. What is clear stays black, which
+/// is never drawn.
+Raster pixelsOver(const TimedPicture& picture, Color background, DotSize most) {
+    constexpr unsigned whole = 255;
+    Raster pixels(std::min(picture.pixels.width(), most.width),
+                  std::min(picture.pixels.height(), most.height));
+    for (std::int32_t y = 0; y < pixels.height(); ++y) {
+        auto opacity = picture.opacity.begin() + std::ptrdiff_t{y} * picture.pixels.width();
+        auto below = picture.pixels.row(y).begin();
+        for (Color& pixel : pixels.row(y)) {
+            const unsigned rest = whole - *opacity;
+            const auto mixed = [&](std::uint8_t over, std::uint8_t under) {
+                return static_cast<std::uint8_t>(std::min(over + under * rest / whole, whole));
+            };
+            if (*opacity > 0)
+                pixel =
+                    Rgb(mixed(RedOf(*below), RedOf(background)), mixed(GreenOf(*below), GreenOf(background)),
+                        mixed(BlueOf(*below), BlueOf(background)));
+            ++opacity;
+            ++below;
+        }
+    }
+    return pixels;
+}
+
 void drawPicture(const SignLook& sign, const Raster& picture, PixelBuffer& dots) {
     const Raster lit = DotsOf(picture, dots.size(), sign);
     for (std::int32_t y = 0; y < lit.height(); ++y) {
@@ -100,7 +145,7 @@ void FrameDrawing::draw(std::int32_t number, const FrameRecord& frame, PixelBuff
     frame_ = number;
     if (!IsDrawnOver(frame))
         dots.fill(0, 0, dots.width(), dots.height(), backgroundOf(frame));
-    drawMedium(frame, dots);
+    drawMedium(frame, 0, dots);
     if (HasPicture(frame) && !frame.PicturefileName.empty())
         noteFaultsOfFile(frame.PicturefileName);
     if (HasText(frame))
@@ -118,15 +163,21 @@ Color FrameDrawing::backgroundOf(const FrameRecord& frame) const {
     return isSystemColor || !sign_.showsColors ? 0 : static_cast<Color>(frame.WinBackColor) & 0xffffff;
 }
 
-void FrameDrawing::drawMedium(const FrameRecord& frame, PixelBuffer& dots) {
+StillTime FrameDrawing::drawMedium(const FrameRecord& frame, Micros shown, PixelBuffer& dots) {
     const std::string path = mediumOf(frame);
     if (path.empty())
-        return;
-    const PictureOutcome& found = pictures_.find(path);
-    if (found.picture)
-        drawPicture(sign_, *found.picture, dots);
-    else
+        return {};
+    const std::vector<TimedPicture>& pictures = pictures_.find(path).pictures;
+    if (pictures.empty()) {
         drawBox(SplitPath(path).name, dots);
+        return {};
+    }
+    const auto [picture, time] = pictureAt(pictures, shown);
+    if (picture->opacity.empty())
+        drawPicture(sign_, picture->pixels, dots);
+    else
+        drawPicture(sign_, pixelsOver(*picture, backgroundOf(frame), dots.size()), dots);
+    return time;
 }
 
 std::vector<LineOnSign> FrameDrawing::linesOf(const FrameRecord& frame, std::int32_t rows) {

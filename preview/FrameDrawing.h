@@ -3,6 +3,7 @@
 
 #include "media/PictureCache.h"
 #include "playfile/ShownLines.h"
+#include "preview/FilmClock.h"
 #include <qrtVistrelClasses4/FrameRecord.h>
 #include <qrtVistrelClasses4/PixelBuffer.h>
 #include <qrtVistrelClasses4/PreviewFault.h>
@@ -28,6 +29,14 @@ struct LineOnSign {
     std::int64_t width;     ///< Of the text in dots.
 };
 
+/// The time in which a picture does not change, of what moves since its frame is seen.
+struct StillTime {
+    Micros start = 0;
+    Micros end = kNever;
+
+    bool has(Micros moment) const { return moment >= start && moment < end; }
+};
+
 /// Draws frames as a whole or part by part. Loads each font and each picture once.
 class FrameDrawing {
 public:
@@ -49,8 +58,10 @@ public:
 
     /// The colour of all dots below a frame that is not drawn over the one before it.
     Color backgroundOf(const FrameRecord& frame) const;
-    /// Draws the frame's picture, or a box with the name of its file, if it has one.
-    void drawMedium(const FrameRecord& frame, PixelBuffer& dots);
+    /// Draws the frame's picture, or a box with the name of its file, if it has one. A picture that moves is
+    /// drawn as it is when the frame has been shown for some time. Returns the time in which the same is
+    /// drawn.
+    StillTime drawMedium(const FrameRecord& frame, Micros shown, PixelBuffer& dots);
     /// The lines that start in the first `rows` rows of dots. The frame must outlive them.
     std::vector<LineOnSign> linesOf(const FrameRecord& frame, std::int32_t rows);
     /// Draws the bar of an inverse line; other lines have none.

@@ -1,14 +1,10 @@
-# Finds a package that consists of headers. Those of the machine that compiles serve every other one, but a folder such
+# Finds a package that consists of headers, whether CMake knows it or not. Those of the machine that compiles serve every other one, but a folder such
 # as /usr/include also holds headers that would replace those of the system compiled for. A cross build that has no
 # package of its own therefore gets a folder with nothing but the package in it.
 #
 # qrt_find_headers(PACKAGE TARGET FOLDER HEADER): programs link TARGET and include <FOLDER/HEADER>.
 function(qrt_find_headers package target folder header)
-    if(CMAKE_CROSSCOMPILING)
-        find_package(${package} QUIET)
-    else()
-        find_package(${package} REQUIRED)
-    endif()
+    find_package(${package} QUIET)
     if(TARGET ${target})
         return()
     endif()

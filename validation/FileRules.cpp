@@ -38,6 +38,14 @@ bool hasColors(const Raster& picture) {
     return false;
 }
 
+/// Whether previews would draw the picture of a file if it were not damaged.
+bool isDamaged(const PictureOutcome& outcome) {
+    const auto fits = [](std::int32_t side) { return side <= kLargestPictureSide; };
+    const auto& animation = outcome.animation;
+    return outcome.what == PictureOutcome::What::unreadable &&
+           (!animation || (fits(animation->size.width) && fits(animation->size.height)));
+}
+
 /// What is known about the file of a reference.
 struct FileFacts {
     std::optional<std::string> place; ///< A reference that leads to it. Nothing if it is missing.
@@ -50,7 +58,8 @@ struct PictureFacts {
     std::optional<DotSize> size;
     std::optional<std::int32_t> pictures; ///< In the file; 1 for a still one.
     bool hasColors = false;
-    bool isTooLarge = false; ///< To be read to its end; then nothing may be known of it.
+    bool isOfReadKind = false; ///< Whether it should be readable.
+    bool isTooLarge = false;   ///< To be read to its end; then nothing may be known of it.
 };
 
 /// Looks at files, at each reference once.
@@ -83,11 +92,21 @@ private:
 
     PictureFacts lookInto(const std::string& place) {
         const PictureOutcome& outcome = cache_.find(place);
-        if (const auto& picture = outcome.picture)
-            return {DotSize{picture->width(), picture->height()}, 1, hasColors(*picture)};
-        if (const auto& animation = outcome.animation)
-            return {animation->size, animation->pictures};
-        return {{}, {}, false, outcome.isTooLarge};
+        PictureFacts facts;
+        facts.isOfReadKind = outcome.what == PictureOutcome::What::unreadable;
+        facts.isTooLarge = outcome.isTooLarge;
+        if (isDamaged(outcome) && !outcome.isTooLarge)
+            return facts;
+        if (const auto& pictures = outcome.pictures; !pictures.empty()) {
+            facts.size = pictures.front().pixels.size();
+            facts.pictures = 1;
+            facts.hasColors = std::ranges::any_of(pictures, hasColors, &TimedPicture::pixels);
+        }
+        if (const auto& animation = outcome.animation) {
+            facts.size = animation->size;
+            facts.pictures = animation->pictures;
+        }
+        return facts;
     }
 
     ReferenceFinder finder_;
@@ -187,7 +206,7 @@ private:
         const PictureFacts& picture = files_.picture(*file->place);
         const std::string the = "The picture " + QuotedPath(*file->place);
         if (!picture.size) {
-            const bool isOfKnownKind = endsInOneOf(kPictureEndings, *file->place);
+            const bool isOfKnownKind = picture.isOfReadKind || endsInOneOf(kPictureEndings, *file->place);
             if (isOfKnownKind && !picture.isTooLarge)
                 findings_.add("picture-unreadable", placeOf(kPictureUse),
                               the + " is damaged, or of a form that nobody reads.");

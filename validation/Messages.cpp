@@ -1,6 +1,5 @@
 // The words that messages of all subjects share, and findings as texts.
 #include "frame/ErrorTrap.h"
-#include "platform/LetterCase.h"
 #include "platform/Path.h"
 #include "validation/Rules.h"
 
@@ -40,11 +39,6 @@ std::string QuotedPath(std::string_view path) {
 
 std::string SizeText(DotSize size) {
     return std::to_string(size.width) + " x " + std::to_string(size.height);
-}
-
-bool HasEnding(std::string_view name, std::string_view ending) {
-    const std::size_t dot = name.rfind('.');
-    return dot != name.npos && EqualIgnoringAsciiCase(name.substr(dot + 1), ending);
 }
 
 std::string CountText(std::int64_t count, std::string_view one, std::string_view many) {

@@ -1,5 +1,6 @@
 // Delays, counts and flags.
 #include "frame/Conversions.h"
+#include "platform/FileNames.h"
 #include "playfile/Effects.h"
 #include "validation/Rules.h"
 #include <qrtVistrelClasses4/PlayTime.h>

@@ -37,8 +37,6 @@ std::string Quoted(std::string_view text);
 std::string QuotedPath(std::string_view path);
 /// "128 x 64".
 std::string SizeText(DotSize size);
-/// Whether a file name ends in a dot and `ending`, in any case.
-bool HasEnding(std::string_view name, std::string_view ending);
 /// "1 line" or "3 lines".
 std::string CountText(std::int64_t count, std::string_view one, std::string_view many);
 

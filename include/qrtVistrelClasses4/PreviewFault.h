@@ -20,7 +20,7 @@ struct PreviewFault {
         unknownFontNumber, ///< There is no font of that number.
         unnamedFont,       ///< A line has a custom font, but does not name it.
         noFonts,           ///< None of the numbered fonts was found, so that no text in them is drawn.
-        picture,           ///< A BMP file cannot be read.
+        picture,           ///< A picture of a kind that is read cannot be read.
         missingPicture, ///< The file of a picture does not exist, or the frame does not have its full path.
         lackingCharacters, ///< The font of a line lacks characters of its text.
         cutText, ///< A text that does not scroll is wider than the sign, or a text reaches below it. Of lines

@@ -65,7 +65,7 @@ inline constexpr std::array kRules{
     Rule{"picture-unnamed", Severity::error, "A frame shows a picture, but names no file.", ""},
     Rule{"picture-missing", Severity::error, "The file of a picture is missing.", ""},
     Rule{"picture-unreadable", Severity::error, "The file of a picture cannot be read.", ""},
-    Rule{"picture-unknown-kind", Severity::warning, "The ending of a picture's file is none of bmp, gif and avi.", ""},
+    Rule{"picture-unknown-kind", Severity::warning, "A picture cannot be read, and the ending of its file is none of bmp, gif and avi.", ""},
     Rule{"picture-too-large", Severity::warning, "A picture is larger than the sign.", ""},
     Rule{"picture-colors", Severity::warning, "A picture has colours, and the sign shows only one.", ""},
     Rule{"animation-frames", Severity::warning, "AVIFrames differs from the number of pictures in the file.", "Sets AVIFrames to the number of the file."},

@@ -79,7 +79,7 @@ TEST(BmpFile, IsNoPictureInAnyOtherForm) {
         {"no bits at all", Bmp(0, rows)},
         {"no rows", Bmp(24, rows, 0)},
         {"a height without a positive one", Bmp(24, rows, INT32_MIN)},
-        {"too many rows", Bmp(24, rows, kLargestBmpSide + 1)},
+        {"too many rows", Bmp(24, rows, kLargestPictureSide + 1)},
         {"a width below 0", changed(18, "\xff\xff\xff\xff")},
         {"an old header", changed(14, {"\x0c\0\0\0", 4})},
         {"a header beyond the end", changed(14, "\xff\xff\xff\xff")},
@@ -92,7 +92,7 @@ TEST(BmpFile, IsNoPictureInAnyOtherForm) {
 
 TEST(PictureCache, ReadsAPictureOnceAndForItsSizeOnlyTheStart) {
     TestHost host;
-    constexpr std::int32_t side = kLargestBmpSide;
+    constexpr std::int32_t side = kLargestPictureSide;
     const std::string path = host.inLibrary("large.bmp");
     host.machine.files().put(
         path, Bmp(1, std::string(side / 8 * side, '\xaa'), side).replace(18, 4, BytesOf(side, 4)));
@@ -105,7 +105,7 @@ TEST(PictureCache, ReadsAPictureOnceAndForItsSizeOnlyTheStart) {
     for (int time = 0; time < 2; ++time)
         EXPECT_EQ(pictures.sizeOf(path), (DotSize{side, side}));
     EXPECT_EQ(reads, 2) << "opened, and its start read";
-    EXPECT_EQ(pictures.find(path).picture.value().size(), (DotSize{side, side}));
+    EXPECT_EQ(pictures.find(path).pictures.at(0).pixels.size(), (DotSize{side, side}));
     EXPECT_EQ(&pictures.find(path), &pictures.find(path));
     EXPECT_EQ(reads, 4);
     using enum PictureOutcome::What;

@@ -4,6 +4,7 @@
 #include "preview/PreviewTesting.h"
 #include <qrtVistrelClasses4/DisplayRecord.h>
 #include <qrtVistrelClasses4/LoadPlayfile.h>
+#include <qrtVistrelClasses4/PictureReader.h>
 
 #include <chrono>
 #include <cmath>
@@ -134,6 +135,44 @@ TEST_F(Films, OfTheSamplesAreTheSameOnEverySystemAndInAnyOrder) {
             ASSERT_EQ(hashOf(film.dotsAt(std::max(until, moment)), 0), hash) << name << moment;
         }
     }
+}
+
+/// Knows one animation: a column at the left, then one at the right, which lets a quarter through.
+struct MovingColumn final : PictureReader {
+    bool readsFiles(std::string_view /*name*/) override { return true; }
+    std::vector<TimedPicture> read(std::string_view bytes) override {
+        if (bytes != "moves")
+            return {};
+        const TimedPicture left{Raster(1, 2, Rgb(255, 255, 255)), {255, 255}, milliseconds(200)};
+        TimedPicture right{Raster(4, 2), {0, 0, 0, 191, 0, 0, 0, 191}, milliseconds(300)};
+        right.pixels.fill(3, 0, 1, 2, Rgb(191, 191, 191));
+        return {left, right};
+    }
+};
+
+TEST_F(Films, ShowPicturesThatMoveInAnyOrder) {
+    MovingColumn reader;
+    const ScopedPictureReader readerScope(reader);
+    FrameRecord column = frame({}, 1.1, 0, 2000);
+    column.FrameType = 1;
+    column.PicturefileName = host_.inLibrary("column.png");
+    files().put(column.PicturefileName, "moves");
+    FrameRecord staying = column;
+    staying.SuffixCode = 0;
+    const std::vector frames{staying, frame({line("1")}, 0.5, 15), column};
+    EXPECT_EQ(played(filmOf(frames)),
+              "0: #... #..., 200: ...# ...#, 500: #... #..., 700: ...# ...#, 1000: #... #..., "
+              "1100: #.#. #.#., 1600: #... #..., 1800: ...# ...#, 2100: #... #..., 2300: ...# ...#, "
+              "2600: #... #..., 2713: .... ....");
+    for (const double moment : {1.2, 2.0, 0.3, 1.9, 0.0, 1.5}) {
+        Film film = filmOf(frames), other = filmOf(frames);
+        (void)film.dotsAt(moment);
+        EXPECT_EQ(rowsOf(film.dotsAt(2 - moment)), rowsOf(other.dotsAt(2 - moment))) << moment;
+    }
+    files().put(column.PicturefileName, "damaged");
+    Film film = filmOf({column});
+    (void)film.dotsAt(0);
+    EXPECT_EQ(film.takeFaults().at(0).what, PreviewFault::What::picture);
 }
 
 TEST_F(Films, KnowWhatPlays) {

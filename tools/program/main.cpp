@@ -1,6 +1,7 @@
 // vistrel: the library on the command line.
 #include "frame/Traced.h"
 #include "platform/Platform.h"
+#include "tools/preview/PictureFiles.h"
 #include "tools/program/Arguments.h"
 #include "tools/program/Commands.h"
 #include "tools/program/Program.h"
@@ -23,6 +24,8 @@ ExitCode run(Session& session, const ProgramOptions& options) {
     const ScopedMessageBoxes boxesScope(machine->messageBoxes()); // its questions have options that answer
     const ScopedScreen screenScope(session.out, ScreenFor(machine->console(), options.screen));
     const ScopedErrorReporter reporterScope(session.errors);
+    PictureFiles pictures;
+    const ScopedPictureReader picturesScope(pictures);
     std::optional<ExitCode> code;
     if (const auto error = ErrorOf([&] { code = session.command(); }))
         session.errors.add(*error);
