@@ -15,7 +15,7 @@ constexpr std::size_t kEntrySize = 1 + kPlaceSize + 1 + 1; ///< Character, place
 constexpr unsigned kBitsInByte = 8;
 constexpr std::size_t kDrawnGroups = kMostDrawnColumns / kDotsInByte;
 
-std::uint8_t byteAt(std::string_view bytes, std::size_t index) {
+std::uint8_t unsignedAt(std::string_view bytes, std::size_t index) {
     return static_cast<std::uint8_t>(bytes[index]);
 }
 
@@ -23,7 +23,7 @@ std::uint8_t byteAt(std::string_view bytes, std::size_t index) {
 std::size_t numberAt(std::string_view bytes, std::size_t index, std::size_t size) {
     std::size_t number = 0;
     for (std::size_t i = size; i-- > 0;)
-        number = number << kBitsInByte | byteAt(bytes, index + i);
+        number = number << kBitsInByte | unsignedAt(bytes, index + i);
     return number;
 }
 
@@ -51,7 +51,8 @@ std::optional<std::vector<ExtendedLetter>> ParseExtendedFont(std::string_view in
         const std::string_view entry = index.substr(start + i * kEntrySize, kEntrySize);
         const std::size_t place = numberAt(entry, 1, kPlaceSize);
         ExtendedLetter& letter = letters[i];
-        letter = {byteAt(entry, 0), byteAt(entry, 1 + kPlaceSize), byteAt(entry, 2 + kPlaceSize), {}};
+        letter = {
+            unsignedAt(entry, 0), unsignedAt(entry, 1 + kPlaceSize), unsignedAt(entry, 2 + kPlaceSize), {}};
         const std::size_t size = sizeOfDots(letter);
         if (size == 0 || place > dots.size() || size > dots.size() - place || seen[letter.code])
             return std::nullopt;
@@ -87,7 +88,7 @@ void ExtendedLetters::add(const ExtendedLetter& letter) {
     const std::size_t groups = letter.dots.size() / letter.height;
     for (std::size_t group = 0; group < std::min(groups, kDrawnGroups); ++group)
         for (std::size_t row = 0; row < std::min<std::size_t>(letter.height, height); ++row)
-            records_[start + 1 + group * height + row] = byteAt(letter.dots, group * letter.height + row);
+            records_[start + 1 + group * height + row] = unsignedAt(letter.dots, group * letter.height + row);
 }
 
 std::optional<std::span<const std::uint8_t>> ExtendedLetters::find(unsigned char code) const {

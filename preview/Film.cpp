@@ -22,12 +22,6 @@ std::chrono::local_seconds momentOf(const LocalTime& time) {
     return local_days(date) + hours(time.hour) + minutes(time.minute) + std::chrono::seconds(time.second);
 }
 
-/// A moment of a step.
-struct StepMoment {
-    std::size_t step;
-    Micros moment; ///< Since the start of the step.
-};
-
 PlayTimeCircumstances timingOf(const FilmCircumstances& circumstances, DotSize size) {
     PlayTimeCircumstances timing = circumstances.timing;
     timing.sign = size;
@@ -94,6 +88,12 @@ public:
     }
 
 private:
+    /// A moment of a step.
+    struct StepMoment {
+        std::size_t step;
+        Micros moment; ///< Since the start of the step.
+    };
+
     DotSize sizeOf(const FilmCircumstances& circumstances) {
         const std::optional<DotSize>& given = circumstances.sign.size;
         const DotSize size = given ? *given : drawing_.sizeFor(playfile_.frames);

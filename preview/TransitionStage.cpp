@@ -30,7 +30,7 @@ void pasteAll(const Raster& source, Raster& dots, std::int32_t left, std::int32_
     paste(source, {0, 0, source.width(), source.height()}, dots, left, top);
 }
 
-int brightnessOf(Color dot) { return RedOf(dot) + GreenOf(dot) + BlueOf(dot); }
+int lightOf(Color dot) { return RedOf(dot) + GreenOf(dot) + BlueOf(dot); }
 
 /// The colour of lines that are in neither picture: that of the brightest dot in them.
 Color inkOf(const TransitionStage& stage) {
@@ -38,7 +38,7 @@ Color inkOf(const TransitionStage& stage) {
     for (const Raster* const picture : {&stage.after, &stage.before})
         for (std::int32_t y = 0; y < picture->height(); ++y)
             for (const Color dot : picture->row(y))
-                if (dot != ink && brightnessOf(dot) > brightnessOf(ink))
+                if (dot != ink && lightOf(dot) > lightOf(ink))
                     ink = dot;
     return ink;
 }

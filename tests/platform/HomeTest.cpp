@@ -8,7 +8,7 @@ namespace qrtVistrelClasses4 {
 namespace {
 
 using HomeTest = OnEveryMachine<SystemMachine>;
-const RegistryKey kKey{RegistryHive::users, "a"};
+const RegistryKey kHomeKey{RegistryHive::users, "a"};
 
 TEST_F(HomeTest, IsInThePlaceOfAllFoldersAndIsMadeByTheFirstSetting) {
     const std::string home = JoinPath(file("a"), "b");
@@ -26,7 +26,7 @@ TEST_F(HomeTest, IsInThePlaceOfAllFoldersAndIsMadeByTheFirstSetting) {
     profile->write("S", "k", "v");
     EXPECT_EQ(profile->commit(), SystemError::none);
     EXPECT_EQ(textOf(JoinPath(home, "win.ini")), "[S]\r\nk=v\r\n");
-    EXPECT_EQ(fresh->registry().createKey(kKey), SystemError::none);
+    EXPECT_EQ(fresh->registry().createKey(kHomeKey), SystemError::none);
     EXPECT_EQ(textOf(JoinPath(home, "registry")), "[HKEY_USERS\\a]\n");
     EXPECT_THAT(files().namesIn(home), testing::UnorderedElementsAre(".", "..", "registry", "win.ini"));
 }
@@ -35,8 +35,8 @@ TEST_F(HomeTest, HasSettingsThatAreReadFromACutShortStoreInAnyCase) {
     put(file("REGISTRY"), "[hkey_users\\A]\n\"Name\"=\"kept\"\n\"cut");
     if (files().kindOf(file("registry")) == EntryKind::missing) // a disk that distinguishes the case
         std::filesystem::rename(file("REGISTRY"), file("registry"));
-    EXPECT_EQ(platform().registry().readString(kKey, "NAME").value(), "kept");
-    EXPECT_EQ(platform().registry().writeString(kKey, "name", "new"), SystemError::none);
+    EXPECT_EQ(platform().registry().readString(kHomeKey, "NAME").value(), "kept");
+    EXPECT_EQ(platform().registry().writeString(kHomeKey, "name", "new"), SystemError::none);
     EXPECT_EQ(textOf(file("registry")), "[HKEY_USERS\\A]\n\"Name\"=\"new\"\n\"cut\n");
 }
 
@@ -47,10 +47,10 @@ TEST(FileRegistryStore, KeepsWhatWasReadLastWhileItCannotBeRead) {
     for (const std::string value : {"first", "second"}) {
         files.observer = nullptr;
         files.put(path, "[HKEY_USERS\\a]\n\"name\"=\"" + value + "\"\n");
-        EXPECT_EQ(store.readString(kKey, "name").value(), value);
+        EXPECT_EQ(store.readString(kHomeKey, "name").value(), value);
         files.observer = [](const FileOperation&) { return SystemError::deviceFailure; };
-        EXPECT_EQ(store.readString(kKey, "name").value(), value);
-        EXPECT_EQ(store.writeString(kKey, "name", value), SystemError::deviceFailure)
+        EXPECT_EQ(store.readString(kHomeKey, "name").value(), value);
+        EXPECT_EQ(store.writeString(kHomeKey, "name", value), SystemError::deviceFailure)
             << "it may have changed";
     }
 }

@@ -1,6 +1,7 @@
 #include <qrtVistrelClasses4/Film.h>
 
 #include "fonts/FontTesting.h"
+#include "preview/PreviewTesting.h"
 #include <qrtVistrelClasses4/DisplayRecord.h>
 #include <qrtVistrelClasses4/LoadPlayfile.h>
 #include <qrtVistrelClasses4/PictureReader.h>
@@ -15,17 +16,6 @@ namespace {
 
 using namespace std::chrono;
 
-/// A line in a font whose "A" has three dots, and whose other letters have one.
-LineRecord line(const std::string& text, bool LineRecord::*flag = nullptr) {
-    LineRecord line;
-    line.CurrentLineText = text;
-    line.LineFontSize = kCustomFont;
-    line.LineCustomFont = "tiny";
-    if (flag)
-        line.*flag = true;
-    return line;
-}
-
 FrameRecord frame(const std::vector<LineRecord>& lines, double seconds, std::int16_t prefix = 0,
                   std::int16_t suffix = 0) {
     FrameRecord frame;
@@ -36,16 +26,6 @@ FrameRecord frame(const std::vector<LineRecord>& lines, double seconds, std::int
     frame.lines.resize(static_cast<std::int32_t>(lines.size()));
     std::ranges::copy(lines, frame.lines.begin());
     return frame;
-}
-
-std::string rowsOf(const Raster& dots) {
-    std::string rows;
-    for (std::int32_t y = 0; y < dots.height(); ++y) {
-        rows += y > 0 ? " " : "";
-        for (const Color dot : dots.row(y))
-            rows += dot == 0 ? '.' : dot == kAmber ? '#' : '+';
-    }
-    return rows;
 }
 
 class Films : public HostTest {

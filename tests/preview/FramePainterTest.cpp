@@ -5,6 +5,7 @@
 #include "media/BmpTesting.h"
 #include "platform/Path.h"
 #include "preview/PictureMember.h"
+#include "preview/PreviewTesting.h"
 #include <qrtVistrelClasses4/DisplayRecord.h>
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/FramePicture.h>
@@ -42,17 +43,6 @@ OneBasedArray<T> listOf(const std::vector<T>& elements) {
     return list;
 }
 
-/// A line in the font of a file, or of a number of one digit.
-LineRecord line(const std::string& text, const std::string& font = "tiny", bool LineRecord::*flag = nullptr) {
-    LineRecord line;
-    line.CurrentLineText = text;
-    line.LineFontSize = static_cast<std::int16_t>(font.size() == 1 ? font[0] - '0' : 12);
-    line.LineCustomFont = font;
-    if (flag)
-        line.*flag = true;
-    return line;
-}
-
 FrameRecord frame(NEW_FRAME_TYPES type, const Lines& lines, const std::string& file = "",
                   bool isOverlay = false) {
     FrameRecord frame;
@@ -64,17 +54,6 @@ FrameRecord frame(NEW_FRAME_TYPES type, const Lines& lines, const std::string& f
 }
 FrameRecord text(const Lines& lines) { return frame(FRAME_TEXT, lines); }
 
-/// Rows with blanks between them: "#" for a lit dot, "+" for one at half its brightness or less, "." for a
-/// dark one.
-std::string rowsOf(const Raster& dots) {
-    std::string rows;
-    for (std::int32_t y = 0; y < dots.height(); ++y) {
-        rows += y > 0 ? " " : "";
-        for (const Color dot : dots.row(y))
-            rows += dot == 0 ? '.' : std::max({RedOf(dot), GreenOf(dot), BlueOf(dot)}) < 128 ? '+' : '#';
-    }
-    return rows;
-}
 DotSize sizeOf(const std::string& rows) {
     const std::size_t width = rows.find(' ');
     return {static_cast<std::int32_t>(width), static_cast<std::int32_t>((rows.size() + 1) / (width + 1))};

@@ -96,5 +96,17 @@ TEST(Terminal, ShowsTablesAndPicturesInItsWidthAndColours) {
         }
 }
 
+TEST(Terminal, ShowsABarWhileAFilmIsWritten) {
+    const TempFolder home;
+    std::filesystem::copy(QRT_SAMPLES_FOLDER, home.path(), std::filesystem::copy_options::recursive);
+    const std::string write = "cd " + home.path() + " && " VISTREL_PROGRAM +
+                              " --home . preview plant.playfile --seconds 20 --out plant.gif";
+    const std::string shown = shownOn(80, write);
+    EXPECT_TRUE(std::regex_search(shown, std::regex("\rplant.gif \\[#*\\.*\\] [0-9]+ %\x1b\\[K"))) << shown;
+    EXPECT_TRUE(contains(shown, "\r\x1b[K")) << "it is gone in the end";
+    EXPECT_FALSE(contains(shownOn(80, write + " --quiet"), "["));
+    EXPECT_FALSE(contains(shownOn(80, write + " 2> errors"), "["));
+}
+
 } // namespace
 } // namespace qrtVistrelClasses4

@@ -215,7 +215,7 @@ ExitCode exportFont(const FontOptions& options, Session& session) {
     constexpr std::string_view textEnding = ".bdf", pictureEnding = ".png";
     const std::string& path = options.output.out;
     const bool isPicture = EndingOf(path) == pictureEnding;
-    if (!isPicture && !HasEnding(path, textEnding, session.errors))
+    if (!HasEnding(path, {textEnding, pictureEnding}, session.errors))
         return ExitCode::wrongUsage;
     const std::optional<Font> font = loadFont(options, session.errors);
     if (!font)

@@ -24,7 +24,7 @@ std::optional<std::string> patternOf(const std::string& out, ErrorLines& errors)
         return out;
     if (ending.empty())
         return out + kXmlEnding;
-    return HasEnding(out, kXmlEnding, errors) ? std::optional(out) : std::nullopt;
+    return HasEnding(out, {kXmlEnding}, errors) ? std::optional(out) : std::nullopt;
 }
 
 std::string targetOf(const std::string& input, const std::string& pattern) {

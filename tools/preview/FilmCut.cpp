@@ -7,6 +7,11 @@
 #include <limits>
 
 namespace qrtVistrelClasses4 {
+namespace {
+
+constexpr double kMoment = 1e-6; ///< What is shown for less is an error of sums.
+
+} // namespace
 
 void LimitLoops(Playfile& playfile, std::int32_t most) {
     for (FrameRecord& frame : playfile.frames)
@@ -69,7 +74,7 @@ void FilmCut::forEachPicture(double least, const OnPicture& onPicture) {
     double moment = 0;
     while (moment < seconds_) {
         moment = std::max(nextChange(moment), from + least);
-        if (moment >= seconds_)
+        if (moment > seconds_ - kMoment)
             break;
         const Raster& dots = dotsAt(moment);
         if (dots == shown)

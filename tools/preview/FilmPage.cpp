@@ -40,9 +40,10 @@ std::string scriptText(const nlohmann::ordered_json& value) {
 
 nlohmann::ordered_json findingsJson(const std::vector<Finding>& findings, std::int32_t frame) {
     auto array = nlohmann::ordered_json::array();
-    for (const Finding& finding : std::ranges::equal_range(findings, frame, {}, &Finding::frame))
+    for (auto finding = std::ranges::lower_bound(findings, frame, {}, &Finding::frame);
+         finding != findings.end() && finding->frame == frame; ++finding)
         array.push_back(
-            {{"severity", SeverityName(finding.rule->severity)}, {"text", VisibleAnsi(finding.message)}});
+            {{"severity", SeverityName(finding->rule->severity)}, {"text", VisibleAnsi(finding->message)}});
     return array;
 }
 
@@ -101,7 +102,6 @@ private:
 
     void putFrames(const FilmPageFacts& facts) {
         TextPreviews previews(facts.commands, 0);
-        previews.setMoment(facts.moment);
         std::string_view separator = "\n";
         for (const std::int32_t number : facts.frames) {
             const FrameRecord& frame = facts.playfile->frames.at(number);

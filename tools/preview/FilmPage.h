@@ -10,7 +10,6 @@
 #include <qrtVistrelClasses4/Raster.h>
 #include <qrtVistrelClasses4/Validation.h>
 
-#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -27,12 +26,11 @@ struct FilmPageFacts {
     double seconds = 0;
     bool isPlain = false; ///< Whether dots are plain at first, and no LEDs.
     std::vector<FilmCut::Step> steps;
-    std::vector<std::int32_t> frames;    ///< Numbers of those in the list.
-    const Playfile* playfile = nullptr;  ///< Outlives the page.
-    const PlayTime* playTime = nullptr;  ///< The same.
-    std::vector<Finding> findings;       ///< Of all frames of the playfile.
-    CommandTable commands;               ///< Their previews replace their codes in texts.
-    std::chrono::local_seconds moment{}; ///< What clocks and dates in the list show.
+    std::vector<std::int32_t> frames;   ///< Numbers of those in the list.
+    const Playfile* playfile = nullptr; ///< Outlives the page.
+    const PlayTime* playTime = nullptr; ///< The same.
+    std::vector<Finding> findings;      ///< Of all frames of the playfile.
+    CommandTable commands;              ///< Their previews replace their codes in texts.
 };
 
 /// Writes a page while its film is drawn. The page has all that it needs in itself. Whatever the playfile

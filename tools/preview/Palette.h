@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -20,8 +21,11 @@ public:
     void add(const Raster& rows) {
         for (std::int32_t y = 0; y < rows.height(); ++y)
             for (const Color color : rows.row(y))
-                if (const std::size_t slot = slotOf(color); slots_[slot].color != color)
-                    add(color, slot);
+                add(color);
+    }
+    void add(Color color) {
+        if (const std::size_t slot = slotOf(color); slots_[slot].color != color)
+            add(color, slot);
     }
 
     /// True if the picture has more colours than a palette holds. Some of them have no number then.
@@ -31,12 +35,17 @@ public:
     bool number(std::span<const Color> colors, std::span<std::uint8_t> numbers) const {
         auto number = numbers.begin();
         for (const Color color : colors) {
-            const Slot& slot = slots_[slotOf(color)];
-            if (slot.color != color)
+            const std::optional<std::uint8_t> found = numberOf(color);
+            if (!found)
                 return false;
-            *number++ = slot.number;
+            *number++ = *found;
         }
         return true;
+    }
+    /// No value if no pixel had the colour.
+    std::optional<std::uint8_t> numberOf(Color color) const {
+        const Slot& slot = slots_[slotOf(color)];
+        return slot.color == color ? std::optional(slot.number) : std::nullopt;
     }
 
 private:

@@ -6,6 +6,8 @@
 #include "tools/commands/StoredCommands.h"
 #include "tools/playfile/Opening.h"
 #include "tools/preview/Faults.h"
+#include "tools/preview/FilmPreview.h"
+#include "tools/preview/PictureLimits.h"
 #include "tools/preview/PngFile.h"
 #include "tools/preview/TerminalPicture.h"
 #include "tools/program/Commands.h"
@@ -40,7 +42,8 @@ struct PreviewOptions {
     bool sheet = false;
     std::optional<DotSize> size;
     std::string sign;
-    int scale = 0;        ///< 0 for the usual one.
+    int scale = 0; ///< 0 for the usual one.
+    FilmOptions film;
     OutputOptions output; ///< Without a name for the terminal.
     std::optional<Moment> at;
     AnswerOptions answers;
@@ -112,14 +115,7 @@ private:
     int scaleOr(int usual) const { return options_.scale > 0 ? options_.scale : usual; }
 
     static PictureSize sizeOf(const FrameSheet& sheet) { return {sheet.width(), sheet.height()}; }
-    /// False, after adding an error, if the picture would be too large.
-    bool isDrawable(const PictureSize& size) {
-        if (size.isDrawn(kLargestSide))
-            return true;
-        session_.errors.add("a " + size.refusal() + ": at most " + std::to_string(kMostPixelsInPicture) +
-                            " are drawn, and " + std::to_string(kLargestSide) + " along a side");
-        return false;
-    }
+    bool isDrawable(const PictureSize& size) { return IsDrawable(size, kLargestSide, session_.errors); }
 
     ExitCode print() {
         const std::int64_t count =
@@ -206,11 +202,15 @@ private:
     DotSize size_;
 };
 
-ExitCode previewFile(const std::string& path, const PreviewOptions& options, const SignLook& sign,
-                     Headings& headings, Outputs& outputs, Session& session) {
+ExitCode previewFile(const std::string& path, const PreviewOptions& options,
+                     const std::optional<DisplayRecord>& sign, Headings& headings, Outputs& outputs,
+                     Session& session) {
     auto opened = OpenPlayfile(path, YesUnlessNo(options.answers), session.errors);
     if (!opened)
         return ExitCode::failed;
+    if (const std::string& out = options.output.out; IsFilmName(out))
+        return PreviewFilm({path, out, options.film, sign, options.size, options.frame, options.scale},
+                           *opened, outputs, session);
     const std::int32_t count = opened->playfile.frames.upperBound();
     const auto [first, last] = framesShown(options, count);
     if (first > count) {
@@ -221,13 +221,28 @@ ExitCode previewFile(const std::string& path, const PreviewOptions& options, con
     if (options.output.out.empty())
         headings.print(path);
     AddLosses(*opened, session.errors, first, last);
-    return Preview(options, path, sign, framesOf(std::move(opened->playfile)), outputs, session).run();
+    return Preview(options, path, sign ? SignLookOf(*sign) : SignLook(),
+                   framesOf(std::move(opened->playfile)), outputs, session)
+        .run();
+}
+
+/// False, after adding an error, if an option is not for a film.
+bool isForFilm(const PreviewOptions& options, ErrorLines& errors) {
+    const bool hasPixels = IsGifName(options.output.out);
+    if (!options.sheet && (options.scale == 0 || hasPixels))
+        return true;
+    errors.about(options.sheet ? "--sheet" : "--scale");
+    errors.add("is for pictures, and " + options.output.out +
+               (hasPixels ? " shows a film" : " is a page, which has a size of its own"));
+    return false;
 }
 
 /// False, after adding an error, if "--out" is not a pattern for what is to be drawn.
 bool isOutUsable(const PreviewOptions& options, ErrorLines& errors) {
     const std::string& out = options.output.out;
-    if (!out.empty() && !HasEnding(out, ".png", errors))
+    if (!out.empty() && !HasEnding(out, {".gif", ".html", ".png"}, errors))
+        return false;
+    if (!(IsFilmName(out) ? isForFilm(options, errors) : AreFilmOptionsUnused(options.film, errors)))
         return false;
     return HasKnownPlaceholders(out, options.sheet ? "a sheet" : "", errors) &&
            NamesEachFile(options.output, options.input.areSeveral(), errors);
@@ -236,12 +251,11 @@ bool isOutUsable(const PreviewOptions& options, ErrorLines& errors) {
 ExitCode preview(const PreviewOptions& options, Session& session) {
     if (!isOutUsable(options, session.errors))
         return ExitCode::wrongUsage;
-    SignLook sign;
+    std::optional<DisplayRecord> sign;
     if (!options.sign.empty()) {
-        const auto found = FindStoredSign(options.sign, session.errors);
-        if (!found)
+        sign = FindStoredSign(options.sign, session.errors);
+        if (!sign)
             return ExitCode::failed;
-        sign = SignLookOf(*found);
     }
     const std::vector<Input> inputs = FindInputs(options.input, InputKind::playfile, session.errors);
     const ScopedMoment moment(options.at);
@@ -258,7 +272,9 @@ void SetUpPreviewCommand(CLI::App& command, Session& session) {
     const auto options = std::make_shared<PreviewOptions>();
     SetAction(command, session, options, &preview);
     AddInputOptions(command, options->input, "FILES", "The playfiles")->required();
-    auto* frame = command.add_option("--frame", options->frame, "The frame to show, from 1; else the first")
+    auto* frame = command
+                      .add_option("--frame", options->frame,
+                                  "The frame to show, from 1; else the first, or in a film all")
                       ->check(CLI::Range(1, kMost16Bit));
     command.add_flag("--sheet", options->sheet, "Shows all frames, with their numbers and names")
         ->excludes(frame);
@@ -272,14 +288,18 @@ void SetUpPreviewCommand(CLI::App& command, Session& session) {
         ->type_name(kSignValue);
     auto* out = AddOutOption(
         command, options->output,
-        "PNG files to write the pictures to; without it, pictures go to the terminal, or in plain letters to "
-        "a file or pipe. With %n, the number of a frame, in the name each frame gets a file");
+        "Files to write: pictures ending in .png, or films of the playfile: pictures that move, ending in "
+        ".gif, or pages that play it, ending in .html; without it, pictures go to the terminal, or in plain "
+        "letters to a file or pipe. With %n, the "
+        "number of a frame, in the name each frame gets a file");
     AddOutputOptions(command, options->output, ExistingFiles::replaced);
     command
-        .add_option("--scale", options->scale,
-                    "Pixels from one dot to the next; else 6, in a sheet 3 or as many as it allows")
+        .add_option(
+            "--scale", options->scale,
+            "Pixels from one dot to the next; else 6, in a sheet 3 or as many as it allows, in a GIF 4")
         ->check(CLI::Range(1, kLargestPictureScale))
         ->needs(out);
+    AddFilmOptions(command, options->film, frame);
     AddMomentOption(command, options->at);
     AddAnswerOptions(command, options->answers);
 }

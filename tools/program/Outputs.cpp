@@ -148,11 +148,15 @@ void AboutOutput(ErrorLines& errors, const std::string& path) {
         errors.aboutFile(path);
 }
 
-bool HasEnding(const std::string& path, std::string_view ending, ErrorLines& errors) {
-    if (path == kStandardStream || EndingOf(path) == ending)
+bool HasEnding(const std::string& path, std::initializer_list<std::string_view> endings, ErrorLines& errors) {
+    if (path == kStandardStream || std::ranges::find(endings, EndingOf(path)) != endings.end())
         return true;
+    std::string known;
+    for (const std::string_view& ending : endings)
+        known.append(known.empty() ? "" : &ending == endings.end() - 1 ? " and " : ", ").append(ending);
     errors.about(path);
-    errors.add("the ending says what is written, and only " + std::string(ending) + " is known here");
+    errors.add("the ending says what is written, and only " + known + (endings.size() > 1 ? " are" : " is") +
+               " known here");
     return false;
 }
 

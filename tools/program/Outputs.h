@@ -5,6 +5,7 @@
 #include "tools/program/Commands.h"
 
 #include <cstdint>
+#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
@@ -52,8 +53,8 @@ void AboutOutput(ErrorLines& errors, const std::string& path);
 /// `withoutFrame` is not empty, it is what the pattern names, such as "a sheet", and "%n" is an error, too.
 bool HasKnownPlaceholders(std::string_view pattern, const std::string& withoutFrame, ErrorLines& errors);
 
-/// False, after adding an error, if `path` is not standard output and ends in something else than `ending`.
-bool HasEnding(const std::string& path, std::string_view ending, ErrorLines& errors);
+/// False, after adding an error, if `path` is not standard output and has none of the endings.
+bool HasEnding(const std::string& path, std::initializer_list<std::string_view> endings, ErrorLines& errors);
 /// False, after adding an error, if `path` has an ending of files that are no playfiles, such as pictures and
 /// documents. Playfiles may have any other ending, or none.
 bool MayNamePlayfile(const std::string& path, ErrorLines& errors);
@@ -95,6 +96,8 @@ public:
     /// that write all of their files or none.
     void lookAhead() { looksAhead_ = true; }
 
+    /// Whether only errors are to be printed.
+    bool isQuiet() const { return options_.quiet; }
     /// Prints a line, unless the command is quiet or has written nothing in a dry run. It goes to standard
     /// error if a file goes to standard output.
     void remark(const std::string& line) const;

@@ -128,7 +128,7 @@ const LARGEST_LED = 24;
 const SMALLEST_LED = 3; // smaller ones have no gaps between them
 const DARK_LED = 'rgb(40 39 38)';
 const GAP = 'rgb(14 14 16 / 0.86)'; // what shines through is the light of the LED on the board
-const GLOW = 0.22;
+const GLOW = 0.3;
 
 class Sign {
     constructor(pictures) {
@@ -158,7 +158,7 @@ class Sign {
         this.fit();
     }
 
-    /** Makes the dots as large as the page has room for: whole pixels of the screen, unless there are too few. */
+    /** Makes the dots as large as the page has room for: whole pixels of the screen, unless these are too few. */
     fit() {
         const room = element('sign').clientWidth, most = innerHeight * 0.6;
         const pixel = 1 / devicePixelRatio; // in the units of the page
@@ -169,7 +169,8 @@ class Sign {
         const showsLeds = !this.isPlain && scale >= SMALLEST_LED;
         this.leds.hidden = !showsLeds;
         this.dots.hidden = showsLeds;
-        const width = scale > 0 ? this.columns * scale * pixel : Math.min(room, most * this.columns / this.rows);
+        const widest = Math.min(room, most * this.columns / this.rows);
+        const width = scale >= SMALLEST_LED ? this.columns * scale * pixel : widest;
         for (const canvas of [this.dots, this.leds]) {
             canvas.style.width = `${width}px`;
             canvas.style.height = `${width * this.rows / this.columns}px`;
@@ -211,7 +212,7 @@ class Sign {
         context.globalCompositeOperation = 'source-over';
         context.fillStyle = this.gaps;
         context.fillRect(0, 0, width, height);
-        context.globalCompositeOperation = 'lighter';
+        context.globalCompositeOperation = 'lighten'; // which leaves lit LEDs as they are
         context.globalAlpha = GLOW;
         context.imageSmoothingEnabled = true;
         context.drawImage(this.dots, 0, 0, width, height);
