@@ -56,13 +56,15 @@ std::pair<const TimedPicture*, StillTime> pictureAt(const std::vector<TimedPictu
                                                     Micros moment) {
     if (pictures.size() == 1)
         return {&pictures.front(), {}};
+    static constexpr Micros shortest = 1;
     const auto timeOf = [](const TimedPicture& picture) {
-        return std::max<Micros>(std::chrono::microseconds(picture.time).count(), 1);
+        return std::max(Micros{std::chrono::microseconds(picture.time).count()}, shortest);
     };
     Micros round = 0;
     for (const TimedPicture& picture : pictures)
         round += timeOf(picture);
-    StillTime time{moment - moment % round, moment - moment % round};
+    const Micros start = moment - moment % std::max(round, shortest);
+    StillTime time{start, start};
     auto picture = pictures.begin();
     while ((time.end += timeOf(*picture)) <= moment) {
         time.start = time.end;

@@ -14,8 +14,8 @@
 namespace qrtVistrelClasses4 {
 namespace {
 
-/// More than the largest PNG that may be read takes: its compressed data, and the same uncompressed.
-constexpr std::size_t kMostMemory = std::size_t{96} << 20;
+/// More than the largest PNG that may be read takes, interlaced and with 16 bits for each part of a colour.
+constexpr std::size_t kMostMemory = std::size_t{128} << 20;
 
 /// Of the thread that reads a picture.
 thread_local std::size_t usedMemory = 0;
@@ -23,14 +23,24 @@ thread_local std::size_t usedMemory = 0;
 /// Before each block is its size.
 constexpr std::size_t kBeforeBlock = alignof(std::max_align_t);
 
-void* takeMemory(std::size_t size) {
-    if (size > kMostMemory - std::min(usedMemory, kMostMemory))
+std::size_t sizeOfBlock(const char* block) {
+    std::size_t size = 0;
+    if (block)
+        std::memcpy(&size, block, sizeof size);
+    return size;
+}
+
+/// The memory grows if there is some already.
+void* takeMemory(std::size_t size, void* memory = nullptr) {
+    char* const old = memory ? static_cast<char*>(memory) - kBeforeBlock : nullptr;
+    const std::size_t others = usedMemory - sizeOfBlock(old);
+    if (size > kMostMemory - others)
         return nullptr;
-    auto* const block = static_cast<char*>(std::malloc(kBeforeBlock + size));
+    auto* const block = static_cast<char*>(std::realloc(old, kBeforeBlock + size));
     if (!block)
         return nullptr;
     std::memcpy(block, &size, sizeof size);
-    usedMemory += size;
+    usedMemory = others + size;
     return block + kBeforeBlock;
 }
 
@@ -38,26 +48,15 @@ void giveMemoryBack(void* memory) {
     if (!memory)
         return;
     char* const block = static_cast<char*>(memory) - kBeforeBlock;
-    std::size_t size = 0;
-    std::memcpy(&size, block, sizeof size);
-    usedMemory -= size;
+    usedMemory -= sizeOfBlock(block);
     std::free(block);
-}
-
-void* takeMoreMemory(void* memory, std::size_t oldSize, std::size_t size) {
-    void* const more = takeMemory(size);
-    if (more && memory) {
-        std::memcpy(more, memory, std::min(oldSize, size));
-        giveMemoryBack(memory);
-    }
-    return more;
 }
 
 } // namespace
 } // namespace qrtVistrelClasses4
 
 #define STBI_MALLOC(size) qrtVistrelClasses4::takeMemory(size)
-#define STBI_REALLOC_SIZED(memory, oldSize, size) qrtVistrelClasses4::takeMoreMemory(memory, oldSize, size)
+#define STBI_REALLOC(memory, size) qrtVistrelClasses4::takeMemory(size, memory)
 #define STBI_FREE(memory) qrtVistrelClasses4::giveMemoryBack(memory)
 #define STBI_MAX_DIMENSIONS 2048
 #define STBI_ONLY_JPEG
@@ -78,8 +77,11 @@ struct FreedPixels {
 
 /// Each scan of a JPEG costs time for the whole picture, however few bytes it has.
 bool hasTooManyScans(std::string_view bytes) {
+    constexpr std::string_view startOfJpeg = "\xff\xd8";
     constexpr std::string_view startOfScan = "\xff\xda";
     constexpr int most = 100;
+    if (!bytes.starts_with(startOfJpeg))
+        return false;
     int scans = 0;
     for (std::size_t at = bytes.find(startOfScan); at != bytes.npos && scans <= most;
          at = bytes.find(startOfScan, at + startOfScan.size()))

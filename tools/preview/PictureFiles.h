@@ -5,7 +5,7 @@
 
 namespace qrtVistrelClasses4 {
 
-/// Takes at most 96 MB of memory besides the file and the picture, whatever a file says.
+/// Takes at most 128 MB of memory besides the file and the picture, whatever a file says.
 class PictureFiles final : public PictureReader {
 public:
     bool readsFiles(std::string_view name) override;
