@@ -1,8 +1,15 @@
-// vistrel effects: the effect codes, and which of them lists offer.
+// vistrel effects: the effect codes, which of them lists offer, and what they look like.
+#include "frame/SystemErrors.h"
+#include "platform/Path.h"
 #include "playfile/Effects.h"
+#include "tools/effects/EffectStrips.h"
+#include "tools/preview/PngFile.h"
 #include "tools/program/Commands.h"
+#include "tools/program/Encoding.h"
 #include "tools/program/JsonText.h"
+#include "tools/program/Outputs.h"
 #include "tools/program/Table.h"
+#include "tools/program/ValueKinds.h"
 #include <qrtVistrelClasses4/FrameInfoClass.h>
 #include <qrtVistrelClasses4/ListControl.h>
 
@@ -116,9 +123,50 @@ void printTable(std::ostream& out, const std::vector<Effect>& effects) {
     out << table;
 }
 
-ExitCode showEffects(const bool& json, Session& session) {
+struct EffectsOptions {
+    bool json = false;
+    std::string strips; ///< A folder; empty if no strips are wanted.
+    OutputOptions output;
+};
+
+/// Writes the strips of some effects, and adds to their number.
+ExitCode writeStrips(const std::vector<NamedTransition>& effects, bool appear, const std::string& folder,
+                     Outputs& outputs, Session& session, std::size_t& written) {
+    ExitCode result = ExitCode::done;
+    for (const NamedTransition& effect : effects) {
+        const std::string path =
+            JoinPath(folder, (appear ? "appear-" : "disappear-") + std::to_string(effect.code) + ".png");
+        if (const auto code = outputs.codeInsteadOf(path)) {
+            result = *code == ExitCode::done ? result : *code;
+            continue;
+        }
+        AboutOutput(session.errors, path);
+        OutputTarget file(path, session.out);
+        Check(file.error());
+        WritePng(EffectStrip(effect.transition, appear), file);
+        Check(file.commit());
+        ++written;
+    }
+    return result;
+}
+
+ExitCode drawEffects(const EffectsOptions& options, Session& session) {
+    Outputs outputs(options.output, ExistingFiles::replaced, session);
+    outputs.makeFolders();
+    std::size_t written = 0;
+    const ExitCode appear =
+        writeStrips(AppearingTransitions(), true, options.strips, outputs, session, written);
+    const ExitCode disappear =
+        writeStrips(DisappearingTransitions(), false, options.strips, outputs, session, written);
+    outputs.remark(Visible(options.strips) + ": " + Counted(written, "picture"));
+    return appear == ExitCode::done ? disappear : appear;
+}
+
+ExitCode showEffects(const EffectsOptions& options, Session& session) {
+    if (!options.strips.empty())
+        return drawEffects(options, session);
     const std::vector<Effect> effects = allEffects();
-    if (json) {
+    if (options.json) {
         auto array = nlohmann::ordered_json::array();
         for (const Effect& effect : effects)
             array.push_back(jsonOf(effect));
@@ -132,9 +180,15 @@ ExitCode showEffects(const bool& json, Session& session) {
 } // namespace
 
 void SetUpEffectsCommand(CLI::App& command, Session& session) {
-    const auto json = std::make_shared<bool>(false);
-    SetAction(command, session, json, &showEffects);
-    command.add_flag("--json", *json, "Prints an array of effects");
+    const auto options = std::make_shared<EffectsOptions>();
+    SetAction(command, session, options, &showEffects);
+    auto* json = command.add_flag("--json", options->json, "Prints an array of effects");
+    command
+        .add_option("--strips", options->strips,
+                    "Writes PNG files into a folder: the stages of each effect on a small sign")
+        ->type_name(kFolderValue)
+        ->excludes(json);
+    AddOutputOptions(command, options->output, ExistingFiles::replaced);
 }
 
 } // namespace qrtVistrelClasses4

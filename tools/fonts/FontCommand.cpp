@@ -230,16 +230,10 @@ ExitCode exportFont(const FontOptions& options, Session& session) {
         return *code;
     AboutOutput(session.errors, path);
     OutputTarget file(path, session.out);
-    if (isPicture) {
-        const PixelBuffer sheet = FontSheet(pictures);
-        Palette palette;
-        palette.add(sheet);
-        PngWriter png(sheet.size(), palette, file);
-        png.write(sheet);
-        png.finish();
-    } else {
+    if (isPicture)
+        WritePng(FontSheet(pictures), file);
+    else
         Check(file.write(BdfText(pictures, StemOf(options.file))));
-    }
     Check(file.commit());
     outputs.remark(Visible(OutputName(path)) + ": " + std::to_string(pictures.letters.size()) +
                    " letters of " + SizeText(pictures.cell) + " dots");

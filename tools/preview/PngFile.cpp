@@ -141,4 +141,12 @@ void PngWriter::write(const Raster& rows) {
 
 void PngWriter::finish() { encoder_->finish(); }
 
+void WritePng(const Raster& picture, ByteSink& file) {
+    Palette palette;
+    palette.add(picture);
+    PngWriter png(picture.size(), palette, file);
+    png.write(picture);
+    png.finish();
+}
+
 } // namespace qrtVistrelClasses4

@@ -31,4 +31,7 @@ private:
     std::unique_ptr<Encoder> encoder_;
 };
 
+/// Writes a whole picture.
+void WritePng(const Raster& picture, ByteSink& file);
+
 } // namespace qrtVistrelClasses4
