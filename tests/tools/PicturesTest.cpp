@@ -26,7 +26,8 @@ std::string lettersOf(const TimedPicture& picture, std::int32_t step) {
     const std::int32_t width = picture.pixels.width();
     for (std::int32_t y = 0; y < picture.pixels.height(); y += step)
         for (std::int32_t x = 0; x < width; x += step) {
-            const auto place = static_cast<std::size_t>(y * width + x);
+            const auto place =
+                static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x);
             const Color pixel = picture.pixels.row(y)[static_cast<std::size_t>(x)];
             const bool isRed = RedOf(pixel) > 200, isGreen = GreenOf(pixel) > 200,
                        isBlue = BlueOf(pixel) > 200;
@@ -106,6 +107,10 @@ TEST(PictureFiles, CostNoMoreThanTheirBounds) {
     for (int scan = 0; scan < 200; ++scan)
         scans += jpeg.substr(last, jpeg.size() - last - 2);
     EXPECT_TRUE(reader.read(scans + "\xff\xd9").empty()) << "scans that each take time";
+    const std::string codes =
+        "\xff\xc4\2\x11" + std::string(1 + 14, '\0') + std::string(2, '\xff') + std::string(510, '\1');
+    EXPECT_TRUE(reader.read(jpeg.substr(0, 2) + codes + jpeg.substr(2)).empty())
+        << "more codes than there are";
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "platform/FileNames.h"
 #include "tools/preview/GifPictures.h"
+#include "tools/preview/JpegSegments.h"
 
 #include <algorithm>
 #include <array>
@@ -10,6 +11,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <string>
 
 namespace qrtVistrelClasses4 {
 namespace {
@@ -30,16 +32,20 @@ std::size_t sizeOfBlock(const char* block) {
     return size;
 }
 
-/// The memory grows if there is some already.
+/// Memory of zeros, so that whatever the library reads of a picture that its file does not have is always the
+/// same. The memory grows if there is some already.
 void* takeMemory(std::size_t size, void* memory = nullptr) {
     char* const old = memory ? static_cast<char*>(memory) - kBeforeBlock : nullptr;
-    const std::size_t others = usedMemory - sizeOfBlock(old);
+    const std::size_t oldSize = sizeOfBlock(old);
+    const std::size_t others = usedMemory - oldSize;
     if (size > kMostMemory - others)
         return nullptr;
     auto* const block = static_cast<char*>(std::realloc(old, kBeforeBlock + size));
     if (!block)
         return nullptr;
     std::memcpy(block, &size, sizeof size);
+    if (size > oldSize)
+        std::memset(block + kBeforeBlock + oldSize, 0, size - oldSize);
     usedMemory = others + size;
     return block + kBeforeBlock;
 }
@@ -71,23 +77,11 @@ namespace {
 
 static_assert(STBI_MAX_DIMENSIONS == kLargestPictureSide);
 
+constexpr std::string_view kStartOfPng = "\x89PNG";
+
 struct FreedPixels {
     void operator()(stbi_uc* pixels) const { stbi_image_free(pixels); }
 };
-
-/// Each scan of a JPEG costs time for the whole picture, however few bytes it has.
-bool hasTooManyScans(std::string_view bytes) {
-    constexpr std::string_view startOfJpeg = "\xff\xd8";
-    constexpr std::string_view startOfScan = "\xff\xda";
-    constexpr int most = 100;
-    if (!bytes.starts_with(startOfJpeg))
-        return false;
-    int scans = 0;
-    for (std::size_t at = bytes.find(startOfScan); at != bytes.npos && scans <= most;
-         at = bytes.find(startOfScan, at + startOfScan.size()))
-        ++scans;
-    return scans > most;
-}
 
 /// The pixels have four bytes: red, green, blue and how much they cover.
 TimedPicture pictureOf(const stbi_uc* bytes, DotSize size) {
@@ -118,13 +112,15 @@ bool PictureFiles::readsFiles(std::string_view name) {
 
 std::vector<TimedPicture> PictureFiles::read(std::string_view bytes) {
     std::vector<TimedPicture> pictures = ReadGif(bytes);
-    if (!pictures.empty() || hasTooManyScans(bytes))
+    if (!pictures.empty())
         return pictures;
+    const std::string jpeg = CheckedJpeg(bytes);
+    const std::string_view checked = bytes.starts_with(kStartOfPng) ? bytes : std::string_view(jpeg);
     constexpr int bytesOfPixel = 4;
     DotSize size;
-    const std::unique_ptr<stbi_uc, FreedPixels> pixels(
-        stbi_load_from_memory(reinterpret_cast<const stbi_uc*>(bytes.data()), static_cast<int>(bytes.size()),
-                              &size.width, &size.height, nullptr, bytesOfPixel));
+    const std::unique_ptr<stbi_uc, FreedPixels> pixels(stbi_load_from_memory(
+        reinterpret_cast<const stbi_uc*>(checked.data()), static_cast<int>(checked.size()), &size.width,
+        &size.height, nullptr, bytesOfPixel));
     if (pixels)
         pictures.push_back(pictureOf(pixels.get(), size));
     return pictures;
