@@ -285,6 +285,38 @@ ExitCode check(const FontOptions& options, Session& session) {
     });
 }
 
+void addMakeCommand(CLI::App& font, Session& session, const std::shared_ptr<FontOptions>& options) {
+    CLI::App& command =
+        AddCommand(font, "make", "Makes a font from pictures of its letters, or from a BDF font",
+                   "vistrel font make fonts/6x8.txt bin/16x16.cmd --size 16x16", session, options, &make);
+    command
+        .add_option("SOURCE", options->source,
+                    R"(The pictures, "#" and "." under the code of each letter; or a BDF font)")
+        ->type_name(kFileValue)
+        ->required();
+    command.add_option("FILE", options->file, R"(The font to write; "-" for standard output)")
+        ->type_name(kFontValue)
+        ->required();
+    AddSizeOption(command, options->size, kLargestCellSide,
+                  "Size to enlarge the letters to; its height must be a multiple of theirs");
+    CLI::Option* header =
+        command.add_flag("--header", options->header,
+                         "Writes size and characters, too. This is the default, except for fonts with "
+                         "the name of a numbered one, which cannot have them");
+    command
+        .add_flag("--no-header", options->noHeader,
+                  "Writes only the letters 32 to 127. Who reads the font must know its size")
+        ->excludes(header);
+    command
+        .add_flag(
+            "--extended", options->extended,
+            "Writes an extended font: the letters beyond 127, for fonts that lack them. FILE ends in .CFF; "
+            "its index is written beside it")
+        ->excludes(header)
+        ->excludes("--no-header");
+    AddOutputOptions(command, options->output, ExistingFiles::replacedIfAlike);
+}
+
 } // namespace
 
 void SetUpFontCommand(CLI::App& font, Session& session) {
@@ -307,34 +339,7 @@ void SetUpFontCommand(CLI::App& font, Session& session) {
     showCommand->add_flag("--source", options->asSource, R"(Prints pictures that "make" takes)")
         ->excludes(json);
 
-    CLI::App* makeCommand =
-        add("make", &make, "Makes a font from pictures of its letters, or from a BDF font",
-            "vistrel font make fonts/6x8.txt bin/16x16.cmd --size 16x16");
-    makeCommand
-        ->add_option("SOURCE", options->source,
-                     R"(The pictures, "#" and "." under the code of each letter; or a BDF font)")
-        ->type_name(kFileValue)
-        ->required();
-    makeCommand->add_option("FILE", options->file, R"(The font to write; "-" for standard output)")
-        ->type_name(kFontValue)
-        ->required();
-    addSize(*makeCommand, "Size to enlarge the letters to; its height must be a multiple of theirs");
-    CLI::Option* header =
-        makeCommand->add_flag("--header", options->header,
-                              "Writes size and characters, too. This is the default, except for fonts with "
-                              "the name of a numbered one, which cannot have them");
-    makeCommand
-        ->add_flag("--no-header", options->noHeader,
-                   "Writes only the letters 32 to 127. Who reads the font must know its size")
-        ->excludes(header);
-    makeCommand
-        ->add_flag(
-            "--extended", options->extended,
-            "Writes an extended font: the letters beyond 127, for fonts that lack them. FILE ends in .CFF; "
-            "its index is written beside it")
-        ->excludes(header)
-        ->excludes("--no-header");
-    AddOutputOptions(*makeCommand, options->output, ExistingFiles::replacedIfAlike);
+    addMakeCommand(font, session, options);
 
     CLI::App* exportCommand =
         add("export", &exportFont, "Writes a font for other programs (BDF), or a picture of all its letters",
