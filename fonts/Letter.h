@@ -36,7 +36,8 @@ public:
     int groups() const;
     /// The dots of a group in a row, the leftmost in the highest bit. Nothing beyond the end of the store.
     std::optional<std::uint8_t> dots(int group, int row) const {
-        const auto index = static_cast<std::size_t>(group * font_->height + row);
+        const auto index = static_cast<std::size_t>(group) * static_cast<std::size_t>(font_->height) +
+                           static_cast<std::size_t>(row);
         return index < dots_.size() ? std::optional(dots_[index]) : std::nullopt;
     }
 

@@ -208,7 +208,8 @@ private:
         const Box& box = *letter_->box;
         if (letter_->rows.size() == static_cast<std::size_t>(box.height))
             return fail("the letter has more rows than the " + std::to_string(box.height) + " of its BBX");
-        const auto digits = static_cast<std::size_t>((box.width + kDotsInByte - 1) / kDotsInByte * 2);
+        const std::size_t bytes = (static_cast<std::size_t>(box.width) + kDotsInByte - 1) / kDotsInByte;
+        const std::size_t digits = 2 * bytes;
         if (line.size() < digits || line.find_first_not_of("0123456789abcdefABCDEF") != line.npos)
             return fail("a row of this letter has " + std::to_string(digits) + " hexadecimal digits");
         letter_->rows.emplace_back(line);
@@ -262,8 +263,8 @@ private:
         for (std::size_t row = 0; row < letter.rows.size(); ++row)
             for (int column = 0; column < box.width && left + column < width; ++column)
                 if (isLitIn(letter.rows[row], static_cast<std::size_t>(column)))
-                    rows[static_cast<std::size_t>(top) + row][static_cast<std::size_t>(left + column)] =
-                        kLitDot;
+                    rows[static_cast<std::size_t>(top) + row]
+                        [static_cast<std::size_t>(left) + static_cast<std::size_t>(column)] = kLitDot;
         letters_.push_back({*code, letter.line, std::move(rows)});
         return true;
     }

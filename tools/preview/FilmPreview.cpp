@@ -11,7 +11,7 @@
 #include "tools/program/Duration.h"
 #include "tools/program/Encoding.h"
 #include "tools/program/Inputs.h"
-#include "tools/program/Progress.h"
+#include "tools/program/ProgressBar.h"
 #include "tools/validation/Circumstances.h"
 #include <qrtVistrelClasses4/Film.h>
 #include <qrtVistrelClasses4/SignLook.h>
@@ -211,7 +211,7 @@ private:
         Check(file.error());
         std::size_t pictures = 0;
         {
-            Progress progress(OutputName(out), outputs_.isQuiet());
+            ProgressBar progress(OutputName(out), outputs_.isQuiet());
             if (!drawFilm(file, [&](double until) {
                     ++pictures;
                     progress.set(until / cut.seconds());

@@ -113,7 +113,7 @@ public:
     }
 
     void finish() {
-        file_.append("\x3b");
+        file_.append(";");
         file_.finish();
     }
 

@@ -12,13 +12,13 @@ constexpr std::string_view kStartOfJpeg = "\xff\xd8";
 constexpr int kMostScans = 100;
 
 constexpr std::uint8_t kMarkerStart = 0xff;
-constexpr std::uint8_t kCodes = 0xc4, kFirstRestart = 0xd0, kLastRestart = 0xd7, kEnd = 0xd9, kScan = 0xda,
-                       kRows = 0xdc, kApplications = 0xe0, kColors = 0xee, kLastApplication = 0xef,
-                       kComment = 0xfe;
+constexpr std::uint8_t kCodeTables = 0xc4, kFirstRestart = 0xd0, kLastRestart = 0xd7, kEnd = 0xd9,
+                       kScan = 0xda, kRows = 0xdc, kApplications = 0xe0, kColors = 0xee,
+                       kLastApplication = 0xef, kCommentMarker = 0xfe;
 
 /// Notes of cameras and editors, which may be any bytes. Two kinds say how colours are stored.
 bool isNote(std::uint8_t marker) {
-    return marker == kComment || marker == kRows ||
+    return marker == kCommentMarker || marker == kRows ||
            (marker > kApplications && marker <= kLastApplication && marker != kColors);
 }
 
@@ -70,7 +70,7 @@ std::string CheckedJpeg(std::string_view bytes) {
         const std::size_t size = std::size_t{ByteAt(bytes, at + 2)} << 8 | ByteAt(bytes, at + 3);
         std::size_t end = at + 2 + size;
         if (size < 2 || end > bytes.size() ||
-            (marker == kCodes && !areCodesCounted(bytes.substr(at + startSize, size - 2))) ||
+            (marker == kCodeTables && !areCodesCounted(bytes.substr(at + startSize, size - 2))) ||
             (marker == kScan && ++scans > kMostScans))
             break;
         if (marker == kScan)

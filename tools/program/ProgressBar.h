@@ -8,13 +8,13 @@ namespace qrtVistrelClasses4 {
 
 /// A bar in the last line of the terminal that standard error goes to. If it goes elsewhere, nothing is
 /// shown, nor is it in the first moments, in which most is done. The destructor removes the bar.
-class Progress {
+class ProgressBar {
 public:
     /// `what` is done, such as the name of the file that is written. A quiet one shows nothing.
-    Progress(std::string what, bool isQuiet);
-    ~Progress();
-    Progress(const Progress&) = delete;
-    Progress& operator=(const Progress&) = delete;
+    ProgressBar(std::string what, bool isQuiet);
+    ~ProgressBar();
+    ProgressBar(const ProgressBar&) = delete;
+    ProgressBar& operator=(const ProgressBar&) = delete;
 
     /// `part` of the whole has been done, from 0 to 1.
     void set(double part);

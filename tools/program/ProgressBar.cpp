@@ -1,4 +1,4 @@
-#include "tools/program/Progress.h"
+#include "tools/program/ProgressBar.h"
 
 #include "platform/Platform.h"
 #include "tools/program/Encoding.h"
@@ -19,16 +19,16 @@ void show(const std::string& line) {
 
 } // namespace
 
-Progress::Progress(std::string what, bool isQuiet)
+ProgressBar::ProgressBar(std::string what, bool isQuiet)
     : what_(std::move(what)),
       isPossible_(!isQuiet && platform().console().isTerminal(StandardStream::error)) {}
 
-Progress::~Progress() {
+ProgressBar::~ProgressBar() {
     if (percent_ >= 0)
         show("");
 }
 
-void Progress::set(double part) {
+void ProgressBar::set(double part) {
     const int percent = static_cast<int>(std::clamp(part, 0.0, 1.0) * kWhole);
     if (!isPossible_ || percent == percent_ || std::chrono::steady_clock::now() - start_ < kUnseen)
         return;
