@@ -87,7 +87,7 @@ void read(CellSize size, FontOutcome& outcome) {
         outcome.messages.push_back("Error Loading Font. Cut short: " + *outcome.path);
     if (outcome.font)
         for (const std::string& name : AddExtendedLetters(*outcome.font, *outcome.path))
-            outcome.messages.push_back("Error Loading Extended Font [" + name + "]");
+            outcome.messages.push_back("Error Loading Extended Font [" + name); // hosts know it without "]"
 }
 
 /// Adds what came of loading font 0 to the messages about the font that it replaces.

