@@ -287,9 +287,10 @@ private:
     }
 
     FontPictures finished() {
-        FontPictures font{{static_cast<std::int16_t>(bounds_ ? bounds_->width : 0),
-                           static_cast<std::int16_t>(bounds_ ? bounds_->height : 0)},
-                          std::move(letters_)};
+        const int width = std::min(bounds_ ? bounds_->width : 0, kWidestDrawnCell); // letters may be narrower
+        FontPictures font{
+            {static_cast<std::int16_t>(width), static_cast<std::int16_t>(bounds_ ? bounds_->height : 0)},
+            std::move(letters_)};
         // A broken bar is always drawn with the glyph of 127.
         if (const auto bar = std::ranges::find(font.letters, kBrokenBar, &LetterPicture::code);
             bar != font.letters.end()) {
